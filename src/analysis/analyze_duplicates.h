@@ -1,0 +1,42 @@
+#pragma once
+
+#include "analysis/pauses.h"
+#include "model/color.h"
+#include "model/duplicate_group.h"
+#include "model/song.h"
+
+#include <QCoroTask>
+#include <QList>
+#include <QString>
+
+#include <functional>
+#include <memory>
+#include <optional>
+
+namespace sonavo {
+
+/// How far an analysis has come.
+struct AnalysisProgress
+{
+    /// Between 0.0 and 1.0; never goes back within a run.
+    double fraction = 0.0;
+    /// The step that begins now; absent when the message of the step before still holds.
+    std::optional<QString> message;
+};
+
+using AnalysisProgressSink = std::function<void(const AnalysisProgress &)>;
+
+/// Groups songs that are the same recording, in four steps of increasing cost: by title, by file name, by
+/// artist and title, and by whole seconds of playing time.
+///
+/// The run works in the caller's thread and gives it back only at its pauses; it cannot be cancelled. The
+/// same songs in the same order always give the same groups.
+/// @param songs distinct ids, finite durations; several songs may have the same path
+/// @param colors at least one; handed out to the groups in turn
+/// @param reportProgress called in the caller's thread before each step and at the end
+/// @return the groups in the order in which they were made; a song is in at most one of them
+[[nodiscard]] QCoro::Task<QList<DuplicateGroup>> analyzeDuplicates(QList<Song> songs, QList<Color> colors,
+                                                                   std::shared_ptr<Pauses> pauses,
+                                                                   AnalysisProgressSink reportProgress);
+
+} // namespace sonavo

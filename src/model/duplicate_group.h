@@ -1,0 +1,33 @@
+#pragma once
+
+#include "model/color.h"
+#include "model/song.h"
+
+#include <QList>
+#include <QMetaType>
+#include <QUuid>
+
+namespace sonavo {
+
+/// Songs that are the same recording: one that is kept and its copies. A plain value.
+struct DuplicateGroup
+{
+    Q_GADGET
+    Q_PROPERTY(QUuid id MEMBER id CONSTANT)
+    Q_PROPERTY(sonavo::Song original MEMBER original CONSTANT)
+    Q_PROPERTY(QList<sonavo::Song> duplicates MEMBER duplicates CONSTANT)
+
+public:
+    /// Identity of the group, fresh for each group that an analysis makes.
+    QUuid id;
+    /// The song that is kept; never among the duplicates.
+    Song original;
+    /// The other songs, in the order in which they joined.
+    QList<Song> duplicates;
+    /// Background tint of the group on screen.
+    Color color;
+};
+
+} // namespace sonavo
+
+Q_DECLARE_METATYPE(sonavo::DuplicateGroup)
