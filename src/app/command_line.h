@@ -1,0 +1,50 @@
+#pragma once
+
+#include <QList>
+#include <QString>
+#include <QStringList>
+#include <QUrl>
+
+#include <span>
+#include <variant>
+
+namespace sonavo {
+
+/// Print the duplicates among these files and folders.
+struct ReportRequest
+{
+    enum class Format
+    {
+        Text,
+        Json
+    };
+
+    /// File URLs with absolute paths.
+    QList<QUrl> items;
+    Format format = Format::Text;
+};
+
+/// Print a text for the person and end the program.
+struct HelpRequest
+{
+    QString text;
+};
+
+/// The arguments make no sense; the text says why.
+struct UnusableArguments
+{
+    QString text;
+};
+
+struct CommandLine
+{
+    std::variant<ReportRequest, HelpRequest, UnusableArguments> request;
+    /// What was passed over, in words for the person.
+    QStringList warnings;
+};
+
+/// Reads the arguments of the program. Looks at the disk to see which paths exist.
+/// @param arguments as main() gets them, the program's name first
+[[nodiscard]] CommandLine parseCommandLine(std::span<char *const> arguments);
+
+} // namespace sonavo

@@ -1,0 +1,64 @@
+#include "app/command_line.h"
+#include "app/report_command.h"
+
+#include <QCoreApplication>
+
+#include <clocale>
+#include <cstdio>
+#include <cstring>
+#include <langinfo.h>
+
+namespace {
+
+/// Names of files are UTF-8 whatever the person's locale says; Qt would complain about another encoding.
+void useUtf8Locale()
+{
+    std::setlocale(LC_ALL, "");
+    if (std::strcmp(::nl_langinfo(CODESET), "UTF-8") != 0) {
+        qputenv("LC_ALL", "C.UTF-8");
+        std::setlocale(LC_ALL, "C.UTF-8");
+    }
+}
+
+template <typename... Handlers>
+struct Overloaded : Handlers...
+{
+    using Handlers::operator()...;
+};
+template <typename... Handlers>
+Overloaded(Handlers...) -> Overloaded<Handlers...>;
+
+void print(std::FILE *stream, const QString &text)
+{
+    std::fputs(text.toUtf8().constData(), stream);
+}
+
+} // namespace
+
+int main(int argc, char *argv[])
+{
+    using namespace sonavo;
+
+    useUtf8Locale();
+    const QCoreApplication application(argc, argv);
+    QCoreApplication::setApplicationName(QStringLiteral("sonavo"));
+    QCoreApplication::setOrganizationName(QStringLiteral("sonavo"));
+
+    const CommandLine commandLine = parseCommandLine({argv, static_cast<std::size_t>(argc)});
+    for (const QString &warning : commandLine.warnings)
+        print(stderr, QStringLiteral("sonavo: %1\n").arg(warning));
+    const ExitStatus status = std::visit(
+        Overloaded{
+            [](const ReportRequest &request) { return runReport(request); },
+            [](const HelpRequest &request) {
+                print(stdout, request.text);
+                return ExitStatus::Success;
+            },
+            [](const UnusableArguments &arguments) {
+                print(stderr, QStringLiteral("sonavo: %1\nTry 'sonavo --help'.\n").arg(arguments.text));
+                return ExitStatus::UnusableArguments;
+            },
+        },
+        commandLine.request);
+    return static_cast<int>(status);
+}

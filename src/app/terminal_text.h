@@ -1,0 +1,17 @@
+#pragma once
+
+#include <QString>
+
+namespace sonavo {
+
+/// A text that is safe to print on a terminal: control characters, line separators and the characters that
+/// change the direction of writing are shown as escapes such as "\n" or "\x1b".
+[[nodiscard]] QString escapedForTerminal(const QString &text);
+
+/// Columns that a text takes on a terminal.
+[[nodiscard]] qsizetype terminalWidth(const QString &text);
+
+/// The text with blanks behind it up to a number of columns.
+[[nodiscard]] QString paddedToWidth(const QString &text, qsizetype columns);
+
+} // namespace sonavo

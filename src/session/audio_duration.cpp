@@ -1,0 +1,334 @@
+#include "session/audio_duration.h"
+
+#include "session/audio_formats.h"
+
+#include <QFile>
+
+#include <fcntl.h>
+#include <sys/stat.h>
+#include <unistd.h>
+
+extern "C" {
+#include <libavformat/avformat.h>
+#include <libavutil/dict.h>
+#include <libavutil/log.h>
+#include <libavutil/mem.h>
+}
+
+#include <algorithm>
+#include <array>
+#include <cerrno>
+#include <cmath>
+#include <cstring>
+#include <memory>
+#include <span>
+#include <vector>
+
+namespace sonavo {
+namespace {
+
+constexpr int BUFFER_SIZE = 32 * 1024;
+/// Bytes of content, tags aside, by which a file is recognised: some 35 MPEG frames of the largest size.
+constexpr std::size_t PROBE_SIZE = 64 * 1024;
+/// The library's probes give 1 for a name or a single frame that looks right, as random bytes can.
+constexpr int LEAST_PROBE_SCORE = 2;
+
+/// The demuxers of the five formats: the only ones that are ever used.
+class Demuxers
+{
+public:
+    static const Demuxers &instance()
+    {
+        static const Demuxers demuxers;
+        return demuxers;
+    }
+
+    const AVInputFormat *of(AudioFormat format) const { return m_formats[static_cast<std::size_t>(format)]; }
+
+    bool contains(const AVInputFormat *format) const
+    {
+        return format && std::find(m_formats.begin(), m_formats.end(), format) != m_formats.end();
+    }
+
+private:
+    Demuxers() { av_log_set_level(AV_LOG_QUIET); }
+
+    // In the order of AudioFormat.
+    std::array<const AVInputFormat *, 5> m_formats{
+        av_find_input_format("mp3"), av_find_input_format("mov"),  av_find_input_format("wav"),
+        av_find_input_format("aac"), av_find_input_format("flac"),
+    };
+};
+
+/// A regular file, open for reading. Opening never waits for a writer and never touches a device.
+class RegularFile
+{
+public:
+    explicit RegularFile(const QString &path)
+    {
+        const QByteArray name = QFile::encodeName(path);
+        struct stat status = {};
+        if (::stat(name.constData(), &status) != 0 || !S_ISREG(status.st_mode))
+            return;
+        m_descriptor = ::open(name.constData(), O_RDONLY | O_CLOEXEC | O_NOCTTY | O_NONBLOCK);
+        // Another file can have taken the name meanwhile.
+        if (m_descriptor >= 0 && (::fstat(m_descriptor, &status) != 0 || !S_ISREG(status.st_mode)))
+            close();
+        m_size = status.st_size;
+    }
+    ~RegularFile() { close(); }
+    Q_DISABLE_COPY_MOVE(RegularFile)
+
+    bool isOpen() const { return m_descriptor >= 0; }
+    qint64 size() const { return m_size; }
+
+    /// @return bytes read, 0 at the end, negative on an error
+    ssize_t read(std::span<std::uint8_t> target, qint64 offset) const
+    {
+        ssize_t count = -1;
+        do {
+            count = ::pread(m_descriptor, target.data(), target.size(), offset);
+        } while (count < 0 && errno == EINTR);
+        return count;
+    }
+
+private:
+    void close()
+    {
+        if (m_descriptor >= 0)
+            ::close(m_descriptor);
+        m_descriptor = -1;
+    }
+
+    int m_descriptor = -1;
+    qint64 m_size = 0;
+};
+
+/// A file opened as a container of one format, positioned at the start of its packets.
+class Container
+{
+public:
+    Container(const RegularFile &file, const AVInputFormat *format, std::stop_token stop)
+        : m_file(file)
+        , m_stop(std::move(stop))
+        , m_isRaw(format == Demuxers::instance().of(AudioFormat::Mp3) ||
+                  format == Demuxers::instance().of(AudioFormat::Aac))
+        , m_hasEditLists(format == Demuxers::instance().of(AudioFormat::M4a))
+    {
+        auto *buffer = static_cast<unsigned char *>(av_malloc(BUFFER_SIZE));
+        m_io.reset(avio_alloc_context(buffer, BUFFER_SIZE, 0, this, &readPacket, nullptr, &seek));
+        AVFormatContext *context = avformat_alloc_context();
+        context->pb = m_io.get();
+        context->flags |= AVFMT_FLAG_CUSTOM_IO;
+        context->io_open = &refuseToOpen;
+
+        AVDictionary *options = nullptr;
+        av_dict_set(&options, "format_whitelist", "mp3,mov,wav,aac,flac", 0);
+        av_dict_set(&options, "protocol_whitelist", "file", 0);
+        // Frees the context when it fails.
+        if (avformat_open_input(&context, "", format, &options) == 0)
+            m_context.reset(context);
+        av_dict_free(&options);
+        if (m_context)
+            m_audio = firstAudioStream(std::span(m_context->streams, m_context->nb_streams));
+    }
+    Q_DISABLE_COPY_MOVE(Container)
+
+    bool hasAudio() const { return m_audio != nullptr; }
+
+    /// Seconds, where the container says how long it is and that is not zero.
+    std::optional<double> storedDuration() const
+    {
+        if (m_audio->duration == AV_NOPTS_VALUE || m_audio->duration <= 0)
+            return std::nullopt;
+        // An edit list can delay the sound; the silence before it is part of the playing time.
+        const bool isDelayed =
+            m_hasEditLists && m_audio->start_time != AV_NOPTS_VALUE && m_audio->start_time > 0;
+        return seconds(m_audio->duration + (isDelayed ? m_audio->start_time : 0));
+    }
+
+    /// Seconds by adding up the lengths of all packets.
+    std::optional<double> countedDuration()
+    {
+        // The demuxer of raw AAC leaves the sample rate to the decoder.
+        if (m_audio->codecpar->codec_id == AV_CODEC_ID_AAC && m_isRaw &&
+            avformat_find_stream_info(m_context.get(), nullptr) < 0)
+            return std::nullopt;
+
+        const std::unique_ptr<AVPacket, PacketDeleter> packet(av_packet_alloc());
+        std::int64_t ticks = 0;
+        bool isEmpty = true;
+        while (av_read_frame(m_context.get(), packet.get()) >= 0) {
+            if (packet->stream_index == m_audio->index) {
+                ticks += std::max<std::int64_t>(packet->duration, 0);
+                isEmpty = false;
+            }
+            av_packet_unref(packet.get());
+        }
+        // Without a header only its frames make a file an audio file.
+        if (m_hasReadError || (isEmpty && m_isRaw))
+            return std::nullopt;
+        return seconds(ticks);
+    }
+
+private:
+    struct IoDeleter
+    {
+        void operator()(AVIOContext *io) const
+        {
+            av_freep(&io->buffer);
+            avio_context_free(&io);
+        }
+    };
+    struct ContextDeleter
+    {
+        void operator()(AVFormatContext *context) const { avformat_close_input(&context); }
+    };
+    struct PacketDeleter
+    {
+        void operator()(AVPacket *packet) const { av_packet_free(&packet); }
+    };
+
+    static AVStream *firstAudioStream(std::span<AVStream *> streams)
+    {
+        const auto audio = std::find_if(streams.begin(), streams.end(), [](const AVStream *stream) {
+            return stream->codecpar->codec_type == AVMEDIA_TYPE_AUDIO;
+        });
+        return audio != streams.end() ? *audio : nullptr;
+    }
+
+    static int readPacket(void *self, std::uint8_t *target, int size)
+    {
+        auto &container = *static_cast<Container *>(self);
+        const ssize_t count =
+            container.m_stop.stop_requested()
+                ? -1
+                : container.m_file.read({target, static_cast<std::size_t>(size)}, container.m_offset);
+        if (count < 0) {
+            container.m_hasReadError = true;
+            return AVERROR(EIO);
+        }
+        if (count == 0)
+            return AVERROR_EOF;
+        container.m_offset += count;
+        return static_cast<int>(count);
+    }
+
+    static std::int64_t seek(void *self, std::int64_t offset, int whence)
+    {
+        auto &container = *static_cast<Container *>(self);
+        switch (whence & ~AVSEEK_FORCE) {
+        case AVSEEK_SIZE:
+            return container.m_file.size();
+        case SEEK_SET:
+            break;
+        case SEEK_CUR:
+            offset += container.m_offset;
+            break;
+        case SEEK_END:
+            offset += container.m_file.size();
+            break;
+        default:
+            return AVERROR(EINVAL);
+        }
+        if (offset < 0)
+            return AVERROR(EINVAL);
+        return container.m_offset = offset;
+    }
+
+    static int refuseToOpen(AVFormatContext *, AVIOContext **, const char *, int, AVDictionary **)
+    {
+        return AVERROR(EACCES);
+    }
+
+    double seconds(std::int64_t ticks) const
+    {
+        // One rounding only: whole seconds, by which songs are compared, come out whole.
+        const AVRational unit = m_audio->time_base;
+        return static_cast<double>(ticks) * unit.num / unit.den;
+    }
+
+    const RegularFile &m_file;
+    const std::stop_token m_stop;
+    const bool m_isRaw;
+    const bool m_hasEditLists;
+    std::int64_t m_offset = 0;
+    bool m_hasReadError = false;
+    std::unique_ptr<AVIOContext, IoDeleter> m_io;
+    std::unique_ptr<AVFormatContext, ContextDeleter> m_context;
+    AVStream *m_audio = nullptr;
+};
+
+/// Where a file's content begins: behind the ID3v2 tags in front of it, whose pictures can take megabytes.
+/// See "ID3 tag version 2.4.0 - Main Structure" (M. Nilsson, 2000).
+qint64 contentOffset(const RegularFile &file)
+{
+    constexpr std::uint8_t FOOTER_FLAG = 0x10;
+    constexpr qint64 HEADER_SIZE = 10;
+    constexpr int MOST_TAGS = 8;
+    qint64 offset = 0;
+    std::array<std::uint8_t, HEADER_SIZE> header{};
+    for (int tag = 0; tag < MOST_TAGS; ++tag) {
+        if (file.read(header, offset) != HEADER_SIZE || std::memcmp(header.data(), "ID3", 3) != 0)
+            break;
+        qint64 size = 0;
+        for (const std::size_t digit : {6U, 7U, 8U, 9U})
+            size = size << 7 | (header[digit] & 0x7F);
+        offset += HEADER_SIZE + size + ((header[5] & FOOTER_FLAG) != 0 ? HEADER_SIZE : 0);
+    }
+    return offset;
+}
+
+/// The format that a file's content shows, if it is one of the five.
+const AVInputFormat *recognisedFormat(const RegularFile &file)
+{
+    std::vector<std::uint8_t> content(PROBE_SIZE + AVPROBE_PADDING_SIZE, 0);
+    const ssize_t size = file.read(std::span(content).first(PROBE_SIZE), contentOffset(file));
+    if (size <= 0)
+        return nullptr;
+    const AVProbeData probe{"", content.data(), static_cast<int>(size), nullptr};
+    int score = 0;
+    const AVInputFormat *format = av_probe_input_format3(&probe, 1, &score);
+    return score >= LEAST_PROBE_SCORE && Demuxers::instance().contains(format) ? format : nullptr;
+}
+
+/// The named format is tried without looking at the content first, which takes several times as long as
+/// reading a stored length: a length is only stored in a header that no other format has.
+std::optional<double> storedDurationInNamedFormat(const RegularFile &file, const QString &path,
+                                                  const std::stop_token &stop)
+{
+    const std::optional<AudioFormat> format = audioFormatOf(path);
+    if (!format)
+        return std::nullopt;
+    const Container container(file, Demuxers::instance().of(*format), stop);
+    return container.hasAudio() ? container.storedDuration() : std::nullopt;
+}
+
+std::optional<double> durationInRecognisedFormat(const RegularFile &file, const std::stop_token &stop)
+{
+    const AVInputFormat *format = recognisedFormat(file);
+    if (!format)
+        return std::nullopt;
+    Container container(file, format, stop);
+    if (!container.hasAudio())
+        return std::nullopt;
+    const std::optional<double> stored = container.storedDuration();
+    return stored ? stored : container.countedDuration();
+}
+
+} // namespace
+
+std::optional<double> readAudioDuration(const QString &path, const std::stop_token &stop)
+{
+    const RegularFile file(path);
+    if (!file.isOpen())
+        return std::nullopt;
+    std::optional<double> duration = storedDurationInNamedFormat(file, path, stop);
+    if (!duration)
+        duration = durationInRecognisedFormat(file, stop);
+    if (!duration || stop.stop_requested())
+        return std::nullopt;
+    return std::isfinite(*duration) ? *duration : 0.0;
+}
+
+} // namespace sonavo

@@ -1,0 +1,26 @@
+#pragma once
+
+#include <QStringView>
+
+#include <optional>
+
+namespace sonavo {
+
+/// The kinds of audio file that take part in a session, each known by its file extension.
+enum class AudioFormat
+{
+    Mp3,
+    M4a,
+    Wav,
+    Aac,
+    Flac
+};
+
+/// The extension of a path's last component, without its dot; empty when there is none. A leading dot starts
+/// no extension.
+[[nodiscard]] QStringView pathExtension(QStringView path);
+
+/// The audio format that a path's extension names, in any case. Nothing but the name is looked at.
+[[nodiscard]] std::optional<AudioFormat> audioFormatOf(QStringView path);
+
+} // namespace sonavo

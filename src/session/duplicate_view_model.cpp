@@ -1,0 +1,304 @@
+#include "session/duplicate_view_model.h"
+
+#include "analysis/analyze_duplicates.h"
+#include "session/audio_discovery.h"
+#include "session/song_read_ahead.h"
+
+#include <QCoroFuture>
+#include <QMetaProperty>
+#include <QtConcurrentRun>
+
+#include <limits>
+#include <utility>
+
+namespace sonavo {
+
+using namespace std::chrono_literals;
+
+namespace {
+
+QString droppedItemsRefusal()
+{
+    return QStringLiteral("Cannot import more than %1 songs in a single session.\n\n"
+                          "For large music libraries, we recommend:\n"
+                          "\u2022 Processing your library in batches by genre or folder\n"
+                          "\u2022 Using 1000-2000 songs per session for best performance\n"
+                          "\u2022 Clearing previous results before starting a new batch\n\n"
+                          "This helps ensure accurate duplicate detection and optimal performance.")
+        .arg(DuplicateViewModel::MAXIMUM_LIMIT);
+}
+
+QString openPanelRefusal()
+{
+    return QStringLiteral("Cannot import more than %1 songs.\nPlease select a smaller folder.")
+        .arg(DuplicateViewModel::MAXIMUM_LIMIT);
+}
+
+} // namespace
+
+DuplicateViewModel::DuplicateViewModel(Desktop &desktop, std::shared_ptr<Pauses> pauses, QList<Color> colors,
+                                       QObject *parent)
+    : QObject(parent)
+    , m_desktop(desktop)
+    , m_pauses(std::move(pauses))
+    , m_colors(std::move(colors))
+{
+    Q_ASSERT(!m_colors.isEmpty());
+}
+
+DuplicateViewModel::~DuplicateViewModel() = default;
+
+void DuplicateViewModel::showToast(const QString &message, ToastType type)
+{
+    set(m_toastMessage, message, &DuplicateViewModel::toastMessageChanged);
+    set(m_toastType, type, &DuplicateViewModel::toastTypeChanged);
+    set(m_showToast, true, &DuplicateViewModel::showToastChanged);
+    hideToastLater(this);
+}
+
+QCoro::Task<> DuplicateViewModel::hideToastLater(QPointer<DuplicateViewModel> self)
+{
+    const std::shared_ptr<Pauses> pauses = self->m_pauses;
+    co_await pauses->wait(3s);
+    if (self)
+        self->set(self->m_showToast, false, &DuplicateViewModel::showToastChanged);
+}
+
+bool DuplicateViewModel::importDroppedItems(const QList<QUrl> &urls)
+{
+    return importWithinLimits(urls, droppedItemsRefusal());
+}
+
+bool DuplicateViewModel::importWithOpenPanel()
+{
+    const QPointer<DuplicateViewModel> self(this);
+    const QList<QUrl> urls = m_desktop.chooseMusic();
+    // The application may have been quit while the panel was open.
+    if (!self || urls.isEmpty())
+        return false;
+    return importWithinLimits(urls, openPanelRefusal());
+}
+
+bool DuplicateViewModel::importWithinLimits(const QList<QUrl> &urls, const QString &refusal)
+{
+    // The songs of the session count although a scan replaces them: the limit is on the safe side.
+    const qint64 room = std::numeric_limits<qint64>::max() - m_songs.size();
+    const qint64 total = m_songs.size() + std::min(estimateSongCount(urls), room);
+    if (total > MAXIMUM_LIMIT) {
+        raiseAlert(refusal);
+        return false;
+    }
+    if (total > OPTIMAL_LIMIT) {
+        set(m_pendingImportURLs, urls, &DuplicateViewModel::pendingImportURLsChanged);
+        set(m_showLimitWarning, true, &DuplicateViewModel::showLimitWarningChanged);
+        return false;
+    }
+    startScan(urls);
+    return true;
+}
+
+void DuplicateViewModel::startScan(const QList<QUrl> &urls)
+{
+    if (urls.isEmpty())
+        return;
+    // `urls` can be pendingImportURLs itself, which is emptied below.
+    const QList<QUrl> items = urls;
+    cancelCurrentAnalysisTask();
+    set(m_pendingImportURLs, {}, &DuplicateViewModel::pendingImportURLsChanged);
+    setIsScanning(true);
+    setProgress(0.0);
+    setScanMessage(QStringLiteral("Starting scan..."));
+
+    const std::stop_source task;
+    m_currentAnalysisTask = task;
+    QMetaObject::invokeMethod(
+        this, [this, items, stop = task.get_token()] { scan(this, items, stop); }, Qt::QueuedConnection);
+}
+
+QCoro::Task<> DuplicateViewModel::scan(QPointer<DuplicateViewModel> self, QList<QUrl> urls,
+                                       std::stop_token stop)
+{
+    const std::shared_ptr<Pauses> pauses = self->m_pauses;
+    const auto isCurrent = [&self, &stop] { return self && !stop.stop_requested(); };
+    // Each step can lead to a listener that clears the session or starts another scan, so the mark is checked
+    // before every one. Tells whether the scan may go on.
+    const auto publish = [&isCurrent](auto &&...steps) {
+        return ((isCurrent() && (steps(), true)) && ...) && isCurrent();
+    };
+    const auto publishMessage = [&](const QString &message) {
+        return publish([&] { self->setScanMessage(message); });
+    };
+
+    if (!publishMessage(QStringLiteral("Step 1/4: Discovering audio files...")))
+        co_return;
+    co_await pauses->wait(200ms);
+    if (!isCurrent())
+        co_return;
+
+    const QStringList files = co_await QtConcurrent::run(discoverAudioFiles, urls, stop);
+    if (!isCurrent())
+        co_return;
+    if (files.isEmpty()) {
+        publish([&] { self->setIsScanning(false); },
+                [&] { self->raiseAlert(QStringLiteral("No audio files found in the selected folder.")); });
+        co_return;
+    }
+
+    const qint64 total = files.size();
+    const bool mayRead = publish(
+        [&] { self->updateProgress(0, total); },
+        [&] { self->setScanMessage(QStringLiteral("Step 1/4: Processing %1 audio files...").arg(total)); });
+    if (!mayRead)
+        co_return;
+    const std::optional<QList<Song>> songs =
+        co_await readSongs(files, pauses, stop, [&publish, &self, total](qint64 processed) {
+            publish([&] { self->updateProgress(processed, total); },
+                    [&] {
+                        self->setScanMessage(QStringLiteral("Step 1/4: Processing audio files (%1 of %2)")
+                                                 .arg(processed)
+                                                 .arg(total));
+                    });
+        });
+    if (!songs || !isCurrent())
+        co_return;
+
+    const bool mayAnalyze = publish(
+        [&] { self->setSongs(*songs); }, [&] { self->setProgress(0.33); },
+        [&] { self->setScanMessage(QStringLiteral("Step 2/4: Preparing for duplicate analysis...")); });
+    if (!mayAnalyze)
+        co_return;
+    if (songs->isEmpty()) {
+        publish([&] { self->setIsScanning(false); }, [&] { self->setProgress(0.0); },
+                [&] { self->setScanMessage({}); },
+                [&] { self->raiseAlert(QStringLiteral("No supported audio files found.")); });
+        co_return;
+    }
+    const bool isAnalyzing =
+        publish([&] { self->setScanMessage(QStringLiteral("Step 2/4: Analyzing duplicates...")); },
+                [&] { self->setProgress(0.4); });
+    if (!isAnalyzing)
+        co_return;
+
+    const QList<DuplicateGroup> groups = co_await analyzeDuplicates(
+        *songs, self->m_colors, pauses, [&publish, &self](const AnalysisProgress &state) {
+            publish([&] { self->setProgress(state.fraction); },
+                    [&] {
+                        if (state.message)
+                            self->setScanMessage(*state.message);
+                    });
+        });
+    publish([&] { self->setDuplicateGroups(groups); }, [&] { self->setIsScanning(false); },
+            [&] { self->setProgress(1.0); }, [&] { self->setScanMessage({}); });
+}
+
+void DuplicateViewModel::stopPlayback()
+{
+    if (m_player) {
+        m_player->pause();
+        m_player->releaseItem();
+        m_player.reset();
+        Q_EMIT playerChanged();
+    }
+    if (m_currentlyPlayingSong) {
+        m_currentlyPlayingSong.reset();
+        Q_EMIT currentlyPlayingSongChanged();
+    }
+}
+
+void DuplicateViewModel::clearAll()
+{
+    cancelCurrentAnalysisTask();
+    stopPlayback();
+    setSongs({});
+    setDuplicateGroups({});
+    setProgress(0.0);
+    set(m_processedFiles, {}, &DuplicateViewModel::processedFilesChanged);
+    set(m_totalFiles, {}, &DuplicateViewModel::totalFilesChanged);
+    setScanMessage({});
+    setShowAlert(false);
+    set(m_alertMessage, {}, &DuplicateViewModel::alertMessageChanged);
+    set(m_pendingImportURLs, {}, &DuplicateViewModel::pendingImportURLsChanged);
+    set(m_showLimitWarning, false, &DuplicateViewModel::showLimitWarningChanged);
+    setIsScanning(false);
+    // Once more when the reset has settled, for observers that looked at it halfway.
+    QMetaObject::invokeMethod(this, &DuplicateViewModel::announceEverything, Qt::QueuedConnection);
+}
+
+void DuplicateViewModel::announceEverything()
+{
+    const QMetaObject &type = staticMetaObject;
+    for (int i = type.propertyOffset(); i < type.propertyCount(); ++i)
+        type.property(i).notifySignal().invoke(this);
+}
+
+void DuplicateViewModel::cancelCurrentAnalysisTask()
+{
+    if (m_currentAnalysisTask)
+        m_currentAnalysisTask->request_stop();
+    m_currentAnalysisTask.reset();
+}
+
+void DuplicateViewModel::raiseAlert(const QString &message)
+{
+    set(m_alertMessage, message, &DuplicateViewModel::alertMessageChanged);
+    setShowAlert(true);
+}
+
+void DuplicateViewModel::updateProgress(qint64 processed, qint64 total)
+{
+    set(m_processedFiles, processed, &DuplicateViewModel::processedFilesChanged);
+    set(m_totalFiles, total, &DuplicateViewModel::totalFilesChanged);
+    setProgress(total > 0 ? static_cast<double>(processed) / static_cast<double>(total) : 0.0);
+}
+
+QVariant DuplicateViewModel::currentlyPlayingSongVariant() const
+{
+    return m_currentlyPlayingSong ? QVariant::fromValue(*m_currentlyPlayingSong) : QVariant();
+}
+
+template <typename T>
+void DuplicateViewModel::set(T &property, const T &value, Change changed)
+{
+    if (property == value)
+        return;
+    property = value;
+    Q_EMIT(this->*changed)();
+}
+
+void DuplicateViewModel::setSongs(const QList<Song> &songs)
+{
+    if (m_songs.isEmpty() && songs.isEmpty())
+        return;
+    m_songs = songs;
+    Q_EMIT songsChanged();
+}
+
+void DuplicateViewModel::setDuplicateGroups(const QList<DuplicateGroup> &groups)
+{
+    if (m_duplicateGroups.isEmpty() && groups.isEmpty())
+        return;
+    m_duplicateGroups = groups;
+    Q_EMIT duplicateGroupsChanged();
+}
+
+void DuplicateViewModel::setIsScanning(bool isScanning)
+{
+    set(m_isScanning, isScanning, &DuplicateViewModel::isScanningChanged);
+}
+
+void DuplicateViewModel::setProgress(double progress)
+{
+    set(m_progress, progress, &DuplicateViewModel::progressChanged);
+}
+
+void DuplicateViewModel::setScanMessage(const QString &message)
+{
+    set(m_scanMessage, message, &DuplicateViewModel::scanMessageChanged);
+}
+
+void DuplicateViewModel::setShowAlert(bool isShown)
+{
+    set(m_showAlert, isShown, &DuplicateViewModel::showAlertChanged);
+}
+
+} // namespace sonavo

@@ -1,0 +1,201 @@
+#pragma once
+
+#include "actions/desktop.h"
+#include "actions/preview_player.h"
+#include "analysis/pauses.h"
+#include "model/color.h"
+#include "model/duplicate_group.h"
+#include "model/song.h"
+
+#include <QCoroTask>
+#include <QList>
+#include <QObject>
+#include <QPointer>
+#include <QStringList>
+#include <QUrl>
+#include <QVariant>
+
+#include <memory>
+#include <optional>
+#include <stop_token>
+
+namespace sonavo {
+
+/// The one session of the application: the songs that were imported, the duplicates among them, the progress
+/// of a running scan, and what is to be shown to the person. Lives in the main thread and is used only there;
+/// what it starts elsewhere comes back to the main thread before anything is published.
+class DuplicateViewModel : public QObject
+{
+    Q_OBJECT
+    /// Every song of the session, in import order.
+    Q_PROPERTY(QList<sonavo::Song> songs READ songs NOTIFY songsChanged)
+    /// The result of the last analysis, in the order in which it made the groups.
+    Q_PROPERTY(
+        QList<sonavo::DuplicateGroup> duplicateGroups READ duplicateGroups NOTIFY duplicateGroupsChanged)
+    /// Whether a scan (import and analysis) is running.
+    Q_PROPERTY(bool isScanning READ isScanning NOTIFY isScanningChanged)
+    /// How much of the running scan's current part is done, from 0.0 to 1.0. It goes back to less when
+    /// another part begins.
+    Q_PROPERTY(double progress READ progress NOTIFY progressChanged)
+    /// Files read so far, of totalFiles.
+    Q_PROPERTY(qint64 processedFiles READ processedFiles NOTIFY processedFilesChanged)
+    Q_PROPERTY(qint64 totalFiles READ totalFiles NOTIFY totalFilesChanged)
+    /// What the scan is doing.
+    Q_PROPERTY(QString scanMessage READ scanMessage NOTIFY scanMessageChanged)
+    /// Whether an alert with alertMessage is to be shown; set to false when it is dismissed.
+    Q_PROPERTY(bool showAlert READ showAlert WRITE setShowAlert NOTIFY showAlertChanged)
+    Q_PROPERTY(QString alertMessage READ alertMessage NOTIFY alertMessageChanged)
+    /// The player of the song being previewed, or null.
+    Q_PROPERTY(sonavo::PreviewPlayer *player READ player NOTIFY playerChanged)
+    /// The song being previewed, or undefined.
+    Q_PROPERTY(
+        QVariant currentlyPlayingSong READ currentlyPlayingSongVariant NOTIFY currentlyPlayingSongChanged)
+    /// Whether the person is to be asked about an import of more than OPTIMAL_LIMIT songs: pendingImportURLs.
+    Q_PROPERTY(bool showLimitWarning READ showLimitWarning NOTIFY showLimitWarningChanged)
+    Q_PROPERTY(QList<QUrl> pendingImportURLs READ pendingImportURLs NOTIFY pendingImportURLsChanged)
+    /// Whether a transient notice of toastType with toastMessage is visible.
+    Q_PROPERTY(bool showToast READ showToast NOTIFY showToastChanged)
+    Q_PROPERTY(QString toastMessage READ toastMessage NOTIFY toastMessageChanged)
+    Q_PROPERTY(ToastType toastType READ toastType NOTIFY toastTypeChanged)
+
+public:
+    enum class ToastType
+    {
+        Success,
+        Error,
+        Info
+    };
+    Q_ENUM(ToastType)
+
+    /// Songs in a session that start without asking, and that may be imported at all.
+    static constexpr qint64 OPTIMAL_LIMIT = 10'000;
+    static constexpr qint64 WARNING_LIMIT = 50'000;
+    static constexpr qint64 MAXIMUM_LIMIT = 500'000;
+    /// Tuning values that nothing consults; the comparison has values of its own.
+    static constexpr double DURATION_DIFF_STRICT = 0.03;
+    static constexpr double DURATION_DIFF_MEDIUM = 0.05;
+    static constexpr double DURATION_DIFF_LOOSE = 0.1;
+    static constexpr double SIZE_DIFF_STRICT = 0.15;
+    static constexpr double SIZE_DIFF_LOOSE = 0.2;
+    static constexpr double SIMILARITY_THRESHOLD = 0.9;
+
+    /// @param desktop must outlive the session
+    /// @param colors background tints that the groups get in turn; at least one
+    DuplicateViewModel(Desktop &desktop, std::shared_ptr<Pauses> pauses, QList<Color> colors,
+                       QObject *parent = nullptr);
+    /// Cancels nothing: what still runs notices that the session is gone.
+    ~DuplicateViewModel() override;
+
+    [[nodiscard]] const QList<Song> &songs() const { return m_songs; }
+    [[nodiscard]] const QList<DuplicateGroup> &duplicateGroups() const { return m_duplicateGroups; }
+    [[nodiscard]] bool isScanning() const { return m_isScanning; }
+    [[nodiscard]] double progress() const { return m_progress; }
+    [[nodiscard]] qint64 processedFiles() const { return m_processedFiles; }
+    [[nodiscard]] qint64 totalFiles() const { return m_totalFiles; }
+    [[nodiscard]] const QString &scanMessage() const { return m_scanMessage; }
+    [[nodiscard]] bool showAlert() const { return m_showAlert; }
+    [[nodiscard]] const QString &alertMessage() const { return m_alertMessage; }
+    [[nodiscard]] PreviewPlayer *player() const { return m_player.get(); }
+    [[nodiscard]] const std::optional<Song> &currentlyPlayingSong() const { return m_currentlyPlayingSong; }
+    [[nodiscard]] bool showLimitWarning() const { return m_showLimitWarning; }
+    [[nodiscard]] const QList<QUrl> &pendingImportURLs() const { return m_pendingImportURLs; }
+    [[nodiscard]] bool showToast() const { return m_showToast; }
+    [[nodiscard]] const QString &toastMessage() const { return m_toastMessage; }
+    [[nodiscard]] ToastType toastType() const { return m_toastType; }
+    [[nodiscard]] const QList<Color> &colors() const { return m_colors; }
+
+    void setShowAlert(bool isShown);
+
+    /// Shows a transient notice for three seconds. Another notice within that time replaces it at once and is
+    /// hidden when the time of the first is over.
+    void showToast(const QString &message, ToastType type);
+
+    /// Imports dropped files and folders, as far as the session limits allow: an import beyond MAXIMUM_LIMIT
+    /// raises an alert, one beyond OPTIMAL_LIMIT waits for the person in pendingImportURLs.
+    /// @param urls file URLs
+    /// @return whether a scan was started
+    Q_INVOKABLE bool importDroppedItems(const QList<QUrl> &urls);
+
+    /// Lets the person choose files and folders and imports them like importDroppedItems().
+    /// @return whether a scan was started
+    Q_INVOKABLE bool importWithOpenPanel();
+
+    /// Scans files and folders in place of a scan that may be running: finds the audio files, reads them into
+    /// `songs`, which loses what it held, and finds the duplicates among them. Returns at once; an empty list
+    /// does nothing.
+    Q_INVOKABLE void startScan(const QList<QUrl> &urls);
+
+    /// Stops the preview and lets go of its file.
+    Q_INVOKABLE void stopPlayback();
+
+    /// Empties the session: cancels a running scan, stops the preview and returns every property to its
+    /// initial value, except those of the toast.
+    Q_INVOKABLE void clearAll();
+
+Q_SIGNALS:
+    void songsChanged();
+    void duplicateGroupsChanged();
+    void isScanningChanged();
+    void progressChanged();
+    void processedFilesChanged();
+    void totalFilesChanged();
+    void scanMessageChanged();
+    void showAlertChanged();
+    void alertMessageChanged();
+    void playerChanged();
+    void currentlyPlayingSongChanged();
+    void showLimitWarningChanged();
+    void pendingImportURLsChanged();
+    void showToastChanged();
+    void toastMessageChanged();
+    void toastTypeChanged();
+
+private:
+    using Change = void (DuplicateViewModel::*)();
+
+    /// The scan from the first message to the groups. Once `stop` is requested or the session is gone,
+    /// nothing more is published.
+    static QCoro::Task<> scan(QPointer<DuplicateViewModel> self, QList<QUrl> urls, std::stop_token stop);
+    static QCoro::Task<> hideToastLater(QPointer<DuplicateViewModel> self);
+
+    bool importWithinLimits(const QList<QUrl> &urls, const QString &refusal);
+    void cancelCurrentAnalysisTask();
+    void raiseAlert(const QString &message);
+    void updateProgress(qint64 processed, qint64 total);
+    void announceEverything();
+    [[nodiscard]] QVariant currentlyPlayingSongVariant() const;
+
+    template <typename T>
+    void set(T &property, const T &value, Change changed);
+    void setSongs(const QList<Song> &songs);
+    void setDuplicateGroups(const QList<DuplicateGroup> &groups);
+    void setIsScanning(bool isScanning);
+    void setProgress(double progress);
+    void setScanMessage(const QString &message);
+
+    Desktop &m_desktop;
+    const std::shared_ptr<Pauses> m_pauses;
+    const QList<Color> m_colors;
+
+    QList<Song> m_songs;
+    QList<DuplicateGroup> m_duplicateGroups;
+    bool m_isScanning = false;
+    double m_progress = 0.0;
+    qint64 m_processedFiles = 0;
+    qint64 m_totalFiles = 0;
+    QString m_scanMessage;
+    bool m_showAlert = false;
+    QString m_alertMessage;
+    std::unique_ptr<PreviewPlayer> m_player;
+    std::optional<Song> m_currentlyPlayingSong;
+    bool m_showLimitWarning = false;
+    QList<QUrl> m_pendingImportURLs;
+    bool m_showToast = false;
+    QString m_toastMessage;
+    ToastType m_toastType = ToastType::Info;
+
+    /// The running scan, or the last one.
+    std::optional<std::stop_source> m_currentAnalysisTask;
+};
+
+} // namespace sonavo
