@@ -1,0 +1,65 @@
+# shellcheck shell=bash
+# Sourced by run.sh and test.sh: installs what is missing and builds. Everything is printed on standard error,
+# so that standard output belongs to the program.
+
+BUILD_PACKAGES=(
+    g++ cmake ninja-build pkg-config
+    qt6-base-dev qcoro-qt6-dev
+    libavformat-dev libavcodec-dev libavutil-dev
+)
+# One version of clang-format everywhere: versions differ in what they call formatted.
+TEST_PACKAGES=(
+    libgtest-dev libgmock-dev librapidcheck-dev
+    clang-format-14 ffmpeg
+)
+
+# install_packages NAME... installs the distribution's packages that are not there yet.
+install_packages() {
+    local package missing=()
+    for package in "$@"; do
+        if [[ $(dpkg-query -W -f='${db:Status-Status}' "$package" 2>/dev/null) != installed ]]; then
+            missing+=("$package")
+        fi
+    done
+    if ((${#missing[@]} == 0)); then
+        return
+    fi
+
+    local as_root=()
+    if ((EUID != 0)); then
+        if ! command -v sudo >/dev/null; then
+            echo "These packages are missing, and installing them takes root or sudo: ${missing[*]}" >&2
+            return 1
+        fi
+        as_root=(sudo)
+    fi
+    echo "Installing ${missing[*]}" >&2
+    "${as_root[@]}" apt-get update >&2
+    "${as_root[@]}" env DEBIAN_FRONTEND=noninteractive \
+        apt-get install --yes --no-install-recommends "${missing[@]}" >&2
+}
+
+# quietly LOG COMMAND... shows what a command prints only when it fails.
+quietly() {
+    local log=$1
+    shift
+    if ! "$@" >"$log" 2>&1; then
+        cat "$log" >&2
+        return 1
+    fi
+}
+
+# build ROOT PRESET configures where that is needed and builds what has changed.
+build() {
+    local root=$1 preset=$2
+    local tree=$root/build/$preset
+    mkdir -p "$tree"
+    cd "$root"
+    if [[ ! -e $tree/build.ninja || CMakePresets.json -nt $tree/build.ninja ]]; then
+        quietly "$tree/configure.log" cmake --preset "$preset"
+    fi
+    if [[ -z $(ninja -C "$tree" -n 2>/dev/null | grep 'no work to do') ]]; then
+        echo "Building ($preset)" >&2
+    fi
+    quietly "$tree/build.log" cmake --build --preset "$preset"
+}
