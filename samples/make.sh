@@ -21,7 +21,7 @@ song "Laptop/Vela Torres - HARBOUR LIGHTS.mp3" 1.6 440 -b:a 32k
 song "Phone/Vela Torres - Harbour Lights.m4a" 1.7 440 -b:a 32k
 
 # By title, with differing punctuation in the title and one artist's name inside the other's.
-song "Albums/The Silver Larks - (Don't) Look Down!.wav" 1.3 392
+song "Albums/The Silver Larks - Don't Look Down!.wav" 1.3 392
 song "Phone/Silver Larks - Don't Look Down.aac" 1.3 392 -b:a 24k
 
 # By file name: a hyphen in the artist's name moves the border between artist and title.

@@ -2,10 +2,9 @@
 
 #include "session/audio_formats.h"
 #include "session/folder_enumeration.h"
+#include "session/saturating.h"
 
 #include <QFileInfo>
-
-#include <limits>
 
 namespace sonavo {
 namespace {
@@ -26,10 +25,9 @@ bool isFolder(const QString &path)
     return QFileInfo(path).isDir();
 }
 
-qint64 saturatingProduct(qint64 count, qint64 factor)
+qint64 songsNamedBy(const QString &path)
 {
-    constexpr qint64 MAXIMUM = std::numeric_limits<qint64>::max();
-    return count > MAXIMUM / factor ? MAXIMUM : count * factor;
+    return audioFormatOf(path) ? 1 : 0;
 }
 
 } // namespace
@@ -60,13 +58,13 @@ qint64 estimateSongCount(const QList<QUrl> &urls)
     for (const QUrl &url : urls) {
         const QString path = localPath(url);
         if (!isFolder(path)) {
-            count += audioFormatOf(path) ? 1 : 0;
+            count = saturatingSum(count, songsNamedBy(path));
             continue;
         }
         std::size_t entries = 0;
         enumerateFolder(path, {FolderEnumeration::Packages::Enter, SAMPLED_ENTRIES},
                         [&](const QString &entry) {
-                            count += audioFormatOf(entry) ? 1 : 0;
+                            count = saturatingSum(count, songsNamedBy(entry));
                             return ++entries < SAMPLED_ENTRIES;
                         });
         if (entries == SAMPLED_ENTRIES)

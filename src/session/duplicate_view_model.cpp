@@ -2,13 +2,13 @@
 
 #include "analysis/analyze_duplicates.h"
 #include "session/audio_discovery.h"
+#include "session/saturating.h"
 #include "session/song_read_ahead.h"
 
 #include <QCoroFuture>
 #include <QMetaProperty>
 #include <QtConcurrentRun>
 
-#include <limits>
 #include <utility>
 
 namespace sonavo {
@@ -82,10 +82,10 @@ bool DuplicateViewModel::importWithOpenPanel()
 bool DuplicateViewModel::importWithinLimits(const QList<QUrl> &urls, const QString &refusal)
 {
     // The songs of the session count although a scan replaces them: the limit is on the safe side.
-    const qint64 room = std::numeric_limits<qint64>::max() - m_songs.size();
-    const qint64 total = m_songs.size() + std::min(estimateSongCount(urls), room);
+    const qint64 total = saturatingSum(m_songs.size(), estimateSongCount(urls));
     if (total > MAXIMUM_LIMIT) {
-        raiseAlert(refusal);
+        setAlertMessage(refusal);
+        setShowAlert(true);
         return false;
     }
     if (total > OPTIMAL_LIMIT) {
@@ -128,6 +128,14 @@ QCoro::Task<> DuplicateViewModel::scan(QPointer<DuplicateViewModel> self, QList<
     const auto publishMessage = [&](const QString &message) {
         return publish([&] { self->setScanMessage(message); });
     };
+    const auto publishProgress = [&](qint64 processed, qint64 total, const QString &message) {
+        const double fraction = static_cast<double>(processed) / static_cast<double>(total);
+        return publish([&] { self->setProcessedFiles(processed); }, [&] { self->setTotalFiles(total); },
+                       [&] { self->setProgress(fraction); }, [&] { self->setScanMessage(message); });
+    };
+    const auto publishAlert = [&](const QString &message) {
+        return publish([&] { self->setAlertMessage(message); }, [&] { self->setShowAlert(true); });
+    };
 
     if (!publishMessage(QStringLiteral("Step 1/4: Discovering audio files...")))
         co_return;
@@ -139,25 +147,19 @@ QCoro::Task<> DuplicateViewModel::scan(QPointer<DuplicateViewModel> self, QList<
     if (!isCurrent())
         co_return;
     if (files.isEmpty()) {
-        publish([&] { self->setIsScanning(false); },
-                [&] { self->raiseAlert(QStringLiteral("No audio files found in the selected folder.")); });
+        publish([&] { self->setIsScanning(false); });
+        publishAlert(QStringLiteral("No audio files found in the selected folder."));
         co_return;
     }
 
     const qint64 total = files.size();
-    const bool mayRead = publish(
-        [&] { self->updateProgress(0, total); },
-        [&] { self->setScanMessage(QStringLiteral("Step 1/4: Processing %1 audio files...").arg(total)); });
-    if (!mayRead)
+    if (!publishProgress(0, total, QStringLiteral("Step 1/4: Processing %1 audio files...").arg(total)))
         co_return;
     const std::optional<QList<Song>> songs =
-        co_await readSongs(files, pauses, stop, [&publish, &self, total](qint64 processed) {
-            publish([&] { self->updateProgress(processed, total); },
-                    [&] {
-                        self->setScanMessage(QStringLiteral("Step 1/4: Processing audio files (%1 of %2)")
-                                                 .arg(processed)
-                                                 .arg(total));
-                    });
+        co_await readSongs(files, pauses, stop, [&publishProgress, total](qint64 processed) {
+            publishProgress(
+                processed, total,
+                QStringLiteral("Step 1/4: Processing audio files (%1 of %2)").arg(processed).arg(total));
         });
     if (!songs || !isCurrent())
         co_return;
@@ -169,8 +171,8 @@ QCoro::Task<> DuplicateViewModel::scan(QPointer<DuplicateViewModel> self, QList<
         co_return;
     if (songs->isEmpty()) {
         publish([&] { self->setIsScanning(false); }, [&] { self->setProgress(0.0); },
-                [&] { self->setScanMessage({}); },
-                [&] { self->raiseAlert(QStringLiteral("No supported audio files found.")); });
+                [&] { self->setScanMessage({}); });
+        publishAlert(QStringLiteral("No supported audio files found."));
         co_return;
     }
     const bool isAnalyzing =
@@ -212,11 +214,11 @@ void DuplicateViewModel::clearAll()
     setSongs({});
     setDuplicateGroups({});
     setProgress(0.0);
-    set(m_processedFiles, {}, &DuplicateViewModel::processedFilesChanged);
-    set(m_totalFiles, {}, &DuplicateViewModel::totalFilesChanged);
+    setProcessedFiles(0);
+    setTotalFiles(0);
     setScanMessage({});
     setShowAlert(false);
-    set(m_alertMessage, {}, &DuplicateViewModel::alertMessageChanged);
+    setAlertMessage({});
     set(m_pendingImportURLs, {}, &DuplicateViewModel::pendingImportURLsChanged);
     set(m_showLimitWarning, false, &DuplicateViewModel::showLimitWarningChanged);
     setIsScanning(false);
@@ -236,19 +238,6 @@ void DuplicateViewModel::cancelCurrentAnalysisTask()
     if (m_currentAnalysisTask)
         m_currentAnalysisTask->request_stop();
     m_currentAnalysisTask.reset();
-}
-
-void DuplicateViewModel::raiseAlert(const QString &message)
-{
-    set(m_alertMessage, message, &DuplicateViewModel::alertMessageChanged);
-    setShowAlert(true);
-}
-
-void DuplicateViewModel::updateProgress(qint64 processed, qint64 total)
-{
-    set(m_processedFiles, processed, &DuplicateViewModel::processedFilesChanged);
-    set(m_totalFiles, total, &DuplicateViewModel::totalFilesChanged);
-    setProgress(total > 0 ? static_cast<double>(processed) / static_cast<double>(total) : 0.0);
 }
 
 QVariant DuplicateViewModel::currentlyPlayingSongVariant() const
@@ -289,6 +278,21 @@ void DuplicateViewModel::setIsScanning(bool isScanning)
 void DuplicateViewModel::setProgress(double progress)
 {
     set(m_progress, progress, &DuplicateViewModel::progressChanged);
+}
+
+void DuplicateViewModel::setProcessedFiles(qint64 count)
+{
+    set(m_processedFiles, count, &DuplicateViewModel::processedFilesChanged);
+}
+
+void DuplicateViewModel::setTotalFiles(qint64 count)
+{
+    set(m_totalFiles, count, &DuplicateViewModel::totalFilesChanged);
+}
+
+void DuplicateViewModel::setAlertMessage(const QString &message)
+{
+    set(m_alertMessage, message, &DuplicateViewModel::alertMessageChanged);
 }
 
 void DuplicateViewModel::setScanMessage(const QString &message)

@@ -160,8 +160,6 @@ private:
 
     bool importWithinLimits(const QList<QUrl> &urls, const QString &refusal);
     void cancelCurrentAnalysisTask();
-    void raiseAlert(const QString &message);
-    void updateProgress(qint64 processed, qint64 total);
     void announceEverything();
     [[nodiscard]] QVariant currentlyPlayingSongVariant() const;
 
@@ -171,7 +169,10 @@ private:
     void setDuplicateGroups(const QList<DuplicateGroup> &groups);
     void setIsScanning(bool isScanning);
     void setProgress(double progress);
+    void setProcessedFiles(qint64 count);
+    void setTotalFiles(qint64 count);
     void setScanMessage(const QString &message);
+    void setAlertMessage(const QString &message);
 
     Desktop &m_desktop;
     const std::shared_ptr<Pauses> m_pauses;

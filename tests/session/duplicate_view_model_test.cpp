@@ -99,9 +99,9 @@ public:
 class DuplicateViewModelTest : public testing::Test
 {
 protected:
-    [[nodiscard]] std::unique_ptr<DuplicateViewModel> newSession(std::shared_ptr<Pauses> pauses)
+    [[nodiscard]] std::unique_ptr<DuplicateViewModel> newSession(std::shared_ptr<Pauses> kind)
     {
-        return std::make_unique<DuplicateViewModel>(desktop, std::move(pauses), QList<Color>(6));
+        return std::make_unique<DuplicateViewModel>(desktop, std::move(kind), QList<Color>(6));
     }
 
     /// Runs the event loop until the scan is over and everything that it still does afterwards is done.
@@ -261,10 +261,10 @@ protected:
             if (count++ == pause)
                 interfere();
         };
-        QTest::qWaitFor([&count, pause] { return count > pause; }, 2'000);
+        const bool isReached = QTest::qWaitFor([&count, pause] { return count > pause; }, 2'000);
         settle();
         pauses->onPause = [](std::chrono::milliseconds) {};
-        return count > pause;
+        return isReached;
     }
 
     static constexpr int PAUSES = 6;
