@@ -97,12 +97,10 @@ bool DuplicateViewModel::importWithinLimits(const QList<QUrl> &urls, const QStri
     return true;
 }
 
-void DuplicateViewModel::startScan(const QList<QUrl> &urls)
+void DuplicateViewModel::startScan(QList<QUrl> urls)
 {
     if (urls.isEmpty())
         return;
-    // `urls` can be pendingImportURLs itself, which is emptied below.
-    const QList<QUrl> items = urls;
     cancelCurrentAnalysisTask();
     set(m_pendingImportURLs, {}, &DuplicateViewModel::pendingImportURLsChanged);
     setIsScanning(true);
@@ -112,7 +110,8 @@ void DuplicateViewModel::startScan(const QList<QUrl> &urls)
     const std::stop_source task;
     m_currentAnalysisTask = task;
     QMetaObject::invokeMethod(
-        this, [this, items, stop = task.get_token()] { scan(this, items, stop); }, Qt::QueuedConnection);
+        this, [this, items = std::move(urls), stop = task.get_token()] { scan(this, items, stop); },
+        Qt::QueuedConnection);
 }
 
 QCoro::Task<> DuplicateViewModel::scan(QPointer<DuplicateViewModel> self, QList<QUrl> urls,

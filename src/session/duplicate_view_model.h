@@ -123,7 +123,8 @@ public:
     /// Scans files and folders in place of a scan that may be running: finds the audio files, reads them into
     /// `songs`, which loses what it held, and finds the duplicates among them. Returns at once; an empty list
     /// does nothing.
-    Q_INVOKABLE void startScan(const QList<QUrl> &urls);
+    /// @param urls file URLs; a copy, because they can be pendingImportURLs, which the scan empties
+    Q_INVOKABLE void startScan(QList<QUrl> urls);
 
     /// Stops the preview and lets go of its file.
     Q_INVOKABLE void stopPlayback();
