@@ -1,9 +1,13 @@
+#include "analysis/direct_analysis.h"
+#include "analysis/generators.h"
 #include "analysis/normalization.h"
 
 #include <QString>
 
 #include <gtest/gtest.h>
+#include <rapidcheck/gtest.h>
 
+#include <string>
 #include <utility>
 
 namespace sonavo {
@@ -28,6 +32,29 @@ TEST(NormalizeString, LeavesOnlyLowerCaseWordsAndDigits)
     };
     for (const auto &[text, expected] : cases)
         EXPECT_EQ(normalizeString(text), expected) << text.toString().toStdString();
+}
+
+TEST(NormalizeString, CountsHalfACharacterAsASeparator)
+{
+    EXPECT_EQ(normalizeString(QString(u'a') + QChar(0xD801) + u'b' + QChar(0xDC00)), "a b");
+}
+
+RC_GTEST_PROP(NormalizeString, AgreesWithItsReplacementsAndLeavesItsResultsAlone, ())
+{
+    const QString text = *anyText();
+    const std::string normalized = normalizeString(text);
+    RC_ASSERT(normalized == direct::normalizeString(text).toStdString());
+    RC_ASSERT(normalizeString(QString::fromStdString(normalized)) == normalized);
+}
+
+RC_GTEST_PROP(NormalizeString, OfAnArtistAndATitleJoinsTheirNormalForms, ())
+{
+    const QString artist = *anyText();
+    const QString title = *anyText();
+    const std::string first = normalizeString(artist);
+    const std::string second = normalizeString(title);
+    const std::string seam = first.empty() || second.empty() ? "" : " ";
+    RC_ASSERT(normalizeString(artist + QStringLiteral(" - ") + title) == first + seam + second);
 }
 
 } // namespace

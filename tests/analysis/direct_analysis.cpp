@@ -1,0 +1,205 @@
+#include "analysis/direct_analysis.h"
+
+#include <QHash>
+#include <QRegularExpression>
+#include <QSet>
+#include <QStringList>
+#include <QUuid>
+
+#include <algorithm>
+#include <cmath>
+#include <functional>
+
+namespace sonavo::direct {
+namespace {
+
+using namespace Qt::StringLiterals;
+
+double similarity(const QString &a, const QString &b)
+{
+    return 1.0 - double(levenshteinDistance(a, b)) / double(std::max(a.size(), b.size()));
+}
+
+QSet<QString> wordsOf(const QString &text, qsizetype leastLength)
+{
+    QSet<QString> words;
+    for (const QString &word : normalizeString(text).split(u' ', Qt::SkipEmptyParts)) {
+        if (word.size() >= leastLength)
+            words << word;
+    }
+    return words;
+}
+
+bool contains(const QString &text, const QString &part)
+{
+    return !part.isEmpty() && text.toLower().contains(part.toLower());
+}
+
+QList<QList<Song>> bucketsOf(const QList<Song> &songs, const std::function<QString(const Song &)> &keyOf)
+{
+    QStringList keys;
+    QHash<QString, QList<Song>> buckets;
+    for (const Song &song : songs) {
+        if (!buckets.contains(keyOf(song)))
+            keys << keyOf(song);
+        buckets[keyOf(song)] << song;
+    }
+    QList<QList<Song>> ofSeveralSongs;
+    for (const QString &key : keys) {
+        if (buckets[key].size() >= 2)
+            ofSeveralSongs << buckets[key];
+    }
+    return ofSeveralSongs;
+}
+
+struct Run
+{
+    QList<Color> colors;
+    QSet<QString> processedPaths;
+    qsizetype colorIndex = 0;
+    QList<DuplicateGroup> groups;
+
+    [[nodiscard]] QList<Song> unplaced(QList<Song> songs) const
+    {
+        songs.removeIf([this](const Song &song) { return processedPaths.contains(song.path); });
+        return songs;
+    }
+
+    bool makeGroup(const QList<Song> &cluster, bool filtersArtists)
+    {
+        Song original = cluster.first();
+        for (const Song &song : cluster) {
+            if (song.size > original.size)
+                original = song;
+        }
+        QList<Song> duplicates;
+        for (const Song &song : cluster) {
+            if (song.id != original.id && (!filtersArtists || artistsCompatible(song, original)))
+                duplicates << song;
+        }
+        if (duplicates.isEmpty())
+            return false;
+        groups << DuplicateGroup{{}, original, duplicates, colors[colorIndex % colors.size()]};
+        ++colorIndex;
+        for (const Song &song : duplicates + QList<Song>{original})
+            processedPaths << song.path;
+        return true;
+    }
+
+    void makeGroups(const QList<Song> &bucket, bool filtersArtists)
+    {
+        for (const QList<Song> &cluster : clusterSongs(bucket)) {
+            if (!makeGroup(cluster, filtersArtists))
+                break; // only the artist filter can leave a cluster without duplicates
+        }
+    }
+};
+
+} // namespace
+
+QString normalizeString(const QString &text)
+{
+    static const QRegularExpression brackets(uR"([\(\)\[\]\{\}])"_s);
+    static const QRegularExpression separators(u"[^a-z0-9]+"_s);
+    static const QRegularExpression ends(uR"(^\s+|\s+$)"_s);
+    static const QRegularExpression blanks(uR"(\s+)"_s);
+    QString result = text.toLower();
+    result.replace(brackets, u""_s);
+    result.replace(separators, u" "_s);
+    result.replace(ends, u""_s);
+    result.replace(blanks, u" "_s);
+    return result;
+}
+
+int levenshteinDistance(const QString &a, const QString &b)
+{
+    QList<QList<int>> table(a.size() + 1, QList<int>(b.size() + 1));
+    for (int i = 0; i <= a.size(); ++i)
+        table[i][0] = i;
+    for (int j = 0; j <= b.size(); ++j)
+        table[0][j] = j;
+    for (int i = 0; i < a.size(); ++i) {
+        for (int j = 0; j < b.size(); ++j) {
+            table[i + 1][j + 1] =
+                a[i] == b[j] ? table[i][j] : 1 + std::min({table[i][j + 1], table[i + 1][j], table[i][j]});
+        }
+    }
+    return table[a.size()][b.size()];
+}
+
+bool songsMatch(const Song &seed, const Song &candidate)
+{
+    if (!(std::abs(seed.duration - candidate.duration) <= 5.0))
+        return false;
+
+    const bool titleContains = contains(seed.title, candidate.title) || contains(candidate.title, seed.title);
+    const bool nameContains = contains(seed.name, candidate.name) || contains(candidate.name, seed.name);
+    const QString fullA = normalizeString(seed.artist + u" - "_s + seed.title);
+    const QString fullB = normalizeString(candidate.artist + u" - "_s + candidate.title);
+    if (!fullA.isEmpty() || !fullB.isEmpty()) {
+        if (!(titleContains || nameContains || similarity(fullA, fullB) >= 0.9))
+            return false;
+    }
+
+    const QString artistA = normalizeString(seed.artist);
+    const QString artistB = normalizeString(candidate.artist);
+    if (!artistA.isEmpty() || !artistB.isEmpty()) {
+        if (!(similarity(artistA, artistB) >= 0.7))
+            return false;
+    }
+
+    return wordsOf(seed.title, 3).intersects(wordsOf(candidate.title, 3));
+}
+
+bool artistsCompatible(const Song &duplicate, const Song &original)
+{
+    return wordsOf(duplicate.artist, 1).intersects(wordsOf(original.artist, 1)) ||
+           original.artist.isEmpty() || duplicate.artist.isEmpty();
+}
+
+QList<QList<Song>> clusterSongs(const QList<Song> &songs)
+{
+    QSet<QUuid> placed;
+    QList<QList<Song>> clusters;
+    for (const Song &seed : songs) {
+        if (placed.contains(seed.id))
+            continue;
+        placed << seed.id;
+        QList<Song> cluster{seed};
+        for (const Song &candidate : songs) {
+            if (candidate.id == seed.id || placed.contains(candidate.id) || !songsMatch(seed, candidate))
+                continue;
+            cluster << candidate;
+            placed << candidate.id;
+        }
+        if (cluster.size() >= 2)
+            clusters << cluster;
+    }
+    return clusters;
+}
+
+QList<DuplicateGroup> analyzeDuplicates(const QList<Song> &songs, const QList<Color> &colors)
+{
+    const auto title = [](const Song &s) { return normalizeString(s.title); };
+    const auto name = [](const Song &s) { return normalizeString(s.name); };
+    const auto both = [](const Song &s) {
+        return normalizeString(s.artist) + u'_' + normalizeString(s.title);
+    };
+    const auto seconds = [](const Song &s) { return QString::number(qint64(std::trunc(s.duration))); };
+
+    Run run{colors, {}, 0, {}};
+    for (const QList<Song> &bucket : bucketsOf(songs, title))
+        run.makeGroups(bucket, true);
+    for (const QList<Song> &bucket : bucketsOf(songs, name))
+        run.makeGroups(run.unplaced(bucket), false);
+    const QList<Song> remaining = run.unplaced(songs);
+    for (qsizetype start = 0; start < remaining.size(); start += 5000) {
+        for (const QList<Song> &bucket : bucketsOf(remaining.mid(start, 5000), both))
+            run.makeGroups(bucket, false);
+    }
+    for (const QList<Song> &bucket : bucketsOf(run.unplaced(songs), seconds))
+        run.makeGroups(bucket, false);
+    return run.groups;
+}
+
+} // namespace sonavo::direct

@@ -1,0 +1,24 @@
+#pragma once
+
+#include "model/color.h"
+#include "model/duplicate_group.h"
+#include "model/song.h"
+
+#include <QList>
+#include <QString>
+
+/// The analysis written down a second time, as plainly as its rules can be said and with no thought for
+/// speed: nothing is prepared, remembered or shared between comparisons. The tests hold the program's own
+/// analysis against it.
+namespace sonavo::direct {
+
+[[nodiscard]] QString normalizeString(const QString &text);
+/// For normalised texts.
+[[nodiscard]] int levenshteinDistance(const QString &a, const QString &b);
+[[nodiscard]] bool songsMatch(const Song &seed, const Song &candidate);
+[[nodiscard]] bool artistsCompatible(const Song &duplicate, const Song &original);
+[[nodiscard]] QList<QList<Song>> clusterSongs(const QList<Song> &songs);
+/// Buckets are visited in the order in which their keys first appear.
+[[nodiscard]] QList<DuplicateGroup> analyzeDuplicates(const QList<Song> &songs, const QList<Color> &colors);
+
+} // namespace sonavo::direct

@@ -1,0 +1,162 @@
+#include "analysis/direct_analysis.h"
+#include "analysis/generators.h"
+#include "analysis/similarity.h"
+
+#include <QString>
+
+#include <gtest/gtest.h>
+#include <rapidcheck/gtest.h>
+
+#include <cmath>
+#include <string>
+
+namespace sonavo {
+namespace {
+
+using namespace Qt::StringLiterals;
+
+TEST(LevenshteinDistance, CountsEditsOfWhatAReaderSeesAsOneCharacter)
+{
+    const struct
+    {
+        QString a, b;
+        std::size_t distance;
+    } cases[] = {
+        {u""_s, u"abc"_s, 3},
+        {u"ab"_s, u"ba"_s, 2},
+        {u"kitten"_s, u"sitting"_s, 3},
+        {u"Cafe\u0301"_s, u"Caf\u00e9"_s, 0},
+        {u"Cafe\u0301"_s, u"Cafe"_s, 1},
+        {u"a\u0323\u0307"_s, u"a\u0307\u0323"_s, 0},
+        {u"\u1112\u1161\u11ab"_s, u"\ud55c"_s, 0},
+        {u"\ufb01"_s, u"fi"_s, 2},
+        {u"\r\n"_s, u""_s, 1},
+        {u"\U0001F1EB\U0001F1F7x"_s, u"x"_s, 1},
+    };
+    for (const auto &[a, b, distance] : cases)
+        EXPECT_EQ(levenshteinDistance(a, b), distance) << a.toStdString() << " / " << b.toStdString();
+}
+
+RC_GTEST_PROP(LevenshteinDistance, IsAMetricAndAgreesWithTheFullTable, ())
+{
+    const auto text =
+        rc::gen::resize(15, rc::gen::container<std::string>(rc::gen::element('a', 'b', '1', ' ')));
+    const std::string a = *text;
+    const std::string b = *text;
+    const std::string c = *text;
+    const QString wideA = QString::fromStdString(a);
+    const QString wideB = QString::fromStdString(b);
+    const std::size_t distance = levenshteinDistance(a, b);
+    RC_ASSERT(distance == static_cast<std::size_t>(direct::levenshteinDistance(wideA, wideB)));
+    RC_ASSERT(distance == levenshteinDistance(wideA, wideB));
+    RC_ASSERT(distance == levenshteinDistance(b, a));
+    RC_ASSERT(distance <= levenshteinDistance(a, c) + levenshteinDistance(c, b));
+}
+
+TEST(CalculateSimilarity, IsTheShareOfTheLongerTextThatStays)
+{
+    EXPECT_EQ(calculateSimilarity("abcdefghij", "abcdefghij"), 1.0);
+    EXPECT_EQ(calculateSimilarity("abcdefghij", "abcdefghi"), 0.9);
+    EXPECT_EQ(calculateSimilarity("abcdefg", "abcdefgxyz"), 0.7);
+    EXPECT_EQ(calculateSimilarity("", "vaibin"), 0.0);
+}
+
+TEST(SongsMatch, AllowsFiveSecondsButNotMore)
+{
+    const Song song = songOf(u"Queen"_s, u"Love"_s, 180.0);
+    for (const double duration : {175.0, 185.0})
+        EXPECT_TRUE(songsMatch(song, songOf(u"Queen"_s, u"Love"_s, duration))) << duration;
+    for (const double duration : {174.99, std::nextafter(185.0, 200.0)})
+        EXPECT_FALSE(songsMatch(song, songOf(u"Queen"_s, u"Love"_s, duration))) << duration;
+}
+
+TEST(SongsMatch, AsksForAlikeArtistsAndTitlesThatShareAWord)
+{
+    const struct
+    {
+        QString artistA, titleA, artistB, titleB;
+        bool isMatch;
+    } cases[] = {
+        {u"Queen"_s, u"LOVE"_s, u"queen"_s, u"Love (Live)"_s, true},
+        {u"Queen"_s, u"Love-Song"_s, u"Queen"_s, u"Love Song for a Winter Night"_s, false},
+        {u"Queen"_s, u"Love"_s, u"Queen"_s, u"Lovely"_s, false},
+        {u"Queen"_s, u"Run"_s, u"Queen"_s, u"Run"_s, true},
+        {u"Queen"_s, u"Go"_s, u"Queen"_s, u"Go"_s, false},
+        {u"Queen"_s, u""_s, u"Queen"_s, u""_s, false},
+        {u""_s, u""_s, u""_s, u""_s, false},
+        {u"Кино"_s, u"Песня"_s, u"Кино"_s, u"Песня"_s, false},
+        // Two, then three of the twenty characters of artist and title differ.
+        {u"Sonomirage"_s, u"Love Song"_s, u"Sonomirage"_s, u"Love Sunk"_s, true},
+        {u"Sonomirage"_s, u"Love Song"_s, u"Sonomirage"_s, u"Love Tank"_s, false},
+        // Three, then four of the ten letters of the artist differ.
+        {u"Sonomirage"_s, u"Love"_s, u"Sonomirxyz"_s, u"Love"_s, true},
+        {u"Sonomirage"_s, u"Love"_s, u"Sonomiwxyz"_s, u"Love"_s, false},
+        {u""_s, u"Love"_s, u""_s, u"Love"_s, true},
+        {u"Vaibin"_s, u"Love"_s, u""_s, u"Love"_s, false},
+        {u"Кино"_s, u"Love"_s, u"椎名林檎"_s, u"Love"_s, true},
+    };
+    for (const auto &[artistA, titleA, artistB, titleB, isMatch] : cases) {
+        EXPECT_EQ(songsMatch(songOf(artistA, titleA), songOf(artistB, titleB)), isMatch)
+            << (artistA + u": "_s + titleA + u" / "_s + artistB + u": "_s + titleB).toStdString();
+    }
+}
+
+TEST(SongsMatch, TakesAFileNameInsideTheOtherForATitleInsideTheOther)
+{
+    const struct
+    {
+        QString a, b;
+        bool isMatch;
+    } cases[] = {
+        {u"QUEEN.mp3"_s, u"01 queen.MP3"_s, true},
+        {u"queen_1.mp3"_s, u"queen 1.mp3"_s, false},
+        {u""_s, u"01 queen.mp3"_s, false},
+        {u""_s, u""_s, false},
+    };
+    for (const auto &[a, b, isMatch] : cases) {
+        EXPECT_EQ(songsMatch(songOf(u"Queen"_s, u"Love for a Night"_s, 180.0, a),
+                             songOf(u"Queen"_s, u"My Love"_s, 180.0, b)),
+                  isMatch)
+            << a.toStdString() << " / " << b.toStdString();
+    }
+}
+
+TEST(ArtistsCompatible, AsksForASharedWordOrAMissingArtist)
+{
+    const struct
+    {
+        QString a, b;
+        bool areCompatible;
+    } cases[] = {
+        {u"The Beatles"_s, u"Beatles"_s, true},
+        {u"Queen"_s, u"QUEEN & Tredigra"_s, true},
+        {u"U 2"_s, u"2 Cellos"_s, true},
+        {u"Sonomirage"_s, u"Sonomirago"_s, false},
+        {u"Vaibin"_s, u""_s, true},
+        {u""_s, u""_s, true},
+        {u"!!!"_s, u"Diokraiv"_s, false},
+        {u"!!!"_s, u"!!!"_s, false},
+        {u"Vaibin"_s, u" "_s, false},
+    };
+    for (const auto &[a, b, areCompatible] : cases) {
+        const Song songA = songOf(a, u"Love"_s);
+        const Song songB = songOf(b, u"Love"_s);
+        EXPECT_EQ(artistsCompatible(songA, artistWordsOf(songB), songB), areCompatible) << a.toStdString();
+        EXPECT_EQ(artistsCompatible(songB, artistWordsOf(songA), songA), areCompatible) << a.toStdString();
+    }
+}
+
+RC_GTEST_PROP(SongsMatch, AndArtistsCompatibleAgreeWithTheirConditionsEitherWayRound, ())
+{
+    const QList<Song> songs = *library(10);
+    for (const Song &a : songs) {
+        for (const Song &b : songs) {
+            RC_ASSERT(songsMatch(a, b) == direct::songsMatch(a, b));
+            RC_ASSERT(songsMatch(a, b) == songsMatch(b, a));
+            RC_ASSERT(artistsCompatible(a, artistWordsOf(b), b) == direct::artistsCompatible(a, b));
+        }
+    }
+}
+
+} // namespace
+} // namespace sonavo
