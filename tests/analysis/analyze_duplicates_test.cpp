@@ -26,7 +26,7 @@ using namespace Qt::StringLiterals;
 using Lines = std::vector<std::string>;
 
 /// Each pause lasts until its holder is resumed, and is written down when it is over.
-class HeldPauses : public Pauses
+class LoggedPauses : public Pauses
 {
 public:
     QCoro::Task<> wait(std::chrono::milliseconds length) override
@@ -69,7 +69,7 @@ struct Outcome
 Outcome analyze(const QList<Song> &songs)
 {
     Lines groups;
-    const auto pauses = std::make_shared<HeldPauses>();
+    const auto pauses = std::make_shared<LoggedPauses>();
     const auto report = [log = &pauses->log](const AnalysisProgress &progress) {
         const QString line = QString::number(progress.fraction) + u' ' + progress.message.value_or(u"-"_s);
         log->push_back(line.toStdString());
@@ -225,7 +225,7 @@ TEST(AnalyzeDuplicates, AgreesWithTheDirectAnalysisOfALargeLibrary)
     std::mt19937 random(20);
     const auto below = [&random](unsigned limit) { return static_cast<int>(random() % limit); };
     QList<Song> songs;
-    for (int i = 0; i < 6000; ++i) {
+    for (int i = 0; i < 9000; ++i) {
         const int recording = below(2500);
         const QString title = u"Song %1"_s.arg(recording) + (below(4) == 0 ? u" Live"_s : u""_s);
         const double duration = recording % 1250 + below(100) / 50.0;
