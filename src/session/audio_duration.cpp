@@ -292,13 +292,22 @@ const AVInputFormat *recognisedFormat(const RegularFile &file)
     return score >= LEAST_PROBE_SCORE && Demuxers::instance().contains(format) ? format : nullptr;
 }
 
+/// Whether an MPEG audio frame begins where the content does.
+bool beginsWithMpegFrame(const RegularFile &file)
+{
+    std::array<std::uint8_t, 2> start{};
+    return file.read(start, contentOffset(file)) == static_cast<ssize_t>(start.size()) && start[0] == 0xFF &&
+           (start[1] & 0xE0) == 0xE0;
+}
+
 /// The named format is tried without looking at the content first, which takes several times as long as
 /// reading a stored length: a length is only stored in a header that no other format has.
 std::optional<double> storedDurationInNamedFormat(const RegularFile &file, const QString &path,
                                                   const std::stop_token &stop)
 {
     const std::optional<AudioFormat> format = audioFormatOf(path);
-    if (!format)
+    // The MP3 demuxer goes through 64 KB byte by byte when there is no frame at the start.
+    if (!format || (format == AudioFormat::Mp3 && !beginsWithMpegFrame(file)))
         return std::nullopt;
     const Container container(file, Demuxers::instance().of(*format), stop);
     return container.hasAudio() ? container.storedDuration() : std::nullopt;

@@ -63,13 +63,10 @@ QCoro::Task<std::optional<QList<Song>>> readSongs(QStringList files, std::shared
 
         if (processed % FILES_PER_REPORT == 0)
             reportProgress(processed);
-        if (processed % FILES_PER_PAUSE == 0) {
-            if (stop.stop_requested())
-                co_return std::nullopt;
+        if (processed % FILES_PER_PAUSE == 0 && !stop.stop_requested())
             co_await pauses->wait(PAUSE);
-            if (stop.stop_requested())
-                co_return std::nullopt;
-        }
+        if (stop.stop_requested())
+            co_return std::nullopt;
     }
     co_return songs;
 }
