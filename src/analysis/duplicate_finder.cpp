@@ -1,35 +1,73 @@
 #include "analysis/duplicate_finder.h"
 
-#include "analysis/clustering.h"
-#include "analysis/normalization.h"
 #include "analysis/similarity.h"
+#include "analysis/text_pool.h"
 
-#include <QHash>
+#include <QHashFunctions>
 
 #include <algorithm>
 #include <numeric>
-#include <unordered_map>
 
 namespace sonavo {
 namespace {
 
 /// Puts positions that share a key into one bucket; buckets come in the order of their first member. Buckets
 /// of a single song are left out.
+/// @param keyOf gives an integer for each position
 template <typename KeyOf>
 std::vector<std::vector<std::size_t>> bucketsOf(const std::vector<std::size_t> &positions, KeyOf keyOf)
 {
-    using Key = decltype(keyOf(std::size_t{}));
-    std::unordered_map<Key, std::size_t> bucketNumbers;
+    NumberTable keyNumbers;
+    std::vector<std::size_t> firstPositions;
+    std::vector<std::uint32_t> bucketNumbers;
+    std::vector<std::uint32_t> sizes;
     bucketNumbers.reserve(positions.size());
-    std::vector<std::vector<std::size_t>> buckets;
     for (const std::size_t position : positions) {
-        const auto [entry, isNew] = bucketNumbers.try_emplace(keyOf(position), buckets.size());
-        if (isNew)
-            buckets.emplace_back();
-        buckets[entry->second].push_back(position);
+        const auto key = static_cast<quint64>(keyOf(position));
+        const std::uint32_t number = keyNumbers.numberOf(::qHash(key), [&](std::uint32_t other) {
+            return static_cast<quint64>(keyOf(firstPositions[other])) == key;
+        });
+        if (number == firstPositions.size()) {
+            firstPositions.push_back(position);
+            sizes.push_back(0);
+        }
+        ++sizes[number];
+        bucketNumbers.push_back(number);
     }
-    std::erase_if(buckets, [](const auto &bucket) { return bucket.size() < 2; });
+
+    // Most keys are those of a single song and need no bucket.
+    std::vector<std::vector<std::size_t>> buckets;
+    std::vector<std::size_t> places(sizes.size());
+    for (std::size_t number = 0; number < sizes.size(); ++number) {
+        if (sizes[number] < 2)
+            continue;
+        places[number] = buckets.size();
+        buckets.emplace_back().reserve(sizes[number]);
+    }
+    for (std::size_t i = 0; i < positions.size(); ++i) {
+        if (sizes[bucketNumbers[i]] >= 2)
+            buckets[places[bucketNumbers[i]]].push_back(positions[i]);
+    }
     return buckets;
+}
+
+/// Gives each song the number of its path.
+std::vector<std::uint32_t> pathNumbersOf(const QList<Song> &songs)
+{
+    NumberTable table;
+    QList<QStringView> paths;
+    std::vector<std::uint32_t> numbers;
+    paths.reserve(songs.size());
+    numbers.reserve(static_cast<std::size_t>(songs.size()));
+    for (const Song &song : songs) {
+        const QStringView path = song.path;
+        const std::uint32_t number =
+            table.numberOf(::qHash(path), [&](std::uint32_t other) { return paths[other] == path; });
+        if (number == paths.size())
+            paths.append(path);
+        numbers.push_back(number);
+    }
+    return numbers;
 }
 
 std::vector<std::size_t> allPositions(std::size_t count)
@@ -44,27 +82,18 @@ std::vector<std::size_t> allPositions(std::size_t count)
 DuplicateFinder::DuplicateFinder(QList<Song> songs, QList<Color> colors)
     : m_songs(std::move(songs))
     , m_colors(std::move(colors))
-    , m_comparable(m_songs.cbegin(), m_songs.cend())
+    , m_prepared(m_songs)
+    , m_clusterer(m_songs, m_prepared)
+    , m_pathNumbers(pathNumbersOf(m_songs))
+    , m_isPathPlaced(m_prepared.size(), false)
 {
     Q_ASSERT(!m_colors.isEmpty());
-    m_pathNumbers.reserve(m_comparable.size());
-    QHash<QStringView, std::size_t> numbers;
-    numbers.reserve(m_songs.size());
-    for (const Song &song : std::as_const(m_songs)) {
-        const auto next = static_cast<std::size_t>(numbers.size());
-        auto number = numbers.constFind(song.path);
-        if (number == numbers.constEnd())
-            number = numbers.insert(song.path, next);
-        m_pathNumbers.push_back(*number);
-    }
-    m_isPathPlaced.resize(static_cast<std::size_t>(numbers.size()), false);
 }
 
 void DuplicateFinder::groupByTitle()
 {
-    const auto buckets = bucketsOf(allPositions(m_comparable.size()), [this](std::size_t position) {
-        return std::string_view(m_comparable[position].normalizedTitle);
-    });
+    const auto buckets = bucketsOf(allPositions(m_prepared.size()),
+                                   [this](std::size_t position) { return m_prepared[position].titleNumber; });
     for (const Positions &bucket : buckets) {
         for (const Positions &cluster : clustersOf(bucket)) {
             if (!makeGroup(cluster, ArtistFilter::On))
@@ -75,8 +104,8 @@ void DuplicateFinder::groupByTitle()
 
 void DuplicateFinder::groupByFileName()
 {
-    auto buckets = bucketsOf(allPositions(m_comparable.size()),
-                             [this](std::size_t position) { return normalizeString(songAt(position).name); });
+    auto buckets = bucketsOf(allPositions(m_prepared.size()),
+                             [this](std::size_t position) { return m_prepared[position].nameNumber; });
     for (Positions &bucket : buckets) {
         std::erase_if(bucket, [this](std::size_t position) { return isPlaced(position); });
         groupBucket(bucket);
@@ -99,8 +128,8 @@ DuplicateFinder::Batches DuplicateFinder::groupNextBatchByArtistAndTitle()
     m_nextBatch = end;
 
     const auto buckets = bucketsOf(batch, [this](std::size_t position) {
-        const ComparableSong &song = m_comparable[position];
-        return song.normalizedArtist + '_' + song.normalizedTitle;
+        const PreparedSong &song = m_prepared[position];
+        return quint64{song.artistNumber} << 32 | song.titleNumber;
     });
     for (const Positions &bucket : buckets)
         groupBucket(bucket);
@@ -110,7 +139,7 @@ DuplicateFinder::Batches DuplicateFinder::groupNextBatchByArtistAndTitle()
 void DuplicateFinder::groupByWholeSeconds()
 {
     const auto buckets = bucketsOf(unplacedSongs(), [this](std::size_t position) {
-        return wholeSeconds(m_comparable[position].duration);
+        return wholeSeconds(m_prepared[position].duration);
     });
     for (const Positions &bucket : buckets)
         groupBucket(bucket);
@@ -133,16 +162,14 @@ bool DuplicateFinder::isPlaced(std::size_t position) const
 
 DuplicateFinder::Positions DuplicateFinder::unplacedSongs() const
 {
-    Positions positions = allPositions(m_comparable.size());
+    Positions positions = allPositions(m_prepared.size());
     std::erase_if(positions, [this](std::size_t position) { return isPlaced(position); });
     return positions;
 }
 
-std::vector<DuplicateFinder::Positions> DuplicateFinder::clustersOf(const Positions &bucket) const
+std::vector<DuplicateFinder::Positions> DuplicateFinder::clustersOf(const Positions &bucket)
 {
-    return clusterPositions(bucket, [this](std::size_t seed, std::size_t candidate) {
-        return songsMatch(m_comparable[seed], m_comparable[candidate]);
-    });
+    return m_clusterer.clustersOf(bucket);
 }
 
 void DuplicateFinder::groupBucket(const Positions &bucket)
@@ -161,12 +188,8 @@ bool DuplicateFinder::makeGroup(const Positions &cluster, ArtistFilter filter)
 
     Positions duplicates = cluster;
     std::erase(duplicates, best);
-    if (filter == ArtistFilter::On) {
-        const WordSet originalArtistWords = artistWordsOf(original);
-        std::erase_if(duplicates, [&](std::size_t position) {
-            return !artistsCompatible(songAt(position), originalArtistWords, original);
-        });
-    }
+    if (filter == ArtistFilter::On)
+        keepCompatible(duplicates, best);
     if (duplicates.empty())
         return false;
 
@@ -178,6 +201,22 @@ bool DuplicateFinder::makeGroup(const Positions &cluster, ArtistFilter filter)
     }
     m_groups.append(std::move(group));
     return true;
+}
+
+void DuplicateFinder::keepCompatible(Positions &duplicates, std::size_t original) const
+{
+    const std::uint32_t originalArtist = m_prepared[original].artistNumber;
+    const bool hasArtistWords = !m_prepared.artist(m_prepared[original]).empty();
+    const auto isOfSameArtist = [&](std::size_t position) {
+        return hasArtistWords && m_prepared[position].artistNumber == originalArtist;
+    };
+    if (std::all_of(duplicates.begin(), duplicates.end(), isOfSameArtist))
+        return;
+    const WordSet originalArtistWords = artistWordsOf(songAt(original));
+    std::erase_if(duplicates, [&](std::size_t position) {
+        return !isOfSameArtist(position) &&
+               !artistsCompatible(songAt(position), originalArtistWords, songAt(original));
+    });
 }
 
 } // namespace sonavo

@@ -1,6 +1,7 @@
 #pragma once
 
-#include "analysis/comparable_song.h"
+#include "analysis/bucket_clusterer.h"
+#include "analysis/prepared_songs.h"
 #include "model/color.h"
 #include "model/duplicate_group.h"
 #include "model/song.h"
@@ -8,6 +9,7 @@
 #include <QList>
 
 #include <cstddef>
+#include <cstdint>
 #include <vector>
 
 namespace sonavo {
@@ -30,6 +32,8 @@ public:
     };
 
     DuplicateFinder(QList<Song> songs, QList<Color> colors);
+    virtual ~DuplicateFinder() = default;
+    Q_DISABLE_COPY_MOVE(DuplicateFinder)
 
     /// Step 1: songs of the same title whose artists are compatible. The first cluster of a bucket that is
     /// left without duplicates ends its bucket.
@@ -48,9 +52,14 @@ public:
 
     [[nodiscard]] QList<DuplicateGroup> takeGroups();
 
-private:
+protected:
     /// Positions in the list of songs, ascending.
-    using Positions = std::vector<std::size_t>;
+    using Positions = BucketClusterer::Positions;
+
+    /// The clusters of one bucket. Benchmarks put the plain clustering in its place.
+    [[nodiscard]] virtual std::vector<Positions> clustersOf(const Positions &bucket);
+
+private:
     enum class ArtistFilter
     {
         Off,
@@ -60,16 +69,17 @@ private:
     [[nodiscard]] const Song &songAt(std::size_t position) const;
     [[nodiscard]] bool isPlaced(std::size_t position) const;
     [[nodiscard]] Positions unplacedSongs() const;
-    [[nodiscard]] std::vector<Positions> clustersOf(const Positions &bucket) const;
     void groupBucket(const Positions &bucket);
     /// @return whether the artist filter left a group to make
     bool makeGroup(const Positions &cluster, ArtistFilter filter);
+    void keepCompatible(Positions &duplicates, std::size_t original) const;
 
-    QList<Song> m_songs;
-    QList<Color> m_colors;
-    std::vector<ComparableSong> m_comparable;
+    const QList<Song> m_songs;
+    const QList<Color> m_colors;
+    const PreparedSongs m_prepared;
+    BucketClusterer m_clusterer;
     /// For each song the number of its path, and for each of these numbers whether it is placed.
-    std::vector<std::size_t> m_pathNumbers;
+    std::vector<std::uint32_t> m_pathNumbers;
     std::vector<bool> m_isPathPlaced;
     Positions m_waitingForBatches;
     std::size_t m_nextBatch = 0;

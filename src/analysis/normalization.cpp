@@ -1,6 +1,6 @@
 #include "analysis/normalization.h"
 
-#include <QString>
+#include <algorithm>
 
 namespace sonavo {
 namespace {
@@ -17,16 +17,25 @@ constexpr bool isKept(char16_t c)
 
 } // namespace
 
-std::string normalizeString(QStringView text)
+void lowerInto(QString &result, const QString &text)
 {
-    // Lower-casing comes first because it can turn a character into several, or into ASCII: U+0130 becomes
-    // "i" and a combining dot, the Kelvin sign U+212A becomes "k".
-    const QString lowered = text.toString().toLower();
+    const bool isAscii = std::all_of(text.cbegin(), text.cend(), [](QChar c) { return c.unicode() < 0x80; });
+    if (!isAscii) {
+        result = text.toLower();
+        return;
+    }
+    result.resize(text.size());
+    std::transform(text.cbegin(), text.cend(), result.begin(), [](QChar character) {
+        const char16_t unit = character.unicode();
+        return QChar(unit >= u'A' && unit <= u'Z' ? static_cast<char16_t>(unit + (u'a' - u'A')) : unit);
+    });
+}
 
-    std::string result;
-    result.reserve(static_cast<std::size_t>(lowered.size()));
+void normalizeLoweredInto(std::string &result, QStringView loweredText)
+{
+    result.clear();
     bool isSeparated = false;
-    for (const QChar character : lowered) {
+    for (const QChar character : loweredText) {
         const char16_t unit = character.unicode();
         if (isBracket(unit))
             continue;
@@ -39,20 +48,23 @@ std::string normalizeString(QStringView text)
         isSeparated = false;
         result += static_cast<char>(unit);
     }
+}
+
+std::string normalizeString(QStringView text)
+{
+    // Lower-casing comes first because it can turn a character into several, or into ASCII: U+0130 becomes
+    // "i" and a combining dot, the Kelvin sign U+212A becomes "k".
+    QString lowered;
+    lowerInto(lowered, text.toString());
+    std::string result;
+    normalizeLoweredInto(result, lowered);
     return result;
 }
 
 std::vector<std::string_view> wordsOf(std::string_view normalized)
 {
     std::vector<std::string_view> words;
-    while (!normalized.empty()) {
-        const std::size_t end = normalized.find(' ');
-        if (end != 0)
-            words.push_back(normalized.substr(0, end));
-        if (end == std::string_view::npos)
-            break;
-        normalized.remove_prefix(end + 1);
-    }
+    forEachWord(normalized, [&words](std::string_view word) { words.push_back(word); });
     return words;
 }
 

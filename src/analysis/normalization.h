@@ -1,7 +1,9 @@
 #pragma once
 
+#include <QString>
 #include <QStringView>
 
+#include <algorithm>
 #include <string>
 #include <string_view>
 #include <vector>
@@ -16,7 +18,25 @@ namespace sonavo {
 /// other scripts count as separators. Pure; any thread may call it.
 [[nodiscard]] std::string normalizeString(QStringView text);
 
-/// The words of a normalised text: its pieces between blanks, in order, never empty.
+/// The two halves of normalizeString(), for many texts in a row: they reuse the memory of `result`, which
+/// they overwrite. Lower-casing has no look at neighbouring characters, so a text can be lower-cased in
+/// pieces.
+void lowerInto(QString &result, const QString &text);
+void normalizeLoweredInto(std::string &result, QStringView loweredText);
+
+/// Calls `visit` with each word of a normalised text, in order: its pieces between blanks, never empty.
+template <typename Visit>
+void forEachWord(std::string_view normalized, Visit visit)
+{
+    while (!normalized.empty()) {
+        const std::size_t end = std::min(normalized.find(' '), normalized.size());
+        if (end > 0)
+            visit(normalized.substr(0, end));
+        normalized.remove_prefix(std::min(end + 1, normalized.size()));
+    }
+}
+
+/// The same words as a list.
 /// @return views into `normalized`, which must outlive them
 [[nodiscard]] std::vector<std::string_view> wordsOf(std::string_view normalized);
 
