@@ -1,6 +1,6 @@
 # shellcheck shell=bash
-# Sourced by run.sh and test.sh: installs what is missing and builds. Everything is printed on standard error,
-# so that standard output belongs to the program.
+# Sourced by the scripts in the root: installs what is missing and builds. What is printed here goes to standard
+# error: standard output belongs to the program that is started.
 
 BUILD_PACKAGES=(
     g++ cmake ninja-build pkg-config
@@ -34,9 +34,11 @@ install_packages() {
         as_root=(sudo)
     fi
     echo "Installing ${missing[*]}" >&2
-    "${as_root[@]}" apt-get update >&2
+    # A source that cannot be reached need not be the one that is needed.
+    "${as_root[@]}" apt-get update >&2 || true
+    # A desktop may be installing its own updates just now.
     "${as_root[@]}" env DEBIAN_FRONTEND=noninteractive \
-        apt-get install --yes --no-install-recommends "${missing[@]}" >&2
+        apt-get --option DPkg::Lock::Timeout=300 install --yes --no-install-recommends "${missing[@]}" >&2
 }
 
 # quietly LOG COMMAND... shows what a command prints only when it fails.

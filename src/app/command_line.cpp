@@ -7,6 +7,7 @@
 #include <QFileInfo>
 #include <QStringDecoder>
 
+#include <algorithm>
 #include <filesystem>
 #include <optional>
 
@@ -14,6 +15,21 @@ namespace sonavo {
 namespace {
 
 namespace fs = std::filesystem;
+
+QString helpText()
+{
+    return QStringLiteral("Usage: sonavo --report [--json] PATH...\n"
+                          "\n"
+                          "Finds the songs that a music folder holds more than once. Changes nothing.\n"
+                          "\n"
+                          "  --report       print the duplicate songs among the files and folders PATH...\n"
+                          "  --json         print them as JSON\n"
+                          "  -h, --help     print this text\n"
+                          "  -v, --version  print the version\n"
+                          "\n"
+                          "Exit status: 0 when a report was printed, 1 when there was nothing to report,\n"
+                          "2 for unusable arguments, 130 after Ctrl-C.\n");
+}
 
 std::optional<QString> decoded(const char *argument)
 {
@@ -28,19 +44,18 @@ bool exists(const QString &path)
     return info.exists() || info.isSymLink();
 }
 
-/// The absolute form of a path, without "." and ".."; a link in its last place stays a link.
+/// The absolute form of a path, without "." and "..". Links stay as they are named, except before a "..":
+/// only the file system knows where that leads.
 QUrl fileUrlOf(const QString &path)
 {
     std::error_code error;
-    fs::path absolute = fs::absolute(QFile::encodeName(path).toStdString(), error);
-    if (!absolute.has_filename())
-        absolute = absolute.parent_path();
-    // Only the file system knows where ".." leads when there are links on the way.
-    if (absolute.filename() == "..")
-        absolute = fs::canonical(absolute, error);
-    else if (const fs::path folder = fs::canonical(absolute.parent_path(), error);
-             !error && folder != absolute)
-        absolute = absolute.filename() == "." ? folder : folder / absolute.filename();
+    fs::path absolute = "/";
+    for (const fs::path &part : fs::absolute(QFile::encodeName(path).toStdString(), error)) {
+        if (part == "..")
+            absolute = fs::canonical(absolute, error).parent_path();
+        else if (!part.empty() && part != "." && part != "/")
+            absolute /= part;
+    }
     return QUrl::fromLocalFile(QFile::decodeName(absolute.c_str()));
 }
 
@@ -49,8 +64,9 @@ QUrl fileUrlOf(const QString &path)
 CommandLine parseCommandLine(std::span<char *const> arguments)
 {
     CommandLine commandLine;
-    QStringList texts;
-    for (const char *argument : arguments) {
+    // The parser passes over the first text, the program's name.
+    QStringList texts{QStringLiteral("sonavo")};
+    for (const char *argument : arguments.subspan(std::min<std::size_t>(1, arguments.size()))) {
         if (const std::optional<QString> text = decoded(argument)) {
             texts.append(*text);
         } else {
@@ -60,31 +76,24 @@ CommandLine parseCommandLine(std::span<char *const> arguments)
     }
 
     QCommandLineParser parser;
-    parser.setApplicationDescription(
-        QStringLiteral("Finds the songs that a music folder holds more than once.\n\n"
-                       "Exit status: 0 when a report was printed, 1 when nothing could be scanned,\n"
-                       "2 for unusable arguments, 130 after Ctrl-C."));
-    const QCommandLineOption help = parser.addHelpOption();
-    const QCommandLineOption version = parser.addVersionOption();
-    const QCommandLineOption report(QStringLiteral("report"),
-                                    QStringLiteral("Print the duplicate songs in PATHs on the terminal."));
-    const QCommandLineOption json(QStringLiteral("json"), QStringLiteral("Print the report as JSON."));
-    parser.addOptions({report, json});
-    parser.addPositionalArgument(QStringLiteral("PATH"), QStringLiteral("Audio files and folders."),
-                                 QStringLiteral("PATH..."));
+    const QCommandLineOption help(QStringList{QStringLiteral("h"), QStringLiteral("help")});
+    const QCommandLineOption version(QStringList{QStringLiteral("v"), QStringLiteral("version")});
+    const QCommandLineOption report(QStringLiteral("report"));
+    const QCommandLineOption json(QStringLiteral("json"));
+    parser.addOptions({help, version, report, json});
 
     const auto unusable = [&commandLine](const QString &reason) {
         commandLine.request = UnusableArguments{reason};
         return commandLine;
     };
     if (!parser.parse(texts))
-        return unusable(parser.errorText());
+        return unusable(escapedForTerminal(parser.errorText()));
     if (parser.isSet(help)) {
-        commandLine.request = HelpRequest{parser.helpText()};
+        commandLine.request = HelpRequest{helpText()};
         return commandLine;
     }
     if (parser.isSet(version)) {
-        commandLine.request = HelpRequest{QStringLiteral("Sonavo " SONAVO_VERSION "\n")};
+        commandLine.request = HelpRequest{QStringLiteral("sonavo " SONAVO_VERSION "\n")};
         return commandLine;
     }
     if (!parser.isSet(report))

@@ -15,9 +15,11 @@ qsizetype terminalColumns()
     return ::ioctl(STDERR_FILENO, TIOCGWINSZ, &size) == 0 && size.ws_col > 0 ? size.ws_col : DEFAULT_COLUMNS;
 }
 
-void write(const QString &text)
+void replaceLine(const QString &text)
 {
-    std::fputs(text.toUtf8().constData(), stderr);
+    std::fputs((QByteArray(ERASE_LINE.data(), static_cast<qsizetype>(ERASE_LINE.size())) + text.toUtf8())
+                   .constData(),
+               stderr);
     std::fflush(stderr);
 }
 
@@ -43,7 +45,7 @@ void ProgressLine::show(const QString &message, double fraction)
                              .left(terminalColumns() - 1);
     if (line == m_shown)
         return;
-    write(QStringLiteral("\r\033[K") + line);
+    replaceLine(line);
     m_shown = line;
 }
 
@@ -51,7 +53,7 @@ void ProgressLine::clear()
 {
     if (m_shown.isEmpty())
         return;
-    write(QStringLiteral("\r\033[K"));
+    replaceLine({});
     m_shown.clear();
 }
 

@@ -2,7 +2,12 @@
 
 #include <QString>
 
+#include <string_view>
+
 namespace sonavo {
+
+/// What makes a terminal forget the line that the cursor is in.
+inline constexpr std::string_view ERASE_LINE = "\r\033[K";
 
 /// One line on the terminal behind standard error that is written over and over. Does nothing where standard
 /// error is not a terminal.

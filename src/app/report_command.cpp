@@ -1,7 +1,7 @@
 #include "app/report_command.h"
 
 #include "app/headless_desktop.h"
-#include "app/interrupt_signal.h"
+#include "app/interrupt.h"
 #include "app/palette.h"
 #include "app/progress_line.h"
 #include "app/report.h"
@@ -11,10 +11,10 @@
 
 #include <QEventLoop>
 #include <QFile>
+#include <QObject>
 #include <QSettings>
 
 #include <cstdio>
-#include <optional>
 
 namespace sonavo {
 namespace {
@@ -46,37 +46,30 @@ ExitStatus runReport(const ReportRequest &request)
     DuplicateViewModel session(desktop, std::make_shared<EventLoopPauses>(),
                                groupColors(themeManager.currentTheme()));
 
-    bool isInterrupted = false;
+    endAtOnceOnInterrupt();
     {
         ProgressLine progressLine;
+        QObject shown;
         const auto showProgress = [&] { progressLine.show(session.scanMessage(), session.progress()); };
-        QObject::connect(&session, &DuplicateViewModel::progressChanged, &session, showProgress);
-        QObject::connect(&session, &DuplicateViewModel::scanMessageChanged, &session, showProgress);
+        QObject::connect(&session, &DuplicateViewModel::progressChanged, &shown, showProgress);
+        QObject::connect(&session, &DuplicateViewModel::scanMessageChanged, &shown, showProgress);
 
         QEventLoop loop;
-        const InterruptSignal interrupt;
-        QObject::connect(&interrupt, &InterruptSignal::interrupted, &loop, [&] {
-            isInterrupted = true;
-            session.clearAll();
-        });
         // Queued, because the scan publishes more after it is no longer scanning.
         QObject::connect(&session, &DuplicateViewModel::isScanningChanged, &loop, &QEventLoop::quit,
                          Qt::QueuedConnection);
         session.startScan(request.items);
         while (session.isScanning())
             loop.exec();
-        QObject::disconnect(&session, nullptr, &session, nullptr);
     }
 
-    if (isInterrupted)
-        return ExitStatus::Interrupted;
     if (session.showAlert()) {
         complain(session.alertMessage());
-        return ExitStatus::NothingScanned;
+        return ExitStatus::NothingReported;
     }
     if (!printReport(session, request.format)) {
         complain(QStringLiteral("the report could not be written"));
-        return ExitStatus::NothingScanned;
+        return ExitStatus::NothingReported;
     }
     return ExitStatus::Success;
 }

@@ -1,6 +1,7 @@
 #pragma once
 
 #include <QMetaType>
+#include <QObject>
 #include <QStringView>
 
 namespace sonavo {
@@ -8,6 +9,13 @@ namespace sonavo {
 /// An sRGB colour; every component lies between 0.0 and 1.0.
 struct Color
 {
+    Q_GADGET
+    Q_PROPERTY(double red MEMBER red CONSTANT)
+    Q_PROPERTY(double green MEMBER green CONSTANT)
+    Q_PROPERTY(double blue MEMBER blue CONSTANT)
+    Q_PROPERTY(double alpha MEMBER alpha CONSTANT)
+
+public:
     double red = 0.0;
     double green = 0.0;
     double blue = 0.0;

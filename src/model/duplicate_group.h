@@ -16,6 +16,7 @@ struct DuplicateGroup
     Q_PROPERTY(QUuid id MEMBER id CONSTANT)
     Q_PROPERTY(sonavo::Song original MEMBER original CONSTANT)
     Q_PROPERTY(QList<sonavo::Song> duplicates MEMBER duplicates CONSTANT)
+    Q_PROPERTY(sonavo::Color color MEMBER color CONSTANT)
 
 public:
     /// Identity of the group, fresh for each group that an analysis makes.

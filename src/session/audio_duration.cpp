@@ -1,6 +1,7 @@
 #include "session/audio_duration.h"
 
 #include "session/audio_formats.h"
+#include "session/saturating.h"
 
 #include <QFile>
 
@@ -18,7 +19,6 @@ extern "C" {
 #include <algorithm>
 #include <array>
 #include <cerrno>
-#include <cmath>
 #include <cstring>
 #include <memory>
 #include <span>
@@ -27,10 +27,13 @@ extern "C" {
 namespace sonavo {
 namespace {
 
+/// Seconds: about thirty years. What claims to be longer has no known duration.
+constexpr double LONGEST_DURATION = 1e9;
 constexpr int BUFFER_SIZE = 32 * 1024;
 /// Bytes of content, tags aside, by which a file is recognised: some 35 MPEG frames of the largest size.
 constexpr std::size_t PROBE_SIZE = 64 * 1024;
-/// The library's probes give 1 for a name or a single frame that looks right, as random bytes can.
+/// The library's probes give 1 for a name or a few frames that look right, as random bytes can: MP3 and AAC
+/// files of less than a tenth of a second without a header are not told from these.
 constexpr int LEAST_PROBE_SCORE = 2;
 
 /// The demuxers of the five formats: the only ones that are ever used.
@@ -51,7 +54,13 @@ public:
     }
 
 private:
-    Demuxers() { av_log_set_level(AV_LOG_QUIET); }
+    Demuxers()
+    {
+        // A few bytes can claim an index of gigabytes; that of a day of music takes some 90 MB.
+        constexpr std::size_t LARGEST_ALLOCATION = 256 << 20;
+        av_log_set_level(AV_LOG_QUIET);
+        av_max_alloc(LARGEST_ALLOCATION);
+    }
 
     // In the order of AudioFormat.
     std::array<const AVInputFormat *, 5> m_formats{
@@ -111,9 +120,7 @@ public:
     Container(const RegularFile &file, const AVInputFormat *format, std::stop_token stop)
         : m_file(file)
         , m_stop(std::move(stop))
-        , m_isRaw(format == Demuxers::instance().of(AudioFormat::Mp3) ||
-                  format == Demuxers::instance().of(AudioFormat::Aac))
-        , m_hasEditLists(format == Demuxers::instance().of(AudioFormat::M4a))
+        , m_format(format)
     {
         auto *buffer = static_cast<unsigned char *>(av_malloc(BUFFER_SIZE));
         m_io.reset(avio_alloc_context(buffer, BUFFER_SIZE, 0, this, &readPacket, nullptr, &seek));
@@ -141,18 +148,21 @@ public:
     {
         if (m_audio->duration == AV_NOPTS_VALUE || m_audio->duration <= 0)
             return std::nullopt;
-        // An edit list can delay the sound; the silence before it is part of the playing time.
-        const bool isDelayed =
-            m_hasEditLists && m_audio->start_time != AV_NOPTS_VALUE && m_audio->start_time > 0;
-        return seconds(m_audio->duration + (isDelayed ? m_audio->start_time : 0));
+        std::int64_t ticks = m_audio->duration;
+        const bool hasStart = m_audio->start_time != AV_NOPTS_VALUE && m_audio->start_time > 0;
+        // The silence that an edit list puts before the sound is played; the delay of an MP3 encoder is not.
+        if (hasStart && isOf(AudioFormat::M4a))
+            ticks = saturatingSum(ticks, m_audio->start_time);
+        else if (hasStart && isOf(AudioFormat::Mp3))
+            ticks = std::max<std::int64_t>(ticks - m_audio->start_time, 0);
+        return seconds(ticks);
     }
 
     /// Seconds by adding up the lengths of all packets.
     std::optional<double> countedDuration()
     {
         // The demuxer of raw AAC leaves the sample rate to the decoder.
-        if (m_audio->codecpar->codec_id == AV_CODEC_ID_AAC && m_isRaw &&
-            avformat_find_stream_info(m_context.get(), nullptr) < 0)
+        if (isOf(AudioFormat::Aac) && avformat_find_stream_info(m_context.get(), nullptr) < 0)
             return std::nullopt;
 
         const std::unique_ptr<AVPacket, PacketDeleter> packet(av_packet_alloc());
@@ -160,13 +170,14 @@ public:
         bool isEmpty = true;
         while (av_read_frame(m_context.get(), packet.get()) >= 0) {
             if (packet->stream_index == m_audio->index) {
-                ticks += std::max<std::int64_t>(packet->duration, 0);
+                ticks = saturatingSum(ticks, std::max<std::int64_t>(packet->duration, 0));
                 isEmpty = false;
             }
             av_packet_unref(packet.get());
         }
         // Without a header only its frames make a file an audio file.
-        if (m_hasReadError || (isEmpty && m_isRaw))
+        const bool hasNoHeader = isOf(AudioFormat::Mp3) || isOf(AudioFormat::Aac);
+        if (m_hasReadError || (isEmpty && hasNoHeader))
             return std::nullopt;
         return seconds(ticks);
     }
@@ -241,6 +252,8 @@ private:
         return AVERROR(EACCES);
     }
 
+    bool isOf(AudioFormat format) const { return m_format == Demuxers::instance().of(format); }
+
     double seconds(std::int64_t ticks) const
     {
         // One rounding only: whole seconds, by which songs are compared, come out whole.
@@ -250,8 +263,7 @@ private:
 
     const RegularFile &m_file;
     const std::stop_token m_stop;
-    const bool m_isRaw;
-    const bool m_hasEditLists;
+    const AVInputFormat *const m_format;
     std::int64_t m_offset = 0;
     bool m_hasReadError = false;
     std::unique_ptr<AVIOContext, IoDeleter> m_io;
@@ -337,7 +349,8 @@ std::optional<double> readAudioDuration(const QString &path, const std::stop_tok
         duration = durationInRecognisedFormat(file, stop);
     if (!duration || stop.stop_requested())
         return std::nullopt;
-    return std::isfinite(*duration) ? *duration : 0.0;
+    // Hostile headers can claim more seconds than a song can have.
+    return *duration < LONGEST_DURATION ? *duration : 0.0;
 }
 
 } // namespace sonavo

@@ -17,6 +17,15 @@ using namespace std::chrono_literals;
 
 namespace {
 
+/// Takes steps in order as long as the condition holds before each of them. A step that changes a property
+/// can lead to a listener that clears the session or starts another scan, which must have the last word.
+/// @return whether all were taken and the condition still holds
+template <typename Condition, typename... Steps>
+bool takeSteps(const Condition &mayGoOn, const Steps &...steps)
+{
+    return ((mayGoOn() && (steps(), true)) && ...) && mayGoOn();
+}
+
 QString droppedItemsRefusal()
 {
     return QStringLiteral("Cannot import more than %1 songs in a single session.\n\n"
@@ -102,13 +111,15 @@ void DuplicateViewModel::startScan(QList<QUrl> urls)
     if (urls.isEmpty())
         return;
     cancelCurrentAnalysisTask();
-    set(m_pendingImportURLs, {}, &DuplicateViewModel::pendingImportURLsChanged);
-    setIsScanning(true);
-    setProgress(0.0);
-    setScanMessage(QStringLiteral("Starting scan..."));
-
     const std::stop_source task;
     m_currentAnalysisTask = task;
+    const bool isCurrent =
+        takeSteps([&task] { return !task.stop_requested(); },
+                  [&] { set(m_pendingImportURLs, {}, &DuplicateViewModel::pendingImportURLsChanged); },
+                  [&] { setIsScanning(true); }, [&] { setProgress(0.0); },
+                  [&] { setScanMessage(QStringLiteral("Starting scan...")); });
+    if (!isCurrent)
+        return;
     QMetaObject::invokeMethod(
         this, [this, items = std::move(urls), stop = task.get_token()] { scan(this, items, stop); },
         Qt::QueuedConnection);
@@ -119,11 +130,7 @@ QCoro::Task<> DuplicateViewModel::scan(QPointer<DuplicateViewModel> self, QList<
 {
     const std::shared_ptr<Pauses> pauses = self->m_pauses;
     const auto isCurrent = [&self, &stop] { return self && !stop.stop_requested(); };
-    // Each step can lead to a listener that clears the session or starts another scan, so the mark is checked
-    // before every one. Tells whether the scan may go on.
-    const auto publish = [&isCurrent](auto &&...steps) {
-        return ((isCurrent() && (steps(), true)) && ...) && isCurrent();
-    };
+    const auto publish = [&isCurrent](auto &&...steps) { return takeSteps(isCurrent, steps...); };
     const auto publishMessage = [&](const QString &message) {
         return publish([&] { self->setScanMessage(message); });
     };
@@ -209,20 +216,17 @@ void DuplicateViewModel::stopPlayback()
 void DuplicateViewModel::clearAll()
 {
     cancelCurrentAnalysisTask();
-    stopPlayback();
-    setSongs({});
-    setDuplicateGroups({});
-    setProgress(0.0);
-    setProcessedFiles(0);
-    setTotalFiles(0);
-    setScanMessage({});
-    setShowAlert(false);
-    setAlertMessage({});
-    set(m_pendingImportURLs, {}, &DuplicateViewModel::pendingImportURLsChanged);
-    set(m_showLimitWarning, false, &DuplicateViewModel::showLimitWarningChanged);
-    setIsScanning(false);
+    const bool isCleared =
+        takeSteps([this] { return !m_currentAnalysisTask; }, [&] { stopPlayback(); }, [&] { setSongs({}); },
+                  [&] { setDuplicateGroups({}); }, [&] { setProgress(0.0); }, [&] { setProcessedFiles(0); },
+                  [&] { setTotalFiles(0); }, [&] { setScanMessage({}); }, [&] { setShowAlert(false); },
+                  [&] { setAlertMessage({}); },
+                  [&] { set(m_pendingImportURLs, {}, &DuplicateViewModel::pendingImportURLsChanged); },
+                  [&] { set(m_showLimitWarning, false, &DuplicateViewModel::showLimitWarningChanged); },
+                  [&] { setIsScanning(false); });
     // Once more when the reset has settled, for observers that looked at it halfway.
-    QMetaObject::invokeMethod(this, &DuplicateViewModel::announceEverything, Qt::QueuedConnection);
+    if (isCleared)
+        QMetaObject::invokeMethod(this, &DuplicateViewModel::announceEverything, Qt::QueuedConnection);
 }
 
 void DuplicateViewModel::announceEverything()

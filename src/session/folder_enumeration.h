@@ -27,8 +27,8 @@ struct FolderEnumeration
 /// entries of each folder in byte order of their names, until it returns false.
 ///
 /// Left out are hidden entries (a leading dot) and names that are not valid UTF-8. Links are visited but
-/// never followed, except when the given folder itself is one. What cannot be read, or vanishes meanwhile,
-/// contributes nothing. Any thread may call it.
+/// never followed, except when the given folder itself is one. What cannot be read, vanishes meanwhile, or
+/// lies deeper than a path can say (PATH_MAX, 4096 bytes) contributes nothing. Any thread may call it.
 void enumerateFolder(const QString &folder, const FolderEnumeration &options,
                      const std::function<bool(const QString &path)> &visit);
 

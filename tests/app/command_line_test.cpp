@@ -29,6 +29,7 @@ protected:
         ASSERT_TRUE(root.mkpath(QStringLiteral("music/rock")));
         ASSERT_TRUE(QFile(path("music/a.mp3")).open(QIODevice::WriteOnly));
         ASSERT_TRUE(QFile::link(path("music/rock"), path("link")));
+        ASSERT_TRUE(QFile::link(path("music"), path("folder")));
         ASSERT_TRUE(QFile::link(path("nowhere"), path("broken.mp3")));
     }
 
@@ -37,7 +38,7 @@ protected:
         return QDir(QFileInfo(m_folder.path()).canonicalFilePath()).filePath(QLatin1String(relative));
     }
 
-    QTemporaryDir m_folder;
+    QTemporaryDir m_folder{QDir::tempPath() + QStringLiteral("/ %41#?\n-XXXXXX")};
 };
 
 TEST_F(CommandLineTest, MakesPathsAbsoluteAndKeepsLinks)
@@ -49,6 +50,7 @@ TEST_F(CommandLineTest, MakesPathsAbsoluteAndKeepsLinks)
         // Behind the link the folder above is "music".
         {path("link/../a.mp3"), path("music/a.mp3")},
         {path("link"), path("link")},
+        {path("folder/a.mp3"), path("folder/a.mp3")},
         {path("music/rock/.."), path("music")},
         {path("broken.mp3"), path("broken.mp3")},
         {QStringLiteral("/"), QStringLiteral("/")},

@@ -143,7 +143,7 @@ TEST_F(ProgramTest, TellsApartSuccessNothingFoundAndUnusableArguments)
     EXPECT_EQ(run({QStringLiteral("--help")}), 0);
     EXPECT_THAT(output(), HasSubstr("--report"));
     EXPECT_EQ(run({QStringLiteral("--version")}), 0);
-    EXPECT_THAT(output(), StartsWith("Sonavo "));
+    EXPECT_THAT(output(), StartsWith("sonavo "));
 }
 
 TEST_F(ProgramTest, SaysWhenTheReportCannotBeWritten)

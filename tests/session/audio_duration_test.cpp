@@ -87,13 +87,25 @@ QByteArray withSoundIn(const QByteArray &path, QByteArray m4a)
     return m4a;
 }
 
-TEST(ReadAudioDuration, CountsTheFramesOfMpegAudioWithAndWithoutHeader)
+TEST(ReadAudioDuration, TakesTheLengthFromTheHeaderOfAnMp3WithoutTheEncodersDelay)
+{
+    const QTemporaryDir folder;
+    const QString path = folder.filePath(u"x.mp3"_s);
+    for (const QString &options :
+         {u"-b:a 128k"_s, u"-q:a 4"_s, u"-q:a 6 -ar 22050"_s, u"-q:a 4 -ar 48000 -ac 2"_s}) {
+        SCOPED_TRACE(options.toStdString());
+        for (const double length : {1.1, 1.6, SECONDS}) {
+            writeAudio(path, length, options);
+            expectDuration(path, length);
+        }
+    }
+}
+
+TEST(ReadAudioDuration, CountsTheFramesOfMpegAudioWithoutHeader)
 {
     const QTemporaryDir folder;
     const Encoding cases[] = {
-        {u"mp3"_s, u"-b:a 128k"_s},
         {u"mp3"_s, u"-b:a 128k -write_xing 0"_s},
-        {u"mp3"_s, u"-q:a 4"_s},
         {u"mp3"_s, u"-q:a 4 -write_xing 0"_s},
         {u"mp3"_s, u"-q:a 4 -write_xing 0 -id3v2_version 0 -write_id3v1 1 -metadata title=Noise"_s},
         {u"mp3"_s, u"-q:a 6 -ar 22050 -write_xing 0"_s},
@@ -163,6 +175,20 @@ TEST(ReadAudioDuration, IsTheLengthOfThePresentationWhereAnEditListCutsOrDelays)
 
     writeFile(path, audioContent(u"m4a"_s, SECONDS, u"-c:a aac -output_ts_offset 2.5"_s));
     expectDuration(path, SECONDS + 2.5);
+}
+
+TEST(ReadAudioDuration, DoesNotBelieveInSongsLongerThanALife)
+{
+    const QTemporaryDir folder;
+    const QString path = folder.filePath(u"x.wav"_s);
+    // One sample a second and all the samples that 64 bits can count, of MPEG audio, which has no size to
+    // compare.
+    const QByteArray counts = QByteArray(16, '\0') + QByteArray(7, '\xFF') + '\x7F' + QByteArray(4, '\0');
+    const QByteArray format("\x55\0\1\0\1\0\0\0\xE8\3\0\0\1\0\0\0\0\0", 18);
+    const QByteArray frame = QByteArray("\xFF\xFB\x90\0", 4) + QByteArray(413, '\0');
+    writeFile(path, QByteArray("RF64\xFF\xFF\xFF\xFFWAVEds64\x1C\0\0\0", 20) + counts +
+                        QByteArray("fmt \x12\0\0\0", 8) + format + "data\xFF\xFF\xFF\xFF" + frame);
+    EXPECT_EQ(readAudioDuration(path), 0.0);
 }
 
 TEST(ReadAudioDuration, GivesWholeSecondsWhole)

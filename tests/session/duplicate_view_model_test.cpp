@@ -318,7 +318,7 @@ TEST_F(CancelledScan, PublishesNothingMoreWhenAListenerClearsTheSession)
 {
     for (const MusicFolder *folder : {&full, &empty}) {
         bool hasCleared = true;
-        for (std::size_t clearAt = 3; hasCleared; ++clearAt) {
+        for (std::size_t clearAt = 1; hasCleared; ++clearAt) {
             const auto session = newSession(pauses);
             Log log;
             log.watch(*session);
@@ -329,7 +329,6 @@ TEST_F(CancelledScan, PublishesNothingMoreWhenAListenerClearsTheSession)
                     log.entries.back() == "scanMessage=" || log.entries.back() == "showAlert=true";
                 if (log.entries.size() == clearAt && !isLast) {
                     hasCleared = true;
-                    log.onEntry = [] {};
                     session->clearAll();
                 }
             };
@@ -337,6 +336,35 @@ TEST_F(CancelledScan, PublishesNothingMoreWhenAListenerClearsTheSession)
             finishScan(*session);
             if (hasCleared)
                 expectInitialValues(*session);
+        }
+    }
+}
+
+TEST_F(CancelledScan, LeavesTheLastWordToAListenerThatStartsAnotherScan)
+{
+    // The first notices of a scan, and those of clearing a session with songs.
+    for (const bool isClearing : {false, true}) {
+        for (std::size_t startAt = 1; startAt <= 5; ++startAt) {
+            const auto session = newSession(pauses);
+            if (isClearing) {
+                session->startScan(full.urls());
+                finishScan(*session);
+            }
+            Log log;
+            log.watch(*session);
+            log.onEntry = [&] {
+                if (log.entries.size() == startAt)
+                    session->startScan(other.urls());
+            };
+            if (isClearing)
+                session->clearAll();
+            else
+                session->startScan(full.urls());
+            finishScan(*session);
+            ASSERT_GE(log.entries.size(), startAt);
+            ASSERT_EQ(session->songs().size(), 1) << isClearing << startAt;
+            EXPECT_EQ(session->songs()[0].artist, QStringLiteral("Cora Lind"));
+            EXPECT_EQ(std::count(log.entries.begin(), log.entries.end(), "songs=2"), 0);
         }
     }
 }
