@@ -154,13 +154,6 @@ TEST_F(ReadSongs, KeepsTheOrderOfTheFilesWithoutTheUnreadableOnes)
     EXPECT_EQ(this->read({}), QList<Song>());
 }
 
-TEST_F(ReadSongs, ReportsEveryFiftyFilesAndPausesEveryTwoHundred)
-{
-    ASSERT_TRUE(read(manyFiles(449, 10)));
-    EXPECT_EQ(m_events.join(u", "_s).toStdString(),
-              "50, 100, 150, 200, pause 10, 250, 300, 350, 400, pause 10");
-}
-
 TEST_F(ReadSongs, GivesNothingWhenStoppedOnTheWay)
 {
     const QStringList files = manyFiles(200, 1000);
