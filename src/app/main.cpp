@@ -1,24 +1,13 @@
 #include "app/command_line.h"
 #include "app/report_command.h"
+#include "app/utf8_locale.h"
 
 #include <QCoreApplication>
 
-#include <clocale>
 #include <cstdio>
-#include <cstring>
-#include <langinfo.h>
+#include <variant>
 
 namespace {
-
-/// Names of files are UTF-8 whatever the person's locale says; Qt would complain about another encoding.
-void useUtf8Locale()
-{
-    std::setlocale(LC_ALL, "");
-    if (std::strcmp(::nl_langinfo(CODESET), "UTF-8") != 0) {
-        qputenv("LC_ALL", "C.UTF-8");
-        std::setlocale(LC_ALL, "C.UTF-8");
-    }
-}
 
 template <typename... Handlers>
 struct Overloaded : Handlers...
