@@ -12,6 +12,7 @@ TEST_PACKAGES=(
     libgtest-dev libgmock-dev librapidcheck-dev
     clang-format-14 ffmpeg
 )
+BENCH_PACKAGES=(libbenchmark-dev)
 
 # install_packages NAME... installs the distribution's packages that are not there yet.
 install_packages() {

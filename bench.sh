@@ -1,0 +1,37 @@
+#!/usr/bin/env bash
+# Installs what is missing, builds Sonavo and its benchmarks and runs them: all of them, or the one that is named
+# first (analysis, import, memory or response) with the given options.
+set -euo pipefail
+
+root=$(cd -- "$(dirname -- "${BASH_SOURCE[0]}")" && pwd)
+# shellcheck source=scripts/prepare.sh
+source "$root/scripts/prepare.sh"
+
+install_packages "${BUILD_PACKAGES[@]}" "${BENCH_PACKAGES[@]}"
+(build "$root" bench)
+
+benchmarks=$root/build/bench/bin
+run() {
+    local name=$1
+    shift
+    case $name in
+    analysis) "$benchmarks/bench_analysis" "$@" ;;
+    import) "$benchmarks/bench_import" import "$root/build/bench/bin/sonavo" "$@" ;;
+    memory) "$benchmarks/bench_import" memory "$root/build/bench/bin/sonavo" "$@" ;;
+    response) "$benchmarks/bench_response" "$@" ;;
+    *)
+        echo "There is no benchmark called $name" >&2
+        return 2
+        ;;
+    esac
+}
+
+if (($# > 0)); then
+    run "$@"
+else
+    for benchmark in analysis import memory response; do
+        echo
+        echo "== $benchmark"
+        run "$benchmark"
+    done
+fi

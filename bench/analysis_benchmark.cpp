@@ -1,0 +1,197 @@
+#include "bench/direct_finder.h"
+#include "bench/library_generator.h"
+
+#include <algorithm>
+#include <benchmark/benchmark.h>
+#include <chrono>
+#include <cstdio>
+#include <cstdlib>
+#include <map>
+#include <optional>
+#include <string>
+#include <utility>
+#include <vector>
+
+namespace sonavo {
+namespace {
+
+using Seconds = std::chrono::duration<double>;
+
+enum class Way
+{
+    Fast,
+    Direct
+};
+
+struct Case
+{
+    const char *name;
+    LibraryKind kind;
+    std::size_t songs;
+    Way way;
+    int iterations;
+};
+
+constexpr std::size_t SMALL = 10'000;
+constexpr std::size_t MIDDLE = 100'000;
+constexpr std::size_t LARGE = 500'000;
+
+// Cases of one library stand together, so that only one library is held at a time.
+constexpr Case CASES[] = {
+    {"realistic, 10,000 songs", LibraryKind::Realistic, SMALL, Way::Fast, 25},
+    {"realistic, 100,000 songs", LibraryKind::Realistic, MIDDLE, Way::Fast, 9},
+    {"realistic, 100,000 songs, direct", LibraryKind::Realistic, MIDDLE, Way::Direct, 1},
+    {"realistic, 500,000 songs", LibraryKind::Realistic, LARGE, Way::Fast, 5},
+    {"numbered tracks, 500,000 songs", LibraryKind::NumberedTracks, LARGE, Way::Fast, 3},
+    {"one artist, 500,000 songs", LibraryKind::OneArtist, LARGE, Way::Fast, 3},
+    {"the same ten seconds, 500,000 songs", LibraryKind::TenSeconds, LARGE, Way::Fast, 3},
+};
+
+struct Result
+{
+    std::vector<Seconds> times;
+    QList<DuplicateGroup> groups;
+
+    [[nodiscard]] double median() const
+    {
+        std::vector<Seconds> sorted = times;
+        std::sort(sorted.begin(), sorted.end());
+        return sorted[sorted.size() / 2].count();
+    }
+};
+
+/// By place in CASES.
+std::map<std::size_t, Result> &results()
+{
+    static std::map<std::size_t, Result> results;
+    return results;
+}
+
+/// The library of a case; the last one is kept.
+const QList<Song> &libraryOf(const Case &which)
+{
+    static std::optional<std::pair<LibraryKind, std::size_t>> made;
+    static QList<Song> library;
+    const std::pair wanted(which.kind, which.songs);
+    if (made != wanted) {
+        library = {};
+        library = generateLibrary({.songs = which.songs, .kind = which.kind});
+        made = wanted;
+    }
+    return library;
+}
+
+QList<Color> colors()
+{
+    return {{0, 0, 0, 0}, {0, 0, 0, 1}, {0, 0, 0, 2}, {0, 0, 0, 3}, {0, 0, 0, 4}, {0, 0, 0, 5}};
+}
+
+/// From the songs to their groups, as the program does it but without its pauses.
+Seconds runFast(const QList<Song> &songs, QList<DuplicateGroup> &groups)
+{
+    const auto start = std::chrono::steady_clock::now();
+    {
+        DuplicateFinder finder(songs, colors());
+        groups = groupsOf(finder);
+    }
+    return std::chrono::steady_clock::now() - start;
+}
+
+/// The steps and the texts that they need. What else a finder prepares is not counted: it is the fast way's.
+Seconds runDirect(const QList<Song> &songs, QList<DuplicateGroup> &groups)
+{
+    DirectFinder finder(songs, colors());
+    const auto start = std::chrono::steady_clock::now();
+    finder.prepareTexts();
+    groups = groupsOf(finder);
+    return std::chrono::steady_clock::now() - start;
+}
+
+void runCase(benchmark::State &state, std::size_t index)
+{
+    const Case &which = CASES[index];
+    const QList<Song> &songs = libraryOf(which);
+    Result result;
+    for ([[maybe_unused]] auto iteration : state) {
+        result.groups = {};
+        const Seconds time =
+            which.way == Way::Fast ? runFast(songs, result.groups) : runDirect(songs, result.groups);
+        state.SetIterationTime(time.count());
+        result.times.push_back(time);
+    }
+    state.counters["groups"] = static_cast<double>(result.groups.size());
+    results()[index] = std::move(result);
+}
+
+bool areEqual(const QList<DuplicateGroup> &a, const QList<DuplicateGroup> &b)
+{
+    const auto isSameSong = [](const Song &left, const Song &right) { return left.id == right.id; };
+    return std::equal(a.begin(), a.end(), b.begin(), b.end(),
+                      [&](const DuplicateGroup &left, const DuplicateGroup &right) {
+                          return isSameSong(left.original, right.original) && left.color == right.color &&
+                                 std::equal(left.duplicates.begin(), left.duplicates.end(),
+                                            right.duplicates.begin(), right.duplicates.end(), isSameSong);
+                      });
+}
+
+const Result *find(LibraryKind kind, std::size_t songs, Way way)
+{
+    for (const auto &[index, result] : results()) {
+        const Case &which = CASES[index];
+        if (which.kind == kind && which.songs == songs && which.way == way)
+            return &result;
+    }
+    return nullptr;
+}
+
+void printRatio(const char *name, const Result *dividend, const Result *divisor)
+{
+    if (dividend && divisor)
+        std::printf("%-60s %8.2f\n", name, dividend->median() / divisor->median());
+}
+
+/// @return whether the direct and the fast way found the same groups, as far as both were run
+bool printSummary()
+{
+    std::printf("\n%-40s %12s %12s\n", "analysis without pauses", "seconds", "groups");
+    for (const auto &[index, result] : results())
+        std::printf("%-40s %12.4f %12lld\n", CASES[index].name, result.median(),
+                    static_cast<long long>(result.groups.size()));
+
+    const Result *middle = find(LibraryKind::Realistic, MIDDLE, Way::Fast);
+    const Result *direct = find(LibraryKind::Realistic, MIDDLE, Way::Direct);
+    const Result *large = find(LibraryKind::Realistic, LARGE, Way::Fast);
+    std::printf("\n%-60s %8s\n", "in this run", "times");
+    printRatio("direct / fast, 100,000 songs", direct, middle);
+    printRatio("500,000 songs / 100,000 songs", large, middle);
+    printRatio("numbered tracks / realistic, 500,000 songs",
+               find(LibraryKind::NumberedTracks, LARGE, Way::Fast), large);
+    printRatio("one artist / realistic, 500,000 songs", find(LibraryKind::OneArtist, LARGE, Way::Fast),
+               large);
+    printRatio("the same ten seconds / realistic, 500,000 songs",
+               find(LibraryKind::TenSeconds, LARGE, Way::Fast), large);
+    if (!direct || !middle)
+        return true;
+    const bool isSame = areEqual(direct->groups, middle->groups);
+    std::printf("\ndirect and fast found %s groups\n", isSame ? "the same" : "DIFFERENT");
+    return isSame;
+}
+
+} // namespace
+} // namespace sonavo
+
+int main(int argc, char **argv)
+{
+    for (std::size_t i = 0; i < std::size(sonavo::CASES); ++i) {
+        benchmark::RegisterBenchmark(sonavo::CASES[i].name,
+                                     [i](benchmark::State &state) { sonavo::runCase(state, i); })
+            ->UseManualTime()
+            ->Unit(benchmark::kMillisecond)
+            ->Iterations(sonavo::CASES[i].iterations);
+    }
+    benchmark::Initialize(&argc, argv);
+    if (benchmark::ReportUnrecognizedArguments(argc, argv))
+        return EXIT_FAILURE;
+    benchmark::RunSpecifiedBenchmarks();
+    return sonavo::printSummary() ? EXIT_SUCCESS : EXIT_FAILURE;
+}

@@ -1,0 +1,72 @@
+#include "bench/direct_finder.h"
+
+#include "analysis/clustering.h"
+#include "analysis/similarity.h"
+
+#include <algorithm>
+#include <cmath>
+
+namespace sonavo {
+namespace {
+
+bool oneContainsTheOther(const QString &a, const QString &b)
+{
+    return !a.isEmpty() && !b.isEmpty() && (a.contains(b) || b.contains(a));
+}
+
+/// Similar by so much, or both empty.
+bool areAlike(const std::string &a, const std::string &b, double threshold)
+{
+    return (a.empty() && b.empty()) || calculateSimilarity(a, b) >= threshold;
+}
+
+bool areTitlesAlike(const ComparableSong &a, const ComparableSong &b)
+{
+    return oneContainsTheOther(a.loweredTitle, b.loweredTitle) ||
+           oneContainsTheOther(a.loweredName, b.loweredName) ||
+           areAlike(a.normalizedArtistAndTitle, b.normalizedArtistAndTitle, MATCH_TITLE_SIMILARITY);
+}
+
+bool shareAWord(const std::vector<std::string> &a, const std::vector<std::string> &b)
+{
+    return std::find_first_of(a.begin(), a.end(), b.begin(), b.end()) != a.end();
+}
+
+bool isMatch(const ComparableSong &a, const ComparableSong &b)
+{
+    return std::abs(a.duration - b.duration) <= MATCH_DURATION_DIFF && areTitlesAlike(a, b) &&
+           areAlike(a.normalizedArtist, b.normalizedArtist, MATCH_ARTIST_SIMILARITY) &&
+           shareAWord(a.titleWords, b.titleWords);
+}
+
+} // namespace
+
+DirectFinder::DirectFinder(const QList<Song> &songs, QList<Color> colors)
+    : DuplicateFinder(songs, std::move(colors))
+    , m_songs(songs)
+{}
+
+void DirectFinder::prepareTexts()
+{
+    m_texts = std::vector<ComparableSong>(m_songs.begin(), m_songs.end());
+}
+
+std::vector<DirectFinder::Positions> DirectFinder::clustersOf(const Positions &bucket)
+{
+    return clusterPositions(bucket, [this](std::size_t seed, std::size_t candidate) {
+        return isMatch(m_texts[seed], m_texts[candidate]);
+    });
+}
+
+QList<DuplicateGroup> groupsOf(DuplicateFinder &finder)
+{
+    finder.groupByTitle();
+    finder.groupByFileName();
+    finder.prepareBatches();
+    while (finder.groupNextBatchByArtistAndTitle() == DuplicateFinder::Batches::MoreToCome)
+        continue;
+    finder.groupByWholeSeconds();
+    return finder.takeGroups();
+}
+
+} // namespace sonavo
