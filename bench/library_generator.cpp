@@ -198,14 +198,15 @@ private:
         }
     }
 
-    /// A folder of the library, in another one when the plan asks for long paths.
-    QString folderOf(const QString &relative)
+    /// A folder of the library, whose name is drawn out when the plan asks for long paths.
+    QString folderOf(const QString &relative) const
     {
-        constexpr qsizetype USUAL_FILE_NAME = 48;
-        QString folder = m_plan.root + relative;
-        while (folder.size() + USUAL_FILE_NAME < m_plan.pathLength)
-            folder += u' ' + rareWord();
-        return folder;
+        constexpr qsizetype USUAL_FILE_NAME = 40;
+        constexpr QStringView FILLING =
+            u", from the collection of records and tapes in the attic of the old house";
+        const qsizetype missing = m_plan.pathLength - m_plan.root.size() - relative.size() - USUAL_FILE_NAME;
+        return m_plan.root + relative +
+               FILLING.first(std::clamp<qsizetype>(missing, 0, FILLING.size())).toString();
     }
 
     QString title()
