@@ -91,9 +91,16 @@ Written writeElsewhere(const LibraryPlan &plan, LibraryFiles files)
 struct Run
 {
     Seconds time;
+    /// On all cores together.
+    Seconds work;
     /// Bytes of memory at the peak.
     double memory;
 };
+
+Seconds secondsOf(const struct timeval &time)
+{
+    return std::chrono::seconds(time.tv_sec) + std::chrono::microseconds(time.tv_usec);
+}
 
 /// Reports the duplicates of a folder and throws the report away.
 Run report(const char *program, const std::string &folder)
@@ -111,7 +118,9 @@ Run report(const char *program, const std::string &folder)
     struct rusage usage = {};
     if (child < 0 || ::wait4(child, &status, 0, &usage) != child || exitStatusOf(status) != 0)
         throw std::runtime_error(std::string(program) + " failed");
-    return {std::chrono::steady_clock::now() - start, static_cast<double>(usage.ru_maxrss) * 1024.0};
+    const Seconds time = std::chrono::steady_clock::now() - start;
+    return {time, secondsOf(usage.ru_utime) + secondsOf(usage.ru_stime),
+            static_cast<double>(usage.ru_maxrss) * 1024.0};
 }
 
 /// The pauses that a scan makes, whatever the machine.
@@ -131,8 +140,9 @@ void measure(const char *program, LibraryPlan plan, LibraryFiles files, int runs
     const Written written = writeElsewhere(plan, files);
 
     const std::string root = folder.path().toStdString();
-    // Brings the files into memory.
-    static_cast<void>(report(program, root));
+    // What has just been written is in memory already; the first run brings the rest.
+    if (runs > 1)
+        static_cast<void>(report(program, root));
     std::vector<Run> results;
     for (int i = 0; i < runs; ++i)
         results.push_back(report(program, root));
@@ -143,13 +153,14 @@ void measure(const char *program, LibraryPlan plan, LibraryFiles files, int runs
                         })->memory;
 
     const Seconds pauses = pausesOf(plan.songs, written.batches);
-    std::printf("%zu %s of %.0f bytes of path, %d runs\n", plan.songs,
+    std::printf("%zu %s, paths of %.0f bytes, runs: %d\n", plan.songs,
                 files == LibraryFiles::Linked ? "links" : "files",
                 static_cast<double>(written.pathBytes) / static_cast<double>(plan.songs), runs);
     std::printf("report, median            %8.3f s (%.3f to %.3f)\n", median.time.count(),
                 results.front().time.count(), results.back().time.count());
     std::printf("the pauses of its scan    %8.3f s\n", pauses.count());
     std::printf("report / pauses           %8.3f\n", median.time / pauses);
+    std::printf("work of all cores         %8.3f s\n", median.work.count());
     std::printf("peak resident memory      %8.1f MB\n", peak / 1e6);
 }
 

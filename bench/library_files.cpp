@@ -24,11 +24,15 @@ void writeFile(const QString &path, const QByteArray &content)
                                  file.errorString().toStdString());
 }
 
-void makeFolderOf(const QString &path)
+/// @param known the folder that was made last
+void makeFolderOf(const QString &path, QString &known)
 {
-    const QString folder = path.first(path.lastIndexOf(u'/'));
-    if (!QDir().mkpath(folder))
-        throw std::runtime_error("cannot make the folder " + folder.toStdString());
+    const QStringView folder = QStringView(path).first(path.lastIndexOf(u'/'));
+    if (folder == known)
+        return;
+    known = folder.toString();
+    if (!QDir().mkpath(known))
+        throw std::runtime_error("cannot make the folder " + known.toStdString());
 }
 
 bool link(const QString &from, const QString &to)
@@ -41,13 +45,14 @@ bool link(const QString &from, const QString &to)
 QList<Song> writeLibrary(QList<Song> songs, LibraryFiles files)
 {
     QHash<std::pair<QString, qint64>, QString> linkable;
+    QString folder;
     for (Song &song : songs) {
         const bool isLinked = files == LibraryFiles::Linked;
         const SmallAudio audio =
             smallAudio(song.fileType, isLinked ? std::trunc(song.duration) + 0.5 : song.duration);
         song.duration = audio.duration;
         song.size = audio.content.size();
-        makeFolderOf(song.path);
+        makeFolderOf(song.path, folder);
         QString &known = linkable[{song.fileType, wholeSeconds(song.duration)}];
         // A file can have only so many links; then another one begins.
         if (isLinked && !known.isEmpty() && link(known, song.path))
