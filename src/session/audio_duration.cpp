@@ -22,6 +22,7 @@ extern "C" {
 #include <cstring>
 #include <memory>
 #include <span>
+#include <utility>
 #include <vector>
 
 namespace sonavo {
@@ -113,6 +114,40 @@ private:
     qint64 m_size = 0;
 };
 
+/// The thread's buffer for reading containers. Each thread keeps its own: taken from the heap anew for every
+/// file, such buffers leave holes between the songs that stay, and these add up to several times the songs'
+/// own memory.
+class ReadBuffer
+{
+public:
+    static unsigned char *take()
+    {
+        unsigned char *buffer = std::exchange(spare().m_buffer, nullptr);
+        return buffer ? buffer : static_cast<unsigned char *>(av_malloc(BUFFER_SIZE));
+    }
+
+    /// @param size the library can have replaced the buffer by one of another size
+    static void giveBack(unsigned char *buffer, int size)
+    {
+        if (size == BUFFER_SIZE)
+            std::swap(spare().m_buffer, buffer);
+        av_free(buffer);
+    }
+
+private:
+    ReadBuffer() = default;
+    ~ReadBuffer() { av_free(m_buffer); }
+    Q_DISABLE_COPY_MOVE(ReadBuffer)
+
+    static ReadBuffer &spare()
+    {
+        thread_local ReadBuffer buffer;
+        return buffer;
+    }
+
+    unsigned char *m_buffer = nullptr;
+};
+
 /// A file opened as a container of one format, positioned at the start of its packets.
 class Container
 {
@@ -122,8 +157,7 @@ public:
         , m_stop(std::move(stop))
         , m_format(format)
     {
-        auto *buffer = static_cast<unsigned char *>(av_malloc(BUFFER_SIZE));
-        m_io.reset(avio_alloc_context(buffer, BUFFER_SIZE, 0, this, &readPacket, nullptr, &seek));
+        m_io.reset(avio_alloc_context(ReadBuffer::take(), BUFFER_SIZE, 0, this, &readPacket, nullptr, &seek));
         AVFormatContext *context = avformat_alloc_context();
         context->pb = m_io.get();
         context->flags |= AVFMT_FLAG_CUSTOM_IO;
@@ -187,7 +221,7 @@ private:
     {
         void operator()(AVIOContext *io) const
         {
-            av_freep(&io->buffer);
+            ReadBuffer::giveBack(io->buffer, io->buffer_size);
             avio_context_free(&io);
         }
     };
@@ -294,10 +328,12 @@ qint64 contentOffset(const RegularFile &file)
 /// The format that a file's content shows, if it is one of the five.
 const AVInputFormat *recognisedFormat(const RegularFile &file)
 {
-    std::vector<std::uint8_t> content(PROBE_SIZE + AVPROBE_PADDING_SIZE, 0);
+    // Kept by the thread for the same reason as its ReadBuffer.
+    thread_local std::vector<std::uint8_t> content(PROBE_SIZE + AVPROBE_PADDING_SIZE);
     const ssize_t size = file.read(std::span(content).first(PROBE_SIZE), contentOffset(file));
     if (size <= 0)
         return nullptr;
+    std::fill_n(content.begin() + size, AVPROBE_PADDING_SIZE, std::uint8_t{0});
     const AVProbeData probe{"", content.data(), static_cast<int>(size), nullptr};
     int score = 0;
     const AVInputFormat *format = av_probe_input_format3(&probe, 1, &score);

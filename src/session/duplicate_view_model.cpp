@@ -145,11 +145,13 @@ QCoro::Task<> DuplicateViewModel::scan(QPointer<DuplicateViewModel> self, QList<
 
     if (!publishMessage(QStringLiteral("Step 1/4: Discovering audio files...")))
         co_return;
+    // The walk need not wait for the pause to end.
+    const QFuture<QStringList> discovery = QtConcurrent::run(discoverAudioFiles, urls, stop);
     co_await pauses->wait(200ms);
     if (!isCurrent())
         co_return;
 
-    const QStringList files = co_await QtConcurrent::run(discoverAudioFiles, urls, stop);
+    const QStringList files = co_await discovery;
     if (!isCurrent())
         co_return;
     if (files.isEmpty()) {

@@ -1,19 +1,30 @@
 #include "session/song_read_ahead.h"
 
-#include "session/song_reading.h"
-
 #include <QCoroFuture>
 #include <QtConcurrentRun>
+
+#include <algorithm>
 
 namespace sonavo {
 namespace {
 
-/// Enough that all cores have work through a pause, little enough that a stop leaves nothing to wait for.
-constexpr std::size_t MOST_FILES_AHEAD = 512;
+/// Files that one task of the thread pool reads: starting a task costs as much as reading a file.
+constexpr qsizetype FILES_PER_TASK = 20;
+/// Enough that all cores have work through a pause, little enough to be of no account in memory.
+constexpr std::size_t MOST_TASKS_AHEAD = 40;
 
 constexpr qint64 FILES_PER_REPORT = 50;
 constexpr qint64 FILES_PER_PAUSE = 200;
 constexpr std::chrono::milliseconds PAUSE{10};
+
+SongReadAhead::Facts readAll(const QStringList &files, const std::stop_token &stop)
+{
+    SongReadAhead::Facts facts;
+    facts.reserve(files.size());
+    for (const QString &file : files)
+        facts.append(stop.stop_requested() ? std::nullopt : readFacts(file, stop));
+    return facts;
+}
 
 } // namespace
 
@@ -27,23 +38,21 @@ SongReadAhead::~SongReadAhead()
     m_end.request_stop();
 }
 
-QFuture<std::optional<Song>> SongReadAhead::next()
+QFuture<SongReadAhead::Facts> SongReadAhead::next()
 {
     startReading();
     Q_ASSERT(!m_ahead.empty());
-    QFuture<std::optional<Song>> future = std::move(m_ahead.front());
+    QFuture<Facts> future = std::move(m_ahead.front());
     m_ahead.pop_front();
     return future;
 }
 
 void SongReadAhead::startReading()
 {
-    while (m_nextFile < m_files.size() && m_ahead.size() < MOST_FILES_AHEAD) {
-        m_ahead.push_back(QtConcurrent::run(
-            [path = m_files[m_nextFile], stop = m_end.get_token()]() -> std::optional<Song> {
-                return stop.stop_requested() ? std::nullopt : loadSong(path, stop);
-            }));
-        ++m_nextFile;
+    while (m_nextFile < m_files.size() && m_ahead.size() < MOST_TASKS_AHEAD) {
+        m_ahead.push_back(
+            QtConcurrent::run(readAll, m_files.mid(m_nextFile, FILES_PER_TASK), m_end.get_token()));
+        m_nextFile = std::min(m_nextFile + FILES_PER_TASK, m_files.size());
     }
 }
 
@@ -54,19 +63,23 @@ QCoro::Task<std::optional<QList<Song>>> readSongs(QStringList files, std::shared
     SongReadAhead readAhead(files, stop);
     QList<Song> songs;
     songs.reserve(files.size());
-    for (qint64 processed = 1; processed <= files.size(); ++processed) {
-        std::optional<Song> song = co_await readAhead.next();
+    SongMaker maker;
+    qint64 processed = 0;
+    while (readAhead.hasMore()) {
+        const SongReadAhead::Facts facts = co_await readAhead.next();
         if (stop.stop_requested())
             co_return std::nullopt;
-        if (song)
-            songs.append(std::move(*song));
-
-        if (processed % FILES_PER_REPORT == 0)
-            reportProgress(processed);
-        if (processed % FILES_PER_PAUSE == 0 && !stop.stop_requested())
-            co_await pauses->wait(PAUSE);
-        if (stop.stop_requested())
-            co_return std::nullopt;
+        for (const std::optional<FileFacts> &file : facts) {
+            if (file)
+                songs.append(maker.songOf(files[processed], *file));
+            ++processed;
+            if (processed % FILES_PER_REPORT == 0)
+                reportProgress(processed);
+            if (processed % FILES_PER_PAUSE == 0 && !stop.stop_requested())
+                co_await pauses->wait(PAUSE);
+            if (stop.stop_requested())
+                co_return std::nullopt;
+        }
     }
     co_return songs;
 }

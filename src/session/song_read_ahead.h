@@ -2,6 +2,7 @@
 
 #include "analysis/pauses.h"
 #include "model/song.h"
+#include "session/song_reading.h"
 
 #include <QCoroTask>
 #include <QFuture>
@@ -16,25 +17,31 @@
 
 namespace sonavo {
 
-/// Reads files on the global thread pool, a bounded number ahead of the caller, and hands the songs over in
-/// the order of the files. Used from one thread. Destroying it, or requesting stop, ends the reading at once.
+/// Reads files on the global thread pool, a bounded number ahead of the caller, and hands over what was read
+/// in the order of the files. Used from one thread. Destroying it, or requesting stop, ends the reading at
+/// once.
 class SongReadAhead
 {
 public:
+    /// What was read of some files in a row. A file that cannot be read, or any once stop is requested, has
+    /// nothing.
+    using Facts = QList<std::optional<FileFacts>>;
+
     SongReadAhead(QStringList files, std::stop_token stop);
     ~SongReadAhead();
     Q_DISABLE_COPY_MOVE(SongReadAhead)
 
-    /// The song of the next file; to be called at most once for each file. The result is empty for a file
-    /// that cannot be read, and for all files once stop is requested.
-    [[nodiscard]] QFuture<std::optional<Song>> next();
+    [[nodiscard]] bool hasMore() const { return m_nextFile < m_files.size() || !m_ahead.empty(); }
+
+    /// The facts of the next files, at least one; to be called only while there are more.
+    [[nodiscard]] QFuture<Facts> next();
 
 private:
     void startReading();
 
     const QStringList m_files;
     qsizetype m_nextFile = 0;
-    std::deque<QFuture<std::optional<Song>>> m_ahead;
+    std::deque<QFuture<Facts>> m_ahead;
     std::stop_source m_end;
     std::stop_callback<std::function<void()>> m_endWithCaller;
 };

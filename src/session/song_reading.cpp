@@ -36,15 +36,14 @@ QString withoutOuterBlanks(QStringView text)
     return text.toString();
 }
 
-QString folderNameOf(const QString &path)
+QString folderNameOf(QStringView folder)
 {
-    const QStringView folder = QStringView(path).first(path.lastIndexOf(u'/'));
     return folder.isEmpty() ? QStringLiteral("/") : folder.sliced(folder.lastIndexOf(u'/') + 1).toString();
 }
 
 } // namespace
 
-std::optional<Song> loadSong(const QString &path, const std::stop_token &stop)
+std::optional<FileFacts> readFacts(const QString &path, const std::stop_token &stop)
 {
     if (pathExtension(path).compare(u"ds_store", Qt::CaseInsensitive) == 0)
         return std::nullopt;
@@ -54,14 +53,27 @@ std::optional<Song> loadSong(const QString &path, const std::stop_token &stop)
     const std::optional<qint64> size = entrySize(path);
     if (!size)
         return std::nullopt;
+    return FileFacts{*duration, *size};
+}
+
+Song SongMaker::songOf(const QString &path, const FileFacts &facts)
+{
+    const qsizetype slash = path.lastIndexOf(u'/');
+    if (const QStringView folder = QStringView(path).first(slash);
+        m_folderName.isNull() || folder != m_folder) {
+        m_folder = folder.toString();
+        m_folderName = folderNameOf(folder);
+    }
+    if (const QString fileType = pathExtension(path).toString().toUpper(); fileType != m_fileType)
+        m_fileType = fileType;
 
     Song song;
     song.id = QUuid::createUuid();
     song.path = path;
-    song.name = path.sliced(path.lastIndexOf(u'/') + 1);
-    song.duration = *duration;
-    song.size = *size;
-    song.fileType = pathExtension(path).toString().toUpper();
+    song.name = path.sliced(slash + 1);
+    song.duration = facts.duration;
+    song.size = facts.size;
+    song.fileType = m_fileType;
     const QString base = baseOf(song.name);
     const qsizetype hyphen = base.indexOf(u'-');
     if (hyphen >= 0) {
@@ -70,8 +82,14 @@ std::optional<Song> loadSong(const QString &path, const std::stop_token &stop)
     } else {
         song.title = base;
     }
-    song.folderName = folderNameOf(path);
+    song.folderName = m_folderName;
     return song;
+}
+
+std::optional<Song> loadSong(const QString &path, const std::stop_token &stop)
+{
+    const std::optional<FileFacts> facts = readFacts(path, stop);
+    return facts ? std::optional(SongMaker().songOf(path, *facts)) : std::nullopt;
 }
 
 } // namespace sonavo

@@ -183,7 +183,7 @@ TEST_F(ReadSongs, OpensABoundedNumberOfFilesAheadAndNoneOnceStoppedOrDestroyed)
     QThreadPool &pool = *QThreadPool::globalInstance();
     {
         SongReadAhead readAhead(files, m_stop.get_token());
-        EXPECT_TRUE(readAhead.next().result());
+        EXPECT_TRUE(readAhead.next().result().first());
         pool.waitForDone();
         EXPECT_LT(watch.count(), 1000);
     }
@@ -193,14 +193,14 @@ TEST_F(ReadSongs, OpensABoundedNumberOfFilesAheadAndNoneOnceStoppedOrDestroyed)
         QSemaphore busy;
         pool.start([&busy] { busy.acquire(); });
         auto readAhead = std::make_unique<SongReadAhead>(files, m_stop.get_token());
-        const QFuture<std::optional<Song>> song = readAhead->next();
+        const QFuture<SongReadAhead::Facts> facts = readAhead->next();
         if (isDestroyed)
             readAhead.reset();
         else
             m_stop.request_stop();
         busy.release();
         pool.waitForDone();
-        EXPECT_FALSE(song.result());
+        EXPECT_FALSE(facts.result().first());
         EXPECT_EQ(watch.count(), 0);
     }
 }
