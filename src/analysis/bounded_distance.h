@@ -20,6 +20,18 @@ namespace sonavo {
 /// count. An edit changes at most two bits, so two texts at distance d differ in at most 2 d of them.
 [[nodiscard]] std::uint64_t characterBag(std::string_view normalized);
 
+/// In how many bits two bags differ.
+[[nodiscard]] constexpr std::size_t bagDifference(std::uint64_t a, std::uint64_t b)
+{
+    // Counts in parallel ("Hacker's Delight", H. S. Warren, 2002): the processor's own instruction is not
+    // there on every machine that the program is built for, and a call to the library costs more.
+    std::uint64_t bits = a ^ b;
+    bits -= bits >> 1 & 0x5555555555555555;
+    bits = (bits & 0x3333333333333333) + (bits >> 2 & 0x3333333333333333);
+    bits = (bits + (bits >> 4)) & 0x0F0F0F0F0F0F0F0F;
+    return static_cast<std::size_t>(bits * 0x0101010101010101 >> 56);
+}
+
 /// The largest distance at which texts, the longer of which has `length` characters, still have a similarity
 /// (see calculateSimilarity()) of at least `threshold`.
 /// @param length at least 1

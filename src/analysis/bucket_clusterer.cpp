@@ -5,14 +5,28 @@
 #include "analysis/similarity.h"
 
 #include <algorithm>
-#include <bit>
 #include <cmath>
 #include <limits>
 
 namespace sonavo {
 namespace {
 
+/// Places to look at for one seed from which on an index by artists pays.
+constexpr std::size_t LEAST_FOR_ARTIST_INDEX = 256;
+/// Artists that can be looked at in the time that one place takes.
+constexpr std::size_t ARTISTS_PER_PLACE = 4;
+/// Places in the lists of words, which get shorter as songs are placed, that cost as much as one of an
+/// artist.
+constexpr std::size_t PLACES_BY_WORD_FOR_ONE_BY_ARTIST = 2;
 constexpr std::uint32_t NO_SEED = std::numeric_limits<std::uint32_t>::max();
+
+std::size_t longestArtistAndTitle(const PreparedSongs &songs)
+{
+    std::size_t longest = 0;
+    for (std::size_t i = 0; i < songs.size(); ++i)
+        longest = std::max<std::size_t>(longest, songs[i].artistAndTitleLength);
+    return longest;
+}
 
 std::vector<std::size_t> largestDistances(std::size_t longestText, double threshold)
 {
@@ -27,7 +41,12 @@ bool mayBeWithin(std::size_t limit, std::size_t lengthA, std::size_t lengthB, st
                  std::uint64_t bagB)
 {
     const std::size_t difference = lengthA > lengthB ? lengthA - lengthB : lengthB - lengthA;
-    return difference <= limit && static_cast<std::size_t>(std::popcount(bagA ^ bagB)) <= 2 * limit;
+    return difference <= limit && bagDifference(bagA, bagB) <= 2 * limit;
+}
+
+bool haveCloseDurations(const PreparedSong &a, const PreparedSong &b)
+{
+    return std::abs(a.duration - b.duration) <= MATCH_DURATION_DIFF;
 }
 
 bool oneContainsTheOther(const QString &a, const QString &b)
@@ -40,14 +59,10 @@ bool oneContainsTheOther(const QString &a, const QString &b)
 BucketClusterer::BucketClusterer(const QList<Song> &songs, const PreparedSongs &prepared)
     : m_songs(songs)
     , m_prepared(prepared)
+    , m_titleLimits(largestDistances(longestArtistAndTitle(prepared), MATCH_TITLE_SIMILARITY))
     , m_wordLists(prepared.wordCount())
-{
-    std::size_t longest = 0;
-    for (std::size_t i = 0; i < prepared.size(); ++i)
-        longest = std::max<std::size_t>(longest, prepared[i].artistAndTitleLength);
-    m_titleLimits = largestDistances(longest, MATCH_TITLE_SIMILARITY);
-    m_artistLimits = largestDistances(longest, MATCH_ARTIST_SIMILARITY);
-}
+    , m_artistIndex(prepared, largestDistances(longestArtistAndTitle(prepared), MATCH_ARTIST_SIMILARITY))
+{}
 
 std::vector<BucketClusterer::Positions> BucketClusterer::clustersOf(const Positions &bucket)
 {
@@ -58,18 +73,16 @@ std::vector<BucketClusterer::Positions> BucketClusterer::clustersOf(const Positi
             continue;
         m_isPlaced[place] = true;
         gatherCandidates(place);
-        if (m_candidates.empty())
-            continue;
 
-        Seed seed{bucket[place], m_bucket[place]};
-        Positions cluster{seed.position};
+        Positions cluster;
         for (const Place candidate : m_candidates) {
-            if (matches(seed, bucket[candidate], m_bucket[candidate])) {
+            if (titlesMatch(bucket, place, candidate)) {
                 m_isPlaced[candidate] = true;
                 cluster.push_back(bucket[candidate]);
             }
         }
-        if (cluster.size() > 1) {
+        if (!cluster.empty()) {
+            cluster.insert(cluster.begin(), bucket[place]);
             std::sort(cluster.begin() + 1, cluster.end());
             clusters.push_back(std::move(cluster));
         }
@@ -83,6 +96,7 @@ void BucketClusterer::makeWordLists(const Positions &bucket)
     m_bucket.clear();
     for (const std::size_t position : bucket)
         m_bucket.push_back(m_prepared[position]);
+    m_lowered.assign(bucket.size(), {});
     m_isPlaced.assign(bucket.size(), false);
     m_lastSeed.assign(bucket.size(), NO_SEED);
 
@@ -111,12 +125,47 @@ void BucketClusterer::forgetWordLists()
     for (const std::uint32_t word : m_usedWords)
         m_wordLists[word] = {};
     m_usedWords.clear();
+    m_isArtistIndexBuilt = false;
 }
 
 void BucketClusterer::gatherCandidates(Place seed)
 {
     m_candidates.clear();
-    for (const std::uint32_t word : m_prepared.titleWords(m_bucket[seed])) {
+    const std::size_t byWords = countByWords(seed);
+    if (byWords <= 1)
+        return;
+    if (!m_isArtistIndexBuilt && byWords > LEAST_FOR_ARTIST_INDEX) {
+        m_artistIndex.build(m_bucket);
+        m_isArtistIndexBuilt = true;
+    }
+    // To find the similar artists takes a look at every artist.
+    if (m_isArtistIndexBuilt && byWords > m_artistIndex.artistCount() / ARTISTS_PER_PLACE &&
+        countByArtists(seed) * PLACES_BY_WORD_FOR_ONE_BY_ARTIST < byWords)
+        gatherByArtists(seed);
+    else
+        gatherByWords(seed);
+}
+
+std::size_t BucketClusterer::countByWords(Place seed) const
+{
+    std::size_t count = 0;
+    for (const std::uint32_t word : m_prepared.titleWords(m_bucket[seed]))
+        count += m_wordLists[word].end - m_wordLists[word].start;
+    return count;
+}
+
+std::size_t BucketClusterer::countByArtists(Place seed)
+{
+    std::size_t count = 0;
+    for (const std::uint32_t artist : m_artistIndex.similarArtists(m_bucket[seed]))
+        count += m_artistIndex.placesOf(artist).size();
+    return count;
+}
+
+void BucketClusterer::gatherByWords(Place seed)
+{
+    const PreparedSong &song = m_bucket[seed];
+    for (const std::uint32_t word : m_prepared.titleWords(song)) {
         WordList &list = m_wordLists[word];
         std::uint32_t kept = list.start;
         for (std::uint32_t i = list.start; i < list.end; ++i) {
@@ -126,76 +175,85 @@ void BucketClusterer::gatherCandidates(Place seed)
             m_places[kept++] = place;
             if (m_lastSeed[place] != seed) {
                 m_lastSeed[place] = seed;
-                m_candidates.push_back(place);
+                const PreparedSong &other = m_bucket[place];
+                const bool isSameArtist = song.artistNumber == other.artistNumber;
+                if (haveCloseDurations(song, other) &&
+                    (isSameArtist || m_artistIndex.areSimilar(song, other)))
+                    m_candidates.push_back(place);
             }
         }
         list.end = kept;
     }
 }
 
-bool BucketClusterer::matches(Seed &seed, std::size_t position, const PreparedSong &candidate)
+void BucketClusterer::gatherByArtists(Place seed)
 {
-    return std::abs(seed.song.duration - candidate.duration) <= MATCH_DURATION_DIFF &&
-           artistsMatch(seed.song, candidate) && titlesMatch(seed, position, candidate);
-}
-
-bool BucketClusterer::artistsMatch(const PreparedSong &seed, const PreparedSong &candidate) const
-{
-    if (seed.artistNumber == candidate.artistNumber)
-        return true;
-    const std::string_view a = m_prepared.artist(seed);
-    const std::string_view b = m_prepared.artist(candidate);
-    const std::size_t limit = m_artistLimits[std::max(a.size(), b.size())];
-    return mayBeWithin(limit, a.size(), b.size(), m_prepared.artistBag(seed),
-                       m_prepared.artistBag(candidate)) &&
-           boundedDistance(a, b, limit) <= limit;
-}
-
-bool BucketClusterer::titlesMatch(Seed &seed, std::size_t position, const PreparedSong &candidate)
-{
-    if (areArtistAndTitleSimilar(seed, candidate))
-        return true;
-
-    const auto loweredOnce = [](std::optional<QString> &lowered, const QString &text) -> const QString & {
-        if (!lowered)
-            lowerInto(lowered.emplace(), text);
-        return *lowered;
-    };
-    if (seed.song.title.mayContainOrBeIn(candidate.title)) {
-        lowerInto(m_lowered, songAt(position).title);
-        if (oneContainsTheOther(loweredOnce(seed.loweredTitle, songAt(seed.position).title), m_lowered))
-            return true;
+    const PreparedSong &song = m_bucket[seed];
+    for (const std::uint32_t artist : m_artistIndex.similarArtists(song)) {
+        for (const Place place : m_artistIndex.placesOf(artist)) {
+            const PreparedSong &other = m_bucket[place];
+            if (!m_isPlaced[place] && haveCloseDurations(song, other) && shareTitleWord(song, other))
+                m_candidates.push_back(place);
+        }
     }
-    if (seed.song.name.mayContainOrBeIn(candidate.name)) {
-        lowerInto(m_lowered, songAt(position).name);
-        if (oneContainsTheOther(loweredOnce(seed.loweredName, songAt(seed.position).name), m_lowered))
-            return true;
-    }
-    return false;
 }
 
-bool BucketClusterer::areArtistAndTitleSimilar(Seed &seed, const PreparedSong &candidate)
+bool BucketClusterer::shareTitleWord(const PreparedSong &a, const PreparedSong &b) const
 {
-    if (seed.song.artistNumber == candidate.artistNumber && seed.song.titleNumber == candidate.titleNumber)
+    const std::span<const std::uint32_t> wordsA = m_prepared.titleWords(a);
+    const std::span<const std::uint32_t> wordsB = m_prepared.titleWords(b);
+    return std::find_first_of(wordsA.begin(), wordsA.end(), wordsB.begin(), wordsB.end()) != wordsA.end();
+}
+
+bool BucketClusterer::titlesMatch(const Positions &bucket, Place seed, Place candidate)
+{
+    const PreparedSong &a = m_bucket[seed];
+    const PreparedSong &b = m_bucket[candidate];
+    return areArtistAndTitleSimilar(seed, candidate) ||
+           (a.title.mayContainOrBeIn(b.title) &&
+            oneContainsTheOther(loweredTitle(bucket, seed), loweredTitle(bucket, candidate))) ||
+           (a.name.mayContainOrBeIn(b.name) &&
+            oneContainsTheOther(loweredName(bucket, seed), loweredName(bucket, candidate)));
+}
+
+bool BucketClusterer::areArtistAndTitleSimilar(Place seed, Place candidate)
+{
+    const PreparedSong &a = m_bucket[seed];
+    const PreparedSong &b = m_bucket[candidate];
+    if (a.artistNumber == b.artistNumber && a.titleNumber == b.titleNumber)
         return true;
-    const std::size_t seedLength = seed.song.artistAndTitleLength;
-    const std::size_t candidateLength = candidate.artistAndTitleLength;
-    const std::size_t limit = m_titleLimits[std::max(seedLength, candidateLength)];
-    if (!mayBeWithin(limit, seedLength, candidateLength, seed.song.bag, candidate.bag))
-        return false;
-    if (seed.artistAndTitle.empty())
-        joinArtistAndTitle(seed.artistAndTitle, seed.song);
-    joinArtistAndTitle(m_artistAndTitle, candidate);
-    return boundedDistance(seed.artistAndTitle, m_artistAndTitle, limit) <= limit;
+    const std::size_t limit = m_titleLimits[std::max(a.artistAndTitleLength, b.artistAndTitleLength)];
+    return mayBeWithin(limit, a.artistAndTitleLength, b.artistAndTitleLength, a.bag, b.bag) &&
+           boundedDistance(artistAndTitle(a, m_seedText), artistAndTitle(b, m_candidateText), limit) <= limit;
 }
 
-void BucketClusterer::joinArtistAndTitle(std::string &result, const PreparedSong &song) const
+const QString &BucketClusterer::loweredTitle(const Positions &bucket, Place place)
 {
-    result = m_prepared.artist(song);
+    QString &lowered = m_lowered[place].title;
+    if (lowered.isNull())
+        lowerInto(lowered, songAt(bucket[place]).title);
+    return lowered;
+}
+
+const QString &BucketClusterer::loweredName(const Positions &bucket, Place place)
+{
+    QString &lowered = m_lowered[place].name;
+    if (lowered.isNull())
+        lowerInto(lowered, songAt(bucket[place]).name);
+    return lowered;
+}
+
+std::string_view BucketClusterer::artistAndTitle(const PreparedSong &song, std::string &buffer) const
+{
+    const std::string_view artist = m_prepared.artist(song);
     const std::string_view title = m_prepared.title(song);
-    if (!result.empty() && !title.empty())
-        result += ' ';
-    result += title;
+    if (artist.empty())
+        return title;
+    buffer = artist;
+    if (!title.empty())
+        buffer += ' ';
+    buffer += title;
+    return buffer;
 }
 
 const Song &BucketClusterer::songAt(std::size_t position) const

@@ -44,16 +44,24 @@ PreparedSongs::PreparedSongs(const QList<Song> &songs)
     QString lowered;
     std::string normalized;
     std::string artistAndTitle;
+    std::string artist;
+    std::uint32_t artistNumber = 0;
+    const QString *previousArtist = nullptr;
+    names.reserve(m_songs.capacity());
+    m_titles.reserve(m_songs.capacity());
     for (const Song &song : songs) {
         PreparedSong prepared;
         prepared.duration = song.duration;
 
-        lowerInto(lowered, song.artist);
-        normalizeLoweredInto(normalized, lowered);
-        prepared.artistNumber = m_artists.add(normalized);
-        if (prepared.artistNumber == m_artistBags.size())
-            m_artistBags.push_back(characterBag(normalized));
-        artistAndTitle = normalized;
+        // Neighbours in a folder are mostly by one artist.
+        if (m_songs.empty() || song.artist != *previousArtist) {
+            previousArtist = &song.artist;
+            lowerInto(lowered, song.artist);
+            normalizeLoweredInto(artist, lowered);
+            artistNumber = addArtist(artist);
+        }
+        prepared.artistNumber = artistNumber;
+        artistAndTitle = artist;
 
         lowerInto(lowered, song.title);
         prepared.title = outlineOf(lowered);
@@ -71,6 +79,14 @@ PreparedSongs::PreparedSongs(const QList<Song> &songs)
         prepared.nameNumber = names.add(normalized);
         m_songs.push_back(prepared);
     }
+}
+
+std::uint32_t PreparedSongs::addArtist(std::string_view normalizedArtist)
+{
+    const std::uint32_t number = m_artists.add(normalizedArtist);
+    if (number == m_artistBags.size())
+        m_artistBags.push_back(characterBag(normalizedArtist));
+    return number;
 }
 
 std::uint32_t PreparedSongs::addTitle(std::string_view normalizedTitle)

@@ -60,14 +60,17 @@ public:
     [[nodiscard]] std::size_t size() const { return m_songs.size(); }
     [[nodiscard]] const PreparedSong &operator[](std::size_t position) const { return m_songs[position]; }
 
+    [[nodiscard]] std::string_view artist(std::uint32_t number) const { return m_artists[number]; }
     [[nodiscard]] std::string_view artist(const PreparedSong &song) const
     {
-        return m_artists[song.artistNumber];
+        return artist(song.artistNumber);
     }
     [[nodiscard]] std::string_view title(const PreparedSong &song) const
     {
         return m_titles[song.titleNumber];
     }
+    /// Artists are numbered from 0 to below this.
+    [[nodiscard]] std::size_t artistCount() const { return m_artistBags.size(); }
     [[nodiscard]] std::uint64_t artistBag(const PreparedSong &song) const
     {
         return m_artistBags[song.artistNumber];
@@ -78,6 +81,7 @@ public:
     [[nodiscard]] std::size_t wordCount() const { return m_words.size(); }
 
 private:
+    std::uint32_t addArtist(std::string_view normalizedArtist);
     std::uint32_t addTitle(std::string_view normalizedTitle);
 
     std::vector<PreparedSong> m_songs;

@@ -1,5 +1,7 @@
 #pragma once
 
+#include <algorithm>
+#include <bit>
 #include <cstddef>
 #include <cstdint>
 #include <functional>
@@ -34,6 +36,13 @@ public:
     }
 
     [[nodiscard]] std::size_t size() const { return m_size; }
+
+    /// Makes room for that many items before there are any.
+    void reserve(std::size_t count)
+    {
+        if (m_size == 0)
+            m_slots.assign(std::bit_ceil(std::max<std::size_t>(count, 1) * 2), {});
+    }
 
 private:
     static constexpr std::uint32_t NONE = UINT32_MAX;
@@ -77,6 +86,13 @@ public:
             m_ends.push_back(m_characters.size());
         }
         return number;
+    }
+
+    /// Makes room for that many texts before there are any.
+    void reserve(std::size_t count)
+    {
+        m_numbers.reserve(count);
+        m_ends.reserve(count);
     }
 
     /// Valid until the next add().

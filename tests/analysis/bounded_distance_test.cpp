@@ -45,7 +45,7 @@ void expectAgreement(const std::string &a, const std::string &b)
         else
             RC_ASSERT(bounded > limit);
     }
-    RC_ASSERT(static_cast<std::size_t>(std::popcount(characterBag(a) ^ characterBag(b))) <= 2 * distance);
+    RC_ASSERT(bagDifference(characterBag(a), characterBag(b)) <= 2 * distance);
 }
 
 RC_GTEST_PROP(BoundedDistance, IsTheEditDistanceWithinItsLimit, ())
@@ -58,6 +58,12 @@ RC_GTEST_PROP(BoundedDistance, IsTheEditDistanceWithinItsLimit, ())
 RC_GTEST_PROP(BoundedDistance, TellsUnlikeTextsOfAnyLengthApart, ())
 {
     expectAgreement(*normalizedText(300), *normalizedText(300));
+}
+
+RC_GTEST_PROP(BagDifference, CountsTheBitsThatDiffer, (std::uint64_t a, std::uint64_t b))
+{
+    RC_ASSERT(bagDifference(a, b) == static_cast<std::size_t>(std::popcount(a ^ b)));
+    RC_ASSERT(bagDifference(a, ~a) == 64U);
 }
 
 TEST(LargestDistance, IsTheLastThatTheDefinitionCallsSimilar)

@@ -1,4 +1,7 @@
 #include "analysis/analyze_duplicates.h"
+#include "analysis/bucket_clusterer.h"
+#include "analysis/clustering.h"
+#include "analysis/comparable_song.h"
 #include "analysis/direct_analysis.h"
 #include "analysis/generators.h"
 #include "bench/library_generator.h"
@@ -7,6 +10,8 @@
 
 #include <gtest/gtest.h>
 
+#include <numeric>
+#include <random>
 #include <string>
 #include <vector>
 
@@ -59,6 +64,58 @@ TEST_P(GeneratedLibrary, HasTheGroupsThatTheDirectAnalysisFinds)
         const std::vector<std::string> groups = linesOf(direct::analyzeDuplicates(songs, COLORS), songs);
         EXPECT_FALSE(groups.empty()) << static_cast<int>(kind);
         EXPECT_EQ(linesOf(analyze(songs), songs), groups) << static_cast<int>(kind);
+    }
+}
+
+/// Songs whose titles all share a word, by artists that are spelt in several ways.
+QList<Song> oneWordAndManySpellings(int count)
+{
+    std::mt19937 random(5);
+    const auto below = [&random](std::size_t limit) { return static_cast<qsizetype>(random() % limit); };
+    const auto letter = [&below] { return QChar(static_cast<char16_t>(u'a' + below(26))); };
+    QStringList artists;
+    for (int i = 0; i < count / 20; ++i) {
+        artists.append(QString());
+        for (qsizetype length = 6 + below(10); length > 0; --length)
+            artists.back().append(letter());
+    }
+    QList<Song> songs;
+    for (int i = 0; i < count; ++i) {
+        QString artist = artists[below(static_cast<std::size_t>(artists.size()))];
+        for (qsizetype edits = below(4); edits > 0; --edits) {
+            if (below(2) == 0)
+                artist.remove(below(static_cast<std::size_t>(artist.size())), 1);
+            else
+                artist.insert(below(static_cast<std::size_t>(artist.size())), letter());
+        }
+        const QString title = QStringLiteral("Night of the %1").arg(below(4));
+        songs.append(songOf(artist, title, 180.0 + static_cast<double>(below(12)), QString::number(i)));
+    }
+    return songs;
+}
+
+TEST(BucketClusterer, FindsTheClustersOfALargeBucket)
+{
+    QList<QList<Song>> cases{oneWordAndManySpellings(2000)};
+    for (const LibraryKind kind : {LibraryKind::Realistic, LibraryKind::NumberedTracks,
+                                   LibraryKind::OneArtist, LibraryKind::TenSeconds})
+        cases.append(generateLibrary({.songs = 2000, .kind = kind, .seed = 3}));
+
+    for (const QList<Song> &songs : cases) {
+        std::vector<std::size_t> everything(static_cast<std::size_t>(songs.size()));
+        std::iota(everything.begin(), everything.end(), std::size_t{0});
+        const std::vector<ComparableSong> plain(songs.begin(), songs.end());
+        const auto clusters = clusterPositions(everything, [&plain](std::size_t seed, std::size_t candidate) {
+            return songsMatch(plain[seed], plain[candidate]);
+        });
+        ASSERT_FALSE(clusters.empty());
+
+        const PreparedSongs prepared(songs);
+        BucketClusterer clusterer(songs, prepared);
+        EXPECT_EQ(clusterer.clustersOf(everything), clusters);
+        // Nothing of one bucket is left for the next.
+        const std::vector<std::size_t> half(everything.begin(), everything.begin() + 1000);
+        EXPECT_EQ(clusterer.clustersOf(half), BucketClusterer(songs, prepared).clustersOf(half));
     }
 }
 
