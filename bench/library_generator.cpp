@@ -2,6 +2,7 @@
 
 #include "bench/random_source.h"
 #include "bench/vocabulary.h"
+#include "session/song_reading.h"
 
 #include <QSet>
 #include <QStringList>
@@ -283,36 +284,23 @@ private:
         return static_cast<qint64>(seconds * rate * 125.0) + static_cast<qint64>(m_random.below(60'000));
     }
 
-    /// A song as a scan reads it: the program's own reading needs a file.
+    /// A song as a scan reads it, with an id that is the same every time.
     Song songOf(const QString &path, double seconds, qint64 size)
     {
-        Song song;
+        Song song = m_maker.songOf(path, {seconds, size});
         const std::uint64_t high = m_random.bits();
         const std::uint64_t low = m_random.bits();
         const auto byteOf = [low](int index) { return static_cast<uchar>(low >> (8 * index)); };
         song.id =
             QUuid(static_cast<uint>(high), static_cast<ushort>(high >> 32), static_cast<ushort>(high >> 48),
                   byteOf(0), byteOf(1), byteOf(2), byteOf(3), byteOf(4), byteOf(5), byteOf(6), byteOf(7));
-        song.path = path;
-        song.name = path.section(u'/', -1);
-        song.folderName = path.section(u'/', -2, -2);
-        song.duration = seconds;
-        song.size = size;
-
-        const qsizetype dot = song.name.lastIndexOf(u'.');
-        song.fileType = song.name.sliced(dot + 1).toUpper();
-        const QString base = song.name.first(dot);
-        const qsizetype hyphen = base.indexOf(u'-');
-        // Only blanks occur around hyphens.
-        if (hyphen >= 0)
-            song.artist = base.first(hyphen).trimmed();
-        song.title = hyphen >= 0 ? base.sliced(hyphen + 1).trimmed() : base;
         return song;
     }
 
     const LibraryPlan &m_plan;
     const Vocabulary m_vocabulary;
     RandomSource m_random;
+    SongMaker m_maker;
     QList<Song> m_songs;
     QSet<QString> m_paths;
     int m_titleNumber = 0;
