@@ -54,7 +54,7 @@ PreparedSongs::PreparedSongs(const QList<Song> &songs)
         prepared.duration = song.duration;
 
         // Neighbours in a folder are mostly by one artist.
-        if (m_songs.empty() || song.artist != *previousArtist) {
+        if (!previousArtist || song.artist != *previousArtist) {
             previousArtist = &song.artist;
             lowerInto(lowered, song.artist);
             normalizeLoweredInto(artist, lowered);
