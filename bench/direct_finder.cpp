@@ -4,15 +4,9 @@
 #include "analysis/similarity.h"
 
 #include <algorithm>
-#include <cmath>
 
 namespace sonavo {
 namespace {
-
-bool oneContainsTheOther(const QString &a, const QString &b)
-{
-    return !a.isEmpty() && !b.isEmpty() && (a.contains(b) || b.contains(a));
-}
 
 /// Similar by so much, or both empty.
 bool areAlike(const std::string &a, const std::string &b, double threshold)
@@ -34,7 +28,7 @@ bool shareAWord(const std::vector<std::string> &a, const std::vector<std::string
 
 bool isMatch(const ComparableSong &a, const ComparableSong &b)
 {
-    return std::abs(a.duration - b.duration) <= MATCH_DURATION_DIFF && areTitlesAlike(a, b) &&
+    return areDurationsClose(a.duration, b.duration) && areTitlesAlike(a, b) &&
            areAlike(a.normalizedArtist, b.normalizedArtist, MATCH_ARTIST_SIMILARITY) &&
            shareAWord(a.titleWords, b.titleWords);
 }

@@ -24,8 +24,7 @@ bool ArtistIndex::areSimilar(const PreparedSong &a, const PreparedSong &b) const
 bool ArtistIndex::areSimilar(const Artist &a, const Artist &b) const
 {
     const std::size_t limit = m_largestDistances[std::max(a.length, b.length)];
-    const std::size_t difference = a.length > b.length ? a.length - b.length : b.length - a.length;
-    return difference <= limit && bagDifference(a.bag, b.bag) <= 2 * limit &&
+    return mayBeWithin(limit, a.length, b.length, a.bag, b.bag) &&
            boundedDistance(m_prepared.artist(a.number), m_prepared.artist(b.number), limit) <= limit;
 }
 

@@ -32,6 +32,15 @@ namespace sonavo {
     return static_cast<std::size_t>(bits * 0x0101010101010101 >> 56);
 }
 
+/// Whether the distance of two normalised texts may be within a limit, judged by their lengths and bags
+/// alone.
+[[nodiscard]] constexpr bool mayBeWithin(std::size_t limit, std::size_t lengthA, std::size_t lengthB,
+                                         std::uint64_t bagA, std::uint64_t bagB)
+{
+    const std::size_t difference = lengthA > lengthB ? lengthA - lengthB : lengthB - lengthA;
+    return difference <= limit && bagDifference(bagA, bagB) <= 2 * limit;
+}
+
 /// The largest distance at which texts, the longer of which has `length` characters, still have a similarity
 /// (see calculateSimilarity()) of at least `threshold`.
 /// @param length at least 1

@@ -5,7 +5,6 @@
 #include "analysis/similarity.h"
 
 #include <algorithm>
-#include <cmath>
 #include <limits>
 
 namespace sonavo {
@@ -34,24 +33,6 @@ std::vector<std::size_t> largestDistances(std::size_t longestText, double thresh
     for (std::size_t length = 1; length <= longestText; ++length)
         distances.push_back(largestDistance(length, threshold));
     return distances;
-}
-
-/// Whether the distance of two texts, judged by their lengths and bags alone, may be within the limit.
-bool mayBeWithin(std::size_t limit, std::size_t lengthA, std::size_t lengthB, std::uint64_t bagA,
-                 std::uint64_t bagB)
-{
-    const std::size_t difference = lengthA > lengthB ? lengthA - lengthB : lengthB - lengthA;
-    return difference <= limit && bagDifference(bagA, bagB) <= 2 * limit;
-}
-
-bool haveCloseDurations(const PreparedSong &a, const PreparedSong &b)
-{
-    return std::abs(a.duration - b.duration) <= MATCH_DURATION_DIFF;
-}
-
-bool oneContainsTheOther(const QString &a, const QString &b)
-{
-    return a.size() >= b.size() ? a.contains(b) : b.contains(a);
 }
 
 } // namespace
@@ -177,7 +158,7 @@ void BucketClusterer::gatherByWords(Place seed)
                 m_lastSeed[place] = seed;
                 const PreparedSong &other = m_bucket[place];
                 const bool isSameArtist = song.artistNumber == other.artistNumber;
-                if (haveCloseDurations(song, other) &&
+                if (areDurationsClose(song.duration, other.duration) &&
                     (isSameArtist || m_artistIndex.areSimilar(song, other)))
                     m_candidates.push_back(place);
             }
@@ -192,7 +173,8 @@ void BucketClusterer::gatherByArtists(Place seed)
     for (const std::uint32_t artist : m_artistIndex.similarArtists(song)) {
         for (const Place place : m_artistIndex.placesOf(artist)) {
             const PreparedSong &other = m_bucket[place];
-            if (!m_isPlaced[place] && haveCloseDurations(song, other) && shareTitleWord(song, other))
+            if (!m_isPlaced[place] && areDurationsClose(song.duration, other.duration) &&
+                shareTitleWord(song, other))
                 m_candidates.push_back(place);
         }
     }

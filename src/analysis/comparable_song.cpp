@@ -4,7 +4,6 @@
 #include "analysis/similarity.h"
 
 #include <algorithm>
-#include <cmath>
 
 namespace sonavo {
 namespace {
@@ -32,17 +31,6 @@ bool shareAWord(const std::vector<std::string> &a, const std::vector<std::string
         ++(order < 0 ? wordOfA : wordOfB);
     }
     return false;
-}
-
-/// Whether one of the texts contains the other; an empty text is contained in nothing.
-bool oneContainsTheOther(const QString &a, const QString &b)
-{
-    return !a.isEmpty() && !b.isEmpty() && (a.contains(b) || b.contains(a));
-}
-
-bool durationsMatch(const ComparableSong &a, const ComparableSong &b)
-{
-    return std::abs(a.duration - b.duration) <= MATCH_DURATION_DIFF;
 }
 
 bool artistsMatch(const ComparableSong &a, const ComparableSong &b)
@@ -77,8 +65,9 @@ ComparableSong::ComparableSong(const Song &song)
 bool songsMatch(const ComparableSong &seed, const ComparableSong &candidate)
 {
     // The conditions are independent of one another, so the cheap ones come first.
-    return durationsMatch(seed, candidate) && shareAWord(seed.titleWords, candidate.titleWords) &&
-           artistsMatch(seed, candidate) && titlesMatch(seed, candidate);
+    return areDurationsClose(seed.duration, candidate.duration) &&
+           shareAWord(seed.titleWords, candidate.titleWords) && artistsMatch(seed, candidate) &&
+           titlesMatch(seed, candidate);
 }
 
 } // namespace sonavo

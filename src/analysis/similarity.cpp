@@ -63,6 +63,11 @@ double calculateSimilarity(std::string_view a, std::string_view b)
     return 1.0 - static_cast<double>(levenshteinDistance(a, b)) / static_cast<double>(longer);
 }
 
+bool oneContainsTheOther(const QString &a, const QString &b)
+{
+    return !a.isEmpty() && !b.isEmpty() && (a.size() >= b.size() ? a.contains(b) : b.contains(a));
+}
+
 bool songsMatch(const Song &seed, const Song &candidate)
 {
     return songsMatch(ComparableSong(seed), ComparableSong(candidate));

@@ -4,6 +4,7 @@
 
 #include <QString>
 
+#include <cmath>
 #include <cstddef>
 #include <set>
 #include <string>
@@ -30,6 +31,15 @@ inline constexpr std::size_t MATCH_WORD_LENGTH = 3;
 /// 1 - distance / length of the longer text, between 0.0 and 1.0, for two normalised texts of which at least
 /// one is not empty.
 [[nodiscard]] double calculateSimilarity(std::string_view a, std::string_view b);
+
+/// Whether two playing times, in seconds, are those of copies of one recording.
+[[nodiscard]] inline bool areDurationsClose(double a, double b)
+{
+    return std::abs(a - b) <= MATCH_DURATION_DIFF;
+}
+
+/// Whether one of two texts contains the other, literally; an empty text is contained in nothing.
+[[nodiscard]] bool oneContainsTheOther(const QString &a, const QString &b);
 
 /// Whether two songs are the same recording. All four conditions must hold:
 /// 1. their durations differ by at most MATCH_DURATION_DIFF;

@@ -8,7 +8,8 @@
 namespace sonavo {
 namespace {
 
-/// Files that one task of the thread pool reads: starting a task costs as much as reading a file.
+/// Files that one task of the thread pool reads: a small file is read so fast that a task for each would cost
+/// too much beside it.
 constexpr qsizetype FILES_PER_TASK = 20;
 /// Enough that all cores have work through a pause, little enough to be of no account in memory.
 constexpr std::size_t MOST_TASKS_AHEAD = 40;
