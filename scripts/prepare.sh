@@ -6,6 +6,9 @@ BUILD_PACKAGES=(
     g++ cmake ninja-build pkg-config
     qt6-base-dev qcoro-qt6-dev
     libavformat-dev libavcodec-dev libavutil-dev
+    # Playback: the back end of Qt Multimedia, the decoders and the way to the sound server.
+    qt6-multimedia-dev gstreamer1.0-plugins-base gstreamer1.0-plugins-good gstreamer1.0-libav
+    gstreamer1.0-pulseaudio
 )
 # One version of clang-format everywhere: versions differ in what they call formatted.
 TEST_PACKAGES=(

@@ -4,7 +4,9 @@
 
 namespace sonavo {
 
-/// Plays one song for a listening check. Main thread only.
+/// Plays one file for a listening check, once, from its beginning. A file that cannot be opened or decoded,
+/// or a computer without sound, makes no difference but silence. No call waits for the sound. Main thread
+/// only.
 class PreviewPlayer : public QObject
 {
     Q_OBJECT
@@ -12,10 +14,21 @@ class PreviewPlayer : public QObject
 public:
     using QObject::QObject;
 
+    /// Starts the sound, or goes on where it was paused.
+    virtual void play() = 0;
+
     /// Stops the sound where it is.
     virtual void pause() = 0;
 
-    /// Lets go of the file.
+    /// @param volume from 0.0, silence, to 1.0, the sound as it was recorded and the initial value
+    virtual void setVolume(double volume) = 0;
+
+    /// Goes on playing from exactly this second of the song, also when the song had come to its end. Before
+    /// the file is ready the wish is remembered; the last one counts.
+    /// @param seconds below zero means the beginning, beyond the end the end
+    virtual void seek(qint64 seconds) = 0;
+
+    /// Lets go of the file, for good.
     virtual void releaseItem() = 0;
 };
 

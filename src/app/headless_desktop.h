@@ -4,11 +4,20 @@
 
 namespace sonavo {
 
-/// The desktop of a run in the terminal: there is nobody to choose anything.
+/// The desktop of a run in the terminal: there is nobody to choose, to look or to listen, and nothing that
+/// could move a file.
 class HeadlessDesktop final : public Desktop
 {
 public:
     [[nodiscard]] QList<QUrl> chooseMusic() override { return {}; }
+    [[nodiscard]] QString chooseFolder(const QString &, const QString &) override { return {}; }
+    [[nodiscard]] std::optional<Failure> moveToTrash(const QString &) override
+    {
+        return Failure{QStringLiteral("There is no Trash in the terminal.")};
+    }
+    void copyToClipboard(const QString &) override {}
+    void showInFileViewer(const QString &) override {}
+    [[nodiscard]] std::unique_ptr<PreviewPlayer> openPreview(const QString &) override { return nullptr; }
 };
 
 } // namespace sonavo

@@ -1,6 +1,7 @@
 #include "session/duplicate_view_model.h"
 #include "support/held_pauses.h"
 #include "support/instant_pauses.h"
+#include "support/quiet_desktop.h"
 
 #include <QDir>
 #include <QFile>
@@ -22,7 +23,7 @@ using testing::IsEmpty;
 using ToastType = DuplicateViewModel::ToastType;
 
 /// A person who chooses what the test says.
-class ChoosingDesktop final : public Desktop
+class ChoosingDesktop final : public QuietDesktop
 {
 public:
     QList<QUrl> choice;

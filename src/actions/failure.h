@@ -1,0 +1,15 @@
+#pragma once
+
+#include <QString>
+
+namespace sonavo {
+
+/// Why an operation on a file did not happen. Operations that can fail return an optional one of these:
+/// nothing means success.
+struct Failure
+{
+    /// In words for the person, in the language of the system; never empty.
+    QString reason;
+};
+
+} // namespace sonavo
