@@ -29,6 +29,13 @@ public:
     Color color;
 };
 
+/// The duplicates of all groups, in the groups' order and theirs.
+[[nodiscard]] QList<Song> duplicatesOf(const QList<DuplicateGroup> &groups);
+
+/// The groups after one song was deleted: the first duplicate of a group takes the place of its deleted
+/// original. A group can be left with its original alone; it leaves the list with its last song.
+[[nodiscard]] QList<DuplicateGroup> withoutSong(const QList<DuplicateGroup> &groups, const QUuid &songId);
+
 } // namespace sonavo
 
 Q_DECLARE_METATYPE(sonavo::DuplicateGroup)

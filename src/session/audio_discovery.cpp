@@ -1,8 +1,8 @@
 #include "session/audio_discovery.h"
 
+#include "model/saturating.h"
 #include "session/audio_formats.h"
 #include "session/folder_enumeration.h"
-#include "session/saturating.h"
 
 #include <QFileInfo>
 

@@ -1,16 +1,11 @@
 #include "session/audio_formats.h"
 
+#include "model/file_name.h"
+
 #include <array>
 #include <utility>
 
 namespace sonavo {
-
-QStringView pathExtension(QStringView path)
-{
-    const QStringView name = path.sliced(path.lastIndexOf(u'/') + 1);
-    const qsizetype dot = name.lastIndexOf(u'.');
-    return dot > 0 ? name.sliced(dot + 1) : QStringView();
-}
 
 std::optional<AudioFormat> audioFormatOf(QStringView path)
 {

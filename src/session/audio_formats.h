@@ -16,10 +16,6 @@ enum class AudioFormat
     Flac
 };
 
-/// The extension of a path's last component, without its dot; empty when there is none. A leading dot starts
-/// no extension.
-[[nodiscard]] QStringView pathExtension(QStringView path);
-
 /// The audio format that a path's extension names, in any case. Nothing but the name is looked at.
 [[nodiscard]] std::optional<AudioFormat> audioFormatOf(QStringView path);
 

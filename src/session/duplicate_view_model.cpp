@@ -1,14 +1,20 @@
 #include "session/duplicate_view_model.h"
 
+#include "actions/clean_up.h"
+#include "actions/click_to_seek.h"
+#include "actions/duplicates_folder.h"
+#include "actions/file_identity.h"
 #include "analysis/analyze_duplicates.h"
+#include "model/byte_count.h"
+#include "model/saturating.h"
 #include "session/audio_discovery.h"
-#include "session/saturating.h"
 #include "session/song_read_ahead.h"
 
 #include <QCoroFuture>
 #include <QMetaProperty>
 #include <QtConcurrentRun>
 
+#include <algorithm>
 #include <utility>
 
 namespace sonavo {
@@ -81,9 +87,10 @@ bool DuplicateViewModel::importDroppedItems(const QList<QUrl> &urls)
 bool DuplicateViewModel::importWithOpenPanel()
 {
     const QPointer<DuplicateViewModel> self(this);
+    const quint64 sessionNumber = m_sessionNumber;
     const QList<QUrl> urls = m_desktop.chooseMusic();
     // The application may have been quit while the panel was open.
-    if (!self || urls.isEmpty())
+    if (!self || m_sessionNumber != sessionNumber || urls.isEmpty())
         return false;
     return importWithinLimits(urls, openPanelRefusal());
 }
@@ -201,22 +208,171 @@ QCoro::Task<> DuplicateViewModel::scan(QPointer<DuplicateViewModel> self, QList<
             [&] { self->setProgress(1.0); }, [&] { self->setScanMessage({}); });
 }
 
+void DuplicateViewModel::togglePlayback(Song song)
+{
+    const bool wasPlaying = isPreviewOf(song);
+    stopPlayback();
+    if (wasPlaying)
+        return;
+    const quint64 number = ++m_previewNumber;
+    m_currentlyPlayingSong = song;
+    Q_EMIT currentlyPlayingSongChanged();
+    const auto start = [this, song = std::move(song), number] {
+        if (m_previewNumber == number)
+            startPlayback(song);
+    };
+    QMetaObject::invokeMethod(this, start, Qt::QueuedConnection);
+}
+
+void DuplicateViewModel::startPlayback(const Song &song)
+{
+    m_player = m_desktop.openPreview(song.path);
+    Q_EMIT playerChanged();
+    if (m_player)
+        m_player->play();
+}
+
+void DuplicateViewModel::seekPlayback(double x, double width)
+{
+    if (!m_player || !m_currentlyPlayingSong)
+        return;
+    if (const auto second = seekTarget(x, width, m_currentlyPlayingSong->duration))
+        m_player->seek(*second);
+}
+
 void DuplicateViewModel::stopPlayback()
 {
-    if (m_player) {
-        m_player->pause();
-        m_player->releaseItem();
-        m_player.reset();
+    ++m_previewNumber;
+    const std::unique_ptr<PreviewPlayer> player = std::move(m_player);
+    const std::optional<Song> song = std::exchange(m_currentlyPlayingSong, std::nullopt);
+    if (player) {
+        player->pause();
+        player->releaseItem();
         Q_EMIT playerChanged();
     }
-    if (m_currentlyPlayingSong) {
-        m_currentlyPlayingSong.reset();
+    if (song)
         Q_EMIT currentlyPlayingSongChanged();
+}
+
+bool DuplicateViewModel::isPreviewOf(const Song &song) const
+{
+    return m_currentlyPlayingSong && m_currentlyPlayingSong->id == song.id;
+}
+
+void DuplicateViewModel::stopPlaybackOfDuplicates()
+{
+    const QList<Song> duplicates = duplicatesOf(m_duplicateGroups);
+    const auto isPlaying = [this](const Song &song) { return isPreviewOf(song); };
+    if (std::any_of(duplicates.begin(), duplicates.end(), isPlaying))
+        stopPlayback();
+}
+
+void DuplicateViewModel::moveDuplicatesToFolder()
+{
+    stopPlaybackOfDuplicates();
+    const QList<DuplicateGroup> groups = m_duplicateGroups;
+    if (duplicatesOf(groups).isEmpty()) {
+        showToast(QStringLiteral("No duplicates to move"), ToastType::Info);
+        return;
     }
+
+    const QPointer<DuplicateViewModel> self(this);
+    const QString parent = m_desktop.chooseFolder(
+        QStringLiteral("Select a folder to move duplicate files to"), QStringLiteral("Select Folder"));
+    // The answer was given for this result: it may have been cleared or replaced meanwhile.
+    if (!self || parent.isEmpty() || !m_duplicateGroups.isSharedWith(groups))
+        return;
+
+    auto folder = DuplicatesFolder::create(parent, QDateTime::currentDateTime());
+    if (const auto *failure = std::get_if<Failure>(&folder)) {
+        showToast(QStringLiteral("Failed to create folder: %1").arg(failure->reason), ToastType::Error);
+        return;
+    }
+    auto &target = std::get<DuplicatesFolder>(folder);
+    const CleanUpOutcome outcome = moveDuplicates(groups, target);
+    takeDuplicatesOffTheList();
+    if (outcome.failed == 0) {
+        showToast(QStringLiteral("Moved %1 files to folder \u2022 Saved %2")
+                      .arg(outcome.moved)
+                      .arg(formattedByteCount(outcome.savedBytes)),
+                  ToastType::Success);
+    } else {
+        showToast(QStringLiteral("Moved %1 files \u2022 %2 failed").arg(outcome.moved).arg(outcome.failed),
+                  ToastType::Error);
+    }
+    m_desktop.copyToClipboard(target.path());
+    announceCopiedPath(this);
+}
+
+QCoro::Task<> DuplicateViewModel::announceCopiedPath(QPointer<DuplicateViewModel> self)
+{
+    const std::shared_ptr<Pauses> pauses = self->m_pauses;
+    co_await pauses->wait(1s);
+    if (self)
+        self->showToast(QStringLiteral("Folder path copied to clipboard"), ToastType::Info);
+}
+
+void DuplicateViewModel::cleanupAll()
+{
+    stopPlaybackOfDuplicates();
+    const CleanUpOutcome outcome = trashDuplicates(m_duplicateGroups, m_desktop);
+    takeDuplicatesOffTheList();
+    if (outcome.failed == 0) {
+        showToast(QStringLiteral("Moved %1 files to Trash \u2022 Saved %2")
+                      .arg(outcome.moved)
+                      .arg(formattedByteCount(outcome.savedBytes)),
+                  ToastType::Success);
+    } else {
+        showToast(
+            QStringLiteral("Moved %1 files to Trash \u2022 %2 failed").arg(outcome.moved).arg(outcome.failed),
+            ToastType::Error);
+    }
+}
+
+void DuplicateViewModel::takeDuplicatesOffTheList()
+{
+    const QList<Song> duplicates = duplicatesOf(m_duplicateGroups);
+    const QSet<Song> leaving(duplicates.begin(), duplicates.end());
+    QList<Song> rest = m_songs;
+    rest.removeIf([&leaving](const Song &song) { return leaving.contains(song); });
+    setSongs(rest);
+    setDuplicateGroups({});
+}
+
+void DuplicateViewModel::deleteSong(Song song)
+{
+    if (isPreviewOf(song)) {
+        // What is still on its way to the loudspeaker is not to be heard either.
+        if (m_player)
+            m_player->setVolume(0.0);
+        stopPlayback();
+    }
+    const auto takeOffTheList = [this, &song] {
+        QList<Song> rest = m_songs;
+        if (rest.removeIf([&song](const Song &listed) { return listed.id == song.id; }) > 0)
+            setSongs(rest);
+    };
+    if (!identityOf(song.path)) {
+        takeOffTheList();
+        return;
+    }
+    if (const auto failure = trashSong(song, m_duplicateGroups, m_desktop)) {
+        showToast(QStringLiteral("Could not delete file: %1").arg(failure->reason), ToastType::Error);
+        return;
+    }
+    takeOffTheList();
+    showToast(QStringLiteral("Moved to Trash: %1").arg(song.name), ToastType::Success);
+    setDuplicateGroups(withoutSong(m_duplicateGroups, song.id));
+}
+
+void DuplicateViewModel::revealSong(const Song &song)
+{
+    m_desktop.showInFileViewer(song.path);
 }
 
 void DuplicateViewModel::clearAll()
 {
+    ++m_sessionNumber;
     cancelCurrentAnalysisTask();
     const bool isCleared =
         takeSteps([this] { return !m_currentAnalysisTask; }, [&] { stopPlayback(); }, [&] { setSongs({}); },

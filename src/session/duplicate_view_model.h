@@ -126,8 +126,36 @@ public:
     /// @param urls file URLs; a copy, because they can be pendingImportURLs, which the scan empties
     Q_INVOKABLE void startScan(QList<QUrl> urls);
 
+    /// Plays a song from its beginning, in place of any other; stops it when it is the one being previewed.
+    /// The sound starts at the next turn of the event loop. That a song has come to its end is not noticed:
+    /// it stays the one being previewed.
+    /// @param song a copy, like that of deleteSong(): it can be one that the session lets go of meanwhile
+    Q_INVOKABLE void togglePlayback(sonavo::Song song);
+
+    /// Goes on with the preview at the second that a click on the song's row stands for; see seekTarget().
+    /// Nothing happens as long as there is no player.
+    Q_INVOKABLE void seekPlayback(double x, double width);
+
     /// Stops the preview and lets go of its file.
     Q_INVOKABLE void stopPlayback();
+
+    /// Moves every duplicate into a new folder inside one that the person chooses, takes the duplicates off
+    /// the list, tells the outcome in a toast and puts the new folder's path on the clipboard. The chooser
+    /// runs the event loop; when the result has changed meanwhile, nothing is moved. The files are moved
+    /// before this returns.
+    Q_INVOKABLE void moveDuplicatesToFolder();
+
+    /// Sends every duplicate to the Trash, takes the duplicates off the list and tells the outcome in a
+    /// toast.
+    Q_INVOKABLE void cleanupAll();
+
+    /// Sends one song's file to the Trash and repairs the group that held it. On failure nothing changes but
+    /// that a preview of the song has stopped. A song whose file is gone already leaves `songs` without a
+    /// word, and its group stays as it is.
+    Q_INVOKABLE void deleteSong(sonavo::Song song);
+
+    /// Shows a song's file in the system's file viewer.
+    Q_INVOKABLE void revealSong(const sonavo::Song &song);
 
     /// Empties the session: cancels a running scan, stops the preview and returns every property to its
     /// initial value, except those of the toast.
@@ -159,7 +187,13 @@ private:
     static QCoro::Task<> scan(QPointer<DuplicateViewModel> self, QList<QUrl> urls, std::stop_token stop);
     static QCoro::Task<> hideToastLater(QPointer<DuplicateViewModel> self);
 
+    static QCoro::Task<> announceCopiedPath(QPointer<DuplicateViewModel> self);
+
     bool importWithinLimits(const QList<QUrl> &urls, const QString &refusal);
+    void startPlayback(const Song &song);
+    [[nodiscard]] bool isPreviewOf(const Song &song) const;
+    void stopPlaybackOfDuplicates();
+    void takeDuplicatesOffTheList();
     void cancelCurrentAnalysisTask();
     void announceEverything();
     [[nodiscard]] QVariant currentlyPlayingSongVariant() const;
@@ -195,6 +229,11 @@ private:
     bool m_showToast = false;
     QString m_toastMessage;
     ToastType m_toastType = ToastType::Info;
+
+    /// Grows with every preview that starts or stops: a start that comes late knows by it.
+    quint64 m_previewNumber = 0;
+    /// Grows with every clearing of the session: what a chooser returned for an earlier one is void.
+    quint64 m_sessionNumber = 0;
 
     /// The running scan, or the last one.
     std::optional<std::stop_source> m_currentAnalysisTask;

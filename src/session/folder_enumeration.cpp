@@ -1,5 +1,6 @@
 #include "session/folder_enumeration.h"
 
+#include "model/file_name.h"
 #include "session/audio_formats.h"
 
 #include <QFile>

@@ -1,5 +1,6 @@
 #include "session/song_reading.h"
 
+#include "model/file_name.h"
 #include "session/audio_duration.h"
 #include "session/audio_formats.h"
 

@@ -1,11 +1,10 @@
 #include "session/duplicate_view_model.h"
+#include "session/music_folder.h"
+#include "session/settling.h"
 #include "support/held_pauses.h"
 #include "support/instant_pauses.h"
 #include "support/quiet_desktop.h"
 
-#include <QDir>
-#include <QFile>
-#include <QTemporaryDir>
 #include <QTest>
 
 #include <gmock/gmock.h>
@@ -28,31 +27,6 @@ class ChoosingDesktop final : public QuietDesktop
 public:
     QList<QUrl> choice;
     [[nodiscard]] QList<QUrl> chooseMusic() override { return choice; }
-};
-
-/// A folder of real songs, made of the sample library's.
-class MusicFolder
-{
-public:
-    void addSong(const QString &name) const
-    {
-        const QString source = QStringLiteral(SONAVO_SAMPLES "/Albums/Ada Finch - Glass Road.flac");
-        ASSERT_TRUE(QFile::copy(source, m_folder.filePath(name)));
-    }
-    void addText(const QString &name) const
-    {
-        QFile file(m_folder.filePath(name));
-        ASSERT_TRUE(file.open(QIODevice::WriteOnly));
-        file.write("no music");
-    }
-    [[nodiscard]] QList<QUrl> urls() const { return {QUrl::fromLocalFile(m_folder.path())}; }
-    [[nodiscard]] QUrl urlOf(const QString &name) const
-    {
-        return QUrl::fromLocalFile(m_folder.filePath(name));
-    }
-
-private:
-    QTemporaryDir m_folder;
 };
 
 /// What a session announces, as "property=value", and the pauses in between.
@@ -104,14 +78,6 @@ protected:
     {
         return std::make_unique<DuplicateViewModel>(desktop, std::move(kind), QList<Color>(6));
     }
-
-    /// Runs the event loop until the scan is over and everything that it still does afterwards is done.
-    static void finishScan(const DuplicateViewModel &session)
-    {
-        ASSERT_TRUE(QTest::qWaitFor([&session] { return !session.isScanning(); }, 20'000));
-        settle();
-    }
-    static void settle() { QTest::qWait(20); }
 
     static void expectInitialValues(const DuplicateViewModel &session)
     {

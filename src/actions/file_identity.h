@@ -1,0 +1,57 @@
+#pragma once
+
+#include <QByteArray>
+#include <QSet>
+#include <QString>
+
+#include <sys/types.h>
+
+#include <optional>
+
+namespace sonavo {
+
+/// What tells a song's file from every other file on the disks. Two paths can lead to one file: through a
+/// linked folder, a symbolic link, a mount of a folder in two places, or a disk that ignores case.
+struct FileIdentity
+{
+    /// An object on a disk: a file or a folder.
+    struct Node
+    {
+        dev_t device = 0;
+        ino_t inode = 0;
+        friend bool operator==(const Node &, const Node &) = default;
+    };
+    /// The folder that holds the file, and the name that it has there.
+    Node folder;
+    QByteArray name;
+    /// The file behind the name, where links lead to; it is known by no other name in any folder only if
+    /// `hasOneName`.
+    Node file;
+    bool hasOneName = false;
+};
+
+/// Looks at the file at a path, following links.
+/// @return nothing when no regular file can be reached there
+[[nodiscard]] std::optional<FileIdentity> identityOf(const QString &path);
+
+/// Whether two paths lead to one and the same file, so that removing one takes the other. Two hard links are
+/// two files: the song outlives either.
+[[nodiscard]] bool areOneFile(const FileIdentity &a, const FileIdentity &b);
+
+/// Files, to be asked whether another path leads to one of them.
+class FileSet
+{
+public:
+    void insert(const FileIdentity &identity);
+    /// Whether areOneFile() holds for the identity and one in the set.
+    [[nodiscard]] bool contains(const FileIdentity &identity) const;
+
+private:
+    using Entry = std::pair<FileIdentity::Node, QByteArray>;
+    QSet<Entry> m_entries;
+    QSet<FileIdentity::Node> m_files;
+};
+
+[[nodiscard]] size_t qHash(const FileIdentity::Node &node, size_t seed = 0);
+
+} // namespace sonavo

@@ -1,0 +1,42 @@
+#include "model/duplicate_group.h"
+
+#include <optional>
+
+namespace sonavo {
+namespace {
+
+/// Nothing when the group's only song was deleted.
+std::optional<DuplicateGroup> repaired(DuplicateGroup group, const QUuid &deletedId)
+{
+    if (group.original.id == deletedId) {
+        if (group.duplicates.isEmpty())
+            return std::nullopt;
+        group.original = group.duplicates.takeFirst();
+    } else {
+        group.duplicates.removeIf([&deletedId](const Song &song) { return song.id == deletedId; });
+    }
+    return group;
+}
+
+} // namespace
+
+QList<Song> duplicatesOf(const QList<DuplicateGroup> &groups)
+{
+    QList<Song> songs;
+    for (const DuplicateGroup &group : groups)
+        songs.append(group.duplicates);
+    return songs;
+}
+
+QList<DuplicateGroup> withoutSong(const QList<DuplicateGroup> &groups, const QUuid &songId)
+{
+    QList<DuplicateGroup> rest;
+    rest.reserve(groups.size());
+    for (const DuplicateGroup &group : groups) {
+        if (const auto kept = repaired(group, songId))
+            rest.append(*kept);
+    }
+    return rest;
+}
+
+} // namespace sonavo

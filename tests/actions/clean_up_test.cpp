@@ -1,0 +1,170 @@
+#include "actions/clean_up.h"
+#include "support/audio_fixtures.h"
+#include "support/quiet_desktop.h"
+
+#include <QDir>
+#include <QFile>
+#include <QFileInfo>
+#include <QTemporaryDir>
+
+#include <gmock/gmock.h>
+
+namespace sonavo {
+namespace {
+
+using namespace Qt::Literals::StringLiterals;
+using testing::ElementsAre;
+using testing::IsEmpty;
+
+/// A Trash that takes everything but what has "stuck" in its name.
+class TrashingDesktop final : public QuietDesktop
+{
+public:
+    QStringList trashed;
+    [[nodiscard]] std::optional<Failure> moveToTrash(const QString &path) override
+    {
+        if (path.contains(u"stuck"_s))
+            return Failure{u"stuck"_s};
+        trashed.append(path);
+        return QFile::remove(path) ? std::nullopt : std::optional(Failure{u"gone"_s});
+    }
+};
+
+class CleanUpTest : public testing::Test
+{
+protected:
+    CleanUpTest()
+    {
+        QDir(m_folder.path()).mkdir(u"music"_s);
+        QFile::link(pathOf(u"music"_s), pathOf(u"linked"_s));
+    }
+
+    [[nodiscard]] QString pathOf(const QString &name) const { return m_folder.filePath(name); }
+
+    /// A song of ten bytes whose file is there.
+    [[nodiscard]] Song song(const QString &name) const
+    {
+        if (!QFileInfo::exists(pathOf(name)))
+            writeFile(pathOf(name), "0123456789");
+        return missingSong(name);
+    }
+    [[nodiscard]] Song missingSong(const QString &name) const
+    {
+        Song song;
+        song.id = QUuid::createUuid();
+        song.path = pathOf(name);
+        song.name = QFileInfo(name).fileName();
+        song.size = 10;
+        return song;
+    }
+    [[nodiscard]] static DuplicateGroup group(const Song &original, const QList<Song> &duplicates)
+    {
+        return {QUuid::createUuid(), original, duplicates, {}};
+    }
+
+    /// Cleans up in both ways, each with the same files.
+    [[nodiscard]] std::pair<CleanUpOutcome, CleanUpOutcome>
+    cleanUpBothWays(const std::function<QList<DuplicateGroup>()> &makeGroups)
+    {
+        const CleanUpOutcome trashed = trashDuplicates(makeGroups(), m_desktop);
+        auto folder = DuplicatesFolder::create(pathOf(u"target"_s), QDateTime::currentDateTime());
+        m_target = std::get<DuplicatesFolder>(folder).path();
+        const CleanUpOutcome moved = moveDuplicates(makeGroups(), std::get<DuplicatesFolder>(folder));
+        return {trashed, moved};
+    }
+    [[nodiscard]] QStringList movedFiles() const { return QDir(m_target).entryList(QDir::Files, QDir::Name); }
+
+    TrashingDesktop m_desktop;
+
+private:
+    const QTemporaryDir m_folder;
+    QString m_target;
+};
+
+TEST_F(CleanUpTest, CountsWhatWasMovedAndWhatCouldNotBe)
+{
+    const auto [trashed, moved] = cleanUpBothWays([this] {
+        return QList{
+            group(song(u"music/a.mp3"_s), {song(u"music/b.mp3"_s), missingSong(u"music/gone.mp3"_s)}),
+            group(song(u"music/c.mp3"_s), {song(u"music/d.mp3"_s), song(u"music/e stuck.mp3"_s)}),
+            group(song(u"music/f.mp3"_s), {})};
+    });
+    EXPECT_EQ(trashed.moved, 2);
+    EXPECT_EQ(trashed.savedBytes, 20);
+    EXPECT_EQ(trashed.failed, 1);
+    EXPECT_THAT(m_desktop.trashed, ElementsAre(pathOf(u"music/b.mp3"_s), pathOf(u"music/d.mp3"_s)));
+
+    EXPECT_EQ(moved.moved, 3);
+    EXPECT_EQ(moved.savedBytes, 30);
+    EXPECT_EQ(moved.failed, 1);
+    EXPECT_THAT(movedFiles(), ElementsAre(u"b.mp3"_s, u"d.mp3"_s, u"e stuck.mp3"_s));
+}
+
+TEST_F(CleanUpTest, PassesOverDuplicatesThatAreTheFileOfAnOriginal)
+{
+    const auto [trashed, moved] = cleanUpBothWays([this] {
+        QFile::link(u"a.mp3"_s, pathOf(u"music/link.mp3"_s));
+        return QList{group(song(u"music/a.mp3"_s), {song(u"linked/a.mp3"_s), song(u"music/link.mp3"_s),
+                                                    song(u"music/b.mp3"_s), song(u"music/c.mp3"_s)}),
+                     group(song(u"linked/c.mp3"_s), {song(u"music/a.mp3"_s)}),
+                     // The original is the link, and the file that it leads to the duplicate.
+                     group(song(u"music/link.mp3"_s), {song(u"music/a.mp3"_s)})};
+    });
+    for (const CleanUpOutcome &outcome : {trashed, moved}) {
+        EXPECT_EQ(outcome.moved, 1);
+        EXPECT_EQ(outcome.savedBytes, 10);
+        EXPECT_EQ(outcome.failed, 0);
+    }
+    EXPECT_THAT(m_desktop.trashed, ElementsAre(pathOf(u"music/b.mp3"_s)));
+    EXPECT_THAT(movedFiles(), ElementsAre(u"b.mp3"_s));
+    EXPECT_TRUE(QFileInfo::exists(pathOf(u"music/a.mp3"_s)));
+    EXPECT_TRUE(QFileInfo::exists(pathOf(u"music/c.mp3"_s)));
+}
+
+TEST_F(CleanUpTest, LeavesTheDuplicatesOfAMissingOriginal)
+{
+    const auto [trashed, moved] = cleanUpBothWays([this] {
+        QDir().mkpath(pathOf(u"music/folder.mp3"_s));
+        return QList{
+            group(missingSong(u"music/gone.mp3"_s), {song(u"music/a.mp3"_s), song(u"music/b.mp3"_s)}),
+            group(missingSong(u"music/folder.mp3"_s), {song(u"music/c.mp3"_s)}),
+            group(song(u"music/d.mp3"_s), {song(u"music/e.mp3"_s)})};
+    });
+    for (const CleanUpOutcome &outcome : {trashed, moved}) {
+        EXPECT_EQ(outcome.moved, 1);
+        EXPECT_EQ(outcome.failed, 3);
+    }
+    for (const QString &name : {u"music/a.mp3"_s, u"music/b.mp3"_s, u"music/c.mp3"_s})
+        EXPECT_TRUE(QFileInfo::exists(pathOf(name))) << name.toStdString();
+}
+
+TEST_F(CleanUpTest, NeverTouchesAFolderThatHasASongsName)
+{
+    const auto [trashed, moved] = cleanUpBothWays([this] {
+        QDir().mkpath(pathOf(u"music/b.mp3"_s));
+        return QList{group(song(u"music/a.mp3"_s), {missingSong(u"music/b.mp3"_s)})};
+    });
+    EXPECT_EQ(trashed.moved + trashed.failed, 0);
+    EXPECT_EQ(moved.failed, 1);
+    EXPECT_TRUE(QFileInfo(pathOf(u"music/b.mp3"_s)).isDir());
+}
+
+TEST_F(CleanUpTest, DoesNotTrashASongThatAnotherMemberOfItsGroupWouldMiss)
+{
+    const Song original = song(u"music/a.mp3"_s);
+    const Song again = song(u"linked/a.mp3"_s);
+    const Song copy = song(u"music/b.mp3"_s);
+    const QList<DuplicateGroup> groups{group(original, {again, copy})};
+    for (const Song &member : {original, again}) {
+        const auto failure = trashSong(member, groups, m_desktop);
+        ASSERT_TRUE(failure);
+        EXPECT_FALSE(failure->reason.isEmpty());
+    }
+    EXPECT_THAT(m_desktop.trashed, IsEmpty());
+    EXPECT_FALSE(trashSong(copy, groups, m_desktop));
+    // Without its double, the song may go.
+    EXPECT_FALSE(trashSong(original, {group(original, {copy}), group(copy, {again})}, m_desktop));
+}
+
+} // namespace
+} // namespace sonavo

@@ -1,0 +1,39 @@
+#pragma once
+
+#include <QDir>
+#include <QFile>
+#include <QFileInfo>
+#include <QTemporaryDir>
+#include <QUrl>
+
+#include <gtest/gtest.h>
+
+namespace sonavo {
+
+/// A folder of real songs, made of the sample library's.
+class MusicFolder
+{
+public:
+    /// @param name may begin with folders, which are made
+    void addSong(const QString &name) const
+    {
+        const QString source = QStringLiteral(SONAVO_SAMPLES "/Albums/Ada Finch - Glass Road.flac");
+        ASSERT_TRUE(QDir().mkpath(QFileInfo(pathOf(name)).path()));
+        ASSERT_TRUE(QFile::copy(source, pathOf(name)));
+    }
+    void addText(const QString &name) const
+    {
+        QFile file(pathOf(name));
+        ASSERT_TRUE(file.open(QIODevice::WriteOnly));
+        file.write("no music");
+    }
+    [[nodiscard]] QString path() const { return m_folder.path(); }
+    [[nodiscard]] QString pathOf(const QString &name) const { return m_folder.filePath(name); }
+    [[nodiscard]] QUrl urlOf(const QString &name) const { return QUrl::fromLocalFile(pathOf(name)); }
+    [[nodiscard]] QList<QUrl> urls() const { return {QUrl::fromLocalFile(path())}; }
+
+private:
+    QTemporaryDir m_folder;
+};
+
+} // namespace sonavo
