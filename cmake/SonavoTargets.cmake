@@ -38,6 +38,8 @@ function(sonavo_add_room name)
     add_library(sonavo_${name} STATIC ${ARGN})
     target_include_directories(sonavo_${name} PUBLIC ${PROJECT_SOURCE_DIR}/src)
     target_link_libraries(sonavo_${name} PRIVATE sonavo_options)
+    # What the views can know of the room's types.
+    qt_extract_metatypes(sonavo_${name})
 endfunction()
 
 # sonavo_add_test(NAME SOURCES... ) adds the test executable of one room; link its libraries afterwards.

@@ -18,17 +18,21 @@ namespace fs = std::filesystem;
 
 QString helpText()
 {
-    return QStringLiteral("Usage: sonavo --report [--json] PATH...\n"
-                          "\n"
-                          "Finds the songs that a music folder holds more than once. Changes nothing.\n"
-                          "\n"
-                          "  --report       print the duplicate songs among the files and folders PATH...\n"
-                          "  --json         print them as JSON\n"
-                          "  -h, --help     print this text\n"
-                          "  -v, --version  print the version\n"
-                          "\n"
-                          "Exit status: 0 when a report was printed, 1 when there was nothing to report,\n"
-                          "2 for unusable arguments, 130 after Ctrl-C.\n");
+    return QStringLiteral(
+        "Usage: sonavo [PATH...]\n"
+        "       sonavo --report [--json] PATH...\n"
+        "\n"
+        "Finds the songs that a music folder holds more than once and helps to remove them. Opens\n"
+        "a window, in which the files and folders PATH... are scanned at once.\n"
+        "\n"
+        "  --report       print the duplicate songs among PATH... instead, changing nothing\n"
+        "  --json         print them as JSON\n"
+        "  -h, --help     print this text\n"
+        "  -v, --version  print the version\n"
+        "\n"
+        "Exit status: 0 when the window was closed or a report was printed, 1 when there was\n"
+        "nothing to report or no window could be opened, 2 for unusable arguments, 130 after\n"
+        "Ctrl-C during a report.\n");
 }
 
 std::optional<QString> decoded(const char *argument)
@@ -96,20 +100,24 @@ CommandLine parseCommandLine(std::span<char *const> arguments)
         commandLine.request = HelpRequest{QStringLiteral("sonavo " SONAVO_VERSION "\n")};
         return commandLine;
     }
-    if (!parser.isSet(report))
-        return unusable(QStringLiteral("--report is missing"));
+    const bool isReport = parser.isSet(report);
+    if (!isReport && parser.isSet(json))
+        return unusable(QStringLiteral("--json needs --report"));
 
-    const QStringList paths = parser.positionalArguments();
-    if (paths.isEmpty())
-        return unusable(QStringLiteral("--report needs at least one PATH"));
-    ReportRequest request;
-    request.format = parser.isSet(json) ? ReportRequest::Format::Json : ReportRequest::Format::Text;
-    for (const QString &path : paths) {
+    QList<QUrl> items;
+    for (const QString &path : parser.positionalArguments()) {
         if (!exists(path))
             return unusable(QStringLiteral("no such file or folder: %1").arg(escapedForTerminal(path)));
-        request.items.append(fileUrlOf(path));
+        items.append(fileUrlOf(path));
     }
-    commandLine.request = request;
+    if (!isReport) {
+        commandLine.request = WindowRequest{items};
+    } else if (items.isEmpty()) {
+        return unusable(QStringLiteral("--report needs at least one PATH"));
+    } else {
+        using Format = ReportRequest::Format;
+        commandLine.request = ReportRequest{items, parser.isSet(json) ? Format::Json : Format::Text};
+    }
     return commandLine;
 }
 

@@ -24,6 +24,13 @@ struct ReportRequest
     Format format = Format::Text;
 };
 
+/// Open the window.
+struct WindowRequest
+{
+    /// File URLs with absolute paths, to be imported at once; may be empty.
+    QList<QUrl> items;
+};
+
 /// Print a text for the person and end the program.
 struct HelpRequest
 {
@@ -38,7 +45,7 @@ struct UnusableArguments
 
 struct CommandLine
 {
-    std::variant<ReportRequest, HelpRequest, UnusableArguments> request;
+    std::variant<WindowRequest, ReportRequest, HelpRequest, UnusableArguments> request;
     /// What was passed over, in words for the person.
     QStringList warnings;
 };

@@ -1,6 +1,7 @@
 #include "app/command_line.h"
 #include "app/report_command.h"
 #include "app/utf8_locale.h"
+#include "app/window_command.h"
 
 #include <QCoreApplication>
 
@@ -29,8 +30,8 @@ int main(int argc, char *argv[])
     using namespace sonavo;
 
     useUtf8Locale();
-    const QCoreApplication application(argc, argv);
     QCoreApplication::setApplicationName(QStringLiteral("sonavo"));
+    QCoreApplication::setApplicationVersion(QStringLiteral(SONAVO_VERSION));
     QCoreApplication::setOrganizationName(QStringLiteral("sonavo"));
 
     const CommandLine commandLine = parseCommandLine({argv, static_cast<std::size_t>(argc)});
@@ -38,7 +39,11 @@ int main(int argc, char *argv[])
         print(stderr, QStringLiteral("sonavo: %1\n").arg(warning));
     const ExitStatus status = std::visit(
         Overloaded{
-            [](const ReportRequest &request) { return runReport(request); },
+            [&](const WindowRequest &request) { return runWindow(argc, argv, request); },
+            [&](const ReportRequest &request) {
+                const QCoreApplication application(argc, argv);
+                return runReport(request);
+            },
             [](const HelpRequest &request) {
                 print(stdout, request.text);
                 return ExitStatus::Success;

@@ -2,12 +2,12 @@
 
 #include "app/headless_desktop.h"
 #include "app/interrupt.h"
-#include "app/palette.h"
 #include "app/progress_line.h"
 #include "app/report.h"
-#include "app/theme_manager.h"
 #include "session/duplicate_view_model.h"
 #include "session/event_loop_pauses.h"
+#include "theme/palette.h"
+#include "theme/theme_manager.h"
 
 #include <QEventLoop>
 #include <QFile>

@@ -17,9 +17,11 @@ std::optional<Failure> SystemDesktop::moveToTrash(const QString &)
     return Failure{QStringLiteral("not yet")};
 }
 
-void SystemDesktop::copyToClipboard(const QString &) {}
+void SystemDesktop::copyToClipboard(const QString &)
+{}
 
-void SystemDesktop::showInFileViewer(const QString &) {}
+void SystemDesktop::showInFileViewer(const QString &)
+{}
 
 std::unique_ptr<PreviewPlayer> SystemDesktop::openPreview(const QString &)
 {

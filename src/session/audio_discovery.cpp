@@ -52,6 +52,12 @@ QStringList discoverAudioFiles(const QList<QUrl> &urls, const std::stop_token &s
     return files;
 }
 
+bool isImportable(const QUrl &url)
+{
+    const QString path = localPath(url);
+    return isFolder(path) || audioFormatOf(path).has_value();
+}
+
 qint64 estimateSongCount(const QList<QUrl> &urls)
 {
     qint64 count = 0;

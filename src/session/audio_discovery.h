@@ -20,6 +20,9 @@ namespace sonavo {
 /// Any thread may call it.
 [[nodiscard]] QStringList discoverAudioFiles(const QList<QUrl> &urls, const std::stop_token &stop = {});
 
+/// Whether a dropped item is one that songs can come from: a folder, or a file named like an audio file.
+[[nodiscard]] bool isImportable(const QUrl &url);
+
 /// A quick guess at how many songs discoverAudioFiles() would find. At most 101 entries of each folder are
 /// looked at; whenever there are that many, the whole count so far is multiplied by 10.
 /// @return zero or more; a count beyond 64 bits stays at their maximum

@@ -11,10 +11,12 @@
 #include "session/song_read_ahead.h"
 
 #include <QCoroFuture>
+#include <QDir>
 #include <QMetaProperty>
 #include <QtConcurrentRun>
 
 #include <algorithm>
+#include <numeric>
 #include <utility>
 
 namespace sonavo {
@@ -63,11 +65,18 @@ DuplicateViewModel::DuplicateViewModel(Desktop &desktop, std::shared_ptr<Pauses>
 
 DuplicateViewModel::~DuplicateViewModel() = default;
 
+int DuplicateViewModel::duplicateCount() const
+{
+    const auto add = [](qsizetype sum, const DuplicateGroup &group) { return sum + group.duplicates.size(); };
+    return static_cast<int>(
+        std::accumulate(m_duplicateGroups.begin(), m_duplicateGroups.end(), qsizetype{0}, add));
+}
+
 void DuplicateViewModel::showToast(const QString &message, ToastType type)
 {
     set(m_toastMessage, message, &DuplicateViewModel::toastMessageChanged);
     set(m_toastType, type, &DuplicateViewModel::toastTypeChanged);
-    set(m_showToast, true, &DuplicateViewModel::showToastChanged);
+    setShowToast(true);
     hideToastLater(this);
 }
 
@@ -76,12 +85,38 @@ QCoro::Task<> DuplicateViewModel::hideToastLater(QPointer<DuplicateViewModel> se
     const std::shared_ptr<Pauses> pauses = self->m_pauses;
     co_await pauses->wait(3s);
     if (self)
-        self->set(self->m_showToast, false, &DuplicateViewModel::showToastChanged);
+        self->setShowToast(false);
 }
 
 bool DuplicateViewModel::importDroppedItems(const QList<QUrl> &urls)
 {
     return importWithinLimits(urls, droppedItemsRefusal());
+}
+
+bool DuplicateViewModel::importDrop(const QList<QUrl> &urls)
+{
+    QList<QUrl> started;
+    qsizetype importable = 0;
+    for (const QUrl &url : urls) {
+        if (!url.isLocalFile())
+            continue;
+        importable += isImportable(url) ? 1 : 0;
+        if (importDroppedItems({url}))
+            started.append(url);
+    }
+    if (importable > 1 && !started.isEmpty()) {
+        showToast(
+            QStringLiteral("Only \u201c%1\u201d is being scanned. Use \u201cAdd Song\u201d to choose several "
+                           "items together.")
+                .arg(QDir(started.last().toLocalFile()).dirName()),
+            ToastType::Info);
+    }
+    return !started.isEmpty();
+}
+
+bool DuplicateViewModel::importChosenItems(const QList<QUrl> &urls)
+{
+    return importWithinLimits(urls, openPanelRefusal());
 }
 
 bool DuplicateViewModel::importWithOpenPanel()
@@ -92,7 +127,7 @@ bool DuplicateViewModel::importWithOpenPanel()
     // The application may have been quit while the panel was open.
     if (!self || m_sessionNumber != sessionNumber || urls.isEmpty())
         return false;
-    return importWithinLimits(urls, openPanelRefusal());
+    return importChosenItems(urls);
 }
 
 bool DuplicateViewModel::importWithinLimits(const QList<QUrl> &urls, const QString &refusal)
@@ -105,8 +140,8 @@ bool DuplicateViewModel::importWithinLimits(const QList<QUrl> &urls, const QStri
         return false;
     }
     if (total > OPTIMAL_LIMIT) {
-        set(m_pendingImportURLs, urls, &DuplicateViewModel::pendingImportURLsChanged);
-        set(m_showLimitWarning, true, &DuplicateViewModel::showLimitWarningChanged);
+        setPendingImportURLs(urls);
+        setShowLimitWarning(true);
         return false;
     }
     startScan(urls);
@@ -121,8 +156,7 @@ void DuplicateViewModel::startScan(QList<QUrl> urls)
     const std::stop_source task;
     m_currentAnalysisTask = task;
     const bool isCurrent =
-        takeSteps([&task] { return !task.stop_requested(); },
-                  [&] { set(m_pendingImportURLs, {}, &DuplicateViewModel::pendingImportURLsChanged); },
+        takeSteps([&task] { return !task.stop_requested(); }, [&] { setPendingImportURLs({}); },
                   [&] { setIsScanning(true); }, [&] { setProgress(0.0); },
                   [&] { setScanMessage(QStringLiteral("Starting scan...")); });
     if (!isCurrent)
@@ -378,10 +412,8 @@ void DuplicateViewModel::clearAll()
         takeSteps([this] { return !m_currentAnalysisTask; }, [&] { stopPlayback(); }, [&] { setSongs({}); },
                   [&] { setDuplicateGroups({}); }, [&] { setProgress(0.0); }, [&] { setProcessedFiles(0); },
                   [&] { setTotalFiles(0); }, [&] { setScanMessage({}); }, [&] { setShowAlert(false); },
-                  [&] { setAlertMessage({}); },
-                  [&] { set(m_pendingImportURLs, {}, &DuplicateViewModel::pendingImportURLsChanged); },
-                  [&] { set(m_showLimitWarning, false, &DuplicateViewModel::showLimitWarningChanged); },
-                  [&] { setIsScanning(false); });
+                  [&] { setAlertMessage({}); }, [&] { setPendingImportURLs({}); },
+                  [&] { setShowLimitWarning(false); }, [&] { setIsScanning(false); });
     // Once more when the reset has settled, for observers that looked at it halfway.
     if (isCleared)
         QMetaObject::invokeMethod(this, &DuplicateViewModel::announceEverything, Qt::QueuedConnection);
@@ -464,6 +496,21 @@ void DuplicateViewModel::setScanMessage(const QString &message)
 void DuplicateViewModel::setShowAlert(bool isShown)
 {
     set(m_showAlert, isShown, &DuplicateViewModel::showAlertChanged);
+}
+
+void DuplicateViewModel::setShowLimitWarning(bool isShown)
+{
+    set(m_showLimitWarning, isShown, &DuplicateViewModel::showLimitWarningChanged);
+}
+
+void DuplicateViewModel::setPendingImportURLs(const QList<QUrl> &urls)
+{
+    set(m_pendingImportURLs, urls, &DuplicateViewModel::pendingImportURLsChanged);
+}
+
+void DuplicateViewModel::setShowToast(bool isShown)
+{
+    set(m_showToast, isShown, &DuplicateViewModel::showToastChanged);
 }
 
 } // namespace sonavo

@@ -29,9 +29,13 @@ class DuplicateViewModel : public QObject
     Q_OBJECT
     /// Every song of the session, in import order.
     Q_PROPERTY(QList<sonavo::Song> songs READ songs NOTIFY songsChanged)
+    /// How many songs there are; cheaper than looking at all of them.
+    Q_PROPERTY(int songCount READ songCount NOTIFY songsChanged)
     /// The result of the last analysis, in the order in which it made the groups.
     Q_PROPERTY(
         QList<sonavo::DuplicateGroup> duplicateGroups READ duplicateGroups NOTIFY duplicateGroupsChanged)
+    /// How many duplicates all groups hold together; originals do not count.
+    Q_PROPERTY(int duplicateCount READ duplicateCount NOTIFY duplicateGroupsChanged)
     /// Whether a scan (import and analysis) is running.
     Q_PROPERTY(bool isScanning READ isScanning NOTIFY isScanningChanged)
     /// How much of the running scan's current part is done, from 0.0 to 1.0. It goes back to less when
@@ -51,10 +55,15 @@ class DuplicateViewModel : public QObject
     Q_PROPERTY(
         QVariant currentlyPlayingSong READ currentlyPlayingSongVariant NOTIFY currentlyPlayingSongChanged)
     /// Whether the person is to be asked about an import of more than OPTIMAL_LIMIT songs: pendingImportURLs.
-    Q_PROPERTY(bool showLimitWarning READ showLimitWarning NOTIFY showLimitWarningChanged)
-    Q_PROPERTY(QList<QUrl> pendingImportURLs READ pendingImportURLs NOTIFY pendingImportURLsChanged)
-    /// Whether a transient notice of toastType with toastMessage is visible.
-    Q_PROPERTY(bool showToast READ showToast NOTIFY showToastChanged)
+    /// Set to false when the question is dismissed.
+    Q_PROPERTY(
+        bool showLimitWarning READ showLimitWarning WRITE setShowLimitWarning NOTIFY showLimitWarningChanged)
+    /// Emptied when the question is answered with no.
+    Q_PROPERTY(QList<QUrl> pendingImportURLs READ pendingImportURLs WRITE setPendingImportURLs NOTIFY
+                   pendingImportURLsChanged)
+    /// Whether a transient notice of toastType with toastMessage is visible; set to false when the person
+    /// closes it.
+    Q_PROPERTY(bool showToast READ showToast WRITE setShowToast NOTIFY showToastChanged)
     Q_PROPERTY(QString toastMessage READ toastMessage NOTIFY toastMessageChanged)
     Q_PROPERTY(ToastType toastType READ toastType NOTIFY toastTypeChanged)
 
@@ -87,6 +96,8 @@ public:
     ~DuplicateViewModel() override;
 
     [[nodiscard]] const QList<Song> &songs() const { return m_songs; }
+    [[nodiscard]] int songCount() const { return static_cast<int>(m_songs.size()); }
+    [[nodiscard]] int duplicateCount() const;
     [[nodiscard]] const QList<DuplicateGroup> &duplicateGroups() const { return m_duplicateGroups; }
     [[nodiscard]] bool isScanning() const { return m_isScanning; }
     [[nodiscard]] double progress() const { return m_progress; }
@@ -105,6 +116,9 @@ public:
     [[nodiscard]] const QList<Color> &colors() const { return m_colors; }
 
     void setShowAlert(bool isShown);
+    void setShowLimitWarning(bool isShown);
+    void setPendingImportURLs(const QList<QUrl> &urls);
+    void setShowToast(bool isShown);
 
     /// Shows a transient notice for three seconds. Another notice within that time replaces it at once and is
     /// hidden when the time of the first is over.
@@ -116,7 +130,17 @@ public:
     /// @return whether a scan was started
     Q_INVOKABLE bool importDroppedItems(const QList<QUrl> &urls);
 
-    /// Lets the person choose files and folders and imports them like importDroppedItems().
+    /// Imports what was dropped together, each item by itself, so that the last one stands; says so in a
+    /// toast when there is more than one to import. What is not a file is ignored.
+    /// @return whether a scan was started
+    Q_INVOKABLE bool importDrop(const QList<QUrl> &urls);
+
+    /// Imports files and folders that the person named all together, within the same limits.
+    /// @param urls file URLs
+    /// @return whether a scan was started
+    bool importChosenItems(const QList<QUrl> &urls);
+
+    /// Lets the person choose files and folders and imports them like importChosenItems().
     /// @return whether a scan was started
     Q_INVOKABLE bool importWithOpenPanel();
 

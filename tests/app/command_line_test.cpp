@@ -65,15 +65,23 @@ TEST_F(CommandLineTest, MakesPathsAbsoluteAndKeepsLinks)
     }
 }
 
+TEST_F(CommandLineTest, OpensTheWindowUnlessAReportIsWanted)
+{
+    EXPECT_TRUE(std::get<WindowRequest>(parsed({}).request).items.isEmpty());
+    const CommandLine commandLine = parsed({path("music").toUtf8(), path("broken.mp3").toUtf8()});
+    EXPECT_EQ(std::get<WindowRequest>(commandLine.request).items,
+              (QList{QUrl::fromLocalFile(path("music")), QUrl::fromLocalFile(path("broken.mp3"))}));
+}
+
 TEST_F(CommandLineTest, RefusesWhatMakesNoSense)
 {
     const std::vector<std::vector<QByteArray>> cases{
-        {},
         {"--report"},
         {"--report", "--loud", path("music").toUtf8()},
         {"--json", path("music").toUtf8()},
         {"--report", path("music").toUtf8(), path("missing").toUtf8()},
         {"--report", ""},
+        {path("missing").toUtf8()},
     };
     for (const std::vector<QByteArray> &arguments : cases) {
         const CommandLine commandLine = parsed(arguments);

@@ -29,6 +29,8 @@ protected:
         QProcessEnvironment environment = QProcessEnvironment::systemEnvironment();
         environment.insert(QStringLiteral("XDG_CONFIG_HOME"), m_home.path());
         environment.insert(QStringLiteral("LC_ALL"), QStringLiteral("C"));
+        for (const char *display : {"DISPLAY", "WAYLAND_DISPLAY", "QT_QPA_PLATFORM"})
+            environment.remove(QString::fromLatin1(display));
         m_process.setProcessEnvironment(environment);
         m_process.setProgram(QStringLiteral(SONAVO_PROGRAM));
     }
@@ -137,7 +139,8 @@ TEST_F(ProgramTest, TellsApartSuccessNothingFoundAndUnusableArguments)
 
     EXPECT_EQ(run({REPORT, folder.filePath(QStringLiteral("missing"))}), 2);
     EXPECT_THAT(complaints(), HasSubstr("no such file or folder"));
-    EXPECT_EQ(run({}), 2);
+    EXPECT_EQ(run({}), 1);
+    EXPECT_THAT(complaints(), HasSubstr("no display"));
     EXPECT_EQ(output(), "");
 
     EXPECT_EQ(run({QStringLiteral("--help")}), 0);

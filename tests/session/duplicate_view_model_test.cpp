@@ -26,7 +26,12 @@ class ChoosingDesktop final : public QuietDesktop
 {
 public:
     QList<QUrl> choice;
-    [[nodiscard]] QList<QUrl> chooseMusic() override { return choice; }
+    std::function<void()> onChoice = [] {};
+    [[nodiscard]] QList<QUrl> chooseMusic() override
+    {
+        onChoice();
+        return choice;
+    }
 };
 
 /// What a session announces, as "property=value", and the pauses in between.
@@ -425,6 +430,11 @@ TEST_F(DuplicateViewModelTest, ImportsWhatIsChosenInTheOpenPanel)
               QStringLiteral("Cannot import more than 500000 songs.\nPlease select a smaller folder."));
 
     desktop.choice = folder.urls();
+    desktop.onChoice = [&session] { session->clearAll(); };
+    EXPECT_FALSE(session->importWithOpenPanel());
+    EXPECT_FALSE(session->isScanning());
+
+    desktop.onChoice = [] {};
     EXPECT_TRUE(session->importWithOpenPanel());
     finishScan(*session);
     EXPECT_EQ(session->songs().size(), 1);

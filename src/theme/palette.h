@@ -1,8 +1,9 @@
 #pragma once
 
-#include "app/theme_manager.h"
 #include "model/color.h"
+#include "theme/theme_manager.h"
 
+#include <QColor>
 #include <QList>
 
 namespace sonavo {
@@ -30,5 +31,7 @@ enum class PaletteColor
 /// The six background tints that duplicate groups get in turn, at opacity 0.15. The first and the fourth are
 /// the same on purpose: six places, five colours.
 [[nodiscard]] QList<Color> groupColors(AppTheme theme);
+
+[[nodiscard]] QColor toQColor(const Color &color);
 
 } // namespace sonavo

@@ -1,4 +1,4 @@
-#include "app/palette.h"
+#include "theme/palette.h"
 
 #include <array>
 
@@ -43,6 +43,12 @@ QList<Color> groupColors(AppTheme theme)
                                     PaletteColor::Accent, PaletteColor::AccentDark, PaletteColor::Neutral})
         colors.append(paletteColor(role, theme).withAlpha(OPACITY));
     return colors;
+}
+
+QColor toQColor(const Color &color)
+{
+    return QColor::fromRgbF(static_cast<float>(color.red), static_cast<float>(color.green),
+                            static_cast<float>(color.blue), static_cast<float>(color.alpha));
 }
 
 } // namespace sonavo

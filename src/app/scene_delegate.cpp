@@ -1,0 +1,22 @@
+#include "app/scene_delegate.h"
+
+#include "app/app_delegate.h"
+#include "session/duplicate_view_model.h"
+
+#include <QEvent>
+
+namespace sonavo {
+
+SceneDelegate::SceneDelegate(DuplicateViewModel *viewModel, QObject *parent)
+    : QObject(parent)
+    , m_viewModel(viewModel)
+{}
+
+bool SceneDelegate::eventFilter(QObject *watched, QEvent *event)
+{
+    if (event->type() == QEvent::Close)
+        AppDelegate::cleanUp(m_viewModel);
+    return QObject::eventFilter(watched, event);
+}
+
+} // namespace sonavo

@@ -1,0 +1,39 @@
+#pragma once
+
+#include "app/app_delegate.h"
+#include "app/scene_delegate.h"
+#include "desktop/system_desktop.h"
+#include "session/duplicate_view_model.h"
+
+#include <QList>
+#include <QQmlApplicationEngine>
+#include <QUrl>
+
+class QQuickWindow;
+
+namespace sonavo {
+
+/// The application with its window: one session and one theme for the whole run. Needs a QApplication. Main
+/// thread only.
+class SonavoApp
+{
+public:
+    SonavoApp();
+    ~SonavoApp();
+    Q_DISABLE_COPY_MOVE(SonavoApp)
+
+    /// Opens the window.
+    /// @param items file URLs, imported at once as if they had been chosen; may be empty
+    /// @return whether there is a window now
+    [[nodiscard]] bool launch(const QList<QUrl> &items);
+
+private:
+    SystemDesktop m_desktop;
+    DuplicateViewModel m_viewModel;
+    AppDelegate m_appDelegate;
+    SceneDelegate m_sceneDelegate;
+    // Last, so that the views are gone before what they show.
+    QQmlApplicationEngine m_engine;
+};
+
+} // namespace sonavo

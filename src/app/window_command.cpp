@@ -1,0 +1,44 @@
+#include "app/window_command.h"
+
+#include "app/sonavo_app.h"
+#include "app/termination.h"
+
+#include <QApplication>
+#include <QIcon>
+#include <QStyleFactory>
+
+#include <cstdio>
+
+namespace sonavo {
+namespace {
+
+/// Qt ends the program without a word that helps when there is no desktop to show a window on.
+bool hasDisplay()
+{
+    return qEnvironmentVariableIsSet("DISPLAY") || qEnvironmentVariableIsSet("WAYLAND_DISPLAY") ||
+           qEnvironmentVariableIsSet("QT_QPA_PLATFORM");
+}
+
+} // namespace
+
+ExitStatus runWindow(int &argc, char **argv, const WindowRequest &request)
+{
+    if (!hasDisplay()) {
+        std::fputs("sonavo: there is no display to open a window on; --report needs none\n", stderr);
+        return ExitStatus::NoWindow;
+    }
+    // The style of the file dialogs; unlike some desktops' own, this one takes the colours of the theme.
+    QApplication::setStyle(QStyleFactory::create(QStringLiteral("Fusion")));
+    const QApplication application(argc, argv);
+    QApplication::setApplicationDisplayName(QStringLiteral("Sonavo"));
+    QApplication::setDesktopFileName(QStringLiteral("sonavo"));
+    QApplication::setWindowIcon(QIcon(QStringLiteral(":/qt/qml/Sonavo/icons/logo.svg")));
+
+    const Termination termination;
+    SonavoApp app;
+    if (!app.launch(request.items))
+        return ExitStatus::NoWindow;
+    return QApplication::exec() == 0 ? ExitStatus::Success : ExitStatus::NoWindow;
+}
+
+} // namespace sonavo

@@ -1,0 +1,67 @@
+#pragma once
+
+#include "theme/palette.h"
+#include "theme/theme_manager.h"
+
+#include <QColor>
+#include <QObject>
+#include <QVariantAnimation>
+
+namespace sonavo {
+
+/// The colours that the views draw with, by role. They follow the theme by themselves: on a change all of
+/// them go over to the new theme together, within 0.3 seconds. Main thread only.
+class ThemeColors : public QObject
+{
+    Q_OBJECT
+    Q_PROPERTY(QColor background READ background NOTIFY changed)
+    Q_PROPERTY(QColor secondaryBackground READ secondaryBackground NOTIFY changed)
+    Q_PROPERTY(QColor tertiaryBackground READ tertiaryBackground NOTIFY changed)
+    Q_PROPERTY(QColor border READ border NOTIFY changed)
+    Q_PROPERTY(QColor textPrimary READ textPrimary NOTIFY changed)
+    Q_PROPERTY(QColor textSecondary READ textSecondary NOTIFY changed)
+    Q_PROPERTY(QColor accent READ accent NOTIFY changed)
+    Q_PROPERTY(QColor success READ success NOTIFY changed)
+    Q_PROPERTY(QColor error READ error NOTIFY changed)
+    Q_PROPERTY(QColor neutral READ neutral NOTIFY changed)
+
+    // What the twelve colours do not name is one of them.
+    Q_PROPERTY(QColor info READ accent NOTIFY changed)
+    Q_PROPERTY(QColor original READ success NOTIFY changed)
+    Q_PROPERTY(QColor duplicate READ accent NOTIFY changed)
+    Q_PROPERTY(QColor track READ tertiaryBackground NOTIFY changed)
+    Q_PROPERTY(QColor hint READ textSecondary NOTIFY changed)
+    Q_PROPERTY(QColor card READ secondaryBackground NOTIFY changed)
+    Q_PROPERTY(QColor sheet READ background NOTIFY changed)
+    Q_PROPERTY(QColor toast READ secondaryBackground NOTIFY changed)
+    Q_PROPERTY(QColor toolbar READ secondaryBackground NOTIFY changed)
+    Q_PROPERTY(QColor tableHeader READ secondaryBackground NOTIFY changed)
+    Q_PROPERTY(QColor infoBar READ tertiaryBackground NOTIFY changed)
+    Q_PROPERTY(QColor row READ tertiaryBackground NOTIFY changed)
+
+public:
+    /// @param manager must outlive the colours
+    explicit ThemeColors(const ThemeManager &manager, QObject *parent = nullptr);
+
+    [[nodiscard]] QColor background() const { return blended(PaletteColor::Background); }
+    [[nodiscard]] QColor secondaryBackground() const { return blended(PaletteColor::SecondaryBackground); }
+    [[nodiscard]] QColor tertiaryBackground() const { return blended(PaletteColor::TertiaryBackground); }
+    [[nodiscard]] QColor border() const { return blended(PaletteColor::Border); }
+    [[nodiscard]] QColor textPrimary() const { return blended(PaletteColor::TextPrimary); }
+    [[nodiscard]] QColor textSecondary() const { return blended(PaletteColor::TextSecondary); }
+    [[nodiscard]] QColor accent() const { return blended(PaletteColor::Accent); }
+    [[nodiscard]] QColor success() const { return blended(PaletteColor::Success); }
+    [[nodiscard]] QColor error() const { return blended(PaletteColor::Error); }
+    [[nodiscard]] QColor neutral() const { return blended(PaletteColor::Neutral); }
+
+Q_SIGNALS:
+    void changed();
+
+private:
+    [[nodiscard]] QColor blended(PaletteColor role) const;
+
+    /// From the light theme, 0.0, to the dark one, 1.0.
+    QVariantAnimation m_darkness;
+};
+
+} // namespace sonavo

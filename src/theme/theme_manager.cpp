@@ -1,0 +1,102 @@
+#include "theme/theme_manager.h"
+
+#include "theme/palette.h"
+
+#include <QGuiApplication>
+#include <QPalette>
+#include <QPointer>
+#include <QSettings>
+#include <QWindow>
+
+#include <algorithm>
+
+namespace sonavo {
+namespace {
+
+constexpr QLatin1String THEME_KEY("appTheme");
+constexpr QLatin1String DARK("dark");
+constexpr QLatin1String LIGHT("light");
+
+QColor windowBackground(AppTheme theme)
+{
+    return theme == AppTheme::Dark ? QColor::fromRgbF(0.11F, 0.11F, 0.12F)
+                                   : QColor::fromRgbF(0.98F, 0.976F, 0.965F);
+}
+
+/// The colours of what the toolkit draws by itself.
+QPalette toolkitPalette(AppTheme theme)
+{
+    const auto color = [theme](PaletteColor role) { return toQColor(paletteColor(role, theme)); };
+    const QColor text = color(PaletteColor::TextPrimary);
+    const QColor muted = color(PaletteColor::Neutral);
+    QPalette palette(text, color(PaletteColor::SecondaryBackground), color(PaletteColor::TertiaryBackground),
+                     color(PaletteColor::Border), muted, text, text, color(PaletteColor::Background),
+                     windowBackground(theme));
+    palette.setColor(QPalette::AlternateBase, color(PaletteColor::SecondaryBackground));
+    palette.setColor(QPalette::Highlight, color(PaletteColor::Accent));
+    palette.setColor(QPalette::HighlightedText, color(PaletteColor::Background));
+    palette.setColor(QPalette::Link, color(PaletteColor::Accent));
+    palette.setColor(QPalette::PlaceholderText, color(PaletteColor::TextSecondary));
+    palette.setColor(QPalette::ToolTipBase, color(PaletteColor::SecondaryBackground));
+    palette.setColor(QPalette::ToolTipText, text);
+    for (const QPalette::ColorRole role : {QPalette::WindowText, QPalette::Text, QPalette::ButtonText})
+        palette.setColor(QPalette::Disabled, role, muted);
+    return palette;
+}
+
+/// The first window that has a background of its own; tooltips and dialogs have none.
+QWindow *firstWindow()
+{
+    constexpr const char *BACKGROUND = "color";
+    const QWindowList windows = QGuiApplication::topLevelWindows();
+    const auto window = std::find_if(windows.begin(), windows.end(), [](const QWindow *candidate) {
+        return candidate->property(BACKGROUND).isValid();
+    });
+    return window == windows.end() ? nullptr : *window;
+}
+
+} // namespace
+
+ThemeManager *ThemeManager::shared()
+{
+    static const QPointer<ThemeManager> manager = [] {
+        auto *settings = new QSettings(qApp);
+        return new ThemeManager(*settings, settings);
+    }();
+    return manager;
+}
+
+ThemeManager::ThemeManager(QSettings &settings, QObject *parent)
+    : QObject(parent)
+    , m_settings(settings)
+    , m_currentTheme(settings.value(THEME_KEY).toString() == DARK ? AppTheme::Dark : AppTheme::Light)
+{}
+
+void ThemeManager::setCurrentTheme(AppTheme theme)
+{
+    const bool isChange = theme != m_currentTheme;
+    m_currentTheme = theme;
+    m_settings.setValue(THEME_KEY, QString(theme == AppTheme::Dark ? DARK : LIGHT));
+    if (isChange)
+        Q_EMIT currentThemeChanged();
+    applyTheme();
+}
+
+void ThemeManager::toggleTheme()
+{
+    setCurrentTheme(isDark() ? AppTheme::Light : AppTheme::Dark);
+}
+
+void ThemeManager::applyTheme()
+{
+    const auto apply = [this] {
+        QWindow *window = qGuiApp ? firstWindow() : nullptr;
+        if (!window)
+            return;
+        window->setProperty("color", windowBackground(m_currentTheme));
+        QGuiApplication::setPalette(toolkitPalette(m_currentTheme));
+    };
+    QMetaObject::invokeMethod(this, apply, Qt::QueuedConnection);
+}
+
+} // namespace sonavo

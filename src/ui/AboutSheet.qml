@@ -1,0 +1,54 @@
+import QtQuick
+import QtQuick.Layouts
+import Sonavo
+
+// Says what the program is.
+ModalSheet {
+    id: about
+
+    onOpened: closeButton.forceActiveFocus(Qt.PopupFocusReason)
+
+    contentItem: ColumnLayout {
+        spacing: 10
+
+        Accessible.role: Accessible.Dialog
+        Accessible.name: qsTr("About Sonavo")
+
+        Image {
+            Layout.alignment: Qt.AlignHCenter
+            source: "icons/logo.svg"
+            sourceSize.width: 80
+            sourceSize.height: 80
+            Accessible.ignored: true
+        }
+
+        Text {
+            Layout.alignment: Qt.AlignHCenter
+            text: qsTr("Sonavo %1").arg(Qt.application.version)
+            font.pixelSize: 20
+            font.bold: true
+            color: Colors.textPrimary
+        }
+
+        Text {
+            Layout.alignment: Qt.AlignHCenter
+            Layout.maximumWidth: 320
+            horizontalAlignment: Text.AlignHCenter
+            wrapMode: Text.Wrap
+            text: qsTr("Finds the songs that a music folder holds more than once. Everything happens on this "
+                       + "computer, and nothing is ever deleted outright.")
+            font.pixelSize: 14
+            color: Colors.textSecondary
+        }
+
+        ScaleButtonStyle {
+            id: closeButton
+            Layout.alignment: Qt.AlignHCenter
+            Layout.topMargin: 6
+            Layout.preferredWidth: 100
+            text: qsTr("Close")
+            font.pixelSize: 15
+            onClicked: about.close()
+        }
+    }
+}

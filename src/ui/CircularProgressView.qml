@@ -1,0 +1,117 @@
+import QtQuick
+import QtQuick.Layouts
+import Sonavo
+
+// Shows how far a scan is, and lets the person cancel it.
+FocusScope {
+    id: view
+
+    // From 0.0 to 1.0.
+    required property real progress
+    required property string message
+    // The person wants no more of it.
+    signal stop
+
+    property real rotationAngle
+
+    // One sweep of the colours whenever the view appears.
+    NumberAnimation on rotationAngle {
+        running: view.visible
+        from: 0
+        to: 360
+        duration: 2000
+    }
+
+    Rectangle {
+        anchors.fill: parent
+        color: Colors.background
+    }
+
+    Card {
+        anchors.centerIn: parent
+        width: 360
+        height: 400
+        radius: 30
+        color: Qt.alpha(Colors.card, 0.9)
+        border.width: 2
+        border.color: Colors.border
+
+        ColumnLayout {
+            anchors.fill: parent
+            anchors.margins: 30
+            spacing: 10
+
+            ProgressRing {
+                id: ring
+                Layout.alignment: Qt.AlignHCenter
+                Layout.preferredWidth: 210
+                Layout.preferredHeight: 210
+                value: view.progress
+                gradientRotation: view.rotationAngle
+                lineWidth: 15
+                trackColor: Colors.track
+
+                Accessible.role: Accessible.ProgressBar
+                Accessible.name: view.message
+                Accessible.description: percentage.text
+
+                ColumnLayout {
+                    anchors.centerIn: parent
+                    spacing: 2
+
+                    Text {
+                        id: percentage
+                        Layout.alignment: Qt.AlignHCenter
+                        text: ring.percentage + "%"
+                        font.pixelSize: 44
+                        font.bold: true
+                        color: Colors.textPrimary
+                        Accessible.ignored: true
+                    }
+
+                    Text {
+                        Layout.alignment: Qt.AlignHCenter
+                        text: qsTr("of this step")
+                        font.pixelSize: 14
+                        font.weight: Font.Medium
+                        color: Colors.accent
+                    }
+
+                    Text {
+                        Layout.alignment: Qt.AlignHCenter
+                        text: qsTr("Your files stay as they are")
+                        font.pixelSize: 12
+                        color: Colors.textSecondary
+                    }
+                }
+            }
+
+            Text {
+                Layout.alignment: Qt.AlignHCenter
+                Layout.preferredWidth: 230
+                Layout.fillHeight: true
+                horizontalAlignment: Text.AlignHCenter
+                verticalAlignment: Text.AlignVCenter
+                wrapMode: Text.Wrap
+                // The card is no higher for the longest message: that one is written smaller.
+                fontSizeMode: Text.Fit
+                minimumPixelSize: 12
+                text: view.message
+                textFormat: Text.PlainText
+                font.pixelSize: 22
+                color: Colors.textPrimary
+            }
+
+            ScaleButtonStyle {
+                Layout.alignment: Qt.AlignHCenter
+                symbol: "arrow.uturn.backward.circle.fill"
+                text: qsTr("Cancel & Go Back")
+                font.pixelSize: 15
+                font.weight: Font.DemiBold
+                tint: Colors.accent
+                focus: true
+                onClicked: view.stop()
+            }
+        }
+    }
+}

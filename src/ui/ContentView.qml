@@ -1,0 +1,116 @@
+import QtQuick
+import Sonavo
+
+// All that is inside the window: decides which screen fills it, takes what is dropped anywhere on it, and holds
+// what lies over every screen: alert, sheet and toast.
+FocusScope {
+    id: view
+
+    required property DuplicateViewModel viewModel
+
+    // Whether an import has been started: then the working area takes the place of the welcome screen.
+    property bool hasAddedSongs: false
+    property bool showLimitSheet: false
+
+    readonly property bool isScanning: viewModel.isScanning
+    readonly property int songCount: viewModel.songCount
+
+    function addSongs() {
+        if (viewModel.importWithOpenPanel())
+            hasAddedSongs = true;
+    }
+
+    function stop() {
+        viewModel.clearAll();
+        if (viewModel.songCount === 0)
+            hasAddedSongs = false;
+    }
+
+    function handleDrop(urls) {
+        if (viewModel.importDrop(urls))
+            hasAddedSongs = true;
+        return true;
+    }
+
+    function limitSheetDismissed() {
+        viewModel.showLimitWarning = false;
+        if (viewModel.songCount > 0 || viewModel.isScanning)
+            return;
+        hasAddedSongs = false;
+        viewModel.pendingImportURLs = [];
+    }
+
+    // A scan is always on screen, whoever started it.
+    onIsScanningChanged: {
+        if (isScanning)
+            hasAddedSongs = true;
+        else if (songCount === 0)
+            hasAddedSongs = false;
+    }
+    onSongCountChanged: {
+        if (songCount === 0 && !isScanning)
+            hasAddedSongs = false;
+    }
+
+    Connections {
+        target: view.viewModel
+        function onShowLimitWarningChanged() {
+            view.showLimitSheet = view.viewModel.showLimitWarning;
+        }
+    }
+
+    Rectangle {
+        anchors.fill: parent
+        color: Colors.background
+    }
+
+    FileDropArea {
+        anchors.fill: parent
+        handleDrop: view.handleDrop
+    }
+
+    WelcomeView {
+        anchors.fill: parent
+        visible: !view.hasAddedSongs
+        focus: visible
+        handleDrop: view.handleDrop
+        onAddSongs: view.addSongs()
+    }
+
+    CircularProgressView {
+        anchors.fill: parent
+        visible: view.hasAddedSongs && view.isScanning
+        focus: visible
+        progress: view.viewModel.progress
+        message: view.viewModel.scanMessage
+        onStop: view.stop()
+    }
+
+    ResultsView {
+        anchors.fill: parent
+        visible: view.hasAddedSongs && !view.isScanning
+        focus: visible
+        viewModel: view.viewModel
+    }
+
+    ToastOverlay {
+        anchors.fill: parent
+        viewModel: view.viewModel
+    }
+
+    NotificationAlert {
+        viewModel: view.viewModel
+    }
+
+    SongLimitWarningView {
+        viewModel: view.viewModel
+        isPresented: view.showLimitSheet
+        pendingCount: view.viewModel.pendingImportURLs.length
+        currentCount: view.songCount
+        onConfirm: view.hasAddedSongs = true
+        onDismissed: {
+            view.showLimitSheet = false;
+            view.limitSheetDismissed();
+        }
+    }
+}

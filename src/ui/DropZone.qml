@@ -1,0 +1,60 @@
+import QtQuick
+import QtQuick.Layouts
+import Sonavo
+
+// Where the welcome screen invites a drop; it lights up under files.
+Rectangle {
+    id: zone
+
+    required property var handleDrop
+    readonly property bool isDropTargeted: target.containsDrag
+
+    implicitHeight: stack.implicitHeight + 60
+    radius: 16
+    color: Qt.alpha(Colors.accent, isDropTargeted ? 0.18 : 0.05)
+    border.width: isDropTargeted ? 2.5 : 1.5
+    border.color: Colors.accent
+
+    Behavior on color { ColorAnimation { duration: 300; easing.type: Easing.InOutQuad } }
+    Behavior on border.width { NumberAnimation { duration: 300; easing.type: Easing.InOutQuad } }
+
+    FileDropArea {
+        id: target
+        anchors.fill: parent
+        handleDrop: zone.handleDrop
+    }
+
+    ColumnLayout {
+        id: stack
+        anchors.centerIn: parent
+        width: parent.width - 60
+        spacing: 20
+
+        SymbolIcon {
+            Layout.alignment: Qt.AlignHCenter
+            symbol: "arrow.down.circle"
+            size: 24
+            color: Colors.accent
+        }
+
+        Text {
+            Layout.fillWidth: true
+            horizontalAlignment: Text.AlignHCenter
+            wrapMode: Text.Wrap
+            text: qsTr("Drag & Drop Music Folder Here")
+            textFormat: Text.PlainText
+            font.pixelSize: 14
+            font.weight: Font.Medium
+            color: Colors.textPrimary
+        }
+
+        Text {
+            Layout.fillWidth: true
+            horizontalAlignment: Text.AlignHCenter
+            wrapMode: Text.Wrap
+            text: qsTr("Drop a folder to scan for duplicate songs")
+            font.pixelSize: 12
+            color: Colors.hint
+        }
+    }
+}

@@ -1,0 +1,16 @@
+import QtQuick
+import QtQuick.Templates as T
+import Sonavo
+
+// Shows which control the keyboard is at.
+Rectangle {
+    required property T.Control control
+
+    anchors.fill: parent
+    anchors.margins: -3
+    color: "transparent"
+    radius: 10
+    border.width: 2
+    border.color: Colors.accent
+    visible: control.visualFocus
+}

@@ -1,0 +1,82 @@
+pragma ComponentBehavior: Bound
+
+import QtQuick
+import QtQuick.Controls.Basic
+import Sonavo
+
+// The application's one window: menus, the theme button, and the content.
+ApplicationWindow {
+    id: window
+
+    required property DuplicateViewModel viewModel
+    required property ThemeManager themeManager
+
+    title: qsTr("Sonavo")
+    width: 1100
+    height: 740
+    minimumWidth: 900
+    minimumHeight: 600
+    visible: true
+
+    header: WindowHeader {
+        themeManager: window.themeManager
+        menus: [
+            ThemedMenu {
+                title: qsTr("&File")
+                Action {
+                    text: qsTr("Add Song")
+                    shortcut: "Ctrl+O"
+                    onTriggered: window.viewModel.importWithOpenPanel()
+                }
+                Action {
+                    text: qsTr("Clear List")
+                    shortcut: "Ctrl+L"
+                    onTriggered: window.viewModel.clearAll()
+                }
+                ThemedMenuSeparator {}
+                Action {
+                    text: qsTr("Quit")
+                    shortcut: "Ctrl+Q"
+                    onTriggered: Qt.quit()
+                }
+            },
+            ThemedMenu {
+                title: qsTr("&Window")
+                Action {
+                    text: qsTr("Minimize")
+                    shortcut: "Ctrl+M"
+                    onTriggered: window.showMinimized()
+                }
+                Action {
+                    text: qsTr("Show Main Window")
+                    shortcut: "Ctrl+0"
+                    onTriggered: window.showMainWindow()
+                }
+            },
+            ThemedMenu {
+                title: qsTr("&Help")
+                Action {
+                    text: qsTr("About Sonavo")
+                    onTriggered: about.open()
+                }
+            }
+        ]
+    }
+
+    function showMainWindow() {
+        if (visibility === Window.Minimized || visibility === Window.Hidden)
+            showNormal();
+        raise();
+        requestActivate();
+    }
+
+    ContentView {
+        anchors.fill: parent
+        focus: true
+        viewModel: window.viewModel
+    }
+
+    AboutSheet {
+        id: about
+    }
+}

@@ -1,0 +1,32 @@
+import QtQuick
+import QtQuick.Controls.Basic
+import QtQuick.Templates as T
+import Sonavo
+
+// What lies over the window until it is answered. Escape dismisses it.
+Popup {
+    anchors.centerIn: T.Overlay.overlay
+    modal: true
+    focus: true
+    closePolicy: Popup.CloseOnEscape
+    padding: 30
+
+    background: Card {
+        radius: 14
+        color: Colors.sheet
+        border.width: 1
+        border.color: Colors.border
+    }
+
+    T.Overlay.modal: Rectangle {
+        color: Qt.rgba(0, 0, 0, 0.35)
+    }
+
+    enter: Transition {
+        NumberAnimation { property: "opacity"; from: 0; to: 1; duration: 150; easing.type: Easing.OutQuad }
+        NumberAnimation { property: "scale"; from: 0.96; to: 1; duration: 150; easing.type: Easing.OutQuad }
+    }
+    exit: Transition {
+        NumberAnimation { property: "opacity"; from: 1; to: 0; duration: 120; easing.type: Easing.InQuad }
+    }
+}

@@ -1,0 +1,56 @@
+import QtQuick
+import QtQuick.Templates as T
+import Sonavo
+
+// A button that dims and shrinks its label a little while it is pressed.
+T.Button {
+    id: control
+
+    property string symbol: ""
+    property real symbolSize: 16
+    property color tint: Colors.accent
+
+    implicitWidth: Math.max(implicitBackgroundWidth, implicitContentWidth + leftPadding + rightPadding)
+    implicitHeight: implicitContentHeight + topPadding + bottomPadding
+    horizontalPadding: 6
+    verticalPadding: 6
+    focusPolicy: Qt.StrongFocus
+    hoverEnabled: true
+    font.pixelSize: 13
+
+    Accessible.role: Accessible.Button
+    Accessible.name: text
+
+    Keys.onReturnPressed: event => { if (!event.isAutoRepeat) click(); }
+    Keys.onEnterPressed: event => { if (!event.isAutoRepeat) click(); }
+
+    contentItem: Item {
+        implicitWidth: label.implicitWidth
+        implicitHeight: label.implicitHeight
+        opacity: !control.enabled ? 0.4 : control.down ? 0.8 : 1
+        scale: control.down ? 0.95 : 1
+
+        Behavior on opacity { NumberAnimation { duration: 200; easing.type: Easing.InOutQuad } }
+        Behavior on scale { NumberAnimation { duration: 200; easing.type: Easing.InOutQuad } }
+
+        SymbolLabel {
+            id: label
+            anchors.centerIn: parent
+            spacing: 5
+            symbol: control.symbol
+            symbolSize: control.symbolSize
+            symbolColor: control.tint
+            text: control.text
+            font: control.font
+        }
+    }
+
+    background: Rectangle {
+        radius: 8
+        color: control.hovered && control.enabled ? Qt.alpha(control.tint, 0.12) : "transparent"
+        border.width: 1
+        border.color: control.enabled ? Qt.alpha(control.tint, 0.6) : Colors.border
+
+        FocusRing { control: control }
+    }
+}

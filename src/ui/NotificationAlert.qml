@@ -1,0 +1,57 @@
+import QtQuick
+import QtQuick.Layouts
+import Sonavo
+
+// Says what kept the session from doing what the person wanted.
+ModalSheet {
+    id: alert
+
+    required property DuplicateViewModel viewModel
+
+    width: Math.min(440, parent ? parent.width - 40 : 440)
+    visible: viewModel.showAlert
+    onClosed: viewModel.showAlert = false
+    onOpened: {
+        okButton.forceActiveFocus(Qt.PopupFocusReason);
+        AccessibleAlert.raise(content);
+    }
+
+    contentItem: ColumnLayout {
+        id: content
+        spacing: 14
+
+        Accessible.role: Accessible.AlertMessage
+        Accessible.name: title.text
+        Accessible.description: message.text
+
+        Text {
+            id: title
+            Layout.fillWidth: true
+            text: qsTr("Notification")
+            font.pixelSize: 17
+            font.weight: Font.DemiBold
+            color: Colors.textPrimary
+        }
+
+        Text {
+            id: message
+            Layout.fillWidth: true
+            wrapMode: Text.Wrap
+            text: alert.viewModel.alertMessage
+            textFormat: Text.PlainText
+            font.pixelSize: 14
+            color: Colors.textPrimary
+        }
+
+        ScaleButtonStyle {
+            id: okButton
+            Layout.alignment: Qt.AlignRight
+            Layout.preferredWidth: 100
+            Layout.topMargin: 4
+            isFilled: true
+            text: qsTr("OK")
+            font.pixelSize: 15
+            onClicked: alert.close()
+        }
+    }
+}

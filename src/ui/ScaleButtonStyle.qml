@@ -1,0 +1,63 @@
+import QtQuick
+import QtQuick.Templates as T
+import Sonavo
+
+// A button that shrinks under the finger and springs back.
+T.Button {
+    id: control
+
+    property string symbol: ""
+    property real symbolSize: 16
+    property color tint: Colors.accent
+    // Filled buttons stand out as what is probably wanted.
+    property bool isFilled: false
+    readonly property color labelColor: isFilled ? Colors.background : Colors.textPrimary
+
+    implicitWidth: implicitContentWidth + leftPadding + rightPadding
+    implicitHeight: implicitContentHeight + topPadding + bottomPadding
+    horizontalPadding: 20
+    verticalPadding: 8
+    focusPolicy: Qt.StrongFocus
+    hoverEnabled: true
+    scale: down ? 0.95 : 1
+
+    Accessible.role: Accessible.Button
+    Accessible.name: text
+
+    Keys.onReturnPressed: event => { if (!event.isAutoRepeat) click(); }
+    Keys.onEnterPressed: event => { if (!event.isAutoRepeat) click(); }
+
+    Behavior on scale {
+        ResponseSpring {
+            response: 0.3
+            dampingFraction: 0.7
+        }
+    }
+
+    contentItem: Item {
+        implicitWidth: label.implicitWidth
+        implicitHeight: label.implicitHeight
+
+        SymbolLabel {
+            id: label
+            anchors.centerIn: parent
+            spacing: 8
+            symbol: control.symbol
+            symbolSize: control.symbolSize
+            symbolColor: control.isFilled ? control.labelColor : control.tint
+            text: control.text
+            font: control.font
+            color: control.labelColor
+        }
+    }
+
+    background: Rectangle {
+        radius: 10
+        color: control.isFilled ? Qt.lighter(control.tint, control.hovered ? 1.06 : 1)
+                                : Qt.alpha(control.tint, control.hovered ? 0.12 : 0)
+        border.width: 1
+        border.color: control.tint
+
+        FocusRing { control: control; radius: 12 }
+    }
+}

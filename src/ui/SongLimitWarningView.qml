@@ -1,0 +1,114 @@
+import QtQuick
+import QtQuick.Layouts
+import Sonavo
+
+// Asks before an import so large that it may take its time.
+ModalSheet {
+    id: sheet
+
+    required property DuplicateViewModel viewModel
+    required property bool isPresented
+    // Items that wait, and songs that are loaded.
+    required property int pendingCount
+    required property int currentCount
+    // The import goes on.
+    signal confirm
+    // The sheet is gone, whatever the answer.
+    signal dismissed
+
+    visible: isPresented
+    onClosed: dismissed()
+    onOpened: addButton.forceActiveFocus(Qt.PopupFocusReason)
+
+    contentItem: ColumnLayout {
+        spacing: 18
+
+        Accessible.role: Accessible.Dialog
+        Accessible.name: title.text
+
+        SymbolLabel {
+            id: title
+            symbol: "chart.bar.doc.horizontal"
+            symbolSize: 24
+            symbolColor: Colors.accent
+            spacing: 10
+            text: qsTr("Large Library Detection")
+            font.pixelSize: 20
+            font.bold: true
+        }
+
+        Text {
+            text: qsTr("Adding a large number of songs may affect performance.")
+            font.pixelSize: 14
+            color: Colors.textSecondary
+        }
+
+        Rectangle {
+            Layout.fillWidth: true
+            implicitHeight: recommendations.implicitHeight + 40
+            implicitWidth: recommendations.implicitWidth + 40
+            radius: 10
+            color: Colors.secondaryBackground
+            border.width: 1
+            border.color: Colors.border
+
+            Column {
+                id: recommendations
+                x: 20
+                y: 20
+                spacing: 6
+
+                Text {
+                    bottomPadding: 4
+                    text: qsTr("Performance Recommendations:")
+                    font.pixelSize: 15
+                    font.weight: Font.DemiBold
+                    color: Colors.textPrimary
+                }
+
+                Repeater {
+                    model: [
+                        qsTr("Best Performance: Up to 5000 songs"),
+                        qsTr("Good Performance: 5000-10000 songs"),
+                        qsTr("Maximum per session: 500000 songs")
+                    ]
+
+                    Text {
+                        required property string modelData
+                        text: modelData
+                        font.pixelSize: 14
+                        color: Colors.textPrimary
+                    }
+                }
+            }
+        }
+
+        RowLayout {
+            Layout.alignment: Qt.AlignHCenter
+            spacing: 16
+
+            ScaleButtonStyle {
+                Layout.preferredWidth: 120
+                Layout.preferredHeight: 42
+                text: qsTr("Cancel")
+                font.pixelSize: 15
+                tint: Colors.neutral
+                onClicked: sheet.close()
+            }
+
+            ScaleButtonStyle {
+                id: addButton
+                Layout.preferredWidth: 160
+                Layout.preferredHeight: 42
+                isFilled: true
+                text: qsTr("Add Anyway")
+                font.pixelSize: 15
+                onClicked: {
+                    sheet.viewModel.startScan(sheet.viewModel.pendingImportURLs);
+                    sheet.confirm();
+                    sheet.close();
+                }
+            }
+        }
+    }
+}

@@ -1,0 +1,38 @@
+import QtQuick
+import QtQuick.Controls.Basic
+import Sonavo
+
+// An entry of a menu, with its shortcut at the right.
+MenuItem {
+    id: item
+
+    implicitHeight: 30
+    font.pixelSize: 13
+    Accessible.name: text
+
+    contentItem: Item {
+        Text {
+            anchors.left: parent.left
+            anchors.verticalCenter: parent.verticalCenter
+            text: item.text
+            font: item.font
+            color: item.enabled ? Colors.textPrimary : Colors.neutral
+        }
+        Text {
+            anchors.right: parent.right
+            anchors.verticalCenter: parent.verticalCenter
+            text: item.action ? shortcutText.nativeText : ""
+            font: item.font
+            color: Colors.textSecondary
+        }
+        Shortcut {
+            id: shortcutText
+            enabled: false
+            sequence: item.action ? item.action.shortcut : ""
+        }
+    }
+    background: Rectangle {
+        radius: 5
+        color: item.highlighted ? Qt.alpha(Colors.accent, 0.2) : "transparent"
+    }
+}

@@ -1,0 +1,54 @@
+import QtQuick
+import Sonavo
+
+// Brings the toast in from below and lets it fade away.
+Item {
+    id: overlay
+
+    required property DuplicateViewModel viewModel
+    readonly property bool isShowing: viewModel.showToast
+    readonly property real hiddenOffset: 60
+
+    ToastView {
+        id: toast
+
+        property real offset: overlay.isShowing ? 0 : overlay.hiddenOffset
+
+        anchors.horizontalCenter: parent.horizontalCenter
+        anchors.bottom: parent.bottom
+        anchors.bottomMargin: 40 - offset
+        message: overlay.viewModel.toastMessage
+        type: overlay.viewModel.toastType
+        opacity: overlay.isShowing ? 1 : 0
+        visible: opacity > 0
+        onClosed: overlay.viewModel.showToast = false
+        onMessageChanged: announce()
+
+        function announce() {
+            if (overlay.isShowing)
+                AccessibleAlert.raise(toast);
+        }
+
+        Behavior on offset {
+            enabled: overlay.isShowing
+            ResponseSpring {
+                response: 0.5
+                dampingFraction: 0.8
+            }
+        }
+        Behavior on opacity {
+            NumberAnimation {
+                duration: 300
+                easing.type: Easing.OutQuad
+            }
+        }
+    }
+
+    onIsShowingChanged: toast.announce()
+
+    Shortcut {
+        sequence: "Escape"
+        enabled: overlay.isShowing
+        onActivated: overlay.viewModel.showToast = false
+    }
+}

@@ -1,0 +1,87 @@
+import QtQuick
+import QtQuick.Layouts
+import Sonavo
+
+// Fills the window until music is imported: says what the program does and takes what is dropped.
+FocusScope {
+    id: view
+
+    // The person wants to choose music.
+    signal addSongs
+    // Imports what was dropped, given its URLs.
+    required property var handleDrop
+
+    Rectangle {
+        anchors.fill: parent
+        color: Colors.background
+    }
+
+    Card {
+        anchors.centerIn: parent
+        width: Math.min(500, view.width - 80)
+        height: stack.implicitHeight + 72
+        radius: 24
+        color: Qt.alpha(Colors.card, 0.9)
+        border.width: 1
+        border.color: Colors.border
+
+        ColumnLayout {
+            id: stack
+            anchors.centerIn: parent
+            width: parent.width - 72
+            spacing: 16
+
+            Image {
+                Layout.alignment: Qt.AlignHCenter
+                Layout.preferredWidth: 80
+                Layout.preferredHeight: 80
+                source: "icons/logo.svg"
+                sourceSize.width: 80
+            sourceSize.height: 80
+                Accessible.ignored: true
+            }
+
+            Text {
+                Layout.fillWidth: true
+                Layout.topMargin: 4
+                horizontalAlignment: Text.AlignHCenter
+                wrapMode: Text.Wrap
+                text: qsTr("Welcome to Sonavo")
+                font.pixelSize: 28
+                font.bold: true
+                color: Colors.textPrimary
+                Accessible.role: Accessible.Heading
+                Accessible.name: text
+            }
+
+            Text {
+                Layout.fillWidth: true
+                Layout.topMargin: -8
+                horizontalAlignment: Text.AlignHCenter
+                wrapMode: Text.Wrap
+                text: qsTr("Find and remove duplicate songs from your music library")
+                font.pixelSize: 20
+                color: Colors.textSecondary
+            }
+
+            DropZone {
+                Layout.fillWidth: true
+                Layout.topMargin: 4
+                handleDrop: view.handleDrop
+            }
+
+            ScaleButtonStyle {
+                Layout.alignment: Qt.AlignHCenter
+                Layout.preferredWidth: 180
+                Layout.preferredHeight: 44
+                symbol: "folder"
+                symbolSize: 16
+                text: qsTr("Browse Files")
+                font.pixelSize: 17
+                font.weight: Font.DemiBold
+                focus: true
+                onClicked: view.addSongs()
+            }
+        }
+    }
+}

@@ -1,0 +1,84 @@
+import QtQuick
+import QtQuick.Controls.Basic
+import QtQuick.Templates as T
+import Sonavo
+
+// The strip at the top of the window: menus on the left, the theme button on the right.
+Rectangle {
+    id: header
+
+    required property ThemeManager themeManager
+    property alias menus: menuBar.menus
+
+    implicitHeight: 36
+    color: Colors.background
+
+    MenuBar {
+        id: menuBar
+
+        anchors.verticalCenter: parent.verticalCenter
+        x: 6
+        background: null
+        delegate: MenuBarItem {
+            id: item
+            verticalPadding: 4
+            horizontalPadding: 10
+            font.pixelSize: 13
+            contentItem: Text {
+                text: item.text.replace("&", "")
+                font: item.font
+                color: Colors.textPrimary
+            }
+            background: Rectangle {
+                radius: 6
+                color: item.highlighted || item.down ? Qt.alpha(Colors.accent, 0.18) : "transparent"
+            }
+        }
+    }
+
+    T.AbstractButton {
+        id: themeButton
+
+        readonly property bool isDark: header.themeManager.isDark
+
+        anchors.right: parent.right
+        anchors.rightMargin: 10
+        anchors.verticalCenter: parent.verticalCenter
+        implicitWidth: 28
+        implicitHeight: 28
+        hoverEnabled: true
+        focusPolicy: Qt.StrongFocus
+        onClicked: header.themeManager.toggleTheme()
+
+        Accessible.role: Accessible.Button
+        Accessible.name: tip.text
+        Keys.onReturnPressed: event => { if (!event.isAutoRepeat) click(); }
+
+        contentItem: Item {
+            SymbolIcon {
+                anchors.centerIn: parent
+                symbol: themeButton.isDark ? "sun.max.fill" : "moon.fill"
+                size: 12
+                color: themeButton.isDark ? "#FFD700" : Colors.textSecondary
+            }
+        }
+        background: Rectangle {
+            radius: 8
+            color: themeButton.hovered ? Qt.alpha(Colors.accent, 0.12) : "transparent"
+            FocusRing { control: themeButton; anchors.margins: 0 }
+        }
+
+        ThemedToolTip {
+            id: tip
+            visible: themeButton.hovered
+            text: themeButton.isDark ? qsTr("Switch to the light theme") : qsTr("Switch to the dark theme")
+        }
+    }
+
+    Rectangle {
+        anchors.bottom: parent.bottom
+        width: parent.width
+        height: 1
+        color: Colors.border
+    }
+}

@@ -1,0 +1,42 @@
+#pragma once
+
+#include <QColor>
+#include <QQuickPaintedItem>
+#include <QString>
+#include <QtQml/qqmlregistration.h>
+
+namespace sonavo {
+
+/// One of the program's own one-colour icons, crisp at every size and scale of the screen.
+class SymbolIcon : public QQuickPaintedItem
+{
+    Q_OBJECT
+    QML_ELEMENT
+    /// Identifier of the symbol, such as "speaker.wave.2.fill". An unknown one draws nothing and is a
+    /// programming error.
+    Q_PROPERTY(QString symbol READ symbol WRITE setSymbol NOTIFY symbolChanged REQUIRED)
+    Q_PROPERTY(QColor color READ color WRITE setColor NOTIFY colorChanged)
+    /// Width and height, in logical pixels, unless they are set otherwise.
+    Q_PROPERTY(double size READ implicitHeight WRITE setSize NOTIFY implicitHeightChanged)
+
+public:
+    explicit SymbolIcon(QQuickItem *parent = nullptr);
+
+    [[nodiscard]] const QString &symbol() const { return m_symbol; }
+    void setSymbol(const QString &symbol);
+    [[nodiscard]] const QColor &color() const { return m_color; }
+    void setColor(const QColor &color);
+    void setSize(double size);
+
+    void paint(QPainter *painter) override;
+
+Q_SIGNALS:
+    void symbolChanged();
+    void colorChanged();
+
+private:
+    QString m_symbol;
+    QColor m_color = Qt::black;
+};
+
+} // namespace sonavo

@@ -1,0 +1,328 @@
+#include "desktop/trash.h"
+#include "session/duplicate_view_model.h"
+#include "session/music_folder.h"
+#include "session/settling.h"
+#include "support/instant_pauses.h"
+#include "support/quiet_desktop.h"
+
+#include <QDirIterator>
+#include <QRegularExpression>
+
+#include <gmock/gmock.h>
+
+#include <functional>
+
+namespace sonavo {
+namespace {
+
+using namespace std::chrono_literals;
+using namespace Qt::Literals::StringLiterals;
+using testing::ElementsAre;
+using testing::IsEmpty;
+using ToastType = DuplicateViewModel::ToastType;
+
+/// A person who chooses what the test says, with a real Trash.
+class PersonsDesktop final : public QuietDesktop
+{
+public:
+    std::function<QString()> onChooseFolder = [] { return QString(); };
+    int choices = 0;
+    QString clipboard;
+
+    [[nodiscard]] QString chooseFolder(const QString &message, const QString &prompt) override
+    {
+        EXPECT_EQ(message, u"Select a folder to move duplicate files to"_s);
+        EXPECT_EQ(prompt, u"Select Folder"_s);
+        ++choices;
+        return onChooseFolder();
+    }
+    [[nodiscard]] std::optional<Failure> moveToTrash(const QString &path) override
+    {
+        return sonavo::moveToTrash(path);
+    }
+    void copyToClipboard(const QString &text) override { clipboard = text; }
+};
+
+QStringList filesIn(const QString &folder)
+{
+    QStringList files;
+    for (QDirIterator it(folder, QDir::Files | QDir::Hidden, QDirIterator::Subdirectories); it.hasNext();)
+        files.append(it.next());
+    return files;
+}
+
+/// A session over real files, with a Trash of its own.
+class CleanUpSession : public testing::Test
+{
+protected:
+    CleanUpSession() { qputenv("XDG_DATA_HOME", QFile::encodeName(m_dataHome.path())); }
+
+    void scanSongs(const QStringList &songs)
+    {
+        for (const QString &song : songs)
+            music.addSong(song);
+        scan(music.urls());
+    }
+    void scan(const QList<QUrl> &urls)
+    {
+        session.startScan(urls);
+        finishScan(session);
+    }
+    [[nodiscard]] QString trashedFiles() const { return m_dataHome.filePath(u"Trash/files"_s); }
+    [[nodiscard]] std::string toast() const { return session.toastMessage().toStdString(); }
+    void play(const Song &song)
+    {
+        session.togglePlayback(song);
+        settle();
+    }
+    [[nodiscard]] DuplicateGroup group() const { return session.duplicateGroups().value(0); }
+
+    const MusicFolder music;
+    const MusicFolder target;
+    PersonsDesktop desktop;
+    std::shared_ptr<InstantPauses> pauses = std::make_shared<InstantPauses>();
+    DuplicateViewModel session{desktop, pauses, QList<Color>(6)};
+
+private:
+    QTemporaryDir m_dataHome;
+};
+
+TEST_F(CleanUpSession, MovesDuplicatesAndTellsWhere)
+{
+    scanSongs({u"1/Ada - One.flac"_s, u"2/Ada - One.flac"_s, u"3/Ada - One.flac"_s, u"4/Bo - Other.flac"_s});
+    ASSERT_EQ(session.duplicateGroups().size(), 1);
+    const QList<Song> duplicates = group().duplicates;
+    desktop.onChooseFolder = [this] { return target.path(); };
+    QStringList toasts;
+    QObject::connect(&session, &DuplicateViewModel::toastMessageChanged, &session,
+                     [&] { toasts.append(session.toastMessage()); });
+
+    session.moveDuplicatesToFolder();
+    EXPECT_EQ(toast(), "Moved 2 files to folder \u2022 Saved 43 KB");
+    EXPECT_EQ(session.toastType(), ToastType::Success);
+    EXPECT_THAT(session.duplicateGroups(), IsEmpty());
+    EXPECT_EQ(session.songs().size(), 2);
+    EXPECT_THAT(filesIn(music.path()), testing::UnorderedElementsAre(music.pathOf(u"1/Ada - One.flac"_s),
+                                                                     music.pathOf(u"4/Bo - Other.flac"_s)));
+    static const QRegularExpression pattern(u"^.*/Duplicates_\\d{4}-\\d\\d-\\d\\d_\\d\\d-\\d\\d-\\d\\d$"_s);
+    EXPECT_TRUE(pattern.match(desktop.clipboard).hasMatch()) << desktop.clipboard.toStdString();
+    EXPECT_THAT(filesIn(target.path()),
+                testing::UnorderedElementsAre(desktop.clipboard + u"/Ada - One.flac"_s,
+                                              desktop.clipboard + u"/Ada - One (1).flac"_s));
+    settle();
+    EXPECT_EQ(toast(), "Folder path copied to clipboard");
+    EXPECT_EQ(session.toastType(), ToastType::Info);
+}
+
+TEST_F(CleanUpSession, DoesNothingWithoutDuplicatesOrAChoice)
+{
+    session.moveDuplicatesToFolder();
+    EXPECT_EQ(toast(), "No duplicates to move");
+    EXPECT_EQ(session.toastType(), ToastType::Info);
+    EXPECT_EQ(desktop.choices, 0);
+
+    scanSongs({u"1/Ada - One.flac"_s, u"2/Ada - One.flac"_s});
+    play(group().original);
+    session.moveDuplicatesToFolder();
+    EXPECT_EQ(session.currentlyPlayingSong(), group().original);
+    play(group().duplicates[0]);
+    session.moveDuplicatesToFolder();
+    EXPECT_FALSE(session.currentlyPlayingSong());
+    EXPECT_EQ(desktop.choices, 2);
+    EXPECT_EQ(session.duplicateGroups().size(), 1);
+    EXPECT_EQ(filesIn(music.path()).size(), 2);
+
+    music.addText(u"file"_s);
+    desktop.onChooseFolder = [this] { return music.pathOf(u"file"_s); };
+    session.moveDuplicatesToFolder();
+    EXPECT_EQ(toast(), "Failed to create folder: Not a directory");
+    EXPECT_EQ(session.toastType(), ToastType::Error);
+    EXPECT_EQ(session.duplicateGroups().size(), 1);
+    EXPECT_EQ(session.songs().size(), 2);
+    EXPECT_EQ(desktop.clipboard, QString());
+}
+
+TEST_F(CleanUpSession, MovesNothingWhenTheResultChangesUnderTheChooser)
+{
+    scanSongs({u"1/Ada - One.flac"_s, u"2/Ada - One.flac"_s});
+    const QList<std::function<void()>> changes{
+        [this] { session.clearAll(); },
+        [this] {
+            session.startScan({music.urlOf(u"1"_s)});
+            finishScan(session);
+        },
+        [this] { session.deleteSong(group().duplicates[0]); },
+    };
+    for (const auto &change : changes) {
+        if (session.duplicateGroups().isEmpty())
+            scan(music.urls());
+        ASSERT_EQ(session.duplicateGroups().size(), 1);
+        desktop.onChooseFolder = [this, &change] {
+            change();
+            return target.path();
+        };
+        session.moveDuplicatesToFolder();
+        EXPECT_THAT(QDir(target.path()).entryList(QDir::AllEntries | QDir::NoDotAndDotDot), IsEmpty());
+    }
+}
+
+TEST_F(CleanUpSession, ForgetsAFolderChosenWhenTheSessionIsGone)
+{
+    scanSongs({u"1/Ada - One.flac"_s, u"2/Ada - One.flac"_s});
+    auto shortLived = std::make_unique<DuplicateViewModel>(desktop, pauses, QList<Color>(6));
+    shortLived->startScan(music.urls());
+    finishScan(*shortLived);
+    desktop.onChooseFolder = [this, &shortLived] {
+        shortLived.reset();
+        return target.path();
+    };
+    shortLived->moveDuplicatesToFolder();
+    EXPECT_THAT(filesIn(target.path()), IsEmpty());
+    EXPECT_EQ(filesIn(music.path()).size(), 2);
+}
+
+TEST_F(CleanUpSession, TrashesDuplicates)
+{
+    session.cleanupAll();
+    EXPECT_EQ(toast(), "Moved 0 files to Trash \u2022 Saved Zero KB");
+    EXPECT_EQ(session.toastType(), ToastType::Success);
+
+    scanSongs({u"1/Ada - One.flac"_s, u"2/Ada - One.flac"_s, u"3/Ada - One.flac"_s});
+    const Song kept = group().original;
+    play(group().duplicates[1]);
+    ASSERT_TRUE(QFile::remove(group().duplicates[0].path));
+    session.cleanupAll();
+    EXPECT_EQ(toast(), "Moved 1 files to Trash \u2022 Saved 22 KB");
+    EXPECT_FALSE(session.currentlyPlayingSong());
+    EXPECT_THAT(session.songs(), ElementsAre(kept));
+    EXPECT_THAT(session.duplicateGroups(), IsEmpty());
+    EXPECT_THAT(filesIn(music.path()), ElementsAre(kept.path));
+    EXPECT_THAT(filesIn(trashedFiles()), ElementsAre(trashedFiles() + u"/Ada - One.flac"_s));
+}
+
+TEST_F(CleanUpSession, DeletesSingleSongsAndRepairsTheirGroup)
+{
+    scanSongs({u"1/Ada - One.flac"_s, u"2/Ada - One.flac"_s, u"3/Ada - One.flac"_s, u"4/Ada - One.flac"_s});
+    const DuplicateGroup before = group();
+    session.deleteSong(before.duplicates[1]);
+    EXPECT_EQ(toast(), "Moved to Trash: Ada - One.flac");
+    EXPECT_EQ(session.toastType(), ToastType::Success);
+    EXPECT_THAT(group().duplicates, ElementsAre(before.duplicates[0], before.duplicates[2]));
+
+    session.deleteSong(before.original);
+    EXPECT_EQ(group().id, before.id);
+    EXPECT_EQ(group().original, before.duplicates[0]);
+    EXPECT_THAT(group().duplicates, ElementsAre(before.duplicates[2]));
+
+    session.deleteSong(before.duplicates[2]);
+    EXPECT_THAT(group().duplicates, IsEmpty());
+    session.deleteSong(before.duplicates[0]);
+    EXPECT_THAT(session.duplicateGroups(), IsEmpty());
+    EXPECT_THAT(session.songs(), IsEmpty());
+    EXPECT_EQ(filesIn(trashedFiles()).size(), 4);
+}
+
+TEST_F(CleanUpSession, LeavesTheRowOfASongThatHadVanished)
+{
+    scanSongs({u"1/Ada - One.flac"_s, u"2/Ada - One.flac"_s});
+    const Song duplicate = group().duplicates[0];
+    ASSERT_TRUE(QFile::remove(duplicate.path));
+    session.deleteSong(duplicate);
+    EXPECT_FALSE(session.showToast());
+    EXPECT_EQ(session.songs().size(), 1);
+    EXPECT_THAT(group().duplicates, ElementsAre(duplicate));
+}
+
+TEST_F(CleanUpSession, DoesNotDeleteTheOnlyFileOfASongThatIsListedTwice)
+{
+    music.addSong(u"1/Ada - One.flac"_s);
+    scan({music.urlOf(u"1"_s), music.urlOf(u"1/Ada - One.flac"_s)});
+    ASSERT_EQ(session.duplicateGroups().size(), 1);
+    play(group().original);
+    session.deleteSong(group().original);
+    EXPECT_THAT(toast(), testing::MatchesRegex("Could not delete file: .+"));
+    EXPECT_EQ(session.toastType(), ToastType::Error);
+    EXPECT_FALSE(session.currentlyPlayingSong());
+    EXPECT_EQ(session.songs().size(), 2);
+    EXPECT_EQ(group().duplicates.size(), 1);
+
+    session.cleanupAll();
+    EXPECT_EQ(toast(), "Moved 0 files to Trash \u2022 Saved Zero KB");
+    EXPECT_EQ(filesIn(music.path()).size(), 1);
+}
+
+/// A thousand duplicates of two hundred songs; some files vanish before the clean-up, and some originals.
+class LargeCleanUp : public CleanUpSession
+{
+protected:
+    static constexpr int GROUPS = 200;
+    static constexpr int COPIES = 6;
+
+    void SetUp() override
+    {
+        QStringList songs;
+        for (int song = 0; song < GROUPS; ++song) {
+            for (int copy = 0; copy < COPIES; ++copy)
+                songs.append(u"%1/Artist%2 - Title%2.flac"_s.arg(copy).arg(song));
+        }
+        scanSongs(songs);
+        ASSERT_EQ(session.duplicateGroups().size(), GROUPS);
+        const QList<DuplicateGroup> groups = session.duplicateGroups();
+        for (qsizetype i = 0; i < groups.size(); ++i) {
+            ASSERT_EQ(groups[i].duplicates.size(), COPIES - 1);
+            if (i % 10 == 3)
+                lose(groups[i].original);
+            else if (i % 5 == 1)
+                lose(groups[i].duplicates[2]);
+        }
+    }
+
+    void lose(const Song &song)
+    {
+        ASSERT_TRUE(QFile::remove(song.path));
+        m_lost.insert(song.path);
+    }
+
+    static constexpr int ORPHANED = 20 * (COPIES - 1);
+    static constexpr int VANISHED = 40;
+    static constexpr int DUPLICATES = GROUPS * (COPIES - 1);
+
+    /// Every file is in exactly one place, and what left is what was counted.
+    void expectNothingLost(const QString &newPlace)
+    {
+        const qsizetype moved = DUPLICATES - ORPHANED - VANISHED;
+        EXPECT_EQ(filesIn(newPlace).size(), moved);
+        EXPECT_EQ(filesIn(music.path()).size(), GROUPS * COPIES - m_lost.size() - moved);
+        EXPECT_THAT(session.duplicateGroups(), IsEmpty());
+        EXPECT_EQ(session.songs().size(), GROUPS);
+        for (const Song &original : session.songs())
+            EXPECT_EQ(QFileInfo::exists(original.path), !m_lost.contains(original.path));
+        qint64 bytes = 0;
+        for (const QString &file : filesIn(newPlace))
+            bytes += QFileInfo(file).size();
+        EXPECT_EQ(bytes, moved * QFileInfo(session.songs().last().path).size());
+    }
+
+private:
+    QSet<QString> m_lost;
+};
+
+TEST_F(LargeCleanUp, MovesEveryFileToOnePlace)
+{
+    desktop.onChooseFolder = [this] { return target.path(); };
+    session.moveDuplicatesToFolder();
+    EXPECT_EQ(toast(), "Moved 860 files \u2022 140 failed");
+    EXPECT_EQ(session.toastType(), ToastType::Error);
+    expectNothingLost(target.path());
+}
+
+TEST_F(LargeCleanUp, TrashesEveryFileOnce)
+{
+    session.cleanupAll();
+    EXPECT_EQ(toast(), "Moved 860 files to Trash \u2022 100 failed");
+    EXPECT_EQ(session.toastType(), ToastType::Error);
+    expectNothingLost(trashedFiles());
+}
+
+} // namespace
+} // namespace sonavo
