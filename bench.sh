@@ -1,6 +1,6 @@
 #!/usr/bin/env bash
 # Installs what is missing, builds Sonavo and its benchmarks and runs them: all of them, or the one that is named
-# first (analysis, import, memory or response) with the given options.
+# first (analysis, import, memory, response or results) with the given options.
 set -euo pipefail
 
 root=$(cd -- "$(dirname -- "${BASH_SOURCE[0]}")" && pwd)
@@ -19,6 +19,7 @@ run() {
     import) "$benchmarks/bench_import" import "$root/build/bench/bin/sonavo" "$@" ;;
     memory) "$benchmarks/bench_import" memory "$root/build/bench/bin/sonavo" "$@" ;;
     response) "$benchmarks/bench_response" "$@" ;;
+    results) "$benchmarks/bench_results" "$@" ;;
     *)
         echo "There is no benchmark called $name" >&2
         return 2
@@ -29,7 +30,7 @@ run() {
 if (($# > 0)); then
     run "$@"
 else
-    for benchmark in analysis import memory response; do
+    for benchmark in analysis import memory response results; do
         echo
         echo "== $benchmark"
         run "$benchmark"

@@ -7,8 +7,8 @@ BUILD_PACKAGES=(
     qt6-base-dev qcoro-qt6-dev
     qt6-declarative-dev qt6-declarative-dev-tools libqt6svg6-dev
     qml6-module-qtquick qml6-module-qtquick-controls qml6-module-qtquick-layouts
-    qml6-module-qtquick-templates qml6-module-qtquick-window qml6-module-qtqml
-    qml6-module-qtqml-workerscript
+    qml6-module-qtquick-templates qml6-module-qtquick-window qml6-module-qtqml qml6-module-qtqml-models
+    qml6-module-qtqml-workerscript qml6-module-qt-labs-qmlmodels
     libavformat-dev libavcodec-dev libavutil-dev
     # Playback: the back end of Qt Multimedia, the decoders and the way to the sound server.
     qt6-multimedia-dev gstreamer1.0-plugins-base gstreamer1.0-plugins-good gstreamer1.0-libav

@@ -399,6 +399,11 @@ void DuplicateViewModel::deleteSong(Song song)
     setDuplicateGroups(withoutSong(m_duplicateGroups, song.id));
 }
 
+void DuplicateViewModel::copyPath(const Song &song)
+{
+    m_desktop.copyToClipboard(song.path);
+}
+
 void DuplicateViewModel::revealSong(const Song &song)
 {
     m_desktop.showInFileViewer(song.path);

@@ -34,6 +34,8 @@ class DuplicateViewModel : public QObject
     /// The result of the last analysis, in the order in which it made the groups.
     Q_PROPERTY(
         QList<sonavo::DuplicateGroup> duplicateGroups READ duplicateGroups NOTIFY duplicateGroupsChanged)
+    /// How many groups there are, also those that were left with their original alone.
+    Q_PROPERTY(int duplicateGroupCount READ duplicateGroupCount NOTIFY duplicateGroupsChanged)
     /// How many duplicates all groups hold together; originals do not count.
     Q_PROPERTY(int duplicateCount READ duplicateCount NOTIFY duplicateGroupsChanged)
     /// Whether a scan (import and analysis) is running.
@@ -97,6 +99,7 @@ public:
 
     [[nodiscard]] const QList<Song> &songs() const { return m_songs; }
     [[nodiscard]] int songCount() const { return static_cast<int>(m_songs.size()); }
+    [[nodiscard]] int duplicateGroupCount() const { return static_cast<int>(m_duplicateGroups.size()); }
     [[nodiscard]] int duplicateCount() const;
     [[nodiscard]] const QList<DuplicateGroup> &duplicateGroups() const { return m_duplicateGroups; }
     [[nodiscard]] bool isScanning() const { return m_isScanning; }
@@ -177,6 +180,9 @@ public:
     /// that a preview of the song has stopped. A song whose file is gone already leaves `songs` without a
     /// word, and its group stays as it is.
     Q_INVOKABLE void deleteSong(sonavo::Song song);
+
+    /// Puts the path of a song's file on the clipboard.
+    Q_INVOKABLE void copyPath(const sonavo::Song &song);
 
     /// Shows a song's file in the system's file viewer.
     Q_INVOKABLE void revealSong(const sonavo::Song &song);

@@ -33,15 +33,28 @@ T.Button {
         Behavior on opacity { NumberAnimation { duration: 200; easing.type: Easing.InOutQuad } }
         Behavior on scale { NumberAnimation { duration: 200; easing.type: Easing.InOutQuad } }
 
-        SymbolLabel {
+        Row {
             id: label
             anchors.centerIn: parent
             spacing: 5
-            symbol: control.symbol
-            symbolSize: control.symbolSize
-            symbolColor: control.tint
-            text: control.text
-            font: control.font
+
+            SymbolIcon {
+                id: icon
+                anchors.verticalCenter: parent.verticalCenter
+                symbol: control.symbol
+                size: control.symbolSize
+                color: control.tint
+            }
+
+            ElidedText {
+                anchors.verticalCenter: parent.verticalCenter
+                width: Math.min(implicitWidth, control.availableWidth - icon.width - label.spacing)
+                fontSizeMode: Text.HorizontalFit
+                minimumPixelSize: 9
+                text: control.text
+                font: control.font
+                color: Colors.textPrimary
+            }
         }
     }
 

@@ -1,20 +1,44 @@
 import QtQuick
+import QtQuick.Layouts
 import Sonavo
 
-// What a scan found.
+// The result of a scan: what can be done with it, the groups or the good news, and a hint.
 FocusScope {
     id: view
 
     required property DuplicateViewModel viewModel
 
-    ListView {
+    ColumnLayout {
         anchors.fill: parent
-        anchors.margins: 20
-        model: view.viewModel.duplicateGroups
-        delegate: Text {
-            required property var modelData
-            text: modelData.original.name + " (" + (modelData.duplicates.length + 1) + ")"
-            color: Colors.textPrimary
+        spacing: 0
+
+        ModernToolbar {
+            Layout.fillWidth: true
+            viewModel: view.viewModel
+        }
+
+        Item {
+            Layout.fillWidth: true
+            Layout.fillHeight: true
+
+            DuplicateList {
+                id: list
+                anchors.fill: parent
+                visible: count > 0
+                focus: visible
+                viewModel: view.viewModel
+            }
+
+            NoDuplicatesFoundView {
+                anchors.fill: parent
+                visible: !list.visible
+                songCount: view.viewModel.songCount
+            }
+        }
+
+        BottomInfoBar {
+            Layout.fillWidth: true
+            duplicateCount: view.viewModel.duplicateCount
         }
     }
 }

@@ -51,7 +51,10 @@ Rectangle {
         onClicked: header.themeManager.toggleTheme()
 
         Accessible.role: Accessible.Button
-        Accessible.name: tip.text
+        Accessible.name: ToolTip.text
+        ToolTip.text: isDark ? qsTr("Switch to the light theme") : qsTr("Switch to the dark theme")
+        ToolTip.visible: hovered
+        ToolTip.delay: 500
         Keys.onReturnPressed: event => { if (!event.isAutoRepeat) click(); }
 
         contentItem: Item {
@@ -68,11 +71,6 @@ Rectangle {
             FocusRing { control: themeButton; anchors.margins: 0 }
         }
 
-        ThemedToolTip {
-            id: tip
-            visible: themeButton.hovered
-            text: themeButton.isDark ? qsTr("Switch to the light theme") : qsTr("Switch to the dark theme")
-        }
     }
 
     Rectangle {

@@ -53,6 +53,8 @@ void SymbolIcon::setSize(double size)
 
 void SymbolIcon::paint(QPainter *painter)
 {
+    if (m_symbol.isEmpty())
+        return;
     // Drawn aside: the tint must colour the symbol alone, and the painter may hold more than that.
     const double scale = painter->deviceTransform().m11();
     QImage drawing((size() * scale).toSize(), QImage::Format_ARGB32_Premultiplied);

@@ -12,8 +12,8 @@ class SymbolIcon : public QQuickPaintedItem
 {
     Q_OBJECT
     QML_ELEMENT
-    /// Identifier of the symbol, such as "speaker.wave.2.fill". An unknown one draws nothing and is a
-    /// programming error.
+    /// Identifier of the symbol, such as "speaker.wave.2.fill". None, and an unknown one, draw
+    /// nothing.
     Q_PROPERTY(QString symbol READ symbol WRITE setSymbol NOTIFY symbolChanged REQUIRED)
     Q_PROPERTY(QColor color READ color WRITE setColor NOTIFY colorChanged)
     /// Width and height, in logical pixels, unless they are set otherwise.

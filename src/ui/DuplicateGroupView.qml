@@ -1,0 +1,56 @@
+import QtQuick
+import QtQuick.Templates as T
+import Sonavo
+
+// The header of a group; its songs follow in the list below it.
+T.AbstractButton {
+    id: header
+
+    required property string title
+    required property color tint
+    required property bool isExpanded
+    // Whether the keyboard is here.
+    required property bool isCurrent
+
+    height: 40
+    padding: 4
+    topPadding: 8
+    bottomPadding: 0
+    focusPolicy: Qt.NoFocus
+    hoverEnabled: true
+    Accessible.role: Accessible.Button
+    Accessible.name: title
+    Accessible.checkable: true
+    Accessible.checked: isExpanded
+    Accessible.description: isExpanded ? qsTr("expanded") : qsTr("collapsed")
+
+    contentItem: Item {
+        Rectangle {
+            anchors.fill: parent
+            anchors.bottomMargin: 1
+            radius: 6
+            color: Qt.alpha(header.tint, header.hovered ? 0.38 : 0.3)
+            border.width: header.isCurrent ? 2 : 0
+            border.color: Colors.accent
+
+            SymbolLabel {
+                anchors.verticalCenter: parent.verticalCenter
+                x: TableColumns.margin - 10
+                symbol: header.isExpanded ? "chevron.down" : "chevron.right"
+                symbolSize: 12
+                spacing: 8
+                text: header.title
+                font.pixelSize: 12
+                color: Colors.textPrimary
+                symbolColor: Colors.textSecondary
+            }
+        }
+
+        Rectangle {
+            anchors.bottom: parent.bottom
+            width: parent.width
+            height: 1
+            color: Qt.alpha(header.tint, 0.3)
+        }
+    }
+}

@@ -1,0 +1,172 @@
+pragma ComponentBehavior: Bound
+
+import Qt.labs.qmlmodels
+import QtQml.Models
+import QtQuick
+import Sonavo
+
+// The groups and their songs under a fixed header. Only the rows in sight exist.
+FocusScope {
+    id: view
+
+    required property DuplicateViewModel viewModel
+    readonly property int count: list.count
+
+    function play(row) {
+        const song = rows.songAt(row);
+        if (song !== undefined)
+            view.viewModel.togglePlayback(song);
+    }
+
+    function remove(row) {
+        const song = rows.songAt(row);
+        if (song !== undefined)
+            view.viewModel.deleteSong(song);
+    }
+
+    // A row that is gone makes place for the next one, where the second half of a double-click must not land.
+    function removeByPointer(row) {
+        if (recentRemoval.running)
+            return;
+        recentRemoval.restart();
+        remove(row);
+    }
+
+    Timer {
+        id: recentRemoval
+        interval: Application.styleHints.mouseDoubleClickInterval
+    }
+
+    TableHeaderView {
+        id: header
+        width: parent.width
+    }
+
+    ListView {
+        id: list
+
+        anchors.top: header.bottom
+        anchors.bottom: parent.bottom
+        width: parent.width
+        clip: true
+        focus: true
+        activeFocusOnTab: true
+        reuseItems: true
+        boundsBehavior: Flickable.StopAtBounds
+        keyNavigationEnabled: true
+        highlightMoveDuration: 0
+        currentIndex: 0
+        leftMargin: 2
+        rightMargin: 2
+
+        readonly property real rowWidth: width - leftMargin - rightMargin
+        readonly property bool showsCurrent: activeFocus
+
+        Accessible.role: Accessible.List
+        Accessible.name: qsTr("Duplicate songs")
+
+        model: DuplicateListModel {
+            id: rows
+            viewModel: view.viewModel
+        }
+
+        delegate: DelegateChooser {
+            role: "kind"
+
+            DelegateChoice {
+                roleValue: "header"
+
+                DuplicateGroupView {
+                    id: group
+
+                    required property int index
+
+                    width: list.rowWidth
+                    isCurrent: list.showsCurrent && list.currentIndex === index
+                    onClicked: {
+                        list.currentIndex = index;
+                        rows.setExpanded(index, !isExpanded);
+                    }
+                }
+            }
+
+            DelegateChoice {
+                roleValue: "song"
+
+                SongRow {
+                    id: songRow
+
+                    required property int index
+                    required property string duration
+                    required property string size
+
+                    width: list.rowWidth
+                    durationText: duration
+                    sizeText: size
+                    isCurrent: list.showsCurrent && list.currentIndex === index
+                    onPick: {
+                        list.currentIndex = index;
+                        list.forceActiveFocus(Qt.MouseFocusReason);
+                    }
+                    onPlay: view.play(index)
+                    onSeek: x => view.viewModel.seekPlayback(x, width)
+                    onRemove: view.removeByPointer(index)
+                    onOpenMenu: (x, y) => menu.openFor(index, songRow, x, y)
+                    ListView.onReused: clickPosition = Qt.point(-1, -1)
+                }
+            }
+        }
+
+        Keys.onPressed: event => {
+            const row = list.currentIndex;
+            const header = rows.headerRow(row);
+            event.accepted = true;
+            if (event.key === Qt.Key_Left && row === header) {
+                rows.setExpanded(row, false);
+            } else if (event.key === Qt.Key_Left) {
+                list.currentIndex = header;
+                rows.setExpanded(header, false);
+            } else if (event.key === Qt.Key_Right) {
+                rows.setExpanded(row, true);
+            } else if (event.key === Qt.Key_Home) {
+                list.currentIndex = 0;
+            } else if (event.key === Qt.Key_End) {
+                list.currentIndex = list.count - 1;
+            } else if (event.isAutoRepeat) {
+                event.accepted = false;
+            } else if ((event.key === Qt.Key_Return || event.key === Qt.Key_Enter) && row === header) {
+                rows.setExpanded(row, !rows.isExpanded(row));
+            } else if (event.key === Qt.Key_Space) {
+                view.play(row);
+            } else if (event.key === Qt.Key_Delete) {
+                view.remove(row);
+            } else if (event.key === Qt.Key_Menu || (event.key === Qt.Key_F10 && event.modifiers & Qt.ShiftModifier)) {
+                menu.openFor(row, list.currentItem, TableColumns.badgeX, 20);
+            } else {
+                event.accepted = false;
+            }
+        }
+    }
+
+    ThinScrollBar {
+        flickable: list
+        anchors.top: list.top
+        anchors.bottom: list.bottom
+        anchors.right: parent.right
+    }
+
+    SongMenu {
+        id: menu
+
+        viewModel: view.viewModel
+        onRemove: song => view.viewModel.deleteSong(song)
+
+        function openFor(row, item, x, y) {
+            const clicked = rows.songAt(row);
+            if (clicked === undefined)
+                return;
+            song = clicked;
+            popup(item, x, y);
+        }
+    }
+}

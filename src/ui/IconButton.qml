@@ -1,0 +1,37 @@
+import QtQuick
+import QtQuick.Controls.Basic
+import QtQuick.Templates as T
+import Sonavo
+
+// A small button that shows nothing but an icon; its tooltip is also its name.
+T.AbstractButton {
+    id: control
+
+    required property string symbol
+    required property string toolTip
+    property real symbolSize: 14
+    property color tint: Colors.textSecondary
+
+    implicitWidth: 26
+    implicitHeight: 26
+    hoverEnabled: true
+    focusPolicy: Qt.NoFocus
+    Accessible.role: Accessible.Button
+    Accessible.name: toolTip
+    ToolTip.text: toolTip
+    ToolTip.visible: hovered
+    ToolTip.delay: 500
+
+    contentItem: Item {
+        SymbolIcon {
+            anchors.centerIn: parent
+            symbol: control.symbol
+            size: control.symbolSize
+            color: control.tint
+        }
+    }
+    background: Rectangle {
+        radius: 6
+        color: control.hovered ? Qt.alpha(control.tint, control.down ? 0.3 : 0.15) : "transparent"
+    }
+}

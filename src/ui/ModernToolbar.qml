@@ -1,0 +1,84 @@
+import QtQuick
+import QtQuick.Layouts
+import Sonavo
+
+// What can be done with the session, and its two counts.
+Rectangle {
+    id: toolbar
+
+    required property DuplicateViewModel viewModel
+    readonly property bool canCleanUp: viewModel.duplicateGroupCount > 0 && !viewModel.isScanning
+
+    implicitHeight: row.implicitHeight + 12
+    color: Colors.toolbar
+    Accessible.role: Accessible.ToolBar
+    Accessible.name: qsTr("Actions")
+
+    RowLayout {
+        id: row
+        anchors.fill: parent
+        anchors.leftMargin: 12
+        anchors.rightMargin: 12
+        spacing: 8
+
+        ToolbarButton {
+            symbol: "plus.circle.fill"
+            text: qsTr("Add Song")
+            onClicked: toolbar.viewModel.importWithOpenPanel()
+        }
+
+        ToolbarButton {
+            enabled: toolbar.canCleanUp
+            symbol: "trash.circle.fill"
+            tint: Colors.error
+            text: qsTr("Cleanup All")
+            onClicked: toolbar.viewModel.cleanupAll()
+        }
+
+        ToolbarButton {
+            enabled: toolbar.canCleanUp
+            symbol: "folder.badge.plus"
+            text: qsTr("Move Duplicates")
+            onClicked: toolbar.viewModel.moveDuplicatesToFolder()
+        }
+
+        Item { Layout.fillWidth: true }
+
+        SymbolLabel {
+            symbol: "doc.on.doc.fill"
+            symbolSize: 14
+            text: qsTr("%1 duplicates").arg(toolbar.viewModel.duplicateCount)
+            font.pixelSize: 13
+            color: Colors.accent
+            rightPadding: 6
+        }
+
+        SymbolLabel {
+            symbol: "music.note.list"
+            symbolSize: 14
+            text: qsTr("%1 total").arg(toolbar.viewModel.songCount)
+            font.pixelSize: 13
+            color: Colors.textSecondary
+            rightPadding: 6
+        }
+
+        ToolbarButton {
+            symbol: "arrow.clockwise.circle.fill"
+            tint: Colors.neutral
+            text: qsTr("Clear List")
+            onClicked: toolbar.viewModel.clearAll()
+        }
+    }
+
+    Rectangle {
+        anchors.bottom: parent.bottom
+        width: parent.width
+        height: 1
+        color: Colors.border
+    }
+
+    component ToolbarButton: ModernButtonStyle {
+        Layout.preferredWidth: 115
+        font.pixelSize: 13
+    }
+}

@@ -1,0 +1,154 @@
+import QtQuick
+import QtQuick.Controls.Basic
+import Sonavo
+
+// One song of a group.
+Item {
+    id: row
+
+    required property var song
+    required property bool isPlaying
+    required property bool isOriginal
+    required property string durationText
+    required property string sizeText
+    required property string description
+    // Whether the keyboard is here.
+    required property bool isCurrent
+
+    // Where the row was last clicked while it played; the sound goes on from there.
+    property point clickPosition: Qt.point(-1, -1)
+
+    signal play
+    signal seek(real x)
+    signal remove
+    signal pick
+    signal openMenu(real x, real y)
+
+    height: 40
+    Accessible.role: Accessible.ListItem
+    Accessible.name: description
+    Accessible.focusable: true
+    Accessible.focused: isCurrent
+    Accessible.selected: isCurrent
+
+    onIsPlayingChanged: clickPosition = Qt.point(-1, -1)
+
+    Rectangle {
+        anchors.fill: parent
+        anchors.leftMargin: 4
+        anchors.rightMargin: 4
+        anchors.topMargin: 1
+        anchors.bottomMargin: 1
+        radius: 6
+        color: row.isPlaying ? Qt.alpha(Colors.accent, 0.15) : pointer.containsMouse ? Qt.alpha(Colors.row, 0.6) : "transparent"
+        border.width: row.isCurrent ? 2 : row.isPlaying ? 1 : 0
+        border.color: row.isCurrent ? Colors.accent : Qt.alpha(Colors.accent, 0.5)
+
+        Rectangle {
+            visible: row.isPlaying && row.clickPosition.x >= 0
+            x: Math.min(row.clickPosition.x - 4, parent.width - 2)
+            width: 2
+            height: parent.height
+            color: Qt.alpha(Colors.accent, 0.5)
+        }
+    }
+
+    MouseArea {
+        id: pointer
+
+        property ElidedText hoveredCell: null
+
+        anchors.fill: parent
+        hoverEnabled: true
+        acceptedButtons: Qt.LeftButton | Qt.RightButton
+        onPositionChanged: mouse => hoveredCell = row.childAt(mouse.x, mouse.y) as ElidedText
+        onExited: hoveredCell = null
+        onPressed: mouse => {
+            row.pick();
+            if (mouse.button === Qt.RightButton)
+                row.openMenu(mouse.x, mouse.y);
+        }
+        onClicked: mouse => {
+            if (mouse.button !== Qt.LeftButton)
+                return;
+            row.clickPosition = row.isPlaying ? Qt.point(mouse.x + 8, mouse.y) : Qt.point(mouse.x, mouse.y);
+            if (row.isPlaying)
+                row.seek(mouse.x);
+        }
+        ToolTip.visible: hoveredCell !== null && hoveredCell.fullText !== ""
+        ToolTip.text: hoveredCell ? hoveredCell.fullText : ""
+        ToolTip.delay: 500
+    }
+
+    IconButton {
+        x: TableColumns.margin
+        anchors.verticalCenter: parent.verticalCenter
+        symbol: row.isPlaying ? "speaker.wave.3.fill" : "speaker.wave.2.fill"
+        symbolSize: 16
+        tint: row.isPlaying ? Colors.accent : Colors.textSecondary
+        toolTip: qsTr("Click to listen and verify this song")
+        onClicked: row.play()
+    }
+
+    Text {
+        x: TableColumns.badgeX
+        anchors.verticalCenter: parent.verticalCenter
+        text: row.isOriginal ? "ORIGINAL   " : "DUPLICATE"
+        textFormat: Text.PlainText
+        font: TableColumns.badgeFont
+        color: row.isOriginal ? Colors.original : Colors.duplicate
+        Accessible.ignored: true
+    }
+
+    Cell {
+        x: TableColumns.badgeX + TableColumns.badgeWidth + TableColumns.spacing
+        width: row.width - x - TableColumns.nameEnd
+        text: row.song.name
+        font.pixelSize: 14
+        font.weight: Font.Medium
+    }
+    Cell {
+        x: row.width - TableColumns.typeOffset
+        width: TableColumns.typeWidth
+        text: row.song.fileType
+    }
+    Cell {
+        x: row.width - TableColumns.durationOffset
+        width: TableColumns.durationWidth
+        horizontalAlignment: Text.AlignRight
+        text: row.durationText
+    }
+    Cell {
+        x: row.width - TableColumns.sizeOffset
+        width: TableColumns.sizeWidth
+        horizontalAlignment: Text.AlignRight
+        fontSizeMode: Text.HorizontalFit
+        minimumPixelSize: 10
+        text: row.sizeText
+    }
+    Cell {
+        x: row.width - TableColumns.folderOffset
+        width: TableColumns.folderWidth
+        text: row.song.folderName
+        fullText: row.song.path
+        color: Colors.textSecondary
+    }
+
+    IconButton {
+        x: row.width - TableColumns.trashOffset
+        anchors.verticalCenter: parent.verticalCenter
+        symbol: "trash.fill"
+        symbolSize: 14
+        tint: Colors.error
+        toolTip: qsTr("Delete this song")
+        onClicked: row.remove()
+    }
+
+    component Cell: ElidedText {
+        height: 40
+        // Half pixels there are none: 13 stands for 12.5, and 14 for 13.5.
+        font.pixelSize: 13
+        color: Colors.textPrimary
+        Accessible.ignored: true
+    }
+}

@@ -1,0 +1,82 @@
+import QtQuick
+import QtQuick.Controls.Basic
+import Sonavo
+
+// The titles of the columns.
+Rectangle {
+    id: header
+
+    implicitHeight: 32
+    color: Colors.tableHeader
+
+    Title {
+        x: TableColumns.badgeX
+        width: header.width - x - TableColumns.nameEnd
+        text: qsTr("File Name")
+    }
+    Title {
+        x: header.width - TableColumns.typeOffset
+        width: TableColumns.typeWidth
+        symbol: "doc.badge.gearshape"
+        text: qsTr("File Type")
+    }
+    Title {
+        x: header.width - TableColumns.durationOffset
+        width: TableColumns.durationWidth
+        symbol: "clock"
+        text: qsTr("Duration")
+    }
+    Title {
+        x: header.width - TableColumns.sizeOffset
+        width: TableColumns.sizeWidth
+        symbol: "arrow.down.circle"
+        text: qsTr("File Size")
+    }
+    Title {
+        x: header.width - TableColumns.folderOffset
+        width: TableColumns.folderWidth
+        symbol: "folder"
+        text: qsTr("Folder Location")
+    }
+
+    Rectangle {
+        anchors.bottom: parent.bottom
+        width: parent.width
+        height: 1
+        color: Colors.border
+    }
+
+    component Title: Item {
+        id: title
+
+        property string symbol
+        property alias text: caption.text
+
+        height: 32
+        Accessible.role: Accessible.ColumnHeader
+        Accessible.name: text
+        ToolTip.visible: hover.hovered && caption.fullText !== ""
+        ToolTip.text: caption.fullText
+        ToolTip.delay: 500
+
+        HoverHandler {
+            id: hover
+        }
+        SymbolIcon {
+            id: icon
+            anchors.verticalCenter: parent.verticalCenter
+            visible: title.symbol !== ""
+            symbol: title.symbol
+            size: 12
+            color: Colors.accent
+        }
+        ElidedText {
+            id: caption
+            anchors.fill: parent
+            anchors.leftMargin: title.symbol !== "" ? 15 : 0
+            font.pixelSize: 12
+            font.weight: Font.DemiBold
+            color: Colors.textSecondary
+        }
+    }
+}
