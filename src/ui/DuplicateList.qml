@@ -1,7 +1,6 @@
 pragma ComponentBehavior: Bound
 
 import Qt.labs.qmlmodels
-import QtQml.Models
 import QtQuick
 import Sonavo
 
