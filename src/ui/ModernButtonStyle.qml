@@ -12,7 +12,7 @@ T.Button {
 
     implicitWidth: Math.max(implicitBackgroundWidth, implicitContentWidth + leftPadding + rightPadding)
     implicitHeight: implicitContentHeight + topPadding + bottomPadding
-    horizontalPadding: 6
+    horizontalPadding: 4
     verticalPadding: 6
     focusPolicy: Qt.StrongFocus
     hoverEnabled: true
@@ -36,7 +36,7 @@ T.Button {
         Row {
             id: label
             anchors.centerIn: parent
-            spacing: 5
+            spacing: 4
 
             SymbolIcon {
                 id: icon

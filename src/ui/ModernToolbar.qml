@@ -79,6 +79,7 @@ Rectangle {
 
     component ToolbarButton: ModernButtonStyle {
         Layout.preferredWidth: 115
+        symbolSize: 15
         font.pixelSize: 13
     }
 }
