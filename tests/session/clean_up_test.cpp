@@ -1,15 +1,15 @@
-#include "desktop/trash.h"
 #include "session/duplicate_view_model.h"
 #include "session/music_folder.h"
 #include "session/settling.h"
 #include "support/instant_pauses.h"
-#include "support/quiet_desktop.h"
+#include "support/persons_desktop.h"
 
 #include <QDirIterator>
 #include <QRegularExpression>
 
 #include <gmock/gmock.h>
 
+#include <algorithm>
 #include <functional>
 
 namespace sonavo {
@@ -21,27 +21,7 @@ using testing::ElementsAre;
 using testing::IsEmpty;
 using ToastType = DuplicateViewModel::ToastType;
 
-/// A person who chooses what the test says, with a real Trash.
-class PersonsDesktop final : public QuietDesktop
-{
-public:
-    std::function<QString()> onChooseFolder = [] { return QString(); };
-    int choices = 0;
-    QString clipboard;
-
-    [[nodiscard]] QString chooseFolder(const QString &message, const QString &prompt) override
-    {
-        EXPECT_EQ(message, u"Select a folder to move duplicate files to"_s);
-        EXPECT_EQ(prompt, u"Select Folder"_s);
-        ++choices;
-        return onChooseFolder();
-    }
-    [[nodiscard]] std::optional<Failure> moveToTrash(const QString &path) override
-    {
-        return sonavo::moveToTrash(path);
-    }
-    void copyToClipboard(const QString &text) override { clipboard = text; }
-};
+const std::string CHOOSER = "Select a folder to move duplicate files to / Select Folder";
 
 QStringList filesIn(const QString &folder)
 {
@@ -119,7 +99,7 @@ TEST_F(CleanUpSession, DoesNothingWithoutDuplicatesOrAChoice)
     session.moveDuplicatesToFolder();
     EXPECT_EQ(toast(), "No duplicates to move");
     EXPECT_EQ(session.toastType(), ToastType::Info);
-    EXPECT_EQ(desktop.choices, 0);
+    EXPECT_THAT(desktop.takeCalls(), IsEmpty());
 
     scanSongs({u"1/Ada - One.flac"_s, u"2/Ada - One.flac"_s});
     play(group().original);
@@ -128,7 +108,7 @@ TEST_F(CleanUpSession, DoesNothingWithoutDuplicatesOrAChoice)
     play(group().duplicates[0]);
     session.moveDuplicatesToFolder();
     EXPECT_FALSE(session.currentlyPlayingSong());
-    EXPECT_EQ(desktop.choices, 2);
+    EXPECT_EQ(std::ranges::count(desktop.calls, CHOOSER), 2);
     EXPECT_EQ(session.duplicateGroups().size(), 1);
     EXPECT_EQ(filesIn(music.path()).size(), 2);
 

@@ -3,7 +3,7 @@
 #include "session/settling.h"
 #include "support/held_pauses.h"
 #include "support/instant_pauses.h"
-#include "support/quiet_desktop.h"
+#include "support/persons_desktop.h"
 
 #include <QTest>
 
@@ -20,19 +20,6 @@ using namespace std::chrono_literals;
 using testing::ElementsAre;
 using testing::IsEmpty;
 using ToastType = DuplicateViewModel::ToastType;
-
-/// A person who chooses what the test says.
-class ChoosingDesktop final : public QuietDesktop
-{
-public:
-    QList<QUrl> choice;
-    std::function<void()> onChoice = [] {};
-    [[nodiscard]] QList<QUrl> chooseMusic() override
-    {
-        onChoice();
-        return choice;
-    }
-};
 
 /// What a session announces, as "property=value", and the pauses in between.
 class Log
@@ -101,7 +88,7 @@ protected:
         EXPECT_THAT(session.pendingImportURLs(), IsEmpty());
     }
 
-    ChoosingDesktop desktop;
+    PersonsDesktop desktop;
     std::shared_ptr<InstantPauses> pauses = std::make_shared<InstantPauses>();
 };
 

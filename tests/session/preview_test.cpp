@@ -1,12 +1,9 @@
 #include "session/duplicate_view_model.h"
 #include "session/settling.h"
 #include "support/instant_pauses.h"
-#include "support/quiet_desktop.h"
+#include "support/persons_desktop.h"
 
 #include <gmock/gmock.h>
-
-#include <string>
-#include <vector>
 
 namespace sonavo {
 namespace {
@@ -14,43 +11,6 @@ namespace {
 using namespace Qt::Literals::StringLiterals;
 using testing::ElementsAre;
 using testing::IsEmpty;
-
-using Calls = std::vector<std::string>;
-
-/// Writes down what it is told to do.
-class NotingPlayer final : public PreviewPlayer
-{
-public:
-    NotingPlayer(std::string name, Calls &calls)
-        : m_name(std::move(name))
-        , m_calls(calls)
-    {}
-    ~NotingPlayer() override { note("gone"); }
-    Q_DISABLE_COPY_MOVE(NotingPlayer)
-
-    void play() override { note("play"); }
-    void pause() override { note("pause"); }
-    void setVolume(double volume) override { note("volume " + std::to_string(volume).substr(0, 3)); }
-    void seek(qint64 seconds) override { note("seek " + std::to_string(seconds)); }
-    void releaseItem() override { note("release"); }
-
-private:
-    void note(const std::string &call) { m_calls.push_back(m_name + ": " + call); }
-
-    std::string m_name;
-    Calls &m_calls;
-};
-
-class NotingDesktop final : public QuietDesktop
-{
-public:
-    Calls calls;
-    [[nodiscard]] std::unique_ptr<PreviewPlayer> openPreview(const QString &path) override
-    {
-        return std::make_unique<NotingPlayer>(path.toStdString(), calls);
-    }
-    void showInFileViewer(const QString &path) override { calls.push_back("show " + path.toStdString()); }
-};
 
 class PreviewTest : public testing::Test
 {
@@ -63,9 +23,7 @@ protected:
         song.duration = duration;
         return song;
     }
-    [[nodiscard]] Calls takeCalls() { return std::exchange(desktop.calls, {}); }
-
-    NotingDesktop desktop;
+    PersonsDesktop desktop;
     DuplicateViewModel session{desktop, std::make_shared<InstantPauses>(), QList<Color>(6)};
     const Song a = song(u"a"_s);
     const Song b = song(u"b"_s);
@@ -79,14 +37,14 @@ TEST_F(PreviewTest, StartsAtTheNextTurnAndStopsAtTheSecondClick)
     EXPECT_EQ(session.property("currentlyPlayingSong").value<Song>(), a);
     settle();
     EXPECT_NE(session.player(), nullptr);
-    EXPECT_THAT(takeCalls(), ElementsAre("a: play"));
+    EXPECT_THAT(desktop.takeCalls(), ElementsAre("a: play"));
 
     session.togglePlayback(a);
-    EXPECT_THAT(takeCalls(), ElementsAre("a: pause", "a: release", "a: gone"));
+    EXPECT_THAT(desktop.takeCalls(), ElementsAre("a: pause", "a: release", "a: gone"));
     EXPECT_FALSE(session.currentlyPlayingSong());
     EXPECT_EQ(session.player(), nullptr);
     settle();
-    EXPECT_THAT(takeCalls(), IsEmpty());
+    EXPECT_THAT(desktop.takeCalls(), IsEmpty());
 }
 
 TEST_F(PreviewTest, SwitchesSongsWithoutEverHavingTwo)
@@ -96,7 +54,7 @@ TEST_F(PreviewTest, SwitchesSongsWithoutEverHavingTwo)
     session.togglePlayback(b);
     EXPECT_EQ(session.currentlyPlayingSong(), b);
     settle();
-    EXPECT_THAT(takeCalls(), ElementsAre("a: play", "a: pause", "a: release", "a: gone", "b: play"));
+    EXPECT_THAT(desktop.takeCalls(), ElementsAre("a: play", "a: pause", "a: release", "a: gone", "b: play"));
 }
 
 TEST_F(PreviewTest, DoesNotStartWhatWasStoppedMeanwhile)
@@ -104,7 +62,7 @@ TEST_F(PreviewTest, DoesNotStartWhatWasStoppedMeanwhile)
     session.togglePlayback(a);
     session.togglePlayback(a);
     settle();
-    EXPECT_THAT(takeCalls(), IsEmpty());
+    EXPECT_THAT(desktop.takeCalls(), IsEmpty());
 
     session.togglePlayback(a);
     session.togglePlayback(a);
@@ -112,12 +70,12 @@ TEST_F(PreviewTest, DoesNotStartWhatWasStoppedMeanwhile)
     session.togglePlayback(b);
     session.togglePlayback(a);
     settle();
-    EXPECT_THAT(takeCalls(), ElementsAre("a: play"));
+    EXPECT_THAT(desktop.takeCalls(), ElementsAre("a: play"));
 
     session.togglePlayback(b);
     session.clearAll();
     settle();
-    EXPECT_THAT(takeCalls(), ElementsAre("a: pause", "a: release", "a: gone"));
+    EXPECT_THAT(desktop.takeCalls(), ElementsAre("a: pause", "a: release", "a: gone"));
 }
 
 TEST_F(PreviewTest, ForgetsAStartWhenTheSessionIsGone)
@@ -127,7 +85,7 @@ TEST_F(PreviewTest, ForgetsAStartWhenTheSessionIsGone)
         shortLived.togglePlayback(a);
     }
     settle();
-    EXPECT_THAT(takeCalls(), IsEmpty());
+    EXPECT_THAT(desktop.takeCalls(), IsEmpty());
 }
 
 TEST_F(PreviewTest, SeeksToWhereTheRowWasClicked)
@@ -139,7 +97,7 @@ TEST_F(PreviewTest, SeeksToWhereTheRowWasClicked)
     session.seekPlayback(450, 900);
     session.seekPlayback(2000, 900);
     session.seekPlayback(10, 0);
-    EXPECT_THAT(takeCalls(), ElementsAre("a: play", "a: seek 100", "a: seek 200"));
+    EXPECT_THAT(desktop.takeCalls(), ElementsAre("a: play", "a: seek 100", "a: seek 200"));
 }
 
 TEST_F(PreviewTest, HasTheLastWordWhenAListenerStartsAnother)
@@ -153,7 +111,7 @@ TEST_F(PreviewTest, HasTheLastWordWhenAListenerStartsAnother)
     session.stopPlayback();
     settle();
     EXPECT_EQ(session.currentlyPlayingSong(), b);
-    EXPECT_THAT(takeCalls(), ElementsAre("a: play", "a: pause", "a: release", "a: gone", "b: play"));
+    EXPECT_THAT(desktop.takeCalls(), ElementsAre("a: play", "a: pause", "a: release", "a: gone", "b: play"));
 }
 
 TEST_F(PreviewTest, SilencesASongBeforeItIsDeleted)
@@ -161,16 +119,16 @@ TEST_F(PreviewTest, SilencesASongBeforeItIsDeleted)
     session.togglePlayback(a);
     settle();
     session.deleteSong(b);
-    EXPECT_THAT(takeCalls(), ElementsAre("a: play"));
+    EXPECT_THAT(desktop.takeCalls(), ElementsAre("a: play"));
     session.deleteSong(*session.currentlyPlayingSong());
-    EXPECT_THAT(takeCalls(), ElementsAre("a: volume 0.0", "a: pause", "a: release", "a: gone"));
+    EXPECT_THAT(desktop.takeCalls(), ElementsAre("a: volume 0.0", "a: pause", "a: release", "a: gone"));
     EXPECT_FALSE(session.currentlyPlayingSong());
 }
 
 TEST_F(PreviewTest, ShowsASongInTheFileViewer)
 {
     session.revealSong(a);
-    EXPECT_THAT(takeCalls(), ElementsAre("show a"));
+    EXPECT_THAT(desktop.takeCalls(), ElementsAre("show a"));
     EXPECT_FALSE(session.showToast());
 }
 
