@@ -82,6 +82,9 @@ FocusScope {
 
                     width: list.rowWidth
                     isCurrent: list.showsCurrent && list.currentIndex === index
+                    // What waits to be used again is not there for screen readers either.
+                    ListView.onPooled: visible = false
+                    ListView.onReused: visible = true
                     onClicked: {
                         list.currentIndex = index;
                         rows.setExpanded(index, !isExpanded);
@@ -111,7 +114,11 @@ FocusScope {
                     onSeek: x => view.viewModel.seekPlayback(x, width)
                     onRemove: view.removeByPointer(index)
                     onOpenMenu: (x, y) => menu.openFor(index, songRow, x, y)
-                    ListView.onReused: clickPosition = Qt.point(-1, -1)
+                    ListView.onPooled: visible = false
+                    ListView.onReused: {
+                        visible = true;
+                        clickPosition = Qt.point(-1, -1);
+                    }
                 }
             }
         }

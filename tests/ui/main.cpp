@@ -1,11 +1,19 @@
 #include <QApplication>
+#include <QTemporaryDir>
 
 #include <gtest/gtest.h>
 
 int main(int argc, char *argv[])
 {
     testing::InitGoogleTest(&argc, argv);
+    // The theme is remembered among the person's settings: these are for the tests.
+    const QTemporaryDir settings;
+    qputenv("XDG_CONFIG_HOME", settings.path().toUtf8());
+    qputenv("XDG_RUNTIME_DIR", settings.path().toUtf8());
     qputenv("QT_QPA_PLATFORM", "offscreen");
+    qputenv("QT_QUICK_BACKEND", "software");
     const QApplication application(argc, argv);
+    QApplication::setApplicationName(QStringLiteral("sonavo"));
+    QApplication::setOrganizationName(QStringLiteral("sonavo"));
     return RUN_ALL_TESTS();
 }
