@@ -1,5 +1,10 @@
 #include "desktop/system_desktop.h"
 
+#include "desktop/trash.h"
+
+#include <QClipboard>
+#include <QGuiApplication>
+
 namespace sonavo {
 
 QList<QUrl> SystemDesktop::chooseMusic()
@@ -12,13 +17,15 @@ QString SystemDesktop::chooseFolder(const QString &, const QString &)
     return {};
 }
 
-std::optional<Failure> SystemDesktop::moveToTrash(const QString &)
+std::optional<Failure> SystemDesktop::moveToTrash(const QString &path)
 {
-    return Failure{QStringLiteral("not yet")};
+    return sonavo::moveToTrash(path);
 }
 
-void SystemDesktop::copyToClipboard(const QString &)
-{}
+void SystemDesktop::copyToClipboard(const QString &text)
+{
+    QGuiApplication::clipboard()->setText(text);
+}
 
 void SystemDesktop::showInFileViewer(const QString &)
 {}

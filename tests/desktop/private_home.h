@@ -1,0 +1,51 @@
+#pragma once
+
+#include <QFile>
+#include <QTemporaryDir>
+
+#include <filesystem>
+#include <fstream>
+#include <sstream>
+#include <stdexcept>
+#include <string>
+
+namespace sonavo {
+
+/// A home folder that is empty and nobody else's; also for everything that is kept apart from home, and for
+/// the message bus.
+class PrivateHome
+{
+public:
+    PrivateHome()
+    {
+        for (const char *kept : {"XDG_DATA_HOME", "XDG_CONFIG_HOME", "XDG_CACHE_HOME", "XDG_MUSIC_DIR"})
+            qunsetenv(kept);
+        qputenv("HOME", QFile::encodeName(m_folder.path()));
+        qputenv("DBUS_SESSION_BUS_ADDRESS",
+                "unix:path=" + QFile::encodeName(m_folder.filePath(QStringLiteral("bus"))));
+    }
+    Q_DISABLE_COPY_MOVE(PrivateHome)
+
+    std::filesystem::path path(const std::string &name = {}) const
+    {
+        return std::filesystem::path(m_folder.path().toStdString()) / name;
+    }
+    /// Writes a file; its folders are made.
+    std::filesystem::path add(const std::string &name, const std::string &content = "song") const
+    {
+        return addFile(path(name), content);
+    }
+
+    static std::filesystem::path addFile(const std::filesystem::path &file, const std::string &content)
+    {
+        std::filesystem::create_directories(file.parent_path());
+        if (!(std::ofstream(file) << content << std::flush))
+            throw std::runtime_error("cannot write " + file.string());
+        return file;
+    }
+
+private:
+    QTemporaryDir m_folder;
+};
+
+} // namespace sonavo
