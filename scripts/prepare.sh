@@ -13,11 +13,13 @@ BUILD_PACKAGES=(
     # Playback: the back end of Qt Multimedia, the decoders and the way to the sound server.
     qt6-multimedia-dev gstreamer1.0-plugins-base gstreamer1.0-plugins-good gstreamer1.0-libav
     gstreamer1.0-pulseaudio
+    # Opens a folder where no file manager answers on the message bus.
+    xdg-utils
 )
 # One version of clang-format everywhere: versions differ in what they call formatted.
 TEST_PACKAGES=(
     libgtest-dev libgmock-dev librapidcheck-dev
-    clang-format-14 ffmpeg
+    clang-format-14 dbus-daemon ffmpeg
 )
 BENCH_PACKAGES=(libbenchmark-dev)
 

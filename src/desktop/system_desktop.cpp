@@ -27,8 +27,10 @@ void SystemDesktop::copyToClipboard(const QString &text)
     QGuiApplication::clipboard()->setText(text);
 }
 
-void SystemDesktop::showInFileViewer(const QString &)
-{}
+void SystemDesktop::showInFileViewer(const QString &path)
+{
+    m_fileViewer.show(path);
+}
 
 std::unique_ptr<PreviewPlayer> SystemDesktop::openPreview(const QString &)
 {

@@ -1,6 +1,7 @@
 #pragma once
 
 #include "actions/desktop.h"
+#include "desktop/file_viewer.h"
 
 namespace sonavo {
 
@@ -14,6 +15,9 @@ public:
     void copyToClipboard(const QString &text) override;
     void showInFileViewer(const QString &path) override;
     [[nodiscard]] std::unique_ptr<PreviewPlayer> openPreview(const QString &path) override;
+
+private:
+    FileViewer m_fileViewer;
 };
 
 } // namespace sonavo
