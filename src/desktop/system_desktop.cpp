@@ -1,5 +1,6 @@
 #include "desktop/system_desktop.h"
 
+#include "desktop/music_dialog.h"
 #include "desktop/trash.h"
 
 #include <QClipboard>
@@ -9,12 +10,12 @@ namespace sonavo {
 
 QList<QUrl> SystemDesktop::chooseMusic()
 {
-    return {};
+    return askForMusic(m_musicFolder);
 }
 
-QString SystemDesktop::chooseFolder(const QString &, const QString &)
+QString SystemDesktop::chooseFolder(const QString &message, const QString &prompt)
 {
-    return {};
+    return askForFolder(message, prompt, m_chosenFolder);
 }
 
 std::optional<Failure> SystemDesktop::moveToTrash(const QString &path)

@@ -17,6 +17,8 @@ public:
     [[nodiscard]] std::unique_ptr<PreviewPlayer> openPreview(const QString &path) override;
 
 private:
+    QString m_musicFolder;
+    QString m_chosenFolder;
     FileViewer m_fileViewer;
 };
 
