@@ -6,6 +6,8 @@
 
 #include "desktop/trash.h"
 
+#include "actions/file_operations.h"
+
 #include <QDateTime>
 #include <QFile>
 #include <QFileInfo>
@@ -17,7 +19,6 @@
 #include <unistd.h>
 
 #include <cerrno>
-#include <cstdio>
 #include <filesystem>
 #include <string>
 
@@ -182,15 +183,7 @@ std::error_code writeNew(const fs::path &path, QByteArrayView content)
 
 std::error_code renameToNew(const fs::path &from, const fs::path &to)
 {
-    if (::renameat2(AT_FDCWD, from.c_str(), AT_FDCWD, to.c_str(), RENAME_NOREPLACE) == 0)
-        return {};
-    if (errno != EINVAL && errno != ENOSYS)
-        return lastError();
-    // Some file systems cannot do that, such as NFS. The note has reserved the name already.
-    struct stat status = {};
-    if (::lstat(to.c_str(), &status) == 0)
-        return std::make_error_code(std::errc::file_exists);
-    return errno == ENOENT && ::rename(from.c_str(), to.c_str()) == 0 ? std::error_code() : lastError();
+    return {renameWithoutReplacing(from.c_str(), to.c_str()), std::generic_category()};
 }
 
 /// @param file in a folder without links
