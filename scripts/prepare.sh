@@ -13,6 +13,7 @@ BUILD_PACKAGES=(
     # Playback: the back end of Qt Multimedia, the decoders and the way to the sound server.
     qt6-multimedia-dev gstreamer1.0-plugins-base gstreamer1.0-plugins-good gstreamer1.0-libav
     gstreamer1.0-pulseaudio
+    fontconfig
     # Opens a folder where no file manager answers on the message bus.
     xdg-utils
 )
@@ -49,6 +50,13 @@ install_packages() {
     # A desktop may be installing its own updates just now.
     "${as_root[@]}" env DEBIAN_FRONTEND=noninteractive \
         apt-get --option DPkg::Lock::Timeout=300 install --yes --no-install-recommends "${missing[@]}" >&2
+}
+
+# install_font_if_missing sees to a sans-serif font that has most alphabets. A system without one draws little boxes.
+install_font_if_missing() {
+    if ! fc-list ':lang=en:lang=el:lang=ru' family | grep -i sans | grep -qvi mono; then
+        install_packages fonts-noto-core
+    fi
 }
 
 # quietly LOG COMMAND... shows what a command prints only when it fails.

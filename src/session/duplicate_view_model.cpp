@@ -325,15 +325,7 @@ void DuplicateViewModel::moveDuplicatesToFolder()
     auto &target = std::get<DuplicatesFolder>(folder);
     const CleanUpOutcome outcome = moveDuplicates(groups, target);
     takeDuplicatesOffTheList();
-    if (outcome.failed == 0) {
-        showToast(QStringLiteral("Moved %1 files to folder \u2022 Saved %2")
-                      .arg(outcome.moved)
-                      .arg(formattedByteCount(outcome.savedBytes)),
-                  ToastType::Success);
-    } else {
-        showToast(QStringLiteral("Moved %1 files \u2022 %2 failed").arg(outcome.moved).arg(outcome.failed),
-                  ToastType::Error);
-    }
+    showOutcome(outcome, QStringLiteral("Moved %1 files to folder"), QStringLiteral("Moved %1 files"));
     m_desktop.copyToClipboard(target.path());
     announceCopiedPath(this);
 }
@@ -351,14 +343,20 @@ void DuplicateViewModel::cleanupAll()
     stopPlaybackOfDuplicates();
     const CleanUpOutcome outcome = trashDuplicates(m_duplicateGroups, m_desktop);
     takeDuplicatesOffTheList();
+    showOutcome(outcome, QStringLiteral("Moved %1 files to Trash"),
+                QStringLiteral("Moved %1 files to Trash"));
+}
+
+void DuplicateViewModel::showOutcome(const CleanUpOutcome &outcome, const QString &done,
+                                     const QString &partlyDone)
+{
     if (outcome.failed == 0) {
-        showToast(QStringLiteral("Moved %1 files to Trash \u2022 Saved %2")
-                      .arg(outcome.moved)
-                      .arg(formattedByteCount(outcome.savedBytes)),
+        showToast(QStringLiteral("%1 \u2022 Saved %2")
+                      .arg(done.arg(outcome.moved), formattedByteCount(outcome.savedBytes)),
                   ToastType::Success);
     } else {
         showToast(
-            QStringLiteral("Moved %1 files to Trash \u2022 %2 failed").arg(outcome.moved).arg(outcome.failed),
+            QStringLiteral("%1 \u2022 %2 failed").arg(partlyDone.arg(outcome.moved)).arg(outcome.failed),
             ToastType::Error);
     }
 }

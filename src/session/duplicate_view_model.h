@@ -21,6 +21,8 @@
 
 namespace sonavo {
 
+struct CleanUpOutcome;
+
 /// The one session of the application: the songs that were imported, the duplicates among them, the progress
 /// of a running scan, and what is to be shown to the person. Lives in the main thread and is used only there;
 /// what it starts elsewhere comes back to the main thread before anything is published.
@@ -223,6 +225,8 @@ private:
     void startPlayback(const Song &song);
     [[nodiscard]] bool isPreviewOf(const Song &song) const;
     void stopPlaybackOfDuplicates();
+    /// @param done, partlyDone what was moved, when all was and when some failed; %1 is the number
+    void showOutcome(const CleanUpOutcome &outcome, const QString &done, const QString &partlyDone);
     void takeDuplicatesOffTheList();
     void cancelCurrentAnalysisTask();
     void announceEverything();
