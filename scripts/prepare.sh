@@ -10,9 +10,8 @@ BUILD_PACKAGES=(
     qml6-module-qtquick-templates qml6-module-qtquick-window qml6-module-qtqml qml6-module-qtqml-models
     qml6-module-qtqml-workerscript qml6-module-qt-labs-qmlmodels
     libavformat-dev libavcodec-dev libavutil-dev
-    # Playback: the back end of Qt Multimedia, the decoders and the way to the sound server.
-    qt6-multimedia-dev gstreamer1.0-plugins-base gstreamer1.0-plugins-good gstreamer1.0-libav
-    gstreamer1.0-pulseaudio
+    # Playback: the pipeline, the way to the sound server and most decoders, and the one of AAC.
+    libgstreamer1.0-dev gstreamer1.0-plugins-base gstreamer1.0-plugins-good gstreamer1.0-libav
     fontconfig
     # Opens a folder where no file manager answers on the message bus.
     xdg-utils
@@ -21,6 +20,8 @@ BUILD_PACKAGES=(
 TEST_PACKAGES=(
     libgtest-dev libgmock-dev librapidcheck-dev
     clang-format-14 dbus-daemon ffmpeg
+    # A sound server of the tests' own, and what records it.
+    pulseaudio pulseaudio-utils
 )
 BENCH_PACKAGES=(libbenchmark-dev)
 

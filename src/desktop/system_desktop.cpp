@@ -1,5 +1,6 @@
 #include "desktop/system_desktop.h"
 
+#include "desktop/media_preview_player.h"
 #include "desktop/music_dialog.h"
 #include "desktop/trash.h"
 
@@ -33,9 +34,9 @@ void SystemDesktop::showInFileViewer(const QString &path)
     m_fileViewer.show(path);
 }
 
-std::unique_ptr<PreviewPlayer> SystemDesktop::openPreview(const QString &)
+std::unique_ptr<PreviewPlayer> SystemDesktop::openPreview(const QString &path)
 {
-    return nullptr;
+    return std::make_unique<MediaPreviewPlayer>(path);
 }
 
 } // namespace sonavo

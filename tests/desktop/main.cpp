@@ -6,6 +6,7 @@ int main(int argc, char *argv[])
 {
     testing::InitGoogleTest(&argc, argv);
     qputenv("QT_QPA_PLATFORM", "offscreen");
+    qputenv("GST_REGISTRY", SONAVO_PLUGIN_LIST);
     const QApplication application(argc, argv);
     return RUN_ALL_TESTS();
 }

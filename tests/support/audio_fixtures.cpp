@@ -28,17 +28,17 @@ QByteArray outputOf(const QString &program, const QStringList &arguments)
     return process.readAllStandardOutput();
 }
 
-/// Runs ffmpeg on the sound of the fixtures, with limits on length and size.
-QByteArray encode(double seconds, const QStringList &output)
+const QString NOISE_AND_SILENCE = u"if(lt(mod(t\\,1.6)\\,0.8)\\,0.8*random(0)-0.4\\,0):s=44100"_s;
+
+/// Runs ffmpeg on a sound, with limits on length and size.
+QByteArray encode(const QString &sound, double seconds, const QStringList &output)
 {
-    Q_ASSERT(seconds > 0 && seconds < 30);
+    Q_ASSERT(seconds > 0 && seconds <= 60);
     const QString length = QString::number(seconds);
-    const QString sound =
-        u"aevalsrc=if(lt(mod(t\\,1.6)\\,0.8)\\,0.8*random(0)-0.4\\,0):s=44100:d="_s + length;
-    return outputOf(u"ffmpeg"_s,
-                    QStringList{u"-nostdin"_s, u"-y"_s, u"-loglevel"_s, u"error"_s, u"-f"_s, u"lavfi"_s,
-                                u"-i"_s, sound, u"-t"_s, length, u"-fs"_s, u"5000000"_s} +
-                        output);
+    return outputOf(u"ffmpeg"_s, QStringList{u"-nostdin"_s, u"-y"_s, u"-loglevel"_s, u"error"_s, u"-f"_s,
+                                             u"lavfi"_s, u"-i"_s, u"aevalsrc=%1:d=%2"_s.arg(sound, length),
+                                             u"-t"_s, length, u"-fs"_s, u"6000000"_s} +
+                                     output);
 }
 
 QByteArray contentOf(const QString &path)
@@ -58,7 +58,7 @@ QByteArray audioContent(const QString &type, double seconds, const QString &enco
     if (!made.contains(key)) {
         const QTemporaryDir folder;
         const QString path = folder.filePath(u"audio."_s + type);
-        encode(seconds, encoding.split(u' ', Qt::SkipEmptyParts) << path);
+        encode(NOISE_AND_SILENCE, seconds, encoding.split(u' ', Qt::SkipEmptyParts) << path);
         made.insert(key, contentOf(path));
     }
     return made.value(key);
@@ -66,7 +66,12 @@ QByteArray audioContent(const QString &type, double seconds, const QString &enco
 
 QByteArray pipedAudioContent(const QString &format, double seconds)
 {
-    return encode(seconds, {u"-f"_s, format, u"pipe:1"_s});
+    return encode(NOISE_AND_SILENCE, seconds, {u"-f"_s, format, u"pipe:1"_s});
+}
+
+void writeSound(const QString &path, const QString &sound, double seconds, const QString &encoding)
+{
+    encode(sound, seconds, encoding.split(u' ', Qt::SkipEmptyParts) << path);
 }
 
 double frameSeconds(const QString &path)

@@ -16,6 +16,11 @@ namespace sonavo {
 /// @param format the name of ffmpeg's muxer
 [[nodiscard]] QByteArray pipedAudioContent(const QString &format, double seconds);
 
+/// Writes an audio file in the format that the path's extension names.
+/// @param sound what ffmpeg's aevalsrc makes a sound of: formulas and options
+/// @param encoding further options of ffmpeg, separated by blanks
+void writeSound(const QString &path, const QString &sound, double seconds, const QString &encoding);
+
 /// The length of an MP3 or raw AAC file by the number of frames that ffprobe counts in it.
 [[nodiscard]] double frameSeconds(const QString &path);
 
