@@ -12,6 +12,7 @@ BUILD_PACKAGES=(
     libavformat-dev libavcodec-dev libavutil-dev
     # Playback: the pipeline, the way to the sound server and most decoders, and the one of AAC.
     libgstreamer1.0-dev gstreamer1.0-plugins-base gstreamer1.0-plugins-good gstreamer1.0-libav
+    gstreamer1.0-alsa
     fontconfig
     # Opens a folder where no file manager answers on the message bus.
     xdg-utils

@@ -54,6 +54,7 @@ FocusScope {
         boundsBehavior: Flickable.StopAtBounds
         keyNavigationEnabled: true
         highlightMoveDuration: 0
+        highlightMoveVelocity: -1
         currentIndex: 0
         leftMargin: 2
         rightMargin: 2

@@ -125,7 +125,7 @@ private:
         });
         QAccessibleInterface *list = window.find(QAccessible::List, u"Duplicate songs"_s);
         std::erase_if(nodes, [&](QAccessibleInterface *node) {
-            return !WindowDriver::placeOf(*list).contains(WindowDriver::placeOf(*node));
+            return !WindowDriver::placeOf(*list).contains(WindowDriver::placeOf(*node).center());
         });
         std::ranges::sort(nodes, {},
                           [](QAccessibleInterface *node) { return WindowDriver::placeOf(*node).y(); });
@@ -278,8 +278,9 @@ TEST_F(ResultsTest, KeepsItsPlaceWhenASongIsDeletedFarDown)
     QList<int> sizes(30, 2);
     showGroups(sizes);
     clickButtonOfRow(PLAY, 1);
-    for (int i = 0; i < 60; ++i)
+    for (int i = 0; i < 61; ++i)
         window.press(Qt::Key_Down);
+    ASSERT_TRUE(window.waitFor([this] { return !currentRow().isEmpty(); }));
     EXPECT_EQ(playing(), "0/Artist0 - Title0.flac");
     const std::vector<std::string> before = rows();
     const int top = WindowDriver::placeOf(*row(0)).y();
