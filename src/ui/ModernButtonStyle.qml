@@ -21,8 +21,8 @@ T.Button {
     Accessible.role: Accessible.Button
     Accessible.name: text
 
-    Keys.onReturnPressed: event => { if (!event.isAutoRepeat) click(); }
-    Keys.onEnterPressed: event => { if (!event.isAutoRepeat) click(); }
+    Keys.onReturnPressed: event => { if (!event.isAutoRepeat) clicked(); }
+    Keys.onEnterPressed: event => { if (!event.isAutoRepeat) clicked(); }
 
     contentItem: Item {
         implicitWidth: label.implicitWidth

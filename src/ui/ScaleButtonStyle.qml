@@ -24,8 +24,8 @@ T.Button {
     Accessible.role: Accessible.Button
     Accessible.name: text
 
-    Keys.onReturnPressed: event => { if (!event.isAutoRepeat) click(); }
-    Keys.onEnterPressed: event => { if (!event.isAutoRepeat) click(); }
+    Keys.onReturnPressed: event => { if (!event.isAutoRepeat) clicked(); }
+    Keys.onEnterPressed: event => { if (!event.isAutoRepeat) clicked(); }
 
     Behavior on scale {
         ResponseSpring {

@@ -55,7 +55,8 @@ Rectangle {
         ToolTip.text: isDark ? qsTr("Switch to the light theme") : qsTr("Switch to the dark theme")
         ToolTip.visible: hovered
         ToolTip.delay: 500
-        Keys.onReturnPressed: event => { if (!event.isAutoRepeat) click(); }
+        Keys.onReturnPressed: event => { if (!event.isAutoRepeat) clicked(); }
+        Keys.onEnterPressed: event => { if (!event.isAutoRepeat) clicked(); }
 
         contentItem: Item {
             SymbolIcon {
