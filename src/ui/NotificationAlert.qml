@@ -10,7 +10,7 @@ ModalSheet {
 
     width: Math.min(440, parent ? parent.width - 40 : 440)
     visible: viewModel.showAlert
-    onClosed: viewModel.showAlert = false
+    onAboutToHide: viewModel.showAlert = false
     onOpened: {
         okButton.forceActiveFocus(Qt.PopupFocusReason);
         AccessibleAlert.raise(content);

@@ -17,7 +17,7 @@ ModalSheet {
     signal dismissed
 
     visible: isPresented
-    onClosed: dismissed()
+    onAboutToHide: dismissed()
     onOpened: addButton.forceActiveFocus(Qt.PopupFocusReason)
 
     contentItem: ColumnLayout {
