@@ -12,10 +12,12 @@ DropArea {
     }
 
     onEntered: drag => drag.accepted = hasFiles(drag)
+    // The files are only looked at. A program that is told that they are moved may delete them, and many go by
+    // what they are told before the drop.
+    onPositionChanged: drag => drag.accept(Qt.CopyAction)
     onDropped: drop => {
         if (!hasFiles(drop))
             return;
-        // The files are only looked at, so nobody is to take them away.
         drop.accept(Qt.CopyAction);
         area.handleDrop(drop.urls);
     }
