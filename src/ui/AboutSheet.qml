@@ -6,13 +6,11 @@ import Sonavo
 ModalSheet {
     id: about
 
+    title: qsTr("About Sonavo")
     onOpened: closeButton.forceActiveFocus(Qt.PopupFocusReason)
 
     contentItem: ColumnLayout {
         spacing: 10
-
-        Accessible.role: Accessible.Dialog
-        Accessible.name: qsTr("About Sonavo")
 
         Image {
             Layout.alignment: Qt.AlignHCenter
@@ -28,6 +26,8 @@ ModalSheet {
             font.pixelSize: 20
             font.bold: true
             color: Colors.textPrimary
+            Accessible.role: Accessible.StaticText
+            Accessible.name: text
         }
 
         Text {
@@ -39,6 +39,8 @@ ModalSheet {
                        + "computer, and nothing is ever deleted outright.")
             font.pixelSize: 14
             color: Colors.textSecondary
+            Accessible.role: Accessible.StaticText
+            Accessible.name: text
         }
 
         ScaleButtonStyle {

@@ -41,19 +41,23 @@ FocusScope {
             anchors.margins: 30
             spacing: 10
 
-            ProgressRing {
-                id: ring
+            Item {
                 Layout.alignment: Qt.AlignHCenter
                 Layout.preferredWidth: 210
                 Layout.preferredHeight: 210
-                value: view.progress
-                gradientRotation: view.rotationAngle
-                lineWidth: 15
-                trackColor: Colors.track
 
-                Accessible.role: Accessible.ProgressBar
-                Accessible.name: view.message
-                Accessible.description: percentage.text
+                ProgressRing {
+                    id: ring
+                    anchors.fill: parent
+                    value: view.progress
+                    gradientRotation: view.rotationAngle
+                    lineWidth: 15
+                    trackColor: Colors.track
+
+                    Accessible.role: Accessible.ProgressBar
+                    Accessible.name: view.message
+                    Accessible.description: percentage.text
+                }
 
                 ColumnLayout {
                     anchors.centerIn: parent
@@ -75,6 +79,8 @@ FocusScope {
                         font.pixelSize: 14
                         font.weight: Font.Medium
                         color: Colors.accent
+                        Accessible.role: Accessible.StaticText
+                        Accessible.name: text
                     }
 
                     Text {
@@ -82,6 +88,8 @@ FocusScope {
                         text: qsTr("Your files stay as they are")
                         font.pixelSize: 12
                         color: Colors.textSecondary
+                        Accessible.role: Accessible.StaticText
+                        Accessible.name: text
                     }
                 }
             }

@@ -46,6 +46,8 @@ Rectangle {
             font.pixelSize: 14
             font.weight: Font.Medium
             color: Colors.textPrimary
+            Accessible.role: Accessible.StaticText
+            Accessible.name: text
         }
 
         Text {
@@ -55,6 +57,8 @@ Rectangle {
             text: qsTr("Drop a folder to scan for duplicate songs")
             font.pixelSize: 12
             color: Colors.hint
+            Accessible.role: Accessible.StaticText
+            Accessible.name: text
         }
     }
 }

@@ -5,11 +5,22 @@ import Sonavo
 
 // What lies over the window until it is answered. Escape dismisses it.
 Popup {
+    id: sheet
+
+    // What screen readers call it.
+    required property string title
+
     anchors.centerIn: T.Overlay.overlay
     modal: true
     focus: true
     closePolicy: Popup.CloseOnEscape
     padding: 30
+
+    // The popup is no item itself; the one that shows it is what screen readers meet.
+    onAboutToShow: {
+        contentItem.parent.Accessible.role = Accessible.Dialog;
+        contentItem.parent.Accessible.name = title;
+    }
 
     background: Card {
         radius: 14

@@ -8,6 +8,7 @@ ModalSheet {
 
     required property DuplicateViewModel viewModel
 
+    title: qsTr("Notification")
     width: Math.min(440, parent ? parent.width - 40 : 440)
     visible: viewModel.showAlert
     onAboutToHide: viewModel.showAlert = false
@@ -21,13 +22,12 @@ ModalSheet {
         spacing: 14
 
         Accessible.role: Accessible.AlertMessage
-        Accessible.name: title.text
+        Accessible.name: alert.title
         Accessible.description: message.text
 
         Text {
-            id: title
             Layout.fillWidth: true
-            text: qsTr("Notification")
+            text: alert.title
             font.pixelSize: 17
             font.weight: Font.DemiBold
             color: Colors.textPrimary

@@ -16,6 +16,7 @@ ModalSheet {
     // The sheet is gone, whatever the answer.
     signal dismissed
 
+    title: qsTr("Large Library Detection")
     visible: isPresented
     onAboutToHide: dismissed()
     onOpened: addButton.forceActiveFocus(Qt.PopupFocusReason)
@@ -23,16 +24,12 @@ ModalSheet {
     contentItem: ColumnLayout {
         spacing: 18
 
-        Accessible.role: Accessible.Dialog
-        Accessible.name: title.text
-
         SymbolLabel {
-            id: title
             symbol: "chart.bar.doc.horizontal"
             symbolSize: 24
             symbolColor: Colors.accent
             spacing: 10
-            text: qsTr("Large Library Detection")
+            text: sheet.title
             font.pixelSize: 20
             font.bold: true
         }
@@ -41,6 +38,8 @@ ModalSheet {
             text: qsTr("Adding a large number of songs may affect performance.")
             font.pixelSize: 14
             color: Colors.textSecondary
+            Accessible.role: Accessible.StaticText
+            Accessible.name: text
         }
 
         Rectangle {
@@ -64,6 +63,8 @@ ModalSheet {
                     font.pixelSize: 15
                     font.weight: Font.DemiBold
                     color: Colors.textPrimary
+                    Accessible.role: Accessible.StaticText
+                    Accessible.name: text
                 }
 
                 Repeater {
@@ -78,6 +79,8 @@ ModalSheet {
                         text: modelData
                         font.pixelSize: 14
                         color: Colors.textPrimary
+                        Accessible.role: Accessible.StaticText
+                        Accessible.name: text
                     }
                 }
             }

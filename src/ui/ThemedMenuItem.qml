@@ -9,6 +9,7 @@ MenuItem {
     implicitHeight: 30
     font.pixelSize: 13
     Accessible.name: text
+    Accessible.description: shortcutText.nativeText
 
     contentItem: Item {
         Text {
@@ -21,7 +22,7 @@ MenuItem {
         Text {
             anchors.right: parent.right
             anchors.verticalCenter: parent.verticalCenter
-            text: item.action ? shortcutText.nativeText : ""
+            text: shortcutText.nativeText
             font: item.font
             color: Colors.textSecondary
         }

@@ -37,7 +37,7 @@ FocusScope {
                 Layout.preferredHeight: 80
                 source: "icons/logo.svg"
                 sourceSize.width: 80
-            sourceSize.height: 80
+                sourceSize.height: 80
                 Accessible.ignored: true
             }
 
@@ -62,6 +62,8 @@ FocusScope {
                 text: qsTr("Find and remove duplicate songs from your music library")
                 font.pixelSize: 20
                 color: Colors.textSecondary
+                Accessible.role: Accessible.StaticText
+                Accessible.name: text
             }
 
             DropZone {

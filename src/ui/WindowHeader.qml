@@ -24,8 +24,9 @@ Rectangle {
             verticalPadding: 4
             horizontalPadding: 10
             font.pixelSize: 13
+            Accessible.name: item.text.replace("&", "")
             contentItem: Text {
-                text: item.text.replace("&", "")
+                text: item.Accessible.name
                 font: item.font
                 color: Colors.textPrimary
             }

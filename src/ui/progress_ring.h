@@ -28,6 +28,7 @@ class ProgressRing : public QQuickPaintedItem
 public:
     explicit ProgressRing(QQuickItem *parent = nullptr);
 
+    [[nodiscard]] double value() const { return m_value; }
     [[nodiscard]] static double minimumValue() { return 0.0; }
     [[nodiscard]] static double maximumValue() { return 1.0; }
     [[nodiscard]] int percentage() const;

@@ -1,0 +1,43 @@
+#pragma once
+
+#include <QAccessibleObject>
+
+namespace sonavo {
+
+class ProgressRing;
+
+/// What assistive technology is told of a progress ring, its value above all: the toolkit tells the values of
+/// other controls, but not those of a progress bar. Name and description are those of the ring's Accessible
+/// properties.
+class AccessibleRing final : public QAccessibleObject, public QAccessibleValueInterface
+{
+public:
+    explicit AccessibleRing(ProgressRing *ring);
+
+    /// Has every ring that is made speak through one of these.
+    static void install();
+
+    [[nodiscard]] QWindow *window() const override;
+    [[nodiscard]] QAccessibleInterface *parent() const override;
+    [[nodiscard]] QAccessibleInterface *child(int) const override { return nullptr; }
+    [[nodiscard]] int childCount() const override { return 0; }
+    [[nodiscard]] int indexOfChild(const QAccessibleInterface *) const override { return -1; }
+    [[nodiscard]] QString text(QAccessible::Text kind) const override;
+    [[nodiscard]] QRect rect() const override;
+    [[nodiscard]] QAccessible::Role role() const override { return QAccessible::ProgressBar; }
+    [[nodiscard]] QAccessible::State state() const override;
+
+    [[nodiscard]] QVariant currentValue() const override;
+    void setCurrentValue(const QVariant &) override {}
+    [[nodiscard]] QVariant maximumValue() const override;
+    [[nodiscard]] QVariant minimumValue() const override;
+    [[nodiscard]] QVariant minimumStepSize() const override { return {}; }
+
+protected:
+    void *interface_cast(QAccessible::InterfaceType type) override;
+
+private:
+    [[nodiscard]] ProgressRing &ring() const;
+};
+
+} // namespace sonavo
