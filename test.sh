@@ -14,6 +14,10 @@ find src tests bench -name '*.cpp' -o -name '*.h' | sort | xargs clang-format-14
 
 for preset in test sanitize; do
     (build "$root" "$preset")
+    if [[ $preset == test ]]; then
+        echo "Checking the views"
+        quietly "$root/build/test/qmllint.log" cmake --build --preset test --target all_qmllint
+    fi
     echo "Testing ($preset)"
     ctest --preset "$preset" --parallel "$(nproc)" --progress
 done

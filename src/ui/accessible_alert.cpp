@@ -9,8 +9,11 @@ void AccessibleAlert::raise(QQuickItem *notice)
 {
     if (!notice || !QAccessible::isActive())
         return;
-    QAccessibleEvent event(notice, QAccessible::Alert);
-    QAccessible::updateAccessibility(&event);
+    const auto tell = [notice] {
+        QAccessibleEvent event(notice, QAccessible::Alert);
+        QAccessible::updateAccessibility(&event);
+    };
+    QMetaObject::invokeMethod(notice, tell, Qt::QueuedConnection);
 }
 
 } // namespace sonavo

@@ -16,7 +16,7 @@ class AccessibleAlert : public QObject
 public:
     using QObject::QObject;
 
-    /// Has a notice read aloud.
+    /// Has a notice read aloud at the next turn of the event loop, when it has settled what it says.
     /// @param notice the item that shows it, with the role of an alert message and a name
     Q_INVOKABLE void raise(QQuickItem *notice);
 };
