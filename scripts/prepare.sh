@@ -20,7 +20,11 @@ BUILD_PACKAGES=(
 # One version of clang-format everywhere: versions differ in what they call formatted.
 TEST_PACKAGES=(
     libgtest-dev libgmock-dev librapidcheck-dev
-    clang-format-14 dbus-daemon ffmpeg
+    clang-format-14 ffmpeg
+    # A desktop for the program's window: screen, window manager, mouse, and a screen reader's way in.
+    xvfb openbox xdotool dbus-daemon at-spi2-core
+    # Switches the accessibility of windows on that no desktop shows.
+    qt6-base-private-dev
     # A sound server of the tests' own, and what records it.
     pulseaudio pulseaudio-utils
 )

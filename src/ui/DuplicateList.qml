@@ -51,6 +51,8 @@ FocusScope {
         focus: true
         activeFocusOnTab: true
         reuseItems: true
+        // Nothing beyond what is in sight, where screen readers would take it for visible.
+        cacheBuffer: 0
         boundsBehavior: Flickable.StopAtBounds
         keyNavigationEnabled: true
         highlightMoveDuration: 0

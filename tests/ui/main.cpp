@@ -1,5 +1,8 @@
 #include <QApplication>
 #include <QTemporaryDir>
+#include <QtGui/private/qguiapplication_p.h>
+#include <qpa/qplatformaccessibility.h>
+#include <qpa/qplatformintegration.h>
 
 #include <gtest/gtest.h>
 
@@ -13,7 +16,10 @@ int main(int argc, char *argv[])
     qputenv("QT_QPA_PLATFORM", "offscreen");
     qputenv("QT_QUICK_BACKEND", "software");
     const QApplication application(argc, argv);
+    // As when a screen reader runs; this platform has none.
+    QGuiApplicationPrivate::platformIntegration()->accessibility()->setActive(true);
     QApplication::setApplicationName(QStringLiteral("sonavo"));
     QApplication::setOrganizationName(QStringLiteral("sonavo"));
+    QApplication::setApplicationVersion(QStringLiteral("1.2.3"));
     return RUN_ALL_TESTS();
 }

@@ -6,6 +6,7 @@
 #include <QDragEnterEvent>
 #include <QGuiApplication>
 #include <QTest>
+#include <QThreadPool>
 #include <QtQml/qqmlextensionplugin.h>
 
 #include <gtest/gtest.h>
@@ -18,6 +19,7 @@ namespace {
 using namespace std::chrono_literals;
 
 constexpr int PATIENCE_MS = 20'000;
+constexpr Qt::DropActions OFFERED = Qt::CopyAction | Qt::MoveAction;
 constexpr auto TOAST_TIME = 3s;
 constexpr auto BEFORE_DISCOVERY = 200ms;
 
@@ -63,18 +65,26 @@ WindowDriver::WindowDriver()
         {QStringLiteral("themeManager"), QVariant::fromValue(ThemeManager::shared())},
     });
     m_engine.load(QUrl(QStringLiteral("qrc:/qt/qml/Sonavo/MainWindow.qml")));
-    m_window = qobject_cast<QQuickWindow *>(m_engine.rootObjects().value(0));
-    if (!m_window)
+    window = qobject_cast<QQuickWindow *>(m_engine.rootObjects().value(0));
+    if (!window)
         throw std::runtime_error("there is no window");
-    m_window->resize(m_window->minimumSize());
+    window->resize(window->minimumSize());
     ThemeManager::shared()->applyTheme();
-    EXPECT_TRUE(QTest::qWaitForWindowActive(m_window));
-    // As when a screen reader starts.
-    QAccessible::setActive(true);
+    EXPECT_TRUE(QTest::qWaitForWindowActive(window));
 }
 
 WindowDriver::~WindowDriver()
 {
+    // What still waits comes to its end; a scan makes further pauses on its way there.
+    session.clearAll();
+    std::size_t ended = 0;
+    do {
+        ended = pauses->count();
+        endPauses(true);
+        endPauses(false);
+        QThreadPool::globalInstance()->waitForDone();
+        QTest::qWait(20);
+    } while (pauses->count() > ended);
     qInstallMessageHandler(nullptr);
 }
 
@@ -91,7 +101,7 @@ std::vector<QQuickItem *> WindowDriver::textItemsIn(QQuickItem &root)
 QStringList WindowDriver::texts() const
 {
     QStringList texts;
-    for (const QQuickItem *item : textItems())
+    for (const QQuickItem *item : textItemsIn(*window->contentItem()))
         texts.append(item->property("text").toString());
     return texts;
 }
@@ -114,7 +124,7 @@ bool WindowDriver::waitForNoText(const QString &text) const
 std::vector<QAccessibleInterface *> WindowDriver::accessibleNodes() const
 {
     std::vector<QAccessibleInterface *> nodes;
-    visitShown(QAccessible::queryAccessibleInterface(m_window), nodes);
+    visitShown(QAccessible::queryAccessibleInterface(window), nodes);
     return nodes;
 }
 
@@ -127,74 +137,94 @@ QAccessibleInterface *WindowDriver::find(QAccessible::Role role, const QString &
     return nullptr;
 }
 
-QStringList WindowDriver::namesOf(QAccessible::Role role) const
+QStringList WindowDriver::buttons() const
 {
     QStringList names;
     for (const QAccessibleInterface *node : accessibleNodes()) {
-        if (node->role() == role)
+        if (node->role() == QAccessible::Button)
             names.append(node->text(QAccessible::Name));
     }
+    names.sort();
     return names;
 }
 
 QString WindowDriver::focusedName() const
 {
-    QAccessibleInterface *node = QAccessible::queryAccessibleInterface(m_window->activeFocusItem());
+    QAccessibleInterface *node = QAccessible::queryAccessibleInterface(window->activeFocusItem());
     return node ? node->text(QAccessible::Name) : QString();
 }
 
-QRect WindowDriver::placeOf(const QQuickItem &item)
+QRect WindowDriver::placeOf(const QObject *item)
 {
-    return item.mapRectToScene(QRectF(QPointF(), item.size())).toAlignedRect();
+    const auto &place = dynamic_cast<const QQuickItem &>(*item);
+    return place.mapRectToScene(QRectF(QPointF(), place.size())).toAlignedRect();
 }
 
-QRect WindowDriver::placeOf(QAccessibleInterface &node)
+QPoint WindowDriver::dropZone() const
 {
-    return placeOf(*qobject_cast<QQuickItem *>(node.object()));
+    for (const QQuickItem *item : textItemsIn(*window->contentItem())) {
+        if (item->property("text") == u"Drag & Drop Music Folder Here"_s)
+            return placeOf(item).center() - QPoint(0, 20);
+    }
+    ADD_FAILURE() << "there is no drop zone";
+    return {};
 }
 
 void WindowDriver::click(const QString &name, QAccessible::Role role) const
 {
     QAccessibleInterface *node = find(role, name);
     ASSERT_NE(node, nullptr) << name.toStdString() << " is not there";
-    QTest::mouseMove(m_window, placeOf(*node).center());
-    QTest::mouseClick(m_window, Qt::LeftButton, {}, placeOf(*node).center());
+    const QPoint middle = placeOf(node->object()).center();
+    QTest::mouseMove(window, middle);
+    QTest::mouseClick(window, Qt::LeftButton, {}, middle);
 }
 
 void WindowDriver::press(Qt::Key key, Qt::KeyboardModifiers modifiers) const
 {
-    QTest::keyClick(m_window, key, modifiers);
+    QTest::keyClick(window, key, modifiers);
 }
 
-bool WindowDriver::drag(const QPoint &point, const QMimeData &data) const
+// The events are those that the toolkit makes of what the desktop says.
+
+bool WindowDriver::drag(const QPoint &point, const QMimeData &data)
 {
-    // In the order in which the toolkit makes them of what the desktop says.
-    QDragEnterEvent enter(point, Qt::CopyAction | Qt::MoveAction, &data, Qt::LeftButton, {});
-    QCoreApplication::sendEvent(m_window, &enter);
-    QDragMoveEvent move(point, Qt::CopyAction | Qt::MoveAction, &data, Qt::LeftButton, {});
-    move.setAccepted(enter.isAccepted());
-    QCoreApplication::sendEvent(m_window, &move);
+    if (!m_acceptedAction) {
+        QDragEnterEvent enter(point, OFFERED, &data, Qt::LeftButton, {});
+        enter.setDropAction(Qt::MoveAction);
+        enter.ignore();
+        QCoreApplication::sendEvent(window, &enter);
+        m_acceptedAction = enter.isAccepted() ? enter.dropAction() : Qt::IgnoreAction;
+    }
+    QDragMoveEvent move(point, OFFERED, &data, Qt::LeftButton, {});
+    move.setDropAction(*m_acceptedAction != Qt::IgnoreAction ? *m_acceptedAction : Qt::MoveAction);
+    move.setAccepted(*m_acceptedAction != Qt::IgnoreAction);
+    QCoreApplication::sendEvent(window, &move);
+    m_acceptedAction = move.isAccepted() ? move.dropAction() : Qt::IgnoreAction;
+    EXPECT_NE(m_acceptedAction, Qt::MoveAction) << "nobody is to take the files away";
     return move.isAccepted();
 }
 
-void WindowDriver::leave() const
+void WindowDriver::leave()
 {
     QDragLeaveEvent leave;
-    QCoreApplication::sendEvent(m_window, &leave);
+    QCoreApplication::sendEvent(window, &leave);
+    m_acceptedAction.reset();
 }
 
-void WindowDriver::drop(const QPoint &point, const QMimeData &data) const
+void WindowDriver::drop(const QPoint &point, const QMimeData &data)
 {
     if (!drag(point, data)) {
         leave();
         return;
     }
-    QDropEvent drop(point, Qt::CopyAction | Qt::MoveAction, &data, Qt::LeftButton, {});
-    QCoreApplication::sendEvent(m_window, &drop);
-    EXPECT_EQ(drop.dropAction(), Qt::CopyAction) << "nobody is to take the files away";
+    QDropEvent drop(point, OFFERED, &data, Qt::LeftButton, {});
+    drop.setDropAction(*m_acceptedAction);
+    QCoreApplication::sendEvent(window, &drop);
+    EXPECT_EQ(drop.dropAction(), Qt::CopyAction);
+    m_acceptedAction.reset();
 }
 
-void WindowDriver::drop(const QPoint &point, const QList<QUrl> &urls) const
+void WindowDriver::drop(const QPoint &point, const QList<QUrl> &urls)
 {
     QMimeData data;
     data.setUrls(urls);
@@ -223,6 +253,30 @@ void WindowDriver::endPauses(bool ofToasts)
         if ((pauses->lengthOf(i) == TOAST_TIME) == ofToasts)
             pauses->end(i);
     }
+}
+
+void WindowDriver::scanSamples()
+{
+    session.startScan(SAMPLES);
+    ASSERT_TRUE(goOnUntil([this] { return !session.isScanning(); }));
+    ASSERT_TRUE(isResults());
+}
+
+void WindowDriver::raiseLimitWarning()
+{
+    session.importDroppedItems(MANY);
+    ASSERT_TRUE(waitForText(LARGE_LIBRARY));
+    ASSERT_TRUE(waitFor([this] { return focusedName() == ADD_ANYWAY; }));
+}
+
+void WindowDriver::raiseAlert()
+{
+    constexpr int CROWD = 101;
+    for (int i = 0; i < CROWD; ++i)
+        ASSERT_TRUE(QFile(m_folder.filePath(u"%1.mp3"_s.arg(i))).open(QIODevice::WriteOnly));
+    session.importDroppedItems(QList<QUrl>(4, QUrl::fromLocalFile(m_folder.path())));
+    ASSERT_TRUE(waitForText(session.alertMessage()));
+    ASSERT_TRUE(waitFor([this] { return focusedName() == u"OK"; }));
 }
 
 } // namespace sonavo

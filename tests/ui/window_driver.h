@@ -11,9 +11,11 @@
 #include <QQuickItem>
 #include <QQuickWindow>
 #include <QStringList>
+#include <QTemporaryDir>
 
 #include <functional>
 #include <memory>
+#include <optional>
 #include <ostream>
 #include <vector>
 
@@ -23,6 +25,20 @@ inline void PrintTo(const QString &text, std::ostream *stream)
 }
 
 namespace sonavo {
+
+using namespace Qt::Literals::StringLiterals;
+
+inline const QString ADD_ANYWAY = u"Add Anyway"_s;
+inline const QString ALERT = u"Notification"_s;
+inline const QString BROWSE = u"Browse Files"_s;
+inline const QString CANCEL_SCAN = u"Cancel & Go Back"_s;
+inline const QString LARGE_LIBRARY = u"Large Library Detection"_s;
+inline const QString TO_DARK = u"Switch to the dark theme"_s;
+
+inline const QList<QUrl> SAMPLES{QUrl::fromLocalFile(QStringLiteral(SONAVO_SAMPLES))};
+inline const QUrl SONG = QUrl::fromLocalFile(QStringLiteral(SONAVO_SAMPLES "/Albums/Cora Lind - Go.mp3"));
+/// More than are imported without asking.
+inline const QList<QUrl> MANY(10'001, SONG);
 
 /// The application's window, looked at and used as a person or a screen reader does: things are found by
 /// what they say, and moved by mouse, keys and drops. It is shown at its smallest size, in the light theme. A
@@ -34,61 +50,64 @@ public:
     ~WindowDriver();
     Q_DISABLE_COPY_MOVE(WindowDriver)
 
-    [[nodiscard]] QQuickWindow &window() const { return *m_window; }
-    [[nodiscard]] QImage picture() const { return m_window->grabWindow(); }
-
+protected:
+    [[nodiscard]] static bool waitFor(const std::function<bool()> &condition);
     /// The texts that are visible now, in no particular order.
     [[nodiscard]] static std::vector<QQuickItem *> textItemsIn(QQuickItem &root);
-    [[nodiscard]] std::vector<QQuickItem *> textItems() const
-    {
-        return textItemsIn(*m_window->contentItem());
-    }
     [[nodiscard]] QStringList texts() const;
     [[nodiscard]] bool shows(const QString &text) const { return texts().contains(text); }
-    /// Waits until the condition holds.
-    [[nodiscard]] static bool waitFor(const std::function<bool()> &condition);
     [[nodiscard]] bool waitForText(const QString &text) const;
     [[nodiscard]] bool waitForNoText(const QString &text) const;
+    [[nodiscard]] bool isWelcome() const { return shows(u"Welcome to Sonavo"_s) && !shows(CANCEL_SCAN); }
+    [[nodiscard]] bool isProgress() const { return shows(CANCEL_SCAN) && !shows(u"Welcome to Sonavo"_s); }
+    [[nodiscard]] bool isResults() const { return !shows(CANCEL_SCAN) && !shows(u"Welcome to Sonavo"_s); }
 
     /// What assistive technology is told, from the outside in, without what is hidden.
     [[nodiscard]] std::vector<QAccessibleInterface *> accessibleNodes() const;
     /// The first of a kind with a name, or null.
     [[nodiscard]] QAccessibleInterface *find(QAccessible::Role role, const QString &name) const;
-    [[nodiscard]] QStringList namesOf(QAccessible::Role role) const;
+    /// Names of all buttons, sorted.
+    [[nodiscard]] QStringList buttons() const;
     /// Name of what the keyboard is at.
     [[nodiscard]] QString focusedName() const;
-    /// Where something is in the window.
-    [[nodiscard]] static QRect placeOf(const QQuickItem &item);
-    [[nodiscard]] static QRect placeOf(QAccessibleInterface &node);
+    [[nodiscard]] static QRect placeOf(const QObject *item);
+    [[nodiscard]] QPoint corner() const { return {20, window->height() - 20}; }
+    /// A point in the drop zone above its text.
+    [[nodiscard]] QPoint dropZone() const;
 
     /// Clicks in the middle of what has the name, and fails when it is not there.
     void click(const QString &name, QAccessible::Role role = QAccessible::Button) const;
     void press(Qt::Key key, Qt::KeyboardModifiers modifiers = Qt::NoModifier) const;
 
-    /// Drags something into the window and holds it there.
+    /// Drags something into the window, or on to somewhere else in it. Like a file manager, it offers to move
+    /// the files.
     /// @return whether the window would take it
-    bool drag(const QPoint &point, const QMimeData &data) const;
-    void leave() const;
+    bool drag(const QPoint &point, const QMimeData &data);
+    void leave();
     /// Drops it, if the window takes it.
-    void drop(const QPoint &point, const QMimeData &data) const;
-    void drop(const QPoint &point, const QList<QUrl> &urls) const;
+    void drop(const QPoint &point, const QMimeData &data);
+    void drop(const QPoint &point, const QList<QUrl> &urls);
 
     /// Lets the session's pauses end until the condition holds; those that hide toasts go on.
     [[nodiscard]] bool goOnUntil(const std::function<bool()> &condition);
-    /// Lets the toasts' time be over.
-    void endToasts() { endPauses(true); }
+    void endPauses(bool ofToasts);
     /// How many scans have begun.
     [[nodiscard]] std::size_t scans() const;
+    void scanSamples();
+    void raiseLimitWarning();
+    /// Imports more than may be imported at all, which is guessed of crowded folders.
+    void raiseAlert();
 
     PersonsDesktop desktop;
     std::shared_ptr<HeldPauses> pauses = std::make_shared<HeldPauses>();
     DuplicateViewModel session;
+    QQuickWindow *window = nullptr;
 
 private:
-    void endPauses(bool ofToasts);
-
+    QTemporaryDir m_folder;
     QQmlApplicationEngine m_engine;
-    QQuickWindow *m_window = nullptr;
+    /// What the window would do with what is dragged over it, as far as it has said.
+    std::optional<Qt::DropAction> m_acceptedAction;
 };
 
 } // namespace sonavo

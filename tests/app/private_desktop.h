@@ -1,0 +1,61 @@
+#pragma once
+
+#include <QColor>
+#include <QPoint>
+#include <QProcess>
+#include <QProcessEnvironment>
+#include <QString>
+#include <QStringList>
+#include <QTemporaryDir>
+
+#include <memory>
+#include <optional>
+
+namespace sonavo {
+
+/// A desktop of a test's own: a virtual screen with a window manager, a session bus, and a home folder. What
+/// it started ends with it.
+class PrivateDesktop
+{
+public:
+    /// What the desktop needs and this machine does not have; empty when there is nothing to miss.
+    [[nodiscard]] static QStringList missingTools();
+
+    PrivateDesktop();
+    ~PrivateDesktop();
+    Q_DISABLE_COPY_MOVE(PrivateDesktop)
+
+    /// @return whether everything runs; otherwise complaint() says what does not
+    [[nodiscard]] bool start();
+    [[nodiscard]] const QString &complaint() const { return m_complaint; }
+
+    /// Sets an environment variable for what is started from now on.
+    void setVariable(const QString &name, const QString &value) { m_environment.insert(name, value); }
+    [[nodiscard]] QString homePath() const { return m_home.path(); }
+    [[nodiscard]] const QString &busAddress() const { return m_busAddress; }
+
+    /// The colour of one point of the screen; invalid outside of it.
+    [[nodiscard]] QColor pixelAt(const QPoint &point) const;
+
+    /// Moves the mouse pointer, presses buttons and keys; see xdotool(1).
+    /// @return whether that was possible
+    [[nodiscard]] bool xdotool(const QStringList &commands) const;
+    [[nodiscard]] bool click(const QPoint &point) const;
+
+    /// A process of this desktop, not started yet. It does not outlive the test.
+    [[nodiscard]] std::unique_ptr<QProcess> newProcess(const QString &program,
+                                                       const QStringList &arguments = {}) const;
+
+private:
+    [[nodiscard]] std::optional<QString> startAndReadLine(QProcess &process);
+
+    QTemporaryDir m_home;
+    QProcessEnvironment m_environment = QProcessEnvironment::systemEnvironment();
+    QString m_busAddress;
+    QString m_complaint;
+    std::unique_ptr<QProcess> m_screen;
+    std::unique_ptr<QProcess> m_bus;
+    std::unique_ptr<QProcess> m_windowManager;
+};
+
+} // namespace sonavo
