@@ -9,6 +9,12 @@
 namespace sonavo {
 namespace {
 
+using namespace std::chrono_literals;
+
+/// The least time between two changes of what is heard. The PulseAudio sink loses count of time when the
+/// sound stops before it has properly started.
+constexpr auto PACE = 50ms;
+
 /// Links the first sound that is found in a song to the sink in `queue`.
 void linkSound(GstElement *, GstPad *sound, gpointer queue)
 {
@@ -22,7 +28,12 @@ void linkSound(GstElement *, GstPad *sound, gpointer queue)
 
 Playback::Playback(QString path)
     : m_path(std::move(path))
-{}
+    , m_pace(this)
+{
+    m_pace.setSingleShot(true);
+    m_pace.setInterval(PACE);
+    connect(&m_pace, &QTimer::timeout, this, &Playback::proceed);
+}
 
 Playback::~Playback()
 {
@@ -67,6 +78,7 @@ void Playback::seek(qint64 seconds)
 void Playback::close()
 {
     m_isReady = false;
+    m_pace.stop();
     if (m_pipeline)
         gst_element_set_state(m_pipeline.get(), GST_STATE_NULL);
     m_volume = nullptr;
@@ -111,7 +123,9 @@ GstElement *Playback::add(const char *factory)
 
 void Playback::becomeReady()
 {
-    if (m_isReady || !m_pipeline)
+    const bool isLoaded = m_pipeline && gst_element_get_state(m_pipeline.get(), nullptr, nullptr, 0) ==
+                                            GST_STATE_CHANGE_SUCCESS;
+    if (m_isReady || !isLoaded)
         return;
     m_isReady = true;
     proceed();
@@ -119,17 +133,37 @@ void Playback::becomeReady()
 
 void Playback::proceed()
 {
-    if (!m_isReady)
+    if (!m_isReady || m_pace.isActive())
         return;
-    if (m_seekTarget) {
-        // Without an index, the place is found by reading: a guess from the bit rate can be off by many
-        // seconds.
-        gst_element_seek_simple(m_pipeline.get(), GST_FORMAT_TIME,
-                                static_cast<GstSeekFlags>(GST_SEEK_FLAG_FLUSH | GST_SEEK_FLAG_ACCURATE),
-                                static_cast<gint64>(*m_seekTarget));
-        m_seekTarget.reset();
+    if (m_seekTarget && m_isAtEnd) {
+        loadAnew();
+        return;
     }
-    gst_element_set_state(m_pipeline.get(), m_isToPlay ? GST_STATE_PLAYING : GST_STATE_PAUSED);
+    if (!m_seekTarget && m_isPlaying == m_isToPlay)
+        return;
+    if (m_seekTarget)
+        seekNow();
+    m_isPlaying = m_isToPlay;
+    gst_element_set_state(m_pipeline.get(), m_isPlaying ? GST_STATE_PLAYING : GST_STATE_PAUSED);
+    m_pace.start();
+}
+
+void Playback::seekNow()
+{
+    // Without an index, the place is found by reading: a guess from the bit rate can be off by many seconds.
+    constexpr auto EXACTLY = static_cast<GstSeekFlags>(GST_SEEK_FLAG_FLUSH | GST_SEEK_FLAG_ACCURATE);
+    gst_element_seek_simple(m_pipeline.get(), GST_FORMAT_TIME, EXACTLY, static_cast<gint64>(*m_seekTarget));
+    m_seekTarget.reset();
+}
+
+void Playback::loadAnew()
+{
+    // The PulseAudio sink can have lost count of time at the end: its next sound would come in centuries.
+    m_isReady = false;
+    m_isAtEnd = false;
+    m_isPlaying = false;
+    gst_element_set_state(m_pipeline.get(), GST_STATE_READY);
+    gst_element_set_state(m_pipeline.get(), GST_STATE_PAUSED);
 }
 
 GstBusSyncReply Playback::receive(GstBus *, GstMessage *message, gpointer self)
@@ -144,6 +178,9 @@ GstBusSyncReply Playback::receive(GstBus *, GstMessage *message, gpointer self)
         QMetaObject::invokeMethod(playback, &Playback::close, Qt::QueuedConnection);
     else if (type == GST_MESSAGE_ASYNC_DONE)
         QMetaObject::invokeMethod(playback, &Playback::becomeReady, Qt::QueuedConnection);
+    else if (type == GST_MESSAGE_EOS)
+        QMetaObject::invokeMethod(
+            playback, [playback] { playback->m_isAtEnd = true; }, Qt::QueuedConnection);
     gst_message_unref(message);
     return GST_BUS_DROP;
 }

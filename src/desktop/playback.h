@@ -2,6 +2,7 @@
 
 #include <QObject>
 #include <QString>
+#include <QTimer>
 
 #include <gst/gst.h>
 #include <memory>
@@ -44,7 +45,10 @@ private:
     /// @return the element, which belongs to the pipeline; null when there is no such element
     [[nodiscard]] GstElement *add(const char *factory);
     void becomeReady();
+    /// Does what was asked for, as soon as possible.
     void proceed();
+    void seekNow();
+    void loadAnew();
     static GstBusSyncReply receive(GstBus *bus, GstMessage *message, gpointer self);
 
     const QString m_path;
@@ -53,8 +57,11 @@ private:
     GstElement *m_volume = nullptr;
     GstElement *m_sink = nullptr;
     bool m_isReady = false;
+    bool m_isAtEnd = false;
+    bool m_isPlaying = false;
     bool m_isToPlay = false;
     std::optional<GstClockTime> m_seekTarget;
+    QTimer m_pace;
 };
 
 } // namespace sonavo

@@ -154,16 +154,19 @@ TEST_F(ProgramWindowTest, IsThereForScreenReaders)
 TEST_F(ProgramWindowTest, ScansWhatIsDraggedFromAnotherProgram)
 {
     start();
-    const QString folder = m_desktop.homePath() + u"/Music"_s;
-    ASSERT_TRUE(QDir().mkpath(folder));
-    for (const QFileInfo &song : QDir(QStringLiteral(SONAVO_SAMPLES "/Phone")).entryInfoList(QDir::Files))
-        ASSERT_TRUE(QFile::copy(song.filePath(), folder + u'/' + song.fileName()));
-    const QStringList songs = QDir(folder).entryList(QDir::Files);
+    const QDir folder(m_desktop.homePath() + u"/Music"_s);
+    ASSERT_TRUE(folder.mkpath(u"."_s));
+    for (QDirIterator it(QStringLiteral(SONAVO_SAMPLES), QDir::Files, QDirIterator::Subdirectories);
+         it.hasNext();) {
+        const QFileInfo song(it.next());
+        ASSERT_TRUE(QFile::copy(song.filePath(), folder.filePath(song.fileName())));
+    }
+    const QStringList songs = folder.entryList(QDir::Files);
 
     const QRect zone = placeOf(u"label"_s, u"Drag & Drop Music Folder Here"_s);
     const QPoint besideText(zone.left() - 15, zone.center().y());
     const QColor unlit = m_desktop.pixelAt(besideText);
-    const auto source = m_desktop.newProcess(QStringLiteral(SONAVO_DRAG_SOURCE), {folder});
+    const auto source = m_desktop.newProcess(QStringLiteral(SONAVO_DRAG_SOURCE), {folder.path()});
     source->start();
     ASSERT_TRUE(waitFor([&] { return source->canReadLine(); }));
     ASSERT_TRUE(
@@ -179,10 +182,9 @@ TEST_F(ProgramWindowTest, ScansWhatIsDraggedFromAnotherProgram)
     ASSERT_TRUE(source->waitForFinished(PATIENCE_MS));
     EXPECT_EQ(source->exitCode(), 0) << "the files stay where they are";
 
-    EXPECT_TRUE(waitFor([&] { return !find(u"heading"_s, u"Welcome to Sonavo"_s); }));
-    EXPECT_TRUE(waitFor([&] { return !find(u"push button"_s, u"Cancel & Go Back"_s); }));
-    EXPECT_FALSE(find(u"heading"_s, u"Welcome to Sonavo"_s)) << "there are results";
-    EXPECT_EQ(QDir(folder).entryList(QDir::Files), songs);
+    EXPECT_FALSE(placeOf(u"list"_s, u"Duplicate songs"_s).isEmpty());
+    EXPECT_FALSE(placeOf(u"push button"_s, u"Group of 3 songs"_s).isEmpty());
+    EXPECT_EQ(folder.entryList(QDir::Files), songs);
 }
 
 /// Where the files are, told by the last folders of their paths.
@@ -206,6 +208,8 @@ TEST_F(ProgramWindowTest, CleansUpAfterListening)
         GTEST_SKIP() << error.what();
     }
     m_desktop.setVariable(u"PULSE_SERVER"_s, qEnvironmentVariable("PULSE_SERVER"));
+    // GLib gives up tables of names on purpose, because another thread can be reading them.
+    m_desktop.setVariable(u"ASAN_OPTIONS"_s, u"detect_leaks=0"_s);
     const QString music = m_desktop.homePath() + u"/Music"_s;
     const QString target = m_desktop.homePath() + u"/Target"_s;
     for (const QString &folder : {target, music + u"/a"_s, music + u"/b"_s, music + u"/c"_s})

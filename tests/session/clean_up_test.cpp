@@ -37,6 +37,9 @@ class CleanUpSession : public testing::Test
 protected:
     CleanUpSession() { qputenv("XDG_DATA_HOME", QFile::encodeName(m_dataHome.path())); }
 
+    /// Toasts that wait to be hidden come to their end.
+    void TearDown() override { settle(); }
+
     void scanSongs(const QStringList &songs)
     {
         for (const QString &song : songs)

@@ -31,6 +31,9 @@ public:
 class DuplicateListModelTest : public testing::Test
 {
 protected:
+    /// Toasts that wait to be hidden come to their end.
+    void TearDown() override { settle(); }
+
     /// Makes groups of as many songs as the numbers say.
     void scanGroups(const QList<int> &sizes)
     {
