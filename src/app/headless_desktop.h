@@ -6,7 +6,7 @@ namespace sonavo {
 
 /// The desktop of a run in the terminal: there is nobody to choose, to look or to listen, and nothing that
 /// could move a file.
-class HeadlessDesktop final : public Desktop
+class HeadlessDesktop : public Desktop
 {
 public:
     [[nodiscard]] QList<QUrl> chooseMusic() override { return {}; }
