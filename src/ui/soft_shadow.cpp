@@ -29,24 +29,8 @@ std::vector<double> blurredStripe(int length, double margin)
 
 SoftShadow::SoftShadow(QQuickItem *parent)
     : QQuickPaintedItem(parent)
-{}
-
-void SoftShadow::setBlurRadius(double radius)
 {
-    if (m_blurRadius == radius)
-        return;
-    m_blurRadius = radius;
-    Q_EMIT blurRadiusChanged();
-    update();
-}
-
-void SoftShadow::setStrength(double strength)
-{
-    if (m_strength == strength)
-        return;
-    m_strength = strength;
-    Q_EMIT strengthChanged();
-    update();
+    connect(this, &SoftShadow::changed, this, [this] { update(); });
 }
 
 void SoftShadow::paint(QPainter *painter)

@@ -13,23 +13,17 @@ class SoftShadow : public QQuickPaintedItem
     QML_ELEMENT
     /// How far the shadow reaches beyond the rectangle, in logical pixels; twice the standard deviation of
     /// the blur.
-    Q_PROPERTY(double blurRadius READ blurRadius WRITE setBlurRadius NOTIFY blurRadiusChanged)
+    Q_PROPERTY(double blurRadius MEMBER m_blurRadius NOTIFY changed)
     /// How dark the middle is, from 0.0 to 1.0.
-    Q_PROPERTY(double strength READ strength WRITE setStrength NOTIFY strengthChanged)
+    Q_PROPERTY(double strength MEMBER m_strength NOTIFY changed)
 
 public:
     explicit SoftShadow(QQuickItem *parent = nullptr);
 
-    [[nodiscard]] double blurRadius() const { return m_blurRadius; }
-    void setBlurRadius(double radius);
-    [[nodiscard]] double strength() const { return m_strength; }
-    void setStrength(double strength);
-
     void paint(QPainter *painter) override;
 
 Q_SIGNALS:
-    void blurRadiusChanged();
-    void strengthChanged();
+    void changed();
 
 private:
     double m_blurRadius = 25.0;

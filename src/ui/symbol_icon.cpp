@@ -26,24 +26,7 @@ SymbolIcon::SymbolIcon(QQuickItem *parent)
 {
     constexpr double DEFAULT_SIZE = 16.0;
     setSize(DEFAULT_SIZE);
-}
-
-void SymbolIcon::setSymbol(const QString &symbol)
-{
-    if (m_symbol == symbol)
-        return;
-    m_symbol = symbol;
-    Q_EMIT symbolChanged();
-    update();
-}
-
-void SymbolIcon::setColor(const QColor &color)
-{
-    if (m_color == color)
-        return;
-    m_color = color;
-    Q_EMIT colorChanged();
-    update();
+    connect(this, &SymbolIcon::changed, this, [this] { update(); });
 }
 
 void SymbolIcon::setSize(double size)

@@ -14,25 +14,20 @@ class SymbolIcon : public QQuickPaintedItem
     QML_ELEMENT
     /// Identifier of the symbol, such as "speaker.wave.2.fill". None, and an unknown one, draw
     /// nothing.
-    Q_PROPERTY(QString symbol READ symbol WRITE setSymbol NOTIFY symbolChanged REQUIRED)
-    Q_PROPERTY(QColor color READ color WRITE setColor NOTIFY colorChanged)
+    Q_PROPERTY(QString symbol MEMBER m_symbol NOTIFY changed REQUIRED)
+    Q_PROPERTY(QColor color MEMBER m_color NOTIFY changed)
     /// Width and height, in logical pixels, unless they are set otherwise.
     Q_PROPERTY(double size READ implicitHeight WRITE setSize NOTIFY implicitHeightChanged)
 
 public:
     explicit SymbolIcon(QQuickItem *parent = nullptr);
 
-    [[nodiscard]] const QString &symbol() const { return m_symbol; }
-    void setSymbol(const QString &symbol);
-    [[nodiscard]] const QColor &color() const { return m_color; }
-    void setColor(const QColor &color);
     void setSize(double size);
 
     void paint(QPainter *painter) override;
 
 Q_SIGNALS:
-    void symbolChanged();
-    void colorChanged();
+    void changed();
 
 private:
     QString m_symbol;
