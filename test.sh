@@ -1,16 +1,29 @@
 #!/usr/bin/env bash
-# Installs what is missing and runs all checks: formatting, and the tests twice, optimised and under sanitizers.
+# Installs what is missing and runs all checks: formatting, clang-tidy, the views' lint, and the tests twice, optimised
+# and under sanitizers.
 set -euo pipefail
 
 root=$(cd -- "$(dirname -- "${BASH_SOURCE[0]}")" && pwd)
 # shellcheck source=scripts/prepare.sh
 source "$root/scripts/prepare.sh"
 
-install_packages "${BUILD_PACKAGES[@]}" "${TEST_PACKAGES[@]}"
-
+install_packages "${BUILD_PACKAGES[@]}" "${TEST_PACKAGES[@]}" "${BENCH_PACKAGES[@]}"
 cd "$root"
+
+# Each room is one source here, see the preset.
+check_code() {
+    local tree=$root/build/tidy
+    mkdir -p "$tree"
+    quietly "$tree/configure.log" cmake --preset tidy
+    grep -oP '"file": "\K.*/Unity/unity_(?!generated)[^"]*' "$tree/compile_commands.json" | grep -v 'qmlcache\|plugin' |
+        quietly "$tree/tidy.log" xargs --delimiter '\n' --max-args 1 --max-procs "$(nproc)" \
+            clang-tidy-14 -p "$tree" --quiet
+}
+
 echo "Checking the formatting"
-find src tests bench -name '*.cpp' -o -name '*.h' | sort | xargs clang-format-14 --dry-run -Werror
+find src tests bench -name '*.cpp' -print0 -o -name '*.h' -print0 | xargs --null clang-format-14 --dry-run -Werror
+echo "Checking the code"
+check_code
 
 for preset in test sanitize; do
     (build "$root" "$preset")

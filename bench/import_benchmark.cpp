@@ -144,6 +144,7 @@ void measure(const char *program, LibraryPlan plan, LibraryFiles files, int runs
     if (runs > 1)
         static_cast<void>(report(program, root));
     std::vector<Run> results;
+    results.reserve(static_cast<std::size_t>(runs));
     for (int i = 0; i < runs; ++i)
         results.push_back(report(program, root));
     std::sort(results.begin(), results.end(), [](const Run &a, const Run &b) { return a.time < b.time; });

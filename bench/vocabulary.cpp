@@ -57,25 +57,25 @@ QStringList firstNames()
 /// A word of two to four syllables such as "Tredigra". One in fifty has a letter beyond ASCII.
 QString inventedWord(RandomSource &random)
 {
-    static const QStringList ONSETS =
+    static const QStringList onsets =
         QStringLiteral("b br c ch d dr f fl g gr h j k kl l m n p pr qu r s sh sk sl st t th tr v w z")
             .split(u' ');
-    static const QStringList VOWELS = QStringLiteral("a e i o u a e i o ai ea io ou ee").split(u' ');
-    static const QStringList CODAS = QStringLiteral("n r l s t m ck nd rt ll ng x").split(u' ');
-    static const QString ACCENTED = u"éöñüåç"_s;
+    static const QStringList vowels = QStringLiteral("a e i o u a e i o ai ea io ou ee").split(u' ');
+    static const QStringList codas = QStringLiteral("n r l s t m ck nd rt ll ng x").split(u' ');
+    static const QString accented = u"éöñüåç"_s;
     const auto oneOf = [&random](const QStringList &list) {
         return list[static_cast<qsizetype>(random.below(static_cast<std::size_t>(list.size())))];
     };
 
     QString word;
     for (std::size_t syllables = 2 + random.weighted({55, 35, 10}); syllables > 0; --syllables) {
-        word += oneOf(ONSETS);
-        word += oneOf(VOWELS);
+        word += oneOf(onsets);
+        word += oneOf(vowels);
         if (random.isOneIn(syllables == 1 ? 2 : 5))
-            word += oneOf(CODAS);
+            word += oneOf(codas);
     }
     if (random.isOneIn(50))
-        word += ACCENTED[static_cast<qsizetype>(random.below(static_cast<std::size_t>(ACCENTED.size())))];
+        word += accented[static_cast<qsizetype>(random.below(static_cast<std::size_t>(accented.size())))];
     word[0] = word[0].toUpper();
     return word;
 }

@@ -22,30 +22,86 @@ target_compile_options(
               -Wformat=2
               $<$<BOOL:${SONAVO_WARNINGS_AS_ERRORS}>:-Werror>)
 
+# Only code that is compiled alike can share precompiled headers: some libraries ask for -pthread, others do not, and Qt
+# asks for -fPIE in executables and -fPIC in libraries.
+target_compile_options(sonavo_options INTERFACE -pthread -fPIC)
+
 if(CMAKE_CXX_COMPILER_ID STREQUAL "GNU" AND CMAKE_CXX_COMPILER_VERSION VERSION_LESS 14)
-    # Coroutine frames make older GCC report null dereferences inside library headers.
-    target_compile_options(sonavo_options INTERFACE -Wno-null-dereference)
+    # Coroutine frames make older GCC report null dereferences inside library headers, and strings that are added up
+    # copies beyond their end.
+    target_compile_options(sonavo_options INTERFACE -Wno-null-dereference -Wno-array-bounds -Wno-restrict)
 endif()
 
 if(SONAVO_SANITIZE)
     target_compile_options(sonavo_options INTERFACE -fsanitize=address,undefined -fno-sanitize-recover=all
                                                     -fno-omit-frame-pointer)
     target_link_options(sonavo_options INTERFACE -fsanitize=address,undefined)
+    if(CMAKE_CXX_COMPILER_ID STREQUAL "Clang")
+        # Clang 14 cannot put this check into coroutines.
+        target_compile_options(sonavo_options INTERFACE -fno-sanitize=function)
+    endif()
 endif()
+
+# sonavo_precompile(NAME HEADERS... ) makes a target NAME whose precompiled headers others reuse. They save more than
+# half of the time that a build takes; every file still includes what it uses, which the release build shows by doing
+# without them.
+function(sonavo_precompile name)
+    set(source ${PROJECT_BINARY_DIR}/${name}.cpp)
+    file(CONFIGURE OUTPUT ${source} CONTENT "")
+    add_library(${name} OBJECT EXCLUDE_FROM_ALL ${source})
+    set_target_properties(${name} PROPERTIES AUTOMOC OFF)
+    target_link_libraries(${name} PRIVATE sonavo_options Qt6::Core QCoro6::Core)
+    target_precompile_headers(${name} PRIVATE ${ARGN})
+endfunction()
+
+set(SONAVO_COMMON_HEADERS
+    <QCoroTask>
+    <QDateTime>
+    <QDir>
+    <QFile>
+    <QFuture>
+    <QHash>
+    <QList>
+    <QObject>
+    <QPointer>
+    <QSet>
+    <QString>
+    <QUrl>
+    <QUuid>
+    <QVariant>
+    <algorithm>
+    <array>
+    <filesystem>
+    <functional>
+    <memory>
+    <optional>
+    <span>
+    <stop_token>
+    <string>
+    <variant>
+    <vector>)
+sonavo_precompile(sonavo_precompiled ${SONAVO_COMMON_HEADERS})
 
 # sonavo_add_room(NAME SOURCES... ) adds the static library of one room under src/.
 function(sonavo_add_room name)
     add_library(sonavo_${name} STATIC ${ARGN})
     target_include_directories(sonavo_${name} PUBLIC ${PROJECT_SOURCE_DIR}/src)
     target_link_libraries(sonavo_${name} PRIVATE sonavo_options)
+    target_precompile_headers(sonavo_${name} REUSE_FROM sonavo_precompiled)
     # What the views can know of the room's types.
     qt_extract_metatypes(sonavo_${name})
 endfunction()
+
+# Tests need not be fast, only what they test; optimised less, they compile in half the time.
+add_library(sonavo_test_options INTERFACE)
+target_link_libraries(sonavo_test_options INTERFACE sonavo_options)
+target_compile_options(sonavo_test_options INTERFACE $<$<CONFIG:RelWithDebInfo>:-O0>)
 
 # sonavo_add_test(NAME SOURCES... ) adds the test executable of one room; link its libraries afterwards.
 function(sonavo_add_test name)
     add_executable(test_${name} ${ARGN})
     target_include_directories(test_${name} PRIVATE ${PROJECT_SOURCE_DIR}/tests)
-    target_link_libraries(test_${name} PRIVATE sonavo_options GTest::gmock)
+    target_link_libraries(test_${name} PRIVATE sonavo_test_options GTest::gmock)
+    target_precompile_headers(test_${name} REUSE_FROM sonavo_test_precompiled)
     gtest_discover_tests(test_${name} PROPERTIES TIMEOUT 120 DISCOVERY_TIMEOUT 60)
 endfunction()

@@ -17,10 +17,12 @@ BUILD_PACKAGES=(
     # Opens a folder where no file manager answers on the message bus.
     xdg-utils
 )
-# One version of clang-format everywhere: versions differ in what they call formatted.
+# One version of the clang tools everywhere: versions differ in what they call formatted.
 TEST_PACKAGES=(
     libgtest-dev libgmock-dev librapidcheck-dev
-    clang-format-14 ffmpeg
+    clang-format-14 clang-tidy-14 ffmpeg
+    # The compiler of the sanitizers' build; the tests' other build has the distribution's own.
+    clang-14 libclang-rt-14-dev
     # A desktop for the program's window: screen, window manager, mouse, and a screen reader's way in.
     xvfb openbox xdotool dbus-daemon at-spi2-core
     # Switches the accessibility of windows on that no desktop shows.
@@ -60,7 +62,7 @@ install_packages() {
 
 # install_font_if_missing sees to a sans-serif font that has most alphabets. A system without one draws little boxes.
 install_font_if_missing() {
-    if ! fc-list ':lang=en:lang=el:lang=ru' family | grep -i sans | grep -qvi mono; then
+    if ! fc-list ':lang=en:lang=el:lang=ru' family | grep -i sans | grep -vi mono >/dev/null; then
         install_packages fonts-noto-core
     fi
 }

@@ -31,7 +31,7 @@ QConicalGradient ringGradient(const QPointF &center, double rotation)
 ProgressRing::ProgressRing(QQuickItem *parent)
     : QQuickPaintedItem(parent)
 {
-    [[maybe_unused]] static const bool CAN_BE_READ = (AccessibleRing::install(), true);
+    [[maybe_unused]] static const bool canBeRead = (AccessibleRing::install(), true);
     setAntialiasing(true);
     connect(this, &ProgressRing::changed, this, [this] { update(); });
 }

@@ -46,7 +46,7 @@ void SoftShadow::paint(QPainter *painter)
         uchar *line = shadow.scanLine(y);
         const double row = 255.0 * m_strength * down[static_cast<std::size_t>(y)];
         for (int x = 0; x < size.width(); ++x)
-            line[x] = static_cast<uchar>(row * across[static_cast<std::size_t>(x)] + 0.5);
+            line[x] = static_cast<uchar>(std::lround(row * across[static_cast<std::size_t>(x)]));
     }
     painter->setRenderHint(QPainter::SmoothPixmapTransform);
     painter->drawImage(boundingRect(), shadow);

@@ -72,7 +72,7 @@ protected:
     QAbstractItemModelTester tester{&model, QAbstractItemModelTester::FailureReportingMode::Fatal};
 
 private:
-    const MusicFolder m_music;
+    const MusicFolder m_music{};
 };
 
 TEST_F(DuplicateListModelTest, ShowsGroupsAndTheirSongs)

@@ -132,7 +132,7 @@ TEST_F(LegibilityTest, OfAnAlert)
     expectFitForAll();
     EXPECT_NE(find(QAccessible::Dialog, ALERT), nullptr);
     EXPECT_NE(find(QAccessible::AlertMessage, ALERT), nullptr);
-    EXPECT_TRUE(waitFor([this] { return alerts == QStringList{ALERT}; }));
+    EXPECT_TRUE(waitFor([] { return alerts == QStringList{ALERT}; }));
 }
 
 TEST_F(LegibilityTest, OfAToast)
