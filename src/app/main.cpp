@@ -1,10 +1,12 @@
 #include "app/command_line.h"
+#include "app/ending.h"
 #include "app/report_command.h"
 #include "app/utf8_locale.h"
 #include "app/window_command.h"
 
 #include <QCoreApplication>
 
+#include <chrono>
 #include <cstdio>
 #include <variant>
 
@@ -42,7 +44,9 @@ int main(int argc, char *argv[])
             [&](const WindowRequest &request) { return runWindow(argc, argv, request); },
             [&](const ReportRequest &request) {
                 const QCoreApplication application(argc, argv);
-                return runReport(request);
+                const ExitStatus reported = runReport(request);
+                endWithin(std::chrono::seconds(5), reported);
+                return reported;
             },
             [](const HelpRequest &request) {
                 print(stdout, request.text);

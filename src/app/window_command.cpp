@@ -1,5 +1,6 @@
 #include "app/window_command.h"
 
+#include "app/ending.h"
 #include "app/sonavo_app.h"
 #include "app/termination.h"
 
@@ -7,16 +8,22 @@
 #include <QIcon>
 #include <QStyleFactory>
 
+#include <algorithm>
+#include <array>
 #include <cstdio>
 
 namespace sonavo {
+
+using namespace std::chrono_literals;
+
 namespace {
 
 /// Qt ends the program without a word that helps when there is no desktop to show a window on.
 bool hasDisplay()
 {
-    return qEnvironmentVariableIsSet("DISPLAY") || qEnvironmentVariableIsSet("WAYLAND_DISPLAY") ||
-           qEnvironmentVariableIsSet("QT_QPA_PLATFORM");
+    constexpr std::array VARIABLES{"DISPLAY", "WAYLAND_DISPLAY", "QT_QPA_PLATFORM"};
+    return std::any_of(VARIABLES.begin(), VARIABLES.end(),
+                       [](const char *variable) { return !qEnvironmentVariableIsEmpty(variable); });
 }
 
 } // namespace
@@ -38,7 +45,9 @@ ExitStatus runWindow(int &argc, char **argv, const WindowRequest &request)
     SonavoApp app;
     if (!app.launch(request.items))
         return ExitStatus::NoWindow;
-    return QApplication::exec() == 0 ? ExitStatus::Success : ExitStatus::NoWindow;
+    const ExitStatus status = QApplication::exec() == 0 ? ExitStatus::Success : ExitStatus::NoWindow;
+    endWithin(5s, status);
+    return status;
 }
 
 } // namespace sonavo

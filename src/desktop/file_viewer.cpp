@@ -6,6 +6,7 @@
 #include <QDesktopServices>
 #include <QFileInfo>
 #include <QFutureWatcher>
+#include <QThreadPool>
 #include <QTimer>
 #include <QUrl>
 #include <QtConcurrentRun>
@@ -25,6 +26,18 @@ QDBusMessage showItemsMessage(const QUrl &file)
     return message;
 }
 
+/// Joining the bus waits for its answer, which may never come: a destructor would wait with it. Only the
+/// first time, then the connection is kept for all.
+QThreadPool &joiningThread()
+{
+    static QThreadPool *const thread = [] {
+        auto *pool = new QThreadPool;
+        pool->setMaxThreadCount(1);
+        return pool;
+    }();
+    return *thread;
+}
+
 /// One file to be shown; deletes itself when that is settled.
 class ShowRequest : public QObject
 {
@@ -34,11 +47,11 @@ public:
         , m_path(QFileInfo(path).absoluteFilePath())
     {}
 
-    void start(QThreadPool &joining, std::chrono::milliseconds patience)
+    void start(std::chrono::milliseconds patience)
     {
         QTimer::singleShot(patience, this, [this] { settle(false); });
         connect(&m_bus, &QFutureWatcherBase::finished, this, [this] { ask(m_bus.result()); });
-        m_bus.setFuture(QtConcurrent::run(&joining, &QDBusConnection::sessionBus));
+        m_bus.setFuture(QtConcurrent::run(&joiningThread(), &QDBusConnection::sessionBus));
     }
 
 private:
@@ -72,13 +85,11 @@ private:
 
 FileViewer::FileViewer(std::chrono::milliseconds patience)
     : m_patience(patience)
-{
-    m_joining.setMaxThreadCount(1);
-}
+{}
 
 void FileViewer::show(const QString &path)
 {
-    (new ShowRequest(path, this))->start(m_joining, m_patience);
+    (new ShowRequest(path, this))->start(m_patience);
 }
 
 } // namespace sonavo

@@ -1,7 +1,6 @@
 #pragma once
 
 #include <QObject>
-#include <QThreadPool>
 
 #include <chrono>
 
@@ -21,8 +20,6 @@ public:
 
 private:
     std::chrono::milliseconds m_patience;
-    /// Joining the bus waits for its answer. Only the first time: then the connection is kept for all.
-    QThreadPool m_joining;
 };
 
 } // namespace sonavo

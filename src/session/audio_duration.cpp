@@ -74,7 +74,8 @@ private:
 class RegularFile
 {
 public:
-    explicit RegularFile(const QString &path)
+    RegularFile(const QString &path, ReadingProgress *progress)
+        : m_progress(progress)
     {
         const QByteArray name = QFile::encodeName(path);
         struct stat status = {};
@@ -99,6 +100,8 @@ public:
         do {
             count = ::pread(m_descriptor, target.data(), target.size(), offset);
         } while (count < 0 && errno == EINTR);
+        if (m_progress)
+            ++*m_progress;
         return count;
     }
 
@@ -110,6 +113,7 @@ private:
         m_descriptor = -1;
     }
 
+    ReadingProgress *const m_progress;
     int m_descriptor = -1;
     qint64 m_size = 0;
 };
@@ -375,9 +379,10 @@ std::optional<double> durationInRecognisedFormat(const RegularFile &file, const 
 
 } // namespace
 
-std::optional<double> readAudioDuration(const QString &path, const std::stop_token &stop)
+std::optional<double> readAudioDuration(const QString &path, const std::stop_token &stop,
+                                        ReadingProgress *progress)
 {
-    const RegularFile file(path);
+    const RegularFile file(path, progress);
     if (!file.isOpen())
         return std::nullopt;
     std::optional<double> duration = storedDurationInNamedFormat(file, path, stop);

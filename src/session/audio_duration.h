@@ -2,10 +2,14 @@
 
 #include <QString>
 
+#include <atomic>
 #include <optional>
 #include <stop_token>
 
 namespace sonavo {
+
+/// Counts the answers of a disk while something is read from it; when it stands still, the disk hangs.
+using ReadingProgress = std::atomic<quint64>;
 
 /// Reads the playing time of an audio file: MP3, MPEG-4 audio, WAV, FLAC or raw AAC (ADTS), whichever its
 /// content is. The length that the container stores is taken where there is one, otherwise the file's packets
@@ -17,8 +21,10 @@ namespace sonavo {
 /// file or address that a file refers to is touched. Waits for the disk; any thread may call it.
 /// @param path the extension tells what to try first
 /// @param stop gives up early
+/// @param progress counts what the disk answers, if given
 /// @return seconds, zero or more, 0.0 where the length is unknown; nothing when the file cannot be read as
 /// audio or `stop` was requested
-[[nodiscard]] std::optional<double> readAudioDuration(const QString &path, const std::stop_token &stop = {});
+[[nodiscard]] std::optional<double> readAudioDuration(const QString &path, const std::stop_token &stop = {},
+                                                      ReadingProgress *progress = nullptr);
 
 } // namespace sonavo

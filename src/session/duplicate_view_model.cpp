@@ -8,12 +8,12 @@
 #include "model/byte_count.h"
 #include "model/saturating.h"
 #include "session/audio_discovery.h"
+#include "session/disk_task.h"
 #include "session/song_read_ahead.h"
 
 #include <QCoroFuture>
 #include <QDir>
 #include <QMetaProperty>
-#include <QtConcurrentRun>
 
 #include <algorithm>
 #include <numeric>
@@ -187,12 +187,14 @@ QCoro::Task<> DuplicateViewModel::scan(QPointer<DuplicateViewModel> self, QList<
     if (!publishMessage(QStringLiteral("Step 1/4: Discovering audio files...")))
         co_return;
     // The walk need not wait for the pause to end.
-    const QFuture<QStringList> discovery = QtConcurrent::run(discoverAudioFiles, urls, stop);
+    DiskTask<QStringList> discovery(
+        [urls](const std::stop_token &end) { return discoverAudioFiles(urls, end); });
+    const std::stop_callback endDiscovery(stop, [&discovery] { discovery.settle({}); });
     co_await pauses->wait(200ms);
     if (!isCurrent())
         co_return;
 
-    const QStringList files = co_await discovery;
+    const QStringList files = co_await discovery.result();
     if (!isCurrent())
         co_return;
     if (files.isEmpty()) {
@@ -384,7 +386,7 @@ void DuplicateViewModel::deleteSong(Song song)
         if (rest.removeIf([&song](const Song &listed) { return listed.id == song.id; }) > 0)
             setSongs(rest);
     };
-    if (!identityOf(song.path)) {
+    if (isGone(song.path)) {
         takeOffTheList();
         return;
     }

@@ -1,7 +1,6 @@
 #include "session/song_reading.h"
 
 #include "model/file_name.h"
-#include "session/audio_duration.h"
 #include "session/audio_formats.h"
 
 #include <QFile>
@@ -44,11 +43,12 @@ QString folderNameOf(QStringView folder)
 
 } // namespace
 
-std::optional<FileFacts> readFacts(const QString &path, const std::stop_token &stop)
+std::optional<FileFacts> readFacts(const QString &path, const std::stop_token &stop,
+                                   ReadingProgress *progress)
 {
     if (pathExtension(path).compare(u"ds_store", Qt::CaseInsensitive) == 0)
         return std::nullopt;
-    const std::optional<double> duration = readAudioDuration(path, stop);
+    const std::optional<double> duration = readAudioDuration(path, stop, progress);
     if (!duration)
         return std::nullopt;
     const std::optional<qint64> size = entrySize(path);

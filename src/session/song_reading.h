@@ -1,6 +1,7 @@
 #pragma once
 
 #include "model/song.h"
+#include "session/audio_duration.h"
 
 #include <QString>
 
@@ -20,8 +21,10 @@ struct FileFacts
 };
 
 /// Reads an audio file. Waits for the disk; any thread may call it.
+/// @param progress counts what the disk answers, if given
 /// @return nothing when the file cannot be read as audio or `stop` was requested
-[[nodiscard]] std::optional<FileFacts> readFacts(const QString &path, const std::stop_token &stop = {});
+[[nodiscard]] std::optional<FileFacts> readFacts(const QString &path, const std::stop_token &stop = {},
+                                                 ReadingProgress *progress = nullptr);
 
 /// Makes songs of paths and what was read at them. Artist and title are the parts of the file name before and
 /// after its first hyphen; tags inside a file do not count. Neighbours share the memory of equal texts.

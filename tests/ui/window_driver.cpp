@@ -1,12 +1,12 @@
 #include "ui/window_driver.h"
 
+#include "session/disk_task.h"
 #include "theme/palette.h"
 #include "theme/theme_manager.h"
 
 #include <QDragEnterEvent>
 #include <QGuiApplication>
 #include <QTest>
-#include <QThreadPool>
 #include <QtQml/qqmlextensionplugin.h>
 
 #include <gtest/gtest.h>
@@ -82,7 +82,7 @@ WindowDriver::~WindowDriver()
         ended = pauses->count();
         endPauses(true);
         endPauses(false);
-        QThreadPool::globalInstance()->waitForDone();
+        diskThreads().waitForDone();
         QTest::qWait(20);
     } while (pauses->count() > ended);
     qInstallMessageHandler(nullptr);
