@@ -28,8 +28,10 @@ CleanUpOutcome cleanUp(const QList<DuplicateGroup> &groups, const Dispose &dispo
     for (const DuplicateGroup &group : groups) {
         for (const Song &song : group.duplicates) {
             const auto identity = identityOf(song.path);
-            if (!identity) {
+            if (isGone(song.path)) {
                 vanished(outcome);
+            } else if (!identity) {
+                ++outcome.failed;
             } else if (originals.contains(*identity)) {
                 continue;
             } else if (identityOf(group.original.path) && dispose(song.path)) {

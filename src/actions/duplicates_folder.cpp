@@ -22,7 +22,7 @@ QString numberedName(QStringView name, int number)
 {
     const QStringView extension = pathExtension(name);
     const QStringView stem = extension.isNull() ? name : name.chopped(extension.size() + 1);
-    return QStringLiteral("%1 (%2).%3").arg(stem).arg(number).arg(extension);
+    return QStringLiteral("%1 (%2).%3").arg(stem, QString::number(number), extension);
 }
 
 bool isLink(const QByteArray &path)
@@ -85,11 +85,14 @@ int removeSource(const QFile &source, const QByteArray &path)
     {};
     struct stat named
     {};
-    if (::fstat(source.handle(), &opened) != 0 || ::lstat(path.constData(), &named) != 0)
+    if (::fstat(source.handle(), &opened) != 0)
         return errno;
+    // What somebody else removed meanwhile is gone, as it should be: the copy may be the last one.
+    if (::lstat(path.constData(), &named) != 0)
+        return errno == ENOENT ? 0 : errno;
     if (!isUnchanged(opened, named))
         return EBUSY;
-    return ::unlink(path.constData()) == 0 ? 0 : errno;
+    return ::unlink(path.constData()) == 0 || errno == ENOENT ? 0 : errno;
 }
 
 /// Whether a name can be taken out of a folder, to know it before everything is copied for nothing.
@@ -146,11 +149,12 @@ int DuplicatesFolder::copyHere(const QString &source)
     if (error != 0)
         return error;
     copy.setAutoRemove(false);
-    flushFolder(QFile::encodeName(m_path));
-    const int removalError = removeSource(original, from);
-    if (removalError != 0)
+    int finalError = flushFolder(QFile::encodeName(m_path));
+    if (finalError == 0)
+        finalError = removeSource(original, from);
+    if (finalError != 0)
         ::unlink(placed.constData());
-    return removalError;
+    return finalError;
 }
 
 int DuplicatesFolder::placeUnderFreeName(QStringView name, const Placing &place)

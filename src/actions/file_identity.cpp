@@ -3,6 +3,10 @@
 #include <QFile>
 
 #include <sys/stat.h>
+#include <system_error>
+
+#include <cerrno>
+#include <filesystem>
 
 namespace sonavo {
 namespace {
@@ -21,6 +25,18 @@ FileIdentity::Node nodeOf(const struct stat &status)
     return {status.st_dev, status.st_ino};
 }
 
+/// The path that a symbolic link leads to; any other path as it is.
+QByteArray withoutLink(const QByteArray &path)
+{
+    namespace fs = std::filesystem;
+    std::error_code error;
+    const fs::path link(path.constData());
+    if (!fs::is_symlink(link, error))
+        return path;
+    const fs::path target = fs::canonical(link, error);
+    return error ? path : QByteArray(target.c_str());
+}
+
 } // namespace
 
 size_t qHash(const FileIdentity::Node &node, size_t seed)
@@ -30,13 +46,22 @@ size_t qHash(const FileIdentity::Node &node, size_t seed)
 
 std::optional<FileIdentity> identityOf(const QString &path)
 {
-    const QByteArray encoded = QFile::encodeName(path);
+    const QByteArray encoded = withoutLink(QFile::encodeName(path));
     const qsizetype nameStart = encoded.lastIndexOf('/') + 1;
     const auto file = statusOf(encoded);
     const auto folder = statusOf(nameStart > 0 ? encoded.first(nameStart) : QByteArray("."));
     if (!file || !folder || !S_ISREG(file->st_mode))
         return std::nullopt;
     return FileIdentity{nodeOf(*folder), encoded.sliced(nameStart), nodeOf(*file), file->st_nlink == 1};
+}
+
+bool isGone(const QString &path)
+{
+    struct stat status
+    {};
+    if (::stat(QFile::encodeName(path).constData(), &status) == 0)
+        return !S_ISREG(status.st_mode);
+    return errno == ENOENT || errno == ENOTDIR;
 }
 
 bool areOneFile(const FileIdentity &a, const FileIdentity &b)

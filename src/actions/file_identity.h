@@ -21,11 +21,11 @@ struct FileIdentity
         ino_t inode = 0;
         friend bool operator==(const Node &, const Node &) = default;
     };
-    /// The folder that holds the file, and the name that it has there.
+    /// The folder that holds the file, and the name that it has there. Those of a symbolic link do not count:
+    /// it has those of the file that it leads to.
     Node folder;
     QByteArray name;
-    /// The file behind the name, where links lead to; it is known by no other name in any folder only if
-    /// `hasOneName`.
+    /// The file behind the name; it is known by no other name in any folder only if `hasOneName`.
     Node file;
     bool hasOneName = false;
 };
@@ -33,6 +33,9 @@ struct FileIdentity
 /// Looks at the file at a path, following links.
 /// @return nothing when no regular file can be reached there
 [[nodiscard]] std::optional<FileIdentity> identityOf(const QString &path);
+
+/// Whether there is certainly no regular file at a path; a disk that does not answer does not say so.
+[[nodiscard]] bool isGone(const QString &path);
 
 /// Whether two paths lead to one and the same file, so that removing one takes the other. Two hard links are
 /// two files: the song outlives either.

@@ -6,7 +6,6 @@
 
 #include <cerrno>
 #include <cstdio>
-#include <cstdlib>
 #include <filesystem>
 
 namespace sonavo {
@@ -49,13 +48,14 @@ int moveLinkWithoutReplacing(const QByteArray &from, const QByteArray &to)
     return error ? error.value() : removeOldName(from, to);
 }
 
-void flushFolder(const QByteArray &folder)
+int flushFolder(const QByteArray &folder)
 {
     const int descriptor = ::open(folder.constData(), O_RDONLY | O_DIRECTORY | O_CLOEXEC);
     if (descriptor < 0)
-        return;
-    ::fsync(descriptor);
+        return errno;
+    const int error = ::fsync(descriptor) == 0 ? 0 : errno;
     ::close(descriptor);
+    return error == EINVAL || error == ENOSYS || error == ENOTSUP ? 0 : error;
 }
 
 } // namespace sonavo

@@ -14,7 +14,7 @@ namespace sonavo {
 /// Moves a symbolic link, which leads to the same file afterwards, unless the new name is taken: then EEXIST.
 [[nodiscard]] int moveLinkWithoutReplacing(const QByteArray &from, const QByteArray &to);
 
-/// Makes what was renamed or created in a folder safe against a loss of power.
-void flushFolder(const QByteArray &folder);
+/// Makes what was renamed or created in a folder safe against a loss of power, on file systems that can.
+[[nodiscard]] int flushFolder(const QByteArray &folder);
 
 } // namespace sonavo

@@ -9,8 +9,6 @@
 #include <QQmlApplicationEngine>
 #include <QUrl>
 
-class QQuickWindow;
-
 namespace sonavo {
 
 /// The application with its window: one session and one theme for the whole run. Needs a QApplication. Main

@@ -8,6 +8,7 @@
 #include <unistd.h>
 
 #include <array>
+#include <cerrno>
 
 namespace sonavo {
 namespace {
@@ -15,19 +16,15 @@ namespace {
 // A signal handler may do little more than write to a pipe.
 std::array<int, 2> signalPipe{-1, -1};
 
+constexpr std::array SIGNALS{SIGTERM, SIGINT};
+std::array<struct sigaction, SIGNALS.size()> previous{};
+
 extern "C" void noteSignal(int)
 {
+    const int error = errno;
     const char note = 0;
     [[maybe_unused]] const ssize_t written = ::write(signalPipe[1], &note, sizeof note);
-}
-
-void handle(void (*handler)(int))
-{
-    struct sigaction action = {};
-    action.sa_handler = handler;
-    action.sa_flags = SA_RESTART;
-    ::sigaction(SIGTERM, &action, nullptr);
-    ::sigaction(SIGINT, &action, nullptr);
+    errno = error;
 }
 
 } // namespace
@@ -42,15 +39,25 @@ Termination::Termination(QObject *parent)
         notifier->setEnabled(false);
         QCoreApplication::quit();
     });
-    handle(noteSignal);
+    struct sigaction action = {};
+    action.sa_handler = noteSignal;
+    action.sa_flags = SA_RESTART;
+    for (std::size_t i = 0; i < SIGNALS.size(); ++i) {
+        ::sigaction(SIGNALS[i], &action, &previous[i]);
+        // Who starts a program in the background may have it ignore what interrupts the foreground.
+        if (previous[i].sa_handler == SIG_IGN)
+            ::sigaction(SIGNALS[i], &previous[i], nullptr);
+    }
 }
 
 Termination::~Termination()
 {
-    handle(SIG_DFL);
+    if (signalPipe[0] < 0)
+        return;
+    for (std::size_t i = 0; i < SIGNALS.size(); ++i)
+        ::sigaction(SIGNALS[i], &previous[i], nullptr);
     for (int &end : signalPipe) {
-        if (end >= 0)
-            ::close(end);
+        ::close(end);
         end = -1;
     }
 }

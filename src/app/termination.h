@@ -2,8 +2,6 @@
 
 #include <QObject>
 
-class QSocketNotifier;
-
 namespace sonavo {
 
 /// Makes SIGTERM and SIGINT quit the application in its ordinary way, through the event loop. One at a time;

@@ -7,6 +7,7 @@
 #include <QGuiApplication>
 #include <QItemSelectionModel>
 #include <QLineEdit>
+#include <QShortcut>
 #include <QStandardPaths>
 #include <QWindow>
 
@@ -42,9 +43,19 @@ public:
         setOption(DontUseNativeDialog);
         setAcceptMode(AcceptOpen);
         // What the dialog offers for tidying up deletes for good, and a slip of the mouse moves files.
-        findChild<QAction *>(QStringLiteral("qt_delete_action"))->setVisible(false);
-        list()->setDragDropMode(QAbstractItemView::NoDragDrop);
-        details()->setDragDropMode(QAbstractItemView::NoDragDrop);
+        for (QAction *action : findChildren<QAction *>()) {
+            const QString name = action->objectName();
+            if (name == QStringLiteral("qt_delete_action") || name == QStringLiteral("qt_rename_action"))
+                action->setVisible(false);
+        }
+        for (QShortcut *shortcut : findChildren<QShortcut *>()) {
+            if (shortcut->key() == QKeySequence::Delete)
+                shortcut->setEnabled(false);
+        }
+        for (QAbstractItemView *view : {list(), details()}) {
+            view->setDragDropMode(QAbstractItemView::NoDragDrop);
+            view->setEditTriggers(QAbstractItemView::NoEditTriggers);
+        }
     }
 
     /// @return whether the person confirmed

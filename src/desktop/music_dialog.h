@@ -7,8 +7,8 @@
 namespace sonavo {
 
 // Panels in which the person chooses. Each keeps the rest of the application waiting, runs the event loop
-// meanwhile, and ends as cancelled when the application quits. No files can be deleted or moved in them. Main
-// thread only.
+// meanwhile, and ends as cancelled when the application quits. No files can be deleted, renamed or moved in
+// them. Main thread only.
 
 /// Files and folders, several at once. Files are listed only when their names are those of audio files.
 /// @param folder where the panel starts, or empty for the person's music folder; then where it ended

@@ -3,7 +3,6 @@
 #include <QHashFunctions>
 
 #include <algorithm>
-#include <cmath>
 
 namespace sonavo {
 namespace {
