@@ -20,6 +20,15 @@ check_code() {
             clang-tidy-14 -p "$tree" --quiet
 }
 
+check_installation() {
+    local tree=$1
+    rm -rf "$tree/installed"
+    quietly "$tree/install.log" cmake --install "$tree" --prefix "$tree/installed/usr"
+    desktop-file-validate "$tree"/installed/usr/share/applications/*.desktop
+    # The pages with the pictures need not be reachable from here.
+    quietly "$tree/appstream.log" appstreamcli validate-tree --no-net "$tree/installed"
+}
+
 echo "Checking the formatting"
 find src tests bench -name '*.cpp' -print0 -o -name '*.h' -print0 | xargs --null clang-format-14 --dry-run -Werror
 echo "Checking the code"
@@ -30,6 +39,8 @@ for preset in test sanitize; do
     if [[ $preset == test ]]; then
         echo "Checking the views"
         quietly "$root/build/test/qmllint.log" cmake --build --preset test --target all_qmllint
+        echo "Checking what is installed"
+        check_installation "$root/build/test"
     fi
     echo "Testing ($preset)"
     ctest --preset "$preset" --parallel "$(nproc)" --progress

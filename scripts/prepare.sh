@@ -5,7 +5,7 @@
 BUILD_PACKAGES=(
     g++ cmake ninja-build pkg-config
     qt6-base-dev qcoro-qt6-dev
-    qt6-declarative-dev qt6-declarative-dev-tools qt6-svg-dev
+    qt6-declarative-dev qt6-declarative-dev-tools qt6-svg-dev qt6-qpa-plugins
     qml6-module-qtquick qml6-module-qtquick-controls qml6-module-qtquick-layouts
     qml6-module-qtquick-templates qml6-module-qtquick-window qml6-module-qtqml qml6-module-qtqml-models
     qml6-module-qtqml-workerscript qml6-module-qt-labs-qmlmodels
@@ -27,6 +27,7 @@ TEST_PACKAGES=(
     xvfb openbox xdotool dbus-daemon at-spi2-core
     # Switches the accessibility of windows on that no desktop shows.
     qt6-base-private-dev
+    desktop-file-utils appstream
     # A sound server of the tests' own, and what records it.
     pulseaudio pulseaudio-utils
 )

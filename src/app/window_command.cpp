@@ -38,7 +38,7 @@ ExitStatus runWindow(int &argc, char **argv, const WindowRequest &request)
     QApplication::setStyle(QStyleFactory::create(QStringLiteral("Fusion")));
     const QApplication application(argc, argv);
     QApplication::setApplicationDisplayName(QStringLiteral("Sonavo"));
-    QApplication::setDesktopFileName(QStringLiteral("sonavo"));
+    QApplication::setDesktopFileName(QStringLiteral("org.sonavo.Sonavo"));
     QApplication::setWindowIcon(QIcon(QStringLiteral(":/qt/qml/Sonavo/icons/logo.svg")));
 
     const Termination termination;

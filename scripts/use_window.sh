@@ -1,0 +1,54 @@
+#!/usr/bin/env bash
+# Opens Sonavo on a virtual screen, lets it scan a folder, plays the first song of the results, and quits. Fails unless
+# something was heard. Leaves a picture of the screen in window.xwd. Arguments: the program and the folder.
+set -euo pipefail
+
+program=$1
+folder=$2
+
+XDG_RUNTIME_DIR=$(mktemp --directory)
+export XDG_RUNTIME_DIR DISPLAY=:77 PULSE_SERVER=unix:$XDG_RUNTIME_DIR/sound
+trap 'kill $(jobs -p) 2>/dev/null || true' EXIT
+
+# wait_for COMMAND... tries until it succeeds, 30 seconds at most.
+wait_for() {
+    local tries
+    for tries in {1..150}; do
+        if "$@" >/dev/null 2>&1; then
+            return
+        fi
+        sleep 0.2
+    done
+    echo "Waited in vain for: $*" >&2
+    return 1
+}
+
+Xvfb "$DISPLAY" -screen 0 1280x800x24 -nolisten tcp &
+wait_for xdotool getdisplaygeometry
+openbox &
+pulseaudio -n --daemonize=no --exit-idle-time=-1 --load="module-null-sink sink_name=silent" \
+    --load="module-native-protocol-unix socket=$XDG_RUNTIME_DIR/sound auth-anonymous=1" 2>/dev/null &
+wait_for pactl info
+
+dbus-run-session -- "$program" "$folder" &
+window_program=$!
+wait_for xdotool search --onlyvisible --name '^Sonavo$'
+window=$(xdotool search --onlyvisible --name '^Sonavo$' | head -n 1)
+xdotool windowsize --sync "$window" 1200 760 windowfocus --sync "$window"
+# The scan of a few songs takes a second or two.
+sleep 5
+
+parec --device=silent.monitor --format=s16le --rate=8000 --channels=1 >"$XDG_RUNTIME_DIR/heard" &
+recorder=$!
+# The list of results takes the keys: the first row is a group, the next its original.
+xdotool key --window "$window" --delay 200 Tab Tab Tab Tab Tab Tab Home Down space
+sleep 2
+xwd -root -silent -out window.xwd
+kill "$recorder"
+wait "$recorder" || true
+loud=$(od --address-radix=n --format=d2 --width=2 "$XDG_RUNTIME_DIR/heard" | awk '$1 > 300 || $1 < -300' | wc -l)
+echo "$loud loud samples were heard"
+((loud > 1000))
+
+xdotool key --window "$window" ctrl+q
+wait "$window_program"
