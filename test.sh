@@ -10,7 +10,7 @@ install_packages "${BUILD_PACKAGES[@]}" "${TEST_PACKAGES[@]}"
 
 cd "$root"
 echo "Checking the formatting"
-find src tests bench -name '*.cpp' -o -name '*.h' | sort | xargs clang-format-14 --dry-run -Werror
+find src tests bench tools -name '*.cpp' -o -name '*.h' | sort | xargs clang-format-14 --dry-run -Werror
 
 for preset in test sanitize; do
     (build "$root" "$preset")
