@@ -9,6 +9,8 @@
 #include <csignal>
 #include <sys/prctl.h>
 
+#include <stdexcept>
+
 namespace sonavo {
 namespace {
 
@@ -67,45 +69,34 @@ PrivateDesktop::~PrivateDesktop()
     end(m_screen);
 }
 
-bool PrivateDesktop::start()
+void PrivateDesktop::start()
 {
     m_screen =
         newProcess(u"Xvfb"_s, {u"-displayfd"_s, u"1"_s, u"-screen"_s, u"0"_s, QString::fromLatin1(SCREEN),
                                u"-nolisten"_s, u"tcp"_s, u"-noreset"_s, u"-fbdir"_s, m_home.path()});
-    const auto display = startAndReadLine(*m_screen);
-    if (!display)
-        return false;
-    m_environment.insert(u"DISPLAY"_s, u':' + *display);
+    m_environment.insert(u"DISPLAY"_s, u':' + startAndReadLine(*m_screen));
 
     m_bus = newProcess(u"dbus-daemon"_s, {u"--session"_s, u"--nofork"_s, u"--print-address"_s});
-    const auto address = startAndReadLine(*m_bus);
-    if (!address)
-        return false;
-    m_busAddress = *address;
+    m_busAddress = startAndReadLine(*m_bus);
     m_environment.insert(u"DBUS_SESSION_BUS_ADDRESS"_s, m_busAddress);
 
     m_windowManager = newProcess(u"openbox"_s, {u"--sm-disable"_s});
     m_windowManager->start();
     // Only a window manager knows of desktops.
-    if (QTest::qWaitFor([this] { return xdotool({u"get_desktop"_s}); }, PATIENCE_MS))
-        return true;
-    m_complaint = u"openbox does not start: "_s + m_windowManager->errorString();
-    return false;
+    if (!QTest::qWaitFor([this] { return xdotool({u"get_desktop"_s}); }, PATIENCE_MS))
+        throw std::runtime_error("openbox does not start");
 }
 
-std::optional<QString> PrivateDesktop::startAndReadLine(QProcess &process)
+QString PrivateDesktop::startAndReadLine(QProcess &process)
 {
     process.start();
-    const bool hasLine =
-        process.waitForStarted(PATIENCE_MS) &&
-        QTest::qWaitFor(
-            [&process] { return process.canReadLine() || process.state() == QProcess::NotRunning; },
-            PATIENCE_MS);
-    if (hasLine && process.canReadLine())
-        return QString::fromUtf8(process.readLine()).trimmed();
-    m_complaint = process.program() + u" does not start: "_s + process.errorString() + u'\n' +
-                  QString::fromLocal8Bit(process.readAllStandardError());
-    return std::nullopt;
+    const auto hasLineOrEnded = [&] {
+        return process.canReadLine() || process.state() == QProcess::NotRunning;
+    };
+    if (!QTest::qWaitFor(hasLineOrEnded, PATIENCE_MS) || !process.canReadLine())
+        throw std::runtime_error(process.program().toStdString() +
+                                 " does not start: " + process.readAllStandardError().toStdString());
+    return QString::fromUtf8(process.readLine()).trimmed();
 }
 
 QColor PrivateDesktop::pixelAt(const QPoint &point) const

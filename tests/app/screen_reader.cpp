@@ -5,6 +5,8 @@
 #include <QDBusObjectPath>
 #include <QDBusVariant>
 
+#include <stdexcept>
+
 namespace sonavo {
 namespace {
 
@@ -40,7 +42,10 @@ QDBusConnection accessibilityBus(const QString &sessionAddress)
 
 ScreenReader::ScreenReader(const QString &busAddress)
     : m_bus(accessibilityBus(busAddress))
-{}
+{
+    if (!m_bus.isConnected())
+        throw std::runtime_error("there is no accessibility bus");
+}
 
 ScreenReader::~ScreenReader()
 {

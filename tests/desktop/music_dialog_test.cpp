@@ -64,7 +64,6 @@ public:
     {
         std::vector<std::string> names;
         const QModelIndex root = view()->rootIndex();
-        names.reserve(static_cast<std::size_t>(view()->model()->rowCount(root)));
         for (int row = 0; row < view()->model()->rowCount(root); ++row)
             names.push_back(view()->model()->index(row, 0, root).data().toString().toStdString());
         return names;

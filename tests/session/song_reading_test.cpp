@@ -21,14 +21,10 @@ using namespace Qt::Literals::StringLiterals;
 
 TEST(LoadSong, TakesItsTextsFromThePath)
 {
-    struct Case
+    const struct
     {
-        QString name;
-        QString artist;
-        QString title;
-        QString fileType;
-    };
-    const Case cases[] = {
+        QString name, artist, title, fileType;
+    } cases[] = {
         {u"Artist - Title.mp3"_s, u"Artist"_s, u"Title"_s, u"MP3"_s},
         {u"Alpha-Beta - Song.m4a"_s, u"Alpha"_s, u"Beta - Song"_s, u"M4A"_s},
         {u"Track01.flac"_s, u""_s, u"Track01"_s, u"FLAC"_s},
@@ -169,7 +165,7 @@ TEST_F(ReadSongs, GivesNothingWhenStoppedOnTheWay)
     onProgress = nullptr;
     onPause = [this] { m_stop.request_stop(); };
     EXPECT_FALSE(read(files));
-    EXPECT_EQ(m_events.last(), u"pause 10");
+    EXPECT_EQ(m_events, QStringList({u"50"_s, u"100"_s, u"150"_s, u"200"_s, u"pause 10"_s}));
 
     m_events.clear();
     EXPECT_FALSE(read(files));

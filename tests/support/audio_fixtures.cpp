@@ -1,10 +1,13 @@
 #include "support/audio_fixtures.h"
 
+#include <QDir>
 #include <QFile>
 #include <QFileInfo>
 #include <QHash>
 #include <QProcess>
 #include <QTemporaryDir>
+
+#include <unistd.h>
 
 #include <stdexcept>
 
@@ -98,6 +101,19 @@ void writeFile(const QString &path, const QByteArray &content)
 void writeAudio(const QString &path, double seconds, const QString &encoding)
 {
     writeFile(path, audioContent(QFileInfo(path).suffix().toLower(), seconds, encoding));
+}
+
+void fillWithSongs(const QString &folder, int count)
+{
+    QDir().mkpath(folder);
+    const QString first = folder + u"/0.mp3"_s;
+    bool isDone = QFile::copy(QStringLiteral(SONAVO_SAMPLES "/Albums/Cora Lind - Go.mp3"), first);
+    for (int i = 1; i < count; ++i) {
+        const QByteArray next = QFile::encodeName(u"%1/%2.mp3"_s.arg(folder).arg(i));
+        isDone = isDone && ::link(QFile::encodeName(first).constData(), next.constData()) == 0;
+    }
+    if (!isDone)
+        throw std::runtime_error("cannot fill " + folder.toStdString());
 }
 
 } // namespace sonavo
