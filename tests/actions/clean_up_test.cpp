@@ -1,6 +1,6 @@
 #include "actions/clean_up.h"
+#include "app/headless_desktop.h"
 #include "support/audio_fixtures.h"
-#include "support/quiet_desktop.h"
 
 #include <QDir>
 #include <QFile>
@@ -17,7 +17,7 @@ using testing::ElementsAre;
 using testing::IsEmpty;
 
 /// A Trash that takes everything but what has "stuck" in its name.
-class TrashingDesktop final : public QuietDesktop
+class TrashingDesktop final : public HeadlessDesktop
 {
 public:
     QStringList trashed;

@@ -28,12 +28,6 @@ using namespace Qt::Literals::StringLiterals;
 using testing::ElementsAre;
 using testing::IsEmpty;
 
-QByteArray contentOf(const QString &path)
-{
-    QFile file(path);
-    return file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray("cannot be read");
-}
-
 /// Everything in a folder, hidden files too, in the order of the names.
 QStringList entriesOf(const QString &folder)
 {

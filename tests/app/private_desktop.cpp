@@ -1,8 +1,6 @@
 #include "app/private_desktop.h"
 
-#include <QDir>
 #include <QFile>
-#include <QStandardPaths>
 #include <QTest>
 #include <QtEndian>
 
@@ -32,33 +30,18 @@ void end(const std::unique_ptr<QProcess> &process)
 
 } // namespace
 
-QStringList PrivateDesktop::missingTools()
-{
-    QStringList missing{u"Xvfb"_s, u"openbox"_s, u"xdotool"_s, u"dbus-daemon"_s};
-    missing.removeIf([](const QString &tool) { return !QStandardPaths::findExecutable(tool).isEmpty(); });
-    if (!QFile::exists(u"/usr/share/dbus-1/services/org.a11y.Bus.service"_s))
-        missing.append(u"at-spi2-core"_s);
-    return missing;
-}
-
 PrivateDesktop::PrivateDesktop()
 {
-    for (const auto &[variable, folder] :
-         {std::pair("XDG_CONFIG_HOME", "config"), std::pair("XDG_DATA_HOME", "data"),
-          std::pair("XDG_CACHE_HOME", "cache"), std::pair("XDG_RUNTIME_DIR", "runtime")}) {
-        const QString path = m_home.filePath(QString::fromLatin1(folder));
-        QDir().mkpath(path);
-        QFile::setPermissions(path, QFile::ReadOwner | QFile::WriteOwner | QFile::ExeOwner);
-        m_environment.insert(QString::fromLatin1(variable), path);
-    }
     m_environment.insert(u"HOME"_s, m_home.path());
+    m_environment.insert(u"XDG_RUNTIME_DIR"_s, m_home.path());
 #ifdef __SANITIZE_ADDRESS__
     // What an OpenGL driver leaks is not the program's, and cannot be told from it once the driver is
     // unloaded.
     m_environment.insert(u"QT_QUICK_BACKEND"_s, u"software"_s);
 #endif
-    for (const QString &variable : {u"WAYLAND_DISPLAY"_s, u"QT_QPA_PLATFORM"_s, u"DBUS_SESSION_BUS_ADDRESS"_s,
-                                    u"AT_SPI_BUS_ADDRESS"_s, u"SESSION_MANAGER"_s})
+    for (const QString &variable :
+         {u"XDG_CONFIG_HOME"_s, u"XDG_DATA_HOME"_s, u"XDG_CACHE_HOME"_s, u"WAYLAND_DISPLAY"_s,
+          u"QT_QPA_PLATFORM"_s, u"DBUS_SESSION_BUS_ADDRESS"_s, u"AT_SPI_BUS_ADDRESS"_s, u"SESSION_MANAGER"_s})
         m_environment.remove(variable);
 }
 

@@ -17,9 +17,6 @@ namespace sonavo {
 class PrivateDesktop
 {
 public:
-    /// What the desktop needs and this machine does not have; empty when there is nothing to miss.
-    [[nodiscard]] static QStringList missingTools();
-
     PrivateDesktop();
     ~PrivateDesktop();
     Q_DISABLE_COPY_MOVE(PrivateDesktop)

@@ -86,35 +86,10 @@ const QString JSON = QStringLiteral("--json");
 TEST_F(ProgramTest, FindsTheDuplicatesOfTheSampleLibraryInAllFourWays)
 {
     // By title twice, then by file name, by artist and title, and twice by playing time.
-    const std::string groups =
-        "Group of 2 songs\n"
-        "  ORIGINAL   The Silver Larks - Don't Look Down!.wav  WAV  0:01  57 KB  Albums\n"
-        "  DUPLICATE  Silver Larks - Don't Look Down.aac       AAC  0:01   4 KB  Phone\n"
-        "\n"
-        "Group of 3 songs\n"
-        "  ORIGINAL   Vela Torres - Harbour Lights.flac  FLAC  0:01  19 KB  Albums\n"
-        "  DUPLICATE  Vela Torres - HARBOUR LIGHTS.mp3   MP3   0:01   7 KB  Laptop\n"
-        "  DUPLICATE  Vela Torres - Harbour Lights.m4a   M4A   0:01   8 KB  Phone\n"
-        "\n"
-        "Group of 2 songs\n"
-        "  ORIGINAL   Silverpine-Jo - River Song.mp3  MP3  0:01  6 KB  Laptop\n"
-        "  DUPLICATE  Silverpine Jo - River Song.mp3  MP3  0:01  5 KB  Phone\n"
-        "\n"
-        "Group of 2 songs\n"
-        "  ORIGINAL   Kestrel - Night Drive.flac  FLAC  0:01  18 KB  Desktop\n"
-        "  DUPLICATE  Kestrel - Night Drive.mp3   MP3   0:01   6 KB  Laptop\n"
-        "\n"
-        "Group of 2 songs\n"
-        "  ORIGINAL   Ada Finch - Paper Boats (Live).m4a  M4A  0:01  6 KB  Phone\n"
-        "  DUPLICATE  Ada Finch - Paper Boats.mp3         MP3  0:01  5 KB  Albums\n"
-        "\n"
-        "Group of 2 songs\n"
-        "  ORIGINAL   Marlowe - Night Drive.mp3  MP3  0:02  9 KB  Albums\n"
-        "  DUPLICATE  Marlow - Night Drive.m4a   M4A  0:02  8 KB  Laptop\n"
-        "\n"
-        "6 groups \u2022 7 duplicate files \u2022 43 KB to free \u2022 21 songs scanned\n";
+    QFile expected(QStringLiteral(SONAVO_SAMPLES_REPORT));
+    ASSERT_TRUE(expected.open(QIODevice::ReadOnly));
     ASSERT_EQ(run({REPORT, SAMPLES}), 0);
-    EXPECT_EQ(output(), groups);
+    EXPECT_EQ(output(), expected.readAll().toStdString());
     ASSERT_EQ(run({REPORT, JSON, SAMPLES}), 0);
     const QJsonObject report = QJsonDocument::fromJson(m_process.readAllStandardOutput()).object();
     EXPECT_EQ(report[QStringLiteral("songs")].toArray().size(), 21);

@@ -111,19 +111,8 @@ bool ScreenReader::isShowing(const Node &node) const
 QRect ScreenReader::placeOf(const Node &node) const
 {
     constexpr uint ON_SCREEN = 0;
-    const auto place =
-        answer(m_bus, node.service, node.path, u"org.a11y.atspi.Component"_s, u"GetExtents"_s, {ON_SCREEN})
-            .value<QDBusArgument>();
-    if (place.currentType() != QDBusArgument::StructureType)
-        return {};
-    int x = 0;
-    int y = 0;
-    int width = 0;
-    int height = 0;
-    place.beginStructure();
-    place >> x >> y >> width >> height;
-    place.endStructure();
-    return {x, y, width, height};
+    return qdbus_cast<QRect>(
+        answer(m_bus, node.service, node.path, u"org.a11y.atspi.Component"_s, u"GetExtents"_s, {ON_SCREEN}));
 }
 
 } // namespace sonavo

@@ -15,6 +15,7 @@
 #include <cmath>
 #include <memory>
 #include <optional>
+#include <string>
 #include <utility>
 
 namespace sonavo {
@@ -100,14 +101,14 @@ protected:
 
 /// A file name, and how it is encoded.
 class FormatTest : public HeardPreviewTest,
-                   public testing::WithParamInterface<std::pair<const char *, const char *>>
+                   public testing::WithParamInterface<std::pair<std::string, std::string>>
 {};
 
 TEST_P(FormatTest, PlaysFromTheBeginningAndFromExactlyAnySecond)
 {
-    const QString name = QString::fromLatin1(GetParam().first);
+    const QString name = QString::fromStdString(GetParam().first);
     {
-        const auto player = openSong(name, QString::fromLatin1(GetParam().second));
+        const auto player = openSong(name, QString::fromStdString(GetParam().second));
         player->play();
         ASSERT_TRUE(waitForStarts(1));
         player->seek(47);

@@ -1,6 +1,5 @@
 #include "session/duplicate_view_model.h"
 #include "session/music_folder.h"
-#include "session/settling.h"
 #include "support/held_pauses.h"
 #include "support/instant_pauses.h"
 #include "support/persons_desktop.h"

@@ -1,10 +1,13 @@
 #pragma once
 
+#include "session/duplicate_view_model.h"
+
 #include <QDir>
 #include <QDirIterator>
 #include <QFile>
 #include <QFileInfo>
 #include <QTemporaryDir>
+#include <QTest>
 #include <QUrl>
 
 #include <gtest/gtest.h>
@@ -53,5 +56,18 @@ public:
 private:
     QTemporaryDir m_folder;
 };
+
+/// Lets the event loop do what is waiting in it.
+inline void settle()
+{
+    QTest::qWait(20);
+}
+
+/// Runs the event loop until the scan is over and everything that it still does afterwards is done.
+inline void finishScan(const DuplicateViewModel &session)
+{
+    ASSERT_TRUE(QTest::qWaitFor([&session] { return !session.isScanning(); }, 20'000));
+    settle();
+}
 
 } // namespace sonavo

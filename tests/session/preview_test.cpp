@@ -1,5 +1,5 @@
 #include "session/duplicate_view_model.h"
-#include "session/settling.h"
+#include "session/music_folder.h"
 #include "support/instant_pauses.h"
 #include "support/persons_desktop.h"
 
@@ -68,8 +68,10 @@ TEST_F(PreviewTest, SeeksToWhereTheRowWasClicked)
     settle();
     session.seekPlayback(450, 900);
     session.seekPlayback(2000, 900);
+    session.seekPlayback(-9, 900);
     session.seekPlayback(10, 0);
-    EXPECT_THAT(desktop.takeCalls(), ElementsAre("a: play", "a: seek 100", "a: seek 200"));
+    session.seekPlayback(std::numeric_limits<double>::quiet_NaN(), 900);
+    EXPECT_THAT(desktop.takeCalls(), ElementsAre("a: play", "a: seek 100", "a: seek 200", "a: seek -2"));
 }
 
 TEST_F(PreviewTest, HasTheLastWordWhenAListenerStartsAnother)

@@ -44,14 +44,6 @@ QByteArray encode(const QString &sound, double seconds, const QStringList &outpu
                                      output);
 }
 
-QByteArray contentOf(const QString &path)
-{
-    QFile file(path);
-    if (!file.open(QIODevice::ReadOnly))
-        throw std::runtime_error("cannot read " + path.toStdString());
-    return file.readAll();
-}
-
 } // namespace
 
 QByteArray audioContent(const QString &type, double seconds, const QString &encoding)
@@ -96,6 +88,14 @@ void writeFile(const QString &path, const QByteArray &content)
     QFile file(path);
     if (!file.open(QIODevice::WriteOnly) || file.write(content) != content.size() || !file.flush())
         throw std::runtime_error("cannot write " + path.toStdString());
+}
+
+QByteArray contentOf(const QString &path)
+{
+    QFile file(path);
+    if (!file.open(QIODevice::ReadOnly))
+        throw std::runtime_error("cannot read " + path.toStdString());
+    return file.readAll();
 }
 
 void writeAudio(const QString &path, double seconds, const QString &encoding)

@@ -25,6 +25,7 @@ void writeSound(const QString &path, const QString &sound, double seconds, const
 [[nodiscard]] double frameSeconds(const QString &path);
 
 void writeFile(const QString &path, const QByteArray &content);
+[[nodiscard]] QByteArray contentOf(const QString &path);
 
 /// Writes an audio file in the format that the path's extension names.
 void writeAudio(const QString &path, double seconds = 0.2, const QString &encoding = {});

@@ -6,8 +6,6 @@
 
 #include <gmock/gmock.h>
 
-#include <algorithm>
-
 namespace sonavo {
 namespace {
 
@@ -146,9 +144,8 @@ TEST_F(ResultsTest, CollapsesGroupsByClickAndByKey)
                                     "Duplicate 1/2"));
     press(Qt::Key_Right);
     EXPECT_EQ(rows().size(), 7U);
-    press(Qt::Key_Down);
-    press(Qt::Key_Down);
-    press(Qt::Key_Left);
+    for (const Qt::Key key : {Qt::Key_Down, Qt::Key_Down, Qt::Key_Left})
+        press(key);
     EXPECT_EQ(rows().size(), 5U);
     press(Qt::Key_Return);
     EXPECT_EQ(rows().size(), 7U);
@@ -181,23 +178,17 @@ TEST_F(ResultsTest, PlaysOneSongAtATimeAndSeeksOnlyInItsRow)
 
 TEST_F(ResultsTest, DeletesSongsAndLeavesEverythingElseInPlace)
 {
-    showGroups({4, 2});
-    clickButtonOfRow(PLAY, 6);
-    clickButtonOfRow(DELETE, 2);
-    EXPECT_THAT(rows(), ElementsAre("Group of 3 songs", "Original 0/0", "Duplicate 0/2", "Duplicate 0/3",
-                                    "Group of 2 songs", "Original 1/0", "Duplicate 1/1"));
-    EXPECT_TRUE(waitForText(u"Moved to Trash: Artist0 - Title0.flac"_s));
-    EXPECT_TRUE(shows(u"3 duplicates"_s));
-    EXPECT_EQ(playing(), "0/Artist1 - Title1.flac");
-
-    waitOutDoubleClick();
+    showGroups({3, 2});
+    clickButtonOfRow(PLAY, 5);
     clickButtonOfRow(DELETE, 1);
-    EXPECT_THAT(rows(), ElementsAre("Group of 2 songs", "Original 0/2", "Duplicate 0/3", "Group of 2 songs",
+    EXPECT_THAT(rows(), ElementsAre("Group of 2 songs", "Original 0/1", "Duplicate 0/2", "Group of 2 songs",
                                     "Original 1/0", "Duplicate 1/1"));
+    EXPECT_TRUE(waitForText(u"Moved to Trash: Artist0 - Title0.flac"_s));
+    EXPECT_TRUE(shows(u"2 duplicates"_s));
     waitOutDoubleClick();
     clickButtonOfRow(DELETE, 2);
     EXPECT_THAT(rows(), ElementsAre("Group of 2 songs", "Original 1/0", "Duplicate 1/1"));
-    EXPECT_EQ(trashed().size(), 3);
+    EXPECT_EQ(trashed().size(), 2);
     EXPECT_EQ(playing(), "0/Artist1 - Title1.flac");
 
     waitOutDoubleClick();
@@ -230,16 +221,12 @@ TEST_F(ResultsTest, DeletesOneSongForOnePressHoweverItIsMade)
 
 TEST_F(ResultsTest, IsUsedByKeyboardAlone)
 {
-    showGroups({4, 2});
+    showGroups({3, 2});
     // Nothing is deleted by what has the focus first.
-    press(Qt::Key_Return);
-    press(Qt::Key_Return);
-    press(Qt::Key_Delete);
+    for (const Qt::Key key : {Qt::Key_Return, Qt::Key_Return, Qt::Key_Delete, Qt::Key_Down, Qt::Key_Down})
+        press(key);
     EXPECT_THAT(trashed(), IsEmpty());
-    EXPECT_EQ(rows().size(), 8U);
-
-    press(Qt::Key_Down);
-    press(Qt::Key_Down);
+    EXPECT_EQ(rows().size(), 7U);
     EXPECT_THAT(currentRow().toStdString(), HasSubstr("Duplicate, Artist0"));
     press(Qt::Key_Space);
     EXPECT_EQ(playing(), "1/Artist0 - Title0.flac");
@@ -249,8 +236,6 @@ TEST_F(ResultsTest, IsUsedByKeyboardAlone)
     // The keyboard goes on to the next row, whether one row went or a whole group.
     press(Qt::Key_Delete);
     EXPECT_TRUE(waitFor([this] { return currentRow().endsWith(u", 2"_s); })) << currentRow().toStdString();
-    press(Qt::Key_Delete);
-    EXPECT_TRUE(waitFor([this] { return currentRow().endsWith(u", 3"_s); })) << currentRow().toStdString();
     press(Qt::Key_Delete);
     EXPECT_TRUE(waitFor([this] { return rows().size() == 3; }));
     press(Qt::Key_Down);
@@ -268,9 +253,11 @@ TEST_F(ResultsTest, KeepsItsPlaceWhenASongIsDeletedFarDown)
     const std::vector<std::string> before = rows();
     const int top = placeOfRow(0).y();
     ASSERT_GT(before.size(), 6U);
-    const auto first =
-        std::ranges::find_if(before, [](const std::string &text) { return text.starts_with("Dupl"); });
-    clickButtonOfRow(DELETE, static_cast<std::size_t>(first - before.begin()) + 3);
+    std::size_t duplicate = 3;
+    while (!before[duplicate].starts_with("Dupl"))
+        ++duplicate;
+    clickButtonOfRow(DELETE, duplicate);
+    EXPECT_EQ(trashed().size(), 1);
     EXPECT_EQ(placeOfRow(0).y(), top);
     EXPECT_EQ(rows()[0], before[0]);
     EXPECT_EQ(rows()[1], before[1]);
@@ -299,6 +286,8 @@ TEST_F(ResultsTest, TrashesAllDuplicates)
     click(CLEAN_UP);
     click(MOVE);
     EXPECT_FALSE(session.showToast());
+    click(u"Clear List"_s);
+    EXPECT_TRUE(waitForText(u"Welcome to Sonavo"_s));
 }
 
 TEST_F(ResultsTest, MovesAllDuplicates)
@@ -310,10 +299,6 @@ TEST_F(ResultsTest, MovesAllDuplicates)
     EXPECT_TRUE(waitForText(u"Moved 3 files to folder \u2022 Saved 65 KB"_s));
     EXPECT_EQ(filesIn(desktop.clipboard).size(), 3);
     EXPECT_TRUE(goOnUntil([this] { return shows(u"Folder path copied to clipboard"_s); }));
-
-    click(u"Clear List"_s);
-    EXPECT_TRUE(waitForText(u"Welcome to Sonavo"_s));
-    EXPECT_THAT(session.songs(), IsEmpty());
 }
 
 TEST_F(ResultsTest, OffersWhatCanBeDoneWithASongInItsMenu)
@@ -324,9 +309,9 @@ TEST_F(ResultsTest, OffersWhatCanBeDoneWithASongInItsMenu)
         click(entry, QAccessible::MenuItem);
         EXPECT_TRUE(waitFor([&] { return find(QAccessible::MenuItem, entry) == nullptr; }));
     };
+    const QString path = music.pathOf(u"1/Artist0 - Title0.flac"_s);
     clickRow(2, Qt::RightButton);
     choose(u"Show in Folder"_s);
-    const QString path = music.pathOf(u"1/Artist0 - Title0.flac"_s);
     EXPECT_THAT(desktop.takeCalls(), ElementsAre("show " + path.toStdString()));
     press(Qt::Key_Menu);
     choose(u"Copy Path"_s);
