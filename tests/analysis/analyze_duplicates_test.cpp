@@ -104,24 +104,6 @@ TEST(AnalyzeDuplicates, ReportsEachStepAndThenPausesEvenWithoutSongs)
                      "0.75 Step 4/4: Deep comparison of remaining songs...", "paused 100", "1 -"}));
 }
 
-TEST(AnalyzeDuplicates, ComparesOnlySongsThatShareAStepsKey)
-{
-    // All of these pairs match. Most durations lie on both sides of a whole second, which keeps step 4 away.
-    const Song studio = songOf(u"Queen"_s, u"Love"_s, 179.9, u"01 - Love.mp3"_s);
-    const std::pair<QList<Song>, Lines> cases[] = {
-        {{studio, songOf(u"Queen"_s, u"Love Live"_s, 180.1)}, {}},
-        {{studio, songOf(u"Queen"_s, u"(love)"_s, 180.1)}, {"0: 1, #0"}},
-        {{studio, songOf(u"Queen"_s, u"Love Live"_s, 180.1, u"[01] love.MP3"_s)}, {"0: 1, #0"}},
-        {{songOf(u"!!!"_s, u"Love"_s, 179.9), songOf(u"???"_s, u"Love"_s, 180.1)}, {"0: 1, #0"}},
-        {{songOf(u"Sonomirage X"_s, u"Love"_s, 179.9), songOf(u"Sonomirage"_s, u"X Love"_s, 180.1)}, {}},
-        {{studio, songOf(u"Queen"_s, u"Love Live"_s, 179.0)}, {"0: 1, #0"}},
-        {{songOf(u"Queen"_s, u"Love"_s, -0.6), songOf(u"Queen"_s, u"Love Live"_s, 0.6)}, {"0: 1, #0"}}};
-    for (const auto &[songs, groups] : cases) {
-        EXPECT_TRUE(direct::songsMatch(songs[0], songs[1]));
-        EXPECT_EQ(analyze(songs).groups, groups) << &songs - &cases[0].first;
-    }
-}
-
 TEST(AnalyzeDuplicates, ComparesUnplacedSongsByArtistAndTitleInBatchesOf5000)
 {
     const struct

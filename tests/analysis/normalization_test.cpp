@@ -44,15 +44,5 @@ RC_GTEST_PROP(NormalizeString, AgreesWithItsReplacementsAndLeavesItsResultsAlone
     RC_ASSERT(normalizeString(QString::fromStdString(normalized)) == normalized);
 }
 
-RC_GTEST_PROP(NormalizeString, OfAnArtistAndATitleJoinsTheirNormalForms, ())
-{
-    const QString artist = *anyText();
-    const QString title = *anyText();
-    const std::string first = normalizeString(artist);
-    const std::string second = normalizeString(title);
-    const std::string seam = first.empty() || second.empty() ? "" : " ";
-    RC_ASSERT(normalizeString(artist + QStringLiteral(" - ") + title) == first + seam + second);
-}
-
 } // namespace
 } // namespace sonavo

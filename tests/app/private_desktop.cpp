@@ -17,17 +17,6 @@ using namespace Qt::Literals::StringLiterals;
 constexpr int PATIENCE_MS = 30'000;
 constexpr auto SCREEN = "1600x1000x24";
 
-void end(const std::unique_ptr<QProcess> &process)
-{
-    if (!process || process->state() == QProcess::NotRunning)
-        return;
-    process->terminate();
-    if (!process->waitForFinished(PATIENCE_MS)) {
-        process->kill();
-        process->waitForFinished(PATIENCE_MS);
-    }
-}
-
 } // namespace
 
 PrivateDesktop::PrivateDesktop()
@@ -47,9 +36,12 @@ PrivateDesktop::PrivateDesktop()
 
 PrivateDesktop::~PrivateDesktop()
 {
-    end(m_windowManager);
-    end(m_bus);
-    end(m_screen);
+    for (const auto &process : {m_windowManager.get(), m_bus.get(), m_screen.get()}) {
+        if (!process)
+            continue;
+        process->terminate();
+        process->waitForFinished(PATIENCE_MS);
+    }
 }
 
 void PrivateDesktop::start()

@@ -58,14 +58,12 @@ protected:
         m_process.start();
         ASSERT_TRUE(m_process.waitForStarted());
     }
-
     int finish()
     {
         EXPECT_TRUE(m_process.waitForFinished(60'000));
         EXPECT_EQ(m_process.exitStatus(), QProcess::NormalExit);
         return m_process.exitCode();
     }
-
     int run(const QStringList &arguments)
     {
         start(arguments);

@@ -1,6 +1,6 @@
 #include "app/headless_desktop.h"
 #include "session/music_folder.h"
-#include "support/instant_pauses.h"
+#include "support/test_pauses.h"
 #include "ui/duplicate_list_model.h"
 
 #include <QAbstractItemModelTester>

@@ -1,8 +1,8 @@
 #pragma once
 
 #include "session/duplicate_view_model.h"
-#include "support/held_pauses.h"
 #include "support/persons_desktop.h"
+#include "support/test_pauses.h"
 
 #include <QAccessible>
 #include <QImage>
