@@ -123,10 +123,8 @@ TEST_F(ProgramTest, TellsApartSuccessNothingFoundAndUnusableArguments)
 TEST_F(ProgramTest, SaysWhenTheReportCannotBeWritten)
 {
     m_process.setStandardOutputFile(QStringLiteral("/dev/full"));
-    for (const QStringList &arguments : {QStringList{REPORT, SAMPLES}, QStringList{REPORT, JSON, SAMPLES}}) {
-        EXPECT_EQ(run(arguments), 1);
-        EXPECT_EQ(complaints(), "sonavo: the report could not be written\n");
-    }
+    EXPECT_EQ(run({REPORT, SAMPLES}), 1);
+    EXPECT_EQ(complaints(), "sonavo: the report could not be written\n");
 }
 
 TEST_F(ProgramTest, StopsCleanlyOnCtrlC)

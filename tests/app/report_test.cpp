@@ -73,5 +73,12 @@ TEST_F(ReportTest, WritesJsonThatReadsBackExactly)
     EXPECT_EQ(grouped[6][u"color"_s].toInt(-1), 0);
 }
 
+TEST_F(ReportTest, TellsWhenItCannotBeWritten)
+{
+    ASSERT_TRUE(output.open(QIODevice::ReadOnly));
+    EXPECT_FALSE(writeTextReport(output, songs, groups));
+    EXPECT_FALSE(writeJsonReport(output, songs, groups, 6));
+}
+
 } // namespace
 } // namespace sonavo
