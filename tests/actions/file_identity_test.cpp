@@ -13,6 +13,8 @@
 namespace sonavo {
 namespace {
 
+using namespace Qt::Literals::StringLiterals;
+
 bool areOneFileAt(const QString &a, const QString &b)
 {
     const auto identityOfA = identityOf(a);
@@ -23,64 +25,56 @@ bool areOneFileAt(const QString &a, const QString &b)
 TEST(FileIdentity, SeesOneFileHoweverItIsReached)
 {
     const QTemporaryDir folder;
-    const QString song = folder.filePath(QStringLiteral("music/a.mp3"));
-    ASSERT_TRUE(QDir(folder.path()).mkpath(QStringLiteral("music/other")));
+    const QString song = folder.filePath(u"music/a.mp3"_s);
+    ASSERT_TRUE(QDir(folder.path()).mkpath(u"music/other"_s));
     writeFile(song, "song");
-
-    EXPECT_TRUE(areOneFileAt(song, song));
-    EXPECT_TRUE(areOneFileAt(song, folder.filePath(QStringLiteral("music/other/../a.mp3"))));
-
-    const QString linkedFolder = folder.filePath(QStringLiteral("linked"));
-    ASSERT_TRUE(QFile::link(folder.filePath(QStringLiteral("music")), linkedFolder));
-    EXPECT_TRUE(areOneFileAt(song, linkedFolder + QStringLiteral("/a.mp3")));
-
-    const QString linkedSong = folder.filePath(QStringLiteral("b.mp3"));
-    ASSERT_TRUE(QFile::link(song, linkedSong));
-    EXPECT_TRUE(areOneFileAt(song, linkedSong));
-    EXPECT_TRUE(areOneFileAt(linkedSong, song));
+    ASSERT_TRUE(QFile::link(folder.filePath(u"music"_s), folder.filePath(u"linked"_s)));
+    ASSERT_TRUE(QFile::link(song, folder.filePath(u"b.mp3"_s)));
+    for (const QString &way : {u"music/a.mp3"_s, u"music/other/../a.mp3"_s, u"linked/a.mp3"_s, u"b.mp3"_s}) {
+        EXPECT_TRUE(areOneFileAt(song, folder.filePath(way))) << way.toStdString();
+        EXPECT_TRUE(areOneFileAt(folder.filePath(way), song)) << way.toStdString();
+    }
 }
 
 TEST(FileIdentity, TellsCopiesAndHardLinksApart)
 {
     const QTemporaryDir folder;
-    const QString song = folder.filePath(QStringLiteral("a.mp3"));
-    const QString copy = folder.filePath(QStringLiteral("b.mp3"));
-    const QString hardLink = folder.filePath(QStringLiteral("c.mp3"));
+    const OtherFileSystem other;
+    const QString song = folder.filePath(u"a.mp3"_s);
+    const QString hardLink = folder.filePath(u"c.mp3"_s);
     writeFile(song, "song");
-    writeFile(copy, "song");
-    EXPECT_FALSE(areOneFileAt(song, copy));
     std::filesystem::create_hard_link(song.toStdString(), hardLink.toStdString());
     EXPECT_FALSE(areOneFileAt(song, hardLink));
-
-    const OtherFileSystem other;
-    writeFile(other.pathOf(QStringLiteral("a.mp3")), "song");
-    EXPECT_FALSE(areOneFileAt(song, other.pathOf(QStringLiteral("a.mp3"))));
+    for (const QString &copy : {folder.filePath(u"b.mp3"_s), other.pathOf(u"a.mp3"_s)}) {
+        writeFile(copy, "song");
+        EXPECT_FALSE(areOneFileAt(song, copy));
+    }
 }
 
 TEST(FileIdentity, SeesOneHardLinkedFileThroughAMountOfItsFolder)
 {
     const QTemporaryDir folder;
-    const QString mountedAt = folder.filePath(QStringLiteral("mounted"));
-    const QString music = folder.filePath(QStringLiteral("music"));
+    const QString mountedAt = folder.filePath(u"mounted"_s);
+    const QString music = folder.filePath(u"music"_s);
     ASSERT_TRUE(QDir(folder.path()).mkpath(mountedAt) && QDir(folder.path()).mkpath(music));
-    writeFile(music + QStringLiteral("/a.mp3"), "song");
-    std::filesystem::create_hard_link((music + QStringLiteral("/a.mp3")).toStdString(),
-                                      (music + QStringLiteral("/b.mp3")).toStdString());
+    writeFile(music + u"/a.mp3"_s, "song");
+    std::filesystem::create_hard_link((music + u"/a.mp3"_s).toStdString(),
+                                      (music + u"/b.mp3"_s).toStdString());
     if (::mount(QFile::encodeName(music).constData(), QFile::encodeName(mountedAt).constData(), nullptr,
                 MS_BIND, nullptr) != 0)
         GTEST_SKIP() << "no right to mount a folder in a second place";
-    EXPECT_TRUE(areOneFileAt(music + QStringLiteral("/a.mp3"), mountedAt + QStringLiteral("/a.mp3")));
-    EXPECT_FALSE(areOneFileAt(music + QStringLiteral("/a.mp3"), mountedAt + QStringLiteral("/b.mp3")));
+    EXPECT_TRUE(areOneFileAt(music + u"/a.mp3"_s, mountedAt + u"/a.mp3"_s));
+    EXPECT_FALSE(areOneFileAt(music + u"/a.mp3"_s, mountedAt + u"/b.mp3"_s));
     ::umount2(QFile::encodeName(mountedAt).constData(), MNT_DETACH);
 }
 
 TEST(FileIdentity, IsOnlyThereForAFileThatCanBeReached)
 {
     const QTemporaryDir folder;
-    const QString dangling = folder.filePath(QStringLiteral("dangling.mp3"));
-    ASSERT_TRUE(QFile::link(QStringLiteral("nowhere"), dangling));
+    const QString dangling = folder.filePath(u"dangling.mp3"_s);
+    ASSERT_TRUE(QFile::link(u"nowhere"_s, dangling));
     EXPECT_FALSE(identityOf(dangling));
-    EXPECT_FALSE(identityOf(folder.filePath(QStringLiteral("gone.mp3"))));
+    EXPECT_FALSE(identityOf(folder.filePath(u"gone.mp3"_s)));
     EXPECT_FALSE(identityOf(folder.path()));
 }
 

@@ -1,13 +1,13 @@
 #include "app/private_desktop.h"
 
-#include <QDir>
 #include <QFile>
-#include <QStandardPaths>
 #include <QTest>
 #include <QtEndian>
 
 #include <csignal>
 #include <sys/prctl.h>
+
+#include <stdexcept>
 
 namespace sonavo {
 namespace {
@@ -17,95 +17,61 @@ using namespace Qt::Literals::StringLiterals;
 constexpr int PATIENCE_MS = 30'000;
 constexpr auto SCREEN = "1600x1000x24";
 
-void end(const std::unique_ptr<QProcess> &process)
-{
-    if (!process || process->state() == QProcess::NotRunning)
-        return;
-    process->terminate();
-    if (!process->waitForFinished(PATIENCE_MS)) {
-        process->kill();
-        process->waitForFinished(PATIENCE_MS);
-    }
-}
-
 } // namespace
-
-QStringList PrivateDesktop::missingTools()
-{
-    QStringList missing{u"Xvfb"_s, u"openbox"_s, u"xdotool"_s, u"dbus-daemon"_s};
-    missing.removeIf([](const QString &tool) { return !QStandardPaths::findExecutable(tool).isEmpty(); });
-    if (!QFile::exists(u"/usr/share/dbus-1/services/org.a11y.Bus.service"_s))
-        missing.append(u"at-spi2-core"_s);
-    return missing;
-}
 
 PrivateDesktop::PrivateDesktop()
 {
-    for (const auto &[variable, folder] :
-         {std::pair("XDG_CONFIG_HOME", "config"), std::pair("XDG_DATA_HOME", "data"),
-          std::pair("XDG_CACHE_HOME", "cache"), std::pair("XDG_RUNTIME_DIR", "runtime")}) {
-        const QString path = m_home.filePath(QString::fromLatin1(folder));
-        QDir().mkpath(path);
-        QFile::setPermissions(path, QFile::ReadOwner | QFile::WriteOwner | QFile::ExeOwner);
-        m_environment.insert(QString::fromLatin1(variable), path);
-    }
     m_environment.insert(u"HOME"_s, m_home.path());
+    m_environment.insert(u"XDG_RUNTIME_DIR"_s, m_home.path());
 #ifdef __SANITIZE_ADDRESS__
     // What an OpenGL driver leaks is not the program's, and cannot be told from it once the driver is
     // unloaded.
     m_environment.insert(u"QT_QUICK_BACKEND"_s, u"software"_s);
 #endif
-    for (const QString &variable : {u"WAYLAND_DISPLAY"_s, u"QT_QPA_PLATFORM"_s, u"DBUS_SESSION_BUS_ADDRESS"_s,
-                                    u"AT_SPI_BUS_ADDRESS"_s, u"SESSION_MANAGER"_s})
+    for (const QString &variable :
+         {u"XDG_CONFIG_HOME"_s, u"XDG_DATA_HOME"_s, u"XDG_CACHE_HOME"_s, u"WAYLAND_DISPLAY"_s,
+          u"QT_QPA_PLATFORM"_s, u"DBUS_SESSION_BUS_ADDRESS"_s, u"AT_SPI_BUS_ADDRESS"_s, u"SESSION_MANAGER"_s})
         m_environment.remove(variable);
 }
 
 PrivateDesktop::~PrivateDesktop()
 {
-    end(m_windowManager);
-    end(m_bus);
-    end(m_screen);
+    for (const auto &process : {m_windowManager.get(), m_bus.get(), m_screen.get()}) {
+        if (!process)
+            continue;
+        process->terminate();
+        process->waitForFinished(PATIENCE_MS);
+    }
 }
 
-bool PrivateDesktop::start()
+void PrivateDesktop::start()
 {
     m_screen =
         newProcess(u"Xvfb"_s, {u"-displayfd"_s, u"1"_s, u"-screen"_s, u"0"_s, QString::fromLatin1(SCREEN),
                                u"-nolisten"_s, u"tcp"_s, u"-noreset"_s, u"-fbdir"_s, m_home.path()});
-    const auto display = startAndReadLine(*m_screen);
-    if (!display)
-        return false;
-    m_environment.insert(u"DISPLAY"_s, u':' + *display);
+    m_environment.insert(u"DISPLAY"_s, u':' + startAndReadLine(*m_screen));
 
     m_bus = newProcess(u"dbus-daemon"_s, {u"--session"_s, u"--nofork"_s, u"--print-address"_s});
-    const auto address = startAndReadLine(*m_bus);
-    if (!address)
-        return false;
-    m_busAddress = *address;
+    m_busAddress = startAndReadLine(*m_bus);
     m_environment.insert(u"DBUS_SESSION_BUS_ADDRESS"_s, m_busAddress);
 
     m_windowManager = newProcess(u"openbox"_s, {u"--sm-disable"_s});
     m_windowManager->start();
     // Only a window manager knows of desktops.
-    if (QTest::qWaitFor([this] { return xdotool({u"get_desktop"_s}); }, PATIENCE_MS))
-        return true;
-    m_complaint = u"openbox does not start: "_s + m_windowManager->errorString();
-    return false;
+    if (!QTest::qWaitFor([this] { return xdotool({u"get_desktop"_s}); }, PATIENCE_MS))
+        throw std::runtime_error("openbox does not start");
 }
 
-std::optional<QString> PrivateDesktop::startAndReadLine(QProcess &process)
+QString PrivateDesktop::startAndReadLine(QProcess &process)
 {
     process.start();
-    const bool hasLine =
-        process.waitForStarted(PATIENCE_MS) &&
-        QTest::qWaitFor(
-            [&process] { return process.canReadLine() || process.state() == QProcess::NotRunning; },
-            PATIENCE_MS);
-    if (hasLine && process.canReadLine())
-        return QString::fromUtf8(process.readLine()).trimmed();
-    m_complaint = process.program() + u" does not start: "_s + process.errorString() + u'\n' +
-                  QString::fromLocal8Bit(process.readAllStandardError());
-    return std::nullopt;
+    const auto hasLineOrEnded = [&] {
+        return process.canReadLine() || process.state() == QProcess::NotRunning;
+    };
+    if (!QTest::qWaitFor(hasLineOrEnded, PATIENCE_MS) || !process.canReadLine())
+        throw std::runtime_error(process.program().toStdString() +
+                                 " does not start: " + process.readAllStandardError().toStdString());
+    return QString::fromUtf8(process.readLine()).trimmed();
 }
 
 QColor PrivateDesktop::pixelAt(const QPoint &point) const

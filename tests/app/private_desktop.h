@@ -9,7 +9,6 @@
 #include <QTemporaryDir>
 
 #include <memory>
-#include <optional>
 
 namespace sonavo {
 
@@ -18,16 +17,12 @@ namespace sonavo {
 class PrivateDesktop
 {
 public:
-    /// What the desktop needs and this machine does not have; empty when there is nothing to miss.
-    [[nodiscard]] static QStringList missingTools();
-
     PrivateDesktop();
     ~PrivateDesktop();
     Q_DISABLE_COPY_MOVE(PrivateDesktop)
 
-    /// @return whether everything runs; otherwise complaint() says what does not
-    [[nodiscard]] bool start();
-    [[nodiscard]] const QString &complaint() const { return m_complaint; }
+    /// Throws std::runtime_error when something does not run.
+    void start();
 
     /// Sets an environment variable for what is started from now on.
     void setVariable(const QString &name, const QString &value) { m_environment.insert(name, value); }
@@ -47,12 +42,11 @@ public:
                                                        const QStringList &arguments = {}) const;
 
 private:
-    [[nodiscard]] std::optional<QString> startAndReadLine(QProcess &process);
+    [[nodiscard]] static QString startAndReadLine(QProcess &process);
 
     QTemporaryDir m_home;
     QProcessEnvironment m_environment = QProcessEnvironment::systemEnvironment();
     QString m_busAddress;
-    QString m_complaint;
     std::unique_ptr<QProcess> m_screen;
     std::unique_ptr<QProcess> m_bus;
     std::unique_ptr<QProcess> m_windowManager;

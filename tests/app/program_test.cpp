@@ -1,3 +1,5 @@
+#include "support/audio_fixtures.h"
+
 #include <QDir>
 #include <QFile>
 #include <QJsonArray>
@@ -12,9 +14,11 @@
 #include <gmock/gmock.h>
 #include <unistd.h>
 
+#include <algorithm>
+#include <array>
 #include <cstdlib>
-#include <vector>
 
+namespace sonavo {
 namespace {
 
 using testing::HasSubstr;
@@ -54,14 +58,12 @@ protected:
         m_process.start();
         ASSERT_TRUE(m_process.waitForStarted());
     }
-
     int finish()
     {
         EXPECT_TRUE(m_process.waitForFinished(60'000));
         EXPECT_EQ(m_process.exitStatus(), QProcess::NormalExit);
         return m_process.exitCode();
     }
-
     int run(const QStringList &arguments)
     {
         start(arguments);
@@ -70,19 +72,6 @@ protected:
 
     std::string output() { return m_process.readAllStandardOutput().toStdString(); }
     std::string complaints() { return m_process.readAllStandardError().toStdString(); }
-
-    /// A folder with more small songs than can be read in an instant.
-    void fillWithSongs(const QTemporaryDir &folder, int count) const
-    {
-        const QByteArray source =
-            QFile::encodeName(QStringLiteral(SONAVO_SAMPLES "/Albums/Cora Lind - Go.mp3"));
-        const QByteArray first = QFile::encodeName(folder.filePath(QStringLiteral("0.mp3")));
-        ASSERT_TRUE(QFile::copy(QFile::decodeName(source), QFile::decodeName(first)));
-        for (int i = 1; i < count; ++i) {
-            const QByteArray next = QFile::encodeName(folder.filePath(QStringLiteral("%1.mp3").arg(i)));
-            ASSERT_EQ(::link(first.constData(), next.constData()), 0);
-        }
-    }
 
     QTemporaryDir m_home;
     QProcess m_process;
@@ -94,47 +83,16 @@ const QString JSON = QStringLiteral("--json");
 
 TEST_F(ProgramTest, FindsTheDuplicatesOfTheSampleLibraryInAllFourWays)
 {
+    // By title twice, then by file name, by artist and title, and twice by playing time.
+    QFile expected(QStringLiteral(SONAVO_SAMPLES_REPORT));
+    ASSERT_TRUE(expected.open(QIODevice::ReadOnly));
+    ASSERT_EQ(run({REPORT, SAMPLES}), 0);
+    EXPECT_EQ(output(), expected.readAll().toStdString());
     ASSERT_EQ(run({REPORT, JSON, SAMPLES}), 0);
-    EXPECT_EQ(complaints(), "");
     const QJsonObject report = QJsonDocument::fromJson(m_process.readAllStandardOutput()).object();
-    const QJsonArray songs = report[QStringLiteral("songs")].toArray();
-    EXPECT_EQ(songs.size(), 21);
-
-    std::vector<std::vector<std::string>> groups;
-    for (const QJsonValue &group : report[QStringLiteral("groups")].toArray()) {
-        const auto pathOf = [&](const QJsonValue &position) {
-            return songs[position.toInt()].toObject()[QStringLiteral("path")].toString().mid(SAMPLES.size() +
-                                                                                             1);
-        };
-        groups.push_back({pathOf(group[QStringLiteral("original")]).toStdString()});
-        for (const QJsonValue &duplicate : group[QStringLiteral("duplicates")].toArray())
-            groups.back().push_back(pathOf(duplicate).toStdString());
-    }
-    const std::vector<std::vector<std::string>> expected{
-        // The same title.
-        {"Albums/The Silver Larks - Don't Look Down!.wav", "Phone/Silver Larks - Don't Look Down.aac"},
-        {"Albums/Vela Torres - Harbour Lights.flac", "Laptop/Vela Torres - HARBOUR LIGHTS.mp3",
-         "Phone/Vela Torres - Harbour Lights.m4a"},
-        // The same file name.
-        {"Laptop/Silverpine-Jo - River Song.mp3", "Phone/Silverpine Jo - River Song.mp3"},
-        // The same artist and title.
-        {"Desktop/Kestrel - Night Drive.flac", "Laptop/Kestrel - Night Drive.mp3"},
-        // The same playing time.
-        {"Phone/Ada Finch - Paper Boats (Live).m4a", "Albums/Ada Finch - Paper Boats.mp3"},
-        {"Albums/Marlowe - Night Drive.mp3", "Laptop/Marlow - Night Drive.m4a"},
-    };
-    EXPECT_EQ(groups, expected);
-}
-
-TEST_F(ProgramTest, PrintsTheSameTextEveryTime)
-{
-    ASSERT_EQ(run({REPORT, SAMPLES}), 0);
-    const std::string first = output();
-    EXPECT_THAT(first,
-                HasSubstr("Group of 3 songs\n  ORIGINAL   Vela Torres - Harbour Lights.flac  FLAC  0:01"));
-    EXPECT_THAT(first, testing::EndsWith(" to free \u2022 21 songs scanned\n"));
-    ASSERT_EQ(run({REPORT, SAMPLES}), 0);
-    EXPECT_EQ(output(), first);
+    EXPECT_EQ(report[QStringLiteral("songs")].toArray().size(), 21);
+    EXPECT_EQ(report[QStringLiteral("groups")].toArray().size(), 6);
+    EXPECT_EQ(complaints(), "");
 }
 
 TEST_F(ProgramTest, TellsApartSuccessNothingFoundAndUnusableArguments)
@@ -172,7 +130,7 @@ TEST_F(ProgramTest, SaysWhenTheReportCannotBeWritten)
 TEST_F(ProgramTest, StopsCleanlyOnCtrlC)
 {
     const QTemporaryDir folder;
-    fillWithSongs(folder, 20'000);
+    fillWithSongs(folder.path(), 20'000);
     start({REPORT, folder.path()});
     // A scan of this size pauses for more than a second.
     ASSERT_TRUE(QTest::qWaitFor([this] { return catchesInterrupts(m_process.processId()); }, 20'000));
@@ -189,19 +147,22 @@ TEST_F(ProgramTest, ShowsProgressOnATerminalAndTakesItAway)
     ASSERT_EQ(::grantpt(terminal), 0);
     ASSERT_EQ(::unlockpt(terminal), 0);
     const QTemporaryDir folder;
-    fillWithSongs(folder, 60);
+    fillWithSongs(folder.path(), 60);
     m_process.setStandardErrorFile(QFile::decodeName(::ptsname(terminal)));
     ASSERT_EQ(run({REPORT, folder.path()}), 0);
 
-    std::string shown(16'384, '\0');
-    const ssize_t size = ::read(terminal, shown.data(), shown.size());
-    ASSERT_GT(size, 0);
-    shown.resize(static_cast<std::size_t>(size));
+    std::string shown;
+    EXPECT_TRUE(QTest::qWaitFor([&] {
+        std::array<char, 4096> piece{};
+        const ssize_t size = ::read(terminal, piece.data(), piece.size());
+        shown.append(piece.data(), static_cast<std::size_t>(std::max<ssize_t>(size, 0)));
+        return shown.ends_with("100% \r\033[K");
+    })) << shown;
     ::close(terminal);
     EXPECT_THAT(shown, HasSubstr("  0% Step 1/4: Discovering audio files..."));
     EXPECT_THAT(shown, HasSubstr(" 83% Step 1/4: Processing audio files (50 of 60)"));
     EXPECT_THAT(shown, HasSubstr(" 75% Step 4/4: Deep comparison of remaining songs..."));
-    EXPECT_THAT(shown, testing::EndsWith("\r\033[K"));
 }
 
 } // namespace
+} // namespace sonavo

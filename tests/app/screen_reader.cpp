@@ -5,6 +5,8 @@
 #include <QDBusObjectPath>
 #include <QDBusVariant>
 
+#include <stdexcept>
+
 namespace sonavo {
 namespace {
 
@@ -40,7 +42,10 @@ QDBusConnection accessibilityBus(const QString &sessionAddress)
 
 ScreenReader::ScreenReader(const QString &busAddress)
     : m_bus(accessibilityBus(busAddress))
-{}
+{
+    if (!m_bus.isConnected())
+        throw std::runtime_error("there is no accessibility bus");
+}
 
 ScreenReader::~ScreenReader()
 {
@@ -106,19 +111,8 @@ bool ScreenReader::isShowing(const Node &node) const
 QRect ScreenReader::placeOf(const Node &node) const
 {
     constexpr uint ON_SCREEN = 0;
-    const auto place =
-        answer(m_bus, node.service, node.path, u"org.a11y.atspi.Component"_s, u"GetExtents"_s, {ON_SCREEN})
-            .value<QDBusArgument>();
-    if (place.currentType() != QDBusArgument::StructureType)
-        return {};
-    int x = 0;
-    int y = 0;
-    int width = 0;
-    int height = 0;
-    place.beginStructure();
-    place >> x >> y >> width >> height;
-    place.endStructure();
-    return {x, y, width, height};
+    return qdbus_cast<QRect>(
+        answer(m_bus, node.service, node.path, u"org.a11y.atspi.Component"_s, u"GetExtents"_s, {ON_SCREEN}));
 }
 
 } // namespace sonavo

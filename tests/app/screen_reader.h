@@ -4,8 +4,6 @@
 #include <QRect>
 #include <QString>
 
-#include <functional>
-#include <optional>
 #include <vector>
 
 namespace sonavo {
@@ -23,12 +21,10 @@ public:
     };
 
     /// Tells the programs that someone looks, also those that start later.
-    /// @param busAddress the session bus of the desktop
+    /// @param busAddress the session bus of the desktop; throws std::runtime_error when it has no such bus
     explicit ScreenReader(const QString &busAddress);
     ~ScreenReader();
     Q_DISABLE_COPY_MOVE(ScreenReader)
-
-    [[nodiscard]] bool isConnected() const { return m_bus.isConnected(); }
 
     /// Everything that is to be seen in a program now, from the outside in; what is hidden is left out.
     /// @param program its name on the bus

@@ -1,10 +1,10 @@
 #include "desktop/file_viewer.h"
-#include "desktop/opened_folders.h"
 #include "desktop/private_home.h"
 
 #include <QDBusConnection>
 #include <QDBusMessage>
 #include <QDBusVirtualObject>
+#include <QDesktopServices>
 #include <QElapsedTimer>
 #include <QLocalServer>
 #include <QProcess>
@@ -48,6 +48,21 @@ public:
             bus.send(message.createErrorReply(QDBusError::Failed, QStringLiteral("no")));
         return true;
     }
+};
+
+/// Notes the folders that the system is asked to open instead of opening them.
+class OpenedFolders : public QObject
+{
+    Q_OBJECT
+
+public:
+    OpenedFolders() { QDesktopServices::setUrlHandler(QStringLiteral("file"), this, "open"); }
+    ~OpenedFolders() override { QDesktopServices::unsetUrlHandler(QStringLiteral("file")); }
+    Q_DISABLE_COPY_MOVE(OpenedFolders)
+
+    Q_INVOKABLE void open(const QUrl &url) { urls.append(url); }
+
+    QList<QUrl> urls;
 };
 
 class FileViewerTest : public testing::Test
@@ -152,3 +167,5 @@ INSTANTIATE_TEST_SUITE_P(All, FileViewerInTrouble,
 
 } // namespace
 } // namespace sonavo
+
+#include "file_viewer_test.moc"

@@ -15,7 +15,8 @@
 #include <cmath>
 #include <memory>
 #include <optional>
-#include <stdexcept>
+#include <string>
+#include <utility>
 
 namespace sonavo {
 namespace {
@@ -66,6 +67,12 @@ protected:
         return m_desktop.openPreview(pathOf(name));
     }
 
+    [[nodiscard]] std::unique_ptr<PreviewPlayer> openSong(const QString &name = u"song.flac"_s,
+                                                          const QString &encoding = {})
+    {
+        writeSong(pathOf(name), Channel::Left, encoding);
+        return open(name);
+    }
     [[nodiscard]] QString pathOf(const QString &name) const { return m_folder.filePath(name); }
 
 private:
@@ -77,16 +84,7 @@ private:
 class HeardPreviewTest : public PreviewPlayerTest
 {
 protected:
-    void SetUp() override
-    {
-        try {
-            m_sound.emplace();
-        } catch (const std::runtime_error &error) {
-            if (qEnvironmentVariableIsSet("SONAVO_REQUIRE_SOUND"))
-                FAIL() << error.what();
-            GTEST_SKIP() << error.what();
-        }
-    }
+    void SetUp() override { startSoundOrSkip(m_sound); }
 
     [[nodiscard]] bool waitForStarts(std::size_t count, Channel channel = Channel::Left) const
     {
@@ -101,26 +99,16 @@ protected:
     std::optional<SoundServer> m_sound;
 };
 
-struct Format
-{
-    const char *name;
-    QString file;
-    QString encoding;
-};
-
-void PrintTo(const Format &format, std::ostream *output)
-{
-    *output << format.name;
-}
-
-class FormatTest : public HeardPreviewTest, public testing::WithParamInterface<Format>
+/// A file name, and how it is encoded.
+class FormatTest : public HeardPreviewTest,
+                   public testing::WithParamInterface<std::pair<std::string, std::string>>
 {};
 
 TEST_P(FormatTest, PlaysFromTheBeginningAndFromExactlyAnySecond)
 {
-    writeSong(pathOf(GetParam().file), Channel::Left, GetParam().encoding);
+    const QString name = QString::fromStdString(GetParam().first);
     {
-        const auto player = open(GetParam().file);
+        const auto player = openSong(name, QString::fromStdString(GetParam().second));
         player->play();
         ASSERT_TRUE(waitForStarts(1));
         player->seek(47);
@@ -130,7 +118,7 @@ TEST_P(FormatTest, PlaysFromTheBeginningAndFromExactlyAnySecond)
     }
     ASSERT_TRUE(m_sound->becomesSilent());
 
-    const auto player = open(GetParam().file);
+    const auto player = open(name);
     player->seek(13);
     player->seek(45);
     player->play();
@@ -138,27 +126,27 @@ TEST_P(FormatTest, PlaysFromTheBeginningAndFromExactlyAnySecond)
     EXPECT_THAT(starts(), ElementsAre(near(0), near(47), near(30), near(45)));
 }
 
-INSTANTIATE_TEST_SUITE_P(, FormatTest,
-                         testing::Values(Format{"Mp3", u"song.mp3"_s, u"-q:a 2 -write_xing 0"_s},
-                                         Format{"M4a", u"song.m4a"_s, u"-c:a aac"_s},
-                                         Format{"Wav", u"song.wav"_s, {}},
-                                         Format{"RawAac", u"song.aac"_s, u"-c:a aac -q:a 1.5"_s},
-                                         Format{"Flac", u"song.flac"_s, {}}),
-                         [](const auto &format) { return format.param.name; });
+INSTANTIATE_TEST_SUITE_P(All, FormatTest,
+                         testing::Values(std::pair("song.mp3", "-q:a 2 -write_xing 0"),
+                                         std::pair("song.m4a", "-c:a aac"), std::pair("song.wav", ""),
+                                         std::pair("song.aac", "-c:a aac -q:a 1.5"),
+                                         std::pair("song.flac", "")));
 
-TEST_F(HeardPreviewTest, PausesAndGoesOn)
+TEST_F(HeardPreviewTest, PausesGoesOnAndIsAsLoudAsItIsTold)
 {
-    writeSong(pathOf(u"song.flac"_s));
-    const auto player = open(u"song.flac"_s);
+    const auto player = openSong();
     EXPECT_TRUE(m_sound->staysSilent());
+    player->setVolume(0);
     player->seek(18);
     player->play();
+    EXPECT_TRUE(m_sound->staysSilent());
+    player->setVolume(1);
     ASSERT_TRUE(waitForStarts(1));
     player->pause();
     ASSERT_TRUE(m_sound->becomesSilent());
     player->play();
     ASSERT_FALSE(m_sound->staysSilent());
-    EXPECT_THAT(starts(), ElementsAre(near(18)));
+    EXPECT_EQ(starts().size(), 1U);
 
     player->pause();
     ASSERT_TRUE(m_sound->becomesSilent());
@@ -166,13 +154,14 @@ TEST_F(HeardPreviewTest, PausesAndGoesOn)
     EXPECT_TRUE(m_sound->staysSilent());
     player->play();
     ASSERT_TRUE(waitForStarts(2));
-    EXPECT_THAT(starts(), ElementsAre(near(18), near(13)));
+    EXPECT_THAT(starts(), ElementsAre(testing::Ge(17.7), near(13)));
+    player->setVolume(0);
+    EXPECT_TRUE(m_sound->becomesSilent());
 }
 
 TEST_F(HeardPreviewTest, StaysAtTheEndUntilItIsToGoElsewhere)
 {
-    writeSong(pathOf(u"song.flac"_s));
-    const auto player = open(u"song.flac"_s);
+    const auto player = openSong();
     player->play();
     player->seek(49);
     ASSERT_TRUE(waitForStarts(1));
@@ -186,20 +175,6 @@ TEST_F(HeardPreviewTest, StaysAtTheEndUntilItIsToGoElsewhere)
     player->seek(-1);
     ASSERT_TRUE(waitForStarts(3));
     EXPECT_THAT(starts(), ElementsAre(near(49), near(17), near(0)));
-}
-
-TEST_F(HeardPreviewTest, IsAsLoudAsItIsTold)
-{
-    writeSong(pathOf(u"song.flac"_s));
-    const auto player = open(u"song.flac"_s);
-    player->setVolume(0);
-    player->play();
-    player->seek(13);
-    EXPECT_TRUE(m_sound->staysSilent());
-    player->setVolume(1);
-    EXPECT_TRUE(waitForStarts(1));
-    player->setVolume(0);
-    EXPECT_TRUE(m_sound->becomesSilent());
 }
 
 TEST_F(HeardPreviewTest, NeverPlaysTwoSongsAtOnce)
@@ -243,7 +218,6 @@ TEST_F(HeardPreviewTest, CanBeDestroyedAtAnyMoment)
 
 TEST_F(HeardPreviewTest, IsSilentAboutWhatCannotBePlayed)
 {
-    writeSong(pathOf(u"song.flac"_s));
     writeSound(pathOf(u"cut.m4a"_s), u"0.4*sin(2000*t):s=22050"_s, 2, u"-c:a aac"_s);
     ASSERT_TRUE(QFile::resize(pathOf(u"cut.m4a"_s), QFileInfo(pathOf(u"cut.m4a"_s)).size() / 2));
     writeFile(pathOf(u"empty.mp3"_s), {});
@@ -261,7 +235,7 @@ TEST_F(HeardPreviewTest, IsSilentAboutWhatCannotBePlayed)
     }
     EXPECT_TRUE(m_sound->staysSilent());
 
-    const auto player = open(u"song.flac"_s);
+    const auto player = openSong();
     player->play();
     ASSERT_TRUE(waitForStarts(1));
     EXPECT_THAT(starts(), ElementsAre(near(0)));
@@ -270,10 +244,7 @@ TEST_F(HeardPreviewTest, IsSilentAboutWhatCannotBePlayed)
 TEST_F(HeardPreviewTest, LetsGoOfTheFile)
 {
     const QString name = u"100% #1? \"&'\n\u00e9\u4e00.flac"_s;
-    writeSong(pathOf(u"song.flac"_s));
-    ASSERT_TRUE(QFile::rename(pathOf(u"song.flac"_s), pathOf(name)));
-
-    const auto player = open(name);
+    const auto player = openSong(name);
     player->play();
     ASSERT_TRUE(QTest::qWaitFor([&] { return isOpen(pathOf(name)); }, PATIENCE_MS));
     player->releaseItem();
@@ -293,18 +264,16 @@ TEST_F(HeardPreviewTest, LetsGoOfTheFile)
 
 TEST_F(PreviewPlayerTest, DoesNotWaitForASoundServer)
 {
-    writeSong(pathOf(u"song.flac"_s));
     const QTemporaryDir folder;
     QLocalServer mute;
     ASSERT_TRUE(mute.listen(folder.filePath(u"native"_s)));
     qputenv("PULSE_SERVER", "unix:" + mute.fullServerName().toLocal8Bit());
 
-    QElapsedTimer time;
-    time.start();
-    const auto player = open(u"song.flac"_s);
+    const auto player = openSong();
     player->play();
     ASSERT_TRUE(mute.waitForNewConnection(PATIENCE_MS));
-    time.restart();
+    QElapsedTimer time;
+    time.start();
     player->seek(3);
     player->setVolume(0);
     player->pause();

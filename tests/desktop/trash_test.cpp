@@ -2,6 +2,7 @@
 #include "desktop/trash.h"
 
 #include <QDateTime>
+#include <QRegularExpression>
 
 #include <gmock/gmock.h>
 #include <sys/mount.h>
@@ -48,19 +49,20 @@ Files filesIn(const fs::path &folder)
 /// What a file manager can restore from a Trash: the notes that are as they should be, with their files.
 std::multimap<std::string, std::string> restorable(const fs::path &trash)
 {
+    static const QRegularExpression pattern(
+        QStringLiteral("^\\[Trash Info\\]\nPath=(.*)\nDeletionDate=(.*)\n$"));
     std::multimap<std::string, std::string> files;
     for (const fs::directory_entry &entry : fs::directory_iterator(trash / "info")) {
         const fs::path file = trash / "files" / entry.path().stem();
-        const QByteArrayList lines = QByteArray::fromStdString(contentOf(entry.path())).split('\n');
+        const auto note = pattern.match(QString::fromStdString(contentOf(entry.path())));
         if (entry.path().extension() != ".trashinfo" || !fs::exists(fs::symlink_status(file)) ||
-            lines.size() != 4 || lines[0] != "[Trash Info]" || !lines[1].startsWith("Path=") ||
-            !lines[2].startsWith("DeletionDate="))
+            !note.hasMatch())
             continue;
-        const QDateTime date = QDateTime::fromString(QString::fromLatin1(lines[2].sliced(13)),
-                                                     QStringLiteral("yyyy-MM-ddThh:mm:ss"));
+        const QDateTime date = QDateTime::fromString(note.captured(2), QStringLiteral("yyyy-MM-ddThh:mm:ss"));
         EXPECT_TRUE(date.isValid() && std::abs(date.secsTo(QDateTime::currentDateTime())) < 60)
-            << lines[2].data();
-        files.emplace(QByteArray::fromPercentEncoding(lines[1].sliced(5)).toStdString(), contentOf(file));
+            << note.captured(2).toStdString();
+        files.emplace(QByteArray::fromPercentEncoding(note.captured(1).toLatin1()).toStdString(),
+                      contentOf(file));
     }
     return files;
 }

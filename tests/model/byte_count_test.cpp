@@ -14,23 +14,13 @@ TEST(FormattedByteCount, WritesBytesAsFileManagersDo)
         {0, "Zero KB"},
         {1, "1 byte"},
         {999, "999 bytes"},
-        {1'000, "1 KB"},
         {1'499, "1 KB"},
         {1'500, "2 KB"},
         {84'300'000, "84.3 MB"},
         {5'000'000, "5 MB"},
         {1'250'000'000, "1.25 GB"},
-        {1'200'000'000, "1.2 GB"},
-        {1'000'000'000'000, "1 TB"},
         {std::numeric_limits<qint64>::max(), "9.22 EB"},
-    };
-    for (const auto &[bytes, text] : cases)
-        EXPECT_EQ(formattedByteCount(bytes).toStdString(), text);
-}
-
-TEST(FormattedByteCount, RoundsUpIntoTheNextUnitInsteadOfPrintingAThousand)
-{
-    const std::pair<qint64, const char *> cases[] = {
+        // On both sides of where a thousand would be printed.
         {999'499, "999 KB"},
         {999'500, "1 MB"},
         {999'949'999, "999.9 MB"},

@@ -8,47 +8,23 @@
 namespace sonavo {
 namespace {
 
-Song someSong()
+TEST(Song, IsEqualToWhatIsCanonicallyEquivalentAndHasItsHash)
 {
-    return {QUuid::createUuid(),
-            QStringLiteral("/music/Björk - Jóga.mp3"),
-            QStringLiteral("Björk - Jóga.mp3"),
-            305.2,
-            5'000'000,
-            QStringLiteral("MP3"),
-            QStringLiteral("Björk"),
-            QStringLiteral("Jóga"),
-            QStringLiteral("music")};
-}
+    Song song;
+    song.id = QUuid::createUuid();
+    song.title = QStringLiteral("J\u00f3ga");
+    Song equivalent = song;
+    equivalent.title = QStringLiteral("Jo\u0301ga");
+    equivalent.duration = -0.0;
+    EXPECT_EQ(song, equivalent);
+    EXPECT_EQ(qHash(song), qHash(equivalent));
 
-TEST(Song, IsEqualOnlyToItsOwnRecord)
-{
-    const Song song = someSong();
     Song otherReading = song;
     otherReading.id = QUuid::createUuid();
-    EXPECT_EQ(song, Song(song));
     EXPECT_FALSE(song == otherReading);
-
     Song larger = song;
     ++larger.size;
     EXPECT_FALSE(song == larger);
-}
-
-TEST(Song, ComparesTextsByCanonicalEquivalenceAndHashesThemAlike)
-{
-    const Song composed = someSong();
-    Song decomposed = composed;
-    decomposed.title = composed.title.normalized(QString::NormalizationForm_D);
-    ASSERT_NE(composed.title, decomposed.title);
-    EXPECT_EQ(composed, decomposed);
-    EXPECT_EQ(qHash(composed), qHash(decomposed));
-
-    Song negativeZero = composed;
-    Song positiveZero = composed;
-    negativeZero.duration = -0.0;
-    positiveZero.duration = 0.0;
-    EXPECT_EQ(negativeZero, positiveZero);
-    EXPECT_EQ(qHash(negativeZero), qHash(positiveZero));
 }
 
 TEST(Song, WritesItsDurationInTruncatedMinutesAndSeconds)

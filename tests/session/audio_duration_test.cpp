@@ -87,21 +87,7 @@ QByteArray withSoundIn(const QByteArray &path, QByteArray m4a)
     return m4a;
 }
 
-TEST(ReadAudioDuration, TakesTheLengthFromTheHeaderOfAnMp3WithoutTheEncodersDelay)
-{
-    const QTemporaryDir folder;
-    const QString path = folder.filePath(u"x.mp3"_s);
-    for (const QString &options :
-         {u"-b:a 128k"_s, u"-q:a 4"_s, u"-q:a 6 -ar 22050"_s, u"-q:a 4 -ar 48000 -ac 2"_s}) {
-        SCOPED_TRACE(options.toStdString());
-        for (const double length : {1.1, 1.6, SECONDS}) {
-            writeAudio(path, length, options);
-            expectDuration(path, length);
-        }
-    }
-}
-
-TEST(ReadAudioDuration, CountsTheFramesOfMpegAudioWithoutHeader)
+TEST(ReadAudioDuration, CountsTheFramesOfMpegAudioWithoutHeaderAlsoOfWhatIsLeftOfIt)
 {
     const QTemporaryDir folder;
     const Encoding cases[] = {
@@ -116,20 +102,23 @@ TEST(ReadAudioDuration, CountsTheFramesOfMpegAudioWithoutHeader)
         SCOPED_TRACE((type + u' ' + options).toStdString());
         const QString path = folder.filePath(u"x."_s + type);
         writeAudio(path, SECONDS, options);
-        const double truth = frameSeconds(path);
         // Encoders put a frame or two in front and fill the last one.
-        ASSERT_NEAR(truth, SECONDS + 0.07, 0.08);
-        expectDuration(path, truth);
+        ASSERT_NEAR(frameSeconds(path), SECONDS + 0.07, 0.08);
+        expectDuration(path, frameSeconds(path));
+        ASSERT_TRUE(QFile::resize(path, QFileInfo(path).size() / 2));
+        expectDuration(path, frameSeconds(path));
     }
 }
 
-TEST(ReadAudioDuration, FindsTheLengthOfEveryContainer)
+/// What the header says is the length of the song, without the encoder's delay.
+TEST(ReadAudioDuration, TakesTheLengthFromTheHeaderOfEveryFormat)
 {
     const QTemporaryDir folder;
     const Encoding cases[] = {
+        {u"mp3"_s, u"-b:a 128k"_s},
+        {u"mp3"_s, u"-q:a 6 -ar 22050"_s},
+        {u"mp3"_s, u"-q:a 4 -ar 48000 -ac 2"_s},
         {u"m4a"_s, u"-c:a aac"_s},
-        {u"m4a"_s, u"-c:a aac -movflags +faststart"_s},
-        {u"m4a"_s, u"-c:a alac"_s},
         {u"m4a"_s, u"-c:a alac -movflags +faststart"_s},
         {u"m4a"_s, u"-c:a aac -movflags +empty_moov+default_base_moof -frag_duration 1000000"_s},
         {u"m4a"_s, u"-c:a alac -movflags +empty_moov -frag_duration 1000000"_s},
@@ -144,8 +133,10 @@ TEST(ReadAudioDuration, FindsTheLengthOfEveryContainer)
     for (const auto &[type, options] : cases) {
         SCOPED_TRACE((type + u' ' + options).toStdString());
         const QString path = folder.filePath(u"x."_s + type);
-        writeAudio(path, SECONDS, options);
-        expectDuration(path, SECONDS);
+        for (const double length : {1.1, SECONDS}) {
+            writeAudio(path, length, options);
+            expectDuration(path, length);
+        }
     }
 }
 
@@ -191,17 +182,6 @@ TEST(ReadAudioDuration, DoesNotBelieveInSongsLongerThanALife)
     EXPECT_EQ(readAudioDuration(path), 0.0);
 }
 
-TEST(ReadAudioDuration, GivesWholeSecondsWhole)
-{
-    const QTemporaryDir folder;
-    for (const auto &[type, options] :
-         {Encoding{u"flac"_s}, {u"wav"_s}, {u"m4a"_s, u"-c:a alac"_s}, {u"flac"_s, u"-ar 48000"_s}}) {
-        const QString path = folder.filePath(u"x."_s + type);
-        writeAudio(path, 3, options);
-        EXPECT_EQ(readAudioDuration(path), 3.0) << type.toStdString();
-    }
-}
-
 TEST(ReadAudioDuration, IsNotMisledByAPictureInFrontOfTheSound)
 {
     const QTemporaryDir folder;
@@ -226,9 +206,7 @@ TEST(ReadAudioDuration, ReadsAFileUnderAnotherExtensionForWhatItIs)
             const QString path = folder.filePath(type + u"_as."_s + name);
             writeFile(path,
                       audioContent(type, SECONDS, type == u"mp3" ? u"-q:a 4 -write_xing 0"_s : QString()));
-            const std::optional<double> duration = readAudioDuration(path);
-            ASSERT_TRUE(duration) << path.toStdString();
-            EXPECT_NEAR(*duration, SECONDS, 0.1) << path.toStdString();
+            EXPECT_NEAR(readAudioDuration(path).value_or(0), SECONDS, 0.1) << path.toStdString();
         }
     }
 }
@@ -287,17 +265,6 @@ TEST(ReadAudioDuration, SurvivesCutAndDamagedFilesAndSaysNothing)
             EXPECT_TRUE(std::isfinite(duration) && duration >= 0) << type.toStdString() << ' ' << round;
         }
         EXPECT_EQ(testing::internal::GetCapturedStderr(), "") << type.toStdString();
-    }
-}
-
-TEST(ReadAudioDuration, CountsWhatIsLeftOfATruncatedFileWithoutHeader)
-{
-    const QTemporaryDir folder;
-    for (const auto &[type, options] : {Encoding{u"mp3"_s, u"-q:a 4 -write_xing 0"_s}, {u"aac"_s}}) {
-        const QString path = folder.filePath(u"x."_s + type);
-        const QByteArray whole = audioContent(type, SECONDS, options);
-        writeFile(path, whole.first(whole.size() / 2));
-        expectDuration(path, frameSeconds(path));
     }
 }
 

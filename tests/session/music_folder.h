@@ -1,14 +1,27 @@
 #pragma once
 
+#include "session/duplicate_view_model.h"
+
 #include <QDir>
+#include <QDirIterator>
 #include <QFile>
 #include <QFileInfo>
 #include <QTemporaryDir>
+#include <QTest>
 #include <QUrl>
 
 #include <gtest/gtest.h>
 
 namespace sonavo {
+
+/// Every file in a folder and below.
+inline QStringList filesIn(const QString &folder)
+{
+    QStringList files;
+    for (QDirIterator it(folder, QDir::Files | QDir::Hidden, QDirIterator::Subdirectories); it.hasNext();)
+        files.append(it.next());
+    return files;
+}
 
 /// A folder of real songs, made of the sample library's.
 class MusicFolder
@@ -20,6 +33,14 @@ public:
         const QString source = QStringLiteral(SONAVO_SAMPLES "/Albums/Ada Finch - Glass Road.flac");
         ASSERT_TRUE(QDir().mkpath(QFileInfo(pathOf(name)).path()));
         ASSERT_TRUE(QFile::copy(source, pathOf(name)));
+    }
+    /// Adds groups of as many songs as the numbers say: "0/Artist0 - Title0.flac", "1/Artist0 - Title0.flac".
+    void addGroups(const QList<int> &sizes) const
+    {
+        for (qsizetype i = 0; i < sizes.size(); ++i) {
+            for (int copy = 0; copy < sizes[i]; ++copy)
+                addSong(QStringLiteral("%1/Artist%2 - Title%2.flac").arg(copy).arg(i));
+        }
     }
     void addText(const QString &name) const
     {
@@ -35,5 +56,18 @@ public:
 private:
     QTemporaryDir m_folder;
 };
+
+/// Lets the event loop do what is waiting in it.
+inline void settle()
+{
+    QTest::qWait(20);
+}
+
+/// Runs the event loop until the scan is over and everything that it still does afterwards is done.
+inline void finishScan(const DuplicateViewModel &session)
+{
+    ASSERT_TRUE(QTest::qWaitFor([&session] { return !session.isScanning(); }, 20'000));
+    settle();
+}
 
 } // namespace sonavo

@@ -2,8 +2,8 @@
 #include "session/song_read_ahead.h"
 #include "session/song_reading.h"
 #include "support/audio_fixtures.h"
-#include "support/instant_pauses.h"
 #include "support/open_watch.h"
+#include "support/test_pauses.h"
 
 #include <QCoroTask>
 #include <QDir>
@@ -12,7 +12,6 @@
 #include <QTemporaryDir>
 
 #include <gmock/gmock.h>
-#include <unistd.h>
 
 namespace sonavo {
 namespace {
@@ -21,14 +20,10 @@ using namespace Qt::Literals::StringLiterals;
 
 TEST(LoadSong, TakesItsTextsFromThePath)
 {
-    struct Case
+    const struct
     {
-        QString name;
-        QString artist;
-        QString title;
-        QString fileType;
-    };
-    const Case cases[] = {
+        QString name, artist, title, fileType;
+    } cases[] = {
         {u"Artist - Title.mp3"_s, u"Artist"_s, u"Title"_s, u"MP3"_s},
         {u"Alpha-Beta - Song.m4a"_s, u"Alpha"_s, u"Beta - Song"_s, u"M4A"_s},
         {u"Track01.flac"_s, u""_s, u"Track01"_s, u"FLAC"_s},
@@ -100,44 +95,39 @@ protected:
     /// Paths of many songs, every `unreadable`-th of which is none.
     QStringList manyFiles(int count, int unreadable) const
     {
-        const QString original = m_folder.filePath(u"original"_s);
-        writeFile(original, audioContent(u"flac"_s, 0.2));
+        fillWithSongs(m_folder.path(), count);
+        writeFile(m_folder.filePath(u"text"_s), "text");
         QStringList files;
-        for (int i = 0; i < count; ++i) {
-            files += m_folder.filePath(u"songs/%1.flac"_s.arg(i));
-            if (i % unreadable == unreadable - 1)
-                writeFile(files.back(), "text");
-            else if (::link(QFile::encodeName(original), QFile::encodeName(files.back())) != 0)
-                throw std::runtime_error("cannot link a song");
-        }
+        for (int i = 1; i <= count; ++i)
+            files += m_folder.filePath(i % unreadable == 0 ? u"text"_s : u"%1.mp3"_s.arg(i - 1));
         return files;
     }
 
     std::optional<QList<Song>> read(const QStringList &files)
     {
-        return QCoro::waitFor(readSongs(files, m_pauses, m_stop.get_token(), [this](qint64 processed) {
-            m_events += QString::number(processed);
-            if (onProgress)
-                onProgress(processed);
-        }));
-    }
-
-    void SetUp() override
-    {
-        ASSERT_TRUE(QDir(m_folder.path()).mkdir(u"songs"_s));
+        m_events.clear();
         m_pauses->onPause = [this](std::chrono::milliseconds length) {
-            m_events += u"pause %1"_s.arg(length.count());
-            if (onPause)
-                onPause();
+            note(u"pause %1"_s.arg(length.count()));
         };
+        return QCoro::waitFor(readSongs(files, m_pauses, m_stop.get_token(),
+                                        [this](qint64 processed) { note(QString::number(processed)); }));
     }
 
     const QTemporaryDir m_folder;
     QStringList m_events;
-    std::shared_ptr<InstantPauses> m_pauses = std::make_shared<InstantPauses>();
-    std::function<void()> onPause;
+    /// The event at which the reading is stopped.
+    QString m_stopAt;
     std::stop_source m_stop;
-    std::function<void(qint64)> onProgress;
+
+private:
+    void note(const QString &event)
+    {
+        m_events += event;
+        if (event == m_stopAt)
+            m_stop.request_stop();
+    }
+
+    std::shared_ptr<InstantPauses> m_pauses = std::make_shared<InstantPauses>();
 };
 
 TEST_F(ReadSongs, KeepsTheOrderOfTheFilesWithoutTheUnreadableOnes)
@@ -157,21 +147,16 @@ TEST_F(ReadSongs, KeepsTheOrderOfTheFilesWithoutTheUnreadableOnes)
 TEST_F(ReadSongs, GivesNothingWhenStoppedOnTheWay)
 {
     const QStringList files = manyFiles(200, 1000);
-    onProgress = [this](qint64 processed) {
-        if (processed == 100)
-            m_stop.request_stop();
+    const std::pair<QString, QStringList> cases[] = {
+        {u"100"_s, {u"50"_s, u"100"_s}},
+        {u"pause 10"_s, {u"50"_s, u"100"_s, u"150"_s, u"200"_s, u"pause 10"_s}},
     };
-    EXPECT_FALSE(read(files));
-    EXPECT_EQ(m_events, QStringList({u"50"_s, u"100"_s}));
-
-    m_events.clear();
-    m_stop = std::stop_source();
-    onProgress = nullptr;
-    onPause = [this] { m_stop.request_stop(); };
-    EXPECT_FALSE(read(files));
-    EXPECT_EQ(m_events.last(), u"pause 10");
-
-    m_events.clear();
+    for (const auto &[event, events] : cases) {
+        m_stop = std::stop_source();
+        m_stopAt = event;
+        EXPECT_FALSE(read(files));
+        EXPECT_EQ(m_events, events);
+    }
     EXPECT_FALSE(read(files));
     EXPECT_EQ(m_events, QStringList());
 }
@@ -179,7 +164,7 @@ TEST_F(ReadSongs, GivesNothingWhenStoppedOnTheWay)
 TEST_F(ReadSongs, OpensABoundedNumberOfFilesAheadAndNoneOnceStoppedOrDestroyed)
 {
     const QStringList files = manyFiles(1500, 10'000);
-    OpenWatch watch(m_folder.filePath(u"songs"_s));
+    OpenWatch watch(m_folder.path());
     QThreadPool &pool = diskThreads();
     {
         SongReadAhead readAhead(files, m_stop.get_token());

@@ -1,10 +1,13 @@
 #include "support/audio_fixtures.h"
 
+#include <QDir>
 #include <QFile>
 #include <QFileInfo>
 #include <QHash>
 #include <QProcess>
 #include <QTemporaryDir>
+
+#include <unistd.h>
 
 #include <stdexcept>
 
@@ -39,14 +42,6 @@ QByteArray encode(const QString &sound, double seconds, const QStringList &outpu
                                              u"lavfi"_s, u"-i"_s, u"aevalsrc=%1:d=%2"_s.arg(sound, length),
                                              u"-t"_s, length, u"-fs"_s, u"6000000"_s} +
                                      output);
-}
-
-QByteArray contentOf(const QString &path)
-{
-    QFile file(path);
-    if (!file.open(QIODevice::ReadOnly))
-        throw std::runtime_error("cannot read " + path.toStdString());
-    return file.readAll();
 }
 
 } // namespace
@@ -95,9 +90,30 @@ void writeFile(const QString &path, const QByteArray &content)
         throw std::runtime_error("cannot write " + path.toStdString());
 }
 
+QByteArray contentOf(const QString &path)
+{
+    QFile file(path);
+    if (!file.open(QIODevice::ReadOnly))
+        throw std::runtime_error("cannot read " + path.toStdString());
+    return file.readAll();
+}
+
 void writeAudio(const QString &path, double seconds, const QString &encoding)
 {
     writeFile(path, audioContent(QFileInfo(path).suffix().toLower(), seconds, encoding));
+}
+
+void fillWithSongs(const QString &folder, int count)
+{
+    QDir().mkpath(folder);
+    const QString first = folder + u"/0.mp3"_s;
+    bool isDone = QFile::copy(QStringLiteral(SONAVO_SAMPLES "/Albums/Cora Lind - Go.mp3"), first);
+    for (int i = 1; i < count; ++i) {
+        const QByteArray next = QFile::encodeName(u"%1/%2.mp3"_s.arg(folder).arg(i));
+        isDone = isDone && ::link(QFile::encodeName(first).constData(), next.constData()) == 0;
+    }
+    if (!isDone)
+        throw std::runtime_error("cannot fill " + folder.toStdString());
 }
 
 } // namespace sonavo

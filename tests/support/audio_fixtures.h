@@ -25,8 +25,12 @@ void writeSound(const QString &path, const QString &sound, double seconds, const
 [[nodiscard]] double frameSeconds(const QString &path);
 
 void writeFile(const QString &path, const QByteArray &content);
+[[nodiscard]] QByteArray contentOf(const QString &path);
 
 /// Writes an audio file in the format that the path's extension names.
 void writeAudio(const QString &path, double seconds = 0.2, const QString &encoding = {});
+
+/// Makes a folder of as many links to one song of the sample library: "0.mp3", "1.mp3" and so on.
+void fillWithSongs(const QString &folder, int count);
 
 } // namespace sonavo

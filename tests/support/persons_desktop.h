@@ -1,7 +1,7 @@
 #pragma once
 
+#include "app/headless_desktop.h"
 #include "desktop/trash.h"
-#include "support/quiet_desktop.h"
 
 #include <functional>
 #include <string>
@@ -35,7 +35,7 @@ private:
 };
 
 /// A desktop with a real Trash, and a person at it who chooses what the test says.
-class PersonsDesktop : public QuietDesktop
+class PersonsDesktop : public HeadlessDesktop
 {
 public:
     QList<QUrl> choice;

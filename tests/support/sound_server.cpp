@@ -4,6 +4,7 @@
 #include <QTest>
 
 #include <csignal>
+#include <gtest/gtest.h>
 #include <sys/prctl.h>
 
 #include <algorithm>
@@ -192,6 +193,17 @@ bool SoundServer::isSilentFrom(std::size_t moment) const
         return std::none_of(moments.begin() + static_cast<std::ptrdiff_t>(moment), moments.end(),
                             [](const Moment &m) { return m.isLoud; });
     });
+}
+
+void startSoundOrSkip(std::optional<SoundServer> &server)
+{
+    try {
+        server.emplace();
+    } catch (const std::runtime_error &error) {
+        if (qEnvironmentVariableIsSet("SONAVO_REQUIRE_SOUND"))
+            FAIL() << error.what();
+        GTEST_SKIP() << error.what();
+    }
 }
 
 } // namespace sonavo

@@ -4,7 +4,7 @@
 #include <QTemporaryDir>
 
 #include <array>
-#include <span>
+#include <optional>
 #include <vector>
 
 namespace sonavo {
@@ -66,5 +66,8 @@ private:
     std::array<std::vector<Moment>, 2> m_moments;
     bool m_hasHeardBothAtOnce = false;
 };
+
+/// Starts a sound server, without which the test is skipped, or fails where sound is required of the machine.
+void startSoundOrSkip(std::optional<SoundServer> &server);
 
 } // namespace sonavo

@@ -1,13 +1,10 @@
 #include "session/music_folder.h"
 #include "ui/window_driver.h"
 
-#include <QDirIterator>
 #include <QStyleHints>
 #include <QTest>
 
 #include <gmock/gmock.h>
-
-#include <algorithm>
 
 namespace sonavo {
 namespace {
@@ -28,14 +25,9 @@ class ResultsTest : public testing::Test, protected WindowDriver
 protected:
     ResultsTest() { qputenv("XDG_DATA_HOME", QFile::encodeName(m_dataHome.path())); }
 
-    /// Makes groups of as many songs as the numbers say: "0/Artist0 - Title0.flac", "1/Artist0 -
-    /// Title0.flac".
     void showGroups(const QList<int> &sizes)
     {
-        for (qsizetype i = 0; i < sizes.size(); ++i) {
-            for (int copy = 0; copy < sizes[i]; ++copy)
-                music.addSong(u"%1/Artist%2 - Title%2.flac"_s.arg(copy).arg(i));
-        }
+        music.addGroups(sizes);
         session.startScan(music.urls());
         ASSERT_TRUE(goOnUntil([this] { return !session.isScanning(); }));
         ASSERT_TRUE(waitForText(u"Group of %1 songs"_s.arg(sizes[0])));
@@ -56,12 +48,19 @@ protected:
         }
         return rows;
     }
-    [[nodiscard]] QAccessibleInterface *row(std::size_t index) const { return rowNodes().at(index); }
-    [[nodiscard]] QPoint centerOf(std::size_t index) const { return placeOf(row(index)->object()).center(); }
+    [[nodiscard]] QRect placeOfRow(std::size_t index) const
+    {
+        return placeOf(rowNodes().at(index)->object());
+    }
+    /// The colour of a row beside what is written in it.
+    [[nodiscard]] QRgb colorOf(std::size_t index) const
+    {
+        return window->grabWindow().pixel(placeOfRow(index).center() + QPoint(120, 0));
+    }
 
     void clickRow(std::size_t index, Qt::MouseButton button = Qt::LeftButton) const
     {
-        QTest::mouseClick(window, button, {}, centerOf(index));
+        QTest::mouseClick(window, button, {}, placeOfRow(index).center());
     }
     void clickButtonOfRow(const QString &name, std::size_t index) const
     {
@@ -69,12 +68,11 @@ protected:
     }
     [[nodiscard]] QPoint buttonOfRow(const QString &name, std::size_t index) const
     {
-        const QRect place = placeOf(row(index)->object());
         for (QAccessibleInterface *node : accessibleNodes()) {
-            if (node->role() != QAccessible::Button || node->text(QAccessible::Name) != name)
+            if (node->text(QAccessible::Name) != name)
                 continue;
             const QPoint center = placeOf(node->object()).center();
-            if (place.contains(center))
+            if (placeOfRow(index).contains(center))
                 return center;
         }
         ADD_FAILURE() << "the row has no button " << name.toStdString();
@@ -95,13 +93,6 @@ protected:
         return {};
     }
     [[nodiscard]] QStringList trashed() const { return filesIn(m_dataHome.filePath(u"Trash/files"_s)); }
-    static QStringList filesIn(const QString &folder)
-    {
-        QStringList files;
-        for (QDirIterator it(folder, QDir::Files, QDirIterator::Subdirectories); it.hasNext();)
-            files.append(it.next());
-        return files;
-    }
     [[nodiscard]] std::string playing() const
     {
         const auto &song = session.currentlyPlayingSong();
@@ -139,8 +130,8 @@ TEST_F(ResultsTest, ShowsGroupsAndCounts)
           u"FLAC"_s, u"0:01"_s, u"22 KB"_s, u"File Name"_s,
           u"Found 3 duplicate files \u2022 Use speaker icon to verify before deleting"_s})
         EXPECT_TRUE(shows(text)) << text.toStdString();
-    EXPECT_EQ(row(1)->text(QAccessible::Name), u"Original, Artist0 - Title0.flac, FLAC, 0:01, 22 KB, 0"_s);
-    EXPECT_NE(find(QAccessible::List, u"Duplicate songs"_s), nullptr);
+    EXPECT_NE(find(QAccessible::ListItem, u"Original, Artist0 - Title0.flac, FLAC, 0:01, 22 KB, 0"_s),
+              nullptr);
     for (const QString &name : buttons())
         EXPECT_FALSE(name.isEmpty());
 }
@@ -153,9 +144,8 @@ TEST_F(ResultsTest, CollapsesGroupsByClickAndByKey)
                                     "Duplicate 1/2"));
     press(Qt::Key_Right);
     EXPECT_EQ(rows().size(), 7U);
-    press(Qt::Key_Down);
-    press(Qt::Key_Down);
-    press(Qt::Key_Left);
+    for (const Qt::Key key : {Qt::Key_Down, Qt::Key_Down, Qt::Key_Left})
+        press(key);
     EXPECT_EQ(rows().size(), 5U);
     press(Qt::Key_Return);
     EXPECT_EQ(rows().size(), 7U);
@@ -164,46 +154,41 @@ TEST_F(ResultsTest, CollapsesGroupsByClickAndByKey)
 TEST_F(ResultsTest, PlaysOneSongAtATimeAndSeeksOnlyInItsRow)
 {
     showGroups({2});
-    const QRgb resting = window->grabWindow().pixel(centerOf(1) + QPoint(120, 0));
-
+    const QRgb resting = colorOf(1);
     clickRow(1);
     EXPECT_EQ(playing(), "");
     clickButtonOfRow(PLAY, 1);
     EXPECT_EQ(playing(), "0/Artist0 - Title0.flac");
     EXPECT_TRUE(waitFor([this] { return session.player() != nullptr; }));
-    EXPECT_TRUE(waitFor([&] { return window->grabWindow().pixel(centerOf(1) + QPoint(120, 0)) != resting; }));
-    EXPECT_EQ(window->grabWindow().pixel(centerOf(2) + QPoint(120, 0)), resting);
+    EXPECT_TRUE(waitFor([&] { return colorOf(1) != resting; }));
+    EXPECT_EQ(colorOf(2), resting);
     desktop.calls.clear();
     clickRow(2);
     EXPECT_THAT(desktop.takeCalls(), IsEmpty());
-    QTest::mouseClick(window, Qt::LeftButton, {}, QPoint(880, centerOf(1).y() - 12));
+    QTest::mouseClick(window, Qt::LeftButton, {}, QPoint(880, placeOfRow(1).center().y() - 12));
     EXPECT_THAT(desktop.takeCalls(), ElementsAre(HasSubstr(": seek ")));
 
     clickButtonOfRow(PLAY, 2);
     EXPECT_EQ(playing(), "1/Artist0 - Title0.flac");
+    EXPECT_TRUE(waitFor([&] { return colorOf(1) == resting && colorOf(2) != resting; }));
     clickButtonOfRow(PLAY, 2);
     EXPECT_EQ(playing(), "");
+    EXPECT_TRUE(waitFor([&] { return colorOf(2) == resting; }));
 }
 
 TEST_F(ResultsTest, DeletesSongsAndLeavesEverythingElseInPlace)
 {
-    showGroups({4, 2});
-    clickButtonOfRow(PLAY, 6);
-    clickButtonOfRow(DELETE, 2);
-    EXPECT_THAT(rows(), ElementsAre("Group of 3 songs", "Original 0/0", "Duplicate 0/2", "Duplicate 0/3",
-                                    "Group of 2 songs", "Original 1/0", "Duplicate 1/1"));
-    EXPECT_TRUE(waitForText(u"Moved to Trash: Artist0 - Title0.flac"_s));
-    EXPECT_TRUE(shows(u"3 duplicates"_s));
-    EXPECT_EQ(playing(), "0/Artist1 - Title1.flac");
-
-    waitOutDoubleClick();
+    showGroups({3, 2});
+    clickButtonOfRow(PLAY, 5);
     clickButtonOfRow(DELETE, 1);
-    EXPECT_THAT(rows(), ElementsAre("Group of 2 songs", "Original 0/2", "Duplicate 0/3", "Group of 2 songs",
+    EXPECT_THAT(rows(), ElementsAre("Group of 2 songs", "Original 0/1", "Duplicate 0/2", "Group of 2 songs",
                                     "Original 1/0", "Duplicate 1/1"));
+    EXPECT_TRUE(waitForText(u"Moved to Trash: Artist0 - Title0.flac"_s));
+    EXPECT_TRUE(shows(u"2 duplicates"_s));
     waitOutDoubleClick();
     clickButtonOfRow(DELETE, 2);
     EXPECT_THAT(rows(), ElementsAre("Group of 2 songs", "Original 1/0", "Duplicate 1/1"));
-    EXPECT_EQ(trashed().size(), 3);
+    EXPECT_EQ(trashed().size(), 2);
     EXPECT_EQ(playing(), "0/Artist1 - Title1.flac");
 
     waitOutDoubleClick();
@@ -236,16 +221,12 @@ TEST_F(ResultsTest, DeletesOneSongForOnePressHoweverItIsMade)
 
 TEST_F(ResultsTest, IsUsedByKeyboardAlone)
 {
-    showGroups({4, 2});
+    showGroups({3, 2});
     // Nothing is deleted by what has the focus first.
-    press(Qt::Key_Return);
-    press(Qt::Key_Return);
-    press(Qt::Key_Delete);
+    for (const Qt::Key key : {Qt::Key_Return, Qt::Key_Return, Qt::Key_Delete, Qt::Key_Down, Qt::Key_Down})
+        press(key);
     EXPECT_THAT(trashed(), IsEmpty());
-    EXPECT_EQ(rows().size(), 8U);
-
-    press(Qt::Key_Down);
-    press(Qt::Key_Down);
+    EXPECT_EQ(rows().size(), 7U);
     EXPECT_THAT(currentRow().toStdString(), HasSubstr("Duplicate, Artist0"));
     press(Qt::Key_Space);
     EXPECT_EQ(playing(), "1/Artist0 - Title0.flac");
@@ -256,8 +237,6 @@ TEST_F(ResultsTest, IsUsedByKeyboardAlone)
     press(Qt::Key_Delete);
     EXPECT_TRUE(waitFor([this] { return currentRow().endsWith(u", 2"_s); })) << currentRow().toStdString();
     press(Qt::Key_Delete);
-    EXPECT_TRUE(waitFor([this] { return currentRow().endsWith(u", 3"_s); })) << currentRow().toStdString();
-    press(Qt::Key_Delete);
     EXPECT_TRUE(waitFor([this] { return rows().size() == 3; }));
     press(Qt::Key_Down);
     EXPECT_THAT(currentRow().toStdString(), HasSubstr("Artist1"));
@@ -265,20 +244,21 @@ TEST_F(ResultsTest, IsUsedByKeyboardAlone)
 
 TEST_F(ResultsTest, KeepsItsPlaceWhenASongIsDeletedFarDown)
 {
-    QList<int> sizes(30, 2);
-    showGroups(sizes);
+    showGroups(QList<int>(30, 2));
     clickButtonOfRow(PLAY, 1);
     for (int i = 0; i < 61; ++i)
         press(Qt::Key_Down);
     ASSERT_TRUE(waitFor([this] { return !currentRow().isEmpty(); }));
     EXPECT_EQ(playing(), "0/Artist0 - Title0.flac");
     const std::vector<std::string> before = rows();
-    const int top = placeOf(row(0)->object()).y();
+    const int top = placeOfRow(0).y();
     ASSERT_GT(before.size(), 6U);
-    const auto first =
-        std::ranges::find_if(before, [](const std::string &text) { return text.starts_with("Dupl"); });
-    clickButtonOfRow(DELETE, static_cast<std::size_t>(first - before.begin()) + 3);
-    EXPECT_EQ(placeOf(row(0)->object()).y(), top);
+    std::size_t duplicate = 3;
+    while (!before[duplicate].starts_with("Dupl"))
+        ++duplicate;
+    clickButtonOfRow(DELETE, duplicate);
+    EXPECT_EQ(trashed().size(), 1);
+    EXPECT_EQ(placeOfRow(0).y(), top);
     EXPECT_EQ(rows()[0], before[0]);
     EXPECT_EQ(rows()[1], before[1]);
 }
@@ -306,6 +286,8 @@ TEST_F(ResultsTest, TrashesAllDuplicates)
     click(CLEAN_UP);
     click(MOVE);
     EXPECT_FALSE(session.showToast());
+    click(u"Clear List"_s);
+    EXPECT_TRUE(waitForText(u"Welcome to Sonavo"_s));
 }
 
 TEST_F(ResultsTest, MovesAllDuplicates)
@@ -317,10 +299,6 @@ TEST_F(ResultsTest, MovesAllDuplicates)
     EXPECT_TRUE(waitForText(u"Moved 3 files to folder \u2022 Saved 65 KB"_s));
     EXPECT_EQ(filesIn(desktop.clipboard).size(), 3);
     EXPECT_TRUE(goOnUntil([this] { return shows(u"Folder path copied to clipboard"_s); }));
-
-    click(u"Clear List"_s);
-    EXPECT_TRUE(waitForText(u"Welcome to Sonavo"_s));
-    EXPECT_THAT(session.songs(), IsEmpty());
 }
 
 TEST_F(ResultsTest, OffersWhatCanBeDoneWithASongInItsMenu)
@@ -331,9 +309,9 @@ TEST_F(ResultsTest, OffersWhatCanBeDoneWithASongInItsMenu)
         click(entry, QAccessible::MenuItem);
         EXPECT_TRUE(waitFor([&] { return find(QAccessible::MenuItem, entry) == nullptr; }));
     };
+    const QString path = music.pathOf(u"1/Artist0 - Title0.flac"_s);
     clickRow(2, Qt::RightButton);
     choose(u"Show in Folder"_s);
-    const QString path = music.pathOf(u"1/Artist0 - Title0.flac"_s);
     EXPECT_THAT(desktop.takeCalls(), ElementsAre("show " + path.toStdString()));
     press(Qt::Key_Menu);
     choose(u"Copy Path"_s);

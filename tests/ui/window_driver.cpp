@@ -1,6 +1,7 @@
 #include "ui/window_driver.h"
 
 #include "session/disk_task.h"
+#include "support/audio_fixtures.h"
 #include "theme/palette.h"
 #include "theme/theme_manager.h"
 
@@ -111,16 +112,6 @@ bool WindowDriver::waitFor(const std::function<bool()> &condition)
     return QTest::qWaitFor(condition, PATIENCE_MS);
 }
 
-bool WindowDriver::waitForText(const QString &text) const
-{
-    return waitFor([&] { return shows(text); });
-}
-
-bool WindowDriver::waitForNoText(const QString &text) const
-{
-    return waitFor([&] { return !shows(text); });
-}
-
 std::vector<QAccessibleInterface *> WindowDriver::accessibleNodes() const
 {
     std::vector<QAccessibleInterface *> nodes;
@@ -162,12 +153,9 @@ QRect WindowDriver::placeOf(const QObject *item)
 
 QPoint WindowDriver::dropZone() const
 {
-    for (const QQuickItem *item : textItemsIn(*window->contentItem())) {
-        if (item->property("text") == u"Drag & Drop Music Folder Here"_s)
-            return placeOf(item).center() - QPoint(0, 20);
-    }
-    ADD_FAILURE() << "there is no drop zone";
-    return {};
+    const QAccessibleInterface *text = find(QAccessible::StaticText, u"Drag & Drop Music Folder Here"_s);
+    EXPECT_NE(text, nullptr) << "there is no drop zone";
+    return text ? placeOf(text->object()).center() - QPoint(0, 20) : QPoint();
 }
 
 void WindowDriver::click(const QString &name, QAccessible::Role role) const
@@ -177,11 +165,6 @@ void WindowDriver::click(const QString &name, QAccessible::Role role) const
     const QPoint middle = placeOf(node->object()).center();
     QTest::mouseMove(window, middle);
     QTest::mouseClick(window, Qt::LeftButton, {}, middle);
-}
-
-void WindowDriver::press(Qt::Key key, Qt::KeyboardModifiers modifiers) const
-{
-    QTest::keyClick(window, key, modifiers);
 }
 
 // The events are those that the toolkit makes of what the desktop says.
@@ -271,10 +254,9 @@ void WindowDriver::raiseLimitWarning()
 
 void WindowDriver::raiseAlert()
 {
-    constexpr int CROWD = 101;
-    for (int i = 0; i < CROWD; ++i)
-        ASSERT_TRUE(QFile(m_folder.filePath(u"%1.mp3"_s.arg(i))).open(QIODevice::WriteOnly));
-    session.importDroppedItems(QList<QUrl>(4, QUrl::fromLocalFile(m_folder.path())));
+    const QTemporaryDir folder;
+    fillWithSongs(folder.path(), 101);
+    session.importDroppedItems(QList<QUrl>(4, QUrl::fromLocalFile(folder.path())));
     ASSERT_TRUE(waitForText(session.alertMessage()));
     ASSERT_TRUE(waitFor([this] { return focusedName() == u"OK"; }));
 }

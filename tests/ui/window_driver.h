@@ -1,8 +1,8 @@
 #pragma once
 
 #include "session/duplicate_view_model.h"
-#include "support/held_pauses.h"
 #include "support/persons_desktop.h"
+#include "support/test_pauses.h"
 
 #include <QAccessible>
 #include <QImage>
@@ -11,7 +11,7 @@
 #include <QQuickItem>
 #include <QQuickWindow>
 #include <QStringList>
-#include <QTemporaryDir>
+#include <QTest>
 
 #include <functional>
 #include <memory>
@@ -56,8 +56,14 @@ protected:
     [[nodiscard]] static std::vector<QQuickItem *> textItemsIn(QQuickItem &root);
     [[nodiscard]] QStringList texts() const;
     [[nodiscard]] bool shows(const QString &text) const { return texts().contains(text); }
-    [[nodiscard]] bool waitForText(const QString &text) const;
-    [[nodiscard]] bool waitForNoText(const QString &text) const;
+    [[nodiscard]] bool waitForText(const QString &text) const
+    {
+        return waitFor([&] { return shows(text); });
+    }
+    [[nodiscard]] bool waitForNoText(const QString &text) const
+    {
+        return waitFor([&] { return !shows(text); });
+    }
     [[nodiscard]] bool isWelcome() const { return shows(u"Welcome to Sonavo"_s) && !shows(CANCEL_SCAN); }
     [[nodiscard]] bool isProgress() const { return shows(CANCEL_SCAN) && !shows(u"Welcome to Sonavo"_s); }
     [[nodiscard]] bool isResults() const { return !shows(CANCEL_SCAN) && !shows(u"Welcome to Sonavo"_s); }
@@ -77,7 +83,10 @@ protected:
 
     /// Clicks in the middle of what has the name, and fails when it is not there.
     void click(const QString &name, QAccessible::Role role = QAccessible::Button) const;
-    void press(Qt::Key key, Qt::KeyboardModifiers modifiers = Qt::NoModifier) const;
+    void press(Qt::Key key, Qt::KeyboardModifiers modifiers = Qt::NoModifier) const
+    {
+        QTest::keyClick(window, key, modifiers);
+    }
 
     /// Drags something into the window, or on to somewhere else in it. Like a file manager, it offers to move
     /// the files.
@@ -104,7 +113,6 @@ protected:
     QQuickWindow *window = nullptr;
 
 private:
-    QTemporaryDir m_folder;
     QQmlApplicationEngine m_engine;
     /// What the window would do with what is dragged over it, as far as it has said.
     std::optional<Qt::DropAction> m_acceptedAction;

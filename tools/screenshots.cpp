@@ -4,8 +4,8 @@
 //
 // SONGS is a folder of music with duplicates. Sizes are logical pixels; the pictures at 200 % have twice as
 // many.
+#include "app/headless_desktop.h"
 #include "session/duplicate_view_model.h"
-#include "support/quiet_desktop.h"
 #include "theme/palette.h"
 #include "theme/theme_manager.h"
 
@@ -41,7 +41,7 @@ public:
     void releaseItem() override {}
 };
 
-class MuteDesktop final : public QuietDesktop
+class MuteDesktop final : public HeadlessDesktop
 {
 public:
     [[nodiscard]] std::unique_ptr<PreviewPlayer> openPreview(const QString &) override

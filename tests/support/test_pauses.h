@@ -3,8 +3,10 @@
 #include "analysis/pauses.h"
 
 #include <QCoroFuture>
+#include <QCoroTimer>
 #include <QPromise>
 
+#include <functional>
 #include <memory>
 #include <vector>
 
@@ -38,6 +40,19 @@ private:
         std::shared_ptr<QPromise<void>> end;
     };
     std::vector<Pause> m_pauses;
+};
+
+/// Pauses that last one turn of the event loop, after telling the test.
+class InstantPauses final : public Pauses
+{
+public:
+    std::function<void(std::chrono::milliseconds length)> onPause = [](std::chrono::milliseconds) {};
+
+    [[nodiscard]] QCoro::Task<> wait(std::chrono::milliseconds length) override
+    {
+        onPause(length);
+        co_await QCoro::sleepFor(std::chrono::milliseconds(0));
+    }
 };
 
 } // namespace sonavo
