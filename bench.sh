@@ -7,6 +7,14 @@ root=$(cd -- "$(dirname -- "${BASH_SOURCE[0]}")" && pwd)
 # shellcheck source=scripts/prepare.sh
 source "$root/scripts/prepare.sh"
 
+case ${1-all} in
+all | analysis | import | memory | response | results) ;;
+*)
+    echo "There is no benchmark called $1" >&2
+    exit 2
+    ;;
+esac
+
 install_packages "${BUILD_PACKAGES[@]}" "${BENCH_PACKAGES[@]}"
 (build "$root" bench)
 
@@ -16,14 +24,9 @@ run() {
     shift
     case $name in
     analysis) "$benchmarks/bench_analysis" "$@" ;;
-    import) "$benchmarks/bench_import" import "$root/build/bench/bin/sonavo" "$@" ;;
-    memory) "$benchmarks/bench_import" memory "$root/build/bench/bin/sonavo" "$@" ;;
+    import | memory) "$benchmarks/bench_import" "$name" "$benchmarks/sonavo" "$@" ;;
     response) "$benchmarks/bench_response" "$@" ;;
     results) "$benchmarks/bench_results" "$@" ;;
-    *)
-        echo "There is no benchmark called $name" >&2
-        return 2
-        ;;
     esac
 }
 

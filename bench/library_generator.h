@@ -67,8 +67,7 @@ struct LibraryPlan
 ///
 /// A plan gives the same library everywhere.
 /// @return songs with distinct ids and paths, in the order in which a scan of the root would find them;
-/// artist
-///     and title are what a scan reads from the file name
+///     artist and title are what a scan reads from the file name
 [[nodiscard]] QList<Song> generateLibrary(const LibraryPlan &plan);
 
 } // namespace sonavo

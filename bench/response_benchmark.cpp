@@ -1,4 +1,4 @@
-#include "app/headless_desktop.h"
+#include "actions/headless_desktop.h"
 #include "bench/library_files.h"
 #include "bench/library_generator.h"
 #include "session/duplicate_view_model.h"

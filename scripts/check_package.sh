@@ -33,7 +33,7 @@ inside "$system" sonavo --report Music | grep '6 groups'
 
 echo "== window and playback"
 inside "$system" sudo env DEBIAN_FRONTEND=noninteractive apt-get install --yes --no-install-recommends \
-    xvfb openbox xdotool x11-apps pulseaudio pulseaudio-utils dbus-daemon >"$system/install.log" 2>&1
+    xvfb openbox xdotool ffmpeg pulseaudio pulseaudio-utils dbus-daemon >"$system/install.log" 2>&1
 inside "$system" bash use_window.sh sonavo Music
-cp "$home/window.xwd" "$root/build/package_window.xwd"
+cp "$home/window.png" "$root/build/package_window.png"
 echo "The package is right: $package"

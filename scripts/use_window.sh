@@ -1,6 +1,6 @@
 #!/usr/bin/env bash
 # Opens Sonavo on a virtual screen, lets it scan a folder, plays the first song of the results, and quits. Fails unless
-# something was heard. Leaves a picture of the screen in window.xwd. Arguments: the program and the folder.
+# something was heard. Leaves a picture of the screen in window.png. Arguments: the program and the folder.
 set -euo pipefail
 
 program=$1
@@ -8,7 +8,7 @@ folder=$2
 
 XDG_RUNTIME_DIR=$(mktemp --directory)
 export XDG_RUNTIME_DIR DISPLAY=:77 PULSE_SERVER=unix:$XDG_RUNTIME_DIR/sound
-trap 'kill $(jobs -p) 2>/dev/null || true' EXIT
+trap "kill \$(jobs -p) 2>/dev/null || true" EXIT
 
 # wait_for COMMAND... tries until it succeeds, 30 seconds at most.
 wait_for() {
@@ -43,7 +43,7 @@ recorder=$!
 # The list of results takes the keys: the first row is a group, the next its original.
 xdotool key --window "$window" --delay 200 Tab Tab Tab Tab Tab Tab Home Down space
 sleep 2
-xwd -root -silent -out window.xwd
+ffmpeg -nostdin -loglevel error -f x11grab -i "$DISPLAY" -frames:v 1 -y window.png
 kill "$recorder"
 wait "$recorder" || true
 loud=$(od --address-radix=n --format=d2 --width=2 "$XDG_RUNTIME_DIR/heard" | awk '$1 > 300 || $1 < -300' | wc -l)

@@ -4,7 +4,7 @@
 //
 // SONGS is a folder of music with duplicates. Sizes are logical pixels; the pictures at 200 % have twice as
 // many.
-#include "app/headless_desktop.h"
+#include "actions/headless_desktop.h"
 #include "session/duplicate_view_model.h"
 #include "theme/palette.h"
 #include "theme/theme_manager.h"

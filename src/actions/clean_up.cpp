@@ -45,11 +45,6 @@ CleanUpOutcome cleanUp(const QList<DuplicateGroup> &groups, const Dispose &dispo
     return outcome;
 }
 
-QList<Song> membersOf(const DuplicateGroup &group)
-{
-    return QList<Song>{group.original} + group.duplicates;
-}
-
 /// Whether the file of a song is also that of another member of a group that holds the song.
 bool isListedTwice(const Song &song, const QList<DuplicateGroup> &groups)
 {

@@ -11,7 +11,7 @@
 
 namespace sonavo {
 
-/// A fresh folder that duplicates are moved into. It never overwrites a file, not even one that somebody else
+/// The folder that duplicates are moved into. It never overwrites a file, not even one that somebody else
 /// puts there at the same moment, and it never holds half a file under a song's name.
 class DuplicatesFolder
 {

@@ -8,7 +8,7 @@ namespace sonavo {
 /// nothing means success.
 struct Failure
 {
-    /// In words for the person, in the language of the system; never empty.
+    /// In words for the person; never empty. What the system says is in its language.
     QString reason;
 };
 

@@ -1,7 +1,7 @@
 #include "analysis/duplicate_finder.h"
 
+#include "analysis/number_table.h"
 #include "analysis/similarity.h"
-#include "analysis/text_pool.h"
 
 #include <QHashFunctions>
 

@@ -19,7 +19,7 @@ namespace sonavo {
 [[nodiscard]] std::string normalizeString(QStringView text);
 
 /// The two halves of normalizeString(), for many texts in a row: they reuse the memory of `result`, which
-/// they overwrite. Lower-casing has no look at neighbouring characters, so a text can be lower-cased in
+/// they overwrite. Lower-casing never looks at neighbouring characters, so a text can be lower-cased in
 /// pieces.
 void lowerInto(QString &result, const QString &text);
 void normalizeLoweredInto(std::string &result, QStringView loweredText);

@@ -93,11 +93,11 @@ CommandLine parseCommandLine(std::span<char *const> arguments)
     if (!parser.parse(texts))
         return unusable(escapedForTerminal(parser.errorText()));
     if (parser.isSet(help)) {
-        commandLine.request = HelpRequest{helpText()};
+        commandLine.request = TextRequest{helpText()};
         return commandLine;
     }
     if (parser.isSet(version)) {
-        commandLine.request = HelpRequest{QStringLiteral("sonavo " SONAVO_VERSION "\n")};
+        commandLine.request = TextRequest{QStringLiteral("sonavo " SONAVO_VERSION "\n")};
         return commandLine;
     }
     const bool isReport = parser.isSet(report);

@@ -31,8 +31,8 @@ struct WindowRequest
     QList<QUrl> items;
 };
 
-/// Print a text for the person and end the program.
-struct HelpRequest
+/// Print a text that was asked for, the help or the version, and end the program.
+struct TextRequest
 {
     QString text;
 };
@@ -45,7 +45,7 @@ struct UnusableArguments
 
 struct CommandLine
 {
-    std::variant<WindowRequest, ReportRequest, HelpRequest, UnusableArguments> request;
+    std::variant<WindowRequest, ReportRequest, TextRequest, UnusableArguments> request;
     /// What was passed over, in words for the person.
     QStringList warnings;
 };

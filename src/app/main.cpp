@@ -48,7 +48,7 @@ int main(int argc, char *argv[])
                 endWithin(std::chrono::seconds(5), reported);
                 return reported;
             },
-            [](const HelpRequest &request) {
+            [](const TextRequest &request) {
                 print(stdout, request.text);
                 return ExitStatus::Success;
             },

@@ -1,6 +1,6 @@
 #include "app/report_command.h"
 
-#include "app/headless_desktop.h"
+#include "actions/headless_desktop.h"
 #include "app/interrupt.h"
 #include "app/progress_line.h"
 #include "app/report.h"

@@ -1,5 +1,7 @@
 #include "desktop/music_dialog.h"
 
+#include "model/audio_formats.h"
+
 #include <QAbstractItemView>
 #include <QAction>
 #include <QDir>
@@ -84,7 +86,7 @@ public:
     {
         setFileMode(ExistingFiles);
         setOption(ReadOnly);
-        setNameFilter(QStringLiteral("Songs (*.mp3 *.m4a *.wav *.aac *.flac)"));
+        setNameFilter(QStringLiteral("Songs (*.%1)").arg(audioExtensions().join(QStringLiteral(" *."))));
         connect(selection(), &QItemSelectionModel::selectionChanged, this, [this] { nameSelected(); });
         connect(this, &QFileDialog::directoryEntered, this, [this] { chooseNothing(); });
     }

@@ -20,6 +20,11 @@ std::optional<DuplicateGroup> repaired(DuplicateGroup group, const QUuid &delete
 
 } // namespace
 
+QList<Song> membersOf(const DuplicateGroup &group)
+{
+    return QList<Song>{group.original} + group.duplicates;
+}
+
 QList<Song> duplicatesOf(const QList<DuplicateGroup> &groups)
 {
     QList<Song> songs;

@@ -29,6 +29,9 @@ public:
     Color color;
 };
 
+/// All songs of a group, the original first.
+[[nodiscard]] QList<Song> membersOf(const DuplicateGroup &group);
+
 /// The duplicates of all groups, in the groups' order and theirs.
 [[nodiscard]] QList<Song> duplicatesOf(const QList<DuplicateGroup> &groups);
 

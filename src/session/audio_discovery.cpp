@@ -1,7 +1,7 @@
 #include "session/audio_discovery.h"
 
+#include "model/audio_formats.h"
 #include "model/saturating.h"
-#include "session/audio_formats.h"
 #include "session/folder_enumeration.h"
 
 #include <QFileInfo>

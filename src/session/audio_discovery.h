@@ -23,8 +23,9 @@ namespace sonavo {
 /// Whether a dropped item is one that songs can come from: a folder, or a file named like an audio file.
 [[nodiscard]] bool isImportable(const QUrl &url);
 
-/// A quick guess at how many songs discoverAudioFiles() would find. At most 101 entries of each folder are
-/// looked at; whenever there are that many, the whole count so far is multiplied by 10.
+/// A quick guess at how many songs discoverAudioFiles() would find. The walk of each
+/// given folder ends at 101 entries; whenever there are that many, the whole count so far is multiplied
+/// by 10.
 /// @return zero or more; a count beyond 64 bits stays at their maximum
 [[nodiscard]] qint64 estimateSongCount(const QList<QUrl> &urls);
 

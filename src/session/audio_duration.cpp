@@ -1,7 +1,7 @@
 #include "session/audio_duration.h"
 
+#include "model/audio_formats.h"
 #include "model/saturating.h"
-#include "session/audio_formats.h"
 
 #include <QFile>
 

@@ -1,7 +1,7 @@
 #include "session/folder_enumeration.h"
 
+#include "model/audio_formats.h"
 #include "model/file_name.h"
-#include "session/audio_formats.h"
 
 #include <QFile>
 #include <QStringDecoder>

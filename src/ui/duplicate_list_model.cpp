@@ -234,9 +234,6 @@ void DuplicateListModel::followRemovedGroup(std::size_t group)
 
 void DuplicateListModel::followChangedGroup(std::size_t group, const DuplicateGroup &changed)
 {
-    const auto membersOf = [](const DuplicateGroup &some) {
-        return QList<Song>{some.original} + some.duplicates;
-    };
     const QList<Song> before = membersOf(groupAt(group));
     const QList<Song> after = membersOf(changed);
     const auto haveSameId = [](const Song &a, const Song &b) { return a.id == b.id; };

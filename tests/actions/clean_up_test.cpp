@@ -1,5 +1,5 @@
 #include "actions/clean_up.h"
-#include "app/headless_desktop.h"
+#include "actions/headless_desktop.h"
 #include "support/audio_fixtures.h"
 
 #include <QDir>

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "app/headless_desktop.h"
+#include "actions/headless_desktop.h"
 #include "desktop/trash.h"
 
 #include <functional>

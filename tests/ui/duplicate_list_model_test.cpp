@@ -1,4 +1,4 @@
-#include "app/headless_desktop.h"
+#include "actions/headless_desktop.h"
 #include "session/music_folder.h"
 #include "support/test_pauses.h"
 #include "ui/duplicate_list_model.h"

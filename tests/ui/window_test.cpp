@@ -205,7 +205,7 @@ TEST_F(WindowTest, ShowsAnAlertUntilItIsDismissed)
         expectFitForAll();
         EXPECT_NE(find(QAccessible::Dialog, ALERT), nullptr);
         EXPECT_NE(find(QAccessible::AlertMessage, ALERT), nullptr);
-        EXPECT_TRUE(waitFor([this] { return alerts.removeAll(ALERT) == 1; }));
+        EXPECT_TRUE(waitFor([] { return alerts.removeAll(ALERT) == 1; }));
         isClicked ? click(u"OK"_s) : press(Qt::Key_Return);
         EXPECT_TRUE(waitForNoText(ALERT));
         EXPECT_FALSE(session.showAlert());
@@ -228,7 +228,7 @@ TEST_F(WindowTest, ShowsAToastUntilItIsClosedOrItsTimeIsOver)
         ASSERT_NE(toast, nullptr);
         EXPECT_LE(placeOf(toast->object()).width(), 500);
         expectFitForAll();
-        EXPECT_TRUE(waitFor([this] { return alerts.removeAll(LONG_TOAST) == 1; }));
+        EXPECT_TRUE(waitFor([] { return alerts.removeAll(LONG_TOAST) == 1; }));
         isClosed ? click(u"Close"_s) : endPauses(true);
         EXPECT_TRUE(waitForNoText(LONG_TOAST));
         EXPECT_FALSE(session.showToast());

@@ -1,5 +1,6 @@
 #pragma once
 
+#include <QStringList>
 #include <QStringView>
 
 #include <optional>
@@ -15,6 +16,9 @@ enum class AudioFormat
     Aac,
     Flac
 };
+
+/// The file extensions of all formats, in small letters and without a dot.
+[[nodiscard]] QStringList audioExtensions();
 
 /// The audio format that a path's extension names, in any case. Nothing but the name is looked at.
 [[nodiscard]] std::optional<AudioFormat> audioFormatOf(QStringView path);
