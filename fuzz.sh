@@ -45,7 +45,8 @@ seed_song_reading() {
     done
 }
 
-# The songs of each folder by their names: see matching_fuzzer.cpp.
+# The songs of each folder by their names, as they are and with texts of four times the length: see
+# matching_fuzzer.cpp.
 seed_matching() {
     local folder song base
     new_seeds matching
@@ -55,6 +56,7 @@ seed_matching() {
             base=${song%.*}
             printf 'AA%s\n%s\n%s\n' "${base%% - *}" "${base#* - }" "$song"
         done >"$seeds/${folder%/}"
+        sed 's/$/\x7F\x7F/' "$seeds/${folder%/}" >"$seeds/${folder%/}.long"
     done
 }
 
@@ -73,7 +75,7 @@ seed_song_reading
 seed_matching
 echo "Fuzzing for $seconds seconds"
 export UBSAN_OPTIONS=print_stacktrace=1
-fuzz song_reading -max_len=65536 &
+fuzz song_reading -max_len=32768 -dict="$root/fuzz/song_reading.dict" &
 runs=($!)
 fuzz matching -max_len=512 &
 runs+=($!)

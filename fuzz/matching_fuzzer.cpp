@@ -28,10 +28,11 @@ namespace {
 
 const QList<Color> COLORS = {{0, 0, 0, 0}, {0, 0, 0, 1}, {0, 0, 0, 2}};
 /// The direct analysis compares every two songs in every step.
-constexpr qsizetype MOST_SONGS = 6;
+constexpr qsizetype MOST_SONGS = 5;
 
 /// Reads songs from bytes: two for its numbers, then its artist, title and file name, each up to the end of a
-/// line. Bytes of ASCII stand for themselves, so that a mutated text is still a text.
+/// line. Bytes of ASCII stand for themselves, so that a mutated text is still a text, but for one that
+/// doubles the line so far: long texts have an arithmetic of their own.
 class SongReader
 {
 public:
@@ -48,6 +49,10 @@ public:
     }
 
 private:
+    static constexpr std::uint8_t DOUBLING = 0x7F;
+    /// UTF-16 units that doubling leads to.
+    static constexpr qsizetype LONGEST_LINE = 300;
+
     std::uint8_t byte()
     {
         if (m_bytes.empty())
@@ -85,7 +90,10 @@ private:
             const std::uint8_t first = byte();
             if (first == '\n')
                 break;
-            text += QChar(character(first));
+            if (first == DOUBLING)
+                text += text.first(std::clamp<qsizetype>(LONGEST_LINE - text.size(), 0, text.size()));
+            else
+                text += QChar(character(first));
         }
         return text;
     }
@@ -272,10 +280,10 @@ int LLVMFuzzerTestOneInput(const std::uint8_t *data, std::size_t size)
     using namespace sonavo;
     const QList<Song> songs = SongReader({data, size}).songs();
     for (qsizetype i = 0; i < songs.size(); ++i) {
-        checkTexts(songs[i].artist, songs[i].title);
+        const Song &other = songs[i == 0 ? songs.size() - 1 : i - 1];
+        checkTexts(songs[i].artist, other.artist);
         checkTexts(songs[i].title, songs[i].name);
-        for (qsizetype j = 0; j <= i; ++j)
-            checkPair(songs[i], songs[j]);
+        checkPair(songs[i], other);
     }
     checkClusters(songs);
     checkArtistIndex(songs);
