@@ -1,6 +1,6 @@
 #!/usr/bin/env bash
-# Installs what is missing and runs all checks: formatting, clang-tidy, the views' lint, and the tests twice, optimised
-# and under sanitizers.
+# Installs what is missing and runs all checks: formatting, clang-tidy, the views' lint, the tests twice, optimised and
+# under sanitizers, and for a moment the fuzzers.
 set -euo pipefail
 
 root=$(cd -- "$(dirname -- "${BASH_SOURCE[0]}")" && pwd)
@@ -30,7 +30,8 @@ check_installation() {
 }
 
 echo "Checking the formatting"
-find src tests bench tools -name '*.cpp' -print0 -o -name '*.h' -print0 | xargs --null clang-format-14 --dry-run -Werror
+find src tests bench tools fuzz -name '*.cpp' -print0 -o -name '*.h' -print0 |
+    xargs --null clang-format-14 --dry-run -Werror
 echo "Checking the code"
 check_code
 
@@ -45,3 +46,5 @@ for preset in test sanitize; do
     echo "Testing ($preset)"
     ctest --preset "$preset" --parallel "$(nproc)" --progress
 done
+
+"$root/fuzz.sh" 10

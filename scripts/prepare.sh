@@ -78,17 +78,18 @@ quietly() {
     fi
 }
 
-# build ROOT PRESET configures where that is needed and builds what has changed.
+# build ROOT PRESET [TARGET...] configures where that is needed and builds what has changed.
 build() {
     local root=$1 preset=$2
+    shift 2
     local tree=$root/build/$preset
     mkdir -p "$tree"
     cd "$root"
     if [[ ! -e $tree/build.ninja || CMakePresets.json -nt $tree/build.ninja ]]; then
         quietly "$tree/configure.log" cmake --preset "$preset"
     fi
-    if [[ -z $(ninja -C "$tree" -n 2>/dev/null | grep 'no work to do') ]]; then
+    if [[ -z $(ninja -C "$tree" -n "$@" 2>/dev/null | grep 'no work to do') ]]; then
         echo "Building ($preset)" >&2
     fi
-    quietly "$tree/build.log" cmake --build --preset "$preset"
+    quietly "$tree/build.log" cmake --build --preset "$preset" --target "${@:-all}"
 }

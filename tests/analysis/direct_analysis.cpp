@@ -103,7 +103,8 @@ QString normalizeString(const QString &text)
     static const QRegularExpression separators(u"[^a-z0-9]+"_s);
     static const QRegularExpression ends(uR"(^\s+|\s+$)"_s);
     static const QRegularExpression blanks(uR"(\s+)"_s);
-    QString result = text.toLower();
+    // Half a character is none; in a text that holds one the expressions would find nothing.
+    QString result = QString::fromUtf8(text.toUtf8()).toLower();
     result.replace(brackets, u""_s);
     result.replace(separators, u" "_s);
     result.replace(ends, u""_s);
