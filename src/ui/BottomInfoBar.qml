@@ -23,5 +23,7 @@ Rectangle {
         textFormat: Text.PlainText
         font.pixelSize: 12
         color: bar.duplicateCount === 0 ? Colors.textSecondary : Colors.textPrimary
+        Accessible.role: Accessible.StaticText
+        Accessible.name: text
     }
 }

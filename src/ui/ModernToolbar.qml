@@ -51,6 +51,8 @@ Rectangle {
             font.pixelSize: 13
             color: Colors.accent
             rightPadding: 6
+            Accessible.role: Accessible.StaticText
+            Accessible.name: text
         }
 
         SymbolLabel {
@@ -60,6 +62,8 @@ Rectangle {
             font.pixelSize: 13
             color: Colors.textSecondary
             rightPadding: 6
+            Accessible.role: Accessible.StaticText
+            Accessible.name: text
         }
 
         ToolbarButton {

@@ -80,6 +80,8 @@ Rectangle {
             text: qsTr("Your music library is clean and organized")
             font.pixelSize: 16
             color: Colors.textSecondary
+            Accessible.role: Accessible.StaticText
+            Accessible.name: text
         }
 
         Row {
@@ -117,6 +119,8 @@ Rectangle {
             symbolSize: 14
             symbolColor: Colors.accent
             font.pixelSize: 14
+            Accessible.role: Accessible.StaticText
+            Accessible.name: text
         }
     }
 }

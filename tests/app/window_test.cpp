@@ -186,12 +186,14 @@ TEST_F(ProgramWindowTest, CleansUpAfterListening)
 
     EXPECT_TRUE(m_desktop.click(placesOf(u"push button"_s, u"Delete this song"_s).back().center()));
     EXPECT_TRUE(waitFor([&] { return placesOf(u"push button"_s, play).size() == 2; }));
+    EXPECT_FALSE(placeOf(u"label"_s, u"1 duplicates"_s).isEmpty());
     click(u"push button"_s, u"Move Duplicates"_s);
     EXPECT_TRUE(sound->becomesSilent()) << "the song that is to be moved plays no longer";
     EXPECT_FALSE(placeOf(u"push button"_s, u"Select Folder"_s).isEmpty());
     EXPECT_TRUE(m_desktop.xdotool({u"type"_s, target}));
     EXPECT_TRUE(m_desktop.xdotool({u"key"_s, u"Return"_s}));
     EXPECT_FALSE(placeOf(u"heading"_s, u"Perfect! No Duplicates Found"_s).isEmpty());
+    EXPECT_FALSE(placeOf(u"label"_s, u"1 songs scanned"_s).isEmpty());
 
     const QStringList folders = QDir(target).entryList(QDir::Dirs | QDir::NoDotAndDotDot);
     ASSERT_EQ(folders.size(), 1);
