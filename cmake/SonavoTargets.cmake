@@ -5,7 +5,7 @@ target_compile_features(sonavo_options INTERFACE cxx_std_20)
 target_compile_definitions(
     sonavo_options INTERFACE QT_NO_CAST_FROM_ASCII QT_NO_CAST_TO_ASCII QT_NO_KEYWORDS QT_NO_FOREACH
                              QT_DISABLE_DEPRECATED_BEFORE=0x060400
-                             $<$<BOOL:${SONAVO_BUILD_TESTS}>:QT_FORCE_ASSERTS>)
+                             $<$<OR:$<BOOL:${SONAVO_BUILD_TESTS}>,$<BOOL:${SONAVO_BUILD_SOAK}>>:QT_FORCE_ASSERTS>)
 target_compile_options(
     sonavo_options
     INTERFACE -Wall

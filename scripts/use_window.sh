@@ -48,7 +48,7 @@ kill "$recorder"
 wait "$recorder" || true
 loud=$(od --address-radix=n --format=d2 --width=2 "$XDG_RUNTIME_DIR/heard" | awk '$1 > 300 || $1 < -300' | wc -l)
 echo "$loud loud samples were heard"
-((loud > 1000))
+((loud > 200))
 
 xdotool key --window "$window" ctrl+q
 wait "$window_program"

@@ -36,7 +36,7 @@ protected:
     {
         m_program.setArguments(arguments);
         m_program.start();
-        ASSERT_TRUE(QTest::qWaitFor([this] { return m_disk.hangingReads() == 1; }, PATIENCE_MS));
+        ASSERT_TRUE(QTest::qWaitFor([this] { return m_disk.hangingReads() > 0; }, PATIENCE_MS));
     }
 
     void expectSuccess()
@@ -44,7 +44,7 @@ protected:
         ASSERT_TRUE(m_program.waitForFinished(PATIENCE_MS));
         EXPECT_EQ(m_program.exitStatus(), QProcess::NormalExit);
         EXPECT_EQ(m_program.exitCode(), 0) << m_program.readAllStandardError().toStdString();
-        EXPECT_EQ(m_disk.hangingReads(), 1);
+        EXPECT_GE(m_disk.hangingReads(), 1); // what interrupts a read makes it a second one
     }
 
     const QTemporaryDir m_folder;

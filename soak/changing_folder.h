@@ -1,0 +1,71 @@
+#pragma once
+
+#include "bench/random_source.h"
+
+#include <QFile>
+#include <QSet>
+#include <QString>
+#include <QStringList>
+
+#include <atomic>
+#include <mutex>
+#include <thread>
+
+namespace sonavo {
+
+/// A music folder with many duplicates that a thread of its own keeps changing: files and folders come and
+/// go, get other names and other content, and cannot be read. Where the rights allow it, a volume is mounted
+/// inside and pulled out while a file is open on it. Never without songs, and never more than a few hundred.
+class ChangingFolder
+{
+public:
+    /// Fills the folder and starts to change it. @param root an empty folder
+    ChangingFolder(QString root, std::uint64_t seed);
+    /// Leaves nothing mounted.
+    ~ChangingFolder();
+    Q_DISABLE_COPY_MOVE(ChangingFolder)
+
+    [[nodiscard]] const QString &path() const { return m_root; }
+    /// The folders in it, at least one.
+    [[nodiscard]] QStringList boxes() const;
+
+    /// Nothing changes until the lock is gone.
+    [[nodiscard]] std::unique_lock<std::mutex> standStill() { return std::unique_lock(m_mutex); }
+
+    /// Forgets what was there earlier, for hasHeld().
+    void beginRecord();
+    /// Whether a file has been there at some time since the record began.
+    [[nodiscard]] bool hasHeld(const QString &path);
+
+    [[nodiscard]] int changeCount() const { return m_changes; }
+    [[nodiscard]] int pulledVolumeCount() const { return m_pulledVolumes; }
+
+private:
+    void run(const std::stop_token &stop);
+    void change();
+    void record();
+    [[nodiscard]] QStringList files() const;
+    [[nodiscard]] QString boxPath(std::size_t number) const;
+    [[nodiscard]] QString newBoxPath() { return boxPath(m_nextBox++); }
+    void fill(const QString &box, std::size_t songs);
+    void replaceBox(const QString &box);
+    void copyFile(const QString &file, const QString &box);
+    void changeContent(const QString &file);
+    void makeUnreadable(const QString &file);
+    void mountOrPullVolume();
+
+    const QString m_root;
+    RandomSource m_random;
+    std::size_t m_nextBox = 0;
+    std::size_t m_nextName = 0;
+    /// Open as long as the volume is mounted.
+    QFile m_fileOnVolume;
+    QSet<QString> m_record;
+    std::atomic<int> m_changes = 0;
+    std::atomic<int> m_pulledVolumes = 0;
+    /// Held during every single change.
+    std::mutex m_mutex;
+    std::jthread m_thread;
+};
+
+} // namespace sonavo
