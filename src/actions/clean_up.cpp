@@ -30,11 +30,9 @@ CleanUpOutcome cleanUp(const QList<DuplicateGroup> &groups, const Dispose &dispo
             const auto identity = identityOf(song.path);
             if (isGone(song.path)) {
                 vanished(outcome);
-            } else if (!identity) {
-                ++outcome.failed;
-            } else if (originals.contains(*identity)) {
+            } else if (identity && originals.contains(*identity)) {
                 continue;
-            } else if (identityOf(group.original.path) && dispose(song.path)) {
+            } else if (identity && identityOf(group.original.path) && dispose(song.path)) {
                 ++outcome.moved;
                 outcome.savedBytes = saturatingSum(outcome.savedBytes, song.size);
             } else {
