@@ -1,13 +1,13 @@
 #include "soak/soak_run.h"
 
 #include "actions/headless_desktop.h"
+#include "session/disk_task.h"
 #include "session/event_loop_pauses.h"
 #include "theme/palette.h"
 #include "theme/theme_manager.h"
 
 #include <QElapsedTimer>
 #include <QTest>
-#include <QThreadPool>
 
 #include <algorithm>
 #include <cstdio>
@@ -271,7 +271,7 @@ void SoakRun::settle()
 {
     constexpr int REST_MS = 500;
     static_cast<void>(QTest::qWaitFor([this] { return !m_session.showToast(); }, SCREEN_CHANGE_MS));
-    QThreadPool::globalInstance()->waitForDone();
+    diskThreads().waitForDone();
     m_window.collectGarbage();
     QElapsedTimer rest;
     rest.start();
