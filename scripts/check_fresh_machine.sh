@@ -15,10 +15,10 @@ trap 'remove_minimal_root "$system"' EXIT
 new_minimal_root "$system"
 
 # What is committed, with a blank in the path.
-checkout="/home/person/my projects/sonavo"
+checkout="/srv/person/my projects/sonavo"
 mkdir -p "$system$checkout"
 git -C "$root" archive HEAD | tar --extract --directory "$system$checkout"
-chroot "$system" chown -R person: /home/person
+chroot "$system" chown -R person: /srv/person
 
 for script in "${@:-run.sh test.sh}"; do
     for name in $script; do

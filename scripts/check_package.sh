@@ -16,11 +16,11 @@ system=$(mktemp --directory)/system
 trap 'remove_minimal_root "$system"' EXIT
 new_minimal_root "$system"
 
-home=$system/home/person
+home=$system/srv/person
 cp "$package" "$home/sonavo.deb"
 cp -r "$root/samples" "$home/Music"
 cp "$root/scripts/use_window.sh" "$home/"
-chroot "$system" chown -R person: /home/person
+chroot "$system" chown -R person: /srv/person
 
 echo "== installing"
 inside "$system" sudo apt-get update >/dev/null

@@ -25,7 +25,7 @@ new_minimal_root() {
     cp -a /etc/apt/keyrings /etc/apt/trusted.gpg.d "$target/etc/apt/" 2>/dev/null || true
     cp -aL /etc/resolv.conf /etc/hosts "$target/etc/"
 
-    chroot "$target" useradd --create-home --shell /bin/bash person
+    chroot "$target" useradd --create-home --home-dir /srv/person --shell /bin/bash person
     echo "person ALL=(ALL) NOPASSWD: ALL" >"$target/etc/sudoers.d/person"
     mount -t proc proc "$target/proc"
     mount --rbind --make-rslave /dev "$target/dev"

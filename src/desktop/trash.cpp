@@ -20,6 +20,7 @@
 
 #include <cerrno>
 #include <filesystem>
+#include <numeric>
 #include <string>
 
 namespace sonavo {
@@ -186,19 +187,53 @@ std::error_code renameToNew(const fs::path &from, const fs::path &to)
     return {renameWithoutReplacing(from.c_str(), to.c_str()), std::generic_category()};
 }
 
+fs::path placeOfNote(const Trash &trash, const QString &name)
+{
+    return trash.folder / "info" / nativePath(name + NOTE_ENDING);
+}
+
+fs::path placeOfFile(const Trash &trash, const QString &name)
+{
+    return trash.folder / "files" / nativePath(name);
+}
+
+/// The first number whose name is free, without a look at every one before: thousands of songs can have one
+/// name. Where the numbers have gaps, it is the first behind some name that is taken.
+int freeNumber(const Trash &trash, const QString &name)
+{
+    const auto isTaken = [&](int number) {
+        const QString candidate = nameInTrash(name, number);
+        std::error_code error;
+        return fs::exists(fs::symlink_status(placeOfNote(trash, candidate), error)) ||
+               fs::exists(fs::symlink_status(placeOfFile(trash, candidate), error));
+    };
+    int taken = 0;
+    int free = 1;
+    while (free < MOST_OF_ONE_NAME && isTaken(free)) {
+        taken = free;
+        free *= 2;
+    }
+    while (free - taken > 1) {
+        const int middle = std::midpoint(taken, free);
+        (isTaken(middle) ? taken : free) = middle;
+    }
+    return free;
+}
+
 /// @param file in a folder without links
 std::error_code moveInto(const Trash &trash, const fs::path &file, const QString &name)
 {
     const std::error_code isTaken = std::make_error_code(std::errc::file_exists);
     const QByteArray content = noteAbout(file, trash);
     std::error_code error = isTaken;
-    for (int number = 1; error == isTaken && number <= MOST_OF_ONE_NAME; ++number) {
+    // Somebody else can take the name first.
+    for (int number = freeNumber(trash, name); error == isTaken && number <= MOST_OF_ONE_NAME; ++number) {
         const QString newName = nameInTrash(name, number);
-        const fs::path note = trash.folder / "info" / nativePath(newName + NOTE_ENDING);
+        const fs::path note = placeOfNote(trash, newName);
         error = writeNew(note, content);
         if (error)
             continue;
-        error = renameToNew(file, trash.folder / "files" / nativePath(newName));
+        error = renameToNew(file, placeOfFile(trash, newName));
         if (error)
             ::unlink(note.c_str());
     }
