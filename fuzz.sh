@@ -74,7 +74,7 @@ fuzz() {
 seed_song_reading
 seed_matching
 echo "Fuzzing for $seconds seconds"
-export UBSAN_OPTIONS=print_stacktrace=1
+export UBSAN_OPTIONS=print_stacktrace=1 ASAN_SYMBOLIZER_PATH=/usr/lib/llvm-14/bin/llvm-symbolizer
 # Memory that one input freed need not be kept for the next ones, nor long stacks: Qt's frames cannot be followed, and
 # guesses at them never end.
 export ASAN_OPTIONS=quarantine_size_mb=32:malloc_context_size=4

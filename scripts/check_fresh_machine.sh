@@ -20,15 +20,19 @@ mkdir -p "$system$checkout"
 git -C "$root" archive HEAD | tar --extract --directory "$system$checkout"
 chroot "$system" chown -R person: /srv/person
 
-for script in "${@:-run.sh test.sh}"; do
-    for name in $script; do
-        echo "== $name"
-        time inside "$system" bash -c "cd '$checkout' && CI=true ./$name"
-    done
+scripts=("${@:-run.sh}")
+(($# > 0)) || scripts+=(test.sh)
+for script in "${scripts[@]}"; do
+    echo "== $script"
+    time inside "$system" bash -c "cd '$checkout' && CI=true ./$script"
 done
-echo "== run.sh once more installs and builds nothing"
-said=$(inside "$system" bash -c "cd '$checkout' && ./run.sh 2>&1 >report.txt")
-if grep -E 'Installing|Building' <<<"$said"; then
-    exit 1
+
+if [[ " ${scripts[*]} " == *" run.sh "* ]]; then
+    echo "== run.sh once more, which installs and builds nothing"
+    said=$(inside "$system" bash -c "cd '$checkout' && ./run.sh 2>&1 >report.txt")
+    if grep -E 'Installing|Building' <<<"$said"; then
+        exit 1
+    fi
+    inside "$system" grep 'groups' "$checkout/report.txt"
 fi
-inside "$system" grep 'groups' "$checkout/report.txt"
+echo "All is well on a fresh machine"

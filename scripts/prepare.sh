@@ -21,8 +21,9 @@ BUILD_PACKAGES=(
 TEST_PACKAGES=(
     libgtest-dev libgmock-dev librapidcheck-dev
     clang-format-14 clang-tidy-14 ffmpeg
-    # The compiler of the sanitizers' build; the tests' other build has the distribution's own.
-    clang-14 libclang-rt-14-dev
+    # The compiler of the sanitizers' build, and what gives their reports names; the tests' other build has the
+    # distribution's compiler.
+    clang-14 libclang-rt-14-dev llvm-14
     # A desktop for the program's window: screen, window manager, mouse, and a screen reader's way in.
     xvfb openbox xdotool dbus-daemon at-spi2-core
     # Switches the accessibility of windows on that no desktop shows.
