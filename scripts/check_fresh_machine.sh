@@ -1,6 +1,6 @@
 #!/usr/bin/env bash
 # Checks that ./run.sh and ./test.sh do all that they promise on a fresh machine: as a person with sudo in a minimal
-# system of this distribution. Takes root, and half an hour. Arguments: the scripts to run, both without any.
+# system of this distribution. Takes root, and 20 minutes. Arguments: the scripts to run, both without any.
 set -euo pipefail
 
 root=$(cd -- "$(dirname -- "${BASH_SOURCE[0]}")/.." && pwd)
