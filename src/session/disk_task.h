@@ -7,7 +7,6 @@
 #include <functional>
 #include <memory>
 #include <mutex>
-#include <optional>
 #include <stop_token>
 #include <utility>
 
@@ -78,11 +77,12 @@ public:
     /// @return whether `result` is the result
     bool settle(T result)
     {
+        // Stopped first, the work could still end in time, with a result that lacks what it was stopped in.
+        const bool isFirst = m_shared->state.leave();
         m_shared->state.stop.request_stop();
-        if (!m_shared->state.leave())
-            return false;
-        m_shared->settle(std::move(result));
-        return true;
+        if (isFirst)
+            m_shared->settle(std::move(result));
+        return isFirst;
     }
 
 private:
