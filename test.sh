@@ -30,7 +30,7 @@ check_installation() {
 }
 
 echo "Checking the formatting"
-find src tests bench tools fuzz soak -name '*.cpp' -print0 -o -name '*.h' -print0 |
+find src tests testing generators bench tools fuzz soak -name '*.cpp' -print0 -o -name '*.h' -print0 |
     xargs --null clang-format-14 --dry-run -Werror
 echo "Checking the code"
 check_code
@@ -47,4 +47,4 @@ for preset in test sanitize; do
     ctest --preset "$preset" --parallel "$(nproc)" --progress
 done
 
-"$root/fuzz.sh" 10
+"$root/scripts/fuzz.sh" 10

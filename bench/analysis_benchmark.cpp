@@ -1,5 +1,5 @@
 #include "bench/direct_finder.h"
-#include "bench/library_generator.h"
+#include "generators/library_generator.h"
 
 #include <algorithm>
 #include <benchmark/benchmark.h>

@@ -1,6 +1,6 @@
 #include "analysis/duplicate_finder.h"
-#include "bench/library_files.h"
-#include "bench/library_generator.h"
+#include "generators/library_files.h"
+#include "generators/library_generator.h"
 
 #include <QTemporaryDir>
 

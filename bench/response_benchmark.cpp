@@ -1,6 +1,6 @@
 #include "actions/headless_desktop.h"
-#include "bench/library_files.h"
-#include "bench/library_generator.h"
+#include "generators/library_files.h"
+#include "generators/library_generator.h"
 #include "session/duplicate_view_model.h"
 #include "session/event_loop_pauses.h"
 

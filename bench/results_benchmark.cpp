@@ -1,5 +1,5 @@
 #include "actions/headless_desktop.h"
-#include "bench/library_files.h"
+#include "generators/library_files.h"
 #include "session/duplicate_view_model.h"
 #include "session/event_loop_pauses.h"
 #include "theme/palette.h"

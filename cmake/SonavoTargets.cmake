@@ -82,13 +82,13 @@ set(SONAVO_COMMON_HEADERS
     <vector>)
 sonavo_precompile(sonavo_precompiled ${SONAVO_COMMON_HEADERS})
 
-# sonavo_add_room(NAME SOURCES... ) adds the static library of one room under src/.
-function(sonavo_add_room name)
+# sonavo_add_module(NAME SOURCES... ) adds the static library of one module under src/.
+function(sonavo_add_module name)
     add_library(sonavo_${name} STATIC ${ARGN})
     target_include_directories(sonavo_${name} PUBLIC ${PROJECT_SOURCE_DIR}/src)
     target_link_libraries(sonavo_${name} PRIVATE sonavo_options)
     target_precompile_headers(sonavo_${name} REUSE_FROM sonavo_precompiled)
-    # What the views can know of the room's types.
+    # What the views can know of the module's types.
     qt_extract_metatypes(sonavo_${name})
 endfunction()
 
@@ -97,7 +97,7 @@ add_library(sonavo_test_options INTERFACE)
 target_link_libraries(sonavo_test_options INTERFACE sonavo_options)
 target_compile_options(sonavo_test_options INTERFACE $<$<CONFIG:RelWithDebInfo>:-O0>)
 
-# sonavo_add_test(NAME SOURCES... ) adds the test executable of one room; link its libraries afterwards.
+# sonavo_add_test(NAME SOURCES... ) adds the test executable of one module; link its libraries afterwards.
 function(sonavo_add_test name)
     add_executable(test_${name} ${ARGN})
     target_include_directories(test_${name} PRIVATE ${PROJECT_SOURCE_DIR}/tests)

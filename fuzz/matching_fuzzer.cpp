@@ -2,12 +2,12 @@
 #include "analysis/bounded_distance.h"
 #include "analysis/bucket_clusterer.h"
 #include "analysis/clustering.h"
+#include "analysis/direct_analysis.h"
 #include "analysis/duplicate_finder.h"
 #include "analysis/normalization.h"
 #include "analysis/prepared_songs.h"
 #include "analysis/similarity.h"
 #include "fuzz/fuzzer.h"
-#include "tests/analysis/direct_analysis.h"
 
 #include <QList>
 #include <QString>

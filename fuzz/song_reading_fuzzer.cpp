@@ -1,6 +1,6 @@
 #include "fuzz/fuzzer.h"
-#include "session/audio_duration.h"
-#include "session/song_reading.h"
+#include "import/audio_duration.h"
+#include "import/song_reading.h"
 
 #include <QByteArray>
 #include <QFile>

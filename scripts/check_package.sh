@@ -11,7 +11,7 @@ source "$root/scripts/prepare.sh"
 source "$root/scripts/minimal_root.sh"
 
 install_packages debootstrap
-package=$("$root/package.sh")
+package=$("$root/scripts/package.sh")
 system=$(mktemp --directory)/system
 trap 'remove_minimal_root "$system"' EXIT
 new_minimal_root "$system"

@@ -1,8 +1,8 @@
 #include "soak/changing_folder.h"
 
-#include "bench/library_files.h"
-#include "bench/library_generator.h"
-#include "bench/small_audio.h"
+#include "generators/library_files.h"
+#include "generators/library_generator.h"
+#include "generators/small_audio.h"
 
 #include <QDir>
 #include <QDirIterator>

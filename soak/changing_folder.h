@@ -1,6 +1,6 @@
 #pragma once
 
-#include "bench/random_source.h"
+#include "generators/random_source.h"
 
 #include <QFile>
 #include <QSet>

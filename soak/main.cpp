@@ -2,7 +2,7 @@
 //
 //     sonavo_soak [SCANS [SEED]]
 #include "soak/soak_run.h"
-#include "support/sound_server.h"
+#include "testing/sound_server.h"
 
 #include <QApplication>
 #include <QHash>

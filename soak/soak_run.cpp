@@ -1,7 +1,7 @@
 #include "soak/soak_run.h"
 
 #include "actions/headless_desktop.h"
-#include "session/disk_task.h"
+#include "import/disk_task.h"
 #include "session/event_loop_pauses.h"
 #include "theme/palette.h"
 #include "theme/theme_manager.h"

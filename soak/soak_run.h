@@ -1,6 +1,6 @@
 #pragma once
 
-#include "bench/random_source.h"
+#include "generators/random_source.h"
 #include "soak/changing_folder.h"
 #include "soak/resources.h"
 #include "soak/soaked_window.h"

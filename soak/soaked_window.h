@@ -2,7 +2,7 @@
 
 #include "desktop/system_desktop.h"
 #include "session/duplicate_view_model.h"
-#include "ui/duplicate_list_model.h"
+#include "ui/results/duplicate_list_model.h"
 
 #include <QQmlApplicationEngine>
 #include <QQuickItem>

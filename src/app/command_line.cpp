@@ -1,6 +1,6 @@
 #include "app/command_line.h"
 
-#include "app/terminal_text.h"
+#include "report/terminal_text.h"
 
 #include <QCommandLineParser>
 #include <QFile>
@@ -115,8 +115,8 @@ CommandLine parseCommandLine(std::span<char *const> arguments)
     } else if (items.isEmpty()) {
         return unusable(QStringLiteral("--report needs at least one PATH"));
     } else {
-        using Format = ReportRequest::Format;
-        commandLine.request = ReportRequest{items, parser.isSet(json) ? Format::Json : Format::Text};
+        commandLine.request =
+            ReportRequest{items, parser.isSet(json) ? ReportFormat::Json : ReportFormat::Text};
     }
     return commandLine;
 }

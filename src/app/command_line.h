@@ -1,5 +1,7 @@
 #pragma once
 
+#include "report/print_report.h"
+
 #include <QList>
 #include <QString>
 #include <QStringList>
@@ -13,15 +15,9 @@ namespace sonavo {
 /// Print the duplicates among these files and folders.
 struct ReportRequest
 {
-    enum class Format
-    {
-        Text,
-        Json
-    };
-
     /// File URLs with absolute paths.
     QList<QUrl> items;
-    Format format = Format::Text;
+    ReportFormat format = ReportFormat::Text;
 };
 
 /// Open the window.

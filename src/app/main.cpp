@@ -1,8 +1,8 @@
 #include "app/command_line.h"
-#include "app/ending.h"
-#include "app/report_command.h"
+#include "app/process_exit.h"
 #include "app/utf8_locale.h"
 #include "app/window_command.h"
+#include "report/print_report.h"
 
 #include <QCoreApplication>
 
@@ -39,14 +39,17 @@ int main(int argc, char *argv[])
     const CommandLine commandLine = parseCommandLine({argv, static_cast<std::size_t>(argc)});
     for (const QString &warning : commandLine.warnings)
         print(stderr, QStringLiteral("sonavo: %1\n").arg(warning));
-    const ExitStatus status = std::visit(
+    const ExitStatus exitStatus = std::visit(
         Overloaded{
             [&](const WindowRequest &request) { return runWindow(argc, argv, request); },
             [&](const ReportRequest &request) {
                 const QCoreApplication application(argc, argv);
-                const ExitStatus reported = runReport(request);
-                endWithin(std::chrono::seconds(5), reported);
-                return reported;
+                exitAtOnceOnInterrupt();
+                const ExitStatus status = printReport(request.items, request.format)
+                                              ? ExitStatus::Success
+                                              : ExitStatus::NothingReported;
+                forceExitAfter(std::chrono::seconds(5), status);
+                return status;
             },
             [](const TextRequest &request) {
                 print(stdout, request.text);
@@ -58,5 +61,5 @@ int main(int argc, char *argv[])
             },
         },
         commandLine.request);
-    return static_cast<int>(status);
+    return static_cast<int>(exitStatus);
 }

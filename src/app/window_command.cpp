@@ -1,8 +1,7 @@
 #include "app/window_command.h"
 
-#include "app/ending.h"
+#include "app/process_exit.h"
 #include "app/sonavo_app.h"
-#include "app/termination.h"
 
 #include <QApplication>
 #include <QIcon>
@@ -41,12 +40,12 @@ ExitStatus runWindow(int &argc, char **argv, const WindowRequest &request)
     QApplication::setDesktopFileName(QStringLiteral("org.sonavo.Sonavo"));
     QApplication::setWindowIcon(QIcon(QStringLiteral(":/qt/qml/Sonavo/icons/logo.svg")));
 
-    const Termination termination;
+    const QuitOnSignal quitOnSignal;
     SonavoApp app;
     if (!app.launch(request.items))
         return ExitStatus::NoWindow;
     const ExitStatus status = QApplication::exec() == 0 ? ExitStatus::Success : ExitStatus::NoWindow;
-    endWithin(5s, status);
+    forceExitAfter(5s, status);
     return status;
 }
 

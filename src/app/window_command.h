@@ -1,7 +1,7 @@
 #pragma once
 
 #include "app/command_line.h"
-#include "app/exit_status.h"
+#include "app/process_exit.h"
 
 namespace sonavo {
 

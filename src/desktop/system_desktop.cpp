@@ -1,8 +1,8 @@
 #include "desktop/system_desktop.h"
 
+#include "actions/trash.h"
 #include "desktop/media_preview_player.h"
 #include "desktop/music_dialog.h"
-#include "desktop/trash.h"
 
 #include <QClipboard>
 #include <QGuiApplication>

@@ -5,11 +5,11 @@
 #include "actions/duplicates_folder.h"
 #include "actions/file_identity.h"
 #include "analysis/analyze_duplicates.h"
+#include "import/audio_discovery.h"
+#include "import/disk_task.h"
+#include "import/song_read_ahead.h"
 #include "model/byte_count.h"
 #include "model/saturating.h"
-#include "session/audio_discovery.h"
-#include "session/disk_task.h"
-#include "session/song_read_ahead.h"
 
 #include <QCoroFuture>
 #include <QDir>

@@ -1,6 +1,6 @@
 #include "actions/clean_up.h"
 #include "actions/headless_desktop.h"
-#include "support/audio_fixtures.h"
+#include "testing/audio_fixtures.h"
 
 #include <QDir>
 #include <QFile>

@@ -1,7 +1,7 @@
 #include "actions/duplicates_folder.h"
 #include "actions/file_operations.h"
-#include "support/audio_fixtures.h"
-#include "support/other_file_system.h"
+#include "testing/audio_fixtures.h"
+#include "testing/other_file_system.h"
 
 #include <QDir>
 #include <QFile>

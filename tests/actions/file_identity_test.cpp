@@ -1,6 +1,6 @@
 #include "actions/file_identity.h"
-#include "support/audio_fixtures.h"
-#include "support/other_file_system.h"
+#include "testing/audio_fixtures.h"
+#include "testing/other_file_system.h"
 
 #include <QDir>
 #include <QFile>

@@ -3,8 +3,8 @@
 #include "analysis/clustering.h"
 #include "analysis/comparable_song.h"
 #include "analysis/direct_analysis.h"
-#include "analysis/generators.h"
-#include "bench/library_generator.h"
+#include "generators/library_generator.h"
+#include "testing/arbitrary_songs.h"
 
 #include <QCoroTask>
 #include <QSet>

@@ -1,6 +1,6 @@
 #include "analysis/direct_analysis.h"
-#include "analysis/generators.h"
 #include "analysis/normalization.h"
+#include "testing/arbitrary_songs.h"
 
 #include <QString>
 

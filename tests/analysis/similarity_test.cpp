@@ -1,7 +1,7 @@
 #include "analysis/bounded_distance.h"
 #include "analysis/direct_analysis.h"
-#include "analysis/generators.h"
 #include "analysis/similarity.h"
+#include "testing/arbitrary_songs.h"
 
 #include <QString>
 

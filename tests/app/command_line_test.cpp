@@ -97,7 +97,7 @@ TEST_F(CommandLineTest, PassesOverNamesThatAreNotUtf8)
     const auto *request = std::get_if<ReportRequest>(&commandLine.request);
     ASSERT_NE(request, nullptr);
     EXPECT_EQ(request->items.size(), 1);
-    EXPECT_EQ(request->format, ReportRequest::Format::Json);
+    EXPECT_EQ(request->format, ReportFormat::Json);
     EXPECT_EQ(commandLine.warnings.size(), 1);
 }
 

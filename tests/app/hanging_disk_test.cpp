@@ -1,5 +1,5 @@
-#include "support/audio_fixtures.h"
-#include "support/hanging_disk.h"
+#include "testing/audio_fixtures.h"
+#include "testing/hanging_disk.h"
 
 #include <QProcess>
 #include <QTemporaryDir>

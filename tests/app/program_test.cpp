@@ -1,4 +1,4 @@
-#include "support/audio_fixtures.h"
+#include "testing/audio_fixtures.h"
 
 #include <QDir>
 #include <QFile>

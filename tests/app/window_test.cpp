@@ -1,8 +1,8 @@
-#include "app/private_desktop.h"
-#include "app/screen_reader.h"
-#include "session/music_folder.h"
-#include "support/audio_fixtures.h"
-#include "support/sound_server.h"
+#include "testing/audio_fixtures.h"
+#include "testing/music_folder.h"
+#include "testing/private_desktop.h"
+#include "testing/screen_reader.h"
+#include "testing/sound_server.h"
 
 #include <QColor>
 #include <QDir>

@@ -1,5 +1,5 @@
 #include "desktop/file_viewer.h"
-#include "desktop/private_home.h"
+#include "testing/private_home.h"
 
 #include <QDBusConnection>
 #include <QDBusMessage>

@@ -1,5 +1,5 @@
 #include "desktop/music_dialog.h"
-#include "desktop/private_home.h"
+#include "testing/private_home.h"
 
 #include <QAbstractItemView>
 #include <QApplication>

@@ -1,6 +1,6 @@
 #include "desktop/system_desktop.h"
-#include "support/audio_fixtures.h"
-#include "support/sound_server.h"
+#include "testing/audio_fixtures.h"
+#include "testing/sound_server.h"
 
 #include <QDir>
 #include <QElapsedTimer>

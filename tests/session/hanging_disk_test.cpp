@@ -1,7 +1,7 @@
-#include "session/disk_task.h"
-#include "session/song_read_ahead.h"
-#include "support/audio_fixtures.h"
-#include "support/hanging_disk.h"
+#include "import/disk_task.h"
+#include "import/song_read_ahead.h"
+#include "testing/audio_fixtures.h"
+#include "testing/hanging_disk.h"
 
 #include <QSemaphore>
 #include <QTemporaryDir>

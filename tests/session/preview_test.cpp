@@ -1,7 +1,7 @@
 #include "session/duplicate_view_model.h"
-#include "session/music_folder.h"
-#include "support/persons_desktop.h"
-#include "support/test_pauses.h"
+#include "testing/music_folder.h"
+#include "testing/persons_desktop.h"
+#include "testing/test_pauses.h"
 
 #include <gmock/gmock.h>
 

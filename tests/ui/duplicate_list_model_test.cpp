@@ -1,7 +1,7 @@
 #include "actions/headless_desktop.h"
-#include "session/music_folder.h"
-#include "support/test_pauses.h"
-#include "ui/duplicate_list_model.h"
+#include "testing/music_folder.h"
+#include "testing/test_pauses.h"
+#include "ui/results/duplicate_list_model.h"
 
 #include <QAbstractItemModelTester>
 #include <QSignalSpy>

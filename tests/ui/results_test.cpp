@@ -1,5 +1,5 @@
-#include "session/music_folder.h"
-#include "ui/window_driver.h"
+#include "testing/music_folder.h"
+#include "testing/window_driver.h"
 
 #include <QStyleHints>
 #include <QTest>

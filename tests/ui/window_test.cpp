@@ -1,4 +1,4 @@
-#include "ui/window_driver.h"
+#include "testing/window_driver.h"
 
 #include <QDir>
 #include <QTest>

@@ -1,0 +1,41 @@
+#!/usr/bin/env bash
+# Installs what is missing, builds Sonavo and its benchmarks and runs them: all of them, or the one that is named
+# first (analysis, import, memory, response or results) with the given options.
+set -euo pipefail
+
+root=$(cd -- "$(dirname -- "${BASH_SOURCE[0]}")/.." && pwd)
+# shellcheck source=scripts/prepare.sh
+source "$root/scripts/prepare.sh"
+
+case ${1-all} in
+all | analysis | import | memory | response | results) ;;
+*)
+    echo "There is no benchmark called $1" >&2
+    exit 2
+    ;;
+esac
+
+install_packages "${BUILD_PACKAGES[@]}" "${BENCH_PACKAGES[@]}"
+(build "$root" bench)
+
+benchmarks=$root/build/bench/bin
+run() {
+    local name=$1
+    shift
+    case $name in
+    analysis) "$benchmarks/bench_analysis" "$@" ;;
+    import | memory) "$benchmarks/bench_import" "$name" "$benchmarks/sonavo" "$@" ;;
+    response) "$benchmarks/bench_response" "$@" ;;
+    results) "$benchmarks/bench_results" "$@" ;;
+    esac
+}
+
+if (($# > 0)); then
+    run "$@"
+else
+    for benchmark in analysis import memory response results; do
+        echo
+        echo "== $benchmark"
+        run "$benchmark"
+    done
+fi

@@ -1,0 +1,103 @@
+#!/usr/bin/env bash
+# Installs what is missing, builds the fuzzers under sanitizers and runs all of them at once for the given number of
+# seconds, 600 unless told.
+set -euo pipefail
+
+root=$(cd -- "$(dirname -- "${BASH_SOURCE[0]}")/.." && pwd)
+# shellcheck source=scripts/prepare.sh
+source "$root/scripts/prepare.sh"
+
+seconds=${1:-600}
+fuzzers=(song_reading matching)
+
+install_packages "${BUILD_PACKAGES[@]}" "${TEST_PACKAGES[@]}"
+(build "$root" sanitize "${fuzzers[@]/#/fuzz_}")
+
+work=$root/build/sanitize/fuzz
+cd "$root/samples"
+
+# new_seeds NAME makes an empty folder for the inputs that a fuzzer begins with.
+new_seeds() {
+    seeds=$work/$1/seeds
+    rm -rf -- "$seeds"
+    mkdir -p "$seeds"
+}
+
+# Each song whole, and what tells its format and length alone, under its own extension: see song_reading_fuzzer.cpp.
+seed_song_reading() {
+    local format=0 number=0 extension song index
+    new_seeds song_reading
+    for extension in mp3 m4a wav aac flac; do
+        for song in */*."$extension"; do
+            number=$((number + 1))
+            { printf '%b' "\\x$format" && cat -- "$song"; } >"$seeds/$number"
+            {
+                printf '%b' "\\x$format"
+                if [[ $extension == m4a ]]; then
+                    index=$(grep --only-matching --byte-offset --text moov -- "$song" | tail -n 1 | cut -d : -f 1)
+                    tail --bytes=+$((index - 3)) -- "$song"
+                else
+                    head --bytes=1500 -- "$song"
+                fi
+            } >"$seeds/$number.head"
+        done
+        format=$((format + 1))
+    done
+}
+
+# The songs of each folder by their names, as they are and with texts of four times the length: see
+# matching_fuzzer.cpp.
+seed_matching() {
+    local folder song base
+    new_seeds matching
+    for folder in */; do
+        for song in "$folder"*; do
+            song=${song##*/}
+            base=${song%.*}
+            printf 'AA%s\n%s\n%s\n' "${base%% - *}" "${base#* - }" "$song"
+        done >"$seeds/${folder%/}"
+        sed 's/$/\x7F\x7F/' "$seeds/${folder%/}" >"$seeds/${folder%/}.long"
+    done
+}
+
+# fuzz NAME OPTIONS... goes on from what earlier runs found.
+fuzz() {
+    local name=$1
+    shift
+    local corpus=$work/$name/corpus
+    mkdir -p "$corpus"
+    # What a fuzzer leaves behind when it ends with a fault stays in the build folder.
+    TMPDIR=$work/$name "$work/fuzz_$name" "$@" -max_total_time="$seconds" -timeout=10 -rss_limit_mb=2048 \
+        -artifact_prefix="$work/$name/" "$corpus" "$work/$name/seeds" >"$work/$name/log" 2>&1
+}
+
+seed_song_reading
+seed_matching
+echo "Fuzzing for $seconds seconds"
+export UBSAN_OPTIONS=print_stacktrace=1 ASAN_SYMBOLIZER_PATH=/usr/lib/llvm-14/bin/llvm-symbolizer
+# Memory that one input freed need not be kept for the next ones, nor long stacks: Qt's frames cannot be followed, and
+# guesses at them never end.
+export ASAN_OPTIONS=quarantine_size_mb=32:malloc_context_size=4
+fuzz song_reading -max_len=32768 -dict="$root/fuzz/song_reading.dict" &
+runs=($!)
+fuzz matching -max_len=320 &
+runs+=($!)
+
+failed=0
+for i in "${!fuzzers[@]}"; do
+    name=${fuzzers[i]}
+    if wait "${runs[i]}"; then
+        grep --only-matching 'cov: [0-9]* ft: [0-9]* corp: [^ ]*' "$work/$name/log" | tail -n 1 |
+            sed "s/^/$name: $(grep '^Done ' "$work/$name/log"), /"
+        continue
+    fi
+    failed=1
+    tail -n 80 "$work/$name/log" >&2
+    cat >&2 <<-END
+
+	$name found a fault. The file that is named above shows it again:
+	    build/sanitize/fuzz/fuzz_$name FILE
+	Make a test of it, at the lowest level that fails.
+	END
+done
+exit "$failed"

@@ -1,0 +1,96 @@
+#include "import/song_reading.h"
+
+#include "model/audio_formats.h"
+#include "model/file_name.h"
+
+#include <QFile>
+
+#include <sys/stat.h>
+
+namespace sonavo {
+namespace {
+
+std::optional<qint64> entrySize(const QString &path)
+{
+    struct stat status = {};
+    if (::lstat(QFile::encodeName(path).constData(), &status) != 0)
+        return std::nullopt;
+    return status.st_size;
+}
+
+/// The file name without its last extension.
+QString baseOf(const QString &name)
+{
+    const qsizetype dot = name.lastIndexOf(u'.');
+    return dot >= 0 && dot + 1 < name.size() ? name.first(dot) : name;
+}
+
+/// Without the blanks and tabs, and nothing else, at both ends.
+QString withoutOuterBlanks(QStringView text)
+{
+    const auto isBlank = [](QChar character) { return character == u' ' || character == u'\t'; };
+    while (!text.isEmpty() && isBlank(text.front()))
+        text = text.sliced(1);
+    while (!text.isEmpty() && isBlank(text.back()))
+        text.chop(1);
+    return text.toString();
+}
+
+QString folderNameOf(QStringView folder)
+{
+    return folder.isEmpty() ? QStringLiteral("/") : folder.sliced(folder.lastIndexOf(u'/') + 1).toString();
+}
+
+} // namespace
+
+std::optional<FileFacts> readFacts(const QString &path, const std::stop_token &stop,
+                                   ReadingProgress *progress)
+{
+    if (pathExtension(path).compare(u"ds_store", Qt::CaseInsensitive) == 0)
+        return std::nullopt;
+    const std::optional<double> duration = readAudioDuration(path, stop, progress);
+    if (!duration)
+        return std::nullopt;
+    const std::optional<qint64> size = entrySize(path);
+    if (!size)
+        return std::nullopt;
+    return FileFacts{*duration, *size};
+}
+
+Song SongMaker::songOf(const QString &path, const FileFacts &facts)
+{
+    const qsizetype slash = path.lastIndexOf(u'/');
+    if (const QStringView folder = QStringView(path).first(slash);
+        m_folderName.isNull() || folder != m_folder) {
+        m_folder = folder.toString();
+        m_folderName = folderNameOf(folder);
+    }
+    if (const QString fileType = pathExtension(path).toString().toUpper(); fileType != m_fileType)
+        m_fileType = fileType;
+
+    Song song;
+    song.id = QUuid::createUuid();
+    song.path = path;
+    song.name = path.sliced(slash + 1);
+    song.duration = facts.duration;
+    song.size = facts.size;
+    song.fileType = m_fileType;
+    const QString base = baseOf(song.name);
+    const qsizetype hyphen = base.indexOf(u'-');
+    if (hyphen >= 0) {
+        song.artist = withoutOuterBlanks(QStringView(base).first(hyphen));
+        song.title = withoutOuterBlanks(QStringView(base).sliced(hyphen + 1));
+    } else {
+        song.title = base;
+    }
+    song.folderName = m_folderName;
+    return song;
+}
+
+std::optional<Song> loadSong(const QString &path, const std::stop_token &stop)
+{
+    const std::optional<FileFacts> facts = readFacts(path, stop);
+    return facts ? std::optional(SongMaker().songOf(path, *facts)) : std::nullopt;
+}
+
+} // namespace sonavo

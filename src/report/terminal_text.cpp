@@ -1,0 +1,64 @@
+#include "report/terminal_text.h"
+
+#include <QList>
+
+#include <algorithm>
+#include <cwchar>
+
+namespace sonavo {
+namespace {
+
+bool isUnsafe(QChar character)
+{
+    const char16_t unit = character.unicode();
+    const bool isControl = unit < 0x20 || (unit >= 0x7F && unit < 0xA0);
+    const bool isSeparator = unit == 0x2028 || unit == 0x2029;
+    const bool isDirectional = unit == 0x061C || unit == 0x200E || unit == 0x200F ||
+                               (unit >= 0x202A && unit <= 0x202E) || (unit >= 0x2066 && unit <= 0x2069);
+    return isControl || isSeparator || isDirectional;
+}
+
+QString escaped(QChar character)
+{
+    switch (character.unicode()) {
+    case u'\n':
+        return QStringLiteral("\\n");
+    case u'\r':
+        return QStringLiteral("\\r");
+    case u'\t':
+        return QStringLiteral("\\t");
+    default:
+        const auto code = static_cast<unsigned>(character.unicode());
+        return code < 0x100 ? QString::asprintf("\\x%02x", code) : QString::asprintf("\\u%04x", code);
+    }
+}
+
+} // namespace
+
+QString escapedForTerminal(const QString &text)
+{
+    QString result;
+    result.reserve(text.size());
+    for (const QChar character : text) {
+        if (isUnsafe(character))
+            result += escaped(character);
+        else
+            result += character;
+    }
+    return result;
+}
+
+qsizetype terminalWidth(const QString &text)
+{
+    qsizetype columns = 0;
+    for (const char32_t character : text.toUcs4())
+        columns += std::max(0, ::wcwidth(static_cast<wchar_t>(character)));
+    return columns;
+}
+
+QString paddedToWidth(const QString &text, qsizetype columns)
+{
+    return text + QString(std::max<qsizetype>(0, columns - terminalWidth(text)), u' ');
+}
+
+} // namespace sonavo

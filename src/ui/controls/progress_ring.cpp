@@ -1,0 +1,59 @@
+#include "ui/controls/progress_ring.h"
+
+#include "ui/controls/accessible_ring.h"
+
+#include <QConicalGradient>
+#include <QPainter>
+#include <QPen>
+
+#include <algorithm>
+
+namespace sonavo {
+namespace {
+
+// In degrees counter-clockwise from three o'clock, as QPainter counts them.
+constexpr double TOP = 90.0;
+constexpr double FULL_CIRCLE = 360.0;
+constexpr double ANGLE_UNITS = 16.0;
+
+/// The colours in the order in which a clockwise look meets them; QConicalGradient goes the other way round.
+QConicalGradient ringGradient(const QPointF &center, double rotation)
+{
+    QConicalGradient gradient(center, TOP - rotation);
+    gradient.setColorAt(1.0, QColor(0x00, 0x2B, 0x7F));
+    gradient.setColorAt(0.5, QColor(0xFC, 0xD1, 0x16));
+    gradient.setColorAt(0.0, QColor(0xCE, 0x11, 0x26));
+    return gradient;
+}
+
+} // namespace
+
+ProgressRing::ProgressRing(QQuickItem *parent)
+    : QQuickPaintedItem(parent)
+{
+    [[maybe_unused]] static const bool canBeRead = (AccessibleRing::install(), true);
+    setAntialiasing(true);
+    connect(this, &ProgressRing::changed, this, [this] { update(); });
+}
+
+int ProgressRing::percentage() const
+{
+    return static_cast<int>(m_value * 100.0);
+}
+
+void ProgressRing::paint(QPainter *painter)
+{
+    const double inset = m_lineWidth / 2.0;
+    const QRectF circle = boundingRect().adjusted(inset, inset, -inset, -inset);
+    painter->setPen(QPen(m_trackColor, m_lineWidth));
+    painter->drawEllipse(circle);
+
+    const double span = std::clamp(m_value, minimumValue(), maximumValue()) * FULL_CIRCLE;
+    if (span <= 0.0)
+        return;
+    painter->setPen(
+        QPen(ringGradient(circle.center(), m_gradientRotation), m_lineWidth, Qt::SolidLine, Qt::FlatCap));
+    painter->drawArc(circle, static_cast<int>(TOP * ANGLE_UNITS), -static_cast<int>(span * ANGLE_UNITS));
+}
+
+} // namespace sonavo

@@ -1,0 +1,87 @@
+#include "report/report_writers.h"
+#include "report/terminal_text.h"
+
+#include <QBuffer>
+#include <QJsonArray>
+#include <QJsonDocument>
+#include <QJsonObject>
+
+#include <gtest/gtest.h>
+
+#include <clocale>
+
+namespace sonavo {
+namespace {
+
+using namespace Qt::Literals::StringLiterals;
+
+Song song(const QString &name, qint64 size, double duration)
+{
+    return {QUuid::createUuid(), u"/music/"_s + name, name,      duration, size, u"MP3"_s,
+            u"Artist"_s,         u"Title"_s,          u"music"_s};
+}
+
+class ReportTest : public testing::Test
+{
+protected:
+    ReportTest()
+    {
+        std::setlocale(LC_ALL, "C.UTF-8"); // tells the width of characters
+        songs = {song(u"a.mp3"_s, 999, 61.2), song(u"二.mp3"_s, 5'000'000, 0.1 + 0.2),
+                 song(u"c\x1b[2J\nd\u202e.mp3"_s, 84'300'000, 3725.0)};
+        for (int i = 0; i < 7; ++i)
+            groups.append({QUuid::createUuid(), songs[2], {songs[0], songs[1]}, {}});
+    }
+
+    QList<Song> songs;
+    QList<DuplicateGroup> groups;
+    QBuffer output;
+};
+
+TEST_F(ReportTest, AlignsTheRowsOfAGroupAndAddsUp)
+{
+    ASSERT_TRUE(output.open(QIODevice::WriteOnly));
+    ASSERT_TRUE(writeTextReport(output, songs, {groups[0]}));
+    EXPECT_EQ(output.data().toStdString(),
+              "Group of 3 songs\n"
+              "  ORIGINAL   c\\x1b[2J\\nd\\u202e.mp3  MP3  62:05    84.3 MB  music\n"
+              "  DUPLICATE  a.mp3                  MP3   1:01  999 bytes  music\n"
+              "  DUPLICATE  二.mp3                 MP3   0:00       5 MB  music\n"
+              "\n"
+              "1 group \u2022 2 duplicate files \u2022 5 MB to free \u2022 3 songs scanned\n");
+}
+
+TEST_F(ReportTest, WritesJsonThatReadsBackExactly)
+{
+    ASSERT_TRUE(output.open(QIODevice::WriteOnly));
+    ASSERT_TRUE(writeJsonReport(output, songs, groups, 6));
+    QJsonArray listed;
+    for (const Song &song : songs) {
+        listed.append(QJsonObject{{u"path"_s, song.path},
+                                  {u"name"_s, song.name},
+                                  {u"duration"_s, song.duration},
+                                  {u"size"_s, song.size},
+                                  {u"fileType"_s, u"MP3"_s},
+                                  {u"artist"_s, u"Artist"_s},
+                                  {u"title"_s, u"Title"_s},
+                                  {u"folderName"_s, u"music"_s}});
+    }
+    const QJsonObject report = QJsonDocument::fromJson(output.data()).object();
+    EXPECT_EQ(report[u"songs"_s].toArray(), listed) << output.data().toStdString();
+    const QJsonArray grouped = report[u"groups"_s].toArray();
+    ASSERT_EQ(grouped.size(), 7);
+    EXPECT_EQ(grouped[0][u"original"_s].toInt(-1), 2);
+    EXPECT_EQ(grouped[0][u"duplicates"_s].toArray(), (QJsonArray{0, 1}));
+    EXPECT_EQ(grouped[5][u"color"_s].toInt(-1), 5);
+    EXPECT_EQ(grouped[6][u"color"_s].toInt(-1), 0);
+}
+
+TEST_F(ReportTest, TellsWhenItCannotBeWritten)
+{
+    ASSERT_TRUE(output.open(QIODevice::ReadOnly));
+    EXPECT_FALSE(writeTextReport(output, songs, groups));
+    EXPECT_FALSE(writeJsonReport(output, songs, groups, 6));
+}
+
+} // namespace
+} // namespace sonavo
