@@ -81,17 +81,12 @@ const QList<Song> &libraryOf(const Case &which)
     return library;
 }
 
-QList<Color> colors()
-{
-    return {{0, 0, 0, 0}, {0, 0, 0, 1}, {0, 0, 0, 2}, {0, 0, 0, 3}, {0, 0, 0, 4}, {0, 0, 0, 5}};
-}
-
 /// From the songs to their groups, as the program does it but without its pauses.
 Seconds runFast(const QList<Song> &songs, QList<DuplicateGroup> &groups)
 {
     const auto start = std::chrono::steady_clock::now();
     {
-        DuplicateFinder finder(songs, colors());
+        DuplicateFinder finder(songs);
         groups = groupsOf(finder);
     }
     return std::chrono::steady_clock::now() - start;
@@ -100,7 +95,7 @@ Seconds runFast(const QList<Song> &songs, QList<DuplicateGroup> &groups)
 /// The steps and the texts that they need. What else a finder prepares is not counted: it is the fast way's.
 Seconds runDirect(const QList<Song> &songs, QList<DuplicateGroup> &groups)
 {
-    DirectFinder finder(songs, colors());
+    DirectFinder finder(songs);
     const auto start = std::chrono::steady_clock::now();
     finder.prepareTexts();
     groups = groupsOf(finder);

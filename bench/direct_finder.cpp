@@ -35,8 +35,8 @@ bool isMatch(const ComparableSong &a, const ComparableSong &b)
 
 } // namespace
 
-DirectFinder::DirectFinder(const QList<Song> &songs, QList<Color> colors)
-    : DuplicateFinder(songs, std::move(colors))
+DirectFinder::DirectFinder(const QList<Song> &songs)
+    : DuplicateFinder(songs)
     , m_songs(songs)
 {}
 

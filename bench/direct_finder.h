@@ -12,7 +12,7 @@ namespace sonavo {
 class DirectFinder final : public DuplicateFinder
 {
 public:
-    DirectFinder(const QList<Song> &songs, QList<Color> colors);
+    explicit DirectFinder(const QList<Song> &songs);
 
     /// To be called before the first step.
     void prepareTexts();

@@ -26,7 +26,6 @@
 namespace sonavo {
 namespace {
 
-const QList<Color> COLORS = {{0, 0, 0, 0}, {0, 0, 0, 1}, {0, 0, 0, 2}};
 /// The direct analysis compares every two songs in every step.
 constexpr qsizetype MOST_SONGS = 5;
 
@@ -254,7 +253,7 @@ void checkArtistIndex(const QList<Song> &songs)
 
 void checkGroups(const QList<Song> &songs)
 {
-    DuplicateFinder finder(songs, COLORS);
+    DuplicateFinder finder(songs);
     finder.groupByTitle();
     finder.groupByFileName();
     finder.prepareBatches();
@@ -262,7 +261,7 @@ void checkGroups(const QList<Song> &songs)
     }
     finder.groupByWholeSeconds();
     const QList<DuplicateGroup> groups = finder.takeGroups();
-    const QList<DuplicateGroup> expected = direct::analyzeDuplicates(songs, COLORS);
+    const QList<DuplicateGroup> expected = direct::analyzeDuplicates(songs);
     require(std::equal(groups.begin(), groups.end(), expected.begin(), expected.end(),
                        [](const DuplicateGroup &a, const DuplicateGroup &b) {
                            return a.original.id == b.original.id &&

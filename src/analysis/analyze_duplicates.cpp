@@ -6,8 +6,7 @@ namespace sonavo {
 
 using namespace std::chrono_literals;
 
-QCoro::Task<QList<DuplicateGroup>> analyzeDuplicates(QList<Song> songs, QList<Color> colors,
-                                                     std::shared_ptr<Pauses> pauses,
+QCoro::Task<QList<DuplicateGroup>> analyzeDuplicates(QList<Song> songs, std::shared_ptr<Pauses> pauses,
                                                      AnalysisProgressSink reportProgress)
 {
     constexpr auto STEP_PAUSE = 100ms;
@@ -15,7 +14,7 @@ QCoro::Task<QList<DuplicateGroup>> analyzeDuplicates(QList<Song> songs, QList<Co
 
     reportProgress({0.05, QStringLiteral("Step 1/4: Grouping by exact title...")});
     co_await pauses->wait(STEP_PAUSE);
-    DuplicateFinder finder(std::move(songs), std::move(colors));
+    DuplicateFinder finder(std::move(songs));
     finder.groupByTitle();
 
     reportProgress({0.25, QStringLiteral("Step 2/4: Analyzing filename similarities...")});

@@ -1,7 +1,6 @@
 #pragma once
 
 #include "analysis/pauses.h"
-#include "model/color.h"
 #include "model/duplicate_group.h"
 #include "model/song.h"
 
@@ -32,11 +31,9 @@ using AnalysisProgressSink = std::function<void(const AnalysisProgress &)>;
 /// The run works in the caller's thread and gives it back only at its pauses; it cannot be cancelled. The
 /// same songs in the same order always give the same groups.
 /// @param songs distinct ids, finite durations; several songs may have the same path
-/// @param colors at least one; handed out to the groups in turn
 /// @param reportProgress called in the caller's thread before each step and at the end
 /// @return the groups in the order in which they were made; a song is in at most one of them
-[[nodiscard]] QCoro::Task<QList<DuplicateGroup>> analyzeDuplicates(QList<Song> songs, QList<Color> colors,
-                                                                   std::shared_ptr<Pauses> pauses,
-                                                                   AnalysisProgressSink reportProgress);
+[[nodiscard]] QCoro::Task<QList<DuplicateGroup>>
+analyzeDuplicates(QList<Song> songs, std::shared_ptr<Pauses> pauses, AnalysisProgressSink reportProgress);
 
 } // namespace sonavo

@@ -79,16 +79,13 @@ std::vector<std::size_t> allPositions(std::size_t count)
 
 } // namespace
 
-DuplicateFinder::DuplicateFinder(QList<Song> songs, QList<Color> colors)
+DuplicateFinder::DuplicateFinder(QList<Song> songs)
     : m_songs(std::move(songs))
-    , m_colors(std::move(colors))
     , m_prepared(m_songs)
     , m_clusterer(m_songs, m_prepared)
     , m_pathNumbers(pathNumbersOf(m_songs))
     , m_isPathPlaced(m_prepared.size(), false)
-{
-    Q_ASSERT(!m_colors.isEmpty());
-}
+{}
 
 void DuplicateFinder::groupByTitle()
 {
@@ -193,7 +190,8 @@ bool DuplicateFinder::makeGroup(const Positions &cluster, ArtistFilter filter)
     if (duplicates.empty())
         return false;
 
-    DuplicateGroup group{QUuid::createUuid(), original, {}, m_colors[m_groups.size() % m_colors.size()]};
+    DuplicateGroup group{
+        QUuid::createUuid(), original, {}, static_cast<int>(m_groups.size() % GROUP_TINT_COUNT)};
     m_isPathPlaced[m_pathNumbers[best]] = true;
     for (const std::size_t position : duplicates) {
         group.duplicates.append(songAt(position));

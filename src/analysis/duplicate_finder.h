@@ -2,7 +2,6 @@
 
 #include "analysis/bucket_clusterer.h"
 #include "analysis/prepared_songs.h"
-#include "model/color.h"
 #include "model/duplicate_group.h"
 #include "model/song.h"
 
@@ -31,7 +30,7 @@ public:
         MoreToCome
     };
 
-    DuplicateFinder(QList<Song> songs, QList<Color> colors);
+    explicit DuplicateFinder(QList<Song> songs);
     virtual ~DuplicateFinder() = default;
     Q_DISABLE_COPY_MOVE(DuplicateFinder)
 
@@ -75,7 +74,6 @@ private:
     void keepCompatible(Positions &duplicates, std::size_t original) const;
 
     const QList<Song> m_songs;
-    const QList<Color> m_colors;
     const PreparedSongs m_prepared;
     BucketClusterer m_clusterer;
     /// For each song the number of its path, and for each of these numbers whether it is placed.

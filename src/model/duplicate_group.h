@@ -1,6 +1,5 @@
 #pragma once
 
-#include "model/color.h"
 #include "model/song.h"
 
 #include <QList>
@@ -9,6 +8,9 @@
 
 namespace sonavo {
 
+/// Background tints that groups take in turn.
+inline constexpr int GROUP_TINT_COUNT = 6;
+
 /// Songs that are the same recording: one that is kept and its copies. A plain value.
 struct DuplicateGroup
 {
@@ -16,7 +18,7 @@ struct DuplicateGroup
     Q_PROPERTY(QUuid id MEMBER id CONSTANT)
     Q_PROPERTY(sonavo::Song original MEMBER original CONSTANT)
     Q_PROPERTY(QList<sonavo::Song> duplicates MEMBER duplicates CONSTANT)
-    Q_PROPERTY(sonavo::Color color MEMBER color CONSTANT)
+    Q_PROPERTY(int color MEMBER color CONSTANT)
 
 public:
     /// Identity of the group, fresh for each group that an analysis makes.
@@ -25,8 +27,8 @@ public:
     Song original;
     /// The other songs, in the order in which they joined.
     QList<Song> duplicates;
-    /// Background tint of the group on screen.
-    Color color;
+    /// Slot of the group's background tint, from 0 to below GROUP_TINT_COUNT; the theme knows the colour.
+    int color = 0;
 };
 
 /// All songs of a group, the original first.

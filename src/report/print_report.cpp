@@ -23,10 +23,9 @@ bool writeReport(const DuplicateViewModel &session, ReportFormat format)
     QFile output;
     if (!output.open(stdout, QIODevice::WriteOnly))
         return false;
-    const bool isWritten =
-        format == ReportFormat::Json
-            ? writeJsonReport(output, session.songs(), session.duplicateGroups(), session.colors().size())
-            : writeTextReport(output, session.songs(), session.duplicateGroups());
+    const bool isWritten = format == ReportFormat::Json
+                               ? writeJsonReport(output, session.songs(), session.duplicateGroups())
+                               : writeTextReport(output, session.songs(), session.duplicateGroups());
     return isWritten && output.flush();
 }
 

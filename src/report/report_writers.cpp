@@ -115,7 +115,7 @@ QByteArray jsonOf(const Song &song)
     return QJsonDocument(object).toJson(QJsonDocument::Compact);
 }
 
-QByteArray jsonOf(const DuplicateGroup &group, const QHash<QUuid, qsizetype> &positions, qsizetype color)
+QByteArray jsonOf(const DuplicateGroup &group, const QHash<QUuid, qsizetype> &positions)
 {
     QJsonArray duplicates;
     for (const Song &duplicate : group.duplicates)
@@ -123,7 +123,7 @@ QByteArray jsonOf(const DuplicateGroup &group, const QHash<QUuid, qsizetype> &po
     const QJsonObject object{
         {QStringLiteral("original"), positions.value(group.original.id)},
         {QStringLiteral("duplicates"), duplicates},
-        {QStringLiteral("color"), color},
+        {QStringLiteral("color"), group.color},
     };
     return QJsonDocument(object).toJson(QJsonDocument::Compact);
 }
@@ -159,8 +159,7 @@ bool writeTextReport(QIODevice &device, const QList<Song> &songs, const QList<Du
     return writer.finish();
 }
 
-bool writeJsonReport(QIODevice &device, const QList<Song> &songs, const QList<DuplicateGroup> &groups,
-                     qsizetype colorCount)
+bool writeJsonReport(QIODevice &device, const QList<Song> &songs, const QList<DuplicateGroup> &groups)
 {
     Writer writer(device);
     // Piece by piece: a document of half a million songs would take more memory than the songs themselves.
@@ -173,7 +172,7 @@ bool writeJsonReport(QIODevice &device, const QList<Song> &songs, const QList<Du
         for (qsizetype i = 0; i < songs.size(); ++i)
             positions.insert(songs[i].id, i);
     }
-    addItems(writer, groups, [&](qsizetype i) { return jsonOf(groups[i], positions, i % colorCount); });
+    addItems(writer, groups, [&](qsizetype i) { return jsonOf(groups[i], positions); });
     writer.add("\n]}\n");
     return writer.finish();
 }

@@ -15,9 +15,8 @@ namespace sonavo {
                                    const QList<DuplicateGroup> &groups);
 
 /// Writes songs and groups as one JSON object. Groups name their songs by position in the list of songs.
-/// @param colorCount how many tints the groups were given in turn
 /// @return whether everything could be written
 [[nodiscard]] bool writeJsonReport(QIODevice &device, const QList<Song> &songs,
-                                   const QList<DuplicateGroup> &groups, qsizetype colorCount);
+                                   const QList<DuplicateGroup> &groups);
 
 } // namespace sonavo

@@ -232,8 +232,8 @@ QCoro::Task<> DuplicateViewModel::scan(QPointer<DuplicateViewModel> self, QList<
     if (!isAnalyzing)
         co_return;
 
-    const QList<DuplicateGroup> groups = co_await analyzeDuplicates(
-        *songs, self->m_colors, pauses, [&publish, &self](const AnalysisProgress &state) {
+    const QList<DuplicateGroup> groups =
+        co_await analyzeDuplicates(*songs, pauses, [&publish, &self](const AnalysisProgress &state) {
             publish([&] { self->setProgress(state.fraction); },
                     [&] {
                         if (state.message)

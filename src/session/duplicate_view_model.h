@@ -93,7 +93,7 @@ public:
     static constexpr double SIMILARITY_THRESHOLD = 0.9;
 
     /// @param desktop must outlive the session
-    /// @param colors background tints that the groups get in turn; at least one
+    /// @param colors background tints of the groups, one for each slot
     DuplicateViewModel(Desktop &desktop, std::shared_ptr<Pauses> pauses, QList<Color> colors,
                        QObject *parent = nullptr);
     /// Cancels nothing: what still runs notices that the session is gone.

@@ -39,8 +39,7 @@ QList<Color> groupColors(AppTheme theme)
 {
     constexpr double OPACITY = 0.15;
     QList<Color> colors;
-    for (const PaletteColor role : {PaletteColor::Accent, PaletteColor::AccentLight, PaletteColor::Success,
-                                    PaletteColor::Accent, PaletteColor::AccentDark, PaletteColor::Neutral})
+    for (const PaletteColor role : GROUP_TINTS)
         colors.append(paletteColor(role, theme).withAlpha(OPACITY));
     return colors;
 }

@@ -38,4 +38,12 @@ QColor ThemeColors::blended(PaletteColor role) const
         {mix(light.red, dark.red), mix(light.green, dark.green), mix(light.blue, dark.blue), 1.0});
 }
 
+QList<QColor> ThemeColors::groupTints() const
+{
+    QList<QColor> tints;
+    for (const PaletteColor role : GROUP_TINTS)
+        tints.append(blended(role));
+    return tints;
+}
+
 } // namespace sonavo

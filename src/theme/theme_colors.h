@@ -25,6 +25,9 @@ class ThemeColors : public QObject
     Q_PROPERTY(QColor error READ error NOTIFY changed)
     Q_PROPERTY(QColor neutral READ neutral NOTIFY changed)
 
+    /// Opaque colours of the groups, by DuplicateGroup::color.
+    Q_PROPERTY(QList<QColor> groupTints READ groupTints NOTIFY changed)
+
     // What the twelve colours do not name is one of them.
     Q_PROPERTY(QColor info READ accent NOTIFY changed)
     Q_PROPERTY(QColor original READ success NOTIFY changed)
@@ -53,6 +56,8 @@ public:
     [[nodiscard]] QColor success() const { return blended(PaletteColor::Success); }
     [[nodiscard]] QColor error() const { return blended(PaletteColor::Error); }
     [[nodiscard]] QColor neutral() const { return blended(PaletteColor::Neutral); }
+
+    [[nodiscard]] QList<QColor> groupTints() const;
 
 Q_SIGNALS:
     void changed();

@@ -49,17 +49,13 @@ public:
     Lines log;
 };
 
-/// Colours that the opacity tells apart: 0, 1, 2 and so on.
-const QList<Color> COLORS = {{0, 0, 0, 0}, {0, 0, 0, 1}, {0, 0, 0, 2},
-                             {0, 0, 0, 3}, {0, 0, 0, 4}, {0, 0, 0, 5}};
-
-/// Each group as the original's place in `songs`, the places of the duplicates, and the colour: "3: 0 1, #5".
+/// Each group as the original's place in `songs`, the places of the duplicates, and the slot: "3: 0 1, #5".
 Lines linesOf(const QList<DuplicateGroup> &groups, const QList<Song> &songs)
 {
     Lines lines;
     for (const DuplicateGroup &group : groups) {
         lines.push_back(placesOf({group.original}, songs) + ": " + placesOf(group.duplicates, songs) + ", #" +
-                        std::to_string(static_cast<int>(group.color.alpha)));
+                        std::to_string(group.color));
     }
     return lines;
 }
@@ -79,14 +75,13 @@ Outcome analyze(const QList<Song> &songs)
         const QString line = QString::number(progress.fraction) + u' ' + progress.message.value_or(u"-"_s);
         log->push_back(line.toStdString());
     };
-    const auto run =
-        analyzeDuplicates(songs, COLORS, pauses, report).then([&](const QList<DuplicateGroup> &made) {
-            groups = linesOf(made, songs);
-            QSet<QUuid> ids{QUuid()};
-            for (const DuplicateGroup &group : made)
-                ids << group.id;
-            EXPECT_EQ(ids.size(), made.size() + 1) << "groups share an id or have none";
-        });
+    const auto run = analyzeDuplicates(songs, pauses, report).then([&](const QList<DuplicateGroup> &made) {
+        groups = linesOf(made, songs);
+        QSet<QUuid> ids{QUuid()};
+        for (const DuplicateGroup &group : made)
+            ids << group.id;
+        EXPECT_EQ(ids.size(), made.size() + 1) << "groups share an id or have none";
+    });
     while (pauses->holder)
         std::exchange(pauses->holder, nullptr).resume();
     EXPECT_TRUE(run.isReady());
@@ -138,7 +133,7 @@ TEST(AnalyzeDuplicates, ComparesUnplacedSongsByArtistAndTitleInBatchesOf5000)
 RC_GTEST_PROP(AnalyzeDuplicates, AgreesWithTheDirectAnalysis, ())
 {
     const QList<Song> songs = *library(30);
-    RC_ASSERT(analyze(songs).groups == linesOf(direct::analyzeDuplicates(songs, COLORS), songs));
+    RC_ASSERT(analyze(songs).groups == linesOf(direct::analyzeDuplicates(songs), songs));
     const auto linesOfAll = [&songs](const QList<QList<Song>> &clusters) {
         Lines lines;
         for (const QList<Song> &cluster : clusters)
@@ -164,7 +159,7 @@ TEST(AnalyzeDuplicates, AgreesWithTheDirectAnalysisOfALargeLibrary)
     }
     const Outcome outcome = analyze(songs);
     EXPECT_EQ(std::count(outcome.log.begin(), outcome.log.end(), "paused 10"), 1);
-    EXPECT_EQ(outcome.groups, linesOf(direct::analyzeDuplicates(songs, COLORS), songs));
+    EXPECT_EQ(outcome.groups, linesOf(direct::analyzeDuplicates(songs), songs));
 }
 
 constexpr LibraryKind KINDS[] = {LibraryKind::Realistic, LibraryKind::NumberedTracks, LibraryKind::OneArtist,
@@ -176,7 +171,7 @@ TEST(AnalyzeDuplicates, AgreesWithTheDirectAnalysisOfLibrariesAsPeopleHaveThem)
         for (const std::uint64_t seed : {7U, 8U, 9U}) {
             const QList<Song> songs = generateLibrary(
                 {.songs = kind == LibraryKind::TenSeconds ? 300U : 1000U, .kind = kind, .seed = seed});
-            const Lines groups = linesOf(direct::analyzeDuplicates(songs, COLORS), songs);
+            const Lines groups = linesOf(direct::analyzeDuplicates(songs), songs);
             EXPECT_FALSE(groups.empty()) << static_cast<int>(kind);
             EXPECT_EQ(analyze(songs).groups, groups) << static_cast<int>(kind);
         }

@@ -54,9 +54,8 @@ QList<QList<Song>> bucketsOf(const QList<Song> &songs, const std::function<QStri
 
 struct Run
 {
-    QList<Color> colors;
     QSet<QString> processedPaths;
-    qsizetype colorIndex = 0;
+    int colorIndex = 0;
     QList<DuplicateGroup> groups;
 
     [[nodiscard]] QList<Song> unplaced(QList<Song> songs) const
@@ -79,7 +78,7 @@ struct Run
         }
         if (duplicates.isEmpty())
             return false;
-        groups << DuplicateGroup{{}, original, duplicates, colors[colorIndex % colors.size()]};
+        groups << DuplicateGroup{{}, original, duplicates, colorIndex % 6};
         ++colorIndex;
         for (const Song &song : duplicates + QList<Song>{original})
             processedPaths << song.path;
@@ -179,7 +178,7 @@ QList<QList<Song>> clusterSongs(const QList<Song> &songs)
     return clusters;
 }
 
-QList<DuplicateGroup> analyzeDuplicates(const QList<Song> &songs, const QList<Color> &colors)
+QList<DuplicateGroup> analyzeDuplicates(const QList<Song> &songs)
 {
     const auto title = [](const Song &s) { return normalizeString(s.title); };
     const auto name = [](const Song &s) { return normalizeString(s.name); };
@@ -188,7 +187,7 @@ QList<DuplicateGroup> analyzeDuplicates(const QList<Song> &songs, const QList<Co
     };
     const auto seconds = [](const Song &s) { return QString::number(qint64(std::trunc(s.duration))); };
 
-    Run run{colors, {}, 0, {}};
+    Run run;
     for (const QList<Song> &bucket : bucketsOf(songs, title))
         run.makeGroups(bucket, true);
     for (const QList<Song> &bucket : bucketsOf(songs, name))

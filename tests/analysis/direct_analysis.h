@@ -19,6 +19,6 @@ namespace sonavo::direct {
 [[nodiscard]] bool artistsCompatible(const Song &duplicate, const Song &original);
 [[nodiscard]] QList<QList<Song>> clusterSongs(const QList<Song> &songs);
 /// Buckets are visited in the order in which their keys first appear.
-[[nodiscard]] QList<DuplicateGroup> analyzeDuplicates(const QList<Song> &songs, const QList<Color> &colors);
+[[nodiscard]] QList<DuplicateGroup> analyzeDuplicates(const QList<Song> &songs);
 
 } // namespace sonavo::direct

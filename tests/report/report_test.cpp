@@ -30,7 +30,7 @@ protected:
         songs = {song(u"a.mp3"_s, 999, 61.2), song(u"二.mp3"_s, 5'000'000, 0.1 + 0.2),
                  song(u"c\x1b[2J\nd\u202e.mp3"_s, 84'300'000, 3725.0)};
         for (int i = 0; i < 7; ++i)
-            groups.append({QUuid::createUuid(), songs[2], {songs[0], songs[1]}, {}});
+            groups.append({QUuid::createUuid(), songs[2], {songs[0], songs[1]}, i % GROUP_TINT_COUNT});
     }
 
     QList<Song> songs;
@@ -54,7 +54,7 @@ TEST_F(ReportTest, AlignsTheRowsOfAGroupAndAddsUp)
 TEST_F(ReportTest, WritesJsonThatReadsBackExactly)
 {
     ASSERT_TRUE(output.open(QIODevice::WriteOnly));
-    ASSERT_TRUE(writeJsonReport(output, songs, groups, 6));
+    ASSERT_TRUE(writeJsonReport(output, songs, groups));
     QJsonArray listed;
     for (const Song &song : songs) {
         listed.append(QJsonObject{{u"path"_s, song.path},
@@ -80,7 +80,7 @@ TEST_F(ReportTest, TellsWhenItCannotBeWritten)
 {
     ASSERT_TRUE(output.open(QIODevice::ReadOnly));
     EXPECT_FALSE(writeTextReport(output, songs, groups));
-    EXPECT_FALSE(writeJsonReport(output, songs, groups, 6));
+    EXPECT_FALSE(writeJsonReport(output, songs, groups));
 }
 
 } // namespace

@@ -7,10 +7,11 @@ T.AbstractButton {
     id: header
 
     required property string title
-    required property color tint
+    required property int tint
     required property bool isExpanded
     // Whether the keyboard is here.
     required property bool isCurrent
+    readonly property color tintColor: Colors.groupTints[tint]
 
     height: 40
     padding: 4
@@ -29,7 +30,7 @@ T.AbstractButton {
             anchors.fill: parent
             anchors.bottomMargin: 1
             radius: 6
-            color: Qt.alpha(header.tint, header.hovered ? 0.38 : 0.3)
+            color: Qt.alpha(header.tintColor, header.hovered ? 0.38 : 0.3)
             border.width: header.isCurrent ? 2 : 0
             border.color: Colors.accent
 
@@ -50,7 +51,7 @@ T.AbstractButton {
             anchors.bottom: parent.bottom
             width: parent.width
             height: 1
-            color: Qt.alpha(header.tint, 0.3)
+            color: Qt.alpha(header.tintColor, 0.3)
         }
     }
 }

@@ -76,7 +76,7 @@ QVariant DuplicateListModel::data(const QModelIndex &index, int role) const
     if (!place)
         return {};
     if (role == TintRole)
-        return toQColor(groupAt(place->group).color.withAlpha(1.0));
+        return groupAt(place->group).color;
     return place->member ? songValue(*place, role) : headerValue(place->group, role);
 }
 

@@ -31,7 +31,7 @@ public:
     {
         /// "header" or "song".
         KindRole = Qt::UserRole,
-        /// Opaque colour that stands for the group.
+        /// Slot of the group's tint among Colors.groupTints.
         TintRole,
         /// What the header says.
         TitleRole,
