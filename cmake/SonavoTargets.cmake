@@ -5,7 +5,7 @@ target_compile_features(sonavo_options INTERFACE cxx_std_20)
 target_compile_definitions(
     sonavo_options INTERFACE QT_NO_CAST_FROM_ASCII QT_NO_CAST_TO_ASCII QT_NO_KEYWORDS QT_NO_FOREACH
                              QT_DISABLE_DEPRECATED_BEFORE=0x060400
-                             $<$<OR:$<BOOL:${SONAVO_BUILD_TESTS}>,$<BOOL:${SONAVO_BUILD_SOAK}>>:QT_FORCE_ASSERTS>)
+                             $<$<OR:$<BOOL:${BUILD_TESTING}>,$<BOOL:${SONAVO_BUILD_SOAK}>>:QT_FORCE_ASSERTS>)
 target_compile_options(
     sonavo_options
     INTERFACE -Wall
@@ -19,8 +19,21 @@ target_compile_options(
               -Wold-style-cast
               -Wcast-qual
               -Wnull-dereference
-              -Wformat=2
-              $<$<BOOL:${SONAVO_WARNINGS_AS_ERRORS}>:-Werror>)
+              -Wformat=2)
+
+# Each compiler version has warnings of its own. The project is kept free of those of Debian 12.
+if(SONAVO_WARNINGS_AS_ERRORS)
+    if(CMAKE_CXX_COMPILER_ID STREQUAL "GNU")
+        set(checked_version 12)
+    elseif(CMAKE_CXX_COMPILER_ID STREQUAL "Clang")
+        set(checked_version 14)
+    endif()
+    if(CMAKE_CXX_COMPILER_VERSION MATCHES "^${checked_version}[.]")
+        target_compile_options(sonavo_options INTERFACE -Werror)
+    else()
+        message(STATUS "Warnings are no errors with ${CMAKE_CXX_COMPILER_ID} ${CMAKE_CXX_COMPILER_VERSION}")
+    endif()
+endif()
 
 # Only code that is compiled alike can share precompiled headers: some libraries ask for -pthread, others do not, and Qt
 # asks for -fPIE in executables and -fPIC in libraries.
