@@ -339,9 +339,11 @@ const AVInputFormat *recognisedFormat(const RegularFile &file)
         return nullptr;
     std::fill_n(content.begin() + size, AVPROBE_PADDING_SIZE, std::uint8_t{0});
     const AVProbeData probe{"", content.data(), static_cast<int>(size), nullptr};
+    // Made before the probe, which libavformat 7 would comment on standard error otherwise.
+    const Demuxers &demuxers = Demuxers::instance();
     int score = 0;
     const AVInputFormat *format = av_probe_input_format3(&probe, 1, &score);
-    return score >= LEAST_PROBE_SCORE && Demuxers::instance().contains(format) ? format : nullptr;
+    return score >= LEAST_PROBE_SCORE && demuxers.contains(format) ? format : nullptr;
 }
 
 /// Whether an MPEG audio frame begins where the content does.
