@@ -29,7 +29,7 @@ check_installation() {
     rm -rf "$tree/installed"
     quietly "$tree/install.log" cmake --install "$tree" --prefix "$tree/installed/usr"
     desktop-file-validate "$tree"/installed/usr/share/applications/*.desktop
-    # The pages with the pictures need not be reachable from here.
+    # Without network: the pictures' addresses are not checked.
     quietly "$tree/appstream.log" appstreamcli validate-tree --no-net "$tree/installed"
 }
 
