@@ -85,9 +85,12 @@ FocusScope {
 
                     width: list.rowWidth
                     isCurrent: list.showsCurrent && list.currentIndex === index
-                    // What waits to be used again is not there for screen readers either.
+                    // Hides pooled rows from screen readers. Qt 6.8 hides them, too, but not only until they are reused.
                     ListView.onPooled: visible = false
-                    ListView.onReused: visible = true
+                    ListView.onReused: {
+                        visible = true;
+                        Accessible.ignored = false;
+                    }
                     onClicked: {
                         list.currentIndex = index;
                         rows.setExpanded(index, !isExpanded);
@@ -120,6 +123,7 @@ FocusScope {
                     ListView.onPooled: visible = false
                     ListView.onReused: {
                         visible = true;
+                        Accessible.ignored = false;
                         clickPosition = Qt.point(-1, -1);
                     }
                 }
