@@ -85,7 +85,7 @@ FocusScope {
 
                     width: list.rowWidth
                     isCurrent: list.showsCurrent && list.currentIndex === index
-                    // Hides pooled rows from screen readers. Qt 6.8 hides them, too, but not only until they are reused.
+                    // Hides pooled rows from screen readers. Qt 6.8 does so by itself, but does not undo it.
                     ListView.onPooled: visible = false
                     ListView.onReused: {
                         visible = true;
