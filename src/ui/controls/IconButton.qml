@@ -1,5 +1,4 @@
 import QtQuick
-import QtQuick.Controls.Basic
 import QtQuick.Templates as T
 import Sonavo
 
@@ -18,9 +17,11 @@ T.AbstractButton {
     focusPolicy: Qt.NoFocus
     Accessible.role: Accessible.Button
     Accessible.name: toolTip
-    ToolTip.text: toolTip
-    ToolTip.visible: hovered
-    ToolTip.delay: 500
+
+    PlainToolTip {
+        text: control.toolTip
+        isHovered: control.hovered
+    }
 
     contentItem: Item {
         SymbolIcon {

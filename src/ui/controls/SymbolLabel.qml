@@ -22,11 +22,10 @@ Row {
         color: label.symbolColor
     }
 
-    Text {
+    PlainText {
         id: caption
         anchors.verticalCenter: parent.verticalCenter
         text: label.text
-        textFormat: Text.PlainText
         color: label.color
     }
 }

@@ -12,14 +12,14 @@ MenuItem {
     Accessible.description: shortcutText.nativeText
 
     contentItem: Item {
-        Text {
+        PlainText {
             anchors.left: parent.left
             anchors.verticalCenter: parent.verticalCenter
             text: item.text
             font: item.font
             color: item.enabled ? Colors.textPrimary : Colors.neutral
         }
-        Text {
+        PlainText {
             anchors.right: parent.right
             anchors.verticalCenter: parent.verticalCenter
             text: shortcutText.nativeText

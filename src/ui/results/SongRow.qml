@@ -1,5 +1,4 @@
 import QtQuick
-import QtQuick.Controls.Basic
 import Sonavo
 
 // One song of a group.
@@ -75,9 +74,11 @@ Item {
             if (row.isPlaying)
                 row.seek(mouse.x);
         }
-        ToolTip.visible: hoveredCell !== null && hoveredCell.fullText !== ""
-        ToolTip.text: hoveredCell ? hoveredCell.fullText : ""
-        ToolTip.delay: 500
+
+        PlainToolTip {
+            text: pointer.hoveredCell ? pointer.hoveredCell.fullText : ""
+            isHovered: pointer.containsMouse
+        }
     }
 
     IconButton {
@@ -90,11 +91,10 @@ Item {
         onClicked: row.play()
     }
 
-    Text {
+    PlainText {
         x: TableColumns.badgeX
         anchors.verticalCenter: parent.verticalCenter
         text: row.isOriginal ? "ORIGINAL   " : "DUPLICATE"
-        textFormat: Text.PlainText
         font: TableColumns.badgeFont
         color: row.isOriginal ? Colors.original : Colors.duplicate
         Accessible.ignored: true

@@ -1,5 +1,4 @@
 import QtQuick
-import QtQuick.Controls.Basic
 import Sonavo
 
 // The titles of the columns.
@@ -55,12 +54,13 @@ Rectangle {
         height: 32
         Accessible.role: Accessible.ColumnHeader
         Accessible.name: text
-        ToolTip.visible: hover.hovered && caption.fullText !== ""
-        ToolTip.text: caption.fullText
-        ToolTip.delay: 500
 
         HoverHandler {
             id: hover
+        }
+        PlainToolTip {
+            text: caption.fullText
+            isHovered: hover.hovered
         }
         SymbolIcon {
             id: icon

@@ -63,7 +63,7 @@ FocusScope {
                     anchors.centerIn: parent
                     spacing: 2
 
-                    Text {
+                    PlainText {
                         id: percentage
                         Layout.alignment: Qt.AlignHCenter
                         text: ring.percentage + "%"
@@ -73,7 +73,7 @@ FocusScope {
                         Accessible.ignored: true
                     }
 
-                    Text {
+                    PlainText {
                         Layout.alignment: Qt.AlignHCenter
                         text: qsTr("of this step")
                         font.pixelSize: 14
@@ -83,7 +83,7 @@ FocusScope {
                         Accessible.name: text
                     }
 
-                    Text {
+                    PlainText {
                         Layout.alignment: Qt.AlignHCenter
                         text: qsTr("Your files stay as they are")
                         font.pixelSize: 12
@@ -94,7 +94,7 @@ FocusScope {
                 }
             }
 
-            Text {
+            PlainText {
                 Layout.alignment: Qt.AlignHCenter
                 Layout.preferredWidth: 230
                 Layout.fillHeight: true
@@ -105,7 +105,6 @@ FocusScope {
                 fontSizeMode: Text.Fit
                 minimumPixelSize: 12
                 text: view.message
-                textFormat: Text.PlainText
                 font.pixelSize: 22
                 color: Colors.textPrimary
             }

@@ -66,7 +66,7 @@ FocusScope {
 
     FileDropArea {
         anchors.fill: parent
-        handleDrop: view.handleDrop
+        onFilesDropped: urls => view.handleDrop(urls)
     }
 
     WelcomeView {

@@ -21,7 +21,7 @@ Rectangle {
     FileDropArea {
         id: target
         anchors.fill: parent
-        handleDrop: zone.handleDrop
+        onFilesDropped: urls => zone.handleDrop(urls)
     }
 
     ColumnLayout {
@@ -37,12 +37,11 @@ Rectangle {
             color: Colors.accent
         }
 
-        Text {
+        PlainText {
             Layout.fillWidth: true
             horizontalAlignment: Text.AlignHCenter
             wrapMode: Text.Wrap
             text: qsTr("Drag & Drop Music Folder Here")
-            textFormat: Text.PlainText
             font.pixelSize: 14
             font.weight: Font.Medium
             color: Colors.textPrimary
@@ -50,7 +49,7 @@ Rectangle {
             Accessible.name: text
         }
 
-        Text {
+        PlainText {
             Layout.fillWidth: true
             horizontalAlignment: Text.AlignHCenter
             wrapMode: Text.Wrap

@@ -34,7 +34,7 @@ ModalSheet {
             font.bold: true
         }
 
-        Text {
+        PlainText {
             text: qsTr("Adding a large number of songs may affect performance.")
             font.pixelSize: 14
             color: Colors.textSecondary
@@ -57,7 +57,7 @@ ModalSheet {
                 y: 20
                 spacing: 6
 
-                Text {
+                PlainText {
                     bottomPadding: 4
                     text: qsTr("Performance Recommendations:")
                     font.pixelSize: 15
@@ -74,7 +74,7 @@ ModalSheet {
                         qsTr("Maximum per session: 500000 songs")
                     ]
 
-                    Text {
+                    PlainText {
                         required property string modelData
                         text: modelData
                         font.pixelSize: 14

@@ -42,11 +42,10 @@ Card {
             color: toast.typeColor
         }
 
-        Text {
+        PlainText {
             Layout.fillWidth: true
             wrapMode: Text.Wrap
             text: toast.message
-            textFormat: Text.PlainText
             font.pixelSize: 14
             font.weight: Font.Medium
             color: Colors.textPrimary

@@ -41,7 +41,7 @@ FocusScope {
                 Accessible.ignored: true
             }
 
-            Text {
+            PlainText {
                 Layout.fillWidth: true
                 Layout.topMargin: 4
                 horizontalAlignment: Text.AlignHCenter
@@ -54,7 +54,7 @@ FocusScope {
                 Accessible.name: text
             }
 
-            Text {
+            PlainText {
                 Layout.fillWidth: true
                 Layout.topMargin: -8
                 horizontalAlignment: Text.AlignHCenter

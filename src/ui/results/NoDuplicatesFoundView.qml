@@ -65,7 +65,7 @@ Rectangle {
             }
         }
 
-        Text {
+        PlainText {
             anchors.horizontalCenter: parent.horizontalCenter
             text: qsTr("Perfect! No Duplicates Found")
             font.pixelSize: 24
@@ -75,7 +75,7 @@ Rectangle {
             Accessible.name: text
         }
 
-        Text {
+        PlainText {
             anchors.horizontalCenter: parent.horizontalCenter
             text: qsTr("Your music library is clean and organized")
             font.pixelSize: 16
