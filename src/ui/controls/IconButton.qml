@@ -2,7 +2,7 @@ import QtQuick
 import QtQuick.Templates as T
 import Sonavo
 
-// A small button that shows nothing but an icon; its tooltip is also its name.
+// A small button with an icon alone; its tooltip is also its accessible name.
 T.AbstractButton {
     id: control
 

@@ -1,7 +1,7 @@
 import QtQuick
 import Sonavo
 
-// An icon and a text beside it.
+// An icon with a text to its right.
 Row {
     id: label
 

@@ -2,7 +2,7 @@ import QtQuick
 import QtQuick.Controls.Basic
 import Sonavo
 
-// An entry of a menu, with its shortcut at the right.
+// A menu item that shows its shortcut on the right.
 MenuItem {
     id: item
 
@@ -26,6 +26,7 @@ MenuItem {
             font: item.font
             color: Colors.textSecondary
         }
+        // Never active: it only formats the shortcut of the action.
         Shortcut {
             id: shortcutText
             enabled: false

@@ -13,8 +13,8 @@ bool hasFiles(const QMimeData &data)
     return std::any_of(urls.begin(), urls.end(), [](const QUrl &url) { return url.isLocalFile(); });
 }
 
-/// A program that is told that its files are moved may delete them. Many go by what they are told before the
-/// drop, so that this is said at every step.
+/// A source may delete its files if it is told that they were moved. Many sources use the action of an
+/// earlier event than the drop, so every event sets it.
 void acceptAsCopy(QDropEvent &event)
 {
     event.setDropAction(Qt::CopyAction);

@@ -7,8 +7,8 @@
 
 namespace sonavo {
 
-/// Takes drops of files and folders and ignores all others, such as web links and text. The source of the
-/// drag is always told that the files are copied, whatever it offers.
+/// Accepts drops of files and folders and ignores all others, such as web links and text. Drops are accepted
+/// as copies, whatever the source offers.
 class FileDropArea : public QQuickItem
 {
     Q_OBJECT

@@ -1,7 +1,7 @@
 import QtQuick
 import Sonavo
 
-// A hint about what to do next, in one line.
+// A hint at what to do next.
 Rectangle {
     id: bar
 

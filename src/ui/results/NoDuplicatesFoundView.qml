@@ -1,11 +1,11 @@
 import QtQuick
 import Sonavo
 
-// The good news, in place of a list of groups.
+// Takes the place of the list when there are no duplicates.
 Rectangle {
     id: view
 
-    // Songs that were scanned.
+    // Number of songs scanned.
     required property int songCount
 
     property real iconScale
@@ -13,7 +13,7 @@ Rectangle {
 
     color: Colors.background
 
-    // The badge grows in whenever the view appears.
+    // The badge grows whenever the view appears.
     ParallelAnimation {
         running: view.visible
 

@@ -1,7 +1,7 @@
 import QtQuick
 import Sonavo
 
-// One song of a group.
+// The row of a song.
 Item {
     id: row
 
@@ -11,16 +11,16 @@ Item {
     required property string durationText
     required property string sizeText
     required property string description
-    // Whether the keyboard is here.
+    // Whether this is the current row, and the list has keyboard focus.
     required property bool isCurrent
 
-    // Where the row was last clicked while it played; the sound goes on from there.
+    // Where the row was last clicked. While the song plays, a marker shows there, beside the pointer.
     property point clickPosition: Qt.point(-1, -1)
 
     signal play
     signal seek(real x)
     signal remove
-    signal pick
+    signal select
     signal openMenu(real x, real y)
 
     height: 40
@@ -63,7 +63,7 @@ Item {
         onPositionChanged: mouse => hoveredCell = row.childAt(mouse.x, mouse.y) as ElidedText
         onExited: hoveredCell = null
         onPressed: mouse => {
-            row.pick();
+            row.select();
             if (mouse.button === Qt.RightButton)
                 row.openMenu(mouse.x, mouse.y);
         }
@@ -102,7 +102,7 @@ Item {
 
     Cell {
         x: TableColumns.badgeX + TableColumns.badgeWidth + TableColumns.spacing
-        width: row.width - x - TableColumns.nameEnd
+        width: row.width - x - TableColumns.nameEndOffset
         text: row.song.name
         font.pixelSize: 14
         font.weight: Font.Medium
@@ -146,7 +146,7 @@ Item {
 
     component Cell: ElidedText {
         height: 40
-        // Half pixels there are none: 13 stands for 12.5, and 14 for 13.5.
+        // Pixel sizes are integers: 13 instead of 12.5, and 14 instead of 13.5.
         font.pixelSize: 13
         color: Colors.textPrimary
         Accessible.ignored: true

@@ -1,7 +1,7 @@
 import QtQuick
 import Sonavo
 
-// The titles of the columns.
+// The column titles.
 Rectangle {
     id: header
 
@@ -10,7 +10,7 @@ Rectangle {
 
     Title {
         x: TableColumns.badgeX
-        width: header.width - x - TableColumns.nameEnd
+        width: header.width - x - TableColumns.nameEndOffset
         text: qsTr("File Name")
     }
     Title {

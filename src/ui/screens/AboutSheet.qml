@@ -2,7 +2,7 @@ import QtQuick
 import QtQuick.Layouts
 import Sonavo
 
-// Says what the program is.
+// Name, version and purpose of the program.
 ModalSheet {
     id: about
 

@@ -2,19 +2,19 @@ import QtQuick
 import QtQuick.Layouts
 import Sonavo
 
-// Shows how far a scan is, and lets the person cancel it.
+// The progress of a scan, with a button that cancels it.
 FocusScope {
     id: view
 
     // From 0.0 to 1.0.
     required property real progress
     required property string message
-    // The person wants no more of it.
+    // The user cancels the scan.
     signal stop
 
     property real rotationAngle
 
-    // One sweep of the colours whenever the view appears.
+    // Turns the gradient once whenever the view appears.
     NumberAnimation on rotationAngle {
         running: view.visible
         from: 0
@@ -101,7 +101,7 @@ FocusScope {
                 horizontalAlignment: Text.AlignHCenter
                 verticalAlignment: Text.AlignVCenter
                 wrapMode: Text.Wrap
-                // The card is no higher for the longest message: that one is written smaller.
+                // The height of the card is fixed; a long message is scaled down.
                 fontSizeMode: Text.Fit
                 minimumPixelSize: 12
                 text: view.message

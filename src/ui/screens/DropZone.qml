@@ -2,10 +2,11 @@ import QtQuick
 import QtQuick.Layouts
 import Sonavo
 
-// Where the welcome screen invites a drop; it lights up under files.
+// The drop target of the welcome screen, highlighted while files are over it.
 Rectangle {
     id: zone
 
+    // Function that imports the dropped URLs.
     required property var handleDrop
     readonly property bool isDropTargeted: target.containsDrag
 

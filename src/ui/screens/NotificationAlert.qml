@@ -2,7 +2,7 @@ import QtQuick
 import QtQuick.Layouts
 import Sonavo
 
-// Says what kept the session from doing what the person wanted.
+// Tells the user why the session could not do something.
 ModalSheet {
     id: alert
 

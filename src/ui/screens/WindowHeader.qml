@@ -3,7 +3,7 @@ import QtQuick.Controls.Basic
 import QtQuick.Templates as T
 import Sonavo
 
-// The strip at the top of the window: menus on the left, the theme button on the right.
+// The top of the window: menus on the left, the theme button on the right.
 Rectangle {
     id: header
 
