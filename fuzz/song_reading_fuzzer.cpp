@@ -108,7 +108,7 @@ void checkReading(const QString &path)
         source.request_stop();
         return source.get_token();
     }();
-    require(!readFacts(path, stopped), "a reading that is stopped gives nothing");
+    require(!readAudioFile(path, stopped), "a reading that is stopped gives nothing");
 }
 
 } // namespace

@@ -178,7 +178,7 @@ TEST_F(ReadSongs, OpensABoundedNumberOfFilesAheadAndNoneOnceStoppedOrDestroyed)
         QSemaphore busy;
         pool.start([&busy] { busy.acquire(); });
         auto readAhead = std::make_unique<SongReadAhead>(files, m_stop.get_token());
-        const QFuture<SongReadAhead::Facts> facts = readAhead->next();
+        const QFuture<SongReadAhead::Results> facts = readAhead->next();
         if (isDestroyed)
             readAhead.reset();
         else
