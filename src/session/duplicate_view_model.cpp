@@ -189,7 +189,7 @@ QCoro::Task<> DuplicateViewModel::scan(QPointer<DuplicateViewModel> self, QList<
     // The walk need not wait for the pause to end.
     DiskTask<QStringList> discovery(
         [urls](const std::stop_token &end) { return discoverAudioFiles(urls, end); });
-    const std::stop_callback endDiscovery(stop, [&discovery] { discovery.settle({}); });
+    const std::stop_callback endDiscovery(stop, [&discovery] { discovery.abandon({}); });
     co_await pauses->wait(200ms);
     if (!isCurrent())
         co_return;

@@ -55,10 +55,10 @@ TEST_F(HangingDiskTest, OnlyTheFilesThatHangCountAsUnreadable)
     std::vector<int> unreadable;
     int number = 0;
     while (readAhead.hasMore()) {
-        const QFuture<SongReadAhead::Facts> facts = readAhead.next();
+        const QFuture<SongReadAhead::Results> facts = readAhead.next();
         ASSERT_TRUE(QTest::qWaitFor([&facts] { return facts.isFinished(); }, 30'000));
         ASSERT_FALSE(facts.result().isEmpty());
-        for (const std::optional<FileFacts> &file : facts.result()) {
+        for (const std::optional<AudioFileInfo> &file : facts.result()) {
             if (!file)
                 unreadable.push_back(number);
             ++number;
@@ -84,13 +84,13 @@ TEST_F(HangingDiskTest, KeepsNobodyWaitingWhoStopsOrGoes)
     const QStringList songs = files(3, {0, 1, 2});
     std::stop_source stop;
     SongReadAhead stopped(songs, stop.get_token(), 1h);
-    const QFuture<SongReadAhead::Facts> facts = stopped.next();
+    const QFuture<SongReadAhead::Results> facts = stopped.next();
     EXPECT_TRUE(QTest::qWaitFor([this] { return m_disk.hangingReads() == 1; }));
     stop.request_stop();
     EXPECT_TRUE(facts.isFinished());
 
     auto gone = std::make_unique<SongReadAhead>(songs, std::stop_token(), 1h);
-    const QFuture<SongReadAhead::Facts> nothing = gone->next();
+    const QFuture<SongReadAhead::Results> nothing = gone->next();
     EXPECT_TRUE(QTest::qWaitFor([this] { return m_disk.hangingReads() == 2; }));
     gone.reset();
     EXPECT_TRUE(nothing.isFinished());
