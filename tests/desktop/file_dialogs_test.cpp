@@ -1,4 +1,4 @@
-#include "desktop/music_dialog.h"
+#include "desktop/file_dialogs.h"
 #include "testing/private_home.h"
 
 #include <QAbstractItemView>
@@ -117,7 +117,7 @@ protected:
     std::vector<std::string> chosenMusic()
     {
         std::vector<std::string> paths;
-        for (const QUrl &url : askForMusic(m_folder)) {
+        for (const QUrl &url : runMusicDialog(m_folder)) {
             EXPECT_TRUE(url.isLocalFile());
             paths.push_back(url.toLocalFile().toStdString());
         }
@@ -125,7 +125,7 @@ protected:
     }
     std::string chosenFolder()
     {
-        return askForFolder(QStringLiteral("Move to"), QStringLiteral("Move"), m_folder).toStdString();
+        return runFolderDialog(QStringLiteral("Move to"), QStringLiteral("Move"), m_folder).toStdString();
     }
 
     PrivateHome home;
