@@ -7,19 +7,20 @@ namespace sonavo {
 
 class DuplicateViewModel;
 
-/// Sees to it that nothing plays on and no scan runs on when the application ends. Main thread only.
+/// Stops playback and the scan when the application quits or is suspended. Main thread only.
 class AppDelegate : public QObject
 {
     Q_OBJECT
 
 public:
-    /// @param viewModel the session; may end earlier
+    /// @param viewModel the session; may be destroyed earlier
     explicit AppDelegate(DuplicateViewModel *viewModel, QObject *parent = nullptr);
 
-    /// The desktop is not to start the application again with the next session.
+    /// Tells the session manager not to start the application again at the next login.
     void applicationDidFinishLaunching();
 
-    /// The one clean-up of every way to an end; doing it twice does no harm.
+    /// Shutdown clean-up: stops playback and clears the session. Idempotent.
+    /// @param viewModel may be null
     static void cleanUp(DuplicateViewModel *viewModel);
 
 private:

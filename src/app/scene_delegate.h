@@ -7,13 +7,13 @@ namespace sonavo {
 
 class DuplicateViewModel;
 
-/// Watches the main window: its closing ends the session. Main thread only.
+/// Event filter of the main window: clears the session when the window closes. Main thread only.
 class SceneDelegate : public QObject
 {
     Q_OBJECT
 
 public:
-    /// @param viewModel the session; may end earlier
+    /// @param viewModel the session; may be destroyed earlier
     explicit SceneDelegate(DuplicateViewModel *viewModel, QObject *parent = nullptr);
 
     bool eventFilter(QObject *watched, QEvent *event) override;

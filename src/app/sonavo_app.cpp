@@ -7,7 +7,7 @@
 #include <QVariant>
 #include <QtQml/qqmlextensionplugin.h>
 
-// The views are linked in; this makes them known.
+// The views are linked statically; this registers them.
 Q_IMPORT_QML_PLUGIN(SonavoPlugin)
 
 namespace sonavo {

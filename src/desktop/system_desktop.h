@@ -5,7 +5,7 @@
 
 namespace sonavo {
 
-/// The desktop that the person sits at. Needs a QApplication.
+/// The user's real desktop. Needs a QApplication; main thread only.
 class SystemDesktop final : public Desktop
 {
 public:

@@ -181,7 +181,7 @@ TEST_F(ProgramWindowTest, CleansUpAfterListening)
     const QString play = u"Click to listen and verify this song"_s;
     ASSERT_TRUE(waitFor([&] { return placesOf(u"push button"_s, play).size() == 3; }));
     EXPECT_TRUE(m_desktop.click(placesOf(u"push button"_s, play)[1].center()));
-    EXPECT_TRUE(waitFor([&] { return !sound->starts(SoundServer::Left).empty(); }))
+    EXPECT_TRUE(waitFor([&] { return !sound->starts().empty(); }))
         << "the song is to be heard";
 
     EXPECT_TRUE(m_desktop.click(placesOf(u"push button"_s, u"Delete this song"_s).back().center()));

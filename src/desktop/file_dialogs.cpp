@@ -1,4 +1,4 @@
-#include "desktop/music_dialog.h"
+#include "desktop/file_dialogs.h"
 
 #include "model/audio_formats.h"
 
@@ -24,27 +24,28 @@ QString musicFolder()
     return QFileInfo(folder).isDir() ? folder : QDir::homePath();
 }
 
-/// The window that a panel belongs to. It is no widget, so a dialog does not find it by itself.
-QWindow *windowInUse()
+/// The window that a dialog belongs to. It is no widget, so QDialog does not find it by itself.
+QWindow *activeWindow()
 {
     if (QWindow *focused = QGuiApplication::focusWindow())
         return focused;
     const QWindowList windows = QGuiApplication::topLevelWindows();
     const auto visible =
-        std::find_if(windows.begin(), windows.end(), [](QWindow *w) { return w->isVisible(); });
+        std::find_if(windows.begin(), windows.end(), [](QWindow *window) { return window->isVisible(); });
     return visible == windows.end() ? nullptr : *visible;
 }
 
-/// Drawn by the application, so that it has its colours.
-class Panel : public QFileDialog
+/// Qt's own dialog rather than the desktop's, so that it takes the colours of the theme.
+class SafeFileDialog : public QFileDialog
 {
 public:
-    explicit Panel(const QString &title)
+    explicit SafeFileDialog(const QString &title)
         : QFileDialog(nullptr, title)
     {
         setOption(DontUseNativeDialog);
         setAcceptMode(AcceptOpen);
-        // What the dialog offers for tidying up deletes for good, and a slip of the mouse moves files.
+        // The dialog's own Delete removes files for good, and a slip of the mouse moves them. Its key works
+        // although the menu entry is hidden.
         for (QAction *action : findChildren<QAction *>()) {
             const QString name = action->objectName();
             if (name == QStringLiteral("qt_delete_action") || name == QStringLiteral("qt_rename_action"))
@@ -54,66 +55,66 @@ public:
             if (shortcut->key() == QKeySequence::Delete)
                 shortcut->setEnabled(false);
         }
-        for (QAbstractItemView *view : {list(), details()}) {
+        for (QAbstractItemView *view : {listView(), treeView()}) {
             view->setDragDropMode(QAbstractItemView::NoDragDrop);
             view->setEditTriggers(QAbstractItemView::NoEditTriggers);
         }
     }
 
-    /// @return whether the person confirmed
+    /// @return whether the user confirmed
     bool run(QString &folder)
     {
         setDirectory(QFileInfo(folder).isDir() ? folder : musicFolder());
         winId(); // makes the native window
-        windowHandle()->setTransientParent(windowInUse());
-        const bool isConfirmed = exec() == Accepted;
+        windowHandle()->setTransientParent(activeWindow());
+        const bool isAccepted = exec() == Accepted;
         folder = directory().absolutePath();
-        return isConfirmed;
+        return isAccepted;
     }
 
 protected:
-    QAbstractItemView *list() const { return findChild<QAbstractItemView *>(QStringLiteral("listView")); }
-    QAbstractItemView *details() const { return findChild<QAbstractItemView *>(QStringLiteral("treeView")); }
+    QAbstractItemView *listView() const { return findChild<QAbstractItemView *>(QStringLiteral("listView")); }
+    QAbstractItemView *treeView() const { return findChild<QAbstractItemView *>(QStringLiteral("treeView")); }
     QLineEdit *nameEdit() const { return findChild<QLineEdit *>(QStringLiteral("fileNameEdit")); }
 };
 
-/// A panel that takes folders as well as files.
-class MusicPanel final : public Panel
+/// Accepts folders as well as files, which QFileDialog does not.
+class MusicDialog final : public SafeFileDialog
 {
 public:
-    MusicPanel()
-        : Panel(QStringLiteral("Add Songs"))
+    MusicDialog()
+        : SafeFileDialog(QStringLiteral("Add Songs"))
     {
         setFileMode(ExistingFiles);
         setOption(ReadOnly);
         setNameFilter(QStringLiteral("Songs (*.%1)").arg(audioExtensions().join(QStringLiteral(" *."))));
-        connect(selection(), &QItemSelectionModel::selectionChanged, this, [this] { nameSelected(); });
-        connect(this, &QFileDialog::directoryEntered, this, [this] { chooseNothing(); });
+        connect(selection(), &QItemSelectionModel::selectionChanged, this, [this] { showSelectedNames(); });
+        connect(this, &QFileDialog::directoryEntered, this, [this] { clearSelection(); });
     }
 
     void accept() override
     {
-        const QString named = nameEdit()->text();
+        const QString names = nameEdit()->text();
         const QStringList paths = selectedFiles();
-        const bool areThere = std::all_of(paths.begin(), paths.end(),
+        if (names.isEmpty() || paths.isEmpty())
+            return; // would accept the folder that is shown
+        const bool allExist = std::all_of(paths.begin(), paths.end(),
                                           [](const QString &path) { return QFileInfo::exists(path); });
-        if (named.isEmpty() || paths.isEmpty())
-            return; // without a name it would be the folder that is shown
-        if (areThere && named != QStringLiteral(".."))
-            done(Accepted); // where the dialog itself would enter folders
+        if (allExist && names != QStringLiteral(".."))
+            done(Accepted); // the base class would enter a folder
         else
             QFileDialog::accept();
     }
 
 private:
-    QItemSelectionModel *selection() const { return list()->selectionModel(); }
+    QItemSelectionModel *selection() const { return listView()->selectionModel(); }
 
-    /// The dialog itself names only files.
-    void nameSelected()
+    /// The base class does so for files only.
+    void showSelectedNames()
     {
         QStringList names;
         for (const QModelIndex &row : selection()->selectedRows()) {
-            if (row != list()->rootIndex())
+            if (row != listView()->rootIndex())
                 names += row.data().toString();
         }
         if (names.isEmpty() || nameEdit()->hasFocus())
@@ -122,8 +123,8 @@ private:
                                               : u'"' + names.join(QStringLiteral("\" \"")) + u'"');
     }
 
-    /// The dialog itself would keep the name of the folder that was entered, and then look for it inside.
-    void chooseNothing()
+    /// The base class would keep the name of the folder that was entered, and look for it inside.
+    void clearSelection()
     {
         nameEdit()->clear();
         selection()->clearSelection();
@@ -132,19 +133,19 @@ private:
 
 } // namespace
 
-QList<QUrl> askForMusic(QString &folder)
+QList<QUrl> runMusicDialog(QString &folder)
 {
-    MusicPanel panel;
-    return panel.run(folder) ? panel.selectedUrls() : QList<QUrl>();
+    MusicDialog dialog;
+    return dialog.run(folder) ? dialog.selectedUrls() : QList<QUrl>();
 }
 
-QString askForFolder(const QString &message, const QString &prompt, QString &folder)
+QString runFolderDialog(const QString &title, const QString &acceptLabel, QString &folder)
 {
-    Panel panel(message);
-    panel.setFileMode(QFileDialog::Directory);
-    panel.setOption(QFileDialog::ShowDirsOnly);
-    panel.setLabelText(QFileDialog::Accept, prompt);
-    return panel.run(folder) ? panel.selectedFiles().constFirst() : QString();
+    SafeFileDialog dialog(title);
+    dialog.setFileMode(QFileDialog::Directory);
+    dialog.setOption(QFileDialog::ShowDirsOnly);
+    dialog.setLabelText(QFileDialog::Accept, acceptLabel);
+    return dialog.run(folder) ? dialog.selectedFiles().constFirst() : QString();
 }
 
 } // namespace sonavo

@@ -1,30 +1,30 @@
-#include "desktop/sound_thread.h"
+#include "desktop/audio_thread.h"
 
 #include <QCoreApplication>
 
 namespace sonavo {
 namespace {
 
-QThread *startSoundThread()
+QThread *startAudioThread()
 {
     auto *thread = new QThread;
-    thread->setObjectName(QStringLiteral("sound"));
+    thread->setObjectName(QStringLiteral("audio"));
     thread->start();
     qAddPostRoutine([] {
         using namespace std::chrono_literals;
-        soundThread().quit();
+        audioThread().quit();
         // A sound server that does not answer must not keep the application from ending.
-        soundThread().wait(QDeadlineTimer(2s));
+        audioThread().wait(QDeadlineTimer(2s));
     });
     return thread;
 }
 
 } // namespace
 
-QThread &soundThread()
+QThread &audioThread()
 {
-    // Never deleted, because it can still be waiting when the application ends.
-    static QThread *const thread = startSoundThread();
+    // Never deleted: it can still be blocked when the application ends.
+    static QThread *const thread = startAudioThread();
     return *thread;
 }
 

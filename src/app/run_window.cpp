@@ -1,4 +1,4 @@
-#include "app/window_command.h"
+#include "app/run_window.h"
 
 #include "app/process_exit.h"
 #include "app/sonavo_app.h"
@@ -17,7 +17,7 @@ using namespace std::chrono_literals;
 
 namespace {
 
-/// Qt ends the program without a word that helps when there is no desktop to show a window on.
+/// Without a display, Qt aborts the program with a message that does not help.
 bool hasDisplay()
 {
     constexpr std::array VARIABLES{"DISPLAY", "WAYLAND_DISPLAY", "QT_QPA_PLATFORM"};
@@ -33,7 +33,7 @@ ExitStatus runWindow(int &argc, char **argv, const WindowRequest &request)
         std::fputs("sonavo: there is no display to open a window on; --report needs none\n", stderr);
         return ExitStatus::NoWindow;
     }
-    // The style of the file dialogs; unlike some desktops' own, this one takes the colours of the theme.
+    // For the file dialogs: unlike the style of some desktops, this one takes the theme's colours.
     QApplication::setStyle(QStyleFactory::create(QStringLiteral("Fusion")));
     const QApplication application(argc, argv);
     QApplication::setApplicationDisplayName(QStringLiteral("Sonavo"));
