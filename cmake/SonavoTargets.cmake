@@ -5,7 +5,7 @@ target_compile_features(sonavo_options INTERFACE cxx_std_20)
 target_compile_definitions(
     sonavo_options INTERFACE QT_NO_CAST_FROM_ASCII QT_NO_CAST_TO_ASCII QT_NO_KEYWORDS QT_NO_FOREACH
                              QT_DISABLE_DEPRECATED_BEFORE=0x060400
-                             $<$<OR:$<BOOL:${SONAVO_BUILD_TESTS}>,$<BOOL:${SONAVO_BUILD_SOAK}>>:QT_FORCE_ASSERTS>)
+                             $<$<OR:$<BOOL:${BUILD_TESTING}>,$<BOOL:${SONAVO_BUILD_SOAK}>>:QT_FORCE_ASSERTS>)
 target_compile_options(
     sonavo_options
     INTERFACE -Wall
@@ -19,16 +19,29 @@ target_compile_options(
               -Wold-style-cast
               -Wcast-qual
               -Wnull-dereference
-              -Wformat=2
-              $<$<BOOL:${SONAVO_WARNINGS_AS_ERRORS}>:-Werror>)
+              -Wformat=2)
 
-# Only code that is compiled alike can share precompiled headers: some libraries ask for -pthread, others do not, and Qt
+# Each compiler version has warnings of its own. The project is kept free of those of Debian 12.
+if(SONAVO_WARNINGS_AS_ERRORS)
+    if(CMAKE_CXX_COMPILER_ID STREQUAL "GNU")
+        set(checked_version 12)
+    elseif(CMAKE_CXX_COMPILER_ID STREQUAL "Clang")
+        set(checked_version 14)
+    endif()
+    if(CMAKE_CXX_COMPILER_VERSION MATCHES "^${checked_version}[.]")
+        target_compile_options(sonavo_options INTERFACE -Werror)
+    else()
+        message(STATUS "Warnings are no errors with ${CMAKE_CXX_COMPILER_ID} ${CMAKE_CXX_COMPILER_VERSION}")
+    endif()
+endif()
+
+# Targets share precompiled headers only if their flags are equal: some libraries ask for -pthread, others do not, and Qt
 # asks for -fPIE in executables and -fPIC in libraries.
 target_compile_options(sonavo_options INTERFACE -pthread -fPIC)
 
 if(CMAKE_CXX_COMPILER_ID STREQUAL "GNU" AND CMAKE_CXX_COMPILER_VERSION VERSION_LESS 14)
-    # Coroutine frames make older GCC report null dereferences inside library headers, and strings that are added up
-    # copies beyond their end.
+    # False positives of older GCC: null dereferences in library headers for coroutine frames, and overflows for
+    # concatenated strings.
     target_compile_options(sonavo_options INTERFACE -Wno-null-dereference -Wno-array-bounds -Wno-restrict)
 endif()
 
@@ -37,14 +50,13 @@ if(SONAVO_SANITIZE)
                                                     -fno-omit-frame-pointer)
     target_link_options(sonavo_options INTERFACE -fsanitize=address,undefined)
     if(CMAKE_CXX_COMPILER_ID STREQUAL "Clang")
-        # Clang 14 cannot put this check into coroutines.
+        # Clang 14 does not support this check in coroutines.
         target_compile_options(sonavo_options INTERFACE -fno-sanitize=function)
     endif()
 endif()
 
-# sonavo_precompile(NAME HEADERS... ) makes a target NAME whose precompiled headers others reuse. They save more than
-# half of the time that a build takes; every file still includes what it uses, which the release build shows by doing
-# without them.
+# sonavo_precompile(NAME HEADERS...) adds a target NAME whose precompiled headers others reuse. They halve the time of a
+# build. Every file still includes what it uses: the release build has no precompiled headers.
 function(sonavo_precompile name)
     set(source ${PROJECT_BINARY_DIR}/${name}.cpp)
     file(CONFIGURE OUTPUT ${source} CONTENT "")
@@ -82,22 +94,22 @@ set(SONAVO_COMMON_HEADERS
     <vector>)
 sonavo_precompile(sonavo_precompiled ${SONAVO_COMMON_HEADERS})
 
-# sonavo_add_module(NAME SOURCES... ) adds the static library of one module under src/.
+# sonavo_add_module(NAME SOURCES...) adds the static library of one module under src/.
 function(sonavo_add_module name)
     add_library(sonavo_${name} STATIC ${ARGN})
     target_include_directories(sonavo_${name} PUBLIC ${PROJECT_SOURCE_DIR}/src)
     target_link_libraries(sonavo_${name} PRIVATE sonavo_options)
     target_precompile_headers(sonavo_${name} REUSE_FROM sonavo_precompiled)
-    # What the views can know of the module's types.
+    # For the views that use the module's types.
     qt_extract_metatypes(sonavo_${name})
 endfunction()
 
-# Tests need not be fast, only what they test; optimised less, they compile in half the time.
+# Test code is not optimised, only the code under test: it compiles in half the time.
 add_library(sonavo_test_options INTERFACE)
 target_link_libraries(sonavo_test_options INTERFACE sonavo_options)
 target_compile_options(sonavo_test_options INTERFACE $<$<CONFIG:RelWithDebInfo>:-O0>)
 
-# sonavo_add_test(NAME SOURCES... ) adds the test executable of one module; link its libraries afterwards.
+# sonavo_add_test(NAME SOURCES...) adds the test executable of one module. Link its libraries afterwards.
 function(sonavo_add_test name)
     add_executable(test_${name} ${ARGN})
     target_include_directories(test_${name} PRIVATE ${PROJECT_SOURCE_DIR}/tests)

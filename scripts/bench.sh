@@ -1,11 +1,10 @@
 #!/usr/bin/env bash
 # Installs what is missing, builds Sonavo and its benchmarks and runs them: all of them, or the one that is named
-# first (analysis, import, memory, response or results) with the given options.
+# (analysis, import, memory, response or results) with the given options.
+#
+#     scripts/bench.sh [NAME [OPTION...]]
 set -euo pipefail
-
-root=$(cd -- "$(dirname -- "${BASH_SOURCE[0]}")/.." && pwd)
-# shellcheck source=scripts/prepare.sh
-source "$root/scripts/prepare.sh"
+source "$(dirname -- "${BASH_SOURCE[0]}")/prepare.sh"
 
 case ${1-all} in
 all | analysis | import | memory | response | results) ;;
@@ -16,7 +15,7 @@ all | analysis | import | memory | response | results) ;;
 esac
 
 install_packages "${BUILD_PACKAGES[@]}" "${BENCH_PACKAGES[@]}"
-(build "$root" bench)
+build bench
 
 benchmarks=$root/build/bench/bin
 run() {

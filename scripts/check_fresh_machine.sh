@@ -1,36 +1,40 @@
 #!/usr/bin/env bash
-# Checks that ./run.sh and ./test.sh do all that they promise on a fresh machine: as a person with sudo in a minimal
-# system of this distribution. Takes root, and 20 minutes. Arguments: the scripts to run, both without any.
+# Checks that ./run.sh and ./test.sh do all that they promise on a fresh machine: as a user with sudo in a minimal Debian.
+# Tries what is committed. Takes root, and 20 minutes.
+#
+#     scripts/check_fresh_machine.sh [bookworm|trixie] [SCRIPT...]
+#
+# Without a codename it is this machine's release, without scripts both.
 set -euo pipefail
-
-root=$(cd -- "$(dirname -- "${BASH_SOURCE[0]}")/.." && pwd)
-# shellcheck source=scripts/prepare.sh
-source "$root/scripts/prepare.sh"
-# shellcheck source=scripts/minimal_root.sh
+source "$(dirname -- "${BASH_SOURCE[0]}")/prepare.sh"
 source "$root/scripts/minimal_root.sh"
 
-install_packages debootstrap git
-system=$(mktemp --directory)/system
-trap 'remove_minimal_root "$system"' EXIT
-new_minimal_root "$system"
+codename=
+if [[ ${1-} == bookworm || ${1-} == trixie ]]; then
+    codename=$1
+    shift
+fi
+scripts=("$@")
+(($# > 0)) || scripts=(run.sh test.sh)
 
-# What is committed, with a blank in the path.
-checkout="/srv/person/my projects/sonavo"
+install_packages git
+use_minimal_root "$codename"
+
+# With a blank in the path.
+checkout="/srv/user/my projects/sonavo"
 mkdir -p "$system$checkout"
 git -C "$root" archive HEAD | tar --extract --directory "$system$checkout"
-chroot "$system" chown -R person: /srv/person
+chroot "$system" chown -R user: /srv/user
 
-scripts=("${@:-run.sh}")
-(($# > 0)) || scripts+=(test.sh)
 for script in "${scripts[@]}"; do
     echo "== $script"
-    time inside "$system" bash -c "cd '$checkout' && CI=true ./$script"
+    time inside "$system" bash -c "cd '$checkout' && ./$script"
 done
 
 if [[ " ${scripts[*]} " == *" run.sh "* ]]; then
     echo "== run.sh once more, which installs and builds nothing"
-    said=$(inside "$system" bash -c "cd '$checkout' && ./run.sh 2>&1 >report.txt")
-    if grep -E 'Installing|Building' <<<"$said"; then
+    output=$(inside "$system" bash -c "cd '$checkout' && ./run.sh 2>&1 >report.txt")
+    if grep -E 'Installing|Building' <<<"$output"; then
         exit 1
     fi
     inside "$system" grep 'groups' "$checkout/report.txt"

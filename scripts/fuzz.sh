@@ -1,29 +1,27 @@
 #!/usr/bin/env bash
-# Installs what is missing, builds the fuzzers under sanitizers and runs all of them at once for the given number of
-# seconds, 600 unless told.
+# Installs what is missing, builds the fuzzers under sanitizers and runs all of them at once for SECONDS (600).
+#
+#     scripts/fuzz.sh [SECONDS]
 set -euo pipefail
-
-root=$(cd -- "$(dirname -- "${BASH_SOURCE[0]}")/.." && pwd)
-# shellcheck source=scripts/prepare.sh
-source "$root/scripts/prepare.sh"
+source "$(dirname -- "${BASH_SOURCE[0]}")/prepare.sh"
 
 seconds=${1:-600}
 fuzzers=(song_reading matching)
 
 install_packages "${BUILD_PACKAGES[@]}" "${TEST_PACKAGES[@]}"
-(build "$root" sanitize "${fuzzers[@]/#/fuzz_}")
+build sanitize "${fuzzers[@]/#/fuzz_}"
 
 work=$root/build/sanitize/fuzz
 cd "$root/samples"
 
-# new_seeds NAME makes an empty folder for the inputs that a fuzzer begins with.
+# new_seeds NAME empties the folder of the inputs that a fuzzer starts from.
 new_seeds() {
     seeds=$work/$1/seeds
     rm -rf -- "$seeds"
     mkdir -p "$seeds"
 }
 
-# Each song whole, and what tells its format and length alone, under its own extension: see song_reading_fuzzer.cpp.
+# Each song as a whole, and only the part that holds its format and length: see song_reading_fuzzer.cpp.
 seed_song_reading() {
     local format=0 number=0 extension song index
     new_seeds song_reading
@@ -45,8 +43,7 @@ seed_song_reading() {
     done
 }
 
-# The songs of each folder by their names, as they are and with texts of four times the length: see
-# matching_fuzzer.cpp.
+# The file names of each folder, as they are and four times as long: see matching_fuzzer.cpp.
 seed_matching() {
     local folder song base
     new_seeds matching
@@ -60,13 +57,13 @@ seed_matching() {
     done
 }
 
-# fuzz NAME OPTIONS... goes on from what earlier runs found.
+# fuzz NAME OPTIONS... starts from the corpus of earlier runs.
 fuzz() {
     local name=$1
     shift
     local corpus=$work/$name/corpus
     mkdir -p "$corpus"
-    # What a fuzzer leaves behind when it ends with a fault stays in the build folder.
+    # A fuzzer that crashes does not clean up: its temporary files stay in the build folder.
     TMPDIR=$work/$name "$work/fuzz_$name" "$@" -max_total_time="$seconds" -timeout=10 -rss_limit_mb=2048 \
         -artifact_prefix="$work/$name/" "$corpus" "$work/$name/seeds" >"$work/$name/log" 2>&1
 }
@@ -74,9 +71,8 @@ fuzz() {
 seed_song_reading
 seed_matching
 echo "Fuzzing for $seconds seconds"
-export UBSAN_OPTIONS=print_stacktrace=1 ASAN_SYMBOLIZER_PATH=/usr/lib/llvm-14/bin/llvm-symbolizer
-# Memory that one input freed need not be kept for the next ones, nor long stacks: Qt's frames cannot be followed, and
-# guesses at them never end.
+export UBSAN_OPTIONS=print_stacktrace=1
+# A small quarantine saves memory. Short stacks save time: Qt has no frame pointers, and unwinding through it wanders on.
 export ASAN_OPTIONS=quarantine_size_mb=32:malloc_context_size=4
 fuzz song_reading -max_len=32768 -dict="$root/fuzz/song_reading.dict" &
 runs=($!)
@@ -95,9 +91,9 @@ for i in "${!fuzzers[@]}"; do
     tail -n 80 "$work/$name/log" >&2
     cat >&2 <<-END
 
-	$name found a fault. The file that is named above shows it again:
+	$name found a fault. Reproduce it with the file that is named above:
 	    build/sanitize/fuzz/fuzz_$name FILE
-	Make a test of it, at the lowest level that fails.
+	Then write a test for it, at the lowest level that fails.
 	END
 done
 exit "$failed"

@@ -1,37 +1,56 @@
 # shellcheck shell=bash
-# Sourced by the checks that need a machine on which nothing is installed: a minimal system of the distribution that
-# this one is, in a folder, with the package sources of this one.
+# Sourced after prepare.sh by the checks that need a machine on which nothing is installed: a minimal Debian in a folder,
+# with the package sources of this machine.
 
-# new_minimal_root FOLDER makes one, with bash, apt and sudo and a person called "person" who may use sudo; FOLDER must
-# not exist. Only root can do that.
+# use_minimal_root [CODENAME] makes one whose folder is $system, and which is gone when the script ends.
+use_minimal_root() {
+    install_packages debootstrap
+    system=$(mktemp --directory)/system
+    trap 'remove_minimal_root "$system"' EXIT
+    new_minimal_root "$system" "$@"
+}
+
+# new_minimal_root FOLDER [CODENAME] makes one of the release with that codename, this machine's unless told: with apt,
+# sudo, and a user called "user" who may use sudo. FOLDER must not exist. Only root can do that.
 new_minimal_root() {
-    local target=$1 codename mirror
+    local target=$1 codename=${2-} own mirror setting
     if ((EUID != 0)); then
-        echo "A system in a folder takes root" >&2
+        echo "Making a root file system takes root" >&2
         return 1
     fi
     # shellcheck source=/dev/null
-    codename=$(source /etc/os-release && echo "$VERSION_CODENAME")
+    own=$(source /etc/os-release && echo "$VERSION_CODENAME")
+    codename=${codename:-$own}
     # shellcheck disable=SC2016 # apt's own placeholders
     mirror=$(apt-get indextargets --format '$(RELEASE) $(REPO_URI)' 'Created-By: Packages' |
-        awk -v codename="$codename" '$1 == codename { print $2; exit }')
+        awk -v codename="$own" '$1 == codename { print $2; exit }')
     echo "Making a minimal $codename" >&2
     debootstrap --variant=minbase --include=ca-certificates,sudo "$codename" "$target" "$mirror" >"$target.log" ||
         { tail -n 20 "$target.log" >&2; return 1; }
 
-    # Packages come from where this machine has them, by the same way.
+    # Packages come from the mirrors of this machine. Other vendors' sources need not know the other release.
     rm -rf "$target"/etc/apt/sources.list*
-    cp -a /etc/apt/sources.list* /etc/apt/apt.conf.d "$target/etc/apt/"
+    cp -a /etc/apt/sources.list* "$target/etc/apt/"
     cp -a /etc/apt/keyrings /etc/apt/trusted.gpg.d "$target/etc/apt/" 2>/dev/null || true
+    # Settings that belong to a package come with that package, which would ask about the copy.
+    for setting in /etc/apt/apt.conf.d/*; do
+        dpkg-query --search "$setting" >/dev/null 2>&1 || cp -a "$setting" "$target/etc/apt/apt.conf.d/"
+    done
+    find "$target"/etc/apt/sources.list* -type f -exec sed -i "s/\<$own\>/$codename/g" {} +
     cp -aL /etc/resolv.conf /etc/hosts "$target/etc/"
 
-    chroot "$target" useradd --create-home --home-dir /srv/person --shell /bin/bash person
-    echo "person ALL=(ALL) NOPASSWD: ALL" >"$target/etc/sudoers.d/person"
-    mount -t proc proc "$target/proc"
-    mount --rbind --make-rslave /dev "$target/dev"
+    chroot "$target" useradd --create-home --home-dir /srv/user --shell /bin/bash user
+    echo "user ALL=(ALL) NOPASSWD: ALL" >"$target/etc/sudoers.d/user"
+    mount_minimal_root "$target"
 }
 
-# remove_minimal_root FOLDER takes it away, whatever still runs in it.
+# mount_minimal_root FOLDER gives it the file systems of a running system.
+mount_minimal_root() {
+    mount -t proc proc "$1/proc"
+    mount --rbind --make-rslave /dev "$1/dev"
+}
+
+# remove_minimal_root FOLDER kills what still runs in it and deletes it.
 remove_minimal_root() {
     local target=$1 process
     for process in /proc/[0-9]*; do
@@ -43,12 +62,13 @@ remove_minimal_root() {
         return 1
     fi
     rm -rf --one-file-system "$target" "$target.log"
+    rmdir "$(dirname -- "$target")"
 }
 
-# inside FOLDER COMMAND... runs a command in it as the person.
+# inside FOLDER COMMAND... runs a command in it as the user.
 inside() {
     local target=$1
     shift
     env --ignore-environment PATH=/usr/local/bin:/usr/bin:/bin:/usr/sbin:/sbin TERM=dumb LANG=C.UTF-8 \
-        chroot "$target" sudo --user person --login -- "$@"
+        chroot "$target" sudo --user user --login -- "$@"
 }

@@ -1,13 +1,10 @@
 #!/usr/bin/env bash
 # Installs what is missing, builds Sonavo and makes its Debian package; prints where it is.
 set -euo pipefail
-
-root=$(cd -- "$(dirname -- "${BASH_SOURCE[0]}")/.." && pwd)
-# shellcheck source=scripts/prepare.sh
-source "$root/scripts/prepare.sh"
+source "$(dirname -- "${BASH_SOURCE[0]}")/prepare.sh"
 
 install_packages "${BUILD_PACKAGES[@]}" dpkg-dev
-(build "$root" release)
+build release
 cd "$root/build/release"
 rm -f sonavo_*.deb
 quietly package.log cpack

@@ -1,6 +1,9 @@
 # shellcheck shell=bash
-# Sourced by the scripts in the root: installs what is missing and builds. What is printed here goes to standard
-# error: standard output belongs to the program that is started.
+# Sourced by the other scripts: installs what is missing and builds. What is printed here goes to standard error, because
+# standard output belongs to the program that is started.
+
+# The project's folder.
+root=$(cd -- "$(dirname -- "${BASH_SOURCE[0]}")/.." && pwd)
 
 BUILD_PACKAGES=(
     g++ cmake ninja-build pkg-config
@@ -10,26 +13,24 @@ BUILD_PACKAGES=(
     qml6-module-qtquick-templates qml6-module-qtquick-window qml6-module-qtqml qml6-module-qtqml-models
     qml6-module-qtqml-workerscript qml6-module-qt-labs-qmlmodels
     libavformat-dev libavcodec-dev libavutil-dev
-    # Playback: the pipeline, the way to the sound server and most decoders, and the one of AAC.
+    # Playback: the pipeline, the sound outputs and most decoders, and the decoder of AAC.
     libgstreamer1.0-dev gstreamer1.0-plugins-base gstreamer1.0-plugins-good gstreamer1.0-libav
     gstreamer1.0-alsa
     fontconfig
     # Opens a folder where no file manager answers on the message bus.
     xdg-utils
 )
-# One version of the clang tools everywhere: versions differ in what they call formatted.
 TEST_PACKAGES=(
     libgtest-dev libgmock-dev librapidcheck-dev
-    clang-format-14 clang-tidy-14 ffmpeg
-    # The compiler of the sanitizers' build, and what gives their reports names; the tests' other build has the
-    # distribution's compiler.
-    clang-14 libclang-rt-14-dev llvm-14
-    # A desktop for the program's window: screen, window manager, mouse, and a screen reader's way in.
+    clang-format clang-tidy ffmpeg
+    # The compiler, the runtime and the symbolizer of the sanitizers. The other build uses g++.
+    clang libclang-rt-dev llvm
+    # A desktop for the program's window: screen, window manager, mouse, accessibility bus.
     xvfb openbox xdotool dbus-daemon at-spi2-core
-    # Switches the accessibility of windows on that no desktop shows.
+    # Turns accessibility on in windows without a desktop.
     qt6-base-private-dev
     desktop-file-utils appstream
-    # A sound server of the tests' own, and what records it.
+    # A private sound server, and its recorder.
     pulseaudio pulseaudio-utils
 )
 BENCH_PACKAGES=(libbenchmark-dev)
@@ -55,14 +56,22 @@ install_packages() {
         as_root=(sudo)
     fi
     echo "Installing ${missing[*]}" >&2
-    # A source that cannot be reached need not be the one that is needed.
+    # A package source that cannot be reached may not be needed.
     "${as_root[@]}" apt-get update >&2 || true
     # A desktop may be installing its own updates just now.
     "${as_root[@]}" env DEBIAN_FRONTEND=noninteractive \
         apt-get --option DPkg::Lock::Timeout=300 install --yes --no-install-recommends "${missing[@]}" >&2
 }
 
-# install_font_if_missing sees to a sans-serif font that has most alphabets. A system without one draws little boxes.
+# install_svg_plugin_if_missing sees to the image plug-in that draws the logo: a package of its own in Debian 13, part of
+# the library in Debian 12.
+install_svg_plugin_if_missing() {
+    if [[ ! -e $(qtpaths6 --query QT_INSTALL_PLUGINS)/imageformats/libqsvg.so ]]; then
+        install_packages qt6-svg-plugins
+    fi
+}
+
+# install_font_if_missing sees to a sans-serif font that has most alphabets. Without one, text is drawn as boxes.
 install_font_if_missing() {
     if ! fc-list ':lang=en:lang=el:lang=ru' family | grep -i sans | grep -vi mono >/dev/null; then
         install_packages fonts-noto-core
@@ -79,18 +88,25 @@ quietly() {
     fi
 }
 
-# build ROOT PRESET [TARGET...] configures where that is needed and builds what has changed.
-build() {
-    local root=$1 preset=$2
-    shift 2
-    local tree=$root/build/$preset
+# configure PRESET makes or updates the build folder of a preset.
+configure() (
+    tree=$root/build/$1
     mkdir -p "$tree"
-    cd "$root"
+    cd "$root" || exit
+    # A cache that older presets have filled keeps values that the new ones no longer set.
     if [[ ! -e $tree/build.ninja || CMakePresets.json -nt $tree/build.ninja ]]; then
-        quietly "$tree/configure.log" cmake --preset "$preset"
+        quietly "$tree/configure.log" cmake --fresh --preset "$1"
     fi
-    if [[ -z $(ninja -C "$tree" -n "$@" 2>/dev/null | grep 'no work to do') ]]; then
+)
+
+# build PRESET [TARGET...] configures where that is needed and builds what has changed.
+build() (
+    preset=$1 tree=$root/build/$1
+    shift
+    configure "$preset"
+    cd "$root" || exit
+    if ! ninja -C "$tree" -n "$@" 2>/dev/null | grep 'no work to do' >/dev/null; then
         echo "Building ($preset)" >&2
     fi
     quietly "$tree/build.log" cmake --build --preset "$preset" --target "${@:-all}"
-}
+)

@@ -6,11 +6,9 @@
 #
 #     scripts/soak.sh [SCANS [SEED]]
 set -euo pipefail
-
-root=$(cd -- "$(dirname -- "${BASH_SOURCE[0]}")/.." && pwd)
-# shellcheck source=scripts/prepare.sh
-source "$root/scripts/prepare.sh"
+source "$(dirname -- "${BASH_SOURCE[0]}")/prepare.sh"
 
 install_packages "${BUILD_PACKAGES[@]}" libgtest-dev pulseaudio pulseaudio-utils
-(build "$root" soak)
+install_svg_plugin_if_missing
+build soak
 "$root/build/soak/bin/sonavo_soak" "$@"
