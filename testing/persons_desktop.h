@@ -1,7 +1,6 @@
 #pragma once
 
 #include "actions/headless_desktop.h"
-#include "actions/trash.h"
 
 #include <functional>
 #include <string>
@@ -34,7 +33,7 @@ private:
     std::vector<std::string> &m_calls;
 };
 
-/// A desktop with a real Trash, and a person at it who chooses what the test says.
+/// A desktop whose user chooses what the test says.
 class PersonsDesktop : public HeadlessDesktop
 {
 public:
@@ -54,10 +53,6 @@ public:
     {
         calls.push_back(message.toStdString() + " / " + prompt.toStdString());
         return onChooseFolder();
-    }
-    [[nodiscard]] std::optional<Failure> moveToTrash(const QString &path) override
-    {
-        return sonavo::moveToTrash(path);
     }
     void copyToClipboard(const QString &text) override { clipboard = text; }
     void showInFileViewer(const QString &path) override { calls.push_back("show " + path.toStdString()); }

@@ -11,7 +11,6 @@ class SystemDesktop final : public Desktop
 public:
     [[nodiscard]] QList<QUrl> chooseMusic() override;
     [[nodiscard]] QString chooseFolder(const QString &message, const QString &prompt) override;
-    [[nodiscard]] std::optional<Failure> moveToTrash(const QString &path) override;
     void copyToClipboard(const QString &text) override;
     void showInFileViewer(const QString &path) override;
     [[nodiscard]] std::unique_ptr<PreviewPlayer> openPreview(const QString &path) override;

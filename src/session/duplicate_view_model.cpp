@@ -343,7 +343,7 @@ QCoro::Task<> DuplicateViewModel::announceCopiedPath(QPointer<DuplicateViewModel
 void DuplicateViewModel::cleanupAll()
 {
     stopPlaybackOfDuplicates();
-    const CleanUpOutcome outcome = trashDuplicates(m_duplicateGroups, m_desktop);
+    const CleanUpOutcome outcome = trashDuplicates(m_duplicateGroups);
     takeDuplicatesOffTheList();
     showOutcome(outcome, QStringLiteral("Moved %1 files to Trash"),
                 QStringLiteral("Moved %1 files to Trash"));
@@ -352,13 +352,13 @@ void DuplicateViewModel::cleanupAll()
 void DuplicateViewModel::showOutcome(const CleanUpOutcome &outcome, const QString &done,
                                      const QString &partlyDone)
 {
-    if (outcome.failed == 0) {
+    if (outcome.failures.isEmpty()) {
         showToast(QStringLiteral("%1 \u2022 Saved %2")
                       .arg(done.arg(outcome.moved), formattedByteCount(outcome.savedBytes)),
                   ToastType::Success);
     } else {
         showToast(
-            QStringLiteral("%1 \u2022 %2 failed").arg(partlyDone.arg(outcome.moved)).arg(outcome.failed),
+            QStringLiteral("%1 \u2022 %2 failed").arg(partlyDone.arg(outcome.moved)).arg(outcome.failures.size()),
             ToastType::Error);
     }
 }
@@ -390,7 +390,7 @@ void DuplicateViewModel::deleteSong(Song song)
         takeOffTheList();
         return;
     }
-    if (const auto failure = trashSong(song, m_duplicateGroups, m_desktop)) {
+    if (const auto failure = trashSong(song, m_duplicateGroups)) {
         showToast(QStringLiteral("Could not delete file: %1").arg(failure->reason), ToastType::Error);
         return;
     }
