@@ -1,7 +1,7 @@
 #pragma once
 
 #include "session/duplicate_view_model.h"
-#include "testing/persons_desktop.h"
+#include "testing/fake_desktop.h"
 #include "testing/test_pauses.h"
 
 #include <QAccessible>
@@ -107,7 +107,7 @@ protected:
     /// Imports more than may be imported at all, which is guessed of crowded folders.
     void raiseAlert();
 
-    PersonsDesktop desktop;
+    FakeDesktop desktop;
     std::shared_ptr<HeldPauses> pauses = std::make_shared<HeldPauses>();
     DuplicateViewModel session;
     QQuickWindow *window = nullptr;

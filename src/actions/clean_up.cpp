@@ -1,6 +1,7 @@
 #include "actions/clean_up.h"
 
 #include "actions/file_identity.h"
+#include "actions/trash.h"
 #include "model/saturating.h"
 
 #include <algorithm>
@@ -65,11 +66,10 @@ bool isListedTwice(const Song &song, const QList<DuplicateGroup> &groups)
 
 } // namespace
 
-CleanUpOutcome trashDuplicates(const QList<DuplicateGroup> &groups, Desktop &desktop)
+CleanUpOutcome trashDuplicates(const QList<DuplicateGroup> &groups)
 {
     return cleanUp(
-        groups, [&desktop](const QString &path) { return !desktop.moveToTrash(path); },
-        [](CleanUpOutcome &) {});
+        groups, [](const QString &path) { return !moveToTrash(path); }, [](CleanUpOutcome &) {});
 }
 
 CleanUpOutcome moveDuplicates(const QList<DuplicateGroup> &groups, DuplicatesFolder &folder)
@@ -79,12 +79,12 @@ CleanUpOutcome moveDuplicates(const QList<DuplicateGroup> &groups, DuplicatesFol
         [](CleanUpOutcome &outcome) { ++outcome.failed; });
 }
 
-std::optional<Failure> trashSong(const Song &song, const QList<DuplicateGroup> &groups, Desktop &desktop)
+std::optional<Failure> trashSong(const Song &song, const QList<DuplicateGroup> &groups)
 {
     if (isListedTwice(song, groups))
         return Failure{
             QStringLiteral("Another song of this group is the very same file and would be gone as well.")};
-    return desktop.moveToTrash(song.path);
+    return moveToTrash(song.path);
 }
 
 } // namespace sonavo

@@ -1,7 +1,7 @@
 #pragma once
 
-#include "actions/desktop.h"
 #include "actions/duplicates_folder.h"
+#include "actions/failure.h"
 #include "model/duplicate_group.h"
 
 #include <QList>
@@ -22,14 +22,13 @@ struct CleanUpOutcome
 // original is not on the disk any more, its duplicates stay where they are and count as failed.
 
 /// Sends every duplicate to the Trash. Files that are gone already are passed over.
-[[nodiscard]] CleanUpOutcome trashDuplicates(const QList<DuplicateGroup> &groups, Desktop &desktop);
+[[nodiscard]] CleanUpOutcome trashDuplicates(const QList<DuplicateGroup> &groups);
 
 /// Moves every duplicate into a folder. Files that are gone already count as failed.
 [[nodiscard]] CleanUpOutcome moveDuplicates(const QList<DuplicateGroup> &groups, DuplicatesFolder &folder);
 
 /// Sends one song's file to the Trash, unless it is also the file of another member of a group that holds the
 /// song: that one would be gone with it.
-[[nodiscard]] std::optional<Failure> trashSong(const Song &song, const QList<DuplicateGroup> &groups,
-                                               Desktop &desktop);
+[[nodiscard]] std::optional<Failure> trashSong(const Song &song, const QList<DuplicateGroup> &groups);
 
 } // namespace sonavo

@@ -1,6 +1,5 @@
 #include "desktop/system_desktop.h"
 
-#include "actions/trash.h"
 #include "desktop/media_preview_player.h"
 #include "desktop/music_dialog.h"
 
@@ -17,11 +16,6 @@ QList<QUrl> SystemDesktop::chooseMusic()
 QString SystemDesktop::chooseFolder(const QString &message, const QString &prompt)
 {
     return askForFolder(message, prompt, m_chosenFolder);
-}
-
-std::optional<Failure> SystemDesktop::moveToTrash(const QString &path)
-{
-    return sonavo::moveToTrash(path);
 }
 
 void SystemDesktop::copyToClipboard(const QString &text)

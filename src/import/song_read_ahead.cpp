@@ -2,8 +2,6 @@
 
 #include "import/disk_task.h"
 
-#include <QCoroFuture>
-
 #include <algorithm>
 #include <mutex>
 
@@ -15,10 +13,6 @@ namespace {
 constexpr qsizetype FILES_PER_BATCH = 20;
 /// Enough that all cores have work through a pause, little enough to be of no account in memory.
 constexpr std::size_t MOST_BATCHES = 40;
-
-constexpr qint64 FILES_PER_REPORT = 50;
-constexpr qint64 FILES_PER_PAUSE = 200;
-constexpr std::chrono::milliseconds PAUSE{10};
 
 /// How often it is looked whether the disks answer, for each span of patience. Not measured by a clock, which
 /// goes on when the computer sleeps or the program is halted.
@@ -144,34 +138,6 @@ void SongReadAhead::giveUpWhatHangs()
         if (QStringList rest = batch->giveUp(); !rest.isEmpty())
             m_batches.emplace(std::next(batch), std::move(rest));
     }
-}
-
-QCoro::Task<std::optional<QList<Song>>> readSongs(QStringList files, std::shared_ptr<Pauses> pauses,
-                                                  std::stop_token stop,
-                                                  std::function<void(qint64 processed)> reportProgress)
-{
-    SongReadAhead readAhead(files, stop);
-    QList<Song> songs;
-    songs.reserve(files.size());
-    SongMaker maker;
-    qint64 processed = 0;
-    while (readAhead.hasMore()) {
-        const SongReadAhead::Facts facts = co_await readAhead.next();
-        if (stop.stop_requested())
-            co_return std::nullopt;
-        for (const std::optional<FileFacts> &file : facts) {
-            if (file)
-                songs.append(maker.songOf(files[processed], *file));
-            ++processed;
-            if (processed % FILES_PER_REPORT == 0)
-                reportProgress(processed);
-            if (processed % FILES_PER_PAUSE == 0 && !stop.stop_requested())
-                co_await pauses->wait(PAUSE);
-            if (stop.stop_requested())
-                co_return std::nullopt;
-        }
-    }
-    co_return songs;
 }
 
 } // namespace sonavo

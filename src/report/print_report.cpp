@@ -49,7 +49,6 @@ bool printReport(const QList<QUrl> &items, ReportFormat format)
         QObject shown;
         const auto showProgress = [&] { progressLine.show(session.scanMessage(), session.progress()); };
         QObject::connect(&session, &DuplicateViewModel::progressChanged, &shown, showProgress);
-        QObject::connect(&session, &DuplicateViewModel::scanMessageChanged, &shown, showProgress);
 
         QEventLoop loop;
         // Queued, because the scan publishes more after it is no longer scanning.

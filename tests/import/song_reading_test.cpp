@@ -3,9 +3,7 @@
 #include "import/song_reading.h"
 #include "testing/audio_fixtures.h"
 #include "testing/open_watch.h"
-#include "testing/test_pauses.h"
 
-#include <QCoroTask>
 #include <QDir>
 #include <QFile>
 #include <QSemaphore>
@@ -89,85 +87,18 @@ TEST(LoadSong, GivesNothingForFolderSettingsVanishedFilesAndWhatIsNoAudio)
     EXPECT_FALSE(loadSong(path));
 }
 
-class ReadSongs : public testing::Test
+TEST(SongReadAhead, OpensABoundedNumberOfFilesAheadAndNoneOnceStoppedOrDestroyed)
 {
-protected:
-    /// Paths of many songs, every `unreadable`-th of which is none.
-    QStringList manyFiles(int count, int unreadable) const
-    {
-        fillWithSongs(m_folder.path(), count);
-        writeFile(m_folder.filePath(u"text"_s), "text");
-        QStringList files;
-        for (int i = 1; i <= count; ++i)
-            files += m_folder.filePath(i % unreadable == 0 ? u"text"_s : u"%1.mp3"_s.arg(i - 1));
-        return files;
-    }
-
-    std::optional<QList<Song>> read(const QStringList &files)
-    {
-        m_events.clear();
-        m_pauses->onPause = [this](std::chrono::milliseconds length) {
-            note(u"pause %1"_s.arg(length.count()));
-        };
-        return QCoro::waitFor(readSongs(files, m_pauses, m_stop.get_token(),
-                                        [this](qint64 processed) { note(QString::number(processed)); }));
-    }
-
-    const QTemporaryDir m_folder;
-    QStringList m_events;
-    /// The event at which the reading is stopped.
-    QString m_stopAt;
-    std::stop_source m_stop;
-
-private:
-    void note(const QString &event)
-    {
-        m_events += event;
-        if (event == m_stopAt)
-            m_stop.request_stop();
-    }
-
-    std::shared_ptr<InstantPauses> m_pauses = std::make_shared<InstantPauses>();
-};
-
-TEST_F(ReadSongs, KeepsTheOrderOfTheFilesWithoutTheUnreadableOnes)
-{
-    QStringList files = manyFiles(700, 3);
-    const std::optional<QList<Song>> songs = read(files);
-    ASSERT_TRUE(songs);
-    QStringList read;
-    for (const Song &song : *songs)
-        read += song.path;
-    for (qsizetype i = 698; i >= 0; i -= 3)
-        files.removeAt(i);
-    EXPECT_EQ(read, files);
-    EXPECT_EQ(this->read({}), QList<Song>());
-}
-
-TEST_F(ReadSongs, GivesNothingWhenStoppedOnTheWay)
-{
-    const QStringList files = manyFiles(200, 1000);
-    const std::pair<QString, QStringList> cases[] = {
-        {u"100"_s, {u"50"_s, u"100"_s}},
-        {u"pause 10"_s, {u"50"_s, u"100"_s, u"150"_s, u"200"_s, u"pause 10"_s}},
-    };
-    for (const auto &[event, events] : cases) {
-        m_stop = std::stop_source();
-        m_stopAt = event;
-        EXPECT_FALSE(read(files));
-        EXPECT_EQ(m_events, events);
-    }
-    EXPECT_FALSE(read(files));
-    EXPECT_EQ(m_events, QStringList());
-}
-
-TEST_F(ReadSongs, OpensABoundedNumberOfFilesAheadAndNoneOnceStoppedOrDestroyed)
-{
-    const QStringList files = manyFiles(1500, 10'000);
-    OpenWatch watch(m_folder.path());
+    const QTemporaryDir folder;
+    fillWithSongs(folder.path(), 1500);
+    QStringList files;
+    for (int i = 0; i < 1500; ++i)
+        files += folder.filePath(u"%1.mp3"_s.arg(i));
+    std::stop_source stop;
+    OpenWatch watch(folder.path());
     QThreadPool &pool = diskThreads();
     {
-        SongReadAhead readAhead(files, m_stop.get_token());
+        SongReadAhead readAhead(files, stop.get_token());
         EXPECT_TRUE(readAhead.next().result().first());
         pool.waitForDone();
         EXPECT_LT(watch.count(), 1000);
@@ -177,12 +108,12 @@ TEST_F(ReadSongs, OpensABoundedNumberOfFilesAheadAndNoneOnceStoppedOrDestroyed)
         pool.setMaxThreadCount(1);
         QSemaphore busy;
         pool.start([&busy] { busy.acquire(); });
-        auto readAhead = std::make_unique<SongReadAhead>(files, m_stop.get_token());
+        auto readAhead = std::make_unique<SongReadAhead>(files, stop.get_token());
         const QFuture<SongReadAhead::Facts> facts = readAhead->next();
         if (isDestroyed)
             readAhead.reset();
         else
-            m_stop.request_stop();
+            stop.request_stop();
         busy.release();
         pool.waitForDone();
         EXPECT_TRUE(facts.result().isEmpty());

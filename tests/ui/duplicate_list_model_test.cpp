@@ -1,5 +1,6 @@
 #include "actions/headless_desktop.h"
 #include "testing/music_folder.h"
+#include "testing/private_home.h"
 #include "testing/test_pauses.h"
 #include "ui/results/duplicate_list_model.h"
 
@@ -15,16 +16,6 @@ namespace {
 
 using namespace Qt::Literals::StringLiterals;
 using testing::ElementsAre;
-
-/// A Trash that takes everything.
-class RemovingDesktop final : public HeadlessDesktop
-{
-public:
-    [[nodiscard]] std::optional<Failure> moveToTrash(const QString &path) override
-    {
-        return QFile::remove(path) ? std::nullopt : std::optional(Failure{u"gone"_s});
-    }
-};
 
 class DuplicateListModelTest : public testing::Test
 {
@@ -60,7 +51,8 @@ protected:
     }
     [[nodiscard]] Song songAt(int row) const { return model.songAt(row).value<Song>(); }
 
-    RemovingDesktop desktop;
+    const PrivateHome home;
+    HeadlessDesktop desktop;
     DuplicateViewModel session{desktop, std::make_shared<InstantPauses>(), QList<Color>(6)};
     DuplicateListModel model;
     QAbstractItemModelTester tester{&model, QAbstractItemModelTester::FailureReportingMode::Fatal};
