@@ -8,6 +8,7 @@
 #include <QFile>
 #include <QSemaphore>
 #include <QTemporaryDir>
+#include <QThread>
 
 #include <gmock/gmock.h>
 
@@ -119,6 +120,7 @@ TEST(SongReadAhead, OpensABoundedNumberOfFilesAheadAndNoneOnceStoppedOrDestroyed
         EXPECT_TRUE(facts.result().isEmpty());
         EXPECT_EQ(watch.count(), 0);
     }
+    pool.setMaxThreadCount(QThread::idealThreadCount());
 }
 
 } // namespace
