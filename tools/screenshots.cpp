@@ -4,7 +4,7 @@
 //
 // SONGS is a folder of music with duplicates. Sizes are logical pixels; the pictures at 200 % have twice as
 // many.
-#include "testing/persons_desktop.h"
+#include "testing/fake_desktop.h"
 #include "testing/window_driver.h"
 #include "theme/theme_manager.h"
 
@@ -123,7 +123,7 @@ void takePictures(const QString &folder, const QString &songs, const QString &sc
         const QString themeName = theme == AppTheme::Dark ? u"dark"_s : u"light"_s;
         for (const QSize size : {QSize(900, 600), QSize(1440, 900)}) {
             for (const Screen &screen : allScreens(songs)) {
-                PersonsDesktop desktop;
+                FakeDesktop desktop;
                 Scene scene(desktop, size, screen.pauses);
                 screen.show(scene);
                 scene.save(u"%1/%2-%3-%4%5.png"_s.arg(folder, screen.name, themeName)

@@ -7,26 +7,23 @@ namespace sonavo {
 
 class DuplicateViewModel;
 
-/// Stops playback and the scan when the application quits or is suspended. Main thread only.
+/// Clears the session when the application ends or is suspended. Needs a QGuiApplication. Main thread only.
 class AppDelegate : public QObject
 {
     Q_OBJECT
 
 public:
-    /// @param viewModel the session; may be destroyed earlier
+    /// @param viewModel may be destroyed earlier
     explicit AppDelegate(DuplicateViewModel *viewModel, QObject *parent = nullptr);
 
-    /// Tells the session manager not to start the application again at the next login.
+    /// Keeps the desktop from starting the application again with the user's next session.
     void applicationDidFinishLaunching();
-
-    /// Shutdown clean-up: stops playback and clears the session. Idempotent.
-    /// @param viewModel may be null
-    static void cleanUp(DuplicateViewModel *viewModel);
-
-private:
     void applicationWillTerminate();
 
-    QPointer<DuplicateViewModel> m_viewModel;
+private:
+    void clearSession();
+
+    const QPointer<DuplicateViewModel> m_viewModel;
 };
 
 } // namespace sonavo

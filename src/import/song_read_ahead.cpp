@@ -2,8 +2,6 @@
 
 #include "import/disk_task.h"
 
-#include <QCoroFuture>
-
 #include <algorithm>
 #include <mutex>
 
@@ -14,10 +12,6 @@ namespace {
 constexpr qsizetype FILES_PER_BATCH = 20;
 /// Enough that all cores have work through a pause, few enough that their results take little memory.
 constexpr std::size_t MAX_BATCHES = 40;
-
-constexpr qint64 FILES_PER_REPORT = 50;
-constexpr qint64 FILES_PER_PAUSE = 200;
-constexpr std::chrono::milliseconds PAUSE{10};
 
 /// Checks for progress in the span of a timeout. Checks are counted instead of measuring time, which goes on
 /// while the computer sleeps or the program is suspended.
@@ -144,34 +138,6 @@ void SongReadAhead::abandonHangingFiles()
         if (QStringList rest = batch->abandonHangingFile(); !rest.isEmpty())
             m_batches.emplace(std::next(batch), std::move(rest));
     }
-}
-
-QCoro::Task<std::optional<QList<Song>>> readSongs(QStringList files, std::shared_ptr<Pauses> pauses,
-                                                  std::stop_token stop,
-                                                  std::function<void(qint64 processed)> reportProgress)
-{
-    SongReadAhead readAhead(files, stop);
-    QList<Song> songs;
-    songs.reserve(files.size());
-    SongBuilder builder;
-    qint64 processed = 0;
-    while (readAhead.hasMore()) {
-        const SongReadAhead::Results results = co_await readAhead.next();
-        if (stop.stop_requested())
-            co_return std::nullopt;
-        for (const std::optional<AudioFileInfo> &info : results) {
-            if (info)
-                songs.append(builder.build(files[processed], *info));
-            ++processed;
-            if (processed % FILES_PER_REPORT == 0)
-                reportProgress(processed);
-            if (processed % FILES_PER_PAUSE == 0 && !stop.stop_requested())
-                co_await pauses->wait(PAUSE);
-            if (stop.stop_requested())
-                co_return std::nullopt;
-        }
-    }
-    co_return songs;
 }
 
 } // namespace sonavo

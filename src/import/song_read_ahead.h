@@ -1,10 +1,7 @@
 #pragma once
 
-#include "analysis/pauses.h"
 #include "import/song_reading.h"
-#include "model/song.h"
 
-#include <QCoroTask>
 #include <QFuture>
 #include <QList>
 #include <QStringList>
@@ -57,12 +54,5 @@ private:
     QTimer m_hangTimer;
     std::stop_callback<std::function<void()>> m_onStop;
 };
-
-/// Reads files into songs, in order, skipping those that cannot be read, and pauses now and then.
-/// @param reportProgress called every 50 files with the number of files handled so far
-/// @return the songs; nothing when `stop` was requested meanwhile
-[[nodiscard]] QCoro::Task<std::optional<QList<Song>>>
-readSongs(QStringList files, std::shared_ptr<Pauses> pauses, std::stop_token stop,
-          std::function<void(qint64 processed)> reportProgress);
 
 } // namespace sonavo

@@ -49,7 +49,6 @@ bool printReport(const QList<QUrl> &items, ReportFormat format)
         QObject context;
         const auto showProgress = [&] { progressLine.show(session.scanMessage(), session.progress()); };
         QObject::connect(&session, &DuplicateViewModel::progressChanged, &context, showProgress);
-        QObject::connect(&session, &DuplicateViewModel::scanMessageChanged, &context, showProgress);
 
         QEventLoop loop;
         // Queued, because the scan publishes more after it is no longer scanning.

@@ -16,6 +16,8 @@ struct DuplicateViewModelForeign
     Q_GADGET
     QML_FOREIGN(sonavo::DuplicateViewModel)
     QML_NAMED_ELEMENT(DuplicateViewModel)
+    // For ToastType.
+    QML_EXTENDED_NAMESPACE(sonavo::Notices)
     QML_UNCREATABLE("The application has one session.")
 };
 

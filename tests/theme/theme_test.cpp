@@ -70,11 +70,3 @@ TEST_F(ThemeTest, FadesAllColorsAndGroupTintsToTheNewThemeTogether)
 
 } // namespace
 } // namespace sonavo
-
-int main(int argc, char *argv[])
-{
-    testing::InitGoogleTest(&argc, argv);
-    qputenv("QT_QPA_PLATFORM", "offscreen");
-    const QGuiApplication application(argc, argv);
-    return RUN_ALL_TESTS();
-}

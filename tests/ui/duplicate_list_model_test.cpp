@@ -1,6 +1,7 @@
+#include "actions/headless_desktop.h"
 #include "testing/list_rows.h"
 #include "testing/music_folder.h"
-#include "testing/persons_desktop.h"
+#include "testing/private_home.h"
 #include "testing/test_pauses.h"
 
 #include <QAbstractItemModelTester>
@@ -17,7 +18,8 @@ TEST(DuplicateListModel, FollowsAnyCourseOfActionsRowByRow)
 {
     const MusicFolder music;
     music.addGroups({2, 5, 3, 2, 4, 3, 2});
-    PersonsDesktop desktop;
+    const PrivateHome home;
+    HeadlessDesktop desktop;
     DuplicateViewModel session(desktop, std::make_shared<InstantPauses>(), QList<Color>(6));
     DuplicateListModel model;
     const QAbstractItemModelTester tester(&model, QAbstractItemModelTester::FailureReportingMode::Fatal);

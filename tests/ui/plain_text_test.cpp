@@ -1,9 +1,9 @@
 #include "testing/music_folder.h"
 #include "testing/open_watch.h"
-#include "testing/window_driver.h"
+#include "testing/private_home.h"
+#include "ui/ui_test.h"
 
 #include <QSet>
-#include <QTest>
 
 #include <gmock/gmock.h>
 
@@ -19,29 +19,28 @@ const QString FOLDER = u"Folder of "_s + MARKUP;
 const QString LONG_NAME = MARKUP + u" - long enough to be elided"_s.repeated(5) + u".flac"_s;
 
 /// The window over songs and folders with names that are markup.
-class PlainTextTest : public testing::Test, protected WindowDriver
+class PlainTextTest : public UiTest
 {
 protected:
     PlainTextTest()
     {
-        qputenv("XDG_DATA_HOME", QFile::encodeName(m_dataHome.path()));
         // A name holds no slash, so that the markup can only name a file of the current folder.
         QDir::setCurrent(m_music.path());
         m_music.addText(u"picture"_s);
         m_picture = std::make_unique<OpenWatch>(m_music.pathOf(u"picture"_s));
         for (const QString &name : {FOLDER + u'/' + LONG_NAME, LONG_NAME})
             m_music.addSong(name);
-        session.startScan(m_music.urls());
-        EXPECT_TRUE(goOnUntil([this] { return shows(u"Group of 2 songs"_s); }));
+        scan(m_music.urls());
+        EXPECT_TRUE(waitForText(u"Group of 2 songs"_s));
     }
     ~PlainTextTest() override { QDir::setCurrent(m_previousFolder); }
     Q_DISABLE_COPY_MOVE(PlainTextTest)
 
     [[nodiscard]] QPoint placeOfText(const QString &text) const
     {
-        for (const QQuickItem *item : textItemsIn(*window->contentItem())) {
+        for (const QQuickItem *item : textItems()) {
             if (item->property("text") == text)
-                return placeOf(item).center();
+                return rectOf(item).center();
         }
         ADD_FAILURE() << "no such text: " << text.toStdString();
         return {};
@@ -80,11 +79,11 @@ protected:
         return rich;
     }
 
+    const PrivateHome m_home;
     const MusicFolder m_music;
     std::unique_ptr<OpenWatch> m_picture;
 
 private:
-    const QTemporaryDir m_dataHome;
     const QString m_previousFolder = QDir::currentPath();
 };
 
@@ -108,8 +107,9 @@ TEST_F(PlainTextTest, ShowsNamesAsTheyAreWrittenInNoticesAndMenus)
     press(Qt::Key_Escape);
     session.deleteSong(session.songs().constLast());
     EXPECT_TRUE(waitForText(u"Moved to Trash: "_s + LONG_NAME));
-    raiseAlert();
-    raiseLimitWarning();
+    const QUrl song = m_music.urlOf(LONG_NAME);
+    EXPECT_FALSE(session.importDroppedItems(QList<QUrl>(10'001, song)));
+    EXPECT_FALSE(session.importDroppedItems(QList<QUrl>(500'001, song)));
     EXPECT_THAT(richTexts(), IsEmpty());
     EXPECT_EQ(m_picture->count(), 0);
 }

@@ -1,7 +1,7 @@
 #pragma once
 
 #include "import/disk_task.h"
-#include "testing/persons_desktop.h"
+#include "testing/fake_desktop.h"
 #include "testing/test_pauses.h"
 #include "testing/window_driver.h"
 #include "theme/theme_manager.h"
@@ -36,7 +36,7 @@ struct WindowParts
     ~WindowParts() { qInstallMessageHandler(nullptr); }
     Q_DISABLE_COPY_MOVE(WindowParts)
 
-    PersonsDesktop desktop;
+    FakeDesktop desktop;
     std::shared_ptr<HeldPauses> pauses = std::make_shared<HeldPauses>();
 };
 

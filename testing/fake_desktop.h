@@ -9,39 +9,40 @@
 
 namespace sonavo {
 
-/// Writes down what it is told to do, as "path: play".
-class NotingPlayer final : public PreviewPlayer
+/// Records its calls, as "path: play".
+class RecordingPlayer final : public PreviewPlayer
 {
 public:
-    NotingPlayer(std::string name, std::vector<std::string> &calls)
+    RecordingPlayer(std::string name, std::vector<std::string> &calls)
         : m_name(std::move(name))
         , m_calls(calls)
     {}
-    ~NotingPlayer() override { note("gone"); }
-    Q_DISABLE_COPY_MOVE(NotingPlayer)
+    ~RecordingPlayer() override { record("gone"); }
+    Q_DISABLE_COPY_MOVE(RecordingPlayer)
 
-    void play() override { note("play"); }
-    void pause() override { note("pause"); }
-    void setVolume(double volume) override { note("volume " + std::to_string(volume).substr(0, 3)); }
-    void seek(qint64 seconds) override { note("seek " + std::to_string(seconds)); }
-    void releaseItem() override { note("release"); }
+    void play() override { record("play"); }
+    void pause() override { record("pause"); }
+    void setVolume(double volume) override { record("volume " + std::to_string(volume).substr(0, 3)); }
+    void seek(qint64 seconds) override { record("seek " + std::to_string(seconds)); }
+    void releaseItem() override { record("release"); }
 
 private:
-    void note(const std::string &call) { m_calls.push_back(m_name + ": " + call); }
+    void record(const std::string &call) { m_calls.push_back(m_name + ": " + call); }
 
     std::string m_name;
     std::vector<std::string> &m_calls;
 };
 
 /// A desktop whose user chooses what the test says.
-class PersonsDesktop : public HeadlessDesktop
+class FakeDesktop final : public HeadlessDesktop
 {
 public:
     QList<QUrl> choice;
+    /// Called while a dialog for music is open.
     std::function<void()> onChoice = [] {};
     std::function<QString()> onChooseFolder = [] { return QString(); };
     QString clipboard;
-    /// What was shown in the file viewer and what was done with players, in order.
+    /// Folder dialogs, files shown in the file viewer and calls of players, in order.
     std::vector<std::string> calls;
 
     [[nodiscard]] QList<QUrl> chooseMusic() override
@@ -58,7 +59,7 @@ public:
     void showInFileViewer(const QString &path) override { calls.push_back("show " + path.toStdString()); }
     [[nodiscard]] std::unique_ptr<PreviewPlayer> openPreview(const QString &path) override
     {
-        return std::make_unique<NotingPlayer>(path.toStdString(), calls);
+        return std::make_unique<RecordingPlayer>(path.toStdString(), calls);
     }
     [[nodiscard]] std::vector<std::string> takeCalls() { return std::exchange(calls, {}); }
 };
