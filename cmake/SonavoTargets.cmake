@@ -39,10 +39,13 @@ endif()
 # asks for -fPIE in executables and -fPIC in libraries.
 target_compile_options(sonavo_options INTERFACE -pthread -fPIC)
 
-if(CMAKE_CXX_COMPILER_ID STREQUAL "GNU" AND CMAKE_CXX_COMPILER_VERSION VERSION_LESS 14)
-    # False positives of older GCC: null dereferences in library headers for coroutine frames, and overflows for
+if(CMAKE_CXX_COMPILER_ID STREQUAL "GNU")
+    # GCC reports null dereferences in library headers that cannot happen. Before version 14 it also reports overflows for
     # concatenated strings.
-    target_compile_options(sonavo_options INTERFACE -Wno-null-dereference -Wno-array-bounds -Wno-restrict)
+    target_compile_options(sonavo_options INTERFACE -Wno-null-dereference)
+    if(CMAKE_CXX_COMPILER_VERSION VERSION_LESS 14)
+        target_compile_options(sonavo_options INTERFACE -Wno-array-bounds -Wno-restrict)
+    endif()
 endif()
 
 if(SONAVO_SANITIZE)

@@ -85,9 +85,12 @@ FocusScope {
 
                     width: list.rowWidth
                     isCurrent: list.showsCurrent && list.currentIndex === index
-                    // Hides pooled items from screen readers.
+                    // Hides pooled rows from screen readers. Qt 6.8 does so by itself, but does not undo it.
                     ListView.onPooled: visible = false
-                    ListView.onReused: visible = true
+                    ListView.onReused: {
+                        visible = true;
+                        Accessible.ignored = false;
+                    }
                     onClicked: {
                         list.currentIndex = index;
                         rows.setExpanded(index, !isExpanded);
@@ -120,6 +123,7 @@ FocusScope {
                     ListView.onPooled: visible = false
                     ListView.onReused: {
                         visible = true;
+                        Accessible.ignored = false;
                         clickPosition = Qt.point(-1, -1);
                     }
                 }
