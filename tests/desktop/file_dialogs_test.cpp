@@ -123,6 +123,7 @@ TEST_F(FileDialogTest, ReturnsFilesAndFoldersThatAreSelectedTogether)
         EXPECT_EQ(driver.dialog.windowTitle(), u"Add Songs"_s);
         EXPECT_EQ(driver.dialog.directory().path().toStdString(), music);
         driver.click(u"Album"_s);
+        EXPECT_EQ(driver.nameEdit->text(), u"Album"_s);
         EXPECT_EQ(driver.names(), (QStringList{u"Album"_s, u"b.mp3"_s, u"c d.FLAC"_s}));
         driver.click(u"c d.FLAC"_s, Qt::ControlModifier);
         driver.accept();
