@@ -1,6 +1,6 @@
 #include "testing/sound_server.h"
 
-#include <QFileInfo>
+#include <QLocalSocket>
 #include <QTest>
 
 #include <csignal>
@@ -56,6 +56,14 @@ void startProcess(QProcess &process, const QString &program, const QStringList &
                                  " cannot be used: " + process.readAllStandardError().toStdString());
 }
 
+/// The socket of a server exists before the server listens on it.
+bool acceptsConnections(const QString &socketPath)
+{
+    QLocalSocket socket;
+    socket.connectToServer(socketPath);
+    return socket.waitForConnected();
+}
+
 } // namespace
 
 SoundServer::SoundServer()
@@ -73,7 +81,7 @@ SoundServer::SoundServer()
                   u"--disable-shm=yes"_s, u"--log-level=error"_s,
                   u"--load=module-null-sink sink_name=quiet norewinds=1 rate=%1"_s.arg(SAMPLE_RATE),
                   u"--load=module-native-protocol-unix auth-anonymous=1 socket="_s + socket},
-                 [&] { return QFileInfo::exists(socket); });
+                 [&] { return acceptsConnections(socket); });
     qputenv("PULSE_SERVER", "unix:" + socket.toLocal8Bit());
 
     QObject::connect(&m_recorder, &QProcess::readyReadStandardOutput, &m_recorder,

@@ -84,20 +84,16 @@ protected:
             home.add(std::string("Music/") + name);
     }
 
-    /// Runs `act` when the next dialog is open, and cancels the dialog if `act` leaves it open.
-    void whenOpen(const std::function<void(const DialogDriver &)> &act)
+    /// Runs `act` in the dialog that is opened next, and cancels the dialog if `act` leaves it open.
+    static void whenOpen(const std::function<void(const DialogDriver &)> &act)
     {
-        QObject::connect(&m_timer, &QTimer::timeout, &m_timer, [this, act] {
+        QTimer::singleShot(0, [act] {
             const QPointer dialog = qobject_cast<QFileDialog *>(QApplication::activeModalWidget());
-            if (!dialog)
-                return;
-            m_timer.disconnect();
-            EXPECT_TRUE(QTest::qWaitForWindowActive(dialog, 10'000));
+            ASSERT_TRUE(dialog && QTest::qWaitForWindowActive(dialog, 10'000));
             act(DialogDriver(*dialog));
             if (dialog && dialog->isVisible())
                 dialog->reject();
         });
-        m_timer.start(10);
     }
 
     std::vector<std::string> chosenMusic()
@@ -113,7 +109,6 @@ protected:
     const std::string music = home.path("Music").string();
 
 private:
-    QTimer m_timer;
     QString m_folder;
 };
 
@@ -123,6 +118,7 @@ TEST_F(FileDialogTest, ReturnsFilesAndFoldersThatAreSelectedTogether)
         EXPECT_EQ(driver.dialog.windowTitle(), u"Add Songs"_s);
         EXPECT_EQ(driver.dialog.directory().path().toStdString(), music);
         driver.click(u"Album"_s);
+        EXPECT_EQ(driver.nameEdit->text(), u"Album"_s);
         EXPECT_EQ(driver.names(), (QStringList{u"Album"_s, u"b.mp3"_s, u"c d.FLAC"_s}));
         driver.click(u"c d.FLAC"_s, Qt::ControlModifier);
         driver.accept();
@@ -169,6 +165,7 @@ TEST_F(FileDialogTest, ReturnsOneFolderWhichCanBeNew)
     });
     EXPECT_EQ(chosenFolder(), music + "/Album");
     whenOpen([](const DialogDriver &driver) {
+        driver.click(u"Album"_s);
         driver.dialog.findChild<QToolButton *>(u"newFolderButton"_s)->click();
         QTest::keyClicks(QApplication::focusWidget(), u"Doubles"_s);
         QTest::keyClick(QApplication::focusWidget(), Qt::Key_Return);

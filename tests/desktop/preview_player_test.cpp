@@ -133,17 +133,18 @@ TEST_F(PreviewPlayerTest, ObeysPauseAndVolume)
 TEST_F(PreviewPlayerTest, StaysAtTheEndUntilASeek)
 {
     const auto player = openSong();
+    player->seek(49);
     player->play();
-    EXPECT_THAT(nextStart(), near(0));
-    player->seek(std::numeric_limits<qint64>::max());
+    EXPECT_THAT(nextStart(), near(49));
     ASSERT_TRUE(m_sound->becomesSilent());
     player->play();
     EXPECT_TRUE(m_sound->staysSilent());
-    for (const auto &[second, expected] : {std::pair(49, 49), std::pair(-1, 0)}) {
-        player->seek(second);
-        EXPECT_THAT(nextStart(), near(expected));
-        ASSERT_TRUE(expected == 0 || m_sound->becomesSilent());
-    }
+    player->seek(17);
+    EXPECT_THAT(nextStart(), near(17));
+    player->seek(std::numeric_limits<qint64>::max());
+    ASSERT_TRUE(m_sound->becomesSilent());
+    player->seek(-1);
+    EXPECT_THAT(nextStart(), near(0));
 }
 
 TEST_F(PreviewPlayerTest, CanBeDestroyedAtAnyTimeAndIsSilentBeforeTheNextIsHeard)
@@ -206,8 +207,6 @@ TEST_F(PreviewPlayerTest, DoesNotWaitForASoundServerThatHangs)
     ASSERT_TRUE(mute.waitForNewConnection(20'000));
     QElapsedTimer time;
     time.start();
-    player->seek(3);
-    player->setVolume(0);
     player->pause();
     player->releaseItem();
     player.reset();
