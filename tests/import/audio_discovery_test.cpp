@@ -41,7 +41,10 @@ public:
             add(folder + '/' + std::to_string(i) + extension);
     }
 
-    fs::path path(const std::string &name = {}) const { return m_folder.path().toStdString() + '/' + name; }
+    fs::path path(const std::string &name = {}) const
+    {
+        return fs::path(m_folder.path().toStdString()) / name;
+    }
     QList<QUrl> urls(const Names &names) const
     {
         QList<QUrl> urls;
