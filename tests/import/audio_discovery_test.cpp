@@ -38,7 +38,7 @@ public:
     void addMany(const std::string &folder, int count, const std::string &extension = ".mp3") const
     {
         for (int i = 0; i < count; ++i)
-            add(folder + '/' + std::to_string(i) + extension);
+            add((fs::path(folder) / std::to_string(i)).concat(extension));
     }
 
     fs::path path(const std::string &name = {}) const
