@@ -38,10 +38,13 @@ public:
     void addMany(const std::string &folder, int count, const std::string &extension = ".mp3") const
     {
         for (int i = 0; i < count; ++i)
-            add(folder + '/' + std::to_string(i) + extension);
+            add((fs::path(folder) / std::to_string(i)).concat(extension));
     }
 
-    fs::path path(const std::string &name = {}) const { return m_folder.path().toStdString() + '/' + name; }
+    fs::path path(const std::string &name = {}) const
+    {
+        return fs::path(m_folder.path().toStdString()) / name;
+    }
     QList<QUrl> urls(const Names &names) const
     {
         QList<QUrl> urls;
@@ -52,10 +55,8 @@ public:
     Names discovered(const Names &names = {""}, const std::stop_token &stop = {}) const
     {
         Names found;
-        for (const QString &file : discoverAudioFiles(urls(names), stop)) {
-            EXPECT_TRUE(file.startsWith(m_folder.path() + u'/')) << file.toStdString();
+        for (const QString &file : discoverAudioFiles(urls(names), stop))
             found.push_back(file.sliced(m_folder.path().size() + 1).toStdString());
-        }
         return found;
     }
 
@@ -63,7 +64,7 @@ private:
     QTemporaryDir m_folder;
 };
 
-TEST(DiscoverAudioFiles, ListsFilesWithAnAudioExtensionInByteOrderOfNamesThatAreText)
+TEST(DiscoverAudioFiles, ListsAudioExtensionsInByteOrderWithoutNamesThatAreNotUtf8)
 {
     const Folder folder({"b.mp3",           "a.mp3",        "a-.wav",
                          "a/z.FLAC",        "a/b/c.aac",    "B.Mp3",
@@ -88,7 +89,7 @@ TEST(DiscoverAudioFiles, SkipsHiddenFilesAndPackageContentsUnlessTheyAreGiven)
                 ElementsAre("Song.band/Media/b.mp3", ".folder/a.mp3", ".hidden.mp3"));
 }
 
-TEST(DiscoverAudioFiles, TakesItemsInOrderTwiceWhatIsReachedTwiceUntilItIsStopped)
+TEST(DiscoverAudioFiles, KeepsTheOrderOfItemsAndListsTwiceWhatIsReachedTwiceUntilStopped)
 {
     const Folder folder({"b.FLAC", "z/a.mp3", "song.ogg"});
     const Names items{"z", "b.FLAC", "song.ogg", "z/a.mp3", "z/", "vanished", ""};
@@ -97,7 +98,7 @@ TEST(DiscoverAudioFiles, TakesItemsInOrderTwiceWhatIsReachedTwiceUntilItIsStoppe
     EXPECT_TRUE(discoverAudioFiles({QUrl(QStringLiteral("https://example.org/a.mp3")), QUrl()}).isEmpty());
     std::stop_source stop;
     stop.request_stop();
-    EXPECT_LE(folder.discovered(items, stop.get_token()).size(), 1U);
+    EXPECT_LE(folder.discovered({"", "z"}, stop.get_token()).size(), 1U);
 }
 
 TEST(DiscoverAudioFiles, ListsLinksByNameAndFollowsOnlyAGivenLinkToAFolder)
@@ -135,8 +136,6 @@ TEST(EstimateSongCount, CountsUpToAHundredEntriesAndMultipliesTheWholeCountFromT
     folder.addMany("many", 101);
     folder.addMany("other", 150, ".txt");
     folder.addMany("nested/inner", 100);
-    Names seventeenAndOne(17, "many");
-    seventeenAndOne.push_back("one.mp3");
     const std::pair<Names, qint64> cases[] = {
         {{}, 0},
         {{"one.mp3", "song.ogg", "one.mp3", "vanished"}, 2},
@@ -147,7 +146,7 @@ TEST(EstimateSongCount, CountsUpToAHundredEntriesAndMultipliesTheWholeCountFromT
         {{"nested"}, 1000},
         {{"one.mp3", "other"}, 10},
         {Names(16, "many"), 1010 * 1'111'111'111'111'111},
-        {seventeenAndOne, std::numeric_limits<qint64>::max()},
+        {Names(18, "many"), std::numeric_limits<qint64>::max()},
     };
     for (const auto &[names, count] : cases)
         EXPECT_EQ(estimateSongCount(folder.urls(names)), count) << testing::PrintToString(names);

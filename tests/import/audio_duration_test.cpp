@@ -37,7 +37,7 @@ protected:
     const QTemporaryDir m_folder;
 };
 
-TEST_F(ReadAudioDuration, IsThatOfTheSoundWhereverAHeaderStatesItOrPacketsHaveToBeCounted)
+TEST_F(ReadAudioDuration, TakesTheLengthFromTheHeaderOfEveryFormatOrCountsPackets)
 {
     const Encodings cases = {
         {u"mp3"_s, u"-b:a 128k"_s},
@@ -50,7 +50,7 @@ TEST_F(ReadAudioDuration, IsThatOfTheSoundWhereverAHeaderStatesItOrPacketsHaveTo
         {u"wav"_s, u""_s},
         {u"wav"_s, u"-rf64 always"_s},
         {u"wav"_s, u"-c:a adpcm_ms"_s},
-        {u"wav"_s, u"-seekable 0"_s}, // a length that could not be filled in at the end
+        {u"wav"_s, u"-seekable 0"_s}, // the header is written without a length
         {u"flac"_s, u""_s},
         {u"flac"_s, u"-ar 96000 -ac 2"_s},
         {u"flac"_s, u"-seekable 0"_s},
@@ -62,7 +62,7 @@ TEST_F(ReadAudioDuration, IsThatOfTheSoundWhereverAHeaderStatesItOrPacketsHaveTo
     }
 }
 
-TEST_F(ReadAudioDuration, IsThatOfTheFramesWithoutAHeaderAlsoBehindAPictureAndWhenTruncated)
+TEST_F(ReadAudioDuration, CountsFramesWithoutAHeaderAlsoBehindAPictureAndOfATruncatedFile)
 {
     const Encodings cases = {
         {u"mp3"_s, u"-b:a 128k -write_xing 0"_s},
@@ -72,7 +72,7 @@ TEST_F(ReadAudioDuration, IsThatOfTheFramesWithoutAHeaderAlsoBehindAPictureAndWh
         {u"aac"_s, u"-ar 22050"_s},
     };
     constexpr qsizetype TAG_SIZE = 10 + (0x20 << 14);
-    // A picture, and in it what looks like frames.
+    // With a picture in it that contains frames.
     const QByteArray tag = QByteArray("ID3\4\0\0\0\x20\0\0", 10) + QByteArray(300'000, 'p') +
                            audioContent(u"mp3"_s, 2, u"-b:a 128k"_s);
     for (const auto &[type, options] : cases) {
@@ -80,7 +80,7 @@ TEST_F(ReadAudioDuration, IsThatOfTheFramesWithoutAHeaderAlsoBehindAPictureAndWh
         const QByteArray content = audioContent(type, SECONDS, options);
         const QString path = write(u"x."_s + type, content);
         const double whole = frameSeconds(path);
-        // Encoders put a frame or two in front and fill the last one.
+        // Encoders add a frame or two at the start and pad the last one.
         ASSERT_NEAR(whole, SECONDS + 0.07, 0.08);
         expectDuration(path, whole);
         expectDuration(write(u"tagged."_s + type, tag.leftJustified(TAG_SIZE, 'p', true) + content), whole);
@@ -89,10 +89,11 @@ TEST_F(ReadAudioDuration, IsThatOfTheFramesWithoutAHeaderAlsoBehindAPictureAndWh
     }
 }
 
-TEST_F(ReadAudioDuration, IsThatOfThePresentationWhereAnEditListCutsOrDelays)
+TEST_F(ReadAudioDuration, HonoursEditLists)
 {
     QByteArray content = audioContent(u"m4a"_s, SECONDS, u"-c:a alac"_s);
-    // Behind its name: version, number of edits, then length in milliseconds and start in samples.
+    // Its name, version and number of edits are followed by the length in milliseconds and the start in
+    // samples.
     const qsizetype edit = content.indexOf("elst") + 12;
     ASSERT_EQ(content.mid(edit, 8).toHex(), "000014b400000000");
     content.replace(edit, 8, QByteArray::fromHex("000007d00000ac44"));
@@ -102,14 +103,14 @@ TEST_F(ReadAudioDuration, IsThatOfThePresentationWhereAnEditListCutsOrDelays)
         SECONDS + 2.5);
 }
 
-TEST_F(ReadAudioDuration, IsUnknownWhenAHeaderClaimsThirtyYearsOrMore)
+TEST_F(ReadAudioDuration, IsUnknownWhereAHeaderClaimsThirtyYearsOrMore)
 {
     // A FLAC header with one sample a second and the most samples that it can count.
     const QByteArray header = QByteArray::fromHex("664c614380000022ffffffff0000000000000000107fffffffff");
     EXPECT_EQ(readAudioDuration(write(u"x.flac"_s, header + QByteArray(16, '\0'))), 0.0);
 }
 
-TEST_F(ReadAudioDuration, IsFoundUnderAnyExtensionAndGivesNothingOnceStopped)
+TEST_F(ReadAudioDuration, DetectsTheFormatUnderAnyExtensionAndGivesNothingOnceStopped)
 {
     std::stop_source stop;
     stop.request_stop();
@@ -124,7 +125,7 @@ TEST_F(ReadAudioDuration, IsFoundUnderAnyExtensionAndGivesNothingOnceStopped)
     }
 }
 
-TEST_F(ReadAudioDuration, GivesNothingForOtherContentAndOpensNoFileThatItRefersTo)
+TEST_F(ReadAudioDuration, GivesNothingForOtherContentAndOpensNoFileItRefersTo)
 {
     const QString target = write(u"target.mp3"_s, audioContent(u"mp3"_s, 1));
     const QByteArray playlist = "#EXTM3U\n#EXT-X-VERSION:3\n#EXT-X-TARGETDURATION:10\n#EXTINF:9,\n";
@@ -149,7 +150,7 @@ TEST_F(ReadAudioDuration, GivesNothingForOtherContentAndOpensNoFileThatItRefersT
     EXPECT_GT(watch.count(), 0);
 }
 
-TEST_F(ReadAudioDuration, NeverOpensOrWaitsForWhatIsNoRegularFile)
+TEST_F(ReadAudioDuration, OpensOnlyRegularFiles)
 {
     const auto path = [this](const QString &name) { return m_folder.filePath(name); };
     ASSERT_EQ(::mkfifo(QFile::encodeName(path(u"pipe.mp3"_s)), 0600), 0);
@@ -157,9 +158,11 @@ TEST_F(ReadAudioDuration, NeverOpensOrWaitsForWhatIsNoRegularFile)
     ASSERT_TRUE(QFile::link(u"/dev/zero"_s, path(u"device.mp3"_s)));
     ASSERT_TRUE(QFile::link(u"pipe.mp3"_s, path(u"pipe_link.wav"_s)));
     ASSERT_TRUE(QFile::link(u"loop.flac"_s, path(u"loop.flac"_s)));
+    OpenWatch watch(m_folder.path());
     for (const QString &name : {u"pipe.mp3"_s, u"folder.mp3"_s, u"device.mp3"_s, u"pipe_link.wav"_s,
                                 u"loop.flac"_s, u"vanished.mp3"_s, u"pipe.mp3/inside.mp3"_s})
         EXPECT_FALSE(readAudioDuration(path(name))) << name.toStdString();
+    EXPECT_EQ(watch.count(), 0);
 }
 
 } // namespace

@@ -39,7 +39,7 @@ TEST(SongReadAheadTest, OpensNoFileOnceStoppedOrDestroyed)
     OpenWatch watch(folder.path());
     QThreadPool &pool = diskThreads();
     for (const bool isDestroyed : {true, false}) {
-        // Keeps the only thread busy until the stop is there.
+        // Keeps the only thread busy until the reading is stopped.
         pool.setMaxThreadCount(1);
         QSemaphore busy;
         pool.start([&busy] { busy.acquire(); });
