@@ -11,15 +11,15 @@
 
 namespace sonavo {
 
-/// A home folder that is empty and nobody else's; also for everything that is kept apart from home, and for
-/// the message bus.
+/// An empty home folder for this process and those it starts. What the XDG variables keep elsewhere, and the
+/// message bus, are in it as well.
 class PrivateHome
 {
 public:
     PrivateHome()
     {
-        for (const char *kept : {"XDG_DATA_HOME", "XDG_CONFIG_HOME", "XDG_CACHE_HOME", "XDG_MUSIC_DIR"})
-            qunsetenv(kept);
+        for (const char *variable : {"XDG_DATA_HOME", "XDG_CONFIG_HOME", "XDG_CACHE_HOME", "XDG_MUSIC_DIR"})
+            qunsetenv(variable);
         qputenv("HOME", QFile::encodeName(m_folder.path()));
         qputenv("DBUS_SESSION_BUS_ADDRESS",
                 "unix:path=" + QFile::encodeName(m_folder.filePath(QStringLiteral("bus"))));
