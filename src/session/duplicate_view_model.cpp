@@ -357,9 +357,10 @@ void DuplicateViewModel::showOutcome(const CleanUpOutcome &outcome, const QStrin
                       .arg(done.arg(outcome.moved), formattedByteCount(outcome.savedBytes)),
                   ToastType::Success);
     } else {
-        showToast(
-            QStringLiteral("%1 \u2022 %2 failed").arg(partlyDone.arg(outcome.moved)).arg(outcome.failures.size()),
-            ToastType::Error);
+        showToast(QStringLiteral("%1 \u2022 %2 failed")
+                      .arg(partlyDone.arg(outcome.moved))
+                      .arg(outcome.failures.size()),
+                  ToastType::Error);
     }
 }
 
