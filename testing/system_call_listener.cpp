@@ -7,7 +7,6 @@
 #include <unistd.h>
 
 #include <cerrno>
-#include <chrono>
 #include <cstddef>
 #include <linux/filter.h>
 #include <utility>
@@ -34,22 +33,22 @@ bool SystemCallListener::start(const std::vector<unsigned> &numbers, Handler han
     const sock_fprog filter{static_cast<unsigned short>(program.size()), program.data()};
     // Before the filter, so that it does not hold for this thread.
     m_thread = std::thread([this, handler = std::move(handler)] { listen(handler); });
-    if (::prctl(PR_SET_NO_NEW_PRIVS, 1, 0, 0, 0) != 0)
-        return false;
-    m_listener = static_cast<int>(
-        ::syscall(SYS_seccomp, SECCOMP_SET_MODE_FILTER, SECCOMP_FILTER_FLAG_NEW_LISTENER, &filter));
+    long listener = NO_LISTENER;
+    if (::prctl(PR_SET_NO_NEW_PRIVS, 1, 0, 0, 0) == 0)
+        listener = ::syscall(SYS_seccomp, SECCOMP_SET_MODE_FILTER, SECCOMP_FILTER_FLAG_NEW_LISTENER, &filter);
+    m_listener = static_cast<int>(listener);
+    m_listener.notify_one();
     return m_listener >= 0;
 }
 
 void SystemCallListener::listen(const Handler &handler) const
 {
-    while (!m_isOver) {
+    m_listener.wait(NOT_STARTED);
+    while (!m_isOver && m_listener >= 0) {
         constexpr int TIMEOUT_MS = 20;
         pollfd calls{m_listener, POLLIN, 0};
-        if (calls.fd < 0 || ::poll(&calls, 1, TIMEOUT_MS) != 1 || (calls.revents & POLLIN) == 0) {
-            std::this_thread::sleep_for(std::chrono::milliseconds(1));
+        if (::poll(&calls, 1, TIMEOUT_MS) != 1 || (calls.revents & POLLIN) == 0)
             continue;
-        }
         seccomp_notif call = {};
         if (::ioctl(m_listener, SECCOMP_IOCTL_NOTIF_RECV, &call) == 0)
             handler(call);

@@ -40,7 +40,9 @@ private:
     void listen(const Handler &handler) const;
     void answer(const seccomp_notif_resp &response) const;
 
-    std::atomic<int> m_listener = -1;
+    static constexpr int NOT_STARTED = -2;
+    static constexpr int NO_LISTENER = -1;
+    std::atomic<int> m_listener = NOT_STARTED;
     std::atomic<bool> m_isOver = false;
     std::thread m_thread;
 };

@@ -67,10 +67,11 @@ enum class WhenGone
     Fail,
 };
 
-class CleanUp
+/// Goes through the duplicates of all groups.
+class DuplicateRemover
 {
 public:
-    CleanUp(const QList<DuplicateGroup> &groups, Dispose dispose, WhenGone whenGone)
+    DuplicateRemover(const QList<DuplicateGroup> &groups, Dispose dispose, WhenGone whenGone)
         : m_groups(groups)
         , m_dispose(std::move(dispose))
         , m_whenGone(whenGone)
@@ -86,7 +87,7 @@ public:
         for (const DuplicateGroup &group : m_groups) {
             m_original = readableFile(group.original.path);
             for (const Song &song : group.duplicates)
-                cleanUp(song);
+                remove(song);
         }
         checkOriginalsAgain();
         for (const Moved &moved : m_moved)
@@ -103,7 +104,7 @@ private:
         KnownFile original;
     };
 
-    void cleanUp(const Song &song);
+    void remove(const Song &song);
     void putBack(const Moved &moved);
     void checkOriginalsAgain();
     void fail(const Song &song, const QString &reason) { m_outcome.failures.append({song.path, reason}); }
@@ -120,7 +121,7 @@ private:
     CleanUpOutcome m_outcome;
 };
 
-void CleanUp::cleanUp(const Song &song)
+void DuplicateRemover::remove(const Song &song)
 {
     if (isGone(song.path)) {
         if (m_whenGone == WhenGone::Fail)
@@ -147,7 +148,7 @@ void CleanUp::cleanUp(const Song &song)
         m_devices.insert(before->snapshot.device);
 }
 
-void CleanUp::putBack(const Moved &moved)
+void DuplicateRemover::putBack(const Moved &moved)
 {
     const auto failure = moved.file.putBack();
     const QString reason =
@@ -159,7 +160,7 @@ void CleanUp::putBack(const Moved &moved)
 }
 
 /// The original of one group can vanish with a duplicate of another.
-void CleanUp::checkOriginalsAgain()
+void DuplicateRemover::checkOriginalsAgain()
 {
     QHash<QByteArray, bool> hasStayed;
     for (const Moved &moved : m_moved) {
@@ -207,7 +208,7 @@ CleanUpOutcome trashDuplicates(const QList<DuplicateGroup> &groups)
         const auto &trashed = std::get<TrashedFile>(result);
         return DisposedFile{trashed.file.path, [trashed] { return restore(trashed); }};
     };
-    return CleanUp(groups, dispose, WhenGone::PassOver).run();
+    return DuplicateRemover(groups, dispose, WhenGone::PassOver).run();
 }
 
 CleanUpOutcome moveDuplicates(const QList<DuplicateGroup> &groups, DuplicatesFolder &folder)
@@ -219,7 +220,7 @@ CleanUpOutcome moveDuplicates(const QList<DuplicateGroup> &groups, DuplicatesFol
         const auto &moved = std::get<MovedFile>(result);
         return DisposedFile{moved.path, [moved] { return moveBack(moved); }};
     };
-    return CleanUp(groups, dispose, WhenGone::Fail).run();
+    return DuplicateRemover(groups, dispose, WhenGone::Fail).run();
 }
 
 std::optional<Failure> trashSong(const Song &song, const QList<DuplicateGroup> &groups)

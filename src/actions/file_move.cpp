@@ -38,8 +38,8 @@ QByteArray folderOf(const QByteArray &path)
     return nameStart > 0 ? path.first(nameStart) : QByteArray("./");
 }
 
-/// What is at a path that shall be free: 0 for nothing, EEXIST, or the error of a look that tells neither.
-int whyNotFree(const QByteArray &path)
+/// @return 0 when nothing is at a path, EEXIST when something is, or the error of a look that tells neither
+int errorIfTaken(const QByteArray &path)
 {
     const auto snapshot = takeSnapshot(path);
     const auto *error = std::get_if<int>(&snapshot);
@@ -48,15 +48,15 @@ int whyNotFree(const QByteArray &path)
     return *error == ENOENT ? 0 : *error;
 }
 
-/// What a path has become through a call that was to make something there, now that the path was free before.
-std::optional<KnownFile> look(const QByteArray &path)
+/// @return nothing when there is no file at a path, or the file system does not tell
+std::optional<KnownFile> fileAt(const QByteArray &path)
 {
     const auto snapshot = takeSnapshot(path);
-    const auto *found = std::get_if<FileSnapshot>(&snapshot);
-    return found ? std::optional(KnownFile{path, *found}) : std::nullopt;
+    const auto *file = std::get_if<FileSnapshot>(&snapshot);
+    return file ? std::optional(KnownFile{path, *file}) : std::nullopt;
 }
 
-/// Removes the new name that we made, after the old one has been seen.
+/// Takes a move back whose old name is still there.
 MoveResult removeNewName(const KnownFile &made, int error)
 {
     if (::unlink(made.path.constData()) == 0 || stateOf(made) == FileState::Gone)
@@ -64,8 +64,8 @@ MoveResult removeNewName(const KnownFile &made, int error)
     return uncertain(error);
 }
 
-/// The last step of a move that is made of several: the new name is there, the old one is to go.
-/// @param old as it was before the step, to be removed only if it is so still
+/// The last step of a move that takes several: the new name is there, the old one is removed if nobody has
+/// touched the file since `old` was taken.
 MoveResult removeOldName(const KnownFile &old, const KnownFile &made)
 {
     int error = EBUSY;
@@ -87,9 +87,9 @@ MoveResult linkAndUnlink(const QByteArray &from, const QByteArray &to)
     if (const auto *unreadable = std::get_if<int>(&before))
         return notMoved(*unreadable);
     const int error = ::link(from.constData(), to.constData()) == 0 ? 0 : errno;
-    const auto made = look(to);
+    const auto made = fileAt(to);
     if (!made)
-        return error != 0 && whyNotFree(to) == 0 ? notMoved(error) : uncertain(error);
+        return error != 0 && errorIfTaken(to) == 0 ? notMoved(error) : uncertain(error);
     const auto &old = std::get<FileSnapshot>(before);
     if (error != 0 && !isSameFile(made->snapshot, old))
         return notMoved(error);
@@ -117,13 +117,13 @@ MoveResult moveLink(const KnownFile &old, const QByteArray &to)
         target = fs::canonical(folderOf(old.path).constData(), error) / target;
     if (error)
         return notMoved(error.value());
-    if (const int reason = whyNotFree(to))
+    if (const int reason = errorIfTaken(to))
         return notMoved(reason);
 
     const int creation = ::symlink(target.c_str(), to.constData()) == 0 ? 0 : errno;
-    const auto made = look(to);
+    const auto made = fileAt(to);
     if (!made)
-        return creation != 0 && whyNotFree(to) == 0 ? notMoved(creation) : uncertain(creation);
+        return creation != 0 && errorIfTaken(to) == 0 ? notMoved(creation) : uncertain(creation);
     if (creation != 0 && targetOf(to) != target.c_str())
         return notMoved(creation);
     return removeOldName(old, *made);
@@ -247,7 +247,7 @@ MoveResult moveByCopying(const QByteArray &from, const QByteArray &to)
     if (placed.state != State::Moved)
         return placed;
     copy.setAutoRemove(false);
-    const auto made = look(to);
+    const auto made = fileAt(to);
     const int error = flushFolder(folderOf(to));
     if (!made)
         return uncertain(EIO);
@@ -280,7 +280,7 @@ MoveResult renameWithoutReplacing(const QByteArray &from, const QByteArray &to)
     if (const auto *error = std::get_if<int>(&snapshot))
         return notMoved(*error);
     // Both names could be links to one file; then a later look could not tell whether one of them is new.
-    if (const int reason = whyNotFree(to))
+    if (const int reason = errorIfTaken(to))
         return notMoved(reason);
 
     const KnownFile old{from, std::get<FileSnapshot>(snapshot)};
@@ -319,7 +319,7 @@ Failure toFailure(const MoveResult &result, const QByteArray &from, const QByteA
 
 MovedFile describeMove(const QByteArray &from, const QByteArray &to)
 {
-    const auto made = look(to);
+    const auto made = fileAt(to);
     return {QFile::decodeName(from), QFile::decodeName(to),
             made ? std::optional(made->snapshot) : std::nullopt};
 }

@@ -21,8 +21,6 @@ using namespace Qt::Literals::StringLiterals;
 using testing::ElementsAre;
 using testing::IsEmpty;
 
-constexpr int NOT_ALLOWED = 77;
-
 class CleanUpTest : public testing::Test
 {
 protected:
@@ -249,21 +247,18 @@ TEST_F(CleanUpTest, PutsADuplicateBackWhenItsOriginalIsNotAsItWas)
     };
     for (const auto &[name, happens] : cases) {
         const QList groups{group(song(u"music/a.mp3"_s), {song(u"music/b.mp3"_s)})};
-        const auto cleanUp = [&] {
-            auto *const listener = new SystemCallListener; // for as long as the child lives
-            int renames = 0;
-            const auto onRename = [&, listener](const seccomp_notif &call) {
-                if (renames++ == 0)
-                    happens();
-                listener->letThrough(call.id);
-            };
-            if (!listener->start({SYS_renameat2}, onRename))
-                ::_exit(NOT_ALLOWED);
+        const auto cleanUp = [&groups] {
             const CleanUpOutcome outcome = trashDuplicates(groups);
-            ::_exit(outcome.moved == 0 && outcome.failures.size() == 1 ? 0 : 1);
-            return 0;
+            return outcome.moved == 0 && outcome.failures.size() == 1 ? 0 : 1;
         };
-        const auto status = runInChild(cleanUp);
+        bool isFirst = true;
+        const auto onRename = [&, &happens = happens](const SystemCallListener &listener,
+                                                      const seccomp_notif &call) {
+            if (std::exchange(isFirst, false))
+                happens();
+            listener.letThrough(call.id);
+        };
+        const auto status = runInChild(cleanUp, {SYS_renameat2}, onRename);
         if (status == NOT_ALLOWED)
             GTEST_SKIP() << "no right to filter system calls";
         EXPECT_EQ(status, 0) << name;

@@ -135,33 +135,6 @@ TEST_F(DuplicatesFolderTest, MovesALinkThatLeadsToTheSameFileAfterwards)
     EXPECT_EQ(contentOf(m_source.filePath(u"real.mp3"_s)), "real");
 }
 
-TEST_F(DuplicatesFolderTest, TakesTimesAndPermissionsAlongToAnotherFileSystem)
-{
-    const OtherFileSystem other;
-    DuplicatesFolder folder = makeIn(other.path());
-    const QByteArray content(3'000'001, 'x');
-    const QString song = addSong(u"a.mp3"_s, content);
-    const QDateTime written(QDate(2001, 2, 3), QTime(4, 5, 6, 789));
-    {
-        QFile file(song);
-        ASSERT_TRUE(file.open(QIODevice::ReadWrite));
-        ASSERT_TRUE(file.setFileTime(written, QFileDevice::FileModificationTime));
-        ASSERT_TRUE(file.setPermissions(QFileDevice::ReadOwner | QFileDevice::ReadGroup));
-    }
-    EXPECT_TRUE(moves(folder, song));
-    EXPECT_TRUE(moves(folder, addSong(u"b/a.mp3"_s, "second")));
-    EXPECT_FALSE(moves(folder, m_source.filePath(u"gone.mp3"_s)));
-
-    const QFileInfo moved(folder.path() + u"/a.mp3"_s);
-    EXPECT_EQ(moved.lastModified(), written);
-    EXPECT_FALSE(moved.permission(QFileDevice::WriteOwner));
-    EXPECT_TRUE(moved.permission(QFileDevice::ReadGroup));
-    EXPECT_EQ(contentOf(moved.filePath()), content);
-    EXPECT_EQ(contentOf(folder.path() + u"/a (1).mp3"_s), "second");
-    EXPECT_FALSE(QFileInfo::exists(song));
-    EXPECT_THAT(entriesOf(folder.path()), ElementsAre(u"a (1).mp3"_s, u"a.mp3"_s));
-}
-
 TEST_F(DuplicatesFolderTest, KeepsTheSourceWhenADiskIsFullOrCannotBeWrittenTo)
 {
     PrivateMounts mounts;

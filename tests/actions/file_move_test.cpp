@@ -28,8 +28,6 @@ using testing::AnyOf;
 using testing::ElementsAre;
 using testing::IsEmpty;
 
-constexpr int NOT_ALLOWED = 77;
-
 /// Calls that change names, with the error that a network file system reports when it was asked a second
 /// time, because the answer to the first was lost.
 const std::map<unsigned, int> NAMING_CALLS{
@@ -81,28 +79,25 @@ class LostAnswers : public testing::TestWithParam<bool>
 {
 protected:
     /// Whether the file systems have RENAME_NOREPLACE; network file systems do not.
-    [[nodiscard]] static bool canRefuseToReplace() { return GetParam(); }
+    const bool canRefuseToReplace = GetParam();
 
     /// Lets every call of a move fail in turn, in every way.
-    void failEveryCall(const std::function<Move()> &makeMove)
+    void failEveryCall(const std::function<Move()> &makeMove) const
     {
         for (const Fault fault :
              {Fault::FailsWithoutEffect, Fault::FailsAfterItsEffect, Fault::FailsAsDoAllThatFollow}) {
             bool isReached = true;
-            for (int number = 0; isReached; ++number) {
+            for (int number = 0; isReached && !HasFailure(); ++number) {
+                SCOPED_TRACE("call " + std::to_string(number) + ", fault " + std::to_string(int(fault)));
                 const Move move = makeMove();
-                const auto status =
-                    runInChild([&] { return runWithFault(move, number, fault, canRefuseToReplace()); });
+                const auto status = runWithFault(move, number, fault);
                 if (status == NOT_ALLOWED)
                     GTEST_SKIP() << "no right to filter system calls";
                 ASSERT_TRUE(status);
                 isReached = *status < REACHED_NO_FAULT;
-                expectTruth(move, Said(*status % REACHED_NO_FAULT),
-                            "call " + std::to_string(number) + ", fault " + std::to_string(int(fault)));
+                expectTruth(move, Said(*status % REACHED_NO_FAULT));
                 QFile::remove(move.from);
                 QDir(move.targetFolder).removeRecursively();
-                if (HasFailure())
-                    return;
             }
         }
     }
@@ -110,51 +105,51 @@ protected:
 private:
     static constexpr int REACHED_NO_FAULT = 10;
 
-    static int runWithFault(const Move &move, int number, Fault fault, bool canRefuse)
+    std::optional<int> runWithFault(const Move &move, int faultyCall, Fault fault) const
     {
         std::vector<unsigned> calls = OTHER_CALLS;
         for (const auto &[call, error] : NAMING_CALLS)
             calls.push_back(call);
         int count = 0;
         bool hitNamingCall = false;
-        auto *const listener = new SystemCallListener; // for as long as the child lives
-        const bool hasStarted = listener->start(calls, [&, listener](const seccomp_notif &call) {
+        const auto handle = [&](const SystemCallListener &listener, const seccomp_notif &call) {
+            if (!canRefuseToReplace && call.data.nr == SYS_renameat2)
+                return listener.fail(call.id, EINVAL);
+            const int number = count++;
+            const bool goesOn = number > faultyCall && fault == Fault::FailsAsDoAllThatFollow;
+            if (number != faultyCall && !goesOn) // waiting for the disk would take most of the time
+                return call.data.nr == SYS_fsync ? listener.fail(call.id, 0) : listener.letThrough(call.id);
             const auto naming = NAMING_CALLS.find(static_cast<unsigned>(call.data.nr));
-            if (!canRefuse && call.data.nr == SYS_renameat2)
-                return listener->fail(call.id, EINVAL);
-            const bool isHit = count == number || (count > number && fault == Fault::FailsAsDoAllThatFollow);
-            ++count;
-            if (!isHit)
-                return listener->letThrough(call.id);
             hitNamingCall = naming != NAMING_CALLS.end() && fault != Fault::FailsAsDoAllThatFollow;
             if (fault == Fault::FailsAfterItsEffect)
-                listener->carryOut(call, naming != NAMING_CALLS.end() ? naming->second : EIO);
+                listener.carryOut(call, naming != NAMING_CALLS.end() ? naming->second : EIO);
             else
-                listener->fail(call.id, EIO);
-        });
-        if (!hasStarted)
-            ::_exit(NOT_ALLOWED);
-        const std::optional<Failure> failure = move.run();
-        auto said = failure ? Said::NotMoved : Said::Moved;
-        if (failure && failure->reason.contains(move.from) && failure->reason.contains(move.targetFolder))
-            said = hitNamingCall ? Said::UncertainWithoutNeed : Said::Uncertain;
-        ::_exit(static_cast<int>(said) + (count > number ? 0 : REACHED_NO_FAULT));
+                listener.fail(call.id, EIO);
+        };
+        const auto work = [&] {
+            const std::optional<Failure> failure = move.run();
+            auto said = failure ? Said::NotMoved : Said::Moved;
+            if (failure && failure->reason.contains(move.from) && failure->reason.contains(move.targetFolder))
+                said = hitNamingCall ? Said::UncertainWithoutNeed : Said::Uncertain;
+            return static_cast<int>(said) + (count > faultyCall ? 0 : REACHED_NO_FAULT);
+        };
+        return runInChild(work, calls, handle);
     }
 
-    static void expectTruth(const Move &move, Said said, const std::string &where)
+    static void expectTruth(const Move &move, Said said)
     {
-        const bool isAtOldPlace = QFileInfo::exists(move.from) && contentOf(move.from) == "song";
+        const bool isAtOldPath = QFileInfo::exists(move.from) && contentOf(move.from) == "song";
         QList<QByteArray> moved;
         for (const QFileInfo &file : QDir(move.targetFolder).entryInfoList(QDir::Files))
             moved.append(contentOf(file.filePath()));
-        EXPECT_THAT(moved, AnyOf(IsEmpty(), ElementsAre("song"))) << where;
-        const bool isAtNewPlace = !moved.isEmpty();
+        EXPECT_THAT(moved, AnyOf(IsEmpty(), ElementsAre("song")));
+        const bool isAtNewPath = !moved.isEmpty();
         if (said == Said::Moved)
-            EXPECT_TRUE(isAtNewPlace && !QFileInfo::exists(move.from)) << where;
+            EXPECT_TRUE(isAtNewPath && !QFileInfo::exists(move.from));
         else if (said == Said::NotMoved)
-            EXPECT_TRUE(isAtOldPlace && !isAtNewPlace) << where;
+            EXPECT_TRUE(isAtOldPath && !isAtNewPath);
         else
-            EXPECT_TRUE(said == Said::Uncertain && (isAtOldPlace || isAtNewPlace)) << where;
+            EXPECT_TRUE(said == Said::Uncertain && (isAtOldPath || isAtNewPath));
     }
 };
 
@@ -217,24 +212,6 @@ TEST_P(LostAnswers, LoseNoFileThatGoesToTheTrashOrBack)
 INSTANTIATE_TEST_SUITE_P(WithoutAndWith, LostAnswers, testing::Bool(),
                          [](const auto &canRefuse) { return canRefuse.param ? "Replace" : "NoReplace"; });
 
-/// Something that happens to a source when its copy gets its name, before the source is removed.
-int moveWhile(const QString &source, DuplicatesFolder &folder, const std::function<void()> &happens)
-{
-    auto *const listener = new SystemCallListener;
-    bool hasHappened = false;
-    const bool hasStarted = listener->start({SYS_fsync}, [&, listener](const seccomp_notif &call) {
-        const bool isFolder =
-            std::filesystem::is_directory("/proc/self/fd/" + std::to_string(call.data.args[0]));
-        if (isFolder && !std::exchange(hasHappened, true))
-            happens();
-        listener->letThrough(call.id);
-    });
-    if (!hasStarted)
-        ::_exit(NOT_ALLOWED);
-    const auto failure = failureOf(folder.moveHere(source));
-    ::_exit(!hasHappened ? 2 : (failure ? 1 : 0));
-}
-
 TEST(FileMove, KeepsWhatIsDoneToASourceWhileItIsCopied)
 {
     const OtherFileSystem other;
@@ -242,20 +219,20 @@ TEST(FileMove, KeepsWhatIsDoneToASourceWhileItIsCopied)
     const QString song = folder.filePath(u"a.mp3"_s);
     const struct
     {
-        const char *name;
+        QString name;
         std::function<void(const std::filesystem::path &)> action;
         std::string content;
     } cases[] = {
-        {"longer", [](const auto &file) { std::ofstream(file, std::ios::app) << " and tags"; },
+        {u"longer"_s, [](const auto &file) { std::ofstream(file, std::ios::app) << " and tags"; },
          "song and tags"},
-        {"as long, with its time kept",
+        {u"as long, with its time kept"_s,
          [](const auto &file) {
              const auto time = std::filesystem::last_write_time(file);
              std::fstream(file) << "tags";
              std::filesystem::last_write_time(file, time);
          },
          "tags"},
-        {"replaced",
+        {u"replaced"_s,
          [](const auto &file) {
              std::ofstream(file.string() + ".new") << "tags";
              std::filesystem::rename(file.string() + ".new", file);
@@ -263,32 +240,45 @@ TEST(FileMove, KeepsWhatIsDoneToASourceWhileItIsCopied)
          "tags"},
     };
     for (const auto &[name, action, content] : cases) {
-        auto target = std::get<DuplicatesFolder>(
-            DuplicatesFolder::create(other.pathOf(QString::fromLatin1(name)), QDateTime::currentDateTime()));
+        auto target = std::get<DuplicatesFolder>(DuplicatesFolder::create(other.pathOf(name), {}));
         writeFile(song, "song");
+        // The folder is flushed when the copy has its name, before the source is removed.
+        const auto handle = [&](const SystemCallListener &listener, const seccomp_notif &call) {
+            if (std::filesystem::is_directory("/proc/self/fd/" + std::to_string(call.data.args[0])))
+                action(song.toStdString());
+            listener.letThrough(call.id);
+        };
         const auto status =
-            runInChild([&] { return moveWhile(song, target, [&] { action(song.toStdString()); }); });
+            runInChild([&] { return failureOf(target.moveHere(song)) ? 1 : 0; }, {SYS_fsync}, handle);
         if (status == NOT_ALLOWED)
             GTEST_SKIP() << "no right to filter system calls";
-        EXPECT_EQ(status, 1) << name;
-        EXPECT_EQ(contentOf(song).toStdString(), content) << name;
-        EXPECT_EQ(contentOf(target.path() + u"/a.mp3"_s), "song") << name;
+        EXPECT_EQ(status, 1) << name.toStdString();
+        EXPECT_EQ(contentOf(song).toStdString(), content) << name.toStdString();
+        EXPECT_EQ(contentOf(target.path() + u"/a.mp3"_s), "song") << name.toStdString();
     }
 }
 
-TEST(FileMove, TakesNoSpecialPermissionsToAnotherFileSystem)
+TEST(FileMove, TakesTimesAndPermissionsToAnotherFileSystemButNotTheSpecialOnes)
 {
     const QTemporaryDir folder;
     const OtherFileSystem other;
-    const QByteArray from = QFile::encodeName(folder.filePath(u"a.mp3"_s));
-    const QByteArray to = QFile::encodeName(other.pathOf(u"a.mp3"_s));
-    for (const mode_t mode : {04755U, 02755U, 01644U, 07777U, 0600U}) {
-        writeFile(QFile::decodeName(from), "song");
-        ASSERT_EQ(::chmod(from.constData(), mode), 0);
-        EXPECT_EQ(moveWithoutReplacing(from, to).state, MoveResult::State::Moved);
-        const auto moved = takeSnapshot(to);
-        EXPECT_EQ(std::get<FileSnapshot>(moved).mode & 07777, mode & 0777);
-        QFile::remove(QFile::decodeName(to));
+    const QString from = folder.filePath(u"a.mp3"_s);
+    const QString to = other.pathOf(u"a.mp3"_s);
+    const QByteArray content(3'000'001, 'x');
+    const QDateTime written(QDate(2001, 2, 3), QTime(4, 5, 6, 789));
+    for (const mode_t mode : {0440U, 04755U, 02755U, 01644U, 07777U}) {
+        writeFile(from, content);
+        QFile file(from);
+        ASSERT_TRUE(file.open(QIODevice::ReadWrite));
+        ASSERT_TRUE(file.setFileTime(written, QFileDevice::FileModificationTime));
+        ASSERT_EQ(::fchmod(file.handle(), mode), 0);
+        EXPECT_EQ(moveWithoutReplacing(QFile::encodeName(from), QFile::encodeName(to)).state,
+                  MoveResult::State::Moved);
+        EXPECT_EQ(std::get<FileSnapshot>(takeSnapshot(QFile::encodeName(to))).mode & 07777, mode & 0777);
+        EXPECT_EQ(QFileInfo(to).lastModified(), written);
+        EXPECT_TRUE(contentOf(to) == content);
+        EXPECT_FALSE(QFileInfo::exists(from));
+        QFile::remove(to);
     }
 }
 
