@@ -5,7 +5,6 @@
 #include <QDBusObjectPath>
 #include <QDBusVariant>
 
-#include <algorithm>
 #include <stdexcept>
 
 namespace sonavo {
@@ -54,47 +53,32 @@ ScreenReader::~ScreenReader()
     QDBusConnection::disconnectFromBus(SESSION);
 }
 
-QStringList ScreenReader::names() const
+QStringList ScreenReader::names(const QString &program) const
 {
     QStringList names;
-    for (const Node &node : nodes())
-        names.append(node.name);
+    read(u"org.a11y.atspi.Registry"_s, u"/org/a11y/atspi/accessible/root"_s, program, names);
     return names;
 }
 
-bool ScreenReader::focus(const QString &name) const
-{
-    return std::ranges::any_of(nodes(), [&](const Node &node) {
-        return node.name == name &&
-               call(m_bus, node.service, node.path, u"org.a11y.atspi.Component"_s, u"GrabFocus"_s).toBool();
-    });
-}
-
-std::vector<ScreenReader::Node> ScreenReader::nodes() const
-{
-    std::vector<Node> nodes;
-    read({u"org.a11y.atspi.Registry"_s, u"/org/a11y/atspi/accessible/root"_s, {}}, nodes, u"sonavo"_s);
-    return nodes;
-}
-
-void ScreenReader::read(const Node &node, std::vector<Node> &nodes, const QString &only) const
+void ScreenReader::read(const QString &service, const QString &path, const QString &program,
+                        QStringList &names) const
 {
     // The states are bits; the protocol numbers this one (ATSPI_STATE_SHOWING).
     constexpr uint SHOWING = 25;
     QList<std::pair<QString, QDBusObjectPath>> children;
-    call(m_bus, node.service, node.path, ACCESSIBLE, u"GetChildren"_s).value<QDBusArgument>() >> children;
-    for (const auto &[service, path] : children) {
-        const auto name = call(m_bus, service, path.path(), PROPERTIES, u"Get"_s, {ACCESSIBLE, u"Name"_s})
+    call(m_bus, service, path, ACCESSIBLE, u"GetChildren"_s).value<QDBusArgument>() >> children;
+    for (const auto &[owner, object] : children) {
+        const QString child = object.path();
+        const auto name = call(m_bus, owner, child, PROPERTIES, u"Get"_s, {ACCESSIBLE, u"Name"_s})
                               .value<QDBusVariant>()
                               .variant()
                               .toString();
-        const auto state =
-            qdbus_cast<QList<uint>>(call(m_bus, service, path.path(), ACCESSIBLE, u"GetState"_s));
-        const bool isShown = !state.isEmpty() && (state[0] >> SHOWING & 1U) != 0;
-        if (only.isEmpty() ? !isShown : name != only)
+        const auto states = qdbus_cast<QList<uint>>(call(m_bus, owner, child, ACCESSIBLE, u"GetState"_s));
+        const bool isShown = !states.isEmpty() && (states[0] >> SHOWING & 1U) != 0;
+        if (program.isEmpty() ? !isShown : name != program)
             continue;
-        nodes.push_back({service, path.path(), name});
-        read(nodes.back(), nodes);
+        names.append(name);
+        read(owner, child, {}, names);
     }
 }
 

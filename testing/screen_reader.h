@@ -4,12 +4,9 @@
 #include <QString>
 #include <QStringList>
 
-#include <vector>
-
 namespace sonavo {
 
-/// Reads the program's window and moves its focus as a screen reader does, over the accessibility bus
-/// (AT-SPI).
+/// Reads a program's window as a screen reader does, over the accessibility bus (AT-SPI).
 class ScreenReader
 {
 public:
@@ -19,22 +16,13 @@ public:
     ~ScreenReader();
     Q_DISABLE_COPY_MOVE(ScreenReader)
 
-    /// Names of everything that is shown now, parents first.
-    [[nodiscard]] QStringList names() const;
-    /// Moves the keyboard focus. @return whether something that can have it has the name
-    [[nodiscard]] bool focus(const QString &name) const;
+    /// Names of everything that a program shows now, parents first.
+    /// @param program its name on the bus
+    [[nodiscard]] QStringList names(const QString &program) const;
 
 private:
-    struct Node
-    {
-        QString service;
-        QString path;
-        QString name;
-    };
-
-    /// Appends what is shown in a node. @param only child to look at; all of them when empty
-    void read(const Node &node, std::vector<Node> &nodes, const QString &only = {}) const;
-    [[nodiscard]] std::vector<Node> nodes() const;
+    /// @param program the only child to look at; all that are shown when empty
+    void read(const QString &service, const QString &path, const QString &program, QStringList &names) const;
 
     QDBusConnection m_bus;
 };
