@@ -36,7 +36,7 @@ struct Written
 
 std::size_t batchesOf(const QList<Song> &songs)
 {
-    DuplicateFinder finder(songs, {Color{}});
+    DuplicateFinder finder(songs);
     finder.groupByTitle();
     finder.groupByFileName();
     finder.prepareBatches();
