@@ -1,4 +1,4 @@
-#include "analysis/bounded_distance.h"
+#include "analysis/distance.h"
 
 #include <QtGlobal>
 
@@ -64,7 +64,7 @@ Carry advance(Column &column, std::uint64_t equal, Carry above, std::uint64_t la
     return below;
 }
 
-/// The distance of texts of which `rows` has at most 64 characters.
+/// For texts of which `rows` has 1 to 64 characters.
 std::size_t distanceInOneBlock(std::string_view rows, std::string_view columns, std::size_t limit)
 {
     std::array<std::uint64_t, ALPHABET> positions{};
@@ -77,7 +77,7 @@ std::size_t distanceInOneBlock(std::string_view rows, std::string_view columns, 
     std::size_t columnsLeft = columns.size();
     for (const char character : columns) {
         distance += static_cast<std::size_t>(advance(column, positions[symbolOf(character)], 1, last));
-        // Each column to come takes away at most one.
+        // Each column to come lowers the distance by at most one.
         if (distance > limit + --columnsLeft)
             return limit + 1;
     }
@@ -111,11 +111,12 @@ std::size_t distanceInBlocks(std::string_view rows, std::string_view columns, st
 
 } // namespace
 
-std::size_t boundedDistance(std::string_view a, std::string_view b, std::size_t limit)
+std::size_t levenshteinDistance(std::string_view a, std::string_view b, std::size_t limit)
 {
     removeCommonEnds(a, b);
     if (a.size() > b.size())
         std::swap(a, b);
+    limit = std::min(limit, b.size());
     if (b.size() - a.size() > limit)
         return limit + 1;
     if (a.empty())
@@ -123,35 +124,30 @@ std::size_t boundedDistance(std::string_view a, std::string_view b, std::size_t 
     return a.size() <= WORD_BITS ? distanceInOneBlock(a, b, limit) : distanceInBlocks(a, b, limit);
 }
 
-std::uint64_t characterBag(std::string_view normalized)
+double calculateSimilarity(std::string_view a, std::string_view b, double least)
+{
+    const std::size_t longer = std::max(a.size(), b.size());
+    Q_ASSERT(longer > 0);
+    const std::size_t limit = largestDistance(longer, least);
+    const std::size_t distance = levenshteinDistance(a, b, limit);
+    return distance > limit ? 0.0 : 1.0 - static_cast<double>(distance) / static_cast<double>(longer);
+}
+
+std::uint64_t characterBag(std::string_view text)
 {
     constexpr std::size_t SINGLE_BITS = 36;
     constexpr std::size_t DOUBLE_BITS = WORD_BITS - SINGLE_BITS;
     std::uint64_t once = 0;
     std::uint64_t twice = 0;
-    for (const char character : normalized) {
+    for (const char character : text) {
         if (character == ' ')
             continue;
         const std::uint64_t bit = std::uint64_t{1} << symbolOf(character);
         twice |= once & bit;
         once |= bit;
     }
-    // There is no room for the second bit of the last few digits.
+    // 64 bits have no room for the second bit of the last few digits.
     return once | (twice & ((std::uint64_t{1} << DOUBLE_BITS) - 1)) << SINGLE_BITS;
-}
-
-std::size_t largestDistance(std::size_t length, double threshold)
-{
-    const auto isSimilar = [length, threshold](std::size_t distance) {
-        return 1.0 - static_cast<double>(distance) / static_cast<double>(length) >= threshold;
-    };
-    // Exactly the comparison of the definition: its rounding decides at the threshold.
-    auto distance = static_cast<std::size_t>((1.0 - threshold) * static_cast<double>(length));
-    while (distance < length && isSimilar(distance + 1))
-        ++distance;
-    while (distance > 0 && !isSimilar(distance))
-        --distance;
-    return distance;
 }
 
 } // namespace sonavo

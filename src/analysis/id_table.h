@@ -8,24 +8,24 @@
 
 namespace sonavo {
 
-/// Gives equal items the same number: 0, 1, 2 and so on, in the order in which they first come. Items are
-/// kept by the caller; the table knows their hashes only (open addressing with linear probing).
-class NumberTable
+/// Gives equal items the same id: 0, 1, 2 and so on, in the order in which they first come. The caller keeps
+/// the items; the table knows their hashes only (open addressing with linear probing).
+class IdTable
 {
 public:
     /// @param hash of the item; its low bits are used
-    /// @param isItem tells whether the item that was given a number before is the same as this one
-    /// @return the item's number, equal to size() before the call when the item is new
+    /// @param isItem tells whether the item that was given an id before equals this one
+    /// @return the item's id, equal to size() before the call when the item is new
     template <typename IsItem>
-    std::uint32_t numberOf(std::size_t hash, IsItem isItem)
+    std::uint32_t idOf(std::size_t hash, IsItem isItem)
     {
         if ((m_size + 1) * 2 > m_slots.size())
             grow();
         const auto tag = static_cast<std::uint32_t>(hash);
         std::size_t slot = tag & (m_slots.size() - 1);
-        while (m_slots[slot].number != NONE) {
-            if (m_slots[slot].tag == tag && isItem(m_slots[slot].number))
-                return m_slots[slot].number;
+        while (m_slots[slot].id != NONE) {
+            if (m_slots[slot].tag == tag && isItem(m_slots[slot].id))
+                return m_slots[slot].id;
             slot = (slot + 1) & (m_slots.size() - 1);
         }
         m_slots[slot] = {tag, static_cast<std::uint32_t>(m_size)};
@@ -34,7 +34,7 @@ public:
 
     [[nodiscard]] std::size_t size() const { return m_size; }
 
-    /// Makes room for that many items before there are any.
+    /// Allocates for that many items; does nothing once there are any.
     void reserve(std::size_t count)
     {
         if (m_size == 0)
@@ -46,7 +46,7 @@ private:
     struct Slot
     {
         std::uint32_t tag = 0;
-        std::uint32_t number = NONE;
+        std::uint32_t id = NONE;
     };
 
     void grow()
@@ -54,10 +54,10 @@ private:
         constexpr std::size_t FIRST_SIZE = 64;
         std::vector<Slot> larger(m_slots.empty() ? FIRST_SIZE : m_slots.size() * 2);
         for (const Slot &old : m_slots) {
-            if (old.number == NONE)
+            if (old.id == NONE)
                 continue;
             std::size_t slot = old.tag & (larger.size() - 1);
-            while (larger[slot].number != NONE)
+            while (larger[slot].id != NONE)
                 slot = (slot + 1) & (larger.size() - 1);
             larger[slot] = old;
         }
