@@ -16,7 +16,6 @@
 #include <cstdlib>
 #include <filesystem>
 #include <functional>
-#include <ranges>
 #include <utility>
 #include <variant>
 #include <vector>
@@ -172,8 +171,10 @@ void DuplicateRemover::checkOriginalsAgain()
             stateOf(original) == FileState::Same && (isAlone || isListed(original.path));
     }
     const auto mustGoBack = [&](const Moved &moved) { return !hasStayed.value(moved.original.path); };
-    for (const Moved &moved : m_moved | std::views::reverse | std::views::filter(mustGoBack))
-        putBack(moved);
+    std::for_each(m_moved.rbegin(), m_moved.rend(), [&](const Moved &moved) {
+        if (mustGoBack(moved))
+            putBack(moved);
+    });
     std::erase_if(m_moved, mustGoBack);
 }
 

@@ -308,7 +308,7 @@ std::variant<TrashedFile, Failure> moveToTrash(const QString &path)
 
 std::optional<Failure> restore(const TrashedFile &trashed)
 {
-    const std::optional<Failure> failure = renameBack(trashed.file);
+    std::optional<Failure> failure = renameBack(trashed.file);
     if (!failure)
         ::unlink(QFile::encodeName(trashed.infoFile).constData());
     return failure;

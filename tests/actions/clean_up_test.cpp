@@ -188,7 +188,7 @@ protected:
             GTEST_SKIP() << "an overlay cannot be mounted here";
     }
 
-    const OtherFileSystem otherDisk;
+    const OtherFileSystem otherDisk{};
 
 private:
     PrivateMounts m_mounts;

@@ -243,7 +243,8 @@ TEST(FileMove, KeepsWhatIsDoneToASourceWhileItIsCopied)
         auto target = std::get<DuplicatesFolder>(DuplicatesFolder::create(other.pathOf(name), {}));
         writeFile(song, "song");
         // The folder is flushed when the copy has its name, before the source is removed.
-        const auto handle = [&](const SystemCallListener &listener, const seccomp_notif &call) {
+        const auto handle = [&, &action = action](const SystemCallListener &listener,
+                                                  const seccomp_notif &call) {
             if (std::filesystem::is_directory("/proc/self/fd/" + std::to_string(call.data.args[0])))
                 action(song.toStdString());
             listener.letThrough(call.id);
