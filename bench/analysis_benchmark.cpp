@@ -82,23 +82,14 @@ const QList<Song> &libraryOf(const Case &which)
 }
 
 /// From the songs to their groups, as the program does it but without its pauses.
-Seconds runFast(const QList<Song> &songs, QList<DuplicateGroup> &groups)
+template <typename Finder>
+Seconds run(const QList<Song> &songs, QList<DuplicateGroup> &groups)
 {
     const auto start = std::chrono::steady_clock::now();
     {
-        DuplicateFinder finder(songs);
+        Finder finder(songs);
         groups = groupsOf(finder);
     }
-    return std::chrono::steady_clock::now() - start;
-}
-
-/// The steps and the texts that they need. What else a finder prepares is not counted: it is the fast way's.
-Seconds runDirect(const QList<Song> &songs, QList<DuplicateGroup> &groups)
-{
-    DirectFinder finder(songs);
-    const auto start = std::chrono::steady_clock::now();
-    finder.prepareTexts();
-    groups = groupsOf(finder);
     return std::chrono::steady_clock::now() - start;
 }
 
@@ -109,8 +100,8 @@ void runCase(benchmark::State &state, std::size_t index)
     Result result;
     for ([[maybe_unused]] auto iteration : state) {
         result.groups = {};
-        const Seconds time =
-            which.way == Way::Fast ? runFast(songs, result.groups) : runDirect(songs, result.groups);
+        const Seconds time = which.way == Way::Fast ? run<DuplicateFinder>(songs, result.groups)
+                                                    : run<DirectFinder>(songs, result.groups);
         state.SetIterationTime(time.count());
         result.times.push_back(time);
     }

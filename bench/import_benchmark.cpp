@@ -26,17 +26,18 @@ namespace {
 
 using Seconds = std::chrono::duration<double>;
 
-/// What is known of a library on disk.
-struct Written
+/// Figures of a library on disk.
+struct LibraryStats
 {
+    /// Length of all paths together, in bytes.
     std::size_t pathBytes = 0;
     /// Batches of songs that the analysis compares by artist and title.
     std::size_t batches = 0;
 };
 
-std::size_t batchesOf(const QList<Song> &songs)
+std::size_t countBatches(const QList<Song> &songs)
 {
-    DuplicateFinder finder(songs, {Color{}});
+    DuplicateFinder finder(songs);
     finder.groupByTitle();
     finder.groupByFileName();
     finder.prepareBatches();
@@ -46,14 +47,14 @@ std::size_t batchesOf(const QList<Song> &songs)
     return batches;
 }
 
-Written write(const LibraryPlan &plan, LibraryFiles files)
+LibraryStats write(const LibraryPlan &plan, LibraryFiles files)
 {
     const QList<Song> songs = writeLibrary(generateLibrary(plan), files);
-    Written written;
+    LibraryStats stats;
     for (const Song &song : songs)
-        written.pathBytes += static_cast<std::size_t>(song.path.toUtf8().size());
-    written.batches = batchesOf(songs);
-    return written;
+        stats.pathBytes += static_cast<std::size_t>(song.path.toUtf8().size());
+    stats.batches = countBatches(songs);
+    return stats;
 }
 
 int exitStatusOf(int status)
@@ -61,40 +62,39 @@ int exitStatusOf(int status)
     return WIFEXITED(status) ? WEXITSTATUS(status) : EXIT_FAILURE;
 }
 
-/// In a process of its own: a program counts the memory of the process that starts it as its own peak.
-Written writeElsewhere(const LibraryPlan &plan, LibraryFiles files)
+/// Writes a library in a process of its own: peak memory is inherited from the process that starts a program.
+LibraryStats writeInChildProcess(const LibraryPlan &plan, LibraryFiles files)
 {
     int ends[2];
     if (::pipe(ends) != 0)
-        throw std::runtime_error("there is no pipe");
+        throw std::runtime_error("cannot create a pipe");
     const pid_t writer = ::fork();
     if (writer == 0) {
         try {
-            const Written written = write(plan, files);
-            ::_exit(::write(ends[1], &written, sizeof written) == sizeof written ? EXIT_SUCCESS
-                                                                                 : EXIT_FAILURE);
+            const LibraryStats stats = write(plan, files);
+            ::_exit(::write(ends[1], &stats, sizeof stats) == sizeof stats ? EXIT_SUCCESS : EXIT_FAILURE);
         } catch (const std::exception &error) {
             std::fprintf(stderr, "%s\n", error.what());
             ::_exit(EXIT_FAILURE);
         }
     }
     ::close(ends[1]);
-    Written written;
-    const bool isRead = ::read(ends[0], &written, sizeof written) == sizeof written;
+    LibraryStats stats;
+    const bool isComplete = ::read(ends[0], &stats, sizeof stats) == sizeof stats;
     ::close(ends[0]);
     int status = 0;
-    if (writer < 0 || ::waitpid(writer, &status, 0) != writer || exitStatusOf(status) != 0 || !isRead)
+    if (writer < 0 || ::waitpid(writer, &status, 0) != writer || exitStatusOf(status) != 0 || !isComplete)
         throw std::runtime_error("the library could not be written");
-    return written;
+    return stats;
 }
 
 struct Run
 {
     Seconds time;
-    /// On all cores together.
-    Seconds work;
-    /// Bytes of memory at the peak.
-    double memory;
+    /// Of all threads together.
+    Seconds cpuTime;
+    /// Peak resident memory in bytes.
+    double peakMemory;
 };
 
 Seconds secondsOf(const struct timeval &time)
@@ -102,15 +102,15 @@ Seconds secondsOf(const struct timeval &time)
     return std::chrono::seconds(time.tv_sec) + std::chrono::microseconds(time.tv_usec);
 }
 
-/// Reports the duplicates of a folder and throws the report away.
-Run report(const char *program, const std::string &folder)
+/// Runs the program's report on a folder, without its output.
+Run runReport(const char *program, const std::string &folder)
 {
     const auto start = std::chrono::steady_clock::now();
     const pid_t child = ::fork();
     if (child == 0) {
-        const int nowhere = ::open("/dev/null", O_WRONLY);
-        ::dup2(nowhere, STDOUT_FILENO);
-        ::dup2(nowhere, STDERR_FILENO);
+        const int devNull = ::open("/dev/null", O_WRONLY);
+        ::dup2(devNull, STDOUT_FILENO);
+        ::dup2(devNull, STDERR_FILENO);
         ::execl(program, program, "--report", folder.c_str(), nullptr);
         ::_exit(EXIT_FAILURE);
     }
@@ -123,7 +123,7 @@ Run report(const char *program, const std::string &folder)
             static_cast<double>(usage.ru_maxrss) * 1024.0};
 }
 
-/// The pauses that a scan makes, whatever the machine.
+/// The pauses of a scan, which do not depend on the machine.
 Seconds pausesOf(std::size_t songs, std::size_t batches)
 {
     using namespace std::chrono_literals;
@@ -134,34 +134,34 @@ void measure(const char *program, LibraryPlan plan, LibraryFiles files, int runs
 {
     const QTemporaryDir folder;
     if (!folder.isValid())
-        throw std::runtime_error("there is no temporary folder");
+        throw std::runtime_error("cannot create a temporary folder");
     plan.root = folder.path();
     std::fprintf(stderr, "Writing %zu songs\n", plan.songs);
-    const Written written = writeElsewhere(plan, files);
+    const LibraryStats stats = writeInChildProcess(plan, files);
 
     const std::string root = folder.path().toStdString();
-    // What has just been written is in memory already; the first run brings the rest.
+    // A first run warms up the caches.
     if (runs > 1)
-        static_cast<void>(report(program, root));
+        static_cast<void>(runReport(program, root));
     std::vector<Run> results;
     results.reserve(static_cast<std::size_t>(runs));
     for (int i = 0; i < runs; ++i)
-        results.push_back(report(program, root));
+        results.push_back(runReport(program, root));
     std::sort(results.begin(), results.end(), [](const Run &a, const Run &b) { return a.time < b.time; });
     const Run &median = results[results.size() / 2];
     const double peak = std::max_element(results.begin(), results.end(), [](const Run &a, const Run &b) {
-                            return a.memory < b.memory;
-                        })->memory;
+                            return a.peakMemory < b.peakMemory;
+                        })->peakMemory;
 
-    const Seconds pauses = pausesOf(plan.songs, written.batches);
+    const Seconds pauses = pausesOf(plan.songs, stats.batches);
     std::printf("%zu %s, paths of %.0f bytes, runs: %d\n", plan.songs,
                 files == LibraryFiles::Linked ? "links" : "files",
-                static_cast<double>(written.pathBytes) / static_cast<double>(plan.songs), runs);
+                static_cast<double>(stats.pathBytes) / static_cast<double>(plan.songs), runs);
     std::printf("report, median            %8.3f s (%.3f to %.3f)\n", median.time.count(),
                 results.front().time.count(), results.back().time.count());
     std::printf("the pauses of its scan    %8.3f s\n", pauses.count());
     std::printf("report / pauses           %8.3f\n", median.time / pauses);
-    std::printf("work of all cores         %8.3f s\n", median.work.count());
+    std::printf("CPU time of all cores     %8.3f s\n", median.cpuTime.count());
     std::printf("peak resident memory      %8.1f MB\n", peak / 1e6);
 }
 

@@ -22,51 +22,50 @@
 namespace sonavo {
 namespace {
 
-/// The longest time for which the event loop did not turn.
+/// A time for which the event loop was blocked.
 struct Gap
 {
     /// Milliseconds.
     double length = 0.0;
-    /// What the scan said before and after.
+    /// The scan's message before and after it.
     QString before;
     QString after;
 };
 
-/// Scans a folder once, with a timer that is due every millisecond: what comes between two of its calls keeps
-/// the event loop from turning.
+/// Scans a folder and finds the longest time between two timeouts of a timer of one millisecond.
 Gap longestGap(const QString &folder, QList<Song> &songs)
 {
     HeadlessDesktop desktop;
     DuplicateViewModel session(desktop, std::make_shared<EventLoopPauses>(), {Color{}});
     Gap longest;
     QString lastMessage;
-    QElapsedTimer sinceTurn;
-    QTimer turns;
-    turns.setTimerType(Qt::PreciseTimer);
-    const auto turn = [&] {
-        const double length = static_cast<double>(sinceTurn.nsecsElapsed()) / 1e6;
+    QElapsedTimer sinceTimeout;
+    QTimer timer;
+    timer.setTimerType(Qt::PreciseTimer);
+    const auto updateGap = [&] {
+        const double length = static_cast<double>(sinceTimeout.nsecsElapsed()) / 1e6;
         if (length > longest.length)
             longest = {length, lastMessage, session.scanMessage()};
         lastMessage = session.scanMessage();
-        sinceTurn.start();
+        sinceTimeout.start();
     };
-    QObject::connect(&turns, &QTimer::timeout, &turns, turn);
+    QObject::connect(&timer, &QTimer::timeout, &timer, updateGap);
 
     QEventLoop loop;
     QObject::connect(&session, &DuplicateViewModel::isScanningChanged, &loop, &QEventLoop::quit,
                      Qt::QueuedConnection);
-    sinceTurn.start();
-    turns.start(1);
+    sinceTimeout.start();
+    timer.start(1);
     session.startScan({QUrl::fromLocalFile(folder)});
     while (session.isScanning())
         loop.exec();
-    turn();
+    updateGap();
     songs = session.songs();
     return longest;
 }
 
-/// The songs that were written are the ones that must be read.
-void compare(const QList<Song> &written, const QList<Song> &read)
+/// Throws unless the songs that were written are the ones that were read.
+void requireSame(const QList<Song> &written, const QList<Song> &read)
 {
     const auto isSame = [](const Song &a, const Song &b) {
         return a.path == b.path && a.name == b.name && a.artist == b.artist && a.title == b.title &&
@@ -74,14 +73,14 @@ void compare(const QList<Song> &written, const QList<Song> &read)
                std::abs(a.duration - b.duration) < 1e-6;
     };
     if (!std::equal(written.begin(), written.end(), read.begin(), read.end(), isSame))
-        throw std::runtime_error("the library was not read as it was written");
+        throw std::runtime_error("the songs that were read differ from those that were written");
 }
 
 void measure(std::size_t songCount, std::size_t runs)
 {
     const QTemporaryDir folder;
     if (!folder.isValid())
-        throw std::runtime_error("there is no temporary folder");
+        throw std::runtime_error("cannot create a temporary folder");
     const QList<Song> written =
         writeLibrary(generateLibrary({.songs = songCount, .root = folder.path()}), LibraryFiles::Linked);
 
@@ -90,7 +89,7 @@ void measure(std::size_t songCount, std::size_t runs)
         QList<Song> read;
         gaps.push_back(longestGap(folder.path(), read));
         if (run == 0)
-            compare(written, read);
+            requireSame(written, read);
     }
     std::sort(gaps.begin(), gaps.end(), [](const Gap &a, const Gap &b) { return a.length < b.length; });
     const Gap &median = gaps[gaps.size() / 2];
@@ -109,7 +108,7 @@ int main(int argc, char **argv)
     qputenv("LC_ALL", "C.UTF-8");
     const QCoreApplication application(argc, argv);
     try {
-        std::printf("longest time that the event loop of a scan does not turn, median\n");
+        std::printf("longest time for which a scan blocks the event loop, median\n");
         sonavo::measure(10'000, 9);
         sonavo::measure(100'000, 5);
     } catch (const std::exception &error) {

@@ -4,6 +4,7 @@
 #include "session/event_loop_pauses.h"
 #include "theme/palette.h"
 #include "theme/theme_manager.h"
+#include "ui/main_window.h"
 
 #include <QApplication>
 #include <QElapsedTimer>
@@ -13,7 +14,6 @@
 #include <QQuickWindow>
 #include <QTemporaryDir>
 #include <QTimer>
-#include <QtQml/qqmlextensionplugin.h>
 
 #include <algorithm>
 #include <cstdio>
@@ -21,8 +21,6 @@
 #include <exception>
 #include <stdexcept>
 #include <vector>
-
-Q_IMPORT_QML_PLUGIN(SonavoPlugin)
 
 namespace sonavo {
 namespace {
@@ -60,17 +58,12 @@ class Window
 public:
     Window()
     {
-        m_engine.addImportPath(QStringLiteral(":/qt/qml"));
         // Before the views, so that the time counts from the moment that the groups are there.
         QObject::connect(&m_session, &DuplicateViewModel::duplicateGroupsChanged, &m_session,
                          [this] { m_sinceGroups.start(); });
-        m_engine.setInitialProperties(
-            {{QStringLiteral("viewModel"), QVariant::fromValue(&m_session)},
-             {QStringLiteral("themeManager"), QVariant::fromValue(ThemeManager::shared())}});
-        m_engine.load(QUrl(QStringLiteral("qrc:/qt/qml/Sonavo/MainWindow.qml")));
-        if (m_engine.rootObjects().isEmpty())
+        m_window = loadMainWindow(m_engine, m_session, *ThemeManager::shared());
+        if (!m_window)
             throw std::runtime_error("the window does not load");
-        m_window = qobject_cast<QQuickWindow *>(m_engine.rootObjects().first());
         m_window->resize(WINDOW);
         QObject::connect(m_window, &QQuickWindow::frameSwapped, m_window, [this] { ++m_frames; });
         waitForFrame();

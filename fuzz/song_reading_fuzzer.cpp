@@ -2,7 +2,6 @@
 #include "import/audio_duration.h"
 #include "import/song_reading.h"
 
-#include <QByteArray>
 #include <QFile>
 #include <QString>
 #include <QTemporaryDir>
@@ -13,8 +12,6 @@
 #include <array>
 #include <bit>
 #include <cmath>
-#include <cstddef>
-#include <cstdint>
 #include <optional>
 #include <sanitizer/allocator_interface.h>
 #include <span>
@@ -23,55 +20,54 @@
 namespace sonavo {
 namespace {
 
-/// libavformat is the distribution's and tells the fuzzer nothing about its branches. How much memory it asks
-/// for, and after which request before, shows which way it has gone through a file: each such pair counts as
-/// a branch. The fuzzer sets the counters to zero before each input.
-[[gnu::section("__libfuzzer_extra_counters")]] std::array<std::uint8_t, 1 << 14> requestCounters;
+/// libavformat is the distribution's, without coverage instrumentation. The sizes that it allocates show
+/// which way it went through a file: each pair of consecutive sizes counts as an edge. libFuzzer resets the
+/// counters before each input.
+[[gnu::section("__libfuzzer_extra_counters")]] std::array<std::uint8_t, 1 << 14> allocationEdges;
 
-/// Of the thread that reads.
 thread_local bool isReading = false;
-thread_local std::size_t previousRequest = 0;
+thread_local std::size_t previousSize = 0;
 
-void countRequest(const volatile void *, std::size_t size)
+void countAllocation(const volatile void *, std::size_t size)
 {
     if (!isReading)
         return;
-    // Or each length of a packet would look like a way of its own.
-    constexpr std::size_t LEAST_ROUNDED_SIZE = 256;
-    const std::size_t request = size < LEAST_ROUNDED_SIZE ? size : std::bit_floor(size) + 1;
-    constexpr std::size_t SPREAD = 2654435761;
-    std::uint8_t &counter =
-        requestCounters[(previousRequest * 31 + request) * SPREAD / 64 % requestCounters.size()];
-    if (counter < UINT8_MAX)
-        ++counter;
-    previousRequest = request;
+    // Rounded, or each packet length would be an edge of its own.
+    constexpr std::size_t MIN_ROUNDED_SIZE = 256;
+    const std::size_t rounded = size < MIN_ROUNDED_SIZE ? size : std::bit_floor(size) + 1;
+    constexpr std::size_t HASH_FACTOR = 2654435761;
+    std::uint8_t &edge =
+        allocationEdges[(previousSize * 31 + rounded) * HASH_FACTOR / 64 % allocationEdges.size()];
+    if (edge < UINT8_MAX)
+        ++edge;
+    previousSize = rounded;
 }
 
-void ignoreRelease(const volatile void *)
+void ignoreFree(const volatile void *)
 {}
 
-/// One file in memory under a name for each of the formats.
+/// One file in memory, with a name for each of the formats.
 class SongFile
 {
 public:
     static constexpr std::array<const char *, 5> EXTENSIONS{"mp3", "m4a", "wav", "aac", "flac"};
 
     SongFile()
-        : m_descriptor(::memfd_create("song", MFD_CLOEXEC))
     {
-        require(m_descriptor >= 0 && m_folder.isValid(), "there is a place for the file");
-        const QString content = QStringLiteral("/proc/%1/fd/%2").arg(::getpid()).arg(m_descriptor);
+        require(m_descriptor >= 0 && m_folder.isValid(), "the file can be created");
+        const QString target = QStringLiteral("/proc/%1/fd/%2").arg(::getpid()).arg(m_descriptor);
         for (std::size_t format = 0; format < EXTENSIONS.size(); ++format)
-            require(QFile::link(content, path(format)), "the file has a name");
+            require(QFile::link(target, path(format)), "the file can be named");
     }
     ~SongFile() { ::close(m_descriptor); }
     Q_DISABLE_COPY_MOVE(SongFile)
 
-    void write(std::span<const std::uint8_t> content)
+    void write(std::span<const std::uint8_t> content) const
     {
-        require(::ftruncate(m_descriptor, 0) == 0 && ::pwrite(m_descriptor, content.data(), content.size(),
-                                                              0) == static_cast<ssize_t>(content.size()),
-                "the file can be written");
+        const bool isWritten =
+            ::ftruncate(m_descriptor, 0) == 0 &&
+            ::pwrite(m_descriptor, content.data(), content.size(), 0) == static_cast<ssize_t>(content.size());
+        require(isWritten, "the file can be written");
     }
 
     [[nodiscard]] QString path(std::size_t format) const
@@ -80,35 +76,26 @@ public:
     }
 
 private:
-    QTemporaryDir m_folder;
-    int m_descriptor;
+    const QTemporaryDir m_folder;
+    const int m_descriptor = ::memfd_create("song", MFD_CLOEXEC);
 };
-
-std::optional<double> durationOf(const QString &path)
-{
-    isReading = true;
-    previousRequest = 0;
-    const std::optional<double> duration = readAudioDuration(path);
-    isReading = false;
-    return duration;
-}
 
 void checkReading(const QString &path)
 {
-    const std::optional<double> duration = durationOf(path);
+    previousSize = 0;
+    isReading = true;
+    const std::optional<double> duration = readAudioDuration(path);
+    isReading = false;
     require(!duration || (std::isfinite(*duration) && *duration >= 0.0 && *duration < 1e9),
             "a duration is a number of seconds that a song can have");
 
     const std::optional<Song> song = loadSong(path);
     require(song.has_value() == duration.has_value() && (!song || song->duration == *duration),
-            "a second reading gives the same");
+            "a second reading has the same result");
 
-    static const std::stop_token stopped = [] {
-        std::stop_source source;
-        source.request_stop();
-        return source.get_token();
-    }();
-    require(!readFacts(path, stopped), "a reading that is stopped gives nothing");
+    std::stop_source stop;
+    stop.request_stop();
+    require(!loadSong(path, stop.get_token()), "a stopped reading has no result");
 }
 
 } // namespace
@@ -118,9 +105,9 @@ void checkReading(const QString &path)
 int LLVMFuzzerTestOneInput(const std::uint8_t *data, std::size_t size)
 {
     using namespace sonavo;
-    static SongFile file;
+    static const SongFile file;
     [[maybe_unused]] static const int hooks =
-        __sanitizer_install_malloc_and_free_hooks(&countRequest, &ignoreRelease);
+        __sanitizer_install_malloc_and_free_hooks(&countAllocation, &ignoreFree);
     if (size == 0)
         return 0;
     file.write(std::span(data, size).subspan(1));

@@ -24,15 +24,15 @@ void writeFile(const QString &path, const QByteArray &content)
                                  file.errorString().toStdString());
 }
 
-/// @param known the folder that was made last
-void makeFolderOf(const QString &path, QString &known)
+/// @param lastFolder the folder that was created last
+void createFolderOf(const QString &path, QString &lastFolder)
 {
     const QStringView folder = QStringView(path).first(path.lastIndexOf(u'/'));
-    if (folder == known)
+    if (folder == lastFolder)
         return;
-    known = folder.toString();
-    if (!QDir().mkpath(known))
-        throw std::runtime_error("cannot make the folder " + known.toStdString());
+    lastFolder = folder.toString();
+    if (!QDir().mkpath(lastFolder))
+        throw std::runtime_error("cannot create the folder " + lastFolder.toStdString());
 }
 
 bool link(const QString &from, const QString &to)
@@ -44,21 +44,21 @@ bool link(const QString &from, const QString &to)
 
 QList<Song> writeLibrary(QList<Song> songs, LibraryFiles files)
 {
-    QHash<std::pair<QString, qint64>, QString> linkable;
-    QString folder;
+    QHash<std::pair<QString, qint64>, QString> linkTargets;
+    QString lastFolder;
     for (Song &song : songs) {
         const bool isLinked = files == LibraryFiles::Linked;
         const SmallAudio audio =
             smallAudio(song.fileType, isLinked ? std::trunc(song.duration) + 0.5 : song.duration);
         song.duration = audio.duration;
         song.size = audio.content.size();
-        makeFolderOf(song.path, folder);
-        QString &known = linkable[{song.fileType, wholeSeconds(song.duration)}];
-        // A file can have only so many links; then another one begins.
-        if (isLinked && !known.isEmpty() && link(known, song.path))
+        createFolderOf(song.path, lastFolder);
+        QString &target = linkTargets[{song.fileType, wholeSeconds(song.duration)}];
+        // The number of links to a file is limited; when it is reached, another file is begun.
+        if (isLinked && !target.isEmpty() && link(target, song.path))
             continue;
         writeFile(song.path, audio.content);
-        known = song.path;
+        target = song.path;
     }
     return songs;
 }

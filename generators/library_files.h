@@ -8,15 +8,15 @@ namespace sonavo {
 
 enum class LibraryFiles
 {
-    /// Every song is a file of its own.
+    /// Each song is a file of its own.
     Separate,
-    /// Songs of the same type and whole second are links to one file.
+    /// Songs of the same type and whole seconds are hard links to one file.
     Linked,
 };
 
-/// Writes a library to disk as small audio files (see smallAudio()) at the paths of its songs, which must be
-/// new. Throws std::runtime_error when the disk refuses.
-/// @return the songs with the size and the playing time of their files
+/// Writes a library to disk as small audio files (see smallAudio()) at the paths of its songs, where nothing
+/// may be yet. Throws std::runtime_error when a file cannot be written.
+/// @return the songs with the size in bytes and the playing time in seconds of their files
 QList<Song> writeLibrary(QList<Song> songs, LibraryFiles files);
 
 } // namespace sonavo

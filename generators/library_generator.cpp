@@ -287,7 +287,7 @@ private:
     /// A song as a scan reads it, with an id that is the same every time.
     Song songOf(const QString &path, double seconds, qint64 size)
     {
-        Song song = m_maker.songOf(path, {seconds, size});
+        Song song = m_songBuilder.build(path, {seconds, size});
         const std::uint64_t high = m_random.bits();
         const std::uint64_t low = m_random.bits();
         const auto byteOf = [low](int index) { return static_cast<uchar>(low >> (8 * index)); };
@@ -300,7 +300,7 @@ private:
     const LibraryPlan &m_plan;
     const Vocabulary m_vocabulary;
     RandomSource m_random;
-    SongMaker m_maker;
+    SongBuilder m_songBuilder;
     QList<Song> m_songs;
     QSet<QString> m_paths;
     int m_titleNumber = 0;

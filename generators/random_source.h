@@ -7,8 +7,8 @@
 
 namespace sonavo {
 
-/// Random numbers that are the same with every standard library, whose distributions differ while its engines
-/// do not.
+/// Random numbers that are the same with every standard library: only the engines are specified exactly, not
+/// the distributions.
 class RandomSource
 {
 public:
@@ -18,21 +18,22 @@ public:
 
     [[nodiscard]] std::uint64_t bits() { return m_engine(); }
 
-    /// Each number below `limit` as likely. @param limit at least 1, and small beside 2^64
+    /// Uniform from 0 to `limit` - 1. @param limit at least 1, and small compared to 2^64
     [[nodiscard]] std::size_t below(std::size_t limit) { return m_engine() % limit; }
 
-    /// From `first` to `last`, both included.
+    /// Uniform from `first` to `last`, both included.
     [[nodiscard]] std::size_t between(std::size_t first, std::size_t last)
     {
         return first + below(last - first + 1);
     }
 
+    /// True with a probability of 1 / `count`.
     [[nodiscard]] bool isOneIn(std::size_t count) { return below(count) == 0; }
 
-    /// At least 0 and less than 1.
+    /// Uniform from 0 to less than 1.
     [[nodiscard]] double unit() { return static_cast<double>(m_engine() >> 11) * 0x1p-53; }
 
-    /// Nearly the normal distribution with mean 0 and deviation 1.
+    /// Approximately normal, with mean 0 and standard deviation 1: a sum of uniform numbers.
     [[nodiscard]] double normal()
     {
         double sum = -6.0;
@@ -41,7 +42,7 @@ public:
         return sum;
     }
 
-    /// An index into `weights`, as likely as its weight.
+    /// An index into `weights`, with a probability proportional to its weight.
     [[nodiscard]] std::size_t weighted(std::initializer_list<std::size_t> weights)
     {
         std::size_t sum = 0;

@@ -28,22 +28,22 @@ QByteArray littleEndian(Integer value)
 
 SmallAudio mp3(double seconds)
 {
-    // MPEG 2.5 layer III, 8 kHz, 8 kbit/s, mono. The first frame tells how many there are.
+    // MPEG 2.5 layer III, 8 kHz, 8 kbit/s, mono. The first frame is a Xing header with the number of frames.
     constexpr int FRAME_SIZE = 72;
     constexpr double FRAME_SAMPLES = 576.0;
-    constexpr int FRAMES_IN_FILE = 28;
+    constexpr int STORED_FRAMES = 28;
     const QByteArray header = QByteArray::fromHex("ffe318c0");
     const auto frames = static_cast<quint32>(seconds * SAMPLE_RATE / FRAME_SAMPLES);
     QByteArray content = header + QByteArray(9, '\0') + "Xing" + bigEndian<quint32>(1) + bigEndian(frames);
     content.append(FRAME_SIZE - content.size(), '\0');
-    for (int i = 0; i < FRAMES_IN_FILE; ++i)
+    for (int i = 0; i < STORED_FRAMES; ++i)
         content += header + QByteArray(FRAME_SIZE - 4, '\0');
     return {content, frames * FRAME_SAMPLES / SAMPLE_RATE};
 }
 
 SmallAudio wav(double seconds)
 {
-    // Eight samples a second.
+    // Mono, 8 bits, eight samples per second.
     constexpr quint32 RATE = 8;
     const auto samples = static_cast<quint32>(seconds * RATE) & ~quint32{1};
     const QByteArray format = littleEndian<quint16>(1) + littleEndian<quint16>(1) + littleEndian(RATE) +
@@ -53,9 +53,9 @@ SmallAudio wav(double seconds)
     return {"RIFF" + littleEndian(static_cast<quint32>(chunks.size())) + chunks, samples / double{RATE}};
 }
 
-/// Cyclic redundancy check, highest bit first.
+/// Cyclic redundancy check, most significant bit first.
 template <typename Sum>
-Sum checkSum(const QByteArray &bytes, Sum polynomial)
+Sum crc(const QByteArray &bytes, Sum polynomial)
 {
     constexpr int TOP = 8 * sizeof(Sum) - 1;
     Sum sum = 0;
@@ -73,7 +73,7 @@ Sum checkSum(const QByteArray &bytes, Sum polynomial)
 
 SmallAudio flac(double seconds)
 {
-    // Mono, 8 bits, as many samples to a frame as there can be.
+    // Mono, 8 bits, frames of the largest size.
     constexpr quint64 FRAME_SAMPLES = 65535;
     const auto samples = static_cast<quint64>(seconds * SAMPLE_RATE);
     const quint64 stream = quint64{8000} << 44 | quint64{7} << 36 | samples;
@@ -90,10 +90,10 @@ SmallAudio flac(double seconds)
             bytes += static_cast<char>(0x80 | (frame & 0x3F));
         }
         bytes += bigEndian(static_cast<quint16>(count - 1));
-        bytes += bigEndian(checkSum<quint8>(bytes, 0x07));
-        // One sample that stands for all.
+        bytes += bigEndian(crc<quint8>(bytes, 0x07));
+        // A constant subframe: one sample for all.
         bytes += QByteArray(2, '\0');
-        content += bytes + bigEndian(checkSum<quint16>(bytes, 0x8005));
+        content += bytes + bigEndian(crc<quint16>(bytes, 0x8005));
         left -= count;
     }
     return {content, static_cast<double>(samples) / SAMPLE_RATE};
@@ -108,9 +108,9 @@ QByteArray silentAacFrame()
 
 SmallAudio aac(double seconds)
 {
-    constexpr double LONGEST = 38.0;
-    const auto frames = static_cast<int>(std::min(seconds, LONGEST) * SAMPLE_RATE / AAC_FRAME_SAMPLES);
-    // Low complexity, 8 kHz, mono, 13 bytes with this header.
+    constexpr double MAX_SECONDS = 38.0;
+    const auto frames = static_cast<int>(std::min(seconds, MAX_SECONDS) * SAMPLE_RATE / AAC_FRAME_SAMPLES);
+    // ADTS header: low complexity, 8 kHz, mono, 13 bytes in all.
     const QByteArray frame = QByteArray::fromHex("fff16c4001bffc") + silentAacFrame();
     return {frame.repeated(frames), frames * AAC_FRAME_SAMPLES / SAMPLE_RATE};
 }
@@ -120,58 +120,72 @@ QByteArray box(const char *type, const QByteArray &content)
     return bigEndian(static_cast<quint32>(content.size() + 8)) + QByteArray(type, 4) + content;
 }
 
-/// A box that begins with version and flags.
+/// A box that starts with a version and flags (ISO 14496-12).
 QByteArray fullBox(const char *type, const QByteArray &content, quint32 flags = 0)
 {
     return box(type, bigEndian(flags) + content);
 }
 
-SmallAudio m4a(double seconds)
+QByteArray zeros(int count)
 {
-    // Each of the few frames stays for a long time.
-    constexpr quint32 FRAMES = 24;
-    constexpr quint32 RATE = 8000;
-    const auto perFrame = static_cast<quint32>(seconds * RATE / FRAMES);
-    const quint32 duration = perFrame * FRAMES;
-    const auto zeros = [](int count) { return QByteArray(count, '\0'); };
-    const QByteArray matrix =
-        QByteArray::fromHex("000100000000000000000000000000000001000000000000000000000000"
-                            "000040000000");
+    return QByteArray(count, '\0');
+}
 
-    const QByteArray fileType = box("ftyp", QByteArray("M4A ") + zeros(4) + "M4A isom");
-    const QByteArray media = box("mdat", silentAacFrame().repeated(static_cast<int>(FRAMES)));
-    const auto mediaStart = static_cast<quint32>(fileType.size() + 8);
+constexpr quint32 M4A_RATE = 8000;
+constexpr quint32 M4A_FRAMES = 24;
 
+/// Where the frames are and how long they last.
+QByteArray sampleTable(quint32 ticksPerFrame, quint32 mediaOffset)
+{
+    const auto one = bigEndian<quint32>(1);
     const QByteArray decoder = QByteArray::fromHex("03190000000411401500000000001f4000001f40050215880601"
                                                    "02");
     const QByteArray sound = box("mp4a", zeros(6) + bigEndian<quint16>(1) + zeros(8) + bigEndian<quint16>(1) +
                                              bigEndian<quint16>(16) + zeros(4) +
-                                             bigEndian<quint32>(RATE << 16) + fullBox("esds", decoder));
-    const QByteArray table =
-        box("stbl", fullBox("stsd", bigEndian<quint32>(1) + sound) +
-                        fullBox("stts", bigEndian<quint32>(1) + bigEndian(FRAMES) + bigEndian(perFrame)) +
-                        fullBox("stsc", bigEndian<quint32>(1) + bigEndian<quint32>(1) + bigEndian(FRAMES) +
-                                            bigEndian<quint32>(1)) +
-                        fullBox("stsz", bigEndian(static_cast<quint32>(silentAacFrame().size())) +
-                                            bigEndian(FRAMES)) +
-                        fullBox("stco", bigEndian<quint32>(1) + bigEndian(mediaStart)));
-    const QByteArray reference = box("dinf", fullBox("dref", bigEndian<quint32>(1) + fullBox("url ", {}, 1)));
-    const QByteArray information = box("minf", fullBox("smhd", zeros(4)) + reference + table);
+                                             bigEndian<quint32>(M4A_RATE << 16) + fullBox("esds", decoder));
+    const auto frameSize = static_cast<quint32>(silentAacFrame().size());
+    return box("stbl", fullBox("stsd", one + sound) +
+                           fullBox("stts", one + bigEndian(M4A_FRAMES) + bigEndian(ticksPerFrame)) +
+                           fullBox("stsc", one + one + bigEndian(M4A_FRAMES) + one) +
+                           fullBox("stsz", bigEndian(frameSize) + bigEndian(M4A_FRAMES)) +
+                           fullBox("stco", one + bigEndian(mediaOffset)));
+}
+
+/// The index of a file with one track.
+QByteArray movieBox(quint32 duration, const QByteArray &table)
+{
+    const QByteArray matrix =
+        QByteArray::fromHex("000100000000000000000000000000000001000000000000000000000000"
+                            "000040000000");
     const QByteArray language = QByteArray::fromHex("55c40000");
-    const QByteArray mediaBox =
-        box("mdia", fullBox("mdhd", zeros(8) + bigEndian(RATE) + bigEndian(duration) + language) +
-                        fullBox("hdlr", zeros(4) + "soun" + zeros(13)) + information);
+    const QByteArray reference = box("dinf", fullBox("dref", bigEndian<quint32>(1) + fullBox("url ", {}, 1)));
+    const QByteArray media =
+        box("mdia", fullBox("mdhd", zeros(8) + bigEndian(M4A_RATE) + bigEndian(duration) + language) +
+                        fullBox("hdlr", zeros(4) + "soun" + zeros(13)) +
+                        box("minf", fullBox("smhd", zeros(4)) + reference + table));
+    constexpr quint32 ENABLED_IN_MOVIE = 3;
     const QByteArray track =
         box("trak", fullBox("tkhd",
                             zeros(8) + bigEndian<quint32>(1) + zeros(4) + bigEndian(duration) + zeros(12) +
                                 QByteArray::fromHex("01000000") + matrix + zeros(8),
-                            3) +
-                        mediaBox);
-    const QByteArray movie = box("moov", fullBox("mvhd", zeros(8) + bigEndian(RATE) + bigEndian(duration) +
-                                                             QByteArray::fromHex("000100000100") + zeros(10) +
-                                                             matrix + zeros(24) + bigEndian<quint32>(2)) +
-                                             track);
-    return {fileType + media + movie, duration / SAMPLE_RATE};
+                            ENABLED_IN_MOVIE) +
+                        media);
+    return box("moov", fullBox("mvhd", zeros(8) + bigEndian(M4A_RATE) + bigEndian(duration) +
+                                           QByteArray::fromHex("000100000100") + zeros(10) + matrix +
+                                           zeros(24) + bigEndian<quint32>(2)) +
+                           track);
+}
+
+SmallAudio m4a(double seconds)
+{
+    // A few frames that last for seconds each.
+    const auto ticksPerFrame = static_cast<quint32>(seconds * M4A_RATE / M4A_FRAMES);
+    const quint32 duration = ticksPerFrame * M4A_FRAMES;
+    const QByteArray fileType = box("ftyp", QByteArray("M4A ") + zeros(4) + "M4A isom");
+    const QByteArray media = box("mdat", silentAacFrame().repeated(static_cast<int>(M4A_FRAMES)));
+    const auto mediaOffset = static_cast<quint32>(fileType.size() + 8);
+    return {fileType + media + movieBox(duration, sampleTable(ticksPerFrame, mediaOffset)),
+            duration / double{M4A_RATE}};
 }
 
 } // namespace

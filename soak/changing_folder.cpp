@@ -9,7 +9,6 @@
 
 #include <sys/mount.h>
 #include <sys/stat.h>
-#include <unistd.h>
 
 #include <array>
 #include <chrono>
@@ -20,17 +19,18 @@ namespace {
 
 using namespace Qt::Literals::StringLiterals;
 
-constexpr std::size_t SONGS_IN_BOX = 25;
-constexpr std::size_t BOXES = 12;
+constexpr std::size_t SONGS_IN_ALBUM = 25;
 constexpr qsizetype FEWEST_FILES = 200;
 constexpr qsizetype MOST_FILES = 400;
-/// Boxes of the same kind hold the same songs.
-constexpr std::size_t KINDS_OF_BOXES = 5;
+/// Albums of the same seed hold the same songs.
+constexpr std::size_t ALBUM_SEEDS = 5;
 
-QString withAnotherName(const QString &file, std::size_t number)
+/// In place: a reader can see the file empty or half written. A pipe would block.
+void write(const QString &path, const QByteArray &content)
 {
-    const qsizetype dot = file.lastIndexOf(u'.');
-    return u"%1 (%2)%3"_s.arg(file.first(dot)).arg(number).arg(file.sliced(dot));
+    QFile file(path);
+    if ((!file.exists() || QFileInfo(path).isFile()) && file.open(QIODevice::WriteOnly | QIODevice::Truncate))
+        file.write(content);
 }
 
 void rename(const QString &from, const QString &to)
@@ -38,12 +38,12 @@ void rename(const QString &from, const QString &to)
     ::rename(QFile::encodeName(from).constData(), QFile::encodeName(to).constData());
 }
 
-/// In place: a reader can see the file empty or half written. To write into a pipe would last for ever.
-void write(const QString &path, const QByteArray &content)
+QStringList filesIn(const QString &folder)
 {
-    QFile file(path);
-    if ((!file.exists() || QFileInfo(path).isFile()) && file.open(QIODevice::WriteOnly | QIODevice::Truncate))
-        file.write(content);
+    QStringList files;
+    for (QDirIterator it(folder, QDir::Files | QDir::System, QDirIterator::Subdirectories); it.hasNext();)
+        files.append(it.next());
+    return files;
 }
 
 } // namespace
@@ -52,8 +52,8 @@ ChangingFolder::ChangingFolder(QString root, std::uint64_t seed)
     : m_root(std::move(root))
     , m_random(seed)
 {
-    while (m_nextBox < BOXES)
-        fill(newBoxPath(), SONGS_IN_BOX);
+    while (filesIn(m_root).size() < FEWEST_FILES)
+        addAlbum(newPath(m_root));
     m_thread = std::jthread([this](const std::stop_token &stop) { run(stop); });
 }
 
@@ -65,128 +65,82 @@ ChangingFolder::~ChangingFolder()
         mountOrPullVolume();
 }
 
-QString ChangingFolder::boxPath(std::size_t number) const
+QString ChangingFolder::newPath(const QString &folder, const QString &extension)
 {
-    return u"%1/Box %2"_s.arg(m_root).arg(number);
+    return u"%1/Album %2%3"_s.arg(folder).arg(++m_pathCount).arg(extension);
 }
 
-QStringList ChangingFolder::boxes() const
+QStringList ChangingFolder::albums() const
 {
     QStringList paths;
-    for (const QString &name : QDir(m_root).entryList({u"Box *"_s}, QDir::Dirs))
+    for (const QString &name : QDir(m_root).entryList({u"Album *"_s}, QDir::Dirs))
         paths.append(m_root + u'/' + name);
     return paths;
-}
-
-QStringList ChangingFolder::files() const
-{
-    QStringList paths;
-    for (QDirIterator it(m_root, QDir::Files | QDir::System, QDirIterator::Subdirectories); it.hasNext();)
-        paths.append(it.next());
-    return paths;
-}
-
-void ChangingFolder::beginRecord()
-{
-    const std::unique_lock lock = standStill();
-    m_record.clear();
-    record();
-}
-
-bool ChangingFolder::hasHeld(const QString &path)
-{
-    const std::unique_lock lock = standStill();
-    return m_record.contains(path);
-}
-
-void ChangingFolder::record()
-{
-    for (const QString &file : files())
-        m_record.insert(file);
 }
 
 void ChangingFolder::run(const std::stop_token &stop)
 {
     while (!stop.stop_requested()) {
-        std::size_t pause = 0;
+        std::size_t wait = 0;
         {
-            const std::unique_lock lock = standStill();
+            const std::unique_lock lock = pause();
             change();
-            record();
             ++m_changes;
-            pause = m_random.between(2, 30);
+            wait = m_random.between(2, 30);
         }
-        std::this_thread::sleep_for(std::chrono::milliseconds(pause));
+        std::this_thread::sleep_for(std::chrono::milliseconds(wait));
     }
 }
 
 void ChangingFolder::change()
 {
-    const QStringList files = this->files();
-    const QStringList boxes = this->boxes();
-    const QString file =
-        files[static_cast<qsizetype>(m_random.below(static_cast<std::size_t>(files.size())))];
-    const QString box = boxes[static_cast<qsizetype>(m_random.below(static_cast<std::size_t>(boxes.size())))];
-    if (files.size() < FEWEST_FILES) {
-        fill(newBoxPath(), SONGS_IN_BOX);
+    const auto anyOf = [this](const QStringList &paths) {
+        return paths[static_cast<qsizetype>(m_random.below(static_cast<std::size_t>(paths.size())))];
+    };
+    const QStringList files = filesIn(m_root);
+    if (files.size() < FEWEST_FILES)
+        return addAlbum(newPath(m_root));
+    const QStringList albums = this->albums();
+    const QString file = anyOf(files);
+    const QString album = anyOf(albums);
+    const QString extension = file.sliced(file.lastIndexOf(u'.'));
+    if (files.size() > MOST_FILES && albums.size() > 1) {
+        QDir(album).removeRecursively();
         return;
     }
-    if (files.size() > MOST_FILES && boxes.size() > 1) {
-        QDir(box).removeRecursively();
-        return;
-    }
-    switch (m_random.weighted({1, 1, 1, 2, 3, 5, 5, 4, 2, 1})) {
+    switch (m_random.weighted({2, 1, 2, 3, 5, 5, 4, 2})) {
     case 0:
-        return fill(newBoxPath(), SONGS_IN_BOX);
+        return addAlbum(newPath(m_root));
     case 1:
-        return rename(box, newBoxPath());
+        return rename(album, newPath(m_root));
     case 2:
-        return replaceBox(box);
-    case 3:
         return mountOrPullVolume();
+    case 3:
+        if (QFileInfo(file).isFile())
+            QFile::copy(file, newPath(album, extension));
+        return;
     case 4:
-        return copyFile(file, box);
+        return rename(file, newPath(album, extension));
     case 5:
-        return rename(file, withAnotherName(file, m_nextName++));
-    case 6:
         QFile::remove(file);
         return;
-    case 7:
+    case 6:
         return changeContent(file);
-    case 8:
-        return makeUnreadable(file);
     default:
-        if (boxes.size() > 1)
-            QDir(box).removeRecursively();
+        return makeUnreadable(file);
     }
 }
 
-void ChangingFolder::fill(const QString &box, std::size_t songs)
+void ChangingFolder::addAlbum(const QString &path)
 {
-    writeLibrary(generateLibrary({.songs = songs, .root = box, .seed = 1 + m_random.below(KINDS_OF_BOXES)}),
+    const std::uint64_t seed = 1 + m_random.below(ALBUM_SEEDS);
+    writeLibrary(generateLibrary({.songs = SONGS_IN_ALBUM, .root = path, .seed = seed}),
                  LibraryFiles::Separate);
-}
-
-void ChangingFolder::replaceBox(const QString &box)
-{
-    const QString aside = m_root + u"/.aside"_s;
-    rename(box, aside);
-    fill(box, SONGS_IN_BOX);
-    QDir(aside).removeRecursively();
-}
-
-void ChangingFolder::copyFile(const QString &file, const QString &box)
-{
-    const QString name = file.sliced(file.lastIndexOf(u'/') + 1);
-    if (QFileInfo(file).isFile())
-        QFile::copy(file, withAnotherName(box + u'/' + name, m_nextName++));
 }
 
 void ChangingFolder::changeContent(const QString &file)
 {
     static const std::array TYPES{u"MP3"_s, u"M4A"_s, u"WAV"_s, u"AAC"_s, u"FLAC"_s};
-    if (!QFileInfo(file).isFile())
-        return;
     const SmallAudio audio =
         smallAudio(TYPES.at(m_random.below(TYPES.size())), static_cast<double>(m_random.between(2, 300)));
     const bool isInPlace = m_random.isOneIn(2);
@@ -199,19 +153,19 @@ void ChangingFolder::changeContent(const QString &file)
 void ChangingFolder::makeUnreadable(const QString &file)
 {
     const QByteArray path = QFile::encodeName(file);
-    const std::size_t way = m_random.below(5);
-    if (way == 0) {
+    switch (m_random.below(4)) {
+    case 0:
         ::chmod(path.constData(), 0);
-    } else if (way == 1) {
-        write(file, "This is no music.");
-    } else {
+        return;
+    case 1:
+        return write(file, "This is no music.");
+    case 2:
         QFile::remove(file);
-        if (way == 2)
-            QFile::link(u"/nowhere/at all"_s, file);
-        else if (way == 3)
-            ::mkfifo(path.constData(), 0600);
-        else
-            QDir().mkdir(file);
+        QFile::link(u"/nowhere/at all"_s, file);
+        return;
+    default:
+        QFile::remove(file);
+        ::mkfifo(path.constData(), 0600);
     }
 }
 
@@ -230,7 +184,7 @@ void ChangingFolder::mountOrPullVolume()
         return;
     m_fileOnVolume.setFileName(volume + u"/open.mp3"_s);
     m_fileOnVolume.open(QIODevice::WriteOnly);
-    fill(volume + u"/Box"_s, SONGS_IN_BOX);
+    addAlbum(newPath(volume));
 }
 
 } // namespace sonavo

@@ -3,7 +3,6 @@
 #include "generators/random_source.h"
 
 #include <QFile>
-#include <QSet>
 #include <QString>
 #include <QStringList>
 
@@ -13,9 +12,9 @@
 
 namespace sonavo {
 
-/// A music folder with many duplicates that a thread of its own keeps changing: files and folders come and
-/// go, get other names and other content, and cannot be read. Where the rights allow it, a volume is mounted
-/// inside and pulled out while a file is open on it. Never without songs, and never more than a few hundred.
+/// A music folder with many duplicates that a thread keeps changing: files and folders come and go, get other
+/// names and other content, and cannot be read. Where the rights allow it, a volume is mounted inside and
+/// pulled out while a file is open on it. Never without songs, and never more than a few hundred.
 class ChangingFolder
 {
 public:
@@ -27,15 +26,9 @@ public:
 
     [[nodiscard]] const QString &path() const { return m_root; }
     /// The folders in it, at least one.
-    [[nodiscard]] QStringList boxes() const;
-
+    [[nodiscard]] QStringList albums() const;
     /// Nothing changes until the lock is gone.
-    [[nodiscard]] std::unique_lock<std::mutex> standStill() { return std::unique_lock(m_mutex); }
-
-    /// Forgets what was there earlier, for hasHeld().
-    void beginRecord();
-    /// Whether a file has been there at some time since the record began.
-    [[nodiscard]] bool hasHeld(const QString &path);
+    [[nodiscard]] std::unique_lock<std::mutex> pause() { return std::unique_lock(m_mutex); }
 
     [[nodiscard]] int changeCount() const { return m_changes; }
     [[nodiscard]] int pulledVolumeCount() const { return m_pulledVolumes; }
@@ -43,24 +36,18 @@ public:
 private:
     void run(const std::stop_token &stop);
     void change();
-    void record();
-    [[nodiscard]] QStringList files() const;
-    [[nodiscard]] QString boxPath(std::size_t number) const;
-    [[nodiscard]] QString newBoxPath() { return boxPath(m_nextBox++); }
-    void fill(const QString &box, std::size_t songs);
-    void replaceBox(const QString &box);
-    void copyFile(const QString &file, const QString &box);
+    void addAlbum(const QString &path);
     void changeContent(const QString &file);
     void makeUnreadable(const QString &file);
     void mountOrPullVolume();
+    /// A name in a folder that was not used before.
+    [[nodiscard]] QString newPath(const QString &folder, const QString &extension = {});
 
     const QString m_root;
     RandomSource m_random;
-    std::size_t m_nextBox = 0;
-    std::size_t m_nextName = 0;
+    int m_pathCount = 0;
     /// Open as long as the volume is mounted.
     QFile m_fileOnVolume;
-    QSet<QString> m_record;
     std::atomic<int> m_changes = 0;
     std::atomic<int> m_pulledVolumes = 0;
     /// Held during every single change.

@@ -2,45 +2,22 @@
 //
 //     sonavo_soak [SCANS [SEED]]
 #include "soak/soak_run.h"
+#include "testing/private_home.h"
 #include "testing/sound_server.h"
 
 #include <QApplication>
 #include <QHash>
-#include <QTemporaryDir>
 
 #include <sys/mount.h>
 
-#include <clocale>
 #include <cstdio>
 #include <cstdlib>
 #include <exception>
 #include <mutex>
 #include <random>
 #include <sched.h>
-#include <string>
 
 namespace {
-
-/// Nothing of the person's is read or changed: not the home folder, its Trash and settings, nor the session
-/// bus.
-void usePrivateHome(const QString &home)
-{
-    for (const char *kept : {"XDG_DATA_HOME", "XDG_CONFIG_HOME", "XDG_CACHE_HOME", "XDG_MUSIC_DIR"})
-        qunsetenv(kept);
-    for (const char *folder : {"HOME", "XDG_RUNTIME_DIR"})
-        qputenv(folder, QFile::encodeName(home));
-    qputenv("DBUS_SESSION_BUS_ADDRESS", "unix:path=" + QFile::encodeName(home) + "/bus");
-    qputenv("GST_REGISTRY", SONAVO_PLUGIN_LIST);
-    qputenv("QT_QPA_PLATFORM", "offscreen");
-    qputenv("QT_QUICK_BACKEND", "software");
-}
-
-/// What is mounted from now on goes with this process; without the rights nothing will be.
-void keepMountsPrivate()
-{
-    if (::unshare(CLONE_NEWNS) == 0)
-        ::mount("none", "/", nullptr, MS_REC | MS_PRIVATE, nullptr);
-}
 
 std::mutex mutex;
 QHash<QString, int> warnings;
@@ -56,28 +33,28 @@ void countWarning(QtMsgType type, const QMessageLogContext &context, const QStri
 }
 
 /// @return whether all was well
-bool soak(int scans, std::uint64_t seed)
+bool soakWithSound(int scans, std::uint64_t seed)
 {
     const sonavo::SoundServer sound;
-    return sonavo::SoakRun(seed).run(scans);
+    return sonavo::soak(scans, seed);
 }
 
 } // namespace
 
 int main(int argc, char *argv[])
 {
-    keepMountsPrivate();
+    // What is mounted from now on goes with this process; without the rights nothing will be.
+    if (::unshare(CLONE_NEWNS) == 0)
+        ::mount("none", "/", nullptr, MS_REC | MS_PRIVATE, nullptr);
     const int scans = argc > 1 ? std::atoi(argv[1]) : 200;
     const std::uint64_t seed = argc > 2 ? std::strtoull(argv[2], nullptr, 10) : std::random_device()();
-    if (scans <= 0) {
-        std::fputs("usage: sonavo_soak [SCANS [SEED]]\n", stderr);
-        return EXIT_FAILURE;
-    }
-    const QTemporaryDir home;
-    usePrivateHome(home.path());
-    std::setlocale(LC_ALL, "C.UTF-8");
+    const sonavo::PrivateHome home;
+    qputenv("XDG_RUNTIME_DIR", home.path().c_str());
+    qputenv("GST_REGISTRY", SONAVO_PLUGIN_LIST);
+    qputenv("QT_QPA_PLATFORM", "offscreen");
+    qputenv("QT_QUICK_BACKEND", "software");
     qputenv("LC_ALL", "C.UTF-8");
-    // What has been found is to be read also when the run ends in a crash.
+    // What was found is to be read also when the run ends in a crash.
     std::setvbuf(stdout, nullptr, _IOLBF, 0);
     QCoreApplication::setApplicationName(QStringLiteral("sonavo"));
     QCoreApplication::setOrganizationName(QStringLiteral("sonavo"));
@@ -85,8 +62,8 @@ int main(int argc, char *argv[])
     qInstallMessageHandler(countWarning);
     std::printf("%d scans, seed %llu\n", scans, static_cast<unsigned long long>(seed));
     try {
-        // What the window's end warns of counts, too.
-        const bool isWell = soak(scans, seed) && warnings.isEmpty();
+        // Warnings of the window's end count, too.
+        const bool isWell = soakWithSound(scans, seed) && warnings.isEmpty();
         for (auto warning = warnings.begin(); warning != warnings.end(); ++warning)
             std::printf("WARNING, %d times: %s\n", warning.value(), qPrintable(warning.key()));
         std::printf("%s\n", isWell ? "All is well." : "SOMETHING IS WRONG.");

@@ -6,7 +6,6 @@
 #include <cstdio>
 #include <filesystem>
 #include <fstream>
-#include <iterator>
 #include <malloc.h>
 
 namespace sonavo {
@@ -18,35 +17,32 @@ double entryCount(const char *folder)
     return static_cast<double>(std::distance(directory_iterator(folder), directory_iterator()));
 }
 
+double medianOfQuarter(const std::vector<double> &values, std::size_t quarter)
+{
+    const auto begin = [&](std::size_t index) {
+        return values.begin() + static_cast<std::ptrdiff_t>(values.size() * index / 4);
+    };
+    std::vector<double> sorted(begin(quarter), begin(quarter + 1));
+    std::sort(sorted.begin(), sorted.end());
+    return sorted.empty() ? 0.0 : sorted[sorted.size() / 2];
+}
+
 } // namespace
 
 bool Resource::isSteady() const
 {
     constexpr std::size_t FEWEST = 8;
-    if (m_values.size() < FEWEST) {
-        std::printf("%s: measured too seldom to tell, %.0f at last\n", m_name,
-                    m_values.empty() ? 0.0 : m_values.back());
-        return true;
-    }
-    const double before = medianOfQuarter(1);
-    const double growth = medianOfQuarter(3) - before;
-    const double allowed = std::max(m_allowance, m_share * before);
-    std::printf("%s: %.0f in the second quarter, %+.0f in the last, at most %+.0f: %s\n   ", m_name, before,
-                growth, allowed, growth <= allowed ? "steady" : "IT GROWS");
-    for (const double value : m_values)
+    const double before = medianOfQuarter(values, 1);
+    const double growth = medianOfQuarter(values, 3) - before;
+    const double allowed = std::max(allowance, share * before);
+    const char *verdict = values.size() < FEWEST ? "too few to tell"
+                          : growth <= allowed    ? "steady"
+                                                 : "IT GROWS";
+    std::printf("%s: %+.0f, at most %+.0f: %s\n   ", name, growth, allowed, verdict);
+    for (const double value : values)
         std::printf(" %.0f", value);
     std::printf("\n");
-    return growth <= allowed;
-}
-
-double Resource::medianOfQuarter(std::size_t quarter) const
-{
-    const auto begin = [&](std::size_t place) {
-        return m_values.begin() + static_cast<std::ptrdiff_t>(m_values.size() * place / 4);
-    };
-    std::vector<double> values(begin(quarter), begin(quarter + 1));
-    std::sort(values.begin(), values.end());
-    return values.empty() ? 0.0 : values[values.size() / 2];
+    return growth <= allowed || values.size() < FEWEST;
 }
 
 double residentMemory()

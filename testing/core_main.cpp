@@ -5,6 +5,8 @@
 int main(int argc, char *argv[])
 {
     testing::InitGoogleTest(&argc, argv);
+    // Names of files are UTF-8 whatever the machine's locale.
+    qputenv("LC_ALL", "C.UTF-8");
     const QCoreApplication application(argc, argv);
     return RUN_ALL_TESTS();
 }

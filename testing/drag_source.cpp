@@ -2,7 +2,6 @@
 #include <QGuiApplication>
 #include <QMimeData>
 #include <QMouseEvent>
-#include <QPainter>
 #include <QRasterWindow>
 #include <QUrl>
 
@@ -10,35 +9,30 @@
 
 namespace {
 
-/// A small window in a corner of the screen, from which files can be dragged into other programs.
+/// A small window in the corner of the screen, from which a file can be dragged into other programs, once.
 class DragSource final : public QRasterWindow
 {
 public:
-    explicit DragSource(const QList<QUrl> &urls)
-        : m_urls(urls)
+    DragSource()
     {
-        // Where it is to be is not for a window manager to say.
+        // The window manager would put it elsewhere.
         setFlags(Qt::BypassWindowManagerHint);
         setGeometry(0, 0, 40, 40);
     }
 
 protected:
-    void paintEvent(QPaintEvent *) override
+    void exposeEvent(QExposeEvent *) override
     {
-        QPainter(this).fillRect(QRect(QPoint(), size()), Qt::darkCyan);
-        if (!m_isReady)
-            std::puts("ready");
+        std::puts("ready");
         std::fflush(stdout);
-        m_isReady = true;
     }
 
     void mouseMoveEvent(QMouseEvent *event) override
     {
-        if (m_isDragging || (event->buttons() & Qt::LeftButton) == 0)
+        if (event->buttons() != Qt::LeftButton)
             return;
-        m_isDragging = true;
         auto *data = new QMimeData;
-        data->setUrls(m_urls);
+        data->setUrls({QUrl::fromLocalFile(QCoreApplication::arguments().at(1))});
         auto *drag = new QDrag(this);
         drag->setMimeData(data);
         // It is gone when the other program has taken the data.
@@ -47,24 +41,17 @@ protected:
     }
 
 private:
-    QList<QUrl> m_urls;
-    bool m_isReady = false;
-    bool m_isDragging = false;
     bool m_isCopied = false;
 };
 
 } // namespace
 
-/// Lets the files that the command line names be dragged out of its window, once. Says "ready" when the
-/// window is there. Its exit status is 0 when they were dropped to be copied, which leaves them where they
-/// are.
+/// Lets the file on the command line be dragged out of its window. Says "ready" when the window is there. Its
+/// exit status is 0 when the file was dropped to be copied, which leaves it where it is.
 int main(int argc, char *argv[])
 {
     const QGuiApplication application(argc, argv);
-    QList<QUrl> urls;
-    for (const QString &path : QCoreApplication::arguments().mid(1))
-        urls.append(QUrl::fromLocalFile(path));
-    DragSource source(urls);
+    DragSource source;
     source.show();
     return QGuiApplication::exec();
 }

@@ -1,22 +1,21 @@
 #pragma once
 
+#include "testing/system_call_listener.h"
+
 #include <QByteArray>
-#include <QString>
 
 #include <atomic>
-#include <linux/seccomp.h>
 #include <mutex>
-#include <thread>
 #include <vector>
 
 namespace sonavo {
 
-/// A disk that does not answer: reads of some files stay in the kernel until they are let go. Holds for this
-/// process, in what runs after start(), and for the processes that it starts. Once a process.
+/// A disk that does not answer: reads of some files block in the kernel until they are let go. Holds for the
+/// thread that calls start(), and for the threads and processes that it starts from then on. Once a process.
 class HangingDisk
 {
 public:
-    /// @param marker reads hang from files whose path ends so
+    /// @param marker reads of files hang whose path ends with it
     explicit HangingDisk(QByteArray marker);
     /// Lets go.
     ~HangingDisk();
@@ -25,24 +24,21 @@ public:
     /// @return whether this process may do that
     [[nodiscard]] bool start();
 
-    /// Reads that hang now.
+    /// How many reads hang now.
     [[nodiscard]] int hangingReads() const { return m_hangingReads; }
-    /// From now on the disk answers, also what hangs.
+    /// From now on the disk answers, also to the reads that hang.
     void letGo();
 
 private:
-    void supervise();
-    void answer(quint64 id);
+    void handle(const seccomp_notif &call);
     [[nodiscard]] bool concerns(const seccomp_notif &call) const;
 
     const QByteArray m_marker;
-    int m_calls = -1;
-    std::atomic<bool> m_isOver = false;
-    std::atomic<bool> m_answers = false;
     std::atomic<int> m_hangingReads = 0;
+    bool m_answers = false;
     std::vector<quint64> m_held;
     std::mutex m_mutex;
-    std::thread m_supervisor;
+    SystemCallListener m_listener;
 };
 
 } // namespace sonavo

@@ -23,7 +23,7 @@ inline QStringList filesIn(const QString &folder)
     return files;
 }
 
-/// A folder of real songs, made of the sample library's.
+/// A temporary folder for copies of a real song.
 class MusicFolder
 {
 public:
@@ -57,13 +57,13 @@ private:
     QTemporaryDir m_folder;
 };
 
-/// Lets the event loop do what is waiting in it.
+/// Lets the event loop handle what is pending.
 inline void settle()
 {
     QTest::qWait(20);
 }
 
-/// Runs the event loop until the scan is over and everything that it still does afterwards is done.
+/// Runs the event loop until the scan is over, with all that it still publishes.
 inline void finishScan(const DuplicateViewModel &session)
 {
     ASSERT_TRUE(QTest::qWaitFor([&session] { return !session.isScanning(); }, 20'000));

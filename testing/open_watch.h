@@ -24,13 +24,13 @@ public:
     ~OpenWatch() { ::close(m_descriptor); }
     Q_DISABLE_COPY_MOVE(OpenWatch)
 
-    /// Openings since the last call.
+    /// How often since the last call.
     [[nodiscard]] int count()
     {
-        int openings = 0;
+        int count = 0;
         std::array<char, 64 * 1024> events{};
         for (ssize_t size = 0; (size = ::read(m_descriptor, events.data(), events.size())) > 0;) {
-            for (std::size_t offset = 0; offset < static_cast<std::size_t>(size); ++openings) {
+            for (std::size_t offset = 0; offset < static_cast<std::size_t>(size); ++count) {
                 inotify_event event{};
                 std::memcpy(&event, events.data() + offset, sizeof event);
                 if ((event.mask & IN_Q_OVERFLOW) != 0)
@@ -38,7 +38,7 @@ public:
                 offset += sizeof event + event.len;
             }
         }
-        return openings;
+        return count;
     }
 
 private:

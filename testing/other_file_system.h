@@ -4,6 +4,13 @@
 #include <QTemporaryDir>
 
 #include <sys/mount.h>
+#include <unistd.h>
+
+#include <filesystem>
+#include <fstream>
+#include <sched.h>
+#include <string>
+#include <vector>
 
 namespace sonavo {
 
@@ -18,27 +25,56 @@ private:
     QTemporaryDir m_folder{QStringLiteral("/dev/shm/sonavo-test-XXXXXX")};
 };
 
-/// A file system of its own with little room, where the rights allow one to be mounted.
-class SmallFileSystem
+/// Mounts that only this process sees, until the object is destroyed.
+class PrivateMounts
 {
 public:
-    explicit SmallFileSystem(const char *size)
-        : m_isMounted(::mount("tmpfs", QFile::encodeName(m_folder.path()).constData(), "tmpfs", 0,
-                              (QByteArray("size=") + size).constData()) == 0)
-    {}
-    ~SmallFileSystem()
+    PrivateMounts() = default;
+    ~PrivateMounts()
     {
-        if (m_isMounted)
-            ::umount2(QFile::encodeName(m_folder.path()).constData(), MNT_DETACH);
+        for (; !m_mountPoints.empty(); m_mountPoints.pop_back())
+            ::umount2(m_mountPoints.back().c_str(), MNT_DETACH);
     }
-    Q_DISABLE_COPY_MOVE(SmallFileSystem)
+    Q_DISABLE_COPY_MOVE(PrivateMounts)
 
-    [[nodiscard]] bool isMounted() const { return m_isMounted; }
-    [[nodiscard]] QString path() const { return m_folder.path(); }
+    /// Whether this process may mount: as root, or where every user may in a namespace of his own.
+    [[nodiscard]] static bool areAllowed()
+    {
+        static const bool hasNamespace = enterNamespace();
+        return hasNamespace;
+    }
+
+    /// @param folder is made
+    /// @return whether that was possible
+    [[nodiscard]] bool mount(const std::filesystem::path &folder, const char *type, unsigned long flags = 0,
+                             const std::string &source = "none", const std::string &options = {})
+    {
+        std::filesystem::create_directories(folder);
+        if (::mount(source.c_str(), folder.c_str(), type, flags, options.c_str()) != 0)
+            return false;
+        m_mountPoints.push_back(folder);
+        return true;
+    }
 
 private:
-    QTemporaryDir m_folder;
-    bool m_isMounted;
+    static bool enterNamespace()
+    {
+        const auto mapToItself = [](const char *map, unsigned id) {
+            std::ofstream(map) << id << ' ' << id << " 1";
+        };
+        const uid_t user = ::geteuid();
+        const gid_t group = ::getegid();
+        if (::unshare(CLONE_NEWNS) != 0) {
+            if (::unshare(CLONE_NEWUSER | CLONE_NEWNS) != 0)
+                return false;
+            std::ofstream("/proc/self/setgroups") << "deny";
+            mapToItself("/proc/self/uid_map", user);
+            mapToItself("/proc/self/gid_map", group);
+        }
+        return ::mount(nullptr, "/", nullptr, MS_REC | MS_PRIVATE, nullptr) == 0;
+    }
+
+    std::vector<std::filesystem::path> m_mountPoints;
 };
 
 } // namespace sonavo

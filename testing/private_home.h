@@ -11,15 +11,15 @@
 
 namespace sonavo {
 
-/// A home folder that is empty and nobody else's; also for everything that is kept apart from home, and for
-/// the message bus.
+/// An empty home folder that this process uses from then on, also for its settings, Trash and music. The
+/// session bus is the socket "bus" in it, where nobody listens yet.
 class PrivateHome
 {
 public:
     PrivateHome()
     {
-        for (const char *kept : {"XDG_DATA_HOME", "XDG_CONFIG_HOME", "XDG_CACHE_HOME", "XDG_MUSIC_DIR"})
-            qunsetenv(kept);
+        for (const char *variable : {"XDG_DATA_HOME", "XDG_CONFIG_HOME", "XDG_CACHE_HOME", "XDG_MUSIC_DIR"})
+            qunsetenv(variable);
         qputenv("HOME", QFile::encodeName(m_folder.path()));
         qputenv("DBUS_SESSION_BUS_ADDRESS",
                 "unix:path=" + QFile::encodeName(m_folder.filePath(QStringLiteral("bus"))));
@@ -30,7 +30,7 @@ public:
     {
         return std::filesystem::path(m_folder.path().toStdString()) / name;
     }
-    /// Writes a file; its folders are made.
+    /// Writes a file, and creates its folders.
     std::filesystem::path add(const std::string &name, const std::string &content = "song") const
     {
         return addFile(path(name), content);

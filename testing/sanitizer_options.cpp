@@ -1,15 +1,15 @@
-// What the sanitizers ask the program for when it starts; without them nobody calls this.
+// Called by the sanitizers when the program starts.
 
-// NOLINTBEGIN(bugprone-reserved-identifier): the names are the sanitizers' own.
+// NOLINTBEGIN(bugprone-reserved-identifier): the sanitizers' names
 
-/// GLib is built without frame pointers: only by the slower way is it seen who called it.
+/// GLib is built without frame pointers, so only the slow unwinder finds its callers.
 extern "C" const char *__asan_default_options()
 {
     return "fast_unwind_on_malloc=0";
 }
 
-/// What libraries allocate while they are loaded. GStreamer needs so many names that GLib gives up the table
-/// of them that it made then, on purpose, because another thread can be reading it.
+/// Memory that libraries allocate while they are loaded. GLib leaks its first table of quarks on purpose when
+/// GStreamer makes it grow, since another thread may be reading it.
 extern "C" const char *__lsan_default_suppressions()
 {
     return "leak:ld-linux\n";

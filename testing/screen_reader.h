@@ -1,41 +1,28 @@
 #pragma once
 
 #include <QDBusConnection>
-#include <QRect>
 #include <QString>
-
-#include <vector>
+#include <QStringList>
 
 namespace sonavo {
 
-/// Looks at the programs of a desktop as a screen reader does: over the accessibility bus (AT-SPI).
+/// Reads a program's window as a screen reader does, over the accessibility bus (AT-SPI).
 class ScreenReader
 {
 public:
-    struct Node
-    {
-        QString service;
-        QString path;
-        QString role;
-        QString name;
-    };
-
-    /// Tells the programs that someone looks, also those that start later.
-    /// @param busAddress the session bus of the desktop; throws std::runtime_error when it has no such bus
-    explicit ScreenReader(const QString &busAddress);
+    /// Asks programs to be accessible, also those that start later. Throws std::runtime_error when the
+    /// desktop has no accessibility bus.
+    explicit ScreenReader(const QString &sessionBusAddress);
     ~ScreenReader();
     Q_DISABLE_COPY_MOVE(ScreenReader)
 
-    /// Everything that is to be seen in a program now, from the outside in; what is hidden is left out.
+    /// Names of everything that a program shows now, parents first.
     /// @param program its name on the bus
-    [[nodiscard]] std::vector<Node> read(const QString &program) const;
-    /// Where a node is on the screen.
-    [[nodiscard]] QRect placeOf(const Node &node) const;
+    [[nodiscard]] QStringList names(const QString &program) const;
 
 private:
-    void read(const Node &node, std::vector<Node> &nodes) const;
-    [[nodiscard]] std::vector<Node> childrenOf(const Node &node) const;
-    [[nodiscard]] bool isShowing(const Node &node) const;
+    /// @param program the only child to look at; all that are shown when empty
+    void read(const QString &service, const QString &path, const QString &program, QStringList &names) const;
 
     QDBusConnection m_bus;
 };

@@ -12,7 +12,7 @@
 
 namespace sonavo {
 
-/// Pauses that last until the test lets them go.
+/// Pauses that last until the test ends them.
 class HeldPauses final : public Pauses
 {
 public:
@@ -30,7 +30,7 @@ public:
         return m_pauses.at(pause).length;
     }
 
-    /// The caller of wait() goes on at the next turn of the event loop.
+    /// The caller of wait() continues at the next turn of the event loop.
     void end(std::size_t pause) { m_pauses.at(pause).end->finish(); }
 
 private:
@@ -42,7 +42,7 @@ private:
     std::vector<Pause> m_pauses;
 };
 
-/// Pauses that last one turn of the event loop, after telling the test.
+/// Pauses that last one turn of the event loop; the test hears of each.
 class InstantPauses final : public Pauses
 {
 public:

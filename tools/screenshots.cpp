@@ -4,53 +4,23 @@
 //
 // SONGS is a folder of music with duplicates. Sizes are logical pixels; the pictures at 200 % have twice as
 // many.
-#include "actions/headless_desktop.h"
-#include "session/duplicate_view_model.h"
-#include "theme/palette.h"
+#include "testing/fake_desktop.h"
+#include "testing/window_driver.h"
 #include "theme/theme_manager.h"
 
 #include <QApplication>
 #include <QCoroTimer>
-#include <QDir>
-#include <QEventLoop>
-#include <QQmlApplicationEngine>
-#include <QQuickWindow>
 #include <QTemporaryDir>
 #include <QTest>
-#include <QtQml/qqmlextensionplugin.h>
 
 #include <cstdio>
 #include <functional>
 #include <memory>
 
-Q_IMPORT_QML_PLUGIN(SonavoPlugin)
-
 namespace sonavo {
 namespace {
 
-using namespace Qt::Literals::StringLiterals;
-
-/// A player that makes no sound.
-class MutePlayer final : public PreviewPlayer
-{
-public:
-    void play() override {}
-    void pause() override {}
-    void setVolume(double) override {}
-    void seek(qint64) override {}
-    void releaseItem() override {}
-};
-
-class MuteDesktop final : public HeadlessDesktop
-{
-public:
-    [[nodiscard]] std::unique_ptr<PreviewPlayer> openPreview(const QString &) override
-    {
-        return std::make_unique<MutePlayer>();
-    }
-};
-
-/// Pauses that let a scan come as far as it is to be seen, and never end a toast.
+/// A number of pauses that take no time; the others never end, nor does a toast.
 class StagedPauses final : public Pauses
 {
 public:
@@ -68,51 +38,36 @@ private:
 };
 
 /// One window with one session, for one picture.
-class Scene
+class Scene : public WindowDriver
 {
 public:
-    Scene(QSize size, int pauses)
-        : session(m_desktop, std::make_shared<StagedPauses>(pauses),
-                  groupColors(ThemeManager::shared()->currentTheme()))
-    {
-        m_engine.addImportPath(u":/qt/qml"_s);
-        m_engine.setInitialProperties({{u"viewModel"_s, QVariant::fromValue(&session)},
-                                       {u"themeManager"_s, QVariant::fromValue(ThemeManager::shared())}});
-        m_engine.load(QUrl(u"qrc:/qt/qml/Sonavo/MainWindow.qml"_s));
-        window = qobject_cast<QQuickWindow *>(m_engine.rootObjects().value(0));
-        window->resize(size);
-    }
+    Scene(Desktop &desktop, QSize size, int pauses)
+        : WindowDriver(desktop, std::make_shared<StagedPauses>(pauses), size)
+    {}
 
     void scan(const QString &folder)
     {
         session.startScan({QUrl::fromLocalFile(folder)});
-        if (!QTest::qWaitFor([this] { return !session.isScanning(); }, 20'000))
+        if (!waitFor([this] { return !session.isScanning(); }))
             qFatal("the scan does not end");
     }
 
     void save(const QString &path) const
     {
-        // Until what moves has come to rest.
-        constexpr int REST = 1200; // milliseconds
-        QTest::qWait(REST);
+        // Until all animations are over.
+        constexpr int REST_MS = 1200;
+        QTest::qWait(REST_MS);
         if (!window->grabWindow().save(path))
             qFatal("the picture cannot be written");
         std::puts(qPrintable(path));
     }
-
-    DuplicateViewModel session;
-    QQuickWindow *window = nullptr;
-
-private:
-    MuteDesktop m_desktop;
-    QQmlApplicationEngine m_engine;
 };
 
 struct Screen
 {
     QString name;
     std::function<void(Scene &)> show;
-    /// How many of its pauses a scan gets over.
+    /// Pauses after which a scan stands still.
     int pauses = 1000;
 };
 
@@ -168,7 +123,8 @@ void takePictures(const QString &folder, const QString &songs, const QString &sc
         const QString themeName = theme == AppTheme::Dark ? u"dark"_s : u"light"_s;
         for (const QSize size : {QSize(900, 600), QSize(1440, 900)}) {
             for (const Screen &screen : allScreens(songs)) {
-                Scene scene(size, screen.pauses);
+                FakeDesktop desktop;
+                Scene scene(desktop, size, screen.pauses);
                 screen.show(scene);
                 scene.save(u"%1/%2-%3-%4%5.png"_s.arg(folder, screen.name, themeName)
                                .arg(size.width())

@@ -1,90 +1,252 @@
 #include "actions/clean_up.h"
 
 #include "actions/file_identity.h"
+#include "actions/file_snapshot.h"
+#include "actions/trash.h"
 #include "model/saturating.h"
 
+#include <QFile>
+#include <QHash>
+#include <QSet>
+
+#include <sys/stat.h>
+#include <system_error>
+
 #include <algorithm>
+#include <cstdlib>
+#include <filesystem>
+#include <functional>
+#include <utility>
+#include <variant>
+#include <vector>
 
 namespace sonavo {
 namespace {
 
-FileSet filesOfOriginals(const QList<DuplicateGroup> &groups)
+/// The readable file that a path leads to.
+std::optional<KnownFile> readableFile(const QString &path)
 {
-    FileSet files;
-    for (const DuplicateGroup &group : groups) {
-        if (const auto identity = identityOf(group.original.path))
-            files.insert(*identity);
-    }
-    return files;
+    std::error_code error;
+    const QByteArray resolved(std::filesystem::canonical(QFile::encodeName(path).constData(), error).c_str());
+    if (error)
+        return std::nullopt;
+    const auto snapshot = openAndTakeSnapshot(resolved);
+    const auto *file = std::get_if<FileSnapshot>(&snapshot);
+    const bool hasName = file && (file->hardLinks > 0 || isListed(resolved));
+    return hasName && S_ISREG(file->mode) ? std::optional(KnownFile{resolved, *file}) : std::nullopt;
 }
 
-/// Goes through the duplicates that must not stay: `dispose` takes a song's path and tells whether the file
-/// was moved, `vanished` counts a song without a file.
-template <typename Dispose, typename Vanished>
-CleanUpOutcome cleanUp(const QList<DuplicateGroup> &groups, const Dispose &dispose, const Vanished &vanished)
+/// Whether two files, which are not one by their identities, may be one that is seen through two file
+/// systems.
+bool canBeOneFile(const FileSnapshot &a, const FileSnapshot &b)
 {
-    const FileSet originals = filesOfOriginals(groups);
-    CleanUpOutcome outcome;
-    for (const DuplicateGroup &group : groups) {
-        for (const Song &song : group.duplicates) {
-            const auto identity = identityOf(song.path);
-            if (isGone(song.path)) {
-                vanished(outcome);
-            } else if (identity && originals.contains(*identity)) {
-                continue;
-            } else if (identity && identityOf(group.original.path) && dispose(song.path)) {
-                ++outcome.moved;
-                outcome.savedBytes = saturatingSum(outcome.savedBytes, song.size);
-            } else {
-                ++outcome.failed;
-            }
+    // File systems round times, FAT to two seconds.
+    constexpr qint64 COARSEST_TIME = 2'000'000'000;
+    return a.device != b.device && a.size == b.size && std::abs(a.modified - b.modified) <= COARSEST_TIME;
+}
+
+/// Whether a file is still there after another one was moved.
+bool hasSurvived(const KnownFile &file, const std::optional<KnownFile> &moved)
+{
+    const bool isSuspect = !moved || canBeOneFile(file.snapshot, moved->snapshot);
+    return stateOf(file) == FileState::Same && (!isSuspect || isListed(file.path));
+}
+
+/// Where a file went, and its way back.
+struct DisposedFile
+{
+    QString path;
+    std::function<std::optional<Failure>()> putBack;
+};
+using Dispose = std::function<std::variant<DisposedFile, Failure>(const QString &path)>;
+
+enum class WhenGone
+{
+    PassOver,
+    Fail,
+};
+
+/// Goes through the duplicates of all groups.
+class DuplicateRemover
+{
+public:
+    DuplicateRemover(const QList<DuplicateGroup> &groups, Dispose dispose, WhenGone whenGone)
+        : m_groups(groups)
+        , m_dispose(std::move(dispose))
+        , m_whenGone(whenGone)
+    {
+        for (const DuplicateGroup &group : groups) {
+            if (const auto identity = identityOf(group.original.path))
+                m_originals.insert(*identity);
         }
     }
-    return outcome;
+
+    [[nodiscard]] CleanUpOutcome run()
+    {
+        for (const DuplicateGroup &group : m_groups) {
+            m_original = readableFile(group.original.path);
+            for (const Song &song : group.duplicates)
+                remove(song);
+        }
+        checkOriginalsAgain();
+        for (const Moved &moved : m_moved)
+            m_outcome.savedBytes = saturatingSum(m_outcome.savedBytes, moved.song.size);
+        m_outcome.moved = static_cast<qint64>(m_moved.size());
+        return std::move(m_outcome);
+    }
+
+private:
+    struct Moved
+    {
+        Song song;
+        DisposedFile file;
+        KnownFile original;
+    };
+
+    void remove(const Song &song);
+    void putBack(const Moved &moved);
+    void checkOriginalsAgain();
+    void fail(const Song &song, const QString &reason) { m_outcome.failures.append({song.path, reason}); }
+
+    const QList<DuplicateGroup> &m_groups;
+    const Dispose m_dispose;
+    const WhenGone m_whenGone;
+    FileSet m_originals;
+    /// Of the group at hand.
+    std::optional<KnownFile> m_original;
+    std::vector<Moved> m_moved;
+    /// Where the moved files were.
+    QSet<dev_t> m_devices;
+    CleanUpOutcome m_outcome;
+};
+
+void DuplicateRemover::remove(const Song &song)
+{
+    if (isGone(song.path)) {
+        if (m_whenGone == WhenGone::Fail)
+            fail(song, QStringLiteral("The file does not exist any more"));
+        return;
+    }
+    const auto identity = identityOf(song.path);
+    if (identity && m_originals.contains(*identity))
+        return;
+    if (!identity)
+        return fail(song, QStringLiteral("The file cannot be reached"));
+    if (!m_original || stateOf(*m_original) != FileState::Same)
+        return fail(song, QStringLiteral("The original of its group cannot be read or was changed"));
+
+    const auto before = readableFile(song.path);
+    const auto result = m_dispose(song.path);
+    if (const auto *failure = std::get_if<Failure>(&result))
+        return fail(song, failure->reason);
+    const Moved moved{song, std::get<DisposedFile>(result), *m_original};
+    if (!hasSurvived(*m_original, before))
+        return putBack(moved);
+    m_moved.push_back(moved);
+    if (before)
+        m_devices.insert(before->snapshot.device);
 }
 
-/// Whether the file of a song is also that of another member of a group that holds the song.
-bool isListedTwice(const Song &song, const QList<DuplicateGroup> &groups)
+void DuplicateRemover::putBack(const Moved &moved)
 {
-    const auto identity = identityOf(song.path);
-    if (!identity)
-        return false;
-    const auto isOther = [&](const Song &member) {
-        if (member.id == song.id)
-            return false;
-        const auto other = identityOf(member.path);
-        return other && areOneFile(*identity, *other);
-    };
-    return std::any_of(groups.begin(), groups.end(), [&](const DuplicateGroup &group) {
-        const QList<Song> members = membersOf(group);
-        const bool holdsSong = std::any_of(members.begin(), members.end(),
-                                           [&song](const Song &member) { return member.id == song.id; });
-        return holdsSong && std::any_of(members.begin(), members.end(), isOther);
+    const auto failure = moved.file.putBack();
+    const QString reason =
+        failure
+            ? QStringLiteral("The original of its group is gone or was changed. The file is at %1 now: %2")
+                  .arg(moved.file.path, failure->reason)
+            : QStringLiteral("The original of its group is gone or was changed, so the file was put back");
+    fail(moved.song, reason);
+}
+
+/// The original of one group can vanish with a duplicate of another.
+void DuplicateRemover::checkOriginalsAgain()
+{
+    QHash<QByteArray, bool> hasStayed;
+    for (const Moved &moved : m_moved) {
+        const KnownFile &original = moved.original;
+        if (hasStayed.contains(original.path))
+            continue;
+        const bool isAlone = m_devices == QSet{original.snapshot.device};
+        hasStayed[original.path] =
+            stateOf(original) == FileState::Same && (isAlone || isListed(original.path));
+    }
+    const auto mustGoBack = [&](const Moved &moved) { return !hasStayed.value(moved.original.path); };
+    std::for_each(m_moved.rbegin(), m_moved.rend(), [&](const Moved &moved) {
+        if (mustGoBack(moved))
+            putBack(moved);
     });
+    std::erase_if(m_moved, mustGoBack);
+}
+
+/// The other members of the groups that hold a song.
+QList<Song> othersInGroupsOf(const Song &song, const QList<DuplicateGroup> &groups)
+{
+    const auto isSong = [&song](const Song &member) { return member.id == song.id; };
+    QList<Song> others;
+    for (const DuplicateGroup &group : groups) {
+        QList<Song> members = membersOf(group);
+        if (members.removeIf(isSong) > 0)
+            others += members;
+    }
+    return others;
+}
+
+bool isOneFile(const Song &a, const Song &b)
+{
+    const auto identityOfA = identityOf(a.path);
+    const auto identityOfB = identityOf(b.path);
+    return identityOfA && identityOfB && areOneFile(*identityOfA, *identityOfB);
 }
 
 } // namespace
 
-CleanUpOutcome trashDuplicates(const QList<DuplicateGroup> &groups, Desktop &desktop)
+CleanUpOutcome trashDuplicates(const QList<DuplicateGroup> &groups)
 {
-    return cleanUp(
-        groups, [&desktop](const QString &path) { return !desktop.moveToTrash(path); },
-        [](CleanUpOutcome &) {});
+    const Dispose dispose = [](const QString &path) -> std::variant<DisposedFile, Failure> {
+        const auto result = moveToTrash(path);
+        if (const auto *failure = std::get_if<Failure>(&result))
+            return *failure;
+        const auto &trashed = std::get<TrashedFile>(result);
+        return DisposedFile{trashed.file.path, [trashed] { return restore(trashed); }};
+    };
+    return DuplicateRemover(groups, dispose, WhenGone::PassOver).run();
 }
 
 CleanUpOutcome moveDuplicates(const QList<DuplicateGroup> &groups, DuplicatesFolder &folder)
 {
-    return cleanUp(
-        groups, [&folder](const QString &path) { return folder.moveHere(path); },
-        [](CleanUpOutcome &outcome) { ++outcome.failed; });
+    const Dispose dispose = [&folder](const QString &path) -> std::variant<DisposedFile, Failure> {
+        const auto result = folder.moveHere(path);
+        if (const auto *failure = std::get_if<Failure>(&result))
+            return *failure;
+        const auto &moved = std::get<MovedFile>(result);
+        return DisposedFile{moved.path, [moved] { return moveBack(moved); }};
+    };
+    return DuplicateRemover(groups, dispose, WhenGone::Fail).run();
 }
 
-std::optional<Failure> trashSong(const Song &song, const QList<DuplicateGroup> &groups, Desktop &desktop)
+std::optional<Failure> trashSong(const Song &song, const QList<DuplicateGroup> &groups)
 {
-    if (isListedTwice(song, groups))
+    std::vector<KnownFile> others;
+    for (const Song &other : othersInGroupsOf(song, groups)) {
+        if (isOneFile(song, other))
+            return Failure{QStringLiteral(
+                "Another song of this group is the very same file and would be gone as well.")};
+        if (const auto file = readableFile(other.path))
+            others.push_back(*file);
+    }
+    const auto before = readableFile(song.path);
+    const auto result = moveToTrash(song.path);
+    if (const auto *failure = std::get_if<Failure>(&result))
+        return *failure;
+    const auto hasStayed = [&before](const KnownFile &other) { return hasSurvived(other, before); };
+    if (std::ranges::all_of(others, hasStayed))
+        return std::nullopt;
+    const auto &trashed = std::get<TrashedFile>(result);
+    if (const auto failure = restore(trashed))
         return Failure{
-            QStringLiteral("Another song of this group is the very same file and would be gone as well.")};
-    return desktop.moveToTrash(song.path);
+            QStringLiteral("Another song of this group was gone as well. The file is at %1 now: %2")
+                .arg(trashed.file.path, failure->reason)};
+    return Failure{QStringLiteral("Another song of this group was gone as well, so the file was put back.")};
 }
 
 } // namespace sonavo

@@ -20,20 +20,16 @@ public:
     virtual ~Desktop() = default;
     Q_DISABLE_COPY_MOVE(Desktop)
 
-    /// Lets the person choose audio files and folders, several at once. Returns when they have decided; the
+    /// Lets the user choose audio files and folders, several at once. Returns when they have decided; the
     /// event loop runs meanwhile, so the session may have been cleared by then.
-    /// @return file URLs; empty when the person cancelled
+    /// @return file URLs; empty when the user cancelled
     [[nodiscard]] virtual QList<QUrl> chooseMusic() = 0;
 
-    /// Lets the person choose one folder, in the same way.
+    /// Lets the user choose one folder, in the same way.
     /// @param message what the folder is for
     /// @param prompt text of the button that confirms
-    /// @return absolute path; empty when the person cancelled
+    /// @return absolute path; empty when the user cancelled
     [[nodiscard]] virtual QString chooseFolder(const QString &message, const QString &prompt) = 0;
-
-    /// Moves a file to the Trash, from where any file manager can restore it. Never copies and never removes:
-    /// on failure the file is where it was.
-    [[nodiscard]] virtual std::optional<Failure> moveToTrash(const QString &path) = 0;
 
     /// Replaces what is on the clipboard by a plain text.
     virtual void copyToClipboard(const QString &text) = 0;

@@ -1,12 +1,12 @@
 #pragma once
 
 #include "actions/failure.h"
+#include "actions/file_move.h"
 
 #include <QDateTime>
 #include <QHash>
 #include <QString>
 
-#include <functional>
 #include <variant>
 
 namespace sonavo {
@@ -25,19 +25,14 @@ public:
     /// Absolute, or relative where the parent was.
     [[nodiscard]] const QString &path() const { return m_path; }
 
-    /// Moves a file here, under its own name or, where that is taken, as "Name (1).mp3", "Name (2).mp3" and
-    /// so on. Within a file system that is one step; onto another one the file is copied, the copy made safe
-    /// on the disk under its name, and then the source removed.
-    /// @return whether the file is here now; if not, it is still where it was
-    [[nodiscard]] bool moveHere(const QString &source);
+    /// Moves a file here with moveWithoutReplacing(), under its own name or, where that is taken, as
+    /// "Name (1).mp3", "Name (2).mp3" and so on.
+    /// @return where the file is now, for moveBack(); on failure it is still where it was, or the reason
+    /// names the two places where it can be
+    [[nodiscard]] std::variant<MovedFile, Failure> moveHere(const QString &source);
 
 private:
-    /// Tries to put a file at a path that may be taken; an error number, 0 for success.
-    using Placing = std::function<int(const QByteArray &destination)>;
-
     explicit DuplicatesFolder(QString path);
-    [[nodiscard]] int copyHere(const QString &source);
-    [[nodiscard]] int placeUnderFreeName(QStringView name, const Placing &place);
 
     QString m_path;
     /// The next number to try for a name that was taken before: many albums have a "01 - Intro.mp3".

@@ -4,11 +4,10 @@
 
 namespace sonavo {
 
-/// Why an operation on a file did not happen. Operations that can fail return an optional one of these:
-/// nothing means success.
+/// Why an operation did not happen.
 struct Failure
 {
-    /// In words for the person; never empty. What the system says is in its language.
+    /// In words for the user; never empty. What the system says is in its language.
     QString reason;
 };
 

@@ -21,12 +21,11 @@ struct FileIdentity
         ino_t inode = 0;
         friend bool operator==(const Node &, const Node &) = default;
     };
-    /// The folder that holds the file, and the name that it has there. Those of a symbolic link do not count:
-    /// it has those of the file that it leads to.
+    /// The folder that holds the file, and its name there; of a symbolic link, those of its target.
     Node folder;
     QByteArray name;
-    /// The file behind the name; it is known by no other name in any folder only if `hasOneName`.
     Node file;
+    /// Whether the file has no other hard links.
     bool hasOneName = false;
 };
 
@@ -34,14 +33,14 @@ struct FileIdentity
 /// @return nothing when no regular file can be reached there
 [[nodiscard]] std::optional<FileIdentity> identityOf(const QString &path);
 
-/// Whether there is certainly no regular file at a path; a disk that does not answer does not say so.
+/// Whether there is certainly no regular file at a path. False when the disk reports any other error.
 [[nodiscard]] bool isGone(const QString &path);
 
 /// Whether two paths lead to one and the same file, so that removing one takes the other. Two hard links are
 /// two files: the song outlives either.
 [[nodiscard]] bool areOneFile(const FileIdentity &a, const FileIdentity &b);
 
-/// Files, to be asked whether another path leads to one of them.
+/// Files by their identities.
 class FileSet
 {
 public:

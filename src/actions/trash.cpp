@@ -1,12 +1,10 @@
 // Why not QFile::moveToTrash() or g_file_trash(): as of Qt 6.4, the first writes paths unescaped, only after
-// the move and without looking whether that succeeded, tries forever when the Trash cannot be written,
+// the move and without checking whether that succeeded, retries forever when the Trash cannot be written,
 // refuses broken links, and moves the file into the current folder when there is no data folder. As of
-// GLib 2.74, the second overwrites a file in the Trash whose note is missing, and leaves an empty note when
-// the disk is full.
+// GLib 2.74, the second overwrites a file in the Trash whose info file is missing, and leaves an empty info
+// file when the disk is full.
 
 #include "actions/trash.h"
-
-#include "actions/file_operations.h"
 
 #include <QDateTime>
 #include <QFile>
@@ -28,14 +26,14 @@ namespace {
 
 namespace fs = std::filesystem;
 
-constexpr mode_t ONLY_THE_OWNER = 0700;
-constexpr QLatin1String NOTE_ENDING(".trashinfo");
+constexpr mode_t OWNER_ONLY = 0700;
+constexpr QLatin1String INFO_EXTENSION(".trashinfo");
 /// What file systems allow, in bytes.
-constexpr qsizetype LONGEST_NAME = 255;
-/// In characters; what is longer is no ending but part of the name.
-constexpr qsizetype LONGEST_ENDING = 8;
+constexpr qsizetype MAX_NAME = 255;
+/// With the dot, in characters; what is longer is no extension but part of the name.
+constexpr qsizetype MAX_EXTENSION = 8;
 /// Enough for any collection; a file system with strange answers must not keep us forever.
-constexpr int MOST_OF_ONE_NAME = 100'000;
+constexpr int MAX_FILES_OF_ONE_NAME = 100'000;
 
 struct Trash
 {
@@ -54,42 +52,54 @@ std::error_code lastError()
     return {errno, std::generic_category()};
 }
 
-/// Tells the mounts apart: files can be renamed within one, but not from one into another, not even when both
+/// Identifies a mount: files can be renamed within one, but not from one into another, not even when both
 /// show the same disk.
-/// @return 0 where nothing is
-quint64 mountOf(const fs::path &path)
+/// @return nothing on an error, which errno tells
+std::optional<quint64> mountIdOf(const fs::path &path)
 {
     struct statx status = {};
     if (::statx(AT_FDCWD, path.c_str(), 0, STATX_MNT_ID, &status) != 0)
-        return 0;
+        return std::nullopt;
     if ((status.stx_mask & STATX_MNT_ID) != 0)
         return status.stx_mnt_id;
     return quint64{status.stx_dev_major} << 32 | status.stx_dev_minor; // a kernel before 5.8
 }
 
-fs::path nearestExisting(fs::path path)
+/// The same for a folder that may have yet to be made.
+std::optional<quint64> futureMountIdOf(fs::path folder)
 {
-    while (mountOf(path) == 0 && path.has_relative_path())
-        path = path.parent_path();
-    return path;
+    std::optional<quint64> id = mountIdOf(folder);
+    while (!id && meansGone(errno) && folder.has_relative_path()) {
+        folder = folder.parent_path();
+        id = mountIdOf(folder);
+    }
+    return id;
 }
 
-fs::path topOfMount(fs::path folder)
+/// @param id of the mount that the folder is on
+/// @return nothing on an error, which errno tells
+std::optional<fs::path> mountPointOf(fs::path folder, quint64 id)
 {
-    while (folder.has_relative_path() && mountOf(folder.parent_path()) == mountOf(folder))
+    while (folder.has_relative_path()) {
+        const std::optional<quint64> parentId = mountIdOf(folder.parent_path());
+        if (!parentId)
+            return std::nullopt;
+        if (*parentId != id)
+            break;
         folder = folder.parent_path();
+    }
     return folder;
 }
 
 std::error_code makeFolder(const fs::path &folder)
 {
-    return ::mkdir(folder.c_str(), ONLY_THE_OWNER) == 0 || errno == EEXIST ? std::error_code() : lastError();
+    return ::mkdir(folder.c_str(), OWNER_ONLY) == 0 || errno == EEXIST ? std::error_code() : lastError();
 }
 
 /// On a disk that others can write to, a folder of the right name need not be ours.
 std::error_code makeOwnFolder(const fs::path &folder)
 {
-    const bool isNew = ::mkdir(folder.c_str(), ONLY_THE_OWNER) == 0;
+    const bool isNew = ::mkdir(folder.c_str(), OWNER_ONLY) == 0;
     if (!isNew && errno != EEXIST)
         return lastError();
     struct stat status = {};
@@ -102,7 +112,7 @@ std::error_code makeOwnFolder(const fs::path &folder)
     return std::make_error_code(std::errc::permission_denied);
 }
 
-/// A Trash for all, which an administrator has made, has to be a folder in which people cannot remove the
+/// A Trash for all users, which an administrator has made, has to be a folder in which they cannot remove the
 /// files of one another.
 bool isSharedTrash(const fs::path &folder)
 {
@@ -111,13 +121,13 @@ bool isSharedTrash(const fs::path &folder)
            (status.st_mode & S_ISVTX) != 0;
 }
 
-std::error_code makeTrashAtTop(const fs::path &top, Trash &trash)
+std::error_code makeTrashAtMountPoint(const fs::path &mountPoint, Trash &trash)
 {
     const std::string user = std::to_string(::geteuid());
-    trash = {top / ".Trash" / user, top};
-    if (isSharedTrash(top / ".Trash") && !makeOwnFolder(trash.folder))
+    trash = {mountPoint / ".Trash" / user, mountPoint};
+    if (isSharedTrash(mountPoint / ".Trash") && !makeOwnFolder(trash.folder))
         return {};
-    trash.folder = top / (".Trash-" + user);
+    trash.folder = mountPoint / (".Trash-" + user);
     return makeOwnFolder(trash.folder);
 }
 
@@ -129,14 +139,24 @@ std::error_code makeTrashInDataFolder(const fs::path &dataFolder, Trash &trash)
     return error ? error : makeFolder(trash.folder);
 }
 
-/// @param folder where the file is, without links
-std::error_code makeTrashFor(const fs::path &folder, Trash &trash)
+/// The Trash for what is in a folder, which has no links in its path; its own folders may be missing.
+std::error_code makeTrashFolderFor(const fs::path &folder, Trash &trash)
 {
     const fs::path dataFolder =
         nativePath(QStandardPaths::writableLocation(QStandardPaths::GenericDataLocation));
-    const bool isAtHome = mountOf(nearestExisting(dataFolder / "Trash")) == mountOf(folder);
-    std::error_code error =
-        isAtHome ? makeTrashInDataFolder(dataFolder, trash) : makeTrashAtTop(topOfMount(folder), trash);
+    const auto homeDisk = futureMountIdOf(dataFolder / "Trash");
+    const auto disk = homeDisk ? mountIdOf(folder) : std::nullopt;
+    if (!disk)
+        return lastError();
+    if (disk == homeDisk)
+        return makeTrashInDataFolder(dataFolder, trash);
+    const auto mountPoint = mountPointOf(folder, *disk);
+    return mountPoint ? makeTrashAtMountPoint(*mountPoint, trash) : lastError();
+}
+
+std::error_code makeTrashFor(const fs::path &folder, Trash &trash)
+{
+    std::error_code error = makeTrashFolderFor(folder, trash);
     if (!error)
         error = makeFolder(trash.folder / "info");
     if (!error)
@@ -145,21 +165,21 @@ std::error_code makeTrashFor(const fs::path &folder, Trash &trash)
 }
 
 /// The name in the Trash: the file's own, with a number where that is taken, and cut where the name of its
-/// note would get too long.
+/// info file would get too long.
 QString nameInTrash(const QString &name, int number)
 {
     const qsizetype dot = name.lastIndexOf(u'.');
-    const bool hasEnding = dot > 0 && name.size() - dot <= LONGEST_ENDING;
-    QString stem = hasEnding ? name.first(dot) : name;
-    const QString ending = (number > 1 ? QStringLiteral(".%1").arg(number) : QString()) +
-                           (hasEnding ? name.sliced(dot) : QString());
-    while (QFile::encodeName(stem + ending).size() > LONGEST_NAME - NOTE_ENDING.size())
+    const bool hasExtension = dot > 0 && name.size() - dot <= MAX_EXTENSION;
+    QString stem = hasExtension ? name.first(dot) : name;
+    const QString extension = (number > 1 ? QStringLiteral(".%1").arg(number) : QString()) +
+                              (hasExtension ? name.sliced(dot) : QString());
+    while (QFile::encodeName(stem + extension).size() > MAX_NAME - INFO_EXTENSION.size())
         stem.chop(stem.back().isLowSurrogate() ? 2 : 1);
-    return stem + ending;
+    return stem + extension;
 }
 
-/// What file managers restore a file by.
-QByteArray noteAbout(const fs::path &file, const Trash &trash)
+/// The content of an info file.
+QByteArray trashInfo(const fs::path &file, const Trash &trash)
 {
     const fs::path path = trash.top.empty() ? file : file.lexically_relative(trash.top);
     return "[Trash Info]\nPath=" + QByteArray(path.c_str()).toPercentEncoding("/") +
@@ -182,34 +202,32 @@ std::error_code writeNew(const fs::path &path, QByteArrayView content)
     return error;
 }
 
-std::error_code renameToNew(const fs::path &from, const fs::path &to)
+/// Where a file of a name goes, and its info file.
+struct Slot
 {
-    return {renameWithoutReplacing(from.c_str(), to.c_str()), std::generic_category()};
-}
+    fs::path file;
+    fs::path info;
+};
 
-fs::path placeOfNote(const Trash &trash, const QString &name)
+Slot slotFor(const Trash &trash, const QString &name)
 {
-    return trash.folder / "info" / nativePath(name + NOTE_ENDING);
-}
-
-fs::path placeOfFile(const Trash &trash, const QString &name)
-{
-    return trash.folder / "files" / nativePath(name);
+    return {trash.folder / "files" / nativePath(name),
+            trash.folder / "info" / nativePath(name + INFO_EXTENSION)};
 }
 
 /// The first number whose name is free, without a look at every one before: thousands of songs can have one
-/// name. Where the numbers have gaps, it is the first behind some name that is taken.
+/// name. Where the numbers have gaps, it is the first after some name that is taken.
 int freeNumber(const Trash &trash, const QString &name)
 {
     const auto isTaken = [&](int number) {
-        const QString candidate = nameInTrash(name, number);
+        const Slot slot = slotFor(trash, nameInTrash(name, number));
         std::error_code error;
-        return fs::exists(fs::symlink_status(placeOfNote(trash, candidate), error)) ||
-               fs::exists(fs::symlink_status(placeOfFile(trash, candidate), error));
+        return fs::exists(fs::symlink_status(slot.info, error)) ||
+               fs::exists(fs::symlink_status(slot.file, error));
     };
     int taken = 0;
     int free = 1;
-    while (free < MOST_OF_ONE_NAME && isTaken(free)) {
+    while (free < MAX_FILES_OF_ONE_NAME && isTaken(free)) {
         taken = free;
         free *= 2;
     }
@@ -220,27 +238,12 @@ int freeNumber(const Trash &trash, const QString &name)
     return free;
 }
 
-/// @param file in a folder without links
-std::error_code moveInto(const Trash &trash, const fs::path &file, const QString &name)
+std::error_code toErrorCode(int error)
 {
-    const std::error_code isTaken = std::make_error_code(std::errc::file_exists);
-    const QByteArray content = noteAbout(file, trash);
-    std::error_code error = isTaken;
-    // Somebody else can take the name first.
-    for (int number = freeNumber(trash, name); error == isTaken && number <= MOST_OF_ONE_NAME; ++number) {
-        const QString newName = nameInTrash(name, number);
-        const fs::path note = placeOfNote(trash, newName);
-        error = writeNew(note, content);
-        if (error)
-            continue;
-        error = renameToNew(file, placeOfFile(trash, newName));
-        if (error)
-            ::unlink(note.c_str());
-    }
-    return error;
+    return {error, std::generic_category()};
 }
 
-QString textOf(const std::error_code &error)
+QString describe(const std::error_code &error)
 {
     return QString::fromLocal8Bit(error.message());
 }
@@ -250,29 +253,65 @@ Failure unusableTrash(const QString &reason)
     return {QStringLiteral("The Trash of this disk cannot be used: %1").arg(reason)};
 }
 
+/// @param file in a folder without links
+std::variant<TrashedFile, Failure> moveInto(const Trash &trash, const fs::path &file, const QString &name)
+{
+    const QByteArray from(file.c_str());
+    const QByteArray info = trashInfo(file, trash);
+    std::error_code error;
+    // Somebody else can take the name first.
+    for (int number = freeNumber(trash, name); number <= MAX_FILES_OF_ONE_NAME; ++number) {
+        const Slot slot = slotFor(trash, nameInTrash(name, number));
+        error = writeNew(slot.info, info);
+        if (error == std::errc::file_exists)
+            continue;
+        if (error)
+            return Failure{describe(error)};
+        const QByteArray to(slot.file.c_str());
+        const MoveResult result = renameWithoutReplacing(from, to);
+        if (result.state == MoveResult::State::Moved)
+            return TrashedFile{describeMove(from, to), QFile::decodeName(slot.info.c_str())};
+        if (result.state ==
+            MoveResult::State::Uncertain) // the file may be there, then it needs its info file
+            return toFailure(result, from, to);
+        ::unlink(slot.info.c_str());
+        error = toErrorCode(result.error);
+        if (error == std::errc::cross_device_link)
+            return unusableTrash(QStringLiteral("It is on another file system"));
+        if (error != std::errc::file_exists)
+            return Failure{describe(error)};
+    }
+    return Failure{describe(error)};
+}
+
 } // namespace
 
-std::optional<Failure> moveToTrash(const QString &path)
+std::variant<TrashedFile, Failure> moveToTrash(const QString &path)
 {
     std::error_code error;
     const fs::path given = fs::absolute(nativePath(path), error);
     const fs::file_status status = fs::symlink_status(given, error);
     if (error)
-        return Failure{textOf(error)};
+        return Failure{describe(error)};
     if (!fs::is_regular_file(status) && !fs::is_symlink(status))
         return Failure{QStringLiteral("Not a file")};
     const fs::path folder = fs::canonical(given.parent_path(), error);
     if (error)
-        return Failure{textOf(error)};
+        return Failure{describe(error)};
 
     Trash trash;
     error = makeTrashFor(folder, trash);
     if (error)
-        return unusableTrash(textOf(error));
-    error = moveInto(trash, folder / given.filename(), QFileInfo(path).fileName());
-    if (error == std::errc::cross_device_link)
-        return unusableTrash(QStringLiteral("It is on another file system"));
-    return error ? std::optional(Failure{textOf(error)}) : std::nullopt;
+        return unusableTrash(describe(error));
+    return moveInto(trash, folder / given.filename(), QFileInfo(path).fileName());
+}
+
+std::optional<Failure> restore(const TrashedFile &trashed)
+{
+    std::optional<Failure> failure = renameBack(trashed.file);
+    if (!failure)
+        ::unlink(QFile::encodeName(trashed.infoFile).constData());
+    return failure;
 }
 
 } // namespace sonavo

@@ -9,55 +9,53 @@
 
 namespace sonavo {
 
-/// The songs of one bucket by their artists, for finding those whose artists are similar to one of them.
+/// The position of a song in its bucket.
+using BucketPosition = std::uint32_t;
+
+/// The songs of one bucket by artist. Finds all songs whose artists match a song's (see artistsMatch()),
+/// comparing every two artists of the bucket at most once.
 class ArtistIndex
 {
 public:
-    /// A song's place in the bucket.
-    using Place = std::uint32_t;
-
-    /// @param prepared must outlive the index
-    /// @param largestDistances for each length of the longer artist the largest distance that counts as
-    /// similar
-    ArtistIndex(const PreparedSongs &prepared, std::vector<std::size_t> largestDistances);
-
-    /// Whether two songs' artists are similar, or both empty.
-    [[nodiscard]] bool areSimilar(const PreparedSong &a, const PreparedSong &b) const;
+    /// @param songs must outlive the index
+    explicit ArtistIndex(const PreparedSongs &songs);
 
     /// Replaces what the index holds.
-    void build(const std::vector<PreparedSong> &bucket);
+    /// @param bucket must stay as it is while the index is used
+    void build(std::span<const PreparedSong> bucket);
 
-    /// How many artists the bucket has.
+    /// How many different artists the bucket has.
     [[nodiscard]] std::size_t artistCount() const { return m_artists.size(); }
 
-    /// Numbers, for placesOf(), of the artists that are similar to a song's, its own among them. Found out
-    /// once for each artist.
-    [[nodiscard]] const std::vector<std::uint32_t> &similarArtists(const PreparedSong &song);
+    /// The artists that match the one of a song of the bucket, its own among them, as numbers for songsOf().
+    [[nodiscard]] const std::vector<std::uint32_t> &matchingArtists(const PreparedSong &song);
 
-    /// The songs of one artist, in the order of the bucket.
-    [[nodiscard]] std::span<const Place> placesOf(std::uint32_t artist) const;
+    /// The songs of one artist as positions in the bucket, ascending.
+    [[nodiscard]] std::span<const BucketPosition> songsOf(std::uint32_t artist) const;
 
 private:
     struct Artist
     {
         std::uint64_t bag = 0;
         std::uint32_t length = 0;
-        /// The number of the artist among all songs.
-        std::uint32_t number = 0;
-        std::uint32_t start = 0;
+        /// One of the artist's songs, as good as any.
+        BucketPosition song = 0;
+        /// The artist's part of m_entries.
+        std::uint32_t begin = 0;
         std::uint32_t end = 0;
     };
 
-    [[nodiscard]] bool areSimilar(const Artist &a, const Artist &b) const;
+    [[nodiscard]] bool match(const Artist &a, const Artist &b) const;
 
-    const PreparedSongs &m_prepared;
-    const std::vector<std::size_t> m_largestDistances;
-    /// Those of the bucket, by length.
+    const PreparedSongs &m_songs;
+    std::span<const PreparedSong> m_bucket;
+    /// Those of the bucket, shortest first.
     std::vector<Artist> m_artists;
-    /// By number of the artist among all songs; only those of the bucket mean anything.
-    std::vector<std::uint32_t> m_bucketNumbers;
-    std::vector<Place> m_places;
-    std::vector<std::vector<std::uint32_t>> m_similar;
+    /// By artist id, the index in m_artists; valid for artists of the bucket only.
+    std::vector<std::uint32_t> m_artistNumbers;
+    std::vector<BucketPosition> m_entries;
+    /// By artist; empty until asked for.
+    std::vector<std::vector<std::uint32_t>> m_matching;
 };
 
 } // namespace sonavo

@@ -1,28 +1,34 @@
 #include "analysis/clustering.h"
 
-#include "analysis/comparable_song.h"
+#include "analysis/matching.h"
 
-#include <numeric>
+#include <algorithm>
 
 namespace sonavo {
 
-QList<QList<Song>> clusterSongs(const QList<Song> &songs)
+std::vector<Cluster> clusterSongs(const PreparedSongs &songs, const Bucket &bucket,
+                                  CandidateIndex &candidates)
 {
-    const std::vector<ComparableSong> comparable(songs.begin(), songs.end());
-    std::vector<std::size_t> positions(comparable.size());
-    std::iota(positions.begin(), positions.end(), std::size_t{0});
-
-    QList<QList<Song>> result;
-    const auto clusters = clusterPositions(positions, [&comparable](std::size_t seed, std::size_t candidate) {
-        return songsMatch(comparable[seed], comparable[candidate]);
-    });
-    for (const std::vector<std::size_t> &cluster : clusters) {
-        QList<Song> members;
-        for (const std::size_t position : cluster)
-            members.append(songs[static_cast<qsizetype>(position)]);
-        result.append(members);
+    std::vector<Cluster> clusters;
+    candidates.build(bucket);
+    for (BucketPosition seed = 0; seed < candidates.size(); ++seed) {
+        if (candidates.isRemoved(seed))
+            continue;
+        candidates.remove(seed);
+        Cluster cluster;
+        for (const BucketPosition candidate : candidates.candidatesFor(seed)) {
+            if (songsMatch(songs, candidates[seed], candidates[candidate])) {
+                candidates.remove(candidate);
+                cluster.push_back(bucket[candidate]);
+            }
+        }
+        if (cluster.empty())
+            continue;
+        std::sort(cluster.begin(), cluster.end());
+        cluster.insert(cluster.begin(), bucket[seed]);
+        clusters.push_back(std::move(cluster));
     }
-    return result;
+    return clusters;
 }
 
 } // namespace sonavo

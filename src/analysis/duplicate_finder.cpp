@@ -1,7 +1,7 @@
 #include "analysis/duplicate_finder.h"
 
-#include "analysis/number_table.h"
-#include "analysis/similarity.h"
+#include "analysis/id_table.h"
+#include "analysis/matching.h"
 
 #include <QHashFunctions>
 
@@ -11,88 +11,86 @@
 namespace sonavo {
 namespace {
 
-/// Puts positions that share a key into one bucket; buckets come in the order of their first member. Buckets
-/// of a single song are left out.
-/// @param keyOf gives an integer for each position
+/// Puts songs that share a key into one bucket; buckets come in the order of their first song. Buckets of a
+/// single song are left out.
+/// @param keyOf gives an integer for each song
 template <typename KeyOf>
-std::vector<std::vector<std::size_t>> bucketsOf(const std::vector<std::size_t> &positions, KeyOf keyOf)
+std::vector<Bucket> bucketsOf(const std::vector<SongIndex> &songs, KeyOf keyOf)
 {
-    NumberTable keyNumbers;
-    std::vector<std::size_t> firstPositions;
-    std::vector<std::uint32_t> bucketNumbers;
+    IdTable keyIds;
+    std::vector<SongIndex> firstSongs;
+    std::vector<std::uint32_t> idsOfSongs;
     std::vector<std::uint32_t> sizes;
-    bucketNumbers.reserve(positions.size());
-    for (const std::size_t position : positions) {
-        const auto key = static_cast<quint64>(keyOf(position));
-        const std::uint32_t number = keyNumbers.numberOf(::qHash(key), [&](std::uint32_t other) {
-            return static_cast<quint64>(keyOf(firstPositions[other])) == key;
+    idsOfSongs.reserve(songs.size());
+    for (const SongIndex song : songs) {
+        const auto key = static_cast<quint64>(keyOf(song));
+        const std::uint32_t id = keyIds.idOf(::qHash(key), [&](std::uint32_t other) {
+            return static_cast<quint64>(keyOf(firstSongs[other])) == key;
         });
-        if (number == firstPositions.size()) {
-            firstPositions.push_back(position);
+        if (id == firstSongs.size()) {
+            firstSongs.push_back(song);
             sizes.push_back(0);
         }
-        ++sizes[number];
-        bucketNumbers.push_back(number);
+        ++sizes[id];
+        idsOfSongs.push_back(id);
     }
 
     // Most keys are those of a single song and need no bucket.
-    std::vector<std::vector<std::size_t>> buckets;
-    std::vector<std::size_t> places(sizes.size());
-    for (std::size_t number = 0; number < sizes.size(); ++number) {
-        if (sizes[number] < 2)
+    std::vector<Bucket> buckets;
+    std::vector<std::size_t> bucketOfId(sizes.size());
+    for (std::size_t id = 0; id < sizes.size(); ++id) {
+        if (sizes[id] < 2)
             continue;
-        places[number] = buckets.size();
-        buckets.emplace_back().reserve(sizes[number]);
+        bucketOfId[id] = buckets.size();
+        buckets.emplace_back().reserve(sizes[id]);
     }
-    for (std::size_t i = 0; i < positions.size(); ++i) {
-        if (sizes[bucketNumbers[i]] >= 2)
-            buckets[places[bucketNumbers[i]]].push_back(positions[i]);
+    for (std::size_t i = 0; i < songs.size(); ++i) {
+        if (sizes[idsOfSongs[i]] >= 2)
+            buckets[bucketOfId[idsOfSongs[i]]].push_back(songs[i]);
     }
     return buckets;
 }
 
-/// Gives each song the number of its path.
-std::vector<std::uint32_t> pathNumbersOf(const QList<Song> &songs)
+/// For each song the id of its path.
+std::vector<std::uint32_t> pathIdsOf(const PreparedSongs &songs)
 {
-    NumberTable table;
+    IdTable table;
     QList<QStringView> paths;
-    std::vector<std::uint32_t> numbers;
-    paths.reserve(songs.size());
-    numbers.reserve(static_cast<std::size_t>(songs.size()));
-    for (const Song &song : songs) {
-        const QStringView path = song.path;
-        const std::uint32_t number =
-            table.numberOf(::qHash(path), [&](std::uint32_t other) { return paths[other] == path; });
-        if (number == paths.size())
+    std::vector<std::uint32_t> ids;
+    paths.reserve(static_cast<qsizetype>(songs.size()));
+    ids.reserve(songs.size());
+    for (SongIndex song = 0; song < songs.size(); ++song) {
+        const QStringView path = songs.song(song).path;
+        const std::uint32_t id =
+            table.idOf(::qHash(path), [&](std::uint32_t other) { return paths[other] == path; });
+        if (id == paths.size())
             paths.append(path);
-        numbers.push_back(number);
+        ids.push_back(id);
     }
-    return numbers;
+    return ids;
 }
 
-std::vector<std::size_t> allPositions(std::size_t count)
+std::vector<SongIndex> allOf(const PreparedSongs &songs)
 {
-    std::vector<std::size_t> positions(count);
-    std::iota(positions.begin(), positions.end(), std::size_t{0});
-    return positions;
+    std::vector<SongIndex> all(songs.size());
+    std::iota(all.begin(), all.end(), SongIndex{0});
+    return all;
 }
 
 } // namespace
 
 DuplicateFinder::DuplicateFinder(QList<Song> songs)
     : m_songs(std::move(songs))
-    , m_prepared(m_songs)
-    , m_clusterer(m_songs, m_prepared)
-    , m_pathNumbers(pathNumbersOf(m_songs))
-    , m_isPathPlaced(m_prepared.size(), false)
+    , m_candidates(m_songs)
+    , m_pathIds(pathIdsOf(m_songs))
+    , m_isPathPlaced(m_songs.size(), false)
 {}
 
 void DuplicateFinder::groupByTitle()
 {
-    const auto buckets = bucketsOf(allPositions(m_prepared.size()),
-                                   [this](std::size_t position) { return m_prepared[position].titleNumber; });
-    for (const Positions &bucket : buckets) {
-        for (const Positions &cluster : clustersOf(bucket)) {
+    const auto buckets = bucketsOf(allOf(m_songs), [this](SongIndex song) { return m_songs[song].titleId; });
+    for (const Bucket &bucket : buckets) {
+        for (const Cluster &cluster : clustersOf(bucket)) {
             if (!makeGroup(cluster, ArtistFilter::On))
                 break;
         }
@@ -101,10 +99,9 @@ void DuplicateFinder::groupByTitle()
 
 void DuplicateFinder::groupByFileName()
 {
-    auto buckets = bucketsOf(allPositions(m_prepared.size()),
-                             [this](std::size_t position) { return m_prepared[position].nameNumber; });
-    for (Positions &bucket : buckets) {
-        std::erase_if(bucket, [this](std::size_t position) { return isPlaced(position); });
+    auto buckets = bucketsOf(allOf(m_songs), [this](SongIndex song) { return m_songs.nameIdOf(song); });
+    for (Bucket &bucket : buckets) {
+        std::erase_if(bucket, [this](SongIndex song) { return isPlaced(song); });
         groupBucket(bucket);
     }
 }
@@ -121,24 +118,22 @@ DuplicateFinder::Batches DuplicateFinder::groupNextBatchByArtistAndTitle()
     const auto at = [this](std::size_t index) {
         return m_waitingForBatches.cbegin() + static_cast<std::ptrdiff_t>(index);
     };
-    const Positions batch(at(m_nextBatch), at(end));
+    const std::vector<SongIndex> batch(at(m_nextBatch), at(end));
     m_nextBatch = end;
 
-    const auto buckets = bucketsOf(batch, [this](std::size_t position) {
-        const PreparedSong &song = m_prepared[position];
-        return quint64{song.artistNumber} << 32 | song.titleNumber;
+    const auto buckets = bucketsOf(batch, [this](SongIndex song) {
+        return quint64{m_songs[song].artistId} << 32 | m_songs[song].titleId;
     });
-    for (const Positions &bucket : buckets)
+    for (const Bucket &bucket : buckets)
         groupBucket(bucket);
     return m_nextBatch < m_waitingForBatches.size() ? Batches::MoreToCome : Batches::Done;
 }
 
 void DuplicateFinder::groupByWholeSeconds()
 {
-    const auto buckets = bucketsOf(unplacedSongs(), [this](std::size_t position) {
-        return wholeSeconds(m_prepared[position].duration);
-    });
-    for (const Positions &bucket : buckets)
+    const auto buckets =
+        bucketsOf(unplacedSongs(), [this](SongIndex song) { return wholeSeconds(m_songs[song].duration); });
+    for (const Bucket &bucket : buckets)
         groupBucket(bucket);
 }
 
@@ -147,74 +142,50 @@ QList<DuplicateGroup> DuplicateFinder::takeGroups()
     return std::exchange(m_groups, {});
 }
 
-const Song &DuplicateFinder::songAt(std::size_t position) const
+std::vector<Cluster> DuplicateFinder::clustersOf(const Bucket &bucket)
 {
-    return m_songs[static_cast<qsizetype>(position)];
+    return clusterSongs(m_songs, bucket, m_candidates);
 }
 
-bool DuplicateFinder::isPlaced(std::size_t position) const
+std::vector<SongIndex> DuplicateFinder::unplacedSongs() const
 {
-    return m_isPathPlaced[m_pathNumbers[position]];
+    std::vector<SongIndex> unplaced = allOf(m_songs);
+    std::erase_if(unplaced, [this](SongIndex song) { return isPlaced(song); });
+    return unplaced;
 }
 
-DuplicateFinder::Positions DuplicateFinder::unplacedSongs() const
+void DuplicateFinder::groupBucket(const Bucket &bucket)
 {
-    Positions positions = allPositions(m_prepared.size());
-    std::erase_if(positions, [this](std::size_t position) { return isPlaced(position); });
-    return positions;
-}
-
-std::vector<DuplicateFinder::Positions> DuplicateFinder::clustersOf(const Positions &bucket)
-{
-    return m_clusterer.clustersOf(bucket);
-}
-
-void DuplicateFinder::groupBucket(const Positions &bucket)
-{
-    for (const Positions &cluster : clustersOf(bucket))
+    for (const Cluster &cluster : clustersOf(bucket))
         makeGroup(cluster, ArtistFilter::Off);
 }
 
-bool DuplicateFinder::makeGroup(const Positions &cluster, ArtistFilter filter)
+bool DuplicateFinder::makeGroup(const Cluster &cluster, ArtistFilter filter)
 {
     // The largest file is kept; among equally large ones the first.
-    const std::size_t best =
-        *std::max_element(cluster.begin(), cluster.end(),
-                          [this](std::size_t a, std::size_t b) { return songAt(a).size < songAt(b).size; });
-    const Song &original = songAt(best);
-
-    Positions duplicates = cluster;
-    std::erase(duplicates, best);
-    if (filter == ArtistFilter::On)
-        keepCompatible(duplicates, best);
+    const auto isSmaller = [this](SongIndex a, SongIndex b) {
+        return m_songs.song(a).size < m_songs.song(b).size;
+    };
+    const SongIndex original = *std::max_element(cluster.begin(), cluster.end(), isSmaller);
+    Cluster duplicates = cluster;
+    std::erase_if(duplicates, [&](SongIndex song) {
+        return song == original ||
+               (filter == ArtistFilter::On && !artistsCompatible(m_songs, m_songs[song], m_songs[original]));
+    });
     if (duplicates.empty())
         return false;
 
-    DuplicateGroup group{
-        QUuid::createUuid(), original, {}, static_cast<int>(m_groups.size() % GROUP_TINT_COUNT)};
-    m_isPathPlaced[m_pathNumbers[best]] = true;
-    for (const std::size_t position : duplicates) {
-        group.duplicates.append(songAt(position));
-        m_isPathPlaced[m_pathNumbers[position]] = true;
+    DuplicateGroup group{QUuid::createUuid(),
+                         m_songs.song(original),
+                         {},
+                         static_cast<int>(m_groups.size() % GROUP_TINT_COUNT)};
+    markPlaced(original);
+    for (const SongIndex song : duplicates) {
+        group.duplicates.append(m_songs.song(song));
+        markPlaced(song);
     }
     m_groups.append(std::move(group));
     return true;
-}
-
-void DuplicateFinder::keepCompatible(Positions &duplicates, std::size_t original) const
-{
-    const std::uint32_t originalArtist = m_prepared[original].artistNumber;
-    const bool hasArtistWords = !m_prepared.artist(m_prepared[original]).empty();
-    const auto isOfSameArtist = [&](std::size_t position) {
-        return hasArtistWords && m_prepared[position].artistNumber == originalArtist;
-    };
-    if (std::all_of(duplicates.begin(), duplicates.end(), isOfSameArtist))
-        return;
-    const WordSet originalArtistWords = artistWordsOf(songAt(original));
-    std::erase_if(duplicates, [&](std::size_t position) {
-        return !isOfSameArtist(position) &&
-               !artistsCompatible(songAt(position), originalArtistWords, songAt(original));
-    });
 }
 
 } // namespace sonavo

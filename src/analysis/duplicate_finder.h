@@ -1,6 +1,7 @@
 #pragma once
 
-#include "analysis/bucket_clusterer.h"
+#include "analysis/candidates.h"
+#include "analysis/clustering.h"
 #include "analysis/prepared_songs.h"
 #include "model/duplicate_group.h"
 #include "model/song.h"
@@ -52,11 +53,10 @@ public:
     [[nodiscard]] QList<DuplicateGroup> takeGroups();
 
 protected:
-    /// Positions in the list of songs, ascending.
-    using Positions = BucketClusterer::Positions;
+    [[nodiscard]] const PreparedSongs &songs() const { return m_songs; }
 
-    /// The clusters of one bucket. Benchmarks put the plain clustering in its place.
-    [[nodiscard]] virtual std::vector<Positions> clustersOf(const Positions &bucket);
+    /// clusterSongs() of one bucket. Benchmarks put a slower way in its place.
+    [[nodiscard]] virtual std::vector<Cluster> clustersOf(const Bucket &bucket);
 
 private:
     enum class ArtistFilter
@@ -65,21 +65,20 @@ private:
         On
     };
 
-    [[nodiscard]] const Song &songAt(std::size_t position) const;
-    [[nodiscard]] bool isPlaced(std::size_t position) const;
-    [[nodiscard]] Positions unplacedSongs() const;
-    void groupBucket(const Positions &bucket);
+    [[nodiscard]] bool isPlaced(SongIndex song) const { return m_isPathPlaced[m_pathIds[song]]; }
+    void markPlaced(SongIndex song) { m_isPathPlaced[m_pathIds[song]] = true; }
+    [[nodiscard]] std::vector<SongIndex> unplacedSongs() const;
+    void groupBucket(const Bucket &bucket);
     /// @return whether the artist filter left a group to make
-    bool makeGroup(const Positions &cluster, ArtistFilter filter);
-    void keepCompatible(Positions &duplicates, std::size_t original) const;
+    bool makeGroup(const Cluster &cluster, ArtistFilter filter);
 
-    const QList<Song> m_songs;
-    const PreparedSongs m_prepared;
-    BucketClusterer m_clusterer;
-    /// For each song the number of its path, and for each of these numbers whether it is placed.
-    std::vector<std::uint32_t> m_pathNumbers;
+    const PreparedSongs m_songs;
+    CandidateIndex m_candidates;
+    /// Equal for songs of the same path.
+    std::vector<std::uint32_t> m_pathIds;
+    /// By path id.
     std::vector<bool> m_isPathPlaced;
-    Positions m_waitingForBatches;
+    std::vector<SongIndex> m_waitingForBatches;
     std::size_t m_nextBatch = 0;
     QList<DuplicateGroup> m_groups;
 };

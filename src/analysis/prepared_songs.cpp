@@ -1,56 +1,43 @@
 #include "analysis/prepared_songs.h"
 
-#include "analysis/bounded_distance.h"
+#include "analysis/distance.h"
+#include "analysis/matching.h"
 #include "analysis/normalization.h"
-#include "analysis/similarity.h"
 
 #include <algorithm>
 
 namespace sonavo {
 namespace {
 
-std::uint64_t characterBit(char16_t character)
+/// As normalising "artist - title" would give it.
+void joinInto(std::string &result, std::string_view artist, std::string_view title)
 {
-    // Latin letters, digits and the common marks have bits of their own, as far as there are bits.
-    constexpr std::uint32_t BITS = 64;
-    if (character >= u'a' && character <= u'z')
-        return std::uint64_t{1} << (character - u'a');
-    if (character >= u'0' && character <= u'9')
-        return std::uint64_t{1} << (character - u'0' + 26);
-    return std::uint64_t{1} << (36 + character % (BITS - 36));
-}
-
-TextOutline outlineOf(QStringView loweredText)
-{
-    // 32-bit FNV-1a over UTF-16 units (G. Fowler, L. C. Noll, K.-P. Vo, 1991).
-    constexpr std::uint32_t FNV_OFFSET = 2166136261U;
-    constexpr std::uint32_t FNV_PRIME = 16777619U;
-    TextOutline outline;
-    outline.length = static_cast<std::uint32_t>(loweredText.size());
-    outline.hash = FNV_OFFSET;
-    for (const QChar character : loweredText) {
-        outline.characters |= characterBit(character.unicode());
-        outline.hash = (outline.hash ^ character.unicode()) * FNV_PRIME;
-    }
-    return outline;
+    result = artist;
+    if (!artist.empty() && !title.empty())
+        result += ' ';
+    result += title;
 }
 
 } // namespace
 
-PreparedSongs::PreparedSongs(const QList<Song> &songs)
+PreparedSongs::PreparedSongs(QList<Song> songs)
+    : m_songs(std::move(songs))
 {
-    m_songs.reserve(static_cast<std::size_t>(songs.size()));
-    TextPool names;
+    const auto count = static_cast<std::size_t>(m_songs.size());
+    m_prepared.reserve(count);
+    m_nameIds.reserve(count);
+    m_titles.reserve(count);
+    StringPool names;
+    names.reserve(count);
+
     QString lowered;
-    std::string normalized;
-    std::string artistAndTitle;
     std::string artist;
-    std::uint32_t artistNumber = 0;
+    std::string title;
+    std::string joined;
+    std::string name;
+    PreparedSong prepared;
     const QString *previousArtist = nullptr;
-    names.reserve(m_songs.capacity());
-    m_titles.reserve(m_songs.capacity());
-    for (const Song &song : songs) {
-        PreparedSong prepared;
+    for (const Song &song : m_songs) {
         prepared.duration = song.duration;
 
         // Neighbours in a folder are mostly by one artist.
@@ -58,42 +45,37 @@ PreparedSongs::PreparedSongs(const QList<Song> &songs)
             previousArtist = &song.artist;
             lowerInto(lowered, song.artist);
             normalizeLoweredInto(artist, lowered);
-            artistNumber = addArtist(artist);
+            prepared.artistId = m_artists.add(artist);
+            prepared.artistLength = static_cast<std::uint32_t>(artist.size());
+            prepared.artistBag = characterBag(artist);
         }
-        prepared.artistNumber = artistNumber;
-        artistAndTitle = artist;
 
         lowerInto(lowered, song.title);
-        prepared.title = outlineOf(lowered);
-        normalizeLoweredInto(normalized, lowered);
-        prepared.titleNumber = addTitle(normalized);
-        if (!artistAndTitle.empty() && !normalized.empty())
-            artistAndTitle += ' ';
-        artistAndTitle += normalized;
-        prepared.artistAndTitleLength = static_cast<std::uint32_t>(artistAndTitle.size());
-        prepared.bag = characterBag(artistAndTitle);
+        prepared.titleLength = static_cast<std::uint32_t>(lowered.size());
+        prepared.titleBigrams = bigramsOf(lowered);
+        normalizeLoweredInto(title, lowered);
+        prepared.titleId = addTitle(title);
+
+        joinInto(joined, artist, title);
+        prepared.fullLength = static_cast<std::uint32_t>(joined.size());
+        prepared.fullBag = characterBag(joined);
 
         lowerInto(lowered, song.name);
-        prepared.name = outlineOf(lowered);
-        normalizeLoweredInto(normalized, lowered);
-        prepared.nameNumber = names.add(normalized);
-        m_songs.push_back(prepared);
-    }
-}
+        prepared.nameLength = static_cast<std::uint32_t>(lowered.size());
+        prepared.nameBigrams = bigramsOf(lowered);
+        normalizeLoweredInto(name, lowered);
+        m_nameIds.push_back(names.add(name));
 
-std::uint32_t PreparedSongs::addArtist(std::string_view normalizedArtist)
-{
-    const std::uint32_t number = m_artists.add(normalizedArtist);
-    if (number == m_artistBags.size())
-        m_artistBags.push_back(characterBag(normalizedArtist));
-    return number;
+        m_prepared.push_back(prepared);
+        ++prepared.index;
+    }
 }
 
 std::uint32_t PreparedSongs::addTitle(std::string_view normalizedTitle)
 {
-    const std::uint32_t number = m_titles.add(normalizedTitle);
-    if (number < m_titleWordEnds.size())
-        return number;
+    const std::uint32_t id = m_titles.add(normalizedTitle);
+    if (id < m_titleWordEnds.size())
+        return id;
 
     const auto start = static_cast<std::ptrdiff_t>(m_titleWords.size());
     forEachWord(normalizedTitle, [this](std::string_view word) {
@@ -103,14 +85,41 @@ std::uint32_t PreparedSongs::addTitle(std::string_view normalizedTitle)
     std::sort(m_titleWords.begin() + start, m_titleWords.end());
     m_titleWords.erase(std::unique(m_titleWords.begin() + start, m_titleWords.end()), m_titleWords.end());
     m_titleWordEnds.push_back(m_titleWords.size());
-    return number;
+    return id;
 }
 
-std::span<const std::uint32_t> PreparedSongs::titleWords(const PreparedSong &song) const
+std::string_view PreparedSongs::artistOf(const PreparedSong &song) const
 {
-    const std::size_t end = m_titleWordEnds[song.titleNumber];
-    const std::size_t start = song.titleNumber == 0 ? 0 : m_titleWordEnds[song.titleNumber - 1];
+    return m_artists[song.artistId];
+}
+
+std::string PreparedSongs::fullTextOf(const PreparedSong &song) const
+{
+    std::string text;
+    joinInto(text, m_artists[song.artistId], m_titles[song.titleId]);
+    return text;
+}
+
+std::span<const std::uint32_t> PreparedSongs::titleWordsOf(const PreparedSong &song) const
+{
+    const std::size_t end = m_titleWordEnds[song.titleId];
+    const std::size_t start = song.titleId == 0 ? 0 : m_titleWordEnds[song.titleId - 1];
     return std::span(m_titleWords).subspan(start, end - start);
+}
+
+std::uint64_t bigramsOf(QStringView loweredText)
+{
+    // Multiplicative hashing (D. E. Knuth, "The Art of Computer Programming", volume 3, section 6.4).
+    constexpr std::uint32_t MULTIPLIER = 2654435769U;
+    constexpr int SIX_BITS = 32 - 6;
+    std::uint64_t bigrams = 0;
+    std::uint32_t pair = 0;
+    for (qsizetype i = 0; i < loweredText.size(); ++i) {
+        pair = pair << 16 | loweredText[i].unicode();
+        if (i > 0)
+            bigrams |= std::uint64_t{1} << (pair * MULTIPLIER >> SIX_BITS);
+    }
+    return bigrams;
 }
 
 } // namespace sonavo

@@ -11,10 +11,10 @@ AppDelegate::AppDelegate(DuplicateViewModel *viewModel, QObject *parent)
     : QObject(parent)
     , m_viewModel(viewModel)
 {
-    connect(qApp, &QCoreApplication::aboutToQuit, this, &AppDelegate::applicationWillTerminate);
+    connect(qGuiApp, &QGuiApplication::aboutToQuit, this, &AppDelegate::applicationWillTerminate);
     connect(qGuiApp, &QGuiApplication::applicationStateChanged, this, [this](Qt::ApplicationState state) {
         if (state == Qt::ApplicationSuspended)
-            cleanUp(m_viewModel);
+            clearSession();
     });
 }
 
@@ -26,15 +26,13 @@ void AppDelegate::applicationDidFinishLaunching()
 
 void AppDelegate::applicationWillTerminate()
 {
-    cleanUp(m_viewModel);
+    clearSession();
 }
 
-void AppDelegate::cleanUp(DuplicateViewModel *viewModel)
+void AppDelegate::clearSession()
 {
-    if (!viewModel)
-        return;
-    viewModel->stopPlayback();
-    viewModel->clearAll();
+    if (m_viewModel)
+        m_viewModel->clearAll();
 }
 
 } // namespace sonavo

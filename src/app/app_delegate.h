@@ -7,25 +7,23 @@ namespace sonavo {
 
 class DuplicateViewModel;
 
-/// Sees to it that nothing plays on and no scan runs on when the application ends. Main thread only.
+/// Clears the session when the application ends or is suspended. Needs a QGuiApplication. Main thread only.
 class AppDelegate : public QObject
 {
     Q_OBJECT
 
 public:
-    /// @param viewModel the session; may end earlier
+    /// @param viewModel may be destroyed earlier
     explicit AppDelegate(DuplicateViewModel *viewModel, QObject *parent = nullptr);
 
-    /// The desktop is not to start the application again with the next session.
+    /// Keeps the desktop from starting the application again with the user's next session.
     void applicationDidFinishLaunching();
-
-    /// The one clean-up of every way to an end; doing it twice does no harm.
-    static void cleanUp(DuplicateViewModel *viewModel);
-
-private:
     void applicationWillTerminate();
 
-    QPointer<DuplicateViewModel> m_viewModel;
+private:
+    void clearSession();
+
+    const QPointer<DuplicateViewModel> m_viewModel;
 };
 
 } // namespace sonavo

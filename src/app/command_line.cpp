@@ -42,14 +42,29 @@ std::optional<QString> decoded(const char *argument)
     return decoder.hasError() ? std::nullopt : std::optional(text);
 }
 
+/// Skips arguments that are not UTF-8, with a warning.
+QStringList decodedArguments(std::span<char *const> arguments, QStringList &warnings)
+{
+    QStringList texts{QStringLiteral("sonavo")}; // for the parser, which skips the program's name
+    for (const char *argument : arguments.subspan(std::min<std::size_t>(1, arguments.size()))) {
+        if (const std::optional<QString> text = decoded(argument)) {
+            texts.append(*text);
+        } else {
+            warnings.append(QStringLiteral("skipped, its name is not valid UTF-8: %1")
+                                .arg(escapedForTerminal(QString::fromUtf8(argument))));
+        }
+    }
+    return texts;
+}
+
 bool exists(const QString &path)
 {
     const QFileInfo info(path);
     return info.exists() || info.isSymLink();
 }
 
-/// The absolute form of a path, without "." and "..". Links stay as they are named, except before a "..":
-/// only the file system knows where that leads.
+/// The absolute form of a path, without "." and "..". Symbolic links are kept, except before a "..", which
+/// leads to the parent of the link's target.
 QUrl fileUrlOf(const QString &path)
 {
     std::error_code error;
@@ -68,16 +83,7 @@ QUrl fileUrlOf(const QString &path)
 CommandLine parseCommandLine(std::span<char *const> arguments)
 {
     CommandLine commandLine;
-    // The parser passes over the first text, the program's name.
-    QStringList texts{QStringLiteral("sonavo")};
-    for (const char *argument : arguments.subspan(std::min<std::size_t>(1, arguments.size()))) {
-        if (const std::optional<QString> text = decoded(argument)) {
-            texts.append(*text);
-        } else {
-            commandLine.warnings.append(QStringLiteral("skipped, its name is not valid UTF-8: %1")
-                                            .arg(escapedForTerminal(QString::fromUtf8(argument))));
-        }
-    }
+    const QStringList texts = decodedArguments(arguments, commandLine.warnings);
 
     QCommandLineParser parser;
     const QCommandLineOption help(QStringList{QStringLiteral("h"), QStringLiteral("help")});

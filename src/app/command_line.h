@@ -12,7 +12,7 @@
 
 namespace sonavo {
 
-/// Print the duplicates among these files and folders.
+/// Print a report on the duplicates among files and folders.
 struct ReportRequest
 {
     /// File URLs with absolute paths.
@@ -23,31 +23,32 @@ struct ReportRequest
 /// Open the window.
 struct WindowRequest
 {
-    /// File URLs with absolute paths, to be imported at once; may be empty.
+    /// File URLs with absolute paths, to import at once; may be empty.
     QList<QUrl> items;
 };
 
-/// Print a text that was asked for, the help or the version, and end the program.
+/// Print the help or the version.
 struct TextRequest
 {
     QString text;
 };
 
-/// The arguments make no sense; the text says why.
+/// The arguments are invalid.
 struct UnusableArguments
 {
+    /// The reason, for the user.
     QString text;
 };
 
 struct CommandLine
 {
     std::variant<WindowRequest, ReportRequest, TextRequest, UnusableArguments> request;
-    /// What was passed over, in words for the person.
+    /// What was skipped, for the user.
     QStringList warnings;
 };
 
-/// Reads the arguments of the program. Looks at the disk to see which paths exist.
-/// @param arguments as main() gets them, the program's name first
+/// Parses the program's arguments. Checks on the disk which paths exist, so it can block.
+/// @param arguments as passed to main(), the program's name first
 [[nodiscard]] CommandLine parseCommandLine(std::span<char *const> arguments);
 
 } // namespace sonavo

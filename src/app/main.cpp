@@ -1,7 +1,7 @@
 #include "app/command_line.h"
 #include "app/process_exit.h"
+#include "app/run_window.h"
 #include "app/utf8_locale.h"
-#include "app/window_command.h"
 #include "report/print_report.h"
 
 #include <QCoreApplication>

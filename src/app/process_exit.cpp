@@ -15,7 +15,7 @@
 namespace sonavo {
 namespace {
 
-// A signal handler may do little more than write to a pipe.
+// Handlers may call only async-signal-safe functions, so they wake the event loop through a pipe.
 std::array<int, 2> signalPipe{-1, -1};
 
 constexpr std::array SIGNALS{SIGTERM, SIGINT};
@@ -44,9 +44,8 @@ extern "C" void exitForced(int)
     ::_exit(forcedStatus);
 }
 
-/// Installs a handler unless the signal is ignored: a program that is started in the background may be meant
-/// to ignore what interrupts the foreground.
-/// @return the action before
+/// Installs a handler unless the signal is ignored, as shells do for programs in the background.
+/// @return the previous action
 struct sigaction handleUnlessIgnored(int signal, const struct sigaction &action)
 {
     struct sigaction previous = {};

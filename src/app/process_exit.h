@@ -6,7 +6,7 @@
 
 namespace sonavo {
 
-/// The exit statuses of the program.
+/// The program's exit statuses, as --help lists them.
 enum class ExitStatus : int
 {
     Success = 0,
@@ -16,8 +16,8 @@ enum class ExitStatus : int
     Interrupted = 130,
 };
 
-/// Makes SIGTERM and SIGINT quit the application in its ordinary way, through the event loop. A signal that
-/// the caller has ignored stays ignored. One at a time; main thread only.
+/// Makes SIGTERM and SIGINT quit the application through the event loop. Signals that the parent process set
+/// to be ignored stay ignored. At most one instance at a time; main thread only.
 class QuitOnSignal : public QObject
 {
     Q_OBJECT
@@ -29,13 +29,13 @@ public:
     Q_DISABLE_COPY_MOVE(QuitOnSignal)
 };
 
-/// Makes Ctrl-C (SIGINT) erase the progress line and end the process at once with ExitStatus::Interrupted: a
-/// report changes nothing that would have to be put in order. Where the caller ignores SIGINT, it stays
-/// ignored.
+/// Makes SIGINT (Ctrl-C) erase the progress line and end the process at once with ExitStatus::Interrupted,
+/// which is safe for a report since it changes nothing. SIGINT stays ignored if the parent process set it so.
 void exitAtOnceOnInterrupt();
 
-/// Ends the process with `status` after `grace`, unless it has ended by then. To be called once, when all
-/// work is done: destructors may still wait for a disk, a message bus or a sound server that hangs.
+/// Ends the process with `status` after `grace`, unless it has ended by then: destructors may still wait for
+/// a disk, a message bus or a sound server that hangs. To be called once, when all work is done.
+/// @param grace at least 1 s
 void forceExitAfter(std::chrono::seconds grace, ExitStatus status);
 
 } // namespace sonavo

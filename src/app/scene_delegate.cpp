@@ -1,6 +1,5 @@
 #include "app/scene_delegate.h"
 
-#include "app/app_delegate.h"
 #include "session/duplicate_view_model.h"
 
 #include <QEvent>
@@ -14,8 +13,8 @@ SceneDelegate::SceneDelegate(DuplicateViewModel *viewModel, QObject *parent)
 
 bool SceneDelegate::eventFilter(QObject *watched, QEvent *event)
 {
-    if (event->type() == QEvent::Close)
-        AppDelegate::cleanUp(m_viewModel);
+    if (event->type() == QEvent::Close && m_viewModel)
+        m_viewModel->clearAll();
     return QObject::eventFilter(watched, event);
 }
 

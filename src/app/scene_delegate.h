@@ -7,19 +7,19 @@ namespace sonavo {
 
 class DuplicateViewModel;
 
-/// Watches the main window: its closing ends the session. Main thread only.
+/// Event filter of the main window: clears the session when the window is closed. Main thread only.
 class SceneDelegate : public QObject
 {
     Q_OBJECT
 
 public:
-    /// @param viewModel the session; may end earlier
+    /// @param viewModel may be destroyed earlier
     explicit SceneDelegate(DuplicateViewModel *viewModel, QObject *parent = nullptr);
 
     bool eventFilter(QObject *watched, QEvent *event) override;
 
 private:
-    QPointer<DuplicateViewModel> m_viewModel;
+    const QPointer<DuplicateViewModel> m_viewModel;
 };
 
 } // namespace sonavo

@@ -3,12 +3,9 @@
 #include "session/event_loop_pauses.h"
 #include "theme/palette.h"
 #include "theme/theme_manager.h"
+#include "ui/main_window.h"
 
-#include <QVariant>
-#include <QtQml/qqmlextensionplugin.h>
-
-// The views are linked in; this makes them known.
-Q_IMPORT_QML_PLUGIN(SonavoPlugin)
+#include <QQuickWindow>
 
 namespace sonavo {
 
@@ -24,16 +21,10 @@ SonavoApp::~SonavoApp() = default;
 bool SonavoApp::launch(const QList<QUrl> &items)
 {
     m_appDelegate.applicationDidFinishLaunching();
-    m_engine.addImportPath(QStringLiteral(":/qt/qml"));
-    m_engine.setInitialProperties({
-        {QStringLiteral("viewModel"), QVariant::fromValue(&m_viewModel)},
-        {QStringLiteral("themeManager"), QVariant::fromValue(ThemeManager::shared())},
-    });
-    m_engine.load(QUrl(QStringLiteral("qrc:/qt/qml/Sonavo/MainWindow.qml")));
-    if (m_engine.rootObjects().isEmpty())
+    QQuickWindow *window = loadMainWindow(m_engine, m_viewModel, *ThemeManager::shared());
+    if (!window)
         return false;
-    m_engine.rootObjects().first()->installEventFilter(&m_sceneDelegate);
-    ThemeManager::shared()->applyTheme();
+    window->installEventFilter(&m_sceneDelegate);
     if (!items.isEmpty())
         m_viewModel.importChosenItems(items);
     return true;

@@ -11,7 +11,7 @@
 
 namespace sonavo {
 
-/// The application with its window: one session and one theme for the whole run. Needs a QApplication. Main
+/// The application: one window, one session and one theme for the whole run. Needs a QApplication. Main
 /// thread only.
 class SonavoApp
 {
@@ -21,8 +21,8 @@ public:
     Q_DISABLE_COPY_MOVE(SonavoApp)
 
     /// Opens the window.
-    /// @param items file URLs, imported at once as if they had been chosen; may be empty
-    /// @return whether there is a window now
+    /// @param items file URLs, imported at once as if the user had chosen them; may be empty
+    /// @return whether the window could be opened
     [[nodiscard]] bool launch(const QList<QUrl> &items);
 
 private:
@@ -30,7 +30,7 @@ private:
     DuplicateViewModel m_viewModel;
     AppDelegate m_appDelegate;
     SceneDelegate m_sceneDelegate;
-    // Last, so that the views are gone before what they show.
+    // Last, so that the views are destroyed before what they show.
     QQmlApplicationEngine m_engine;
 };
 

@@ -2,8 +2,8 @@
 
 namespace sonavo {
 
-/// Takes over the person's locale, but with texts in UTF-8: so are the names of files, and Qt complains about
-/// anything else. To be called before there are threads and before the application object.
+/// Sets the user's locale, or C.UTF-8 where its encoding is not UTF-8: Qt warns about any other, and file
+/// names are UTF-8. To be called before any thread is started and before the application object is created.
 void useUtf8Locale();
 
 } // namespace sonavo

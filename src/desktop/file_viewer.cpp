@@ -26,19 +26,19 @@ QDBusMessage showItemsMessage(const QUrl &file)
     return message;
 }
 
-/// Joining the bus waits for its answer, which may never come: a destructor would wait with it. Only the
-/// first time, then the connection is kept for all.
-QThreadPool &joiningThread()
+/// Connecting to the bus waits for its answer, which may never come, and a pool's destructor would wait with
+/// it: this one is never deleted. One thread is enough, since sessionBus() keeps its connection.
+QThreadPool &connectPool()
 {
-    static QThreadPool *const thread = [] {
-        auto *pool = new QThreadPool;
-        pool->setMaxThreadCount(1);
-        return pool;
+    static QThreadPool *const pool = [] {
+        auto *newPool = new QThreadPool;
+        newPool->setMaxThreadCount(1);
+        return newPool;
     }();
-    return *thread;
+    return *pool;
 }
 
-/// One file to be shown; deletes itself when that is settled.
+/// A request to show one file; deletes itself when it is finished.
 class ShowRequest : public QObject
 {
 public:
@@ -47,49 +47,57 @@ public:
         , m_path(QFileInfo(path).absoluteFilePath())
     {}
 
-    void start(std::chrono::milliseconds patience)
+    void start(std::chrono::milliseconds timeout)
     {
-        QTimer::singleShot(patience, this, [this] { settle(false); });
-        connect(&m_bus, &QFutureWatcherBase::finished, this, [this] { ask(m_bus.result()); });
-        m_bus.setFuture(QtConcurrent::run(&joiningThread(), &QDBusConnection::sessionBus));
+        QTimer::singleShot(timeout, this, [this] { fallBack(); });
+        connect(&m_connection, &QFutureWatcherBase::finished, this, [this] { send(m_connection.result()); });
+        m_connection.setFuture(QtConcurrent::run(&connectPool(), &QDBusConnection::sessionBus));
     }
 
 private:
-    void ask(const QDBusConnection &bus)
+    void send(const QDBusConnection &bus)
     {
         const QDBusPendingCall call = bus.asyncCall(showItemsMessage(QUrl::fromLocalFile(m_path)));
-        if (call.isError()) { // without a bus there is nothing to watch
-            settle(false);
+        if (call.isError()) { // not connected: a watcher would never finish
+            fallBack();
             return;
         }
-        const auto *answer = new QDBusPendingCallWatcher(call, this);
-        connect(answer, &QDBusPendingCallWatcher::finished, this,
-                [this, answer] { settle(!answer->isError()); });
+        const auto *reply = new QDBusPendingCallWatcher(call, this);
+        connect(reply, &QDBusPendingCallWatcher::finished, this, [this, reply] {
+            if (reply->isError())
+                fallBack();
+            else
+                finish();
+        });
     }
 
-    void settle(bool isShown)
+    void fallBack()
     {
-        if (std::exchange(m_isSettled, true))
-            return;
-        if (!isShown)
+        if (finish())
             QDesktopServices::openUrl(QUrl::fromLocalFile(QFileInfo(m_path).path()));
+    }
+
+    /// @return false if the request was finished before
+    bool finish()
+    {
         deleteLater();
+        return !std::exchange(m_isFinished, true);
     }
 
     const QString m_path;
-    QFutureWatcher<QDBusConnection> m_bus;
-    bool m_isSettled = false;
+    QFutureWatcher<QDBusConnection> m_connection;
+    bool m_isFinished = false;
 };
 
 } // namespace
 
-FileViewer::FileViewer(std::chrono::milliseconds patience)
-    : m_patience(patience)
+FileViewer::FileViewer(std::chrono::milliseconds timeout)
+    : m_timeout(timeout)
 {}
 
 void FileViewer::show(const QString &path)
 {
-    (new ShowRequest(path, this))->start(m_patience);
+    (new ShowRequest(path, this))->start(m_timeout);
 }
 
 } // namespace sonavo

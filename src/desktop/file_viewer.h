@@ -6,20 +6,21 @@
 
 namespace sonavo {
 
-/// Asks the system's file viewer (org.freedesktop.FileManager1 on the session bus) to show files; where none
-/// does so, their folder is opened by whatever opens folders. Main thread only.
+/// Shows files in the system's file manager (org.freedesktop.FileManager1 on the session bus). If that fails
+/// or does not answer in time, the file's folder is opened by the default application instead. Main thread
+/// only.
 class FileViewer : public QObject
 {
 public:
-    /// @param patience for how long an answer is waited for before the folder is opened
-    explicit FileViewer(std::chrono::milliseconds patience = std::chrono::seconds(5));
+    /// @param timeout from the call of show() to the fallback
+    explicit FileViewer(std::chrono::milliseconds timeout = std::chrono::seconds(5));
 
-    /// Shows a file, selected. Returns at once; what happens afterwards takes the event loop, and ends with
-    /// this.
+    /// Shows a file, selected in its folder. Returns at once and needs the event loop afterwards; requests
+    /// that are still pending end with this object.
     void show(const QString &path);
 
 private:
-    std::chrono::milliseconds m_patience;
+    std::chrono::milliseconds m_timeout;
 };
 
 } // namespace sonavo

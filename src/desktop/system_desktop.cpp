@@ -1,8 +1,7 @@
 #include "desktop/system_desktop.h"
 
-#include "actions/trash.h"
-#include "desktop/media_preview_player.h"
-#include "desktop/music_dialog.h"
+#include "desktop/file_dialogs.h"
+#include "desktop/gst_preview_player.h"
 
 #include <QClipboard>
 #include <QGuiApplication>
@@ -11,17 +10,12 @@ namespace sonavo {
 
 QList<QUrl> SystemDesktop::chooseMusic()
 {
-    return askForMusic(m_musicFolder);
+    return runMusicDialog(m_musicFolder);
 }
 
 QString SystemDesktop::chooseFolder(const QString &message, const QString &prompt)
 {
-    return askForFolder(message, prompt, m_chosenFolder);
-}
-
-std::optional<Failure> SystemDesktop::moveToTrash(const QString &path)
-{
-    return sonavo::moveToTrash(path);
+    return runFolderDialog(message, prompt, m_chosenFolder);
 }
 
 void SystemDesktop::copyToClipboard(const QString &text)
@@ -36,7 +30,7 @@ void SystemDesktop::showInFileViewer(const QString &path)
 
 std::unique_ptr<PreviewPlayer> SystemDesktop::openPreview(const QString &path)
 {
-    return std::make_unique<MediaPreviewPlayer>(path);
+    return std::make_unique<GstPreviewPlayer>(path);
 }
 
 } // namespace sonavo

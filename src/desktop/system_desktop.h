@@ -5,13 +5,12 @@
 
 namespace sonavo {
 
-/// The desktop that the person sits at. Needs a QApplication.
+/// The user's real desktop. Needs a QApplication; main thread only.
 class SystemDesktop final : public Desktop
 {
 public:
     [[nodiscard]] QList<QUrl> chooseMusic() override;
     [[nodiscard]] QString chooseFolder(const QString &message, const QString &prompt) override;
-    [[nodiscard]] std::optional<Failure> moveToTrash(const QString &path) override;
     void copyToClipboard(const QString &text) override;
     void showInFileViewer(const QString &path) override;
     [[nodiscard]] std::unique_ptr<PreviewPlayer> openPreview(const QString &path) override;

@@ -9,8 +9,8 @@
 namespace sonavo {
 namespace {
 
-constexpr std::size_t SAMPLED_ENTRIES = 101;
-constexpr qint64 EXTRAPOLATION = 10;
+constexpr std::size_t MAX_SAMPLED_ENTRIES = 101;
+constexpr qint64 EXTRAPOLATION_FACTOR = 10;
 
 QString localPath(const QUrl &url)
 {
@@ -25,9 +25,9 @@ bool isFolder(const QString &path)
     return QFileInfo(path).isDir();
 }
 
-qint64 songsNamedBy(const QString &path)
+bool hasAudioExtension(const QString &path)
 {
-    return audioFormatOf(path) ? 1 : 0;
+    return audioFormatOf(path).has_value();
 }
 
 } // namespace
@@ -35,17 +35,17 @@ qint64 songsNamedBy(const QString &path)
 QStringList discoverAudioFiles(const QList<QUrl> &urls, const std::stop_token &stop)
 {
     QStringList files;
-    const auto takeIfAudio = [&](const QString &path) {
-        if (audioFormatOf(path))
+    const auto addIfAudio = [&](const QString &path) {
+        if (hasAudioExtension(path))
             files.append(path);
         return !stop.stop_requested();
     };
     for (const QUrl &url : urls) {
         const QString path = localPath(url);
         if (isFolder(path))
-            enumerateFolder(path, {}, takeIfAudio);
+            enumerateFolder(path, {}, addIfAudio);
         else
-            takeIfAudio(path);
+            addIfAudio(path);
         if (stop.stop_requested())
             break;
     }
@@ -55,7 +55,7 @@ QStringList discoverAudioFiles(const QList<QUrl> &urls, const std::stop_token &s
 bool isImportable(const QUrl &url)
 {
     const QString path = localPath(url);
-    return isFolder(path) || audioFormatOf(path).has_value();
+    return isFolder(path) || hasAudioExtension(path);
 }
 
 qint64 estimateSongCount(const QList<QUrl> &urls)
@@ -64,17 +64,17 @@ qint64 estimateSongCount(const QList<QUrl> &urls)
     for (const QUrl &url : urls) {
         const QString path = localPath(url);
         if (!isFolder(path)) {
-            count = saturatingSum(count, songsNamedBy(path));
+            count = saturatingSum(count, hasAudioExtension(path) ? 1 : 0);
             continue;
         }
         std::size_t entries = 0;
-        enumerateFolder(path, {FolderEnumeration::Packages::Enter, SAMPLED_ENTRIES},
+        enumerateFolder(path, {EnumerationOptions::Packages::Enter, MAX_SAMPLED_ENTRIES},
                         [&](const QString &entry) {
-                            count = saturatingSum(count, songsNamedBy(entry));
-                            return ++entries < SAMPLED_ENTRIES;
+                            count = saturatingSum(count, hasAudioExtension(entry) ? 1 : 0);
+                            return ++entries < MAX_SAMPLED_ENTRIES;
                         });
-        if (entries == SAMPLED_ENTRIES)
-            count = saturatingProduct(count, EXTRAPOLATION);
+        if (entries == MAX_SAMPLED_ENTRIES)
+            count = saturatingProduct(count, EXTRAPOLATION_FACTOR);
     }
     return count;
 }

@@ -7,14 +7,15 @@
 namespace sonavo {
 namespace {
 
-std::atomic<int> leftBehind = 0;
+/// Threads that are abandoned and replaced now.
+std::atomic<int> abandonedThreads = 0;
 
-QThreadPool *startThreads()
+QThreadPool *createPool()
 {
     qAddPostRoutine([] {
         // What was asked to stop ends with its next read, unless that one hangs.
-        constexpr int PATIENCE_MS = 1000;
-        diskThreads().waitForDone(PATIENCE_MS);
+        constexpr int TIMEOUT_MS = 1000;
+        diskThreads().waitForDone(TIMEOUT_MS);
     });
     return new QThreadPool;
 }
@@ -23,36 +24,36 @@ QThreadPool *startThreads()
 
 QThreadPool &diskThreads()
 {
-    // Its destructor would wait for every thread.
-    static QThreadPool *const threads = startThreads();
-    return *threads;
+    // Leaked: its destructor would wait for every thread.
+    static QThreadPool *const pool = createPool();
+    return *pool;
 }
 
-void DiskTaskState::begin()
+void DiskTaskState::start()
 {
     const std::lock_guard lock(m_mutex);
     m_hasThread = true;
 }
 
-bool DiskTaskState::end()
+bool DiskTaskState::finish()
 {
     const std::lock_guard lock(m_mutex);
     m_hasThread = false;
-    if (m_hasSuccessor) {
-        --leftBehind;
+    if (m_isThreadReplaced) {
+        --abandonedThreads;
         diskThreads().reserveThread();
     }
     return !std::exchange(m_isSettled, true);
 }
 
-bool DiskTaskState::leave()
+bool DiskTaskState::abandon()
 {
     const std::lock_guard lock(m_mutex);
     if (std::exchange(m_isSettled, true))
         return false;
-    m_hasSuccessor = m_hasThread && canHaveSuccessor();
-    if (m_hasSuccessor) {
-        ++leftBehind;
+    m_isThreadReplaced = m_hasThread && canReplaceThread();
+    if (m_isThreadReplaced) {
+        ++abandonedThreads;
         diskThreads().releaseThread();
     }
     return true;
@@ -64,9 +65,9 @@ bool DiskTaskState::isRunning() const
     return m_hasThread && !m_isSettled;
 }
 
-bool DiskTaskState::canHaveSuccessor()
+bool DiskTaskState::canReplaceThread()
 {
-    return leftBehind < MOST_LEFT_BEHIND;
+    return abandonedThreads < MAX_ABANDONED_THREADS;
 }
 
 } // namespace sonavo

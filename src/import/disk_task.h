@@ -12,31 +12,34 @@
 
 namespace sonavo {
 
-/// The threads that wait for disks, as many as there are cores. A read can hang in the kernel, where nothing
-/// ends it: such a thread is left behind, and another one takes its place. They are never destroyed; the end
-/// of the application waits a second for them, no longer. Any thread may call it.
+/// The thread pool for work that waits for disks, with as many threads as there are cores. A read can hang in
+/// the kernel, where nothing can end it: its thread is abandoned, and the pool starts another one in its
+/// place. The pool is never destroyed; at the end of the application its threads get a second to finish.
+/// Any thread may call it.
 [[nodiscard]] QThreadPool &diskThreads();
 
-/// How far a task came; decides who settles it.
+/// The life of a DiskTask: decides whether its thread or its owner sets the result, and replaces threads that
+/// are abandoned. Any thread may call it.
 class DiskTaskState
 {
 public:
-    /// Threads that can have a successor at a time. With more of them hanging, their disks are waited for.
-    static constexpr int MOST_LEFT_BEHIND = 32;
+    /// The most abandoned threads that are replaced at a time. When that many hang, further ones keep their
+    /// place in the pool until their disks answer.
+    static constexpr int MAX_ABANDONED_THREADS = 32;
 
-    /// A thread begins with the task.
-    void begin();
+    /// A thread starts to work at the task.
+    void start();
     /// The thread has a result.
-    /// @return whether it is still wanted
-    [[nodiscard]] bool end();
-    /// The result is no longer waited for; a thread that works at it gets a successor.
-    /// @return whether the task had not been settled before
-    [[nodiscard]] bool leave();
+    /// @return whether it is to be set: nobody has abandoned the task
+    [[nodiscard]] bool finish();
+    /// The owner gives up waiting; a thread that works at the task is replaced.
+    /// @return whether the owner is to set the result: the task has not finished before
+    [[nodiscard]] bool abandon();
 
-    /// Whether a thread works at a result that is wanted.
+    /// Whether a thread works at the task, and it has not been abandoned.
     [[nodiscard]] bool isRunning() const;
-    /// Whether a thread that is left behind now would get a successor.
-    [[nodiscard]] static bool canHaveSuccessor();
+    /// Whether a thread that is abandoned now would be replaced.
+    [[nodiscard]] static bool canReplaceThread();
 
     std::stop_source stop;
 
@@ -44,51 +47,52 @@ private:
     mutable std::mutex m_mutex;
     bool m_hasThread = false;
     bool m_isSettled = false;
-    bool m_hasSuccessor = false;
+    bool m_isThreadReplaced = false;
 };
 
-/// Work that waits for the disk, done by one of diskThreads(). Destroying it asks the work to stop and leaves
-/// it behind. Used from one thread.
-/// @tparam T what the work gives; T() stands for nothing
+/// Work that waits for the disk, done by one of diskThreads(). Destroying it asks the work to stop and
+/// abandons it. Used from one thread.
+/// @tparam T the result; a default-constructed one stands for no result
 template <typename T>
 class DiskTask
 {
 public:
+    /// @param work runs on another thread, possibly longer than the task exists; must not throw
     explicit DiskTask(std::function<T(const std::stop_token &stop)> work)
     {
         m_shared->promise.start();
         diskThreads().start([shared = m_shared, work = std::move(work)] {
-            shared->state.begin();
+            shared->state.start();
             T result = work(shared->state.stop.get_token());
-            if (shared->state.end())
-                shared->settle(std::move(result));
+            if (shared->state.finish())
+                shared->setResult(std::move(result));
         });
     }
-    ~DiskTask() { settle(T()); }
+    ~DiskTask() { abandon(T()); }
     Q_DISABLE_COPY_MOVE(DiskTask)
 
-    /// Finishes with what the work gives, or what it was settled with.
+    /// Finishes with the result of the work, or the one that the task was abandoned with.
     [[nodiscard]] QFuture<T> result() const { return m_shared->promise.future(); }
 
     /// Whether a thread works at it.
     [[nodiscard]] bool isRunning() const { return m_shared->state.isRunning(); }
 
-    /// Asks the work to stop and goes on without it, whatever it waits for; unless there is a result already.
-    /// @return whether `result` is the result
-    bool settle(T result)
+    /// Finishes at once with the given result, unless there is one already, and asks the work to stop.
+    /// @return whether the given result was taken
+    bool abandon(T result)
     {
-        // Stopped first, the work could still end in time, with a result that lacks what it was stopped in.
-        const bool isFirst = m_shared->state.leave();
+        // Stopped first, the work could still finish in time, with what it had when it was stopped.
+        const bool isAbandoned = m_shared->state.abandon();
         m_shared->state.stop.request_stop();
-        if (isFirst)
-            m_shared->settle(std::move(result));
-        return isFirst;
+        if (isAbandoned)
+            m_shared->setResult(std::move(result));
+        return isAbandoned;
     }
 
 private:
     struct Shared
     {
-        void settle(T result)
+        void setResult(T result)
         {
             promise.addResult(std::move(result));
             promise.finish();

@@ -25,16 +25,16 @@ struct Entry
     bool isFolder;
 };
 
-/// What is left to visit of one folder.
-struct Listing
+/// A folder whose entries are being visited.
+struct OpenFolder
 {
-    QString folder;
+    QString path;
     std::vector<Entry> entries;
+    /// Index of the next entry.
     std::size_t next = 0;
 };
 
-/// Folders that desktops show as one document and that turn up in music collections: music projects and
-/// libraries, plug-ins, and applications beside them.
+/// Extensions of the packages that music collections contain: projects, libraries, plug-ins, applications.
 bool isPackage(const QString &folder)
 {
     static constexpr std::array<QStringView, 14> EXTENSIONS{
@@ -47,7 +47,7 @@ bool isPackage(const QString &folder)
     });
 }
 
-/// The text of a file name, or a null text when its bytes are not valid UTF-8: no text could name that file.
+/// A file name as text, null when its bytes are not valid UTF-8: no text would lead back to that file.
 QString decodedName(const std::string &name)
 {
     QStringDecoder decoder(QStringDecoder::Utf8, QStringConverter::Flag::ConvertInitialBom);
@@ -55,23 +55,23 @@ QString decodedName(const std::string &name)
     return decoder.hasError() ? QString() : text;
 }
 
-Listing listingOf(const QString &folder, std::size_t maxEntries)
+OpenFolder openFolder(const QString &path, std::size_t maxEntries)
 {
-    Listing listing{folder, {}};
+    OpenFolder folder{path, {}};
     std::error_code error;
-    fs::directory_iterator entry(QFile::encodeName(folder).toStdString(), error);
-    for (; !error && entry != fs::directory_iterator() && listing.entries.size() < maxEntries;
+    fs::directory_iterator entry(QFile::encodeName(path).toStdString(), error);
+    for (; !error && entry != fs::directory_iterator() && folder.entries.size() < maxEntries;
          entry.increment(error)) {
         std::string name = entry->path().filename().native();
         if (name.starts_with('.'))
             continue;
         std::error_code unreadable;
         const bool isFolder = !entry->is_symlink(unreadable) && entry->is_directory(unreadable);
-        listing.entries.push_back({std::move(name), isFolder});
+        folder.entries.push_back({std::move(name), isFolder});
     }
-    std::sort(listing.entries.begin(), listing.entries.end(),
+    std::sort(folder.entries.begin(), folder.entries.end(),
               [](const Entry &a, const Entry &b) { return a.name < b.name; });
-    return listing;
+    return folder;
 }
 
 QString pathInFolder(const QString &folder, const QString &name)
@@ -81,27 +81,27 @@ QString pathInFolder(const QString &folder, const QString &name)
 
 } // namespace
 
-void enumerateFolder(const QString &folder, const FolderEnumeration &options,
+void enumerateFolder(const QString &folder, const EnumerationOptions &options,
                      const std::function<bool(const QString &path)> &visit)
 {
-    // A stack of its own: the depth of a folder tree is not ours to trust.
-    std::vector<Listing> stack;
-    stack.push_back(listingOf(folder, options.entriesPerFolder));
+    // An explicit stack: folders can be nested deeper than recursion could follow.
+    std::vector<OpenFolder> stack;
+    stack.push_back(openFolder(folder, options.maxEntriesPerFolder));
     while (!stack.empty()) {
-        Listing &listing = stack.back();
-        if (listing.next == listing.entries.size()) {
+        OpenFolder &current = stack.back();
+        if (current.next == current.entries.size()) {
             stack.pop_back();
             continue;
         }
-        const Entry &entry = listing.entries[listing.next++];
+        const Entry &entry = current.entries[current.next++];
         const QString name = decodedName(entry.name);
         if (name.isNull())
             continue;
-        const QString path = pathInFolder(listing.folder, name);
+        const QString path = pathInFolder(current.path, name);
         if (!visit(path))
             return;
-        if (entry.isFolder && (options.packages == FolderEnumeration::Packages::Enter || !isPackage(path)))
-            stack.push_back(listingOf(path, options.entriesPerFolder));
+        if (entry.isFolder && (options.packages == EnumerationOptions::Packages::Enter || !isPackage(path)))
+            stack.push_back(openFolder(path, options.maxEntriesPerFolder));
     }
 }
 

@@ -2,31 +2,24 @@
 
 #include "import/disk_task.h"
 
-#include <QCoroFuture>
-
 #include <algorithm>
 #include <mutex>
 
 namespace sonavo {
 namespace {
 
-/// Files of one task of the threads: a small file is read so fast that a task for each would cost
-/// too much beside it.
+/// Files of one task: a small file is read so fast that a task for each would cost more than its reading.
 constexpr qsizetype FILES_PER_BATCH = 20;
-/// Enough that all cores have work through a pause, little enough to be of no account in memory.
-constexpr std::size_t MOST_BATCHES = 40;
+/// Enough that all cores have work through a pause, few enough that their results take little memory.
+constexpr std::size_t MAX_BATCHES = 40;
 
-constexpr qint64 FILES_PER_REPORT = 50;
-constexpr qint64 FILES_PER_PAUSE = 200;
-constexpr std::chrono::milliseconds PAUSE{10};
-
-/// How often it is looked whether the disks answer, for each span of patience. Not measured by a clock, which
-/// goes on when the computer sleeps or the program is halted.
-constexpr int LOOKS = 5;
+/// Checks for progress in the span of a timeout. Checks are counted instead of measuring time, which goes on
+/// while the computer sleeps or the program is suspended.
+constexpr int CHECKS_PER_TIMEOUT = 5;
 
 } // namespace
 
-/// Files that one thread reads one after the other.
+/// Consecutive files that one task reads one after the other.
 class SongReadAhead::Batch
 {
 public:
@@ -37,77 +30,78 @@ public:
         })
     {}
 
-    [[nodiscard]] QFuture<Facts> facts() const { return m_task.result(); }
-    void end() { m_task.settle({}); }
+    [[nodiscard]] QFuture<Results> results() const { return m_task.result(); }
+    /// Finishes without results.
+    void abandon() { m_task.abandon({}); }
 
-    /// To be called now and then.
-    /// @return whether the disk has not answered for the last so many calls
-    [[nodiscard]] bool hangs(int calls)
+    /// To be called at regular intervals.
+    /// @return whether no read has returned during the last `checks` calls
+    [[nodiscard]] bool isHanging(int checks)
     {
-        const quint64 answers = m_reading->answers;
-        const bool isStill = m_task.isRunning() && answers == m_lastAnswers;
-        m_lastAnswers = answers;
-        m_stillCalls = isStill ? m_stillCalls + 1 : 0;
-        return m_stillCalls >= calls;
+        const quint64 reads = m_reading->reads;
+        const bool isStalled = m_task.isRunning() && reads == m_lastReads;
+        m_lastReads = reads;
+        m_stalledChecks = isStalled ? m_stalledChecks + 1 : 0;
+        return m_stalledChecks >= checks;
     }
 
-    /// Ends with the files that are read and the one that hangs, which counts as unreadable.
-    /// @return the files that are left; nothing when the disk came back just now
-    [[nodiscard]] QStringList giveUp()
+    /// Finishes with the files that are read and the one that hangs, which counts as unreadable.
+    /// @return the files after it; empty when the read returned just now
+    [[nodiscard]] QStringList abandonHangingFile()
     {
-        Facts facts = m_reading->factsSoFar();
-        if (facts.size() == m_files.size())
+        Results results = m_reading->resultsSoFar();
+        if (results.size() == m_files.size())
             return {};
-        facts.append(std::nullopt);
-        const qsizetype done = facts.size();
-        return m_task.settle(std::move(facts)) ? m_files.mid(done) : QStringList();
+        results.append(std::nullopt);
+        const qsizetype done = results.size();
+        return m_task.abandon(std::move(results)) ? m_files.mid(done) : QStringList();
     }
 
 private:
-    /// What the thread that reads and the one that watches share.
+    /// Shared by the thread that reads and the one that checks for progress.
     struct Reading
     {
-        Facts readAll(const QStringList &files, const std::stop_token &stop)
+        Results readAll(const QStringList &files, const std::stop_token &stop)
         {
             for (const QString &file : files) {
                 if (stop.stop_requested())
                     break;
-                const std::optional<FileFacts> read = readFacts(file, stop, &answers);
+                const std::optional<AudioFileInfo> info = readAudioFile(file, stop, &reads);
                 const std::lock_guard lock(mutex);
-                facts.append(read);
-                ++answers;
+                results.append(info);
+                ++reads;
             }
-            return factsSoFar();
+            return resultsSoFar();
         }
 
-        Facts factsSoFar()
+        Results resultsSoFar()
         {
             const std::lock_guard lock(mutex);
-            return facts;
+            return results;
         }
 
         std::mutex mutex;
-        Facts facts;
-        ReadingProgress answers = 0;
+        Results results;
+        ReadCounter reads = 0;
     };
 
     const QStringList m_files;
     const std::shared_ptr<Reading> m_reading = std::make_shared<Reading>();
-    DiskTask<Facts> m_task;
-    quint64 m_lastAnswers = 0;
-    int m_stillCalls = 0;
+    DiskTask<Results> m_task;
+    quint64 m_lastReads = 0;
+    int m_stalledChecks = 0;
 };
 
-SongReadAhead::SongReadAhead(QStringList files, std::stop_token stop, std::chrono::milliseconds patience)
+SongReadAhead::SongReadAhead(QStringList files, std::stop_token stop, std::chrono::milliseconds timeout)
     : m_files(std::move(files))
     , m_stop(std::move(stop))
-    , m_endWithCaller(m_stop, [this] {
+    , m_onStop(m_stop, [this] {
         for (Batch &batch : m_batches)
-            batch.end();
+            batch.abandon();
     })
 {
-    QObject::connect(&m_watch, &QTimer::timeout, &m_watch, [this] { giveUpWhatHangs(); });
-    m_watch.start(patience / LOOKS);
+    QObject::connect(&m_hangTimer, &QTimer::timeout, &m_hangTimer, [this] { abandonHangingFiles(); });
+    m_hangTimer.start(timeout / CHECKS_PER_TIMEOUT);
 }
 
 SongReadAhead::~SongReadAhead() = default;
@@ -117,61 +111,33 @@ bool SongReadAhead::hasMore() const
     return m_nextFile < m_files.size() || m_batches.size() > (m_isFirstTaken ? 1 : 0);
 }
 
-QFuture<SongReadAhead::Facts> SongReadAhead::next()
+QFuture<SongReadAhead::Results> SongReadAhead::next()
 {
     if (std::exchange(m_isFirstTaken, true))
         m_batches.pop_front();
-    startReading();
+    startBatches();
     Q_ASSERT(!m_batches.empty());
-    return m_batches.front().facts();
+    return m_batches.front().results();
 }
 
-void SongReadAhead::startReading()
+void SongReadAhead::startBatches()
 {
-    while (m_nextFile < m_files.size() && m_batches.size() < MOST_BATCHES) {
+    while (m_nextFile < m_files.size() && m_batches.size() < MAX_BATCHES) {
         m_batches.emplace_back(m_files.mid(m_nextFile, FILES_PER_BATCH));
         if (m_stop.stop_requested())
-            m_batches.back().end();
+            m_batches.back().abandon();
         m_nextFile = std::min(m_nextFile + FILES_PER_BATCH, m_files.size());
     }
 }
 
-void SongReadAhead::giveUpWhatHangs()
+void SongReadAhead::abandonHangingFiles()
 {
     for (auto batch = m_batches.begin(); batch != m_batches.end(); ++batch) {
-        if (!batch->hangs(LOOKS) || !DiskTaskState::canHaveSuccessor())
+        if (!batch->isHanging(CHECKS_PER_TIMEOUT) || !DiskTaskState::canReplaceThread())
             continue;
-        if (QStringList rest = batch->giveUp(); !rest.isEmpty())
+        if (QStringList rest = batch->abandonHangingFile(); !rest.isEmpty())
             m_batches.emplace(std::next(batch), std::move(rest));
     }
-}
-
-QCoro::Task<std::optional<QList<Song>>> readSongs(QStringList files, std::shared_ptr<Pauses> pauses,
-                                                  std::stop_token stop,
-                                                  std::function<void(qint64 processed)> reportProgress)
-{
-    SongReadAhead readAhead(files, stop);
-    QList<Song> songs;
-    songs.reserve(files.size());
-    SongMaker maker;
-    qint64 processed = 0;
-    while (readAhead.hasMore()) {
-        const SongReadAhead::Facts facts = co_await readAhead.next();
-        if (stop.stop_requested())
-            co_return std::nullopt;
-        for (const std::optional<FileFacts> &file : facts) {
-            if (file)
-                songs.append(maker.songOf(files[processed], *file));
-            ++processed;
-            if (processed % FILES_PER_REPORT == 0)
-                reportProgress(processed);
-            if (processed % FILES_PER_PAUSE == 0 && !stop.stop_requested())
-                co_await pauses->wait(PAUSE);
-            if (stop.stop_requested())
-                co_return std::nullopt;
-        }
-    }
-    co_return songs;
 }
 
 } // namespace sonavo

@@ -1,10 +1,7 @@
 #pragma once
 
-#include "analysis/pauses.h"
 #include "import/song_reading.h"
-#include "model/song.h"
 
-#include <QCoroTask>
 #include <QFuture>
 #include <QList>
 #include <QStringList>
@@ -19,49 +16,43 @@
 
 namespace sonavo {
 
-/// Reads files on diskThreads(), a bounded number ahead of the caller, and hands over what was read in the
-/// order of the files. A file whose disk does not answer for a while counts as one that cannot be read. Used
-/// from one thread that has an event loop. Destroying it, or requesting stop, ends the reading at once.
+/// Reads audio files on diskThreads(), a bounded number ahead of the caller, and hands over the results in
+/// the order of the files. A file whose disk does not answer in time counts as unreadable. Used from one
+/// thread with an event loop. Destroying it, or requesting stop, abandons the reading at once.
 class SongReadAhead
 {
 public:
-    /// What was read of some files in a row; nothing for a file that cannot be read. Empty once stop is
+    /// The results of consecutive files; nothing for a file that cannot be read. Empty once stop is
     /// requested.
-    using Facts = QList<std::optional<FileFacts>>;
+    using Results = QList<std::optional<AudioFileInfo>>;
 
-    /// @param patience how long a disk may take for an answer; one that sleeps wakes in some eight seconds
+    /// @param timeout how long a single read may take; a disk that spins up takes some eight seconds
     SongReadAhead(QStringList files, std::stop_token stop,
-                  std::chrono::milliseconds patience = std::chrono::seconds(10));
+                  std::chrono::milliseconds timeout = std::chrono::seconds(10));
     ~SongReadAhead();
     Q_DISABLE_COPY_MOVE(SongReadAhead)
 
     [[nodiscard]] bool hasMore() const;
 
-    /// The facts of the next files, at least one; to be called only while there are more, and when those of
-    /// the call before have come.
-    [[nodiscard]] QFuture<Facts> next();
+    /// The results of the next files, at least one. To be called only while there are more, and after the
+    /// future of the call before has finished.
+    [[nodiscard]] QFuture<Results> next();
 
 private:
     class Batch;
 
-    void startReading();
-    void giveUpWhatHangs();
+    void startBatches();
+    void abandonHangingFiles();
 
     const QStringList m_files;
     const std::stop_token m_stop;
+    /// Index of the first file that is in no batch yet.
     qsizetype m_nextFile = 0;
-    /// What is read or waits for it. The first one is handed out already when m_isFirstTaken.
+    /// Batches that are read or wait for a thread. The first one is handed out already when m_isFirstTaken.
     std::list<Batch> m_batches;
     bool m_isFirstTaken = false;
-    QTimer m_watch;
-    std::stop_callback<std::function<void()>> m_endWithCaller;
+    QTimer m_hangTimer;
+    std::stop_callback<std::function<void()>> m_onStop;
 };
-
-/// Reads files into songs, in order, skipping those that cannot be read, and pauses now and then.
-/// @param reportProgress called every 50 files with the number of files handled so far
-/// @return the songs; nothing when `stop` was requested meanwhile
-[[nodiscard]] QCoro::Task<std::optional<QList<Song>>>
-readSongs(QStringList files, std::shared_ptr<Pauses> pauses, std::stop_token stop,
-          std::function<void(qint64 processed)> reportProgress);
 
 } // namespace sonavo

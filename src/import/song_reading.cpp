@@ -1,6 +1,6 @@
 #include "import/song_reading.h"
 
-#include "model/audio_formats.h"
+#include "import/audio_duration.h"
 #include "model/file_name.h"
 
 #include <QFile>
@@ -10,6 +10,7 @@
 namespace sonavo {
 namespace {
 
+/// Bytes of the directory entry itself.
 std::optional<qint64> entrySize(const QString &path)
 {
     struct stat status = {};
@@ -19,14 +20,14 @@ std::optional<qint64> entrySize(const QString &path)
 }
 
 /// The file name without its last extension.
-QString baseOf(const QString &name)
+QString baseName(const QString &name)
 {
     const qsizetype dot = name.lastIndexOf(u'.');
     return dot >= 0 && dot + 1 < name.size() ? name.first(dot) : name;
 }
 
-/// Without the blanks and tabs, and nothing else, at both ends.
-QString withoutOuterBlanks(QStringView text)
+/// Without spaces and tabs at both ends; other white space stays.
+QString trimmed(QStringView text)
 {
     const auto isBlank = [](QChar character) { return character == u' ' || character == u'\t'; };
     while (!text.isEmpty() && isBlank(text.front()))
@@ -43,21 +44,21 @@ QString folderNameOf(QStringView folder)
 
 } // namespace
 
-std::optional<FileFacts> readFacts(const QString &path, const std::stop_token &stop,
-                                   ReadingProgress *progress)
+std::optional<AudioFileInfo> readAudioFile(const QString &path, const std::stop_token &stop,
+                                           ReadCounter *counter)
 {
     if (pathExtension(path).compare(u"ds_store", Qt::CaseInsensitive) == 0)
         return std::nullopt;
-    const std::optional<double> duration = readAudioDuration(path, stop, progress);
+    const std::optional<double> duration = readAudioDuration(path, stop, counter);
     if (!duration)
         return std::nullopt;
     const std::optional<qint64> size = entrySize(path);
     if (!size)
         return std::nullopt;
-    return FileFacts{*duration, *size};
+    return AudioFileInfo{*duration, *size};
 }
 
-Song SongMaker::songOf(const QString &path, const FileFacts &facts)
+Song SongBuilder::build(const QString &path, const AudioFileInfo &info)
 {
     const qsizetype slash = path.lastIndexOf(u'/');
     if (const QStringView folder = QStringView(path).first(slash);
@@ -72,14 +73,14 @@ Song SongMaker::songOf(const QString &path, const FileFacts &facts)
     song.id = QUuid::createUuid();
     song.path = path;
     song.name = path.sliced(slash + 1);
-    song.duration = facts.duration;
-    song.size = facts.size;
+    song.duration = info.duration;
+    song.size = info.size;
     song.fileType = m_fileType;
-    const QString base = baseOf(song.name);
+    const QString base = baseName(song.name);
     const qsizetype hyphen = base.indexOf(u'-');
     if (hyphen >= 0) {
-        song.artist = withoutOuterBlanks(QStringView(base).first(hyphen));
-        song.title = withoutOuterBlanks(QStringView(base).sliced(hyphen + 1));
+        song.artist = trimmed(QStringView(base).first(hyphen));
+        song.title = trimmed(QStringView(base).sliced(hyphen + 1));
     } else {
         song.title = base;
     }
@@ -89,8 +90,8 @@ Song SongMaker::songOf(const QString &path, const FileFacts &facts)
 
 std::optional<Song> loadSong(const QString &path, const std::stop_token &stop)
 {
-    const std::optional<FileFacts> facts = readFacts(path, stop);
-    return facts ? std::optional(SongMaker().songOf(path, *facts)) : std::nullopt;
+    const std::optional<AudioFileInfo> info = readAudioFile(path, stop);
+    return info ? std::optional(SongBuilder().build(path, *info)) : std::nullopt;
 }
 
 } // namespace sonavo

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "import/audio_duration.h"
+#include "import/regular_file.h"
 #include "model/song.h"
 
 #include <QString>
@@ -11,29 +11,31 @@
 namespace sonavo {
 
 /// What only the file itself tells about a song.
-struct FileFacts
+struct AudioFileInfo
 {
-    /// Seconds.
+    /// Playing time in seconds, 0.0 where it is unknown.
     double duration = 0.0;
     /// Bytes of the directory entry: a link counts with its own few, so that it never looks like the best
     /// copy of the file that it points to.
     qint64 size = 0;
 };
 
-/// Reads an audio file. Waits for the disk; any thread may call it.
-/// @param progress counts what the disk answers, if given
-/// @return nothing when the file cannot be read as audio or `stop` was requested
-[[nodiscard]] std::optional<FileFacts> readFacts(const QString &path, const std::stop_token &stop = {},
-                                                 ReadingProgress *progress = nullptr);
+/// Reads an audio file's playing time and size. Waits for the disk; any thread may call it.
+/// @param stop abandons the reading at its next read
+/// @param counter incremented after every read, if given
+/// @return nothing when the file cannot be read as audio or stop was requested
+[[nodiscard]] std::optional<AudioFileInfo>
+readAudioFile(const QString &path, const std::stop_token &stop = {}, ReadCounter *counter = nullptr);
 
-/// Makes songs of paths and what was read at them. Artist and title are the parts of the file name before and
-/// after its first hyphen; tags inside a file do not count. Neighbours share the memory of equal texts.
-class SongMaker
+/// Makes songs of audio files. Artist and title are the parts of the file name before and after its first
+/// hyphen; tags inside a file do not count. Songs that follow each other share the memory of equal folder
+/// names and types.
+class SongBuilder
 {
 public:
     /// @param path absolute
     /// @return a song with an id of its own
-    [[nodiscard]] Song songOf(const QString &path, const FileFacts &facts);
+    [[nodiscard]] Song build(const QString &path, const AudioFileInfo &info);
 
 private:
     QString m_folder;
@@ -41,7 +43,7 @@ private:
     QString m_fileType;
 };
 
-/// Reads one audio file into a song.
+/// Reads one audio file into a song: readAudioFile() and SongBuilder in one.
 [[nodiscard]] std::optional<Song> loadSong(const QString &path, const std::stop_token &stop = {});
 
 } // namespace sonavo

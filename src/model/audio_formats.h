@@ -7,7 +7,7 @@
 
 namespace sonavo {
 
-/// The kinds of audio file that take part in a session, each known by its file extension.
+/// The audio formats that are scanned, each recognised by its file extension.
 enum class AudioFormat
 {
     Mp3,
@@ -17,10 +17,11 @@ enum class AudioFormat
     Flac
 };
 
-/// The file extensions of all formats, in small letters and without a dot.
+/// The file extensions of all formats, in lower case, without the dot.
 [[nodiscard]] QStringList audioExtensions();
 
-/// The audio format that a path's extension names, in any case. Nothing but the name is looked at.
+/// The format that a path's extension stands for, in upper or lower case; empty for any other extension. The
+/// file is not looked at.
 [[nodiscard]] std::optional<AudioFormat> audioFormatOf(QStringView path);
 
 } // namespace sonavo

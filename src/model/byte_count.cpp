@@ -9,6 +9,7 @@ struct Unit
 {
     const char *name;
     quint64 bytes;
+    /// Most digits after the decimal point.
     int decimals;
 };
 
@@ -21,6 +22,7 @@ constexpr std::array UNITS{
     Unit{"EB", 1'000'000'000'000'000'000, 2},
 };
 
+/// @param scaled the value in the last decimal of the unit: 843 for 84.3 MB
 QString formattedInUnit(quint64 scaled, const Unit &unit)
 {
     QString digits = QString::number(scaled);
@@ -50,15 +52,14 @@ QString formattedByteCount(qint64 bytes)
         return sign + QString::number(magnitude) + QStringLiteral(" bytes");
 
     for (const Unit &unit : UNITS) {
-        quint64 smallestStep = unit.bytes;
+        quint64 lastDecimal = unit.bytes;
         quint64 nextUnit = 1000;
         for (int i = 0; i < unit.decimals; ++i) {
-            smallestStep /= 10;
+            lastDecimal /= 10;
             nextUnit *= 10;
         }
-        // Integers throughout: a double cannot hold every count of bytes exactly.
-        const quint64 scaled =
-            magnitude / smallestStep + (magnitude % smallestStep >= smallestStep / 2 ? 1 : 0);
+        // Integers, because a double does not represent every byte count exactly.
+        const quint64 scaled = magnitude / lastDecimal + (magnitude % lastDecimal >= lastDecimal / 2 ? 1 : 0);
         if (scaled < nextUnit || unit.bytes == UNITS.back().bytes)
             return sign + formattedInUnit(scaled, unit);
     }

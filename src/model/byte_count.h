@@ -4,12 +4,12 @@
 
 namespace sonavo {
 
-/// A number of bytes as a person reads it in a file manager, in powers of 1000: "Zero KB", "1 byte",
+/// A number of bytes as file managers show it, in powers of 1000: "Zero KB", "1 byte",
 /// "999 bytes", "12 KB", "84.3 MB", "1.25 GB".
 ///
-/// KB are whole, MB have one decimal, GB and above two; trailing zeros are dropped, halves round away from
-/// zero, and a value that would print as 1000 moves into the next unit. Independent of the locale.
-/// @param bytes zero or more; a negative number is written like its absolute value with a minus sign
+/// KB have no decimals, MB one, GB and above two. Trailing zeros are dropped, halves are rounded away from
+/// zero, and a value that would be rounded to 1000 is shown in the next unit. Independent of the locale.
+/// @param bytes a negative number is formatted as its absolute value after a minus sign
 [[nodiscard]] QString formattedByteCount(qint64 bytes);
 
 } // namespace sonavo

@@ -3,7 +3,7 @@
 namespace sonavo {
 namespace {
 
-QStringView withoutSurroundingMarks(QStringView text)
+QStringView trimmedToAlphanumeric(QStringView text)
 {
     while (!text.isEmpty() && !text.front().isLetterOrNumber())
         text = text.sliced(1);
@@ -18,7 +18,7 @@ constexpr Color OPAQUE_BLACK{};
 
 Color colorFromHex(QStringView text)
 {
-    const QStringView digits = withoutSurroundingMarks(text);
+    const QStringView digits = trimmedToAlphanumeric(text);
     bool isNumber = false;
     const quint32 value = digits.toUInt(&isNumber, 16);
     if (!isNumber)

@@ -6,7 +6,7 @@
 
 namespace sonavo {
 
-/// An sRGB colour; every component lies between 0.0 and 1.0.
+/// An sRGB colour; all components are in [0.0, 1.0].
 struct Color
 {
     Q_GADGET
@@ -19,7 +19,7 @@ public:
     double red = 0.0;
     double green = 0.0;
     double blue = 0.0;
-    /// Opacity: 0.0 is clear, 1.0 is opaque.
+    /// 0.0 is transparent, 1.0 opaque.
     double alpha = 1.0;
 
     /// The same colour at another opacity.
@@ -28,10 +28,10 @@ public:
     friend bool operator==(const Color &, const Color &) = default;
 };
 
-/// Reads a colour from hexadecimal digits: "RGB", "RRGGBB" or "AARRGGBB" (opacity first).
+/// Parses a colour in hexadecimal: "RGB", "RRGGBB" or "AARRGGBB" (alpha first).
 ///
-/// Anything around the digits that is not a letter or a digit, such as a leading "#", is ignored. Any other
-/// number of characters, and digits that are not hexadecimal, give opaque black.
+/// Leading and trailing characters other than letters and digits, such as "#", are ignored. Text of any other
+/// length, or with a digit that is not hexadecimal, gives opaque black.
 [[nodiscard]] Color colorFromHex(QStringView text);
 
 } // namespace sonavo

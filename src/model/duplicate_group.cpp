@@ -5,8 +5,8 @@
 namespace sonavo {
 namespace {
 
-/// Nothing when the group's only song was deleted.
-std::optional<DuplicateGroup> repaired(DuplicateGroup group, const QUuid &deletedId)
+/// The group without one song, if it was a member; nothing if it was the only one.
+std::optional<DuplicateGroup> withoutMember(DuplicateGroup group, const QUuid &deletedId)
 {
     if (group.original.id == deletedId) {
         if (group.duplicates.isEmpty())
@@ -35,13 +35,13 @@ QList<Song> duplicatesOf(const QList<DuplicateGroup> &groups)
 
 QList<DuplicateGroup> withoutSong(const QList<DuplicateGroup> &groups, const QUuid &songId)
 {
-    QList<DuplicateGroup> rest;
-    rest.reserve(groups.size());
+    QList<DuplicateGroup> remaining;
+    remaining.reserve(groups.size());
     for (const DuplicateGroup &group : groups) {
-        if (const auto kept = repaired(group, songId))
-            rest.append(*kept);
+        if (const auto kept = withoutMember(group, songId))
+            remaining.append(*kept);
     }
-    return rest;
+    return remaining;
 }
 
 } // namespace sonavo

@@ -8,10 +8,10 @@
 
 namespace sonavo {
 
-/// Background tints that groups take in turn.
+/// Number of background tints, which groups take in turn.
 inline constexpr int GROUP_TINT_COUNT = 6;
 
-/// Songs that are the same recording: one that is kept and its copies. A plain value.
+/// Copies of one recording: the song that is kept, and its duplicates. A plain value.
 struct DuplicateGroup
 {
     Q_GADGET
@@ -21,24 +21,24 @@ struct DuplicateGroup
     Q_PROPERTY(int color MEMBER color CONSTANT)
 
 public:
-    /// Identity of the group, fresh for each group that an analysis makes.
+    /// Random; unique to each group that an analysis creates.
     QUuid id;
-    /// The song that is kept; never among the duplicates.
+    /// The song that is kept; not one of the duplicates.
     Song original;
     /// The other songs, in the order in which they joined.
     QList<Song> duplicates;
-    /// Slot of the group's background tint, from 0 to below GROUP_TINT_COUNT; the theme knows the colour.
+    /// Slot of the group's background tint, in [0, GROUP_TINT_COUNT); the theme defines its colour.
     int color = 0;
 };
 
 /// All songs of a group, the original first.
 [[nodiscard]] QList<Song> membersOf(const DuplicateGroup &group);
 
-/// The duplicates of all groups, in the groups' order and theirs.
+/// The duplicates of all groups, in order.
 [[nodiscard]] QList<Song> duplicatesOf(const QList<DuplicateGroup> &groups);
 
-/// The groups after one song was deleted: the first duplicate of a group takes the place of its deleted
-/// original. A group can be left with its original alone; it leaves the list with its last song.
+/// The groups after one song was deleted. The first duplicate of a group replaces a deleted original. A group
+/// may be left with its original alone; once that is deleted too, the group is dropped.
 [[nodiscard]] QList<DuplicateGroup> withoutSong(const QList<DuplicateGroup> &groups, const QUuid &songId);
 
 } // namespace sonavo

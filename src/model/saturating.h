@@ -6,7 +6,9 @@
 
 namespace sonavo {
 
-/// Sum and product of counts (zero or more) that stay at the largest number instead of wrapping around.
+/// Sum and product of counts, which stay at the maximum instead of overflowing.
+/// @param a, b, count zero or more
+/// @param factor one or more
 [[nodiscard]] constexpr qint64 saturatingSum(qint64 a, qint64 b)
 {
     constexpr qint64 MAXIMUM = std::numeric_limits<qint64>::max();

@@ -45,7 +45,7 @@ bool operator==(const Song &a, const Song &b)
 
 size_t qHash(const Song &song, size_t seed)
 {
-    // Qt hashes -0.0 like 0.0, as equality wants it.
+    // qHash() gives -0.0 and 0.0 the same hash, consistent with ==.
     return qHashMulti(seed, song.id, canonicalForm(song.path), canonicalForm(song.name), song.duration,
                       song.size, canonicalForm(song.fileType), canonicalForm(song.artist),
                       canonicalForm(song.title), canonicalForm(song.folderName));

@@ -8,7 +8,7 @@
 
 namespace sonavo {
 
-/// One audio file of the session: a plain value, copied freely.
+/// One audio file of the session. A plain value.
 struct Song
 {
     Q_GADGET
@@ -24,14 +24,14 @@ struct Song
     Q_PROPERTY(QString formattedDuration READ formattedDuration CONSTANT)
 
 public:
-    /// Identity of this record. Every reading of a file makes a fresh one, so one file imported twice gives
-    /// two different songs.
+    /// Random; unique to each time that a file is read, so that a file imported twice gives two different
+    /// songs.
     QUuid id;
     /// Absolute path of the file.
     QString path;
     /// File name with its extension.
     QString name;
-    /// Playing time in seconds; always finite, 0.0 where the file does not tell.
+    /// Playing time in seconds; finite, 0.0 if it is unknown.
     double duration = 0.0;
     /// File size in bytes.
     qint64 size = 0;
@@ -39,22 +39,22 @@ public:
     QString fileType;
     QString artist;
     QString title;
-    /// Name of the folder that holds the file.
+    /// Name of the folder that contains the file.
     QString folderName;
 
-    /// Playing time as minutes and seconds, truncated to whole seconds: "1:01", "62:05" (there is no hour).
-    /// A duration that is not finite or does not fit 64 bits is a programming error and ends the program.
+    /// Playing time as minutes and seconds, truncated to whole seconds, without hours: "1:01", "62:05".
+    /// Ends the program if the duration is not finite or does not fit 64 bits, which is a programming error.
     [[nodiscard]] QString formattedDuration() const;
 
-    /// Field by field; texts are equal when they are canonically equivalent (Unicode Standard Annex #15).
+    /// Compares all fields; texts by canonical equivalence (Unicode Standard Annex #15).
     friend bool operator==(const Song &a, const Song &b);
 };
 
-/// Hash over all fields, in agreement with equality.
+/// Hash of all fields, consistent with operator==.
 [[nodiscard]] size_t qHash(const Song &song, size_t seed = 0);
 
-/// Whole seconds of a playing time, truncated towards zero. A duration that is not finite or does not fit
-/// 64 bits is a programming error and ends the program.
+/// Playing time in whole seconds, truncated towards zero. Ends the program if the duration is not finite or
+/// does not fit 64 bits, which is a programming error.
 [[nodiscard]] qint64 wholeSeconds(double duration);
 
 } // namespace sonavo

@@ -29,7 +29,7 @@ bool writeReport(const DuplicateViewModel &session, ReportFormat format)
     return isWritten && output.flush();
 }
 
-void complain(const QString &text)
+void printError(const QString &text)
 {
     std::fprintf(stderr, "sonavo: %s\n", text.toUtf8().constData());
 }
@@ -46,10 +46,9 @@ bool printReport(const QList<QUrl> &items, ReportFormat format)
 
     {
         ProgressLine progressLine;
-        QObject shown;
+        QObject context;
         const auto showProgress = [&] { progressLine.show(session.scanMessage(), session.progress()); };
-        QObject::connect(&session, &DuplicateViewModel::progressChanged, &shown, showProgress);
-        QObject::connect(&session, &DuplicateViewModel::scanMessageChanged, &shown, showProgress);
+        QObject::connect(&session, &DuplicateViewModel::progressChanged, &context, showProgress);
 
         QEventLoop loop;
         // Queued, because the scan publishes more after it is no longer scanning.
@@ -61,11 +60,11 @@ bool printReport(const QList<QUrl> &items, ReportFormat format)
     }
 
     if (session.showAlert()) {
-        complain(session.alertMessage());
+        printError(session.alertMessage());
         return false;
     }
     if (!writeReport(session, format)) {
-        complain(QStringLiteral("the report could not be written"));
+        printError(QStringLiteral("the report could not be written"));
         return false;
     }
     return true;

@@ -11,8 +11,9 @@ enum class ReportFormat
     Json
 };
 
-/// Scans files and folders, shows progress on a terminal, prints the report on standard output and the reason
-/// for a missing one on standard error. Runs the event loop meanwhile; needs a QCoreApplication.
+/// Scans files and folders and prints a report of their duplicates on standard output. Progress is shown on
+/// standard error where that is a terminal; an error is printed there. Runs an event loop meanwhile; to be
+/// called on the main thread, with a QCoreApplication.
 /// @param items file URLs with absolute paths
 /// @return whether a report was printed in full
 [[nodiscard]] bool printReport(const QList<QUrl> &items, ReportFormat format);

@@ -38,7 +38,7 @@ void ProgressLine::show(const QString &message, double fraction)
 {
     if (!m_isTerminal)
         return;
-    // A line that reaches the last column would wrap and could not be taken back.
+    // A line that reaches the last column would wrap, and only its end could be erased.
     const QString line = QStringLiteral("%1% %2")
                              .arg(static_cast<int>(fraction * 100), 3)
                              .arg(message)

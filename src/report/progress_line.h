@@ -6,11 +6,11 @@
 
 namespace sonavo {
 
-/// What makes a terminal forget the line that the cursor is in.
+/// Terminal sequence that erases the line of the cursor.
 inline constexpr std::string_view ERASE_LINE = "\r\033[K";
 
-/// One line on the terminal behind standard error that is written over and over. Does nothing where standard
-/// error is not a terminal.
+/// A line of progress on standard error that is overwritten in place, and erased at the end. Does nothing
+/// where standard error is not a terminal.
 class ProgressLine
 {
 public:
@@ -21,7 +21,7 @@ public:
     /// @param fraction between 0.0 and 1.0, shown as a percentage
     void show(const QString &message, double fraction);
 
-    /// Takes the line away.
+    /// Erases the line.
     void clear();
 
 private:

@@ -13,19 +13,19 @@
 namespace sonavo {
 namespace {
 
-/// Collects text and hands it to a device in large pieces.
-class Writer
+/// Writes text to a device in large chunks.
+class BufferedWriter
 {
 public:
-    explicit Writer(QIODevice &device)
+    explicit BufferedWriter(QIODevice &device)
         : m_device(device)
     {}
 
     void add(const QByteArray &text)
     {
-        constexpr qsizetype PIECE = 64 * 1024;
-        m_pending += text;
-        if (m_pending.size() >= PIECE)
+        constexpr qsizetype CHUNK_SIZE = 64 * 1024;
+        m_buffer += text;
+        if (m_buffer.size() >= CHUNK_SIZE)
             flush();
     }
 
@@ -34,22 +34,22 @@ public:
     [[nodiscard]] bool finish()
     {
         flush();
-        return m_isComplete;
+        return m_isOk;
     }
 
 private:
     void flush()
     {
-        m_isComplete = m_isComplete && m_device.write(m_pending) == m_pending.size();
-        m_pending.clear();
+        m_isOk = m_isOk && m_device.write(m_buffer) == m_buffer.size();
+        m_buffer.clear();
     }
 
     QIODevice &m_device;
-    QByteArray m_pending;
-    bool m_isComplete = true;
+    QByteArray m_buffer;
+    bool m_isOk = true;
 };
 
-/// A song's line in the report, before its columns are aligned.
+/// The cells of a song's line in the report.
 struct Row
 {
     QString badge;
@@ -70,7 +70,7 @@ Row rowOf(const Song &song, const QString &badge)
             escapedForTerminal(song.folderName)};
 }
 
-void addGroup(Writer &writer, const DuplicateGroup &group)
+void addGroup(BufferedWriter &writer, const DuplicateGroup &group)
 {
     QList<Row> rows{rowOf(group.original, QStringLiteral("ORIGINAL"))};
     for (const Song &duplicate : group.duplicates)
@@ -99,9 +99,9 @@ void addGroup(Writer &writer, const DuplicateGroup &group)
     writer.addLine({});
 }
 
-QString counted(qsizetype count, const QString &one, const QString &several)
+QString counted(qsizetype count, const QString &singular, const QString &plural)
 {
-    return QString::number(count) + u' ' + (count == 1 ? one : several);
+    return QString::number(count) + u' ' + (count == 1 ? singular : plural);
 }
 
 QByteArray jsonOf(const Song &song)
@@ -115,22 +115,22 @@ QByteArray jsonOf(const Song &song)
     return QJsonDocument(object).toJson(QJsonDocument::Compact);
 }
 
-QByteArray jsonOf(const DuplicateGroup &group, const QHash<QUuid, qsizetype> &positions)
+QByteArray jsonOf(const DuplicateGroup &group, const QHash<QUuid, qsizetype> &indexes)
 {
     QJsonArray duplicates;
     for (const Song &duplicate : group.duplicates)
-        duplicates.append(positions.value(duplicate.id));
+        duplicates.append(indexes.value(duplicate.id));
     const QJsonObject object{
-        {QStringLiteral("original"), positions.value(group.original.id)},
+        {QStringLiteral("original"), indexes.value(group.original.id)},
         {QStringLiteral("duplicates"), duplicates},
         {QStringLiteral("color"), group.color},
     };
     return QJsonDocument(object).toJson(QJsonDocument::Compact);
 }
 
-/// The items of a JSON array, one a line.
+/// The items of a JSON array, one per line.
 template <typename List, typename ToJson>
-void addItems(Writer &writer, const List &items, ToJson toJson)
+void addItems(BufferedWriter &writer, const List &items, ToJson toJson)
 {
     for (qsizetype i = 0; i < items.size(); ++i)
         writer.add((i > 0 ? QByteArray(",\n") : QByteArray("\n")) + toJson(i));
@@ -140,7 +140,7 @@ void addItems(Writer &writer, const List &items, ToJson toJson)
 
 bool writeTextReport(QIODevice &device, const QList<Song> &songs, const QList<DuplicateGroup> &groups)
 {
-    Writer writer(device);
+    BufferedWriter writer(device);
     qsizetype duplicateCount = 0;
     qint64 duplicateBytes = 0;
     for (const DuplicateGroup &group : groups) {
@@ -161,18 +161,18 @@ bool writeTextReport(QIODevice &device, const QList<Song> &songs, const QList<Du
 
 bool writeJsonReport(QIODevice &device, const QList<Song> &songs, const QList<DuplicateGroup> &groups)
 {
-    Writer writer(device);
-    // Piece by piece: a document of half a million songs would take more memory than the songs themselves.
+    BufferedWriter writer(device);
+    // One song at a time: a QJsonDocument of half a million songs would take more memory than the songs.
     writer.add("{\"songs\":[");
     addItems(writer, songs, [&](qsizetype i) { return jsonOf(songs[i]); });
     writer.add("\n],\"groups\":[");
-    QHash<QUuid, qsizetype> positions;
+    QHash<QUuid, qsizetype> indexes;
     if (!groups.isEmpty()) {
-        positions.reserve(songs.size());
+        indexes.reserve(songs.size());
         for (qsizetype i = 0; i < songs.size(); ++i)
-            positions.insert(songs[i].id, i);
+            indexes.insert(songs[i].id, i);
     }
-    addItems(writer, groups, [&](qsizetype i) { return jsonOf(groups[i], positions); });
+    addItems(writer, groups, [&](qsizetype i) { return jsonOf(groups[i], indexes); });
     writer.add("\n]}\n");
     return writer.finish();
 }

@@ -8,13 +8,16 @@
 
 namespace sonavo {
 
-/// Writes groups as a person reads them: a block of lines for each group and a closing line with totals.
+/// Writes groups as text for a terminal: a block of aligned lines for each group and a last line with totals.
 /// Control characters in names are escaped.
+/// @param device open for writing
 /// @return whether everything could be written
 [[nodiscard]] bool writeTextReport(QIODevice &device, const QList<Song> &songs,
                                    const QList<DuplicateGroup> &groups);
 
-/// Writes songs and groups as one JSON object. Groups name their songs by position in the list of songs.
+/// Writes songs and groups as one JSON object. Groups refer to songs by their index in the list of songs.
+/// Durations are in seconds, sizes in bytes.
+/// @param device open for writing
 /// @return whether everything could be written
 [[nodiscard]] bool writeJsonReport(QIODevice &device, const QList<Song> &songs,
                                    const QList<DuplicateGroup> &groups);

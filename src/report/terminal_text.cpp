@@ -13,9 +13,9 @@ bool isUnsafe(QChar character)
     const char16_t unit = character.unicode();
     const bool isControl = unit < 0x20 || (unit >= 0x7F && unit < 0xA0);
     const bool isSeparator = unit == 0x2028 || unit == 0x2029;
-    const bool isDirectional = unit == 0x061C || unit == 0x200E || unit == 0x200F ||
+    const bool isBidiControl = unit == 0x061C || unit == 0x200E || unit == 0x200F ||
                                (unit >= 0x202A && unit <= 0x202E) || (unit >= 0x2066 && unit <= 0x2069);
-    return isControl || isSeparator || isDirectional;
+    return isControl || isSeparator || isBidiControl;
 }
 
 QString escaped(QChar character)

@@ -11,7 +11,7 @@ struct ThemedColor
     QStringView light;
 };
 
-// In the order of PaletteColor.
+// Indexed by PaletteColor.
 constexpr std::array<ThemedColor, 12> PALETTE{{
     {u"#1C1C1E", u"#FAF9F6"}, // Background
     {u"#2C2C2E", u"#F0EEEC"}, // SecondaryBackground

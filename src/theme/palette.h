@@ -11,7 +11,7 @@
 
 namespace sonavo {
 
-/// The roles that colours have in the interface.
+/// The colours of the interface, named by role.
 enum class PaletteColor
 {
     Background,
@@ -28,16 +28,16 @@ enum class PaletteColor
     Neutral,
 };
 
-/// The opaque colour of a role in a theme.
+/// The colour that a role has in a theme; always opaque.
 [[nodiscard]] Color paletteColor(PaletteColor role, AppTheme theme);
 
-/// The tints of duplicate groups by slot. The first and the fourth are the same on purpose: six slots, five
-/// colours.
+/// The tints of duplicate groups, indexed by DuplicateGroup::color. The first and the fourth are the same on
+/// purpose.
 inline constexpr std::array<PaletteColor, GROUP_TINT_COUNT> GROUP_TINTS{
     PaletteColor::Accent, PaletteColor::AccentLight, PaletteColor::Success,
     PaletteColor::Accent, PaletteColor::AccentDark,  PaletteColor::Neutral};
 
-/// The tints at opacity 0.15, as backgrounds.
+/// The tints of duplicate groups in a theme, at opacity 0.15.
 [[nodiscard]] QList<Color> groupColors(AppTheme theme);
 
 [[nodiscard]] QColor toQColor(const Color &color);

@@ -9,8 +9,8 @@
 
 namespace sonavo {
 
-/// The colours that the views draw with, by role. They follow the theme by themselves: on a change all of
-/// them go over to the new theme together, within 0.3 seconds. Main thread only.
+/// The colours that the views draw with. When the theme changes, all of them fade to the new theme together,
+/// within 0.3 seconds. Main thread only.
 class ThemeColors : public QObject
 {
     Q_OBJECT
@@ -25,10 +25,10 @@ class ThemeColors : public QObject
     Q_PROPERTY(QColor error READ error NOTIFY changed)
     Q_PROPERTY(QColor neutral READ neutral NOTIFY changed)
 
-    /// Opaque colours of the groups, by DuplicateGroup::color.
+    /// Tints of duplicate groups, opaque, indexed by DuplicateGroup::color.
     Q_PROPERTY(QList<QColor> groupTints READ groupTints NOTIFY changed)
 
-    // What the twelve colours do not name is one of them.
+    // Aliases for particular parts of the interface.
     Q_PROPERTY(QColor info READ accent NOTIFY changed)
     Q_PROPERTY(QColor original READ success NOTIFY changed)
     Q_PROPERTY(QColor duplicate READ accent NOTIFY changed)
@@ -63,9 +63,10 @@ Q_SIGNALS:
     void changed();
 
 private:
+    /// The colour at this moment of the fade.
     [[nodiscard]] QColor blended(PaletteColor role) const;
 
-    /// From the light theme, 0.0, to the dark one, 1.0.
+    /// 0.0 is the light theme, 1.0 the dark one, anything between a moment of the fade.
     QVariantAnimation m_darkness;
 };
 

@@ -23,8 +23,8 @@ QColor windowBackground(AppTheme theme)
                                    : QColor::fromRgbF(0.98F, 0.976F, 0.965F);
 }
 
-/// The colours of what the toolkit draws by itself.
-QPalette toolkitPalette(AppTheme theme)
+/// The colours of what Qt itself draws, such as file dialogs and tooltips.
+QPalette qtPalette(AppTheme theme)
 {
     const auto color = [theme](PaletteColor role) { return toQColor(paletteColor(role, theme)); };
     const QColor text = color(PaletteColor::TextPrimary);
@@ -44,7 +44,7 @@ QPalette toolkitPalette(AppTheme theme)
     return palette;
 }
 
-/// The first window that has a background of its own; tooltips and dialogs have none.
+/// The first window with a background colour of its own, which dialogs and tooltips lack.
 QWindow *firstWindow()
 {
     constexpr const char *BACKGROUND = "color";
@@ -94,7 +94,7 @@ void ThemeManager::applyTheme()
         if (!window)
             return;
         window->setProperty("color", windowBackground(m_currentTheme));
-        QGuiApplication::setPalette(toolkitPalette(m_currentTheme));
+        QGuiApplication::setPalette(qtPalette(m_currentTheme));
     };
     QMetaObject::invokeMethod(this, apply, Qt::QueuedConnection);
 }

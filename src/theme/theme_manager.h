@@ -12,7 +12,7 @@ enum class AppTheme
     Dark
 };
 
-/// Holds the theme that the person chose and remembers it between runs, as "light" or "dark" under the key
+/// Holds the theme that the user chose and stores it between runs, as "light" or "dark" under the key
 /// "appTheme". Main thread only.
 class ThemeManager : public QObject
 {
@@ -20,24 +20,25 @@ class ThemeManager : public QObject
     Q_PROPERTY(bool isDark READ isDark NOTIFY currentThemeChanged)
 
 public:
-    /// The theme of the application, made on first use; it lives as long as the application object.
+    /// The one manager of the application, created on first use with the application's default settings.
+    /// Requires the application object, which owns it.
     [[nodiscard]] static ThemeManager *shared();
 
-    /// Starts with the remembered theme; anything but exactly "dark" is light. Stores nothing.
+    /// Starts with the stored theme; any value other than "dark" means light. Stores and applies nothing.
     /// @param settings must outlive the manager
     explicit ThemeManager(QSettings &settings, QObject *parent = nullptr);
 
     [[nodiscard]] AppTheme currentTheme() const { return m_currentTheme; }
     [[nodiscard]] bool isDark() const { return m_currentTheme == AppTheme::Dark; }
 
-    /// Every assignment is stored and applied, also one that changes nothing.
+    /// Stores and applies the theme, even if it is the current one already.
     void setCurrentTheme(AppTheme theme);
 
     Q_INVOKABLE void toggleTheme();
 
-    /// Gives the application's first window and all that the toolkit draws by itself, such as file dialogs
-    /// and menus, the colours of the current theme, at the next turn of the event loop. Without a window
-    /// nothing happens.
+    /// Sets the background of the application's first window, and the palette of all that Qt itself draws,
+    /// such as file dialogs, to the current theme, at the next turn of the event loop. Does nothing while
+    /// there is no window.
     void applyTheme();
 
 Q_SIGNALS:

@@ -9,38 +9,40 @@
 
 namespace sonavo {
 
-// The types of other rooms that the views know. Those rooms know nothing of QML.
+// The types of other modules that views use. Those modules know nothing of QML.
 
-struct DuplicateViewModelInQml
+struct DuplicateViewModelForeign
 {
     Q_GADGET
     QML_FOREIGN(sonavo::DuplicateViewModel)
     QML_NAMED_ELEMENT(DuplicateViewModel)
+    // For ToastType.
+    QML_EXTENDED_NAMESPACE(sonavo::Notices)
     QML_UNCREATABLE("The application has one session.")
 };
 
-struct PreviewPlayerInQml
+struct PreviewPlayerForeign
 {
     Q_GADGET
     QML_FOREIGN(sonavo::PreviewPlayer)
     QML_ANONYMOUS
 };
 
-struct SongInQml
+struct SongForeign
 {
     Q_GADGET
     QML_FOREIGN(sonavo::Song)
     QML_ANONYMOUS
 };
 
-struct DuplicateGroupInQml
+struct DuplicateGroupForeign
 {
     Q_GADGET
     QML_FOREIGN(sonavo::DuplicateGroup)
     QML_ANONYMOUS
 };
 
-struct ThemeManagerInQml
+struct ThemeManagerForeign
 {
     Q_GADGET
     QML_FOREIGN(sonavo::ThemeManager)
@@ -48,7 +50,7 @@ struct ThemeManagerInQml
     QML_UNCREATABLE("The application has one theme.")
 };
 
-struct ColorsInQml
+struct ColorsForeign
 {
     Q_GADGET
     QML_FOREIGN(sonavo::ThemeColors)

@@ -1,6 +1,6 @@
 #include "actions/duplicates_folder.h"
-#include "actions/file_operations.h"
 #include "testing/audio_fixtures.h"
+#include "testing/child_process.h"
 #include "testing/other_file_system.h"
 
 #include <QDir>
@@ -10,15 +10,9 @@
 
 #include <csignal>
 #include <gmock/gmock.h>
-#include <sys/prctl.h>
-#include <sys/syscall.h>
-#include <sys/wait.h>
 #include <unistd.h>
 
-#include <cerrno>
 #include <filesystem>
-#include <linux/filter.h>
-#include <linux/seccomp.h>
 #include <thread>
 
 namespace sonavo {
@@ -35,25 +29,6 @@ QStringList entriesOf(const QString &folder)
                                   QDir::Name);
 }
 
-/// Runs something in a process of its own, to see what it leaves behind.
-template <typename Work>
-pid_t runAside(const Work &work)
-{
-    const pid_t child = ::fork();
-    if (child == 0) {
-        work();
-        ::_exit(0);
-    }
-    return child;
-}
-
-int exitStatusOf(pid_t child)
-{
-    int status = 0;
-    ::waitpid(child, &status, 0);
-    return WIFEXITED(status) ? WEXITSTATUS(status) : -1;
-}
-
 class DuplicatesFolderTest : public testing::Test
 {
 protected:
@@ -61,6 +36,10 @@ protected:
     {
         const QDateTime now(QDate(2024, 3, 5), QTime(14, 7, 9));
         return std::get<DuplicatesFolder>(DuplicatesFolder::create(parent, now));
+    }
+    static bool moves(DuplicatesFolder &folder, const QString &song)
+    {
+        return std::holds_alternative<MovedFile>(folder.moveHere(song));
     }
     QString addSong(const QString &name, const QByteArray &content) const
     {
@@ -98,7 +77,7 @@ TEST_F(DuplicatesFolderTest, GivesEveryFileAFreeName)
     for (const QString &name : {u"1/Song.mp3"_s, u"2/Song.mp3"_s, u"3/Song.mp3"_s, u"4/Song (1).mp3"_s,
                                 u"5/a.b.c.flac"_s, u"6/a.b.c.flac"_s, u"7/bare"_s, u"8/bare"_s, u"9/b.mp3"_s,
                                 u"10/50%1 Who%3F.mp3"_s, u"11/50%1 Who%3F.mp3"_s})
-        EXPECT_TRUE(folder.moveHere(addSong(name, name.toUtf8()))) << name.toStdString();
+        EXPECT_TRUE(moves(folder, addSong(name, name.toUtf8()))) << name.toStdString();
 
     EXPECT_THAT(entriesOf(folder.path()),
                 testing::UnorderedElementsAre(
@@ -108,7 +87,7 @@ TEST_F(DuplicatesFolderTest, GivesEveryFileAFreeName)
     EXPECT_EQ(contentOf(folder.path() + u"/Song (2).mp3"_s), "was here");
     EXPECT_EQ(contentOf(folder.path() + u"/Song (3).mp3"_s), "3/Song.mp3");
     EXPECT_EQ(contentOf(folder.path() + u"/Song (1) (1).mp3"_s), "4/Song (1).mp3");
-    EXPECT_FALSE(folder.moveHere(m_source.filePath(u"gone.mp3"_s)));
+    EXPECT_FALSE(moves(folder, m_source.filePath(u"gone.mp3"_s)));
 }
 
 TEST_F(DuplicatesFolderTest, LosesNothingWhenTwoFillItAtOnce)
@@ -121,7 +100,7 @@ TEST_F(DuplicatesFolderTest, LosesNothingWhenTwoFillItAtOnce)
     const auto moveAll = [this](const QString &side) {
         DuplicatesFolder folder = makeIn(m_target.path());
         for (int i = 0; i < SONGS; ++i)
-            EXPECT_TRUE(folder.moveHere(m_source.filePath(u"%1/%2/Song.mp3"_s.arg(side).arg(i))));
+            EXPECT_TRUE(moves(folder, m_source.filePath(u"%1/%2/Song.mp3"_s.arg(side).arg(i))));
     };
     std::thread first(moveAll, u"a"_s);
     std::thread second(moveAll, u"b"_s);
@@ -144,7 +123,7 @@ TEST_F(DuplicatesFolderTest, MovesALinkThatLeadsToTheSameFileAfterwards)
         for (const QString &destination : {u"real.mp3"_s, m_source.filePath(u"real.mp3"_s)}) {
             const QString link = m_source.filePath(u"link.mp3"_s);
             std::filesystem::create_symlink(destination.toStdString(), link.toStdString());
-            EXPECT_TRUE(folder.moveHere(link));
+            EXPECT_TRUE(moves(folder, link));
             EXPECT_FALSE(QFileInfo(link).isSymLink());
         }
         EXPECT_THAT(entriesOf(folder.path()), ElementsAre(u"link (1).mp3"_s, u"link.mp3"_s));
@@ -156,60 +135,25 @@ TEST_F(DuplicatesFolderTest, MovesALinkThatLeadsToTheSameFileAfterwards)
     EXPECT_EQ(contentOf(m_source.filePath(u"real.mp3"_s)), "real");
 }
 
-TEST_F(DuplicatesFolderTest, TakesTimesAndPermissionsAlongToAnotherFileSystem)
+TEST_F(DuplicatesFolderTest, KeepsTheSourceWhenADiskIsFullOrCannotBeWrittenTo)
 {
-    const OtherFileSystem other;
-    DuplicatesFolder folder = makeIn(other.path());
-    const QByteArray content(3'000'001, 'x');
-    const QString song = addSong(u"a.mp3"_s, content);
-    const QDateTime written(QDate(2001, 2, 3), QTime(4, 5, 6, 789));
-    {
-        QFile file(song);
-        ASSERT_TRUE(file.open(QIODevice::ReadWrite));
-        ASSERT_TRUE(file.setFileTime(written, QFileDevice::FileModificationTime));
-        ASSERT_TRUE(file.setPermissions(QFileDevice::ReadOwner | QFileDevice::ReadGroup));
-    }
-    EXPECT_TRUE(folder.moveHere(song));
-    EXPECT_TRUE(folder.moveHere(addSong(u"b/a.mp3"_s, "second")));
-    EXPECT_FALSE(folder.moveHere(m_source.filePath(u"gone.mp3"_s)));
-
-    const QFileInfo moved(folder.path() + u"/a.mp3"_s);
-    EXPECT_EQ(moved.lastModified(), written);
-    EXPECT_FALSE(moved.permission(QFileDevice::WriteOwner));
-    EXPECT_TRUE(moved.permission(QFileDevice::ReadGroup));
-    EXPECT_EQ(contentOf(moved.filePath()), content);
-    EXPECT_EQ(contentOf(folder.path() + u"/a (1).mp3"_s), "second");
-    EXPECT_FALSE(QFileInfo::exists(song));
-    EXPECT_THAT(entriesOf(folder.path()), ElementsAre(u"a (1).mp3"_s, u"a.mp3"_s));
-}
-
-TEST_F(DuplicatesFolderTest, KeepsTheSourceWhenTheOtherFileSystemIsFull)
-{
-    const SmallFileSystem small("256k");
-    if (!small.isMounted())
-        GTEST_SKIP() << "no right to mount a small file system";
-    DuplicatesFolder folder = makeIn(small.path());
+    PrivateMounts mounts;
+    const QString disk = m_target.filePath(u"disk"_s);
+    if (!mounts.areAllowed() || !mounts.mount(disk.toStdString(), "tmpfs", 0, "none", "size=256k"))
+        GTEST_SKIP() << "mounting is not allowed here";
+    DuplicatesFolder folder = makeIn(disk);
     const QByteArray content(1'000'000, 'x');
     const QString large = addSong(u"large.mp3"_s, content);
-    EXPECT_FALSE(folder.moveHere(large));
+    EXPECT_FALSE(moves(folder, large));
     EXPECT_EQ(contentOf(large), content);
     EXPECT_THAT(entriesOf(folder.path()), IsEmpty());
-    EXPECT_TRUE(folder.moveHere(addSong(u"small.mp3"_s, "fits")));
-}
+    EXPECT_TRUE(moves(folder, addSong(u"small.mp3"_s, "fits")));
 
-TEST_F(DuplicatesFolderTest, KeepsTheSourceWhenItCannotBeRemoved)
-{
-    const SmallFileSystem source("1m");
-    if (!source.isMounted())
-        GTEST_SKIP() << "no right to mount a small file system";
-    const QString song = source.path() + u"/a.mp3"_s;
-    writeFile(song, "song");
-    const QByteArray mountPoint = QFile::encodeName(source.path());
-    ASSERT_EQ(::mount(nullptr, mountPoint.constData(), nullptr, MS_REMOUNT | MS_RDONLY, nullptr), 0);
-    DuplicatesFolder folder = makeIn(m_target.path());
-    EXPECT_FALSE(folder.moveHere(song));
-    EXPECT_EQ(contentOf(song), "song");
-    EXPECT_THAT(entriesOf(folder.path()), IsEmpty());
+    ASSERT_EQ(::mount(nullptr, disk.toUtf8(), nullptr, MS_REMOUNT | MS_RDONLY, nullptr), 0);
+    DuplicatesFolder backwards = makeIn(m_source.path());
+    EXPECT_FALSE(moves(backwards, folder.path() + u"/small.mp3"_s));
+    EXPECT_EQ(contentOf(folder.path() + u"/small.mp3"_s), "fits");
+    EXPECT_THAT(entriesOf(backwards.path()), IsEmpty());
 }
 
 TEST_F(DuplicatesFolderTest, NeverShowsHalfAFileWhenKilledWhileCopying)
@@ -220,10 +164,10 @@ TEST_F(DuplicatesFolderTest, NeverShowsHalfAFileWhenKilledWhileCopying)
     DuplicatesFolder folder = makeIn(other.path());
     bool wasKilledInTime = false;
     for (int microseconds = 2000; !wasKilledInTime && microseconds > 1; microseconds /= 2) {
-        const pid_t child = runAside([&] { ::_exit(folder.moveHere(song) ? 0 : 1); });
+        const pid_t child = startInChild([&] { return moves(folder, song) ? 0 : 1; });
         ::usleep(static_cast<useconds_t>(microseconds));
         ::kill(child, SIGKILL);
-        wasKilledInTime = exitStatusOf(child) == -1;
+        wasKilledInTime = !exitStatusOf(child);
         const QString target = folder.path() + u"/a.mp3"_s;
         ASSERT_TRUE(contentOf(QFileInfo::exists(song) ? song : target) == content);
         ASSERT_TRUE(!QFileInfo::exists(target) || contentOf(target) == content);
@@ -232,42 +176,6 @@ TEST_F(DuplicatesFolderTest, NeverShowsHalfAFileWhenKilledWhileCopying)
         QFile::remove(target);
     }
     EXPECT_TRUE(wasKilledInTime);
-}
-
-/// Makes the calling process one on whose file systems a rename cannot refuse to overwrite.
-bool forgetRenamingWithoutReplacing()
-{
-    sock_filter program[] = {
-        BPF_STMT(BPF_LD | BPF_W | BPF_ABS, offsetof(seccomp_data, nr)),
-        BPF_JUMP(BPF_JMP | BPF_JEQ | BPF_K, SYS_renameat2, 0, 1),
-        BPF_STMT(BPF_RET | BPF_K, SECCOMP_RET_ERRNO | EINVAL),
-        BPF_STMT(BPF_RET | BPF_K, SECCOMP_RET_ALLOW),
-    };
-    const sock_fprog filter{static_cast<unsigned short>(std::size(program)), program};
-    return ::prctl(PR_SET_NO_NEW_PRIVS, 1, 0, 0, 0) == 0 &&
-           ::prctl(PR_SET_SECCOMP, SECCOMP_MODE_FILTER, &filter) == 0;
-}
-
-TEST_F(DuplicatesFolderTest, NeverOverwritesWhereARenameWould)
-{
-    const QByteArray taken = QFile::encodeName(addSong(u"taken.mp3"_s, "taken"));
-    const QByteArray song = QFile::encodeName(addSong(u"song.mp3"_s, "song"));
-    const QByteArray free = QFile::encodeName(m_source.filePath(u"free.mp3"_s));
-    const pid_t child = runAside([&] {
-        if (!forgetRenamingWithoutReplacing())
-            ::_exit(77);
-        const bool isRight = renameWithoutReplacing(song, taken) == EEXIST &&
-                             renameWithoutReplacing(song, free) == 0 &&
-                             renameWithoutReplacing(song, taken) == ENOENT;
-        ::_exit(isRight ? 0 : 1);
-    });
-    const int status = exitStatusOf(child);
-    if (status == 77)
-        GTEST_SKIP() << "no right to filter system calls";
-    EXPECT_EQ(status, 0);
-    EXPECT_EQ(contentOf(QFile::decodeName(taken)), "taken");
-    EXPECT_EQ(contentOf(QFile::decodeName(free)), "song");
-    EXPECT_THAT(entriesOf(m_source.path()), ElementsAre(u"free.mp3"_s, u"taken.mp3"_s));
 }
 
 } // namespace

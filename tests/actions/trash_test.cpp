@@ -1,4 +1,5 @@
 #include "actions/trash.h"
+#include "testing/other_file_system.h"
 #include "testing/private_home.h"
 
 #include <QDateTime>
@@ -11,7 +12,6 @@
 
 #include <cstring>
 #include <map>
-#include <sched.h>
 #include <string>
 #include <vector>
 
@@ -46,7 +46,7 @@ Files filesIn(const fs::path &folder)
     return files;
 }
 
-/// What a file manager can restore from a Trash: the notes that are as they should be, with their files.
+/// What a file manager can restore from a Trash, by its info files: contents by original path.
 std::multimap<std::string, std::string> restorable(const fs::path &trash)
 {
     static const QRegularExpression pattern(
@@ -54,22 +54,22 @@ std::multimap<std::string, std::string> restorable(const fs::path &trash)
     std::multimap<std::string, std::string> files;
     for (const fs::directory_entry &entry : fs::directory_iterator(trash / "info")) {
         const fs::path file = trash / "files" / entry.path().stem();
-        const auto note = pattern.match(QString::fromStdString(contentOf(entry.path())));
+        const auto info = pattern.match(QString::fromStdString(contentOf(entry.path())));
         if (entry.path().extension() != ".trashinfo" || !fs::exists(fs::symlink_status(file)) ||
-            !note.hasMatch())
+            !info.hasMatch())
             continue;
-        const QDateTime date = QDateTime::fromString(note.captured(2), QStringLiteral("yyyy-MM-ddThh:mm:ss"));
+        const QDateTime date = QDateTime::fromString(info.captured(2), QStringLiteral("yyyy-MM-ddThh:mm:ss"));
         EXPECT_TRUE(date.isValid() && std::abs(date.secsTo(QDateTime::currentDateTime())) < 60)
-            << note.captured(2).toStdString();
-        files.emplace(QByteArray::fromPercentEncoding(note.captured(1).toLatin1()).toStdString(),
+            << info.captured(2).toStdString();
+        files.emplace(QByteArray::fromPercentEncoding(info.captured(1).toLatin1()).toStdString(),
                       contentOf(file));
     }
     return files;
 }
 
-std::optional<Failure> trashed(const fs::path &file)
+bool isTrashed(const fs::path &file)
 {
-    return moveToTrash(QString::fromStdString(file));
+    return std::holds_alternative<TrashedFile>(moveToTrash(QString::fromStdString(file)));
 }
 
 std::string saying(int error)
@@ -82,9 +82,9 @@ std::string saying(int error)
 void expectRefusal(const fs::path &file, const fs::path &folder, const std::string &reason)
 {
     const Files before = filesIn(folder);
-    const std::optional<Failure> failure = trashed(file);
-    ASSERT_TRUE(failure) << file;
-    EXPECT_THAT(failure->reason.toStdString(), testing::HasSubstr(reason));
+    const auto result = moveToTrash(QString::fromStdString(file));
+    ASSERT_TRUE(std::holds_alternative<Failure>(result)) << file;
+    EXPECT_THAT(std::get<Failure>(result).reason.toStdString(), testing::HasSubstr(reason));
     EXPECT_EQ(filesIn(folder), before);
 }
 
@@ -100,22 +100,22 @@ protected:
 TEST_F(TrashTest, KeepsTheNameAndTellsWhereTheFileWas)
 {
     const fs::path song = home.add("Mus\u00edc 1/a#b %41\n\u00e9?&=+.mp3", "noise");
-    EXPECT_FALSE(trashed(song));
+    EXPECT_TRUE(isTrashed(song));
     EXPECT_FALSE(fs::exists(song));
     EXPECT_THAT(restorable(trash), ElementsAre(Pair(song.string(), "noise")));
-    const std::string note = contentOf(trash / "info/a#b %41\n\u00e9?&=+.mp3.trashinfo");
-    EXPECT_THAT(note, testing::HasSubstr("/Mus%C3%ADc%201/a%23b%20%2541%0A%C3%A9%3F%26%3D%2B.mp3\n"));
+    const std::string info = contentOf(trash / "info/a#b %41\n\u00e9?&=+.mp3.trashinfo");
+    EXPECT_THAT(info, testing::HasSubstr("/Mus%C3%ADc%201/a%23b%20%2541%0A%C3%A9%3F%26%3D%2B.mp3\n"));
     EXPECT_EQ(fs::status(trash).permissions(), fs::perms::owner_all);
 }
 
 TEST_F(TrashTest, OverwritesNothingThatIsInIt)
 {
-    const Files taken{{"files/a.mp3", "without a note"}, {"info/a.2.mp3.trashinfo", "without a file"}};
+    const Files taken{{"files/a.mp3", "without an info file"}, {"info/a.2.mp3.trashinfo", "without a file"}};
     for (const auto &[name, content] : taken)
         home.addFile(trash / name, content);
     fs::create_symlink("nowhere", trash / "files/a.3.mp3");
     for (const char *name : {"1/a.mp3", "2/a.mp3", "3/a.mp3"})
-        EXPECT_FALSE(trashed(home.add(name, name)));
+        EXPECT_TRUE(isTrashed(home.add(name, name)));
 
     EXPECT_THAT(restorable(trash), UnorderedElementsAre(Pair(home.path("1/a.mp3").string(), "1/a.mp3"),
                                                         Pair(home.path("2/a.mp3").string(), "2/a.mp3"),
@@ -124,11 +124,11 @@ TEST_F(TrashTest, OverwritesNothingThatIsInIt)
     EXPECT_EQ(contentOf(trash / "files/a.3.mp3"), "-> nowhere");
 }
 
-TEST_F(TrashTest, TakesNamesThatLeaveNoRoomForTheirNote)
+TEST_F(TrashTest, TakesNamesTooLongForTheirInfoFile)
 {
     const std::string longest = QStringLiteral("\U0001F600").repeated(62).toStdString() + "aa.mp3";
     for (const std::string folder : {"1/", "2/"})
-        EXPECT_FALSE(trashed(home.add(folder + longest, folder)));
+        EXPECT_TRUE(isTrashed(home.add(folder + longest, folder)));
     EXPECT_THAT(restorable(trash), UnorderedElementsAre(Pair(home.path("1/" + longest).string(), "1/"),
                                                         Pair(home.path("2/" + longest).string(), "2/")));
     std::vector<QString> rests;
@@ -137,20 +137,20 @@ TEST_F(TrashTest, TakesNamesThatLeaveNoRoomForTheirNote)
     EXPECT_THAT(rests, UnorderedElementsAre(QStringLiteral(".mp3"), QStringLiteral(".2.mp3")));
 }
 
-TEST_F(TrashTest, TakesLinksThemselvesAndFilesFromWhereTheyReallyAre)
+TEST_F(TrashTest, TakesLinksThemselvesAndKnowsTheRealPathsOfFiles)
 {
     const fs::path song = home.add("music/a.mp3");
     const fs::path link = home.path("link.mp3");
     for (const std::string target : {"music/a.mp3", "missing", "music", "link.mp3"}) {
         fs::create_symlink(target, link);
-        EXPECT_FALSE(trashed(link));
+        EXPECT_TRUE(isTrashed(link));
         EXPECT_THAT(restorable(trash), ElementsAre(Pair(link.string(), "-> " + target)));
         fs::remove_all(trash);
     }
     EXPECT_EQ(contentOf(song), "song");
 
     fs::create_symlink("music", home.path("linked"));
-    EXPECT_FALSE(trashed(home.path("linked/../linked/a.mp3")));
+    EXPECT_TRUE(isTrashed(home.path("linked/../linked/a.mp3")));
     EXPECT_THAT(restorable(trash), ElementsAre(Pair(song.string(), "song")));
 }
 
@@ -164,7 +164,7 @@ TEST_F(TrashTest, RefusesWhatItCannotMoveAndChangesNothing)
     expectRefusal(song, home.path(), "The Trash of this disk cannot be used: " + saying(ENOTDIR));
 }
 
-TEST_F(TrashTest, LeavesNoNoteOfAFileInAFolderThatCannotBeChanged)
+TEST_F(TrashTest, LeavesNoInfoFileWhenTheFolderOfTheFileCannotBeChanged)
 {
     const fs::path song = home.add("kept/a.mp3");
     fs::permissions(song.parent_path(), fs::perms::owner_read | fs::perms::owner_exec);
@@ -178,29 +178,40 @@ TEST_F(TrashTest, LeavesNoNoteOfAFileInAFolderThatCannotBeChanged)
     fs::permissions(song.parent_path(), fs::perms::owner_all);
 }
 
-/// With a second disk, in mounts that nobody but this process sees.
+TEST_F(TrashTest, RestoresWhatItTookUnlessTheNameIsTaken)
+{
+    const fs::path song = home.add("music/a.mp3");
+    const fs::path link = home.path("music/link.mp3");
+    fs::create_symlink("a.mp3", link);
+    const Files before = filesIn(home.path("music"));
+    for (const fs::path &file : {link, song}) {
+        const auto trashed = std::get<TrashedFile>(moveToTrash(QString::fromStdString(file)));
+        home.addFile(file, "new");
+        EXPECT_TRUE(restore(trashed));
+        EXPECT_EQ(contentOf(file), "new");
+        EXPECT_EQ(restorable(trash).size(), 1);
+        fs::remove(file);
+        EXPECT_FALSE(restore(trashed));
+    }
+    EXPECT_EQ(filesIn(home.path("music")), before);
+    EXPECT_THAT(filesIn(trash), testing::IsEmpty());
+}
+
+/// With a second disk.
 class VolumeTest : public TrashTest
 {
 protected:
     void SetUp() override
     {
-        static const bool isAllowed = startPrivateMounts();
-        if (!isAllowed)
+        if (!PrivateMounts::areAllowed())
             GTEST_SKIP() << "mounting is not allowed here";
         mountAt(volume, "tmpfs");
     }
-    void TearDown() override
-    {
-        for (; !m_mounts.empty(); m_mounts.pop_back())
-            EXPECT_EQ(::umount(m_mounts.back().c_str()), 0) << m_mounts.back();
-    }
 
     void mountAt(const fs::path &folder, const char *type, unsigned long flags = 0,
-                 const char *source = "none")
+                 const std::string &source = "none")
     {
-        fs::create_directories(folder);
-        ASSERT_EQ(::mount(source, folder.c_str(), type, flags, nullptr), 0) << std::strerror(errno);
-        m_mounts.push_back(folder);
+        ASSERT_TRUE(m_mounts.mount(folder, type, flags, source)) << std::strerror(errno);
     }
 
     const fs::path volume = home.path("volume");
@@ -208,38 +219,21 @@ protected:
     const fs::path song = volume / "music/a b.mp3";
 
 private:
-    static bool startPrivateMounts()
-    {
-        const auto asMyself = [](const char *map, unsigned id) {
-            std::ofstream(map) << id << ' ' << id << " 1";
-        };
-        const uid_t user = ::geteuid();
-        const gid_t group = ::getegid();
-        if (::unshare(CLONE_NEWNS) != 0) {
-            if (::unshare(CLONE_NEWUSER | CLONE_NEWNS) != 0)
-                return false;
-            std::ofstream("/proc/self/setgroups") << "deny";
-            asMyself("/proc/self/uid_map", user);
-            asMyself("/proc/self/gid_map", group);
-        }
-        return ::mount(nullptr, "/", nullptr, MS_REC | MS_PRIVATE, nullptr) == 0;
-    }
-
-    std::vector<fs::path> m_mounts;
+    PrivateMounts m_mounts;
 };
 
 TEST_F(VolumeTest, HasATrashAtItsTop)
 {
     home.addFile(song, "song");
-    EXPECT_FALSE(trashed(song));
+    EXPECT_TRUE(isTrashed(song));
     EXPECT_THAT(restorable(atItsTop), ElementsAre(Pair("music/a b.mp3", "song")));
     EXPECT_FALSE(fs::exists(trash));
 
     home.addFile(volume / "linked.mp3", "song");
     fs::create_symlink(volume, home.path("to_volume"));
-    EXPECT_FALSE(trashed(home.path("to_volume/linked.mp3")));
+    EXPECT_TRUE(isTrashed(home.path("to_volume/linked.mp3")));
     fs::create_symlink(home.add("b.mp3"), volume / "to_home.mp3");
-    EXPECT_FALSE(trashed(volume / "to_home.mp3"));
+    EXPECT_TRUE(isTrashed(volume / "to_home.mp3"));
     EXPECT_THAT(restorable(atItsTop),
                 UnorderedElementsAre(Pair("music/a b.mp3", "song"), Pair("linked.mp3", "song"),
                                      Pair("to_home.mp3", "-> " + home.path("b.mp3").string())));
@@ -249,14 +243,14 @@ TEST_F(VolumeTest, UsesATrashForAllWhereFilesAreSafeInIt)
 {
     const fs::path forAll = volume / ".Trash";
     fs::create_directory(forAll);
-    EXPECT_FALSE(trashed(home.addFile(song, "not sticky")));
+    EXPECT_TRUE(isTrashed(home.addFile(song, "not sticky")));
     fs::permissions(forAll, fs::perms::all | fs::perms::sticky_bit);
-    EXPECT_FALSE(trashed(home.addFile(song, "sticky")));
+    EXPECT_TRUE(isTrashed(home.addFile(song, "sticky")));
     EXPECT_THAT(restorable(forAll / std::to_string(::geteuid())),
                 ElementsAre(Pair("music/a b.mp3", "sticky")));
     fs::rename(forAll, volume / "other");
     fs::create_symlink("other", forAll);
-    EXPECT_FALSE(trashed(home.addFile(song, "link")));
+    EXPECT_TRUE(isTrashed(home.addFile(song, "link")));
     EXPECT_THAT(restorable(atItsTop),
                 UnorderedElementsAre(Pair("music/a b.mp3", "not sticky"), Pair("music/a b.mp3", "link")));
 
@@ -270,8 +264,8 @@ TEST_F(VolumeTest, CanHoldTheDataFolder)
     qputenv("XDG_DATA_HOME", QFile::encodeName(QString::fromStdString(volume / "data")));
     const fs::path disk = home.path("disk");
     mountAt(disk, "tmpfs");
-    EXPECT_FALSE(trashed(home.addFile(song, "song")));
-    EXPECT_FALSE(trashed(home.addFile(disk / "b.mp3", "song")));
+    EXPECT_TRUE(isTrashed(home.addFile(song, "song")));
+    EXPECT_TRUE(isTrashed(home.addFile(disk / "b.mp3", "song")));
     EXPECT_THAT(restorable(volume / "data/Trash"), ElementsAre(Pair(song.string(), "song")));
     EXPECT_THAT(restorable(disk / atItsTop.filename()), ElementsAre(Pair("b.mp3", "song")));
 }
@@ -279,8 +273,8 @@ TEST_F(VolumeTest, CanHoldTheDataFolder)
 TEST_F(VolumeTest, CanBeAnotherViewOfTheHomeDisk)
 {
     home.add("music/a.mp3");
-    mountAt(home.path("view"), nullptr, MS_BIND, home.path("music").c_str());
-    EXPECT_FALSE(trashed(home.path("view/a.mp3")));
+    mountAt(home.path("view"), nullptr, MS_BIND, home.path("music"));
+    EXPECT_TRUE(isTrashed(home.path("view/a.mp3")));
     EXPECT_THAT(restorable(home.path("view") / atItsTop.filename()), ElementsAre(Pair("a.mp3", "song")));
 }
 

@@ -9,14 +9,18 @@
 #include <algorithm>
 #include <cmath>
 #include <functional>
+#include <numeric>
 
 namespace sonavo::direct {
 namespace {
 
 using namespace Qt::StringLiterals;
 
+/// 1 where both are empty.
 double similarity(const QString &a, const QString &b)
 {
+    if (a.isEmpty() && b.isEmpty())
+        return 1.0;
     return 1.0 - double(levenshteinDistance(a, b)) / double(std::max(a.size(), b.size()));
 }
 
@@ -37,25 +41,23 @@ bool contains(const QString &text, const QString &part)
 
 QList<QList<Song>> bucketsOf(const QList<Song> &songs, const std::function<QString(const Song &)> &keyOf)
 {
-    QStringList keys;
-    QHash<QString, QList<Song>> buckets;
+    QHash<QString, qsizetype> numbers;
+    QList<QList<Song>> buckets;
     for (const Song &song : songs) {
-        if (!buckets.contains(keyOf(song)))
-            keys << keyOf(song);
-        buckets[keyOf(song)] << song;
+        const QString key = keyOf(song);
+        if (!numbers.contains(key)) {
+            numbers[key] = buckets.size();
+            buckets.emplace_back();
+        }
+        buckets[numbers[key]] << song;
     }
-    QList<QList<Song>> ofSeveralSongs;
-    for (const QString &key : keys) {
-        if (buckets[key].size() >= 2)
-            ofSeveralSongs << buckets[key];
-    }
-    return ofSeveralSongs;
+    buckets.removeIf([](const QList<Song> &bucket) { return bucket.size() < 2; });
+    return buckets;
 }
 
 struct Run
 {
     QSet<QString> processedPaths;
-    int colorIndex = 0;
     QList<DuplicateGroup> groups;
 
     [[nodiscard]] QList<Song> unplaced(QList<Song> songs) const
@@ -66,11 +68,8 @@ struct Run
 
     bool makeGroup(const QList<Song> &cluster, bool filtersArtists)
     {
-        Song original = cluster.first();
-        for (const Song &song : cluster) {
-            if (song.size > original.size)
-                original = song;
-        }
+        const Song original = *std::max_element(cluster.begin(), cluster.end(),
+                                                [](auto &a, auto &b) { return a.size < b.size; });
         QList<Song> duplicates;
         for (const Song &song : cluster) {
             if (song.id != original.id && (!filtersArtists || artistsCompatible(song, original)))
@@ -78,8 +77,7 @@ struct Run
         }
         if (duplicates.isEmpty())
             return false;
-        groups << DuplicateGroup{{}, original, duplicates, colorIndex % 6};
-        ++colorIndex;
+        groups << DuplicateGroup{{}, original, duplicates, int(groups.size() % 6)};
         for (const Song &song : duplicates + QList<Song>{original})
             processedPaths << song.path;
         return true;
@@ -102,7 +100,7 @@ QString normalizeString(const QString &text)
     static const QRegularExpression separators(u"[^a-z0-9]+"_s);
     static const QRegularExpression ends(uR"(^\s+|\s+$)"_s);
     static const QRegularExpression blanks(uR"(\s+)"_s);
-    // Half a character is none; in a text that holds one the expressions would find nothing.
+    // Lone surrogates are replaced first: in a text that holds one the expressions would find nothing.
     QString result = QString::fromUtf8(text.toUtf8()).toLower();
     result.replace(brackets, u""_s);
     result.replace(separators, u" "_s);
@@ -116,8 +114,7 @@ int levenshteinDistance(const QString &a, const QString &b)
     QList<QList<int>> table(a.size() + 1, QList<int>(b.size() + 1));
     for (int i = 0; i <= a.size(); ++i)
         table[i][0] = i;
-    for (int j = 0; j <= b.size(); ++j)
-        table[0][j] = j;
+    std::iota(table[0].begin(), table[0].end(), 0);
     for (int i = 0; i < a.size(); ++i) {
         for (int j = 0; j < b.size(); ++j) {
             table[i + 1][j + 1] =
@@ -136,19 +133,13 @@ bool songsMatch(const Song &seed, const Song &candidate)
     const bool nameContains = contains(seed.name, candidate.name) || contains(candidate.name, seed.name);
     const QString fullA = normalizeString(seed.artist + u" - "_s + seed.title);
     const QString fullB = normalizeString(candidate.artist + u" - "_s + candidate.title);
-    if (!fullA.isEmpty() || !fullB.isEmpty()) {
-        if (!(titleContains || nameContains || similarity(fullA, fullB) >= 0.9))
-            return false;
-    }
+    if (!(titleContains || nameContains || similarity(fullA, fullB) >= 0.9))
+        return false;
 
     const QString artistA = normalizeString(seed.artist);
     const QString artistB = normalizeString(candidate.artist);
-    if (!artistA.isEmpty() || !artistB.isEmpty()) {
-        if (!(similarity(artistA, artistB) >= 0.7))
-            return false;
-    }
-
-    return wordsOf(seed.title, 3).intersects(wordsOf(candidate.title, 3));
+    return similarity(artistA, artistB) >= 0.7 &&
+           wordsOf(seed.title, 3).intersects(wordsOf(candidate.title, 3));
 }
 
 bool artistsCompatible(const Song &duplicate, const Song &original)

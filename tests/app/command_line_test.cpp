@@ -73,24 +73,6 @@ TEST_F(CommandLineTest, OpensTheWindowUnlessAReportIsWanted)
               (QList{QUrl::fromLocalFile(path("music")), QUrl::fromLocalFile(path("broken.mp3"))}));
 }
 
-TEST_F(CommandLineTest, RefusesWhatMakesNoSense)
-{
-    const std::vector<std::vector<QByteArray>> cases{
-        {"--report"},
-        {"--report", "--loud", path("music").toUtf8()},
-        {"--json", path("music").toUtf8()},
-        {"--report", path("music").toUtf8(), path("missing").toUtf8()},
-        {"--report", ""},
-        {path("missing").toUtf8()},
-    };
-    for (const std::vector<QByteArray> &arguments : cases) {
-        const CommandLine commandLine = parsed(arguments);
-        const auto *unusable = std::get_if<UnusableArguments>(&commandLine.request);
-        ASSERT_NE(unusable, nullptr) << arguments.size();
-        EXPECT_FALSE(unusable->text.isEmpty());
-    }
-}
-
 TEST_F(CommandLineTest, PassesOverNamesThatAreNotUtf8)
 {
     const CommandLine commandLine = parsed({"--report", "--json", "\xff.mp3", path("music").toUtf8()});

@@ -1,4 +1,5 @@
 #include "testing/audio_fixtures.h"
+#include "testing/hanging_disk.h"
 
 #include <QDir>
 #include <QFile>
@@ -22,7 +23,6 @@ namespace sonavo {
 namespace {
 
 using testing::HasSubstr;
-using testing::StartsWith;
 
 /// Whether a process has said what is to happen on SIGINT.
 bool catchesInterrupts(qint64 process)
@@ -36,26 +36,23 @@ bool catchesInterrupts(qint64 process)
     return (text.sliced(start, 16).toULongLong(nullptr, 16) & (1ULL << (SIGINT - 1))) != 0;
 }
 
-/// The real program in a process of its own, with settings of its own and a locale that Qt would complain
-/// about.
+/// The real program in a process of its own, with its own settings, without a display, and in a locale that
+/// Qt would warn about.
 class ProgramTest : public testing::Test
 {
 protected:
     ProgramTest()
     {
-        QProcessEnvironment environment = QProcessEnvironment::systemEnvironment();
-        environment.insert(QStringLiteral("XDG_CONFIG_HOME"), m_home.path());
-        environment.insert(QStringLiteral("LC_ALL"), QStringLiteral("C"));
+        m_environment.insert(QStringLiteral("XDG_CONFIG_HOME"), m_home.path());
+        m_environment.insert(QStringLiteral("LC_ALL"), QStringLiteral("C"));
         for (const char *display : {"DISPLAY", "WAYLAND_DISPLAY", "QT_QPA_PLATFORM"})
-            environment.remove(QString::fromLatin1(display));
-        m_process.setProcessEnvironment(environment);
-        m_process.setProgram(QStringLiteral(SONAVO_PROGRAM));
+            m_environment.remove(QString::fromLatin1(display));
     }
 
     void start(const QStringList &arguments)
     {
-        m_process.setArguments(arguments);
-        m_process.start();
+        m_process.setProcessEnvironment(m_environment);
+        m_process.start(QStringLiteral(SONAVO_PROGRAM), arguments);
         ASSERT_TRUE(m_process.waitForStarted());
     }
     int finish()
@@ -71,9 +68,11 @@ protected:
     }
 
     std::string output() { return m_process.readAllStandardOutput().toStdString(); }
-    std::string complaints() { return m_process.readAllStandardError().toStdString(); }
+    std::string errors() { return m_process.readAllStandardError().toStdString(); }
 
+    QTemporaryDir m_folder;
     QTemporaryDir m_home;
+    QProcessEnvironment m_environment = QProcessEnvironment::systemEnvironment();
     QProcess m_process;
 };
 
@@ -92,52 +91,60 @@ TEST_F(ProgramTest, FindsTheDuplicatesOfTheSampleLibraryInAllFourWays)
     const QJsonObject report = QJsonDocument::fromJson(m_process.readAllStandardOutput()).object();
     EXPECT_EQ(report[QStringLiteral("songs")].toArray().size(), 21);
     EXPECT_EQ(report[QStringLiteral("groups")].toArray().size(), 6);
-    EXPECT_EQ(complaints(), "");
+    EXPECT_EQ(errors(), "");
 }
 
 TEST_F(ProgramTest, TellsApartSuccessNothingFoundAndUnusableArguments)
 {
-    const QTemporaryDir folder;
-    ASSERT_EQ(run({REPORT, SAMPLES + QStringLiteral("/Albums/Cora Lind - Go.mp3")}), 0);
-    EXPECT_EQ(output(), "0 groups \u2022 0 duplicate files \u2022 Zero KB to free \u2022 1 song scanned\n");
-    EXPECT_EQ(run({REPORT, folder.path()}), 1);
-    EXPECT_EQ(complaints(), "sonavo: No audio files found in the selected folder.\n");
-    QFile noMusic(folder.filePath(QStringLiteral("a.mp3")));
-    ASSERT_TRUE(noMusic.open(QIODevice::WriteOnly));
-    EXPECT_EQ(run({REPORT, folder.path()}), 1);
-    EXPECT_EQ(complaints(), "sonavo: No supported audio files found.\n");
-    EXPECT_EQ(output(), "");
-
-    EXPECT_EQ(run({REPORT, folder.filePath(QStringLiteral("missing"))}), 2);
-    EXPECT_THAT(complaints(), HasSubstr("no such file or folder"));
-    EXPECT_EQ(run({}), 1);
-    EXPECT_THAT(complaints(), HasSubstr("no display"));
-    EXPECT_EQ(output(), "");
-
-    EXPECT_EQ(run({QStringLiteral("--help")}), 0);
-    EXPECT_THAT(output(), HasSubstr("--report"));
-    EXPECT_EQ(run({QStringLiteral("--version")}), 0);
-    EXPECT_THAT(output(), StartsWith("sonavo "));
+    const QString noMusic = m_folder.filePath(QStringLiteral("a.mp3"));
+    writeFile(noMusic, {});
+    const struct
+    {
+        QStringList arguments;
+        int status;
+        std::string output;
+        std::string errors;
+    } cases[] = {
+        {{REPORT, SAMPLES + QStringLiteral("/Albums/Cora Lind - Go.mp3")}, 0, "0 groups \u2022", ""},
+        {{REPORT, m_home.path()}, 1, "", "sonavo: No audio files found in the selected folder.\n"},
+        {{REPORT, m_folder.path()}, 1, "", "sonavo: No supported audio files found.\n"},
+        {{REPORT, SAMPLES, noMusic + u'x'}, 2, "", "sonavo: no such file or folder"},
+        {{noMusic + u'x'}, 2, "", "sonavo: no such file or folder"},
+        {{REPORT, QString()}, 2, "", "sonavo: no such file or folder"},
+        {{REPORT}, 2, "", "sonavo: --report needs"},
+        {{JSON, SAMPLES}, 2, "", "sonavo: --json needs"},
+        {{REPORT, QStringLiteral("--loud"), SAMPLES}, 2, "", "sonavo: "},
+        {{}, 1, "", "sonavo: there is no display"},
+        {{QStringLiteral("--help")}, 0, "Usage: sonavo", ""},
+        {{QStringLiteral("--version")}, 0, "sonavo ", ""},
+    };
+    for (const auto &expected : cases) {
+        SCOPED_TRACE(expected.arguments.join(u' ').toStdString());
+        EXPECT_EQ(run(expected.arguments), expected.status);
+        const std::string printed = output();
+        const std::string warned = errors();
+        EXPECT_TRUE(expected.output.empty() ? printed.empty() : printed.starts_with(expected.output));
+        EXPECT_TRUE(expected.errors.empty() ? warned.empty() : warned.starts_with(expected.errors)) << warned;
+    }
 }
 
 TEST_F(ProgramTest, SaysWhenTheReportCannotBeWritten)
 {
     m_process.setStandardOutputFile(QStringLiteral("/dev/full"));
     EXPECT_EQ(run({REPORT, SAMPLES}), 1);
-    EXPECT_EQ(complaints(), "sonavo: the report could not be written\n");
+    EXPECT_EQ(errors(), "sonavo: the report could not be written\n");
 }
 
 TEST_F(ProgramTest, StopsCleanlyOnCtrlC)
 {
-    const QTemporaryDir folder;
-    fillWithSongs(folder.path(), 20'000);
-    start({REPORT, folder.path()});
+    fillWithSongs(m_folder.path(), 20'000);
+    start({REPORT, m_folder.path()});
     // A scan of this size pauses for more than a second.
     ASSERT_TRUE(QTest::qWaitFor([this] { return catchesInterrupts(m_process.processId()); }, 20'000));
     ASSERT_EQ(::kill(static_cast<pid_t>(m_process.processId()), SIGINT), 0);
     EXPECT_EQ(finish(), 130);
     EXPECT_EQ(output(), "");
-    EXPECT_EQ(complaints(), "");
+    EXPECT_EQ(errors(), "");
 }
 
 TEST_F(ProgramTest, ShowsProgressOnATerminalAndTakesItAway)
@@ -146,10 +153,9 @@ TEST_F(ProgramTest, ShowsProgressOnATerminalAndTakesItAway)
     ASSERT_GE(terminal, 0);
     ASSERT_EQ(::grantpt(terminal), 0);
     ASSERT_EQ(::unlockpt(terminal), 0);
-    const QTemporaryDir folder;
-    fillWithSongs(folder.path(), 60);
+    fillWithSongs(m_folder.path(), 60);
     m_process.setStandardErrorFile(QFile::decodeName(::ptsname(terminal)));
-    ASSERT_EQ(run({REPORT, folder.path()}), 0);
+    ASSERT_EQ(run({REPORT, m_folder.path()}), 0);
 
     std::string shown;
     EXPECT_TRUE(QTest::qWaitFor([&] {
@@ -162,6 +168,26 @@ TEST_F(ProgramTest, ShowsProgressOnATerminalAndTakesItAway)
     EXPECT_THAT(shown, HasSubstr("  0% Step 1/4: Discovering audio files..."));
     EXPECT_THAT(shown, HasSubstr(" 83% Step 1/4: Processing audio files (50 of 60)"));
     EXPECT_THAT(shown, HasSubstr(" 75% Step 4/4: Deep comparison of remaining songs..."));
+}
+
+TEST_F(ProgramTest, ReportsAndQuitsThoughADiskHangs)
+{
+    HangingDisk disk("hangs.mp3");
+    if (!disk.start())
+        GTEST_SKIP() << "no right to hold system calls";
+    const QByteArray song = audioContent(QStringLiteral("mp3"), 0.2);
+    for (const char *name : {"A - B.mp3", "A - hangs.mp3", "C - D.mp3"})
+        writeFile(m_folder.filePath(QString::fromLatin1(name)), song);
+    EXPECT_EQ(run({REPORT, m_folder.path()}), 0);
+    EXPECT_THAT(output(), HasSubstr("2 songs"));
+
+    m_environment.insert(QStringLiteral("QT_QPA_PLATFORM"), QStringLiteral("offscreen"));
+    const int before = disk.hangingReads();
+    EXPECT_GT(before, 0);
+    start({m_folder.path()});
+    ASSERT_TRUE(QTest::qWaitFor([&] { return disk.hangingReads() > before; }, 60'000));
+    m_process.terminate();
+    EXPECT_EQ(finish(), 0) << errors();
 }
 
 } // namespace

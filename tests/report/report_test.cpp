@@ -26,7 +26,7 @@ class ReportTest : public testing::Test
 protected:
     ReportTest()
     {
-        std::setlocale(LC_ALL, "C.UTF-8"); // tells the width of characters
+        std::setlocale(LC_ALL, "C.UTF-8"); // for the width of characters
         songs = {song(u"a.mp3"_s, 999, 61.2), song(u"二.mp3"_s, 5'000'000, 0.1 + 0.2),
                  song(u"c\x1b[2J\nd\u202e.mp3"_s, 84'300'000, 3725.0)};
         for (int i = 0; i < 7; ++i)

@@ -1,7 +1,7 @@
-#include "session/duplicate_view_model.h"
-#include "testing/music_folder.h"
-#include "testing/persons_desktop.h"
-#include "testing/test_pauses.h"
+#include "session/preview.h"
+#include "testing/fake_desktop.h"
+
+#include <QTest>
 
 #include <gmock/gmock.h>
 
@@ -15,25 +15,26 @@ using testing::IsEmpty;
 class PreviewTest : public testing::Test
 {
 protected:
-    PersonsDesktop desktop;
-    DuplicateViewModel session{desktop, std::make_shared<InstantPauses>(), QList<Color>(6)};
+    static void settle() { QTest::qWait(1); }
+
+    FakeDesktop desktop;
+    Preview preview{desktop};
     const Song a{QUuid::createUuid(), u"a"_s, u"a"_s, 200.6, 1, u"MP3"_s, {}, u"a"_s, u"music"_s};
     const Song b{QUuid::createUuid(), u"b"_s, u"b"_s, 200.6, 1, u"MP3"_s, {}, u"b"_s, u"music"_s};
 };
 
 TEST_F(PreviewTest, PlaysOneSongAtATimeFromTheNextTurnUntilTheSecondClick)
 {
-    session.togglePlayback(a);
-    EXPECT_EQ(session.currentlyPlayingSong(), a);
-    EXPECT_EQ(session.player(), nullptr);
+    preview.toggle(a);
+    EXPECT_TRUE(preview.isOf(a));
+    EXPECT_EQ(preview.state().player, nullptr);
     settle();
-    EXPECT_NE(session.player(), nullptr);
-    session.togglePlayback(b);
-    EXPECT_EQ(session.currentlyPlayingSong(), b);
+    EXPECT_NE(preview.state().player, nullptr);
+    preview.toggle(b);
+    EXPECT_TRUE(preview.isOf(b));
     settle();
-    session.togglePlayback(b);
-    EXPECT_FALSE(session.currentlyPlayingSong());
-    EXPECT_EQ(session.player(), nullptr);
+    preview.toggle(*preview.state().song);
+    EXPECT_EQ(preview.state(), Preview::State());
     settle();
     EXPECT_THAT(desktop.takeCalls(), ElementsAre("a: play", "a: pause", "a: release", "a: gone", "b: play",
                                                  "b: pause", "b: release", "b: gone"));
@@ -41,62 +42,46 @@ TEST_F(PreviewTest, PlaysOneSongAtATimeFromTheNextTurnUntilTheSecondClick)
 
 TEST_F(PreviewTest, DoesNotStartWhatWasStoppedMeanwhile)
 {
-    session.togglePlayback(a);
-    session.togglePlayback(a);
+    preview.toggle(a);
+    preview.toggle(a);
     settle();
-    DuplicateViewModel(desktop, std::make_shared<InstantPauses>(), QList<Color>(6)).togglePlayback(a);
+    Preview(desktop).toggle(a);
     settle();
     EXPECT_THAT(desktop.takeCalls(), IsEmpty());
 
-    session.togglePlayback(a);
-    session.togglePlayback(b);
-    session.togglePlayback(a);
+    preview.toggle(a);
+    preview.toggle(b);
+    preview.toggle(a);
     settle();
     EXPECT_THAT(desktop.takeCalls(), ElementsAre("a: play"));
-
-    session.togglePlayback(b);
-    session.clearAll();
-    settle();
-    EXPECT_THAT(desktop.takeCalls(), ElementsAre("a: pause", "a: release", "a: gone"));
 }
 
 TEST_F(PreviewTest, SeeksToWhereTheRowWasClicked)
 {
-    session.seekPlayback(450, 900);
-    session.togglePlayback(a);
-    session.seekPlayback(450, 900);
+    preview.seek(450, 900);
+    preview.toggle(a);
+    preview.seek(450, 900);
     settle();
-    session.seekPlayback(450, 900);
-    session.seekPlayback(2000, 900);
-    session.seekPlayback(-9, 900);
-    session.seekPlayback(10, 0);
-    session.seekPlayback(std::numeric_limits<double>::quiet_NaN(), 900);
+    preview.seek(450, 900);
+    preview.seek(2000, 900);
+    preview.seek(-9, 900);
+    preview.seek(10, 0);
+    preview.seek(std::numeric_limits<double>::quiet_NaN(), 900);
     EXPECT_THAT(desktop.takeCalls(), ElementsAre("a: play", "a: seek 100", "a: seek 200", "a: seek -2"));
 }
 
-TEST_F(PreviewTest, HasTheLastWordWhenAListenerStartsAnother)
+TEST_F(PreviewTest, LeavesTheLastWordToAListenerThatStartsAnother)
 {
-    session.togglePlayback(a);
+    preview.toggle(a);
     settle();
-    QObject::connect(&session, &DuplicateViewModel::playerChanged, &session, [this] {
-        if (!session.player() && !session.currentlyPlayingSong())
-            session.togglePlayback(b);
+    QObject::connect(&preview, &Preview::changed, &preview, [this] {
+        if (!preview.state().song)
+            preview.toggle(b);
     });
-    session.stopPlayback();
+    preview.stop();
     settle();
-    EXPECT_EQ(session.currentlyPlayingSong(), b);
+    EXPECT_TRUE(preview.isOf(b));
     EXPECT_THAT(desktop.takeCalls(), ElementsAre("a: play", "a: pause", "a: release", "a: gone", "b: play"));
-}
-
-TEST_F(PreviewTest, SilencesASongBeforeItIsDeleted)
-{
-    session.togglePlayback(a);
-    settle();
-    session.deleteSong(b);
-    EXPECT_THAT(desktop.takeCalls(), ElementsAre("a: play"));
-    session.deleteSong(*session.currentlyPlayingSong());
-    EXPECT_THAT(desktop.takeCalls(), ElementsAre("a: volume 0.0", "a: pause", "a: release", "a: gone"));
-    EXPECT_FALSE(session.currentlyPlayingSong());
 }
 
 } // namespace

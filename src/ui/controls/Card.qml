@@ -19,7 +19,7 @@ Item {
         strength: 0.2
     }
 
-    // A surface that is not quite opaque shows the window behind it, not its own shadow.
+    // Keeps the shadow from showing through a translucent surface.
     Rectangle {
         anchors.fill: parent
         radius: surface.radius

@@ -1,11 +1,11 @@
 import QtQuick
+import Sonavo
 
-// A text in one line. What does not fit is elided; whoever shows tooltips shows the full text then.
-Text {
-    // All that the text stands for, where the text itself does not show it; otherwise empty.
+// One line of text, elided where it does not fit.
+PlainText {
+    // What a tooltip shows: the whole text where it is elided, otherwise nothing.
     property string fullText: truncated ? text : ""
 
-    textFormat: Text.PlainText
     elide: Text.ElideRight
     maximumLineCount: 1
     verticalAlignment: Text.AlignVCenter

@@ -2,7 +2,7 @@ import QtQuick
 import QtQuick.Templates as T
 import Sonavo
 
-// Shows which control the keyboard is at.
+// Outlines a control that has keyboard focus.
 Rectangle {
     required property T.Control control
 

@@ -1,9 +1,8 @@
 import QtQuick
-import QtQuick.Controls.Basic
 import QtQuick.Templates as T
 import Sonavo
 
-// A small button that shows nothing but an icon; its tooltip is also its name.
+// A small button with an icon alone; its tooltip is also its accessible name.
 T.AbstractButton {
     id: control
 
@@ -18,9 +17,11 @@ T.AbstractButton {
     focusPolicy: Qt.NoFocus
     Accessible.role: Accessible.Button
     Accessible.name: toolTip
-    ToolTip.text: toolTip
-    ToolTip.visible: hovered
-    ToolTip.delay: 500
+
+    PlainToolTip {
+        text: control.toolTip
+        isHovered: control.hovered
+    }
 
     contentItem: Item {
         SymbolIcon {

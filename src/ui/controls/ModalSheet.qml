@@ -3,11 +3,11 @@ import QtQuick.Controls.Basic
 import QtQuick.Templates as T
 import Sonavo
 
-// What lies over the window until it is answered. Escape dismisses it.
+// A modal popup in the middle of the window. Escape closes it.
 Popup {
     id: sheet
 
-    // What screen readers call it.
+    // Accessible name.
     required property string title
 
     anchors.centerIn: T.Overlay.overlay
@@ -16,7 +16,7 @@ Popup {
     closePolicy: Popup.CloseOnEscape
     padding: 30
 
-    // The popup is no item itself; the one that shows it is what screen readers meet.
+    // A Popup is no Item: screen readers see the item that shows it.
     onAboutToShow: {
         contentItem.parent.Accessible.role = Accessible.Dialog;
         contentItem.parent.Accessible.name = title;

@@ -2,7 +2,7 @@ import QtQuick
 import QtQuick.Templates as T
 import Sonavo
 
-// A button that dims and shrinks its label a little while it is pressed.
+// A button that dims and shrinks its label slightly while it is pressed.
 T.Button {
     id: control
 

@@ -1,13 +1,12 @@
 import QtQuick
 
-// A spring told by how fast it answers and how much it overshoots, instead of by its physics. For a mass of 1
-// the damped harmonic oscillator has stiffness (2 pi / response)^2 and friction 4 pi dampingFraction / response
-// (any textbook of mechanics; for instance French, "Vibrations and Waves", 1971, chapter 3). SpringAnimation
-// takes both for each of its steps of 16 ms.
+// A spring animation with a response time and a damping ratio for parameters. A damped harmonic oscillator of mass 1
+// has the stiffness (2 pi / response)^2 and the damping coefficient 4 pi dampingFraction / response (for instance
+// French, "Vibrations and Waves", 1971, chapter 3). SpringAnimation takes both per step of 16 ms.
 SpringAnimation {
-    // Seconds of one swing if nothing damped it.
+    // Period of the undamped oscillation in seconds.
     property real response: 0.5
-    // 1 comes to rest without overshooting, less swings beyond.
+    // Damping ratio: below 1 the spring overshoots.
     property real dampingFraction: 0.8
 
     readonly property real step: 0.016

@@ -2,14 +2,14 @@ import QtQuick
 import QtQuick.Templates as T
 import Sonavo
 
-// A button that shrinks under the finger and springs back.
+// A button that shrinks while it is pressed and springs back.
 T.Button {
     id: control
 
     property string symbol: ""
     property real symbolSize: 16
     property color tint: Colors.accent
-    // Filled buttons stand out as what is probably wanted.
+    // For the default action.
     property bool isFilled: false
     readonly property color labelColor: isFilled ? Colors.background : Colors.textPrimary
 

@@ -1,7 +1,7 @@
 import QtQuick
 import Sonavo
 
-// An icon and a text beside it.
+// An icon with a text to its right.
 Row {
     id: label
 
@@ -22,11 +22,10 @@ Row {
         color: label.symbolColor
     }
 
-    Text {
+    PlainText {
         id: caption
         anchors.verticalCenter: parent.verticalCenter
         text: label.text
-        textFormat: Text.PlainText
         color: label.color
     }
 }

@@ -2,7 +2,7 @@ import QtQuick
 import QtQuick.Controls.Basic
 import Sonavo
 
-// An entry of a menu, with its shortcut at the right.
+// A menu item that shows its shortcut on the right.
 MenuItem {
     id: item
 
@@ -12,20 +12,21 @@ MenuItem {
     Accessible.description: shortcutText.nativeText
 
     contentItem: Item {
-        Text {
+        PlainText {
             anchors.left: parent.left
             anchors.verticalCenter: parent.verticalCenter
             text: item.text
             font: item.font
             color: item.enabled ? Colors.textPrimary : Colors.neutral
         }
-        Text {
+        PlainText {
             anchors.right: parent.right
             anchors.verticalCenter: parent.verticalCenter
             text: shortcutText.nativeText
             font: item.font
             color: Colors.textSecondary
         }
+        // Never active: it only formats the shortcut of the action.
         Shortcut {
             id: shortcutText
             enabled: false

@@ -2,7 +2,7 @@ import QtQuick
 import QtQuick.Controls.Basic
 import Sonavo
 
-// Shows where a list is, and moves it.
+// The scroll bar of a Flickable.
 ScrollBar {
     id: bar
 

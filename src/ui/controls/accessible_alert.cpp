@@ -9,11 +9,11 @@ void AccessibleAlert::raise(QQuickItem *notice)
 {
     if (!notice || !QAccessible::isActive())
         return;
-    const auto tell = [notice] {
+    const auto announce = [notice] {
         QAccessibleEvent event(notice, QAccessible::Alert);
         QAccessible::updateAccessibility(&event);
     };
-    QMetaObject::invokeMethod(notice, tell, Qt::QueuedConnection);
+    QMetaObject::invokeMethod(notice, announce, Qt::QueuedConnection);
 }
 
 } // namespace sonavo

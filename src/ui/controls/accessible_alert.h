@@ -6,7 +6,7 @@
 
 namespace sonavo {
 
-/// Tells screen readers about notices that appear by themselves.
+/// Makes screen readers announce notices that appear by themselves.
 class AccessibleAlert : public QObject
 {
     Q_OBJECT
@@ -16,8 +16,8 @@ class AccessibleAlert : public QObject
 public:
     using QObject::QObject;
 
-    /// Has a notice read aloud at the next turn of the event loop, when it has settled what it says.
-    /// @param notice the item that shows it, with the role of an alert message and a name
+    /// Announces a notice at the next turn of the event loop, when its bindings have been updated.
+    /// @param notice an item with the role AlertMessage and an accessible name; null does nothing
     Q_INVOKABLE void raise(QQuickItem *notice);
 };
 

@@ -38,7 +38,7 @@ QWindow *AccessibleRing::window() const
 
 QAccessibleInterface *AccessibleRing::parent() const
 {
-    // Nothing between the ring and the window is of interest by itself.
+    // No item between the ring and the window is accessible itself.
     return QAccessible::queryAccessibleInterface(ring().window());
 }
 
@@ -53,8 +53,8 @@ QString AccessibleRing::text(QAccessible::Text kind) const
 
 QRect AccessibleRing::rect() const
 {
-    const QRect place = ring().mapRectToScene(ring().boundingRect()).toAlignedRect();
-    return window() ? QRect(window()->mapToGlobal(place.topLeft()), place.size()) : place;
+    const QRect inWindow = ring().mapRectToScene(ring().boundingRect()).toAlignedRect();
+    return window() ? QRect(window()->mapToGlobal(inWindow.topLeft()), inWindow.size()) : inWindow;
 }
 
 QAccessible::State AccessibleRing::state() const

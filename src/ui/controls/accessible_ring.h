@@ -6,15 +6,14 @@ namespace sonavo {
 
 class ProgressRing;
 
-/// What assistive technology is told of a progress ring, its value above all: the toolkit tells the values of
-/// other controls, but not those of a progress bar. Name and description are those of the ring's Accessible
-/// properties.
+/// Exposes a ProgressRing to assistive technology. Qt Quick's own interface has no value for the role of a
+/// progress bar. Name and description are those of the ring's Accessible properties.
 class AccessibleRing final : public QAccessibleObject, public QAccessibleValueInterface
 {
 public:
     explicit AccessibleRing(ProgressRing *ring);
 
-    /// Has every ring that is made speak through one of these.
+    /// Makes Qt use this interface for every ProgressRing.
     static void install();
 
     [[nodiscard]] QWindow *window() const override;

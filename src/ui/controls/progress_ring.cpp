@@ -11,12 +11,13 @@
 namespace sonavo {
 namespace {
 
-// In degrees counter-clockwise from three o'clock, as QPainter counts them.
+// In degrees counter-clockwise from three o'clock, as in QPainter.
 constexpr double TOP = 90.0;
 constexpr double FULL_CIRCLE = 360.0;
+/// QPainter's unit of angles is 1/16 degree.
 constexpr double ANGLE_UNITS = 16.0;
 
-/// The colours in the order in which a clockwise look meets them; QConicalGradient goes the other way round.
+/// The positions descend because QConicalGradient runs counter-clockwise.
 QConicalGradient ringGradient(const QPointF &center, double rotation)
 {
     QConicalGradient gradient(center, TOP - rotation);
@@ -31,7 +32,7 @@ QConicalGradient ringGradient(const QPointF &center, double rotation)
 ProgressRing::ProgressRing(QQuickItem *parent)
     : QQuickPaintedItem(parent)
 {
-    [[maybe_unused]] static const bool canBeRead = (AccessibleRing::install(), true);
+    [[maybe_unused]] static const bool isInstalled = (AccessibleRing::install(), true);
     setAntialiasing(true);
     connect(this, &ProgressRing::changed, this, [this] { update(); });
 }

@@ -6,23 +6,23 @@
 
 namespace sonavo {
 
-/// A ring that fills clockwise from the top with three colours blending into each other around it.
+/// A ring that fills clockwise from the top, in a gradient of three colours around its centre.
 class ProgressRing : public QQuickPaintedItem
 {
     Q_OBJECT
     QML_ELEMENT
-    /// How much of the ring is drawn, between minimumValue, nothing, and maximumValue, all of it. The three
-    /// have the names under which a progress bar is read to people who cannot see it.
+    /// How much of the ring is filled, from minimumValue to maximumValue: the names that Qt looks for in an
+    /// accessible progress bar.
     Q_PROPERTY(double value MEMBER m_value NOTIFY changed)
     Q_PROPERTY(double minimumValue READ minimumValue CONSTANT)
     Q_PROPERTY(double maximumValue READ maximumValue CONSTANT)
     /// The value in whole percent, truncated.
     Q_PROPERTY(int percentage READ percentage NOTIFY changed)
-    /// How far the colours are turned clockwise, in degrees.
+    /// Clockwise rotation of the gradient in degrees.
     Q_PROPERTY(double gradientRotation MEMBER m_gradientRotation NOTIFY changed)
     /// Width of the ring in logical pixels.
     Q_PROPERTY(double lineWidth MEMBER m_lineWidth NOTIFY changed)
-    /// Colour of the whole circle below.
+    /// Colour of the full circle below the filled part.
     Q_PROPERTY(QColor trackColor MEMBER m_trackColor NOTIFY changed)
 
 public:

@@ -9,20 +9,22 @@
 namespace sonavo {
 namespace {
 
-/// How dark a Gaussian blur leaves each point across a dark stripe that lies `margin` inside both ends. The
-/// blur of a rectangle is the product of those of its two directions.
-std::vector<double> blurredStripe(int length, double margin)
+/// The Gaussian blur of a box function that is 1 from `margin` to `length - margin` and 0 elsewhere, sampled
+/// at pixel centres. The blur is separable: that of a rectangle is the product of two of these.
+std::vector<double> blurredBox(int length, double margin)
 {
     const double deviation = margin / 2.0;
-    const auto below = [deviation](double distance) {
+    // Cumulative distribution function of the normal distribution.
+    const auto cumulative = [deviation](double distance) {
         return 0.5 * std::erfc(-distance / (deviation * std::sqrt(2.0)));
     };
-    std::vector<double> darkness(static_cast<std::size_t>(length));
+    std::vector<double> values(static_cast<std::size_t>(length));
     for (int i = 0; i < length; ++i) {
-        const double point = i + 0.5;
-        darkness[static_cast<std::size_t>(i)] = below(point - margin) - below(point - (length - margin));
+        const double center = i + 0.5;
+        values[static_cast<std::size_t>(i)] =
+            cumulative(center - margin) - cumulative(center - (length - margin));
     }
-    return darkness;
+    return values;
 }
 
 } // namespace
@@ -37,10 +39,10 @@ void SoftShadow::paint(QPainter *painter)
 {
     if (m_blurRadius <= 0.0)
         return;
-    // One point of the shadow a logical pixel is enough for anything so soft.
+    // A resolution of one logical pixel is enough for something so blurred.
     const QSize size = boundingRect().size().toSize();
-    const std::vector<double> across = blurredStripe(size.width(), m_blurRadius);
-    const std::vector<double> down = blurredStripe(size.height(), m_blurRadius);
+    const std::vector<double> across = blurredBox(size.width(), m_blurRadius);
+    const std::vector<double> down = blurredBox(size.height(), m_blurRadius);
     QImage shadow(size, QImage::Format_Alpha8);
     for (int y = 0; y < size.height(); ++y) {
         uchar *line = shadow.scanLine(y);

@@ -5,16 +5,16 @@
 
 namespace sonavo {
 
-/// The blurred black shadow of a rectangle that lies blurRadius inside this item's edges; the shadow fades
-/// out towards them. Drawn without shaders, so that every renderer shows it.
+/// The blurred black shadow of a rectangle that lies blurRadius inside the edges of this item. Painted
+/// without shaders, so that the software renderer shows it too.
 class SoftShadow : public QQuickPaintedItem
 {
     Q_OBJECT
     QML_ELEMENT
-    /// How far the shadow reaches beyond the rectangle, in logical pixels; twice the standard deviation of
+    /// How far the shadow extends beyond the rectangle, in logical pixels; twice the standard deviation of
     /// the blur.
     Q_PROPERTY(double blurRadius MEMBER m_blurRadius NOTIFY changed)
-    /// How dark the middle is, from 0.0 to 1.0.
+    /// Opacity in the middle, from 0.0 to 1.0.
     Q_PROPERTY(double strength MEMBER m_strength NOTIFY changed)
 
 public:

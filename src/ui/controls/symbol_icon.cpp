@@ -9,7 +9,7 @@
 namespace sonavo {
 namespace {
 
-/// The drawing of a symbol, read once.
+/// Each icon is loaded once.
 QSvgRenderer &rendererOf(const QString &symbol)
 {
     static QHash<QString, std::shared_ptr<QSvgRenderer>> renderers;
@@ -38,16 +38,16 @@ void SymbolIcon::paint(QPainter *painter)
 {
     if (m_symbol.isEmpty())
         return;
-    // Drawn aside: the tint must colour the symbol alone, and the painter may hold more than that.
+    // In an image of its own, so that the tint colours nothing but the icon.
     const double scale = painter->deviceTransform().m11();
-    QImage drawing((size() * scale).toSize(), QImage::Format_ARGB32_Premultiplied);
-    drawing.fill(Qt::transparent);
-    QPainter tinting(&drawing);
-    rendererOf(m_symbol).render(&tinting);
-    tinting.setCompositionMode(QPainter::CompositionMode_SourceIn);
-    tinting.fillRect(drawing.rect(), m_color);
-    tinting.end();
-    painter->drawImage(boundingRect(), drawing);
+    QImage image((size() * scale).toSize(), QImage::Format_ARGB32_Premultiplied);
+    image.fill(Qt::transparent);
+    QPainter imagePainter(&image);
+    rendererOf(m_symbol).render(&imagePainter);
+    imagePainter.setCompositionMode(QPainter::CompositionMode_SourceIn);
+    imagePainter.fillRect(image.rect(), m_color);
+    imagePainter.end();
+    painter->drawImage(boundingRect(), image);
 }
 
 } // namespace sonavo

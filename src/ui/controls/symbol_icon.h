@@ -7,16 +7,15 @@
 
 namespace sonavo {
 
-/// One of the program's own one-colour icons, crisp at every size and scale of the screen.
+/// A one-colour icon of the program, sharp at every size and scale factor.
 class SymbolIcon : public QQuickPaintedItem
 {
     Q_OBJECT
     QML_ELEMENT
-    /// Identifier of the symbol, such as "speaker.wave.2.fill". None, and an unknown one, draw
-    /// nothing.
+    /// Name of the icon, such as "speaker.wave.2.fill"; an empty or unknown name draws nothing.
     Q_PROPERTY(QString symbol MEMBER m_symbol NOTIFY changed REQUIRED)
     Q_PROPERTY(QColor color MEMBER m_color NOTIFY changed)
-    /// Width and height, in logical pixels, unless they are set otherwise.
+    /// Implicit width and height in logical pixels.
     Q_PROPERTY(double size READ implicitHeight WRITE setSize NOTIFY implicitHeightChanged)
 
 public:

@@ -1,7 +1,7 @@
 import QtQuick
 import Sonavo
 
-// A hint about what to do next, in one line.
+// A hint at what to do next.
 Rectangle {
     id: bar
 
@@ -10,7 +10,7 @@ Rectangle {
     implicitHeight: hint.implicitHeight + 40
     color: Colors.infoBar
 
-    Text {
+    PlainText {
         id: hint
         anchors.left: parent.left
         anchors.right: parent.right
@@ -20,7 +20,6 @@ Rectangle {
         text: bar.duplicateCount === 0
               ? qsTr("Drop a folder to scan for duplicate songs")
               : qsTr("Found %1 duplicate files \u2022 Use speaker icon to verify before deleting").arg(bar.duplicateCount)
-        textFormat: Text.PlainText
         font.pixelSize: 12
         color: bar.duplicateCount === 0 ? Colors.textSecondary : Colors.textPrimary
         Accessible.role: Accessible.StaticText

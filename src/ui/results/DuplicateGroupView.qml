@@ -2,14 +2,14 @@ import QtQuick
 import QtQuick.Templates as T
 import Sonavo
 
-// The header of a group; its songs follow in the list below it.
+// The header row of a group. The rows of its songs follow in the list.
 T.AbstractButton {
     id: header
 
     required property string title
     required property int tint
     required property bool isExpanded
-    // Whether the keyboard is here.
+    // Whether this is the current row, and the list has keyboard focus.
     required property bool isCurrent
     readonly property color tintColor: Colors.groupTints[tint]
 

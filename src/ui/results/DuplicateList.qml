@@ -4,7 +4,7 @@ import Qt.labs.qmlmodels
 import QtQuick
 import Sonavo
 
-// The groups and their songs under a fixed header. Only the rows in sight exist.
+// The groups and their songs under a fixed header. Items exist for visible rows only.
 FocusScope {
     id: view
 
@@ -23,7 +23,7 @@ FocusScope {
             view.viewModel.deleteSong(song);
     }
 
-    // A row that is gone makes place for the next one, where the second half of a double-click must not land.
+    // The next row moves under the pointer, where the second click of a double-click must not delete it too.
     function removeByPointer(row) {
         if (recentRemoval.running)
             return;
@@ -51,7 +51,7 @@ FocusScope {
         focus: true
         activeFocusOnTab: true
         reuseItems: true
-        // Nothing beyond what is in sight, where screen readers would take it for visible.
+        // Screen readers would take rows outside the view for visible.
         cacheBuffer: 0
         boundsBehavior: Flickable.StopAtBounds
         keyNavigationEnabled: true
@@ -113,7 +113,7 @@ FocusScope {
                     durationText: duration
                     sizeText: size
                     isCurrent: list.showsCurrent && list.currentIndex === index
-                    onPick: {
+                    onSelect: {
                         list.currentIndex = index;
                         list.forceActiveFocus(Qt.MouseFocusReason);
                     }

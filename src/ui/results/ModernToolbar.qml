@@ -2,7 +2,7 @@ import QtQuick
 import QtQuick.Layouts
 import Sonavo
 
-// What can be done with the session, and its two counts.
+// The actions on the session, and the numbers of duplicates and songs.
 Rectangle {
     id: toolbar
 

@@ -1,7 +1,7 @@
 import QtQuick
 import Sonavo
 
-// What can be done with one song.
+// The context menu of a song.
 ThemedMenu {
     id: menu
 

@@ -1,8 +1,7 @@
 import QtQuick
-import QtQuick.Controls.Basic
 import Sonavo
 
-// One song of a group.
+// The row of a song.
 Item {
     id: row
 
@@ -12,16 +11,16 @@ Item {
     required property string durationText
     required property string sizeText
     required property string description
-    // Whether the keyboard is here.
+    // Whether this is the current row, and the list has keyboard focus.
     required property bool isCurrent
 
-    // Where the row was last clicked while it played; the sound goes on from there.
+    // Where the row was last clicked. While the song plays, a marker shows there, beside the pointer.
     property point clickPosition: Qt.point(-1, -1)
 
     signal play
     signal seek(real x)
     signal remove
-    signal pick
+    signal select
     signal openMenu(real x, real y)
 
     height: 40
@@ -64,7 +63,7 @@ Item {
         onPositionChanged: mouse => hoveredCell = row.childAt(mouse.x, mouse.y) as ElidedText
         onExited: hoveredCell = null
         onPressed: mouse => {
-            row.pick();
+            row.select();
             if (mouse.button === Qt.RightButton)
                 row.openMenu(mouse.x, mouse.y);
         }
@@ -75,9 +74,11 @@ Item {
             if (row.isPlaying)
                 row.seek(mouse.x);
         }
-        ToolTip.visible: hoveredCell !== null && hoveredCell.fullText !== ""
-        ToolTip.text: hoveredCell ? hoveredCell.fullText : ""
-        ToolTip.delay: 500
+
+        PlainToolTip {
+            text: pointer.hoveredCell ? pointer.hoveredCell.fullText : ""
+            isHovered: pointer.containsMouse
+        }
     }
 
     IconButton {
@@ -90,11 +91,10 @@ Item {
         onClicked: row.play()
     }
 
-    Text {
+    PlainText {
         x: TableColumns.badgeX
         anchors.verticalCenter: parent.verticalCenter
         text: row.isOriginal ? "ORIGINAL   " : "DUPLICATE"
-        textFormat: Text.PlainText
         font: TableColumns.badgeFont
         color: row.isOriginal ? Colors.original : Colors.duplicate
         Accessible.ignored: true
@@ -102,7 +102,7 @@ Item {
 
     Cell {
         x: TableColumns.badgeX + TableColumns.badgeWidth + TableColumns.spacing
-        width: row.width - x - TableColumns.nameEnd
+        width: row.width - x - TableColumns.nameEndOffset
         text: row.song.name
         font.pixelSize: 14
         font.weight: Font.Medium
@@ -146,7 +146,7 @@ Item {
 
     component Cell: ElidedText {
         height: 40
-        // Half pixels there are none: 13 stands for 12.5, and 14 for 13.5.
+        // Pixel sizes are integers: 13 instead of 12.5, and 14 instead of 13.5.
         font.pixelSize: 13
         color: Colors.textPrimary
         Accessible.ignored: true

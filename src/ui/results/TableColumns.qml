@@ -2,8 +2,8 @@ pragma Singleton
 
 import QtQuick
 
-// The columns of the results: widths and gaps in logical pixels, shared by the header and the rows so that they
-// line up. The name takes what the others leave.
+// Geometry of the result columns in logical pixels, shared by the header and the rows. The name column takes the
+// remaining width.
 QtObject {
     id: columns
 
@@ -20,13 +20,13 @@ QtObject {
     readonly property font badgeFont: Qt.font({ pixelSize: 12, weight: Font.DemiBold })
     readonly property real badgeWidth: Math.ceil(badgeMetrics.advanceWidth)
 
-    // Distances of the other columns' left edges from the row's right edge.
+    // Distances from the right edge of the row to the left edges of the columns, and to the end of the name.
     readonly property real trashOffset: margin + trashWidth
     readonly property real folderOffset: trashOffset + spacing + folderWidth
     readonly property real sizeOffset: folderOffset + spacing + sizeWidth
     readonly property real durationOffset: sizeOffset + spacing + durationWidth
     readonly property real typeOffset: durationOffset + spacing + typeWidth
-    readonly property real nameEnd: typeOffset + spacing
+    readonly property real nameEndOffset: typeOffset + spacing
 
     readonly property TextMetrics badgeMetrics: TextMetrics {
         font: columns.badgeFont

@@ -1,8 +1,7 @@
 import QtQuick
-import QtQuick.Controls.Basic
 import Sonavo
 
-// The titles of the columns.
+// The column titles.
 Rectangle {
     id: header
 
@@ -11,7 +10,7 @@ Rectangle {
 
     Title {
         x: TableColumns.badgeX
-        width: header.width - x - TableColumns.nameEnd
+        width: header.width - x - TableColumns.nameEndOffset
         text: qsTr("File Name")
     }
     Title {
@@ -55,12 +54,13 @@ Rectangle {
         height: 32
         Accessible.role: Accessible.ColumnHeader
         Accessible.name: text
-        ToolTip.visible: hover.hovered && caption.fullText !== ""
-        ToolTip.text: caption.fullText
-        ToolTip.delay: 500
 
         HoverHandler {
             id: hover
+        }
+        PlainToolTip {
+            text: caption.fullText
+            isHovered: hover.hovered
         }
         SymbolIcon {
             id: icon

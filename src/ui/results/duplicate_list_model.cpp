@@ -14,7 +14,7 @@ QList<DuplicateGroup> groupsWithDuplicates(QList<DuplicateGroup> groups)
     return groups;
 }
 
-/// Whether a group has the same songs; those of one session never change otherwise.
+/// Songs with the same id are equal: a session never changes a song.
 bool haveSameSongs(const DuplicateGroup &a, const DuplicateGroup &b)
 {
     const auto haveSameId = [](const Song &first, const Song &second) { return first.id == second.id; };
@@ -24,7 +24,7 @@ bool haveSameSongs(const DuplicateGroup &a, const DuplicateGroup &b)
                        haveSameId));
 }
 
-QString badgeOf(bool isOriginal)
+QString badgeText(bool isOriginal)
 {
     return isOriginal ? DuplicateListModel::tr("Original") : DuplicateListModel::tr("Duplicate");
 }
@@ -40,11 +40,11 @@ void DuplicateListModel::setViewModel(DuplicateViewModel *viewModel)
     m_viewModel = viewModel;
     if (viewModel) {
         connect(viewModel, &DuplicateViewModel::duplicateGroupsChanged, this,
-                &DuplicateListModel::followGroups);
+                &DuplicateListModel::updateGroups);
         connect(viewModel, &DuplicateViewModel::currentlyPlayingSongChanged, this,
-                &DuplicateListModel::followPlaying);
-        followPlaying();
-        followGroups();
+                &DuplicateListModel::updatePlaying);
+        updatePlaying();
+        updateGroups();
     }
     Q_EMIT viewModelChanged();
 }
@@ -72,15 +72,15 @@ QHash<int, QByteArray> DuplicateListModel::roleNames() const
 
 QVariant DuplicateListModel::data(const QModelIndex &index, int role) const
 {
-    const std::optional<Place> place = placeOf(index.isValid() ? index.row() : -1);
-    if (!place)
+    const std::optional<Entry> entry = entryAt(index.isValid() ? index.row() : -1);
+    if (!entry)
         return {};
     if (role == TintRole)
-        return groupAt(place->group).color;
-    return place->member ? songValue(*place, role) : headerValue(place->group, role);
+        return groupAt(entry->group).color;
+    return entry->member ? songData(*entry, role) : groupData(entry->group, role);
 }
 
-QVariant DuplicateListModel::headerValue(std::size_t group, int role) const
+QVariant DuplicateListModel::groupData(std::size_t group, int role) const
 {
     switch (role) {
     case KindRole:
@@ -95,10 +95,10 @@ QVariant DuplicateListModel::headerValue(std::size_t group, int role) const
     }
 }
 
-QVariant DuplicateListModel::songValue(const Place &place, int role) const
+QVariant DuplicateListModel::songData(const Entry &entry, int role) const
 {
-    const Song &song = songAt(place);
-    const bool isOriginal = *place.member == 0;
+    const Song &song = songOf(entry);
+    const bool isOriginal = *entry.member == 0;
     switch (role) {
     case KindRole:
         return QStringLiteral("song");
@@ -114,7 +114,7 @@ QVariant DuplicateListModel::songValue(const Place &place, int role) const
         return formattedByteCount(song.size);
     case DescriptionRole:
         return QStringList{
-            badgeOf(isOriginal),           song.name,      song.fileType, song.formattedDuration(),
+            badgeText(isOriginal),         song.name,      song.fileType, song.formattedDuration(),
             formattedByteCount(song.size), song.folderName}
             .join(QStringLiteral(", "));
     default:
@@ -124,34 +124,34 @@ QVariant DuplicateListModel::songValue(const Place &place, int role) const
 
 int DuplicateListModel::headerRow(int row) const
 {
-    const std::optional<Place> place = placeOf(row);
-    return place ? m_headerRows[place->group] : -1;
+    const std::optional<Entry> entry = entryAt(row);
+    return entry ? m_headerRows[entry->group] : -1;
 }
 
 bool DuplicateListModel::isExpanded(int row) const
 {
-    const std::optional<Place> place = placeOf(row);
-    return place && !isCollapsed(place->group);
+    const std::optional<Entry> entry = entryAt(row);
+    return entry && !isCollapsed(entry->group);
 }
 
 void DuplicateListModel::setExpanded(int row, bool isExpanded)
 {
-    const std::optional<Place> place = placeOf(row);
-    if (!place || isExpanded != isCollapsed(place->group))
+    const std::optional<Entry> entry = entryAt(row);
+    if (!entry || isExpanded != isCollapsed(entry->group))
         return;
-    const int header = m_headerRows[place->group];
-    const DuplicateGroup &group = groupAt(place->group);
+    const int header = m_headerRows[entry->group];
+    const DuplicateGroup &group = groupAt(entry->group);
     const int first = header + 1;
     const int last = header + 1 + static_cast<int>(group.duplicates.size());
     if (isExpanded) {
         beginInsertRows({}, first, last);
         m_collapsed.remove(group.id);
-        placeRowsFrom(place->group);
+        updateHeaderRows(entry->group);
         endInsertRows();
     } else {
         beginRemoveRows({}, first, last);
         m_collapsed.insert(group.id);
-        placeRowsFrom(place->group);
+        updateHeaderRows(entry->group);
         endRemoveRows();
     }
     Q_EMIT dataChanged(index(header), index(header), {IsExpandedRole});
@@ -160,18 +160,18 @@ void DuplicateListModel::setExpanded(int row, bool isExpanded)
 
 QVariant DuplicateListModel::songAt(int row) const
 {
-    const std::optional<Place> place = placeOf(row);
-    return place && place->member ? QVariant::fromValue(songAt(*place)) : QVariant();
+    const std::optional<Entry> entry = entryAt(row);
+    return entry && entry->member ? QVariant::fromValue(songOf(*entry)) : QVariant();
 }
 
-std::optional<DuplicateListModel::Place> DuplicateListModel::placeOf(int row) const
+std::optional<DuplicateListModel::Entry> DuplicateListModel::entryAt(int row) const
 {
     if (row < 0 || row >= count())
         return std::nullopt;
     const auto next = std::upper_bound(m_headerRows.begin(), m_headerRows.end(), row);
     const auto group = static_cast<std::size_t>(next - m_headerRows.begin()) - 1;
     const int offset = row - m_headerRows[group];
-    return Place{group, offset == 0 ? std::nullopt : std::optional<qsizetype>(offset - 1)};
+    return Entry{group, offset == 0 ? std::nullopt : std::optional<qsizetype>(offset - 1)};
 }
 
 const DuplicateGroup &DuplicateListModel::groupAt(std::size_t group) const
@@ -179,10 +179,10 @@ const DuplicateGroup &DuplicateListModel::groupAt(std::size_t group) const
     return m_groups.at(static_cast<qsizetype>(group));
 }
 
-const Song &DuplicateListModel::songAt(const Place &place) const
+const Song &DuplicateListModel::songOf(const Entry &entry) const
 {
-    const DuplicateGroup &group = groupAt(place.group);
-    return *place.member == 0 ? group.original : group.duplicates.at(*place.member - 1);
+    const DuplicateGroup &group = groupAt(entry.group);
+    return *entry.member == 0 ? group.original : group.duplicates.at(*entry.member - 1);
 }
 
 bool DuplicateListModel::isCollapsed(std::size_t group) const
@@ -190,69 +190,69 @@ bool DuplicateListModel::isCollapsed(std::size_t group) const
     return !m_collapsed.isEmpty() && m_collapsed.contains(groupAt(group).id);
 }
 
-int DuplicateListModel::rowsOf(std::size_t group) const
+int DuplicateListModel::rowCountOf(std::size_t group) const
 {
     return isCollapsed(group) ? 1 : 2 + static_cast<int>(groupAt(group).duplicates.size());
 }
 
-void DuplicateListModel::placeRowsFrom(std::size_t group)
+void DuplicateListModel::updateHeaderRows(std::size_t group)
 {
     m_headerRows.resize(static_cast<std::size_t>(m_groups.size()) + 1);
     for (std::size_t i = group; i + 1 < m_headerRows.size(); ++i)
-        m_headerRows[i + 1] = m_headerRows[i] + rowsOf(i);
+        m_headerRows[i + 1] = m_headerRows[i] + rowCountOf(i);
 }
 
-void DuplicateListModel::followGroups()
+void DuplicateListModel::updateGroups()
 {
     const QList<DuplicateGroup> groups = groupsWithDuplicates(m_viewModel->duplicateGroups());
-    const auto [mine, theirs] =
+    const auto [oldGroup, newGroup] =
         std::mismatch(m_groups.cbegin(), m_groups.cend(), groups.cbegin(), groups.cend(), haveSameSongs);
-    if (mine == m_groups.cend() && theirs == groups.cend())
+    if (oldGroup == m_groups.cend() && newGroup == groups.cend())
         return;
-    const auto position = static_cast<std::size_t>(mine - m_groups.cbegin());
-    const bool isSameCount = m_groups.size() == groups.size();
-    const bool isOneLess = m_groups.size() == groups.size() + 1;
-    if (isSameCount && mine->id == theirs->id &&
-        std::equal(mine + 1, m_groups.cend(), theirs + 1, groups.cend(), haveSameSongs))
-        followChangedGroup(position, *theirs);
-    else if (isOneLess && !groups.isEmpty() &&
-             std::equal(mine + 1, m_groups.cend(), theirs, groups.cend(), haveSameSongs))
-        followRemovedGroup(position);
+    const auto position = static_cast<std::size_t>(oldGroup - m_groups.cbegin());
+    const bool isSameSize = m_groups.size() == groups.size();
+    const bool isOneFewer = m_groups.size() == groups.size() + 1;
+    if (isSameSize && oldGroup->id == newGroup->id &&
+        std::equal(oldGroup + 1, m_groups.cend(), newGroup + 1, groups.cend(), haveSameSongs))
+        updateGroup(position, *newGroup);
+    else if (isOneFewer && !groups.isEmpty() &&
+             std::equal(oldGroup + 1, m_groups.cend(), newGroup, groups.cend(), haveSameSongs))
+        removeGroup(position);
     else
         reset(groups);
 }
 
-void DuplicateListModel::followRemovedGroup(std::size_t group)
+void DuplicateListModel::removeGroup(std::size_t group)
 {
     beginRemoveRows({}, m_headerRows[group], m_headerRows[group + 1] - 1);
     m_collapsed.remove(groupAt(group).id);
     m_groups.removeAt(static_cast<qsizetype>(group));
-    placeRowsFrom(group);
+    updateHeaderRows(group);
     endRemoveRows();
     Q_EMIT countChanged();
 }
 
-void DuplicateListModel::followChangedGroup(std::size_t group, const DuplicateGroup &changed)
+void DuplicateListModel::updateGroup(std::size_t group, const DuplicateGroup &changed)
 {
     const QList<Song> before = membersOf(groupAt(group));
     const QList<Song> after = membersOf(changed);
     const auto haveSameId = [](const Song &a, const Song &b) { return a.id == b.id; };
-    const auto [gone, kept] =
+    const auto [removed, kept] =
         std::mismatch(before.begin(), before.end(), after.begin(), after.end(), haveSameId);
-    const bool isOneGone = before.size() == after.size() + 1 &&
-                           std::equal(gone + 1, before.end(), kept, after.end(), haveSameId);
-    if (!isOneGone) {
+    const bool isOneRemoved = before.size() == after.size() + 1 &&
+                              std::equal(removed + 1, before.end(), kept, after.end(), haveSameId);
+    if (!isOneRemoved) {
         reset(groupsWithDuplicates(m_viewModel->duplicateGroups()));
         return;
     }
 
     const int header = m_headerRows[group];
-    const int row = header + 1 + static_cast<int>(gone - before.begin());
+    const int row = header + 1 + static_cast<int>(removed - before.begin());
     const bool isShown = !isCollapsed(group);
     if (isShown)
         beginRemoveRows({}, row, row);
     m_groups[static_cast<qsizetype>(group)] = changed;
-    placeRowsFrom(group);
+    updateHeaderRows(group);
     if (isShown)
         endRemoveRows();
     Q_EMIT dataChanged(index(header), index(header), {TitleRole, DescriptionRole});
@@ -266,20 +266,20 @@ void DuplicateListModel::reset(const QList<DuplicateGroup> &groups)
     beginResetModel();
     m_groups = groups;
     m_collapsed.clear();
-    placeRowsFrom(0);
+    updateHeaderRows(0);
     endResetModel();
     Q_EMIT countChanged();
 }
 
-void DuplicateListModel::followPlaying()
+void DuplicateListModel::updatePlaying()
 {
     const std::optional<Song> &song = m_viewModel->currentlyPlayingSong();
     const QUuid before = std::exchange(m_playingId, song ? song->id : QUuid());
-    announcePlaying(before);
-    announcePlaying(m_playingId);
+    emitPlayingChanged(before);
+    emitPlayingChanged(m_playingId);
 }
 
-void DuplicateListModel::announcePlaying(const QUuid &songId)
+void DuplicateListModel::emitPlayingChanged(const QUuid &songId)
 {
     if (songId.isNull())
         return;

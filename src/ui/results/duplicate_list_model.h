@@ -13,17 +13,17 @@
 
 namespace sonavo {
 
-/// The session's duplicate groups as one flat list: for each group that has duplicates a header and, unless
-/// it is collapsed, its original and its duplicates. It follows the session: a deleted song removes one row
-/// or the rows of one group, everything else stays in place. Main thread only.
+/// The session's duplicate groups as a flat list. Each group that has duplicates gives a header row and,
+/// unless it is collapsed, a row for its original and for each of its duplicates. When a song is deleted,
+/// only its row, or the rows of its group, are removed. Main thread only.
 class DuplicateListModel : public QAbstractListModel
 {
     Q_OBJECT
     QML_ELEMENT
-    /// The session that is shown; must outlive the list.
+    /// The session that is shown.
     Q_PROPERTY(sonavo::DuplicateViewModel *viewModel READ viewModel WRITE setViewModel NOTIFY viewModelChanged
                    REQUIRED)
-    /// How many rows there are.
+    /// Number of rows.
     Q_PROPERTY(int count READ count NOTIFY countChanged)
 
 public:
@@ -33,16 +33,17 @@ public:
         KindRole = Qt::UserRole,
         /// Slot of the group's tint among Colors.groupTints.
         TintRole,
-        /// What the header says.
+        /// Text of a header row.
         TitleRole,
         IsExpandedRole,
-        /// The song with all its fields; the other roles below show them to the person.
+        /// The Song of a song row.
         SongRole,
         IsOriginalRole,
         IsPlayingRole,
+        /// Playing time and file size as text.
         DurationRole,
         SizeRole,
-        /// The row in one sentence.
+        /// The whole row as one line of text, for screen readers.
         DescriptionRole,
     };
     Q_ENUM(Role)
@@ -57,12 +58,13 @@ public:
     [[nodiscard]] QVariant data(const QModelIndex &index, int role) const override;
     [[nodiscard]] QHash<int, QByteArray> roleNames() const override;
 
-    /// The row of the header of the group that a row belongs to; -1 for no row of the list.
+    /// The header row of the group that a row belongs to; -1 if there is no such row.
     Q_INVOKABLE [[nodiscard]] int headerRow(int row) const;
+    /// Whether the group that a row belongs to shows its songs; false if there is no such row.
     Q_INVOKABLE [[nodiscard]] bool isExpanded(int row) const;
-    /// Shows or hides the songs of the group that a row belongs to.
+    /// Expands or collapses the group that a row belongs to. Does nothing if there is no such row.
     Q_INVOKABLE void setExpanded(int row, bool isExpanded);
-    /// The song in a row; undefined for a header or no row of the list.
+    /// The Song of a row; undefined for a header row and if there is no such row.
     Q_INVOKABLE [[nodiscard]] QVariant songAt(int row) const;
 
 Q_SIGNALS:
@@ -70,32 +72,33 @@ Q_SIGNALS:
     void countChanged();
 
 private:
-    /// A place in the groups: a group, and one of its members, the original first. No member is the header.
-    struct Place
+    /// What a row shows: one member of a group, the original being the first, or the group's header.
+    struct Entry
     {
         std::size_t group = 0;
         std::optional<qsizetype> member;
     };
 
-    [[nodiscard]] std::optional<Place> placeOf(int row) const;
+    [[nodiscard]] std::optional<Entry> entryAt(int row) const;
     [[nodiscard]] const DuplicateGroup &groupAt(std::size_t group) const;
-    [[nodiscard]] const Song &songAt(const Place &place) const;
-    [[nodiscard]] QVariant headerValue(std::size_t group, int role) const;
-    [[nodiscard]] QVariant songValue(const Place &place, int role) const;
+    [[nodiscard]] const Song &songOf(const Entry &entry) const;
+    [[nodiscard]] QVariant groupData(std::size_t group, int role) const;
+    [[nodiscard]] QVariant songData(const Entry &entry, int role) const;
     [[nodiscard]] bool isCollapsed(std::size_t group) const;
-    [[nodiscard]] int rowsOf(std::size_t group) const;
+    [[nodiscard]] int rowCountOf(std::size_t group) const;
 
-    void followGroups();
-    void followChangedGroup(std::size_t group, const DuplicateGroup &changed);
-    void followRemovedGroup(std::size_t group);
+    void updateGroups();
+    void updateGroup(std::size_t group, const DuplicateGroup &changed);
+    void removeGroup(std::size_t group);
     void reset(const QList<DuplicateGroup> &groups);
-    void followPlaying();
-    void announcePlaying(const QUuid &songId);
-    void placeRowsFrom(std::size_t group);
+    void updatePlaying();
+    void emitPlayingChanged(const QUuid &songId);
+    /// Recomputes the header rows of all groups after this one.
+    void updateHeaderRows(std::size_t group);
 
     QPointer<DuplicateViewModel> m_viewModel;
     QList<DuplicateGroup> m_groups;
-    /// The row of each group's header, and at the end the number of rows.
+    /// The header row of each group, followed by the number of rows.
     std::vector<int> m_headerRows{0};
     QSet<QUuid> m_collapsed;
     QUuid m_playingId;

@@ -2,7 +2,7 @@ import QtQuick
 import QtQuick.Layouts
 import Sonavo
 
-// Says what the program is.
+// Name, version and purpose of the program.
 ModalSheet {
     id: about
 
@@ -20,7 +20,7 @@ ModalSheet {
             Accessible.ignored: true
         }
 
-        Text {
+        PlainText {
             Layout.alignment: Qt.AlignHCenter
             text: qsTr("Sonavo %1").arg(Qt.application.version)
             font.pixelSize: 20
@@ -30,7 +30,7 @@ ModalSheet {
             Accessible.name: text
         }
 
-        Text {
+        PlainText {
             Layout.alignment: Qt.AlignHCenter
             Layout.maximumWidth: 320
             horizontalAlignment: Text.AlignHCenter

@@ -2,19 +2,19 @@ import QtQuick
 import QtQuick.Layouts
 import Sonavo
 
-// Shows how far a scan is, and lets the person cancel it.
+// The progress of a scan, with a button that cancels it.
 FocusScope {
     id: view
 
     // From 0.0 to 1.0.
     required property real progress
     required property string message
-    // The person wants no more of it.
+    // The user cancels the scan.
     signal stop
 
     property real rotationAngle
 
-    // One sweep of the colours whenever the view appears.
+    // Turns the gradient once whenever the view appears.
     NumberAnimation on rotationAngle {
         running: view.visible
         from: 0
@@ -63,7 +63,7 @@ FocusScope {
                     anchors.centerIn: parent
                     spacing: 2
 
-                    Text {
+                    PlainText {
                         id: percentage
                         Layout.alignment: Qt.AlignHCenter
                         text: ring.percentage + "%"
@@ -73,7 +73,7 @@ FocusScope {
                         Accessible.ignored: true
                     }
 
-                    Text {
+                    PlainText {
                         Layout.alignment: Qt.AlignHCenter
                         text: qsTr("of this step")
                         font.pixelSize: 14
@@ -83,7 +83,7 @@ FocusScope {
                         Accessible.name: text
                     }
 
-                    Text {
+                    PlainText {
                         Layout.alignment: Qt.AlignHCenter
                         text: qsTr("Your files stay as they are")
                         font.pixelSize: 12
@@ -94,18 +94,17 @@ FocusScope {
                 }
             }
 
-            Text {
+            PlainText {
                 Layout.alignment: Qt.AlignHCenter
                 Layout.preferredWidth: 230
                 Layout.fillHeight: true
                 horizontalAlignment: Text.AlignHCenter
                 verticalAlignment: Text.AlignVCenter
                 wrapMode: Text.Wrap
-                // The card is no higher for the longest message: that one is written smaller.
+                // The height of the card is fixed; a long message is scaled down.
                 fontSizeMode: Text.Fit
                 minimumPixelSize: 12
                 text: view.message
-                textFormat: Text.PlainText
                 font.pixelSize: 22
                 color: Colors.textPrimary
             }

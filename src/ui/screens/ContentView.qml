@@ -1,14 +1,14 @@
 import QtQuick
 import Sonavo
 
-// All that is inside the window: decides which screen fills it, takes what is dropped anywhere on it, and holds
-// what lies over every screen: alert, sheet and toast.
+// The content of the window: selects the screen, accepts drops anywhere, and contains the overlays of all screens:
+// alert, sheet and toast.
 FocusScope {
     id: view
 
     required property DuplicateViewModel viewModel
 
-    // Whether an import has been started: then the working area takes the place of the welcome screen.
+    // Whether an import has been started; the welcome screen shows until then.
     property bool hasAddedSongs: false
     property bool showLimitSheet: false
 
@@ -40,7 +40,7 @@ FocusScope {
         viewModel.pendingImportURLs = [];
     }
 
-    // A scan is always on screen, whoever started it.
+    // A scan is shown whatever started it.
     onIsScanningChanged: {
         if (isScanning)
             hasAddedSongs = true;
@@ -66,7 +66,7 @@ FocusScope {
 
     FileDropArea {
         anchors.fill: parent
-        handleDrop: view.handleDrop
+        onFilesDropped: urls => view.handleDrop(urls)
     }
 
     WelcomeView {

@@ -2,10 +2,11 @@ import QtQuick
 import QtQuick.Layouts
 import Sonavo
 
-// Where the welcome screen invites a drop; it lights up under files.
+// The drop target of the welcome screen, highlighted while files are over it.
 Rectangle {
     id: zone
 
+    // Function that imports the dropped URLs.
     required property var handleDrop
     readonly property bool isDropTargeted: target.containsDrag
 
@@ -21,7 +22,7 @@ Rectangle {
     FileDropArea {
         id: target
         anchors.fill: parent
-        handleDrop: zone.handleDrop
+        onFilesDropped: urls => zone.handleDrop(urls)
     }
 
     ColumnLayout {
@@ -37,12 +38,11 @@ Rectangle {
             color: Colors.accent
         }
 
-        Text {
+        PlainText {
             Layout.fillWidth: true
             horizontalAlignment: Text.AlignHCenter
             wrapMode: Text.Wrap
             text: qsTr("Drag & Drop Music Folder Here")
-            textFormat: Text.PlainText
             font.pixelSize: 14
             font.weight: Font.Medium
             color: Colors.textPrimary
@@ -50,7 +50,7 @@ Rectangle {
             Accessible.name: text
         }
 
-        Text {
+        PlainText {
             Layout.fillWidth: true
             horizontalAlignment: Text.AlignHCenter
             wrapMode: Text.Wrap

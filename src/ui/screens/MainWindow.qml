@@ -4,7 +4,7 @@ import QtQuick
 import QtQuick.Controls.Basic
 import Sonavo
 
-// The application's one window: menus, the theme button, and the content.
+// The main window.
 ApplicationWindow {
     id: window
 

@@ -2,7 +2,7 @@ import QtQuick
 import QtQuick.Layouts
 import Sonavo
 
-// Says what kept the session from doing what the person wanted.
+// Tells the user why the session could not do something.
 ModalSheet {
     id: alert
 
@@ -25,7 +25,7 @@ ModalSheet {
         Accessible.name: alert.title
         Accessible.description: message.text
 
-        Text {
+        PlainText {
             Layout.fillWidth: true
             text: alert.title
             font.pixelSize: 17
@@ -33,12 +33,11 @@ ModalSheet {
             color: Colors.textPrimary
         }
 
-        Text {
+        PlainText {
             id: message
             Layout.fillWidth: true
             wrapMode: Text.Wrap
             text: alert.viewModel.alertMessage
-            textFormat: Text.PlainText
             font.pixelSize: 14
             color: Colors.textPrimary
         }

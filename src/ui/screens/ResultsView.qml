@@ -2,7 +2,7 @@ import QtQuick
 import QtQuick.Layouts
 import Sonavo
 
-// The result of a scan: what can be done with it, the groups or the good news, and a hint.
+// The results of a scan: toolbar, list of groups or its replacement, and info bar.
 FocusScope {
     id: view
 

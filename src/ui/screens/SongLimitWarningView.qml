@@ -2,18 +2,18 @@ import QtQuick
 import QtQuick.Layouts
 import Sonavo
 
-// Asks before an import so large that it may take its time.
+// Asks the user to confirm a large import.
 ModalSheet {
     id: sheet
 
     required property DuplicateViewModel viewModel
     required property bool isPresented
-    // Items that wait, and songs that are loaded.
+    // Number of URLs to be imported, and of songs in the session.
     required property int pendingCount
     required property int currentCount
-    // The import goes on.
+    // The user confirmed the import.
     signal confirm
-    // The sheet is gone, whatever the answer.
+    // The sheet was closed, whatever the answer.
     signal dismissed
 
     title: qsTr("Large Library Detection")
@@ -34,7 +34,7 @@ ModalSheet {
             font.bold: true
         }
 
-        Text {
+        PlainText {
             text: qsTr("Adding a large number of songs may affect performance.")
             font.pixelSize: 14
             color: Colors.textSecondary
@@ -57,7 +57,7 @@ ModalSheet {
                 y: 20
                 spacing: 6
 
-                Text {
+                PlainText {
                     bottomPadding: 4
                     text: qsTr("Performance Recommendations:")
                     font.pixelSize: 15
@@ -74,7 +74,7 @@ ModalSheet {
                         qsTr("Maximum per session: 500000 songs")
                     ]
 
-                    Text {
+                    PlainText {
                         required property string modelData
                         text: modelData
                         font.pixelSize: 14

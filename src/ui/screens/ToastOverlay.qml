@@ -1,7 +1,7 @@
 import QtQuick
 import Sonavo
 
-// Brings the toast in from below and lets it fade away.
+// Slides the toast in from below and fades it out.
 Item {
     id: overlay
 

@@ -3,13 +3,13 @@ import QtQuick.Layouts
 import QtQuick.Templates as T
 import Sonavo
 
-// The transient notice at the bottom of the window.
+// A transient notice at the bottom of the window.
 Card {
     id: toast
 
     required property string message
     required property int type
-    // The person does not want to see it any longer.
+    // The user clicked the close button.
     signal closed
 
     readonly property color typeColor: type === DuplicateViewModel.Success ? Colors.success
@@ -42,11 +42,10 @@ Card {
             color: toast.typeColor
         }
 
-        Text {
+        PlainText {
             Layout.fillWidth: true
             wrapMode: Text.Wrap
             text: toast.message
-            textFormat: Text.PlainText
             font.pixelSize: 14
             font.weight: Font.Medium
             color: Colors.textPrimary

@@ -2,13 +2,13 @@ import QtQuick
 import QtQuick.Layouts
 import Sonavo
 
-// Fills the window until music is imported: says what the program does and takes what is dropped.
+// The screen before the first import, with a drop zone and a button to choose music.
 FocusScope {
     id: view
 
-    // The person wants to choose music.
+    // The user wants to choose music.
     signal addSongs
-    // Imports what was dropped, given its URLs.
+    // Function that imports the dropped URLs.
     required property var handleDrop
 
     Rectangle {
@@ -41,7 +41,7 @@ FocusScope {
                 Accessible.ignored: true
             }
 
-            Text {
+            PlainText {
                 Layout.fillWidth: true
                 Layout.topMargin: 4
                 horizontalAlignment: Text.AlignHCenter
@@ -54,7 +54,7 @@ FocusScope {
                 Accessible.name: text
             }
 
-            Text {
+            PlainText {
                 Layout.fillWidth: true
                 Layout.topMargin: -8
                 horizontalAlignment: Text.AlignHCenter

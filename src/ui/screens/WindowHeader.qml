@@ -3,7 +3,7 @@ import QtQuick.Controls.Basic
 import QtQuick.Templates as T
 import Sonavo
 
-// The strip at the top of the window: menus on the left, the theme button on the right.
+// The top of the window: menus on the left, the theme button on the right.
 Rectangle {
     id: header
 
@@ -25,7 +25,7 @@ Rectangle {
             horizontalPadding: 10
             font.pixelSize: 13
             Accessible.name: item.text.replace("&", "")
-            contentItem: Text {
+            contentItem: PlainText {
                 text: item.Accessible.name
                 font: item.font
                 color: Colors.textPrimary
@@ -52,10 +52,7 @@ Rectangle {
         onClicked: header.themeManager.toggleTheme()
 
         Accessible.role: Accessible.Button
-        Accessible.name: ToolTip.text
-        ToolTip.text: isDark ? qsTr("Switch to the light theme") : qsTr("Switch to the dark theme")
-        ToolTip.visible: hovered
-        ToolTip.delay: 500
+        Accessible.name: toolTip.text
         Keys.onReturnPressed: event => { if (!event.isAutoRepeat) clicked(); }
         Keys.onEnterPressed: event => { if (!event.isAutoRepeat) clicked(); }
 
@@ -73,6 +70,11 @@ Rectangle {
             FocusRing { control: themeButton; anchors.margins: 0 }
         }
 
+        PlainToolTip {
+            id: toolTip
+            text: themeButton.isDark ? qsTr("Switch to the light theme") : qsTr("Switch to the dark theme")
+            isHovered: themeButton.hovered
+        }
     }
 
     Rectangle {

@@ -1,0 +1,77 @@
+#pragma once
+
+#include <QByteArray>
+
+#include <sys/types.h>
+
+#include <optional>
+#include <variant>
+
+namespace sonavo {
+
+/// What a file system tells about a file, to recognise it later. Of a symbolic link it is what is told about
+/// the link, not about its target.
+struct FileSnapshot
+{
+    dev_t device = 0;
+    ino_t inode = 0;
+    /// Type and permissions, as in stat().
+    mode_t mode = 0;
+    qint64 size = 0;
+    /// Nanoseconds since the epoch.
+    qint64 modified = 0;
+    /// The same; also changes with the names, the owner and the permissions.
+    qint64 changed = 0;
+    quint64 hardLinks = 0;
+
+    friend bool operator==(const FileSnapshot &, const FileSnapshot &) = default;
+};
+
+/// Whether two snapshots show one file with the same content, whatever its names are.
+[[nodiscard]] bool isSameFile(const FileSnapshot &a, const FileSnapshot &b);
+
+// Paths are in the file system's encoding; errors are numbers as in errno. Any thread may call these. They
+// take as long as the disk does.
+
+/// A snapshot of what stands at a path, perhaps out of a cache.
+[[nodiscard]] std::variant<FileSnapshot, int> takeSnapshot(const QByteArray &path);
+
+/// A snapshot of a file that was opened.
+[[nodiscard]] std::variant<FileSnapshot, int> takeSnapshot(int descriptor);
+
+/// A snapshot of a file that can be opened and read. A network file system may answer stat() out of a cache
+/// after somebody else has removed the file; opening asks the server.
+[[nodiscard]] std::variant<FileSnapshot, int> openAndTakeSnapshot(const QByteArray &path);
+
+/// Whether an error says that a path leads nowhere. All others, such as EIO, say nothing about that.
+[[nodiscard]] bool meansGone(int error);
+
+/// A file at a path, as it was at some time.
+struct KnownFile
+{
+    QByteArray path;
+    FileSnapshot snapshot;
+};
+
+enum class FileState
+{
+    /// It can be read at its path, and its content has not been written to.
+    Same,
+    /// There is nothing at its path.
+    Gone,
+    /// Another file is at its path, it was changed, or the file system does not tell.
+    Unknown,
+};
+
+/// Looks for a file where it was, with openAndTakeSnapshot().
+[[nodiscard]] FileState stateOf(const KnownFile &file);
+
+/// Whether nothing at all was done to a file, not even to its names or permissions.
+[[nodiscard]] bool isUntouched(const KnownFile &file);
+
+/// Whether the folder of a file lists its name. One disk can be mounted through another file system, such as
+/// an overlay, that goes on opening a file by a name that it has lost on the disk; but it lists its folders
+/// anew.
+[[nodiscard]] bool isListed(const QByteArray &path);
+
+} // namespace sonavo

@@ -1,0 +1,153 @@
+#include "analysis/distance.h"
+
+#include <QtGlobal>
+
+#include <algorithm>
+#include <array>
+#include <vector>
+
+namespace sonavo {
+namespace {
+
+constexpr std::size_t WORD_BITS = 64;
+/// The characters of normalised texts: letters, digits and the blank.
+constexpr std::size_t ALPHABET = 37;
+
+constexpr std::size_t symbolOf(char character)
+{
+    if (character >= 'a')
+        return static_cast<std::size_t>(character - 'a');
+    return character == ' ' ? 36 : static_cast<std::size_t>(character - '0') + 26;
+}
+
+void removeCommonEnds(std::string_view &a, std::string_view &b)
+{
+    const auto [endA, endB] = std::mismatch(a.begin(), a.end(), b.begin(), b.end());
+    a.remove_prefix(static_cast<std::size_t>(endA - a.begin()));
+    b.remove_prefix(static_cast<std::size_t>(endB - b.begin()));
+    while (!a.empty() && !b.empty() && a.back() == b.back()) {
+        a.remove_suffix(1);
+        b.remove_suffix(1);
+    }
+}
+
+/// Differences between neighbouring cells of one column, for up to 64 rows: bit i tells whether row i is one
+/// more (increases) or one less (decreases) than the row above.
+struct Column
+{
+    std::uint64_t increases = ~std::uint64_t{0};
+    std::uint64_t decreases = 0;
+};
+
+/// How the row just above a block differs from the column before: -1, 0 or +1.
+using Carry = int;
+
+/// Goes on to the next column in one block of rows.
+/// @param equal rows whose character is the column's
+/// @param last the block's last row as a bit
+/// @return how that row differs from the column before
+Carry advance(Column &column, std::uint64_t equal, Carry above, std::uint64_t last)
+{
+    const std::uint64_t isLess = above < 0 ? 1U : 0U;
+    const std::uint64_t isMore = above > 0 ? 1U : 0U;
+    const std::uint64_t vertical = equal | column.decreases;
+    equal |= isLess;
+    const std::uint64_t diagonal =
+        (((equal & column.increases) + column.increases) ^ column.increases) | equal;
+    std::uint64_t more = column.decreases | ~(diagonal | column.increases);
+    std::uint64_t less = column.increases & diagonal;
+    const Carry below = ((more & last) != 0 ? 1 : 0) - ((less & last) != 0 ? 1 : 0);
+    more = more << 1 | isMore;
+    less = less << 1 | isLess;
+    column.increases = less | ~(vertical | more);
+    column.decreases = more & vertical;
+    return below;
+}
+
+/// For texts of which `rows` has 1 to 64 characters.
+std::size_t distanceInOneBlock(std::string_view rows, std::string_view columns, std::size_t limit)
+{
+    std::array<std::uint64_t, ALPHABET> positions{};
+    for (std::size_t i = 0; i < rows.size(); ++i)
+        positions[symbolOf(rows[i])] |= std::uint64_t{1} << i;
+
+    Column column;
+    const std::uint64_t last = std::uint64_t{1} << (rows.size() - 1);
+    std::size_t distance = rows.size();
+    std::size_t columnsLeft = columns.size();
+    for (const char character : columns) {
+        distance += static_cast<std::size_t>(advance(column, positions[symbolOf(character)], 1, last));
+        // Each column to come lowers the distance by at most one.
+        if (distance > limit + --columnsLeft)
+            return limit + 1;
+    }
+    return distance;
+}
+
+std::size_t distanceInBlocks(std::string_view rows, std::string_view columns, std::size_t limit)
+{
+    const std::size_t blockCount = (rows.size() + WORD_BITS - 1) / WORD_BITS;
+    std::vector<std::array<std::uint64_t, ALPHABET>> positions(blockCount);
+    for (std::size_t i = 0; i < rows.size(); ++i)
+        positions[i / WORD_BITS][symbolOf(rows[i])] |= std::uint64_t{1} << (i % WORD_BITS);
+
+    std::vector<Column> blocks(blockCount);
+    const std::uint64_t lastOfBlock = std::uint64_t{1} << (WORD_BITS - 1);
+    const std::uint64_t lastOfAll = std::uint64_t{1} << ((rows.size() - 1) % WORD_BITS);
+    std::size_t distance = rows.size();
+    std::size_t columnsLeft = columns.size();
+    for (const char character : columns) {
+        const std::size_t symbol = symbolOf(character);
+        Carry carry = 1;
+        for (std::size_t block = 0; block < blockCount; ++block)
+            carry = advance(blocks[block], positions[block][symbol], carry,
+                            block + 1 < blockCount ? lastOfBlock : lastOfAll);
+        distance += static_cast<std::size_t>(carry);
+        if (distance > limit + --columnsLeft)
+            return limit + 1;
+    }
+    return distance;
+}
+
+} // namespace
+
+std::size_t levenshteinDistance(std::string_view a, std::string_view b, std::size_t limit)
+{
+    removeCommonEnds(a, b);
+    if (a.size() > b.size())
+        std::swap(a, b);
+    limit = std::min(limit, b.size());
+    if (b.size() - a.size() > limit)
+        return limit + 1;
+    if (a.empty())
+        return b.size();
+    return a.size() <= WORD_BITS ? distanceInOneBlock(a, b, limit) : distanceInBlocks(a, b, limit);
+}
+
+double calculateSimilarity(std::string_view a, std::string_view b, double least)
+{
+    const std::size_t longer = std::max(a.size(), b.size());
+    Q_ASSERT(longer > 0);
+    const std::size_t limit = largestDistance(longer, least);
+    const std::size_t distance = levenshteinDistance(a, b, limit);
+    return distance > limit ? 0.0 : 1.0 - static_cast<double>(distance) / static_cast<double>(longer);
+}
+
+std::uint64_t characterBag(std::string_view text)
+{
+    constexpr std::size_t SINGLE_BITS = 36;
+    constexpr std::size_t DOUBLE_BITS = WORD_BITS - SINGLE_BITS;
+    std::uint64_t once = 0;
+    std::uint64_t twice = 0;
+    for (const char character : text) {
+        if (character == ' ')
+            continue;
+        const std::uint64_t bit = std::uint64_t{1} << symbolOf(character);
+        twice |= once & bit;
+        once |= bit;
+    }
+    // 64 bits have no room for the second bit of the last few digits.
+    return once | (twice & ((std::uint64_t{1} << DOUBLE_BITS) - 1)) << SINGLE_BITS;
+}
+
+} // namespace sonavo

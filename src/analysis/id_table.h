@@ -1,0 +1,71 @@
+#pragma once
+
+#include <algorithm>
+#include <bit>
+#include <cstddef>
+#include <cstdint>
+#include <vector>
+
+namespace sonavo {
+
+/// Gives equal items the same id: 0, 1, 2 and so on, in the order in which they first come. The caller keeps
+/// the items; the table knows their hashes only (open addressing with linear probing).
+class IdTable
+{
+public:
+    /// @param hash of the item; its low bits are used
+    /// @param isItem tells whether the item that was given an id before equals this one
+    /// @return the item's id, equal to size() before the call when the item is new
+    template <typename IsItem>
+    std::uint32_t idOf(std::size_t hash, IsItem isItem)
+    {
+        if ((m_size + 1) * 2 > m_slots.size())
+            grow();
+        const auto tag = static_cast<std::uint32_t>(hash);
+        std::size_t slot = tag & (m_slots.size() - 1);
+        while (m_slots[slot].id != NONE) {
+            if (m_slots[slot].tag == tag && isItem(m_slots[slot].id))
+                return m_slots[slot].id;
+            slot = (slot + 1) & (m_slots.size() - 1);
+        }
+        m_slots[slot] = {tag, static_cast<std::uint32_t>(m_size)};
+        return static_cast<std::uint32_t>(m_size++);
+    }
+
+    [[nodiscard]] std::size_t size() const { return m_size; }
+
+    /// Allocates for that many items; does nothing once there are any.
+    void reserve(std::size_t count)
+    {
+        if (m_size == 0)
+            m_slots.assign(std::bit_ceil(std::max<std::size_t>(count, 1) * 2), {});
+    }
+
+private:
+    static constexpr std::uint32_t NONE = UINT32_MAX;
+    struct Slot
+    {
+        std::uint32_t tag = 0;
+        std::uint32_t id = NONE;
+    };
+
+    void grow()
+    {
+        constexpr std::size_t FIRST_SIZE = 64;
+        std::vector<Slot> larger(m_slots.empty() ? FIRST_SIZE : m_slots.size() * 2);
+        for (const Slot &old : m_slots) {
+            if (old.id == NONE)
+                continue;
+            std::size_t slot = old.tag & (larger.size() - 1);
+            while (larger[slot].id != NONE)
+                slot = (slot + 1) & (larger.size() - 1);
+            larger[slot] = old;
+        }
+        m_slots.swap(larger);
+    }
+
+    std::vector<Slot> m_slots;
+    std::size_t m_size = 0;
+};
+
+} // namespace sonavo

@@ -1,0 +1,53 @@
+#pragma once
+
+#include "analysis/id_table.h"
+
+#include <cstddef>
+#include <cstdint>
+#include <functional>
+#include <string>
+#include <string_view>
+#include <vector>
+
+namespace sonavo {
+
+/// Interned strings: each is kept once, under an id.
+class StringPool
+{
+public:
+    /// The id of a string, which is kept if it is new. Ids count up from 0.
+    std::uint32_t add(std::string_view string)
+    {
+        const std::size_t known = m_ids.size();
+        const std::uint32_t id = m_ids.idOf(std::hash<std::string_view>{}(string),
+                                            [&](std::uint32_t other) { return (*this)[other] == string; });
+        if (id == known) {
+            m_characters.append(string);
+            m_ends.push_back(m_characters.size());
+        }
+        return id;
+    }
+
+    /// Allocates for that many strings; does nothing once there are any.
+    void reserve(std::size_t count)
+    {
+        m_ids.reserve(count);
+        m_ends.reserve(count);
+    }
+
+    /// Valid until the next add().
+    [[nodiscard]] std::string_view operator[](std::uint32_t id) const
+    {
+        const std::size_t start = id == 0 ? 0 : m_ends[id - 1];
+        return std::string_view(m_characters).substr(start, m_ends[id] - start);
+    }
+
+    [[nodiscard]] std::size_t size() const { return m_ends.size(); }
+
+private:
+    IdTable m_ids;
+    std::string m_characters;
+    std::vector<std::size_t> m_ends;
+};
+
+} // namespace sonavo

@@ -1,0 +1,52 @@
+#include "app/run_window.h"
+
+#include "app/process_exit.h"
+#include "app/sonavo_app.h"
+
+#include <QApplication>
+#include <QIcon>
+#include <QStyleFactory>
+
+#include <algorithm>
+#include <array>
+#include <cstdio>
+
+namespace sonavo {
+
+using namespace std::chrono_literals;
+
+namespace {
+
+/// Without a display, Qt aborts the program with a message that does not help.
+bool hasDisplay()
+{
+    constexpr std::array VARIABLES{"DISPLAY", "WAYLAND_DISPLAY", "QT_QPA_PLATFORM"};
+    return std::any_of(VARIABLES.begin(), VARIABLES.end(),
+                       [](const char *variable) { return !qEnvironmentVariableIsEmpty(variable); });
+}
+
+} // namespace
+
+ExitStatus runWindow(int &argc, char **argv, const WindowRequest &request)
+{
+    if (!hasDisplay()) {
+        std::fputs("sonavo: there is no display to open a window on; --report needs none\n", stderr);
+        return ExitStatus::NoWindow;
+    }
+    // For the file dialogs: unlike the style of some desktops, this one takes the theme's colours.
+    QApplication::setStyle(QStyleFactory::create(QStringLiteral("Fusion")));
+    const QApplication application(argc, argv);
+    QApplication::setApplicationDisplayName(QStringLiteral("Sonavo"));
+    QApplication::setDesktopFileName(QStringLiteral("org.sonavo.Sonavo"));
+    QApplication::setWindowIcon(QIcon(QStringLiteral(":/qt/qml/Sonavo/icons/logo.svg")));
+
+    const QuitOnSignal quitOnSignal;
+    SonavoApp app;
+    if (!app.launch(request.items))
+        return ExitStatus::NoWindow;
+    const ExitStatus status = QApplication::exec() == 0 ? ExitStatus::Success : ExitStatus::NoWindow;
+    forceExitAfter(5s, status);
+    return status;
+}
+
+} // namespace sonavo

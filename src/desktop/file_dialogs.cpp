@@ -1,0 +1,151 @@
+#include "desktop/file_dialogs.h"
+
+#include "model/audio_formats.h"
+
+#include <QAbstractItemView>
+#include <QAction>
+#include <QDir>
+#include <QFileDialog>
+#include <QGuiApplication>
+#include <QItemSelectionModel>
+#include <QLineEdit>
+#include <QShortcut>
+#include <QStandardPaths>
+#include <QWindow>
+
+#include <algorithm>
+
+namespace sonavo {
+namespace {
+
+QString musicFolder()
+{
+    const QString folder = QStandardPaths::writableLocation(QStandardPaths::MusicLocation);
+    return QFileInfo(folder).isDir() ? folder : QDir::homePath();
+}
+
+/// The window that a dialog belongs to. It is no widget, so QDialog does not find it by itself.
+QWindow *activeWindow()
+{
+    if (QWindow *focused = QGuiApplication::focusWindow())
+        return focused;
+    const QWindowList windows = QGuiApplication::topLevelWindows();
+    const auto visible =
+        std::find_if(windows.begin(), windows.end(), [](QWindow *window) { return window->isVisible(); });
+    return visible == windows.end() ? nullptr : *visible;
+}
+
+/// Qt's own dialog rather than the desktop's, so that it takes the colours of the theme.
+class SafeFileDialog : public QFileDialog
+{
+public:
+    explicit SafeFileDialog(const QString &title)
+        : QFileDialog(nullptr, title)
+    {
+        setOption(DontUseNativeDialog);
+        setAcceptMode(AcceptOpen);
+        // The dialog's own Delete removes files for good, and a slip of the mouse moves them. Its key works
+        // although the menu entry is hidden.
+        for (QAction *action : findChildren<QAction *>()) {
+            const QString name = action->objectName();
+            if (name == QStringLiteral("qt_delete_action") || name == QStringLiteral("qt_rename_action"))
+                action->setVisible(false);
+        }
+        for (QShortcut *shortcut : findChildren<QShortcut *>()) {
+            if (shortcut->key() == QKeySequence::Delete)
+                shortcut->setEnabled(false);
+        }
+        for (QAbstractItemView *view : {listView(), treeView()}) {
+            view->setDragDropMode(QAbstractItemView::NoDragDrop);
+            view->setEditTriggers(QAbstractItemView::NoEditTriggers);
+        }
+    }
+
+    /// @return whether the user confirmed
+    bool run(QString &folder)
+    {
+        setDirectory(QFileInfo(folder).isDir() ? folder : musicFolder());
+        winId(); // makes the native window
+        windowHandle()->setTransientParent(activeWindow());
+        const bool isAccepted = exec() == Accepted;
+        folder = directory().absolutePath();
+        return isAccepted;
+    }
+
+protected:
+    QAbstractItemView *listView() const { return findChild<QAbstractItemView *>(QStringLiteral("listView")); }
+    QAbstractItemView *treeView() const { return findChild<QAbstractItemView *>(QStringLiteral("treeView")); }
+    QLineEdit *nameEdit() const { return findChild<QLineEdit *>(QStringLiteral("fileNameEdit")); }
+};
+
+/// Accepts folders as well as files, which QFileDialog does not.
+class MusicDialog final : public SafeFileDialog
+{
+public:
+    MusicDialog()
+        : SafeFileDialog(QStringLiteral("Add Songs"))
+    {
+        setFileMode(ExistingFiles);
+        setOption(ReadOnly);
+        setNameFilter(QStringLiteral("Songs (*.%1)").arg(audioExtensions().join(QStringLiteral(" *."))));
+        connect(selection(), &QItemSelectionModel::selectionChanged, this, [this] { showSelectedNames(); });
+        connect(this, &QFileDialog::directoryEntered, this, [this] { clearSelection(); });
+    }
+
+    void accept() override
+    {
+        const QString names = nameEdit()->text();
+        const QStringList paths = selectedFiles();
+        if (names.isEmpty() || paths.isEmpty())
+            return; // would accept the folder that is shown
+        const bool allExist = std::all_of(paths.begin(), paths.end(),
+                                          [](const QString &path) { return QFileInfo::exists(path); });
+        if (allExist && names != QStringLiteral(".."))
+            done(Accepted); // the base class would enter a folder
+        else
+            QFileDialog::accept();
+    }
+
+private:
+    QItemSelectionModel *selection() const { return listView()->selectionModel(); }
+
+    /// The base class does so for files only.
+    void showSelectedNames()
+    {
+        QStringList names;
+        for (const QModelIndex &row : selection()->selectedRows()) {
+            if (row != listView()->rootIndex())
+                names += row.data().toString();
+        }
+        if (names.isEmpty() || nameEdit()->hasFocus())
+            return;
+        nameEdit()->setText(names.size() == 1 ? names.constFirst()
+                                              : u'"' + names.join(QStringLiteral("\" \"")) + u'"');
+    }
+
+    /// The base class would keep the name of the folder that was entered, and look for it inside.
+    void clearSelection()
+    {
+        nameEdit()->clear();
+        selection()->clearSelection();
+    }
+};
+
+} // namespace
+
+QList<QUrl> runMusicDialog(QString &folder)
+{
+    MusicDialog dialog;
+    return dialog.run(folder) ? dialog.selectedUrls() : QList<QUrl>();
+}
+
+QString runFolderDialog(const QString &title, const QString &acceptLabel, QString &folder)
+{
+    SafeFileDialog dialog(title);
+    dialog.setFileMode(QFileDialog::Directory);
+    dialog.setOption(QFileDialog::ShowDirsOnly);
+    dialog.setLabelText(QFileDialog::Accept, acceptLabel);
+    return dialog.run(folder) ? dialog.selectedFiles().constFirst() : QString();
+}
+
+} // namespace sonavo

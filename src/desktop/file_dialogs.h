@@ -1,0 +1,25 @@
+#pragma once
+
+#include <QList>
+#include <QString>
+#include <QUrl>
+
+namespace sonavo {
+
+// Modal dialogs for choosing files and folders. They run the event loop until the user has decided, end as
+// cancelled when the application quits, and offer no way to delete, rename or move files. Main thread only.
+
+/// Asks for files and folders, several at once. Of the files, only those with an audio file's name are
+/// listed.
+/// @param folder where the dialog starts, the user's music folder if empty; set to where it ended
+/// @return file URLs; empty when cancelled
+[[nodiscard]] QList<QUrl> runMusicDialog(QString &folder);
+
+/// Asks for one folder, which can be created in the dialog.
+/// @param title title of the dialog
+/// @param acceptLabel text of the button that confirms
+/// @param folder as in runMusicDialog()
+/// @return absolute path; empty when cancelled
+[[nodiscard]] QString runFolderDialog(const QString &title, const QString &acceptLabel, QString &folder);
+
+} // namespace sonavo

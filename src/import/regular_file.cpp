@@ -1,0 +1,50 @@
+#include "import/regular_file.h"
+
+#include <QFile>
+
+#include <fcntl.h>
+#include <sys/stat.h>
+#include <unistd.h>
+
+#include <cerrno>
+
+namespace sonavo {
+
+RegularFile::RegularFile(const QString &path, ReadCounter *counter)
+    : m_counter(counter)
+{
+    const QByteArray name = QFile::encodeName(path);
+    struct stat status = {};
+    if (::stat(name.constData(), &status) != 0 || !S_ISREG(status.st_mode))
+        return;
+    m_descriptor = ::open(name.constData(), O_RDONLY | O_CLOEXEC | O_NOCTTY | O_NONBLOCK);
+    // The name can have been given to another file in between.
+    if (m_descriptor >= 0 && (::fstat(m_descriptor, &status) != 0 || !S_ISREG(status.st_mode)))
+        close();
+    m_size = status.st_size;
+}
+
+RegularFile::~RegularFile()
+{
+    close();
+}
+
+ssize_t RegularFile::read(std::span<std::uint8_t> target, qint64 offset) const
+{
+    ssize_t count = -1;
+    do {
+        count = ::pread(m_descriptor, target.data(), target.size(), offset);
+    } while (count < 0 && errno == EINTR);
+    if (m_counter)
+        ++*m_counter;
+    return count;
+}
+
+void RegularFile::close()
+{
+    if (m_descriptor >= 0)
+        ::close(m_descriptor);
+    m_descriptor = -1;
+}
+
+} // namespace sonavo

@@ -1,0 +1,46 @@
+#pragma once
+
+#include <QString>
+
+#include <sys/types.h>
+
+#include <atomic>
+#include <cstdint>
+#include <span>
+
+namespace sonavo {
+
+/// Counts the reads of a file that have returned. While it stands still during a read, the disk may be
+/// hanging.
+using ReadCounter = std::atomic<quint64>;
+
+/// A regular file, open for reading. Opening follows links, never waits for the writer of a pipe and never
+/// touches a device. Any thread may use it, one at a time.
+class RegularFile
+{
+public:
+    /// @param counter incremented after every read, if given; must outlive the file
+    explicit RegularFile(const QString &path, ReadCounter *counter = nullptr);
+    ~RegularFile();
+    Q_DISABLE_COPY_MOVE(RegularFile)
+
+    /// Whether there is a readable regular file at the path; nothing else may be called when there is not.
+    [[nodiscard]] bool isOpen() const { return m_descriptor >= 0; }
+
+    /// Size in bytes when the file was opened.
+    [[nodiscard]] qint64 size() const { return m_size; }
+
+    /// Waits for the disk.
+    /// @param offset bytes from the start of the file
+    /// @return bytes read, which can be fewer than asked for; 0 at the end, negative on an error
+    [[nodiscard]] ssize_t read(std::span<std::uint8_t> target, qint64 offset) const;
+
+private:
+    void close();
+
+    ReadCounter *const m_counter;
+    int m_descriptor = -1;
+    qint64 m_size = 0;
+};
+
+} // namespace sonavo

@@ -1,0 +1,49 @@
+#pragma once
+
+#include "model/duplicate_group.h"
+#include "model/song.h"
+
+#include <QList>
+#include <QObject>
+
+namespace sonavo {
+
+/// The songs of the session and the duplicates among them. Lists are taken and given as shares, so that no
+/// call but the removals depends on how long they are. Main thread only.
+class Library : public QObject
+{
+    Q_OBJECT
+
+public:
+    using QObject::QObject;
+
+    /// In import order.
+    [[nodiscard]] const QList<Song> &songs() const { return m_songs; }
+    /// In the order in which the analysis made them.
+    [[nodiscard]] const QList<DuplicateGroup> &duplicateGroups() const { return m_duplicateGroups; }
+    /// Duplicates in all groups; originals do not count.
+    [[nodiscard]] int duplicateCount() const;
+
+    void setSongs(const QList<Song> &songs);
+    void setDuplicateGroups(const QList<DuplicateGroup> &groups);
+
+    /// Removes a song from songs(); its group keeps it.
+    void removeSong(const QUuid &id);
+    /// Removes a song from its group, which is repaired as withoutSong() has it.
+    void removeFromGroups(const QUuid &id);
+    /// Removes every duplicate from songs(), and all groups.
+    void removeDuplicates();
+    void clear();
+
+Q_SIGNALS:
+    void songsChanged();
+    void duplicateGroupsChanged();
+
+private:
+    void set(const QList<Song> &songs, const QList<DuplicateGroup> &groups);
+
+    QList<Song> m_songs;
+    QList<DuplicateGroup> m_duplicateGroups;
+};
+
+} // namespace sonavo

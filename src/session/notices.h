@@ -1,0 +1,65 @@
+#pragma once
+
+#include "analysis/pauses.h"
+
+#include <QObject>
+#include <QPointer>
+#include <QString>
+
+#include <memory>
+
+namespace sonavo {
+
+/// What the session tells the user: an alert, which stays until it is dismissed, and a toast, which goes by
+/// itself. Main thread only.
+class Notices : public QObject
+{
+    Q_OBJECT
+
+public:
+    enum class ToastType
+    {
+        Success,
+        Error,
+        Info
+    };
+    Q_ENUM(ToastType)
+
+    struct State
+    {
+        bool isAlertShown = false;
+        QString alertMessage;
+        bool isToastShown = false;
+        QString toastMessage;
+        ToastType toastType = ToastType::Info;
+
+        friend bool operator==(const State &, const State &) = default;
+    };
+
+    explicit Notices(std::shared_ptr<Pauses> pauses, QObject *parent = nullptr);
+
+    [[nodiscard]] const State &state() const { return m_state; }
+
+    /// Shows an alert, in place of one that is still shown.
+    void raiseAlert(const QString &message);
+    void setAlertShown(bool isShown);
+    /// Hides the alert and forgets its text.
+    void clearAlert();
+
+    /// Shows a toast for three seconds. Another one within that time replaces it at once and is hidden when
+    /// the time of the first is over.
+    void showToast(const QString &message, ToastType type);
+    void setToastShown(bool isShown);
+
+Q_SIGNALS:
+    void changed(const sonavo::Notices::State &before);
+
+private:
+    static QCoro::Task<> hideToastLater(QPointer<Notices> self);
+    void set(State state);
+
+    const std::shared_ptr<Pauses> m_pauses;
+    State m_state;
+};
+
+} // namespace sonavo

@@ -1,0 +1,81 @@
+#include "session/preview.h"
+
+#include "actions/click_to_seek.h"
+
+#include <QPointer>
+
+#include <utility>
+
+namespace sonavo {
+
+Preview::Preview(Desktop &desktop, QObject *parent)
+    : QObject(parent)
+    , m_desktop(desktop)
+{}
+
+Preview::~Preview() = default;
+
+bool Preview::isOf(const Song &song) const
+{
+    return m_state.song && m_state.song->id == song.id;
+}
+
+void Preview::toggle(const Song &song)
+{
+    const bool wasPlaying = isOf(song);
+    // Copied before the preview lets go of the song, which may be this very one.
+    const Song next = song;
+    stop();
+    if (wasPlaying)
+        return;
+    const auto startUnlessStopped = [this, next, number = ++m_number] {
+        if (m_number == number)
+            start(next);
+    };
+    QMetaObject::invokeMethod(this, startUnlessStopped, Qt::QueuedConnection);
+    set({.song = next, .player = nullptr});
+}
+
+void Preview::start(const Song &song)
+{
+    m_player = m_desktop.openPreview(song.path);
+    const QPointer<PreviewPlayer> player(m_player.get());
+    set({.song = song, .player = m_player.get()});
+    if (player)
+        player->play();
+}
+
+void Preview::seek(double x, double width)
+{
+    if (!m_player)
+        return;
+    if (const auto second = seekTarget(x, width, m_state.song->duration))
+        m_player->seek(*second);
+}
+
+void Preview::mute()
+{
+    if (m_player)
+        m_player->setVolume(0.0);
+}
+
+void Preview::stop()
+{
+    ++m_number;
+    const std::unique_ptr<PreviewPlayer> player = std::move(m_player);
+    if (player) {
+        player->pause();
+        player->releaseItem();
+    }
+    set({});
+}
+
+void Preview::set(State state)
+{
+    if (state == m_state)
+        return;
+    const State before = std::exchange(m_state, std::move(state));
+    Q_EMIT changed(before);
+}
+
+} // namespace sonavo

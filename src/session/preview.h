@@ -1,0 +1,63 @@
+#pragma once
+
+#include "actions/desktop.h"
+#include "actions/preview_player.h"
+#include "model/song.h"
+
+#include <QObject>
+
+#include <memory>
+#include <optional>
+
+namespace sonavo {
+
+/// Plays one song at a time, so that the user can listen before deciding. Main thread only.
+class Preview : public QObject
+{
+    Q_OBJECT
+
+public:
+    struct State
+    {
+        /// The song being previewed. That it has come to its end is not noticed: it stays.
+        std::optional<Song> song;
+        /// Comes at the next turn of the event loop after the song.
+        PreviewPlayer *player = nullptr;
+
+        friend bool operator==(const State &, const State &) = default;
+    };
+
+    /// @param desktop must outlive the preview
+    explicit Preview(Desktop &desktop, QObject *parent = nullptr);
+    /// Lets go of the player without a word.
+    ~Preview() override;
+
+    [[nodiscard]] const State &state() const { return m_state; }
+    /// Whether this song, known by its id, is the one being previewed.
+    [[nodiscard]] bool isOf(const Song &song) const;
+
+    /// Plays a song from its beginning, in place of any other; stops it when it is the one being previewed.
+    void toggle(const Song &song);
+    /// Goes on at the second that a click at `x` in a row of `width` stands for; see seekTarget(). Does
+    /// nothing without a player.
+    void seek(double x, double width);
+    /// Silences the player at once, with what is still on its way to the loudspeaker.
+    void mute();
+    /// Stops the sound and lets go of the file.
+    void stop();
+
+Q_SIGNALS:
+    void changed(const sonavo::Preview::State &before);
+
+private:
+    void start(const Song &song);
+    void set(State state);
+
+    Desktop &m_desktop;
+    State m_state;
+    std::unique_ptr<PreviewPlayer> m_player;
+    /// Grows with every start and stop: a start that comes late knows by it.
+    quint64 m_number = 0;
+};
+
+} // namespace sonavo

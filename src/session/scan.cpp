@@ -1,0 +1,181 @@
+#include "session/scan.h"
+
+#include "analysis/analyze_duplicates.h"
+#include "import/audio_discovery.h"
+#include "import/disk_task.h"
+#include "session/read_songs.h"
+
+#include <QCoroFuture>
+
+#include <utility>
+
+namespace sonavo {
+
+using namespace std::chrono_literals;
+
+namespace {
+
+/// Walks the folders while a pause lets the views show that a scan has begun.
+QCoro::Task<QStringList> discoverFiles(QList<QUrl> urls, std::shared_ptr<Pauses> pauses, std::stop_token stop)
+{
+    DiskTask<QStringList> discovery(
+        [urls](const std::stop_token &end) { return discoverAudioFiles(urls, end); });
+    const std::stop_callback abandonDiscovery(stop, [&discovery] { discovery.abandon({}); });
+    co_await pauses->wait(200ms);
+    co_return co_await discovery.result();
+}
+
+} // namespace
+
+/// One run of the scan. It publishes nothing once it was cancelled or the scan is gone, both of which a
+/// listener can do at any change: each step tells whether the run may go on.
+class Scan::Run
+{
+public:
+    Run(Scan *scan, std::stop_token stop)
+        : m_scan(scan)
+        , m_stop(std::move(stop))
+    {}
+
+    [[nodiscard]] bool isCurrent() const { return m_scan && !m_stop.stop_requested(); }
+    [[nodiscard]] const std::stop_token &stop() const { return m_stop; }
+
+    /// @param change called with the state as it is, to alter it
+    template <typename Change>
+    bool update(const Change &change) const
+    {
+        if (!isCurrent())
+            return false;
+        State state = m_scan->m_state;
+        change(state);
+        m_scan->set(std::move(state));
+        return isCurrent();
+    }
+    bool showStep(double progress, const QString &message) const
+    {
+        return update([&](State &state) {
+            state.progress = progress;
+            state.message = message;
+        });
+    }
+    bool showFiles(qint64 processed, qint64 total, const QString &message) const
+    {
+        return update([&](State &state) {
+            state.processedFiles = processed;
+            state.totalFiles = total;
+            state.progress = static_cast<double>(processed) / static_cast<double>(total);
+            state.message = message;
+        });
+    }
+    bool publishSongs(const QList<Song> &songs) const
+    {
+        if (isCurrent())
+            m_scan->m_library.setSongs(songs);
+        return isCurrent();
+    }
+    bool publishGroups(const QList<DuplicateGroup> &groups) const
+    {
+        if (isCurrent())
+            m_scan->m_library.setDuplicateGroups(groups);
+        return isCurrent();
+    }
+    /// Ends the scan where its progress stands.
+    bool end() const
+    {
+        return update([](State &state) { state.isRunning = false; });
+    }
+    bool end(double progress) const
+    {
+        return update([progress](State &state) {
+            state.isRunning = false;
+            state.progress = progress;
+            state.message.clear();
+        });
+    }
+    void raiseAlert(const QString &message) const { m_scan->m_notices.raiseAlert(message); }
+
+private:
+    QPointer<Scan> m_scan;
+    std::stop_token m_stop;
+};
+
+Scan::Scan(Library &library, Notices &notices, std::shared_ptr<Pauses> pauses, QObject *parent)
+    : QObject(parent)
+    , m_library(library)
+    , m_notices(notices)
+    , m_pauses(std::move(pauses))
+{}
+
+void Scan::start(const QList<QUrl> &urls)
+{
+    m_stop.request_stop();
+    m_stop = std::stop_source();
+    const Run run(this, m_stop.get_token());
+    QMetaObject::invokeMethod(
+        this, [run, urls, pauses = m_pauses] { scan(run, urls, pauses); }, Qt::QueuedConnection);
+    run.update([](State &state) {
+        state.isRunning = true;
+        state.progress = 0.0;
+        state.message = QStringLiteral("Starting scan...");
+    });
+}
+
+void Scan::reset()
+{
+    m_stop.request_stop();
+    set({});
+}
+
+QCoro::Task<> Scan::scan(Run run, QList<QUrl> urls, std::shared_ptr<Pauses> pauses)
+{
+    if (!run.showStep(0.0, QStringLiteral("Step 1/4: Discovering audio files...")))
+        co_return;
+    const QStringList files = co_await discoverFiles(urls, pauses, run.stop());
+    if (!run.isCurrent())
+        co_return;
+    if (files.isEmpty()) {
+        if (run.end())
+            run.raiseAlert(QStringLiteral("No audio files found in the selected folder."));
+        co_return;
+    }
+
+    const qint64 total = files.size();
+    if (!run.showFiles(0, total, QStringLiteral("Step 1/4: Processing %1 audio files...").arg(total)))
+        co_return;
+    const auto showProgress = [&run, total](qint64 processed) {
+        run.showFiles(
+            processed, total,
+            QStringLiteral("Step 1/4: Processing audio files (%1 of %2)").arg(processed).arg(total));
+    };
+    const std::optional<QList<Song>> songs = co_await readSongs(files, pauses, run.stop(), showProgress);
+    if (!songs || !run.publishSongs(*songs) ||
+        !run.showStep(0.33, QStringLiteral("Step 2/4: Preparing for duplicate analysis...")))
+        co_return;
+    if (songs->isEmpty()) {
+        if (run.end(0.0))
+            run.raiseAlert(QStringLiteral("No supported audio files found."));
+        co_return;
+    }
+    if (!run.showStep(0.4, QStringLiteral("Step 2/4: Analyzing duplicates...")))
+        co_return;
+
+    const auto showAnalysis = [&run](const AnalysisProgress &analysis) {
+        run.update([&analysis](State &state) {
+            state.progress = analysis.fraction;
+            state.message = analysis.message.value_or(state.message);
+        });
+    };
+    const QList<DuplicateGroup> groups = co_await analyzeDuplicates(*songs, pauses, showAnalysis);
+    if (run.publishGroups(groups))
+        run.end(1.0);
+}
+
+void Scan::set(State state)
+{
+    if (state == m_state)
+        return;
+    const State before = std::exchange(m_state, std::move(state));
+    Q_EMIT changed(before);
+}
+
+} // namespace sonavo

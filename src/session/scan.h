@@ -1,0 +1,70 @@
+#pragma once
+
+#include "analysis/pauses.h"
+#include "session/library.h"
+#include "session/notices.h"
+
+#include <QCoroTask>
+#include <QList>
+#include <QObject>
+#include <QPointer>
+#include <QUrl>
+
+#include <memory>
+#include <stop_token>
+
+namespace sonavo {
+
+/// Finds the audio files among files and folders, reads them into the songs of the library and finds the
+/// duplicates among them. Works a step at a time between turns of the event loop; what waits for a disk runs
+/// in other threads. Main thread only.
+class Scan : public QObject
+{
+    Q_OBJECT
+
+public:
+    struct State
+    {
+        bool isRunning = false;
+        /// From 0.0 to 1.0, of the current part; it goes back when the next part begins.
+        double progress = 0.0;
+        /// Files read so far, of totalFiles.
+        qint64 processedFiles = 0;
+        qint64 totalFiles = 0;
+        /// What the scan is doing.
+        QString message;
+
+        friend bool operator==(const State &, const State &) = default;
+    };
+
+    /// @param library receives the songs once all are read, and then the groups; must outlive the scan
+    /// @param notices told when nothing was found; must outlive the scan
+    Scan(Library &library, Notices &notices, std::shared_ptr<Pauses> pauses, QObject *parent = nullptr);
+
+    [[nodiscard]] const State &state() const { return m_state; }
+
+    /// Scans these items, in place of a scan that may be running. Returns at once.
+    /// @param urls file URLs; others contribute nothing
+    void start(const QList<QUrl> &urls);
+
+    /// Cancels a running scan, which publishes nothing more, and returns to the initial state.
+    void reset();
+
+Q_SIGNALS:
+    void changed(const sonavo::Scan::State &before);
+
+private:
+    class Run;
+
+    static QCoro::Task<> scan(Run run, QList<QUrl> urls, std::shared_ptr<Pauses> pauses);
+    void set(State state);
+
+    Library &m_library;
+    Notices &m_notices;
+    const std::shared_ptr<Pauses> m_pauses;
+    State m_state;
+    /// Cancels the running scan, or the last one.
+    std::stop_source m_stop{std::nostopstate};
+};
+
+} // namespace sonavo

@@ -1,0 +1,217 @@
+#include "desktop/file_dialogs.h"
+#include "testing/private_home.h"
+
+#include <QAbstractItemView>
+#include <QApplication>
+#include <QDialogButtonBox>
+#include <QFileDialog>
+#include <QLineEdit>
+#include <QMessageBox>
+#include <QPushButton>
+#include <QTest>
+#include <QTimer>
+#include <QToolButton>
+#include <QWindow>
+
+#include <gmock/gmock.h>
+
+#include <algorithm>
+#include <functional>
+
+namespace sonavo {
+namespace {
+
+using namespace Qt::Literals::StringLiterals;
+using testing::IsEmpty;
+using testing::UnorderedElementsAre;
+
+/// Uses an open dialog as the user would.
+struct DialogDriver
+{
+    explicit DialogDriver(QFileDialog &openDialog)
+        : dialog(openDialog)
+    {
+        dialog.setViewMode(QFileDialog::List);
+    }
+
+    void click(const QString &name, Qt::KeyboardModifiers modifiers = {}) const
+    {
+        QTest::mouseClick(view->viewport(), Qt::LeftButton, modifiers, centerOf(name));
+    }
+    void doubleClick(const QString &name) const
+    {
+        click(name);
+        QTest::mouseDClick(view->viewport(), Qt::LeftButton, {}, centerOf(name));
+    }
+    void typeNames(const QString &names) const
+    {
+        nameEdit->setFocus();
+        nameEdit->selectAll();
+        QTest::keyClicks(nameEdit, names);
+        QTest::keyClick(nameEdit, Qt::Key_Return);
+    }
+    void accept() const { QTest::mouseClick(acceptButton, Qt::LeftButton); }
+
+    [[nodiscard]] QStringList names() const
+    {
+        QStringList names;
+        for (int row = 0; row < view->model()->rowCount(view->rootIndex()); ++row)
+            names.append(view->model()->index(row, 0, view->rootIndex()).data().toString());
+        return names;
+    }
+    /// Waits until the list, which is filled and sorted step by step, is complete.
+    [[nodiscard]] QPoint centerOf(const QString &name) const
+    {
+        const auto isListed = [&] { return names().contains(name) && std::ranges::is_sorted(names()); };
+        EXPECT_TRUE(QTest::qWaitFor(isListed, 10'000)) << name.toStdString();
+        const auto row = static_cast<int>(names().indexOf(name));
+        return view->visualRect(view->model()->index(row, 0, view->rootIndex())).center();
+    }
+
+    QFileDialog &dialog;
+    QAbstractItemView *const view = dialog.findChild<QAbstractItemView *>(u"listView"_s);
+    QLineEdit *const nameEdit = dialog.findChild<QLineEdit *>(u"fileNameEdit"_s);
+    QPushButton *const acceptButton = dialog.findChild<QDialogButtonBox *>()->button(QDialogButtonBox::Open);
+};
+
+class FileDialogTest : public testing::Test
+{
+protected:
+    FileDialogTest()
+    {
+        for (const char *name :
+             {"b.mp3", "c d.FLAC", "notes.txt", ".hidden.mp3", "Album/x.mp3", "Album/Bonus/y.wav"})
+            home.add(std::string("Music/") + name);
+    }
+
+    /// Runs `act` in the dialog that is opened next, and cancels the dialog if `act` leaves it open.
+    static void whenOpen(const std::function<void(const DialogDriver &)> &act)
+    {
+        QTimer::singleShot(0, [act] {
+            const QPointer dialog = qobject_cast<QFileDialog *>(QApplication::activeModalWidget());
+            ASSERT_TRUE(dialog && QTest::qWaitForWindowActive(dialog, 10'000));
+            act(DialogDriver(*dialog));
+            if (dialog && dialog->isVisible())
+                dialog->reject();
+        });
+    }
+
+    std::vector<std::string> chosenMusic()
+    {
+        std::vector<std::string> paths;
+        for (const QUrl &url : runMusicDialog(m_folder))
+            paths.push_back(url.toLocalFile().toStdString());
+        return paths;
+    }
+    std::string chosenFolder() { return runFolderDialog(u"Move to"_s, u"Move"_s, m_folder).toStdString(); }
+
+    PrivateHome home;
+    const std::string music = home.path("Music").string();
+
+private:
+    QString m_folder;
+};
+
+TEST_F(FileDialogTest, ReturnsFilesAndFoldersThatAreSelectedTogether)
+{
+    whenOpen([this](const DialogDriver &driver) {
+        EXPECT_EQ(driver.dialog.windowTitle(), u"Add Songs"_s);
+        EXPECT_EQ(driver.dialog.directory().path().toStdString(), music);
+        driver.click(u"Album"_s);
+        EXPECT_EQ(driver.nameEdit->text(), u"Album"_s);
+        EXPECT_EQ(driver.names(), (QStringList{u"Album"_s, u"b.mp3"_s, u"c d.FLAC"_s}));
+        driver.click(u"c d.FLAC"_s, Qt::ControlModifier);
+        driver.accept();
+    });
+    EXPECT_THAT(chosenMusic(), UnorderedElementsAre(music + "/Album", music + "/c d.FLAC"));
+}
+
+TEST_F(FileDialogTest, EntersFoldersAndOpensWhereItWasClosed)
+{
+    whenOpen([](const DialogDriver &driver) {
+        driver.doubleClick(u"Album"_s);
+        EXPECT_EQ(driver.nameEdit->text(), QString());
+        EXPECT_FALSE(driver.acceptButton->isEnabled());
+        driver.click(u"Bonus"_s);
+        QTest::keyClick(driver.view, Qt::Key_Return);
+    });
+    EXPECT_THAT(chosenMusic(), IsEmpty());
+    whenOpen([](const DialogDriver &driver) { driver.doubleClick(u"y.wav"_s); });
+    EXPECT_THAT(chosenMusic(), UnorderedElementsAre(music + "/Album/Bonus/y.wav"));
+}
+
+TEST_F(FileDialogTest, TakesTypedNamesOfFilesAndFolders)
+{
+    const std::pair<std::string, std::vector<std::string>> cases[] = {
+        {music + "/Album/x.mp3", {music + "/Album/x.mp3"}},
+        {R"("Album" "c d.FLAC")", {music + "/Album", music + "/c d.FLAC"}},
+        {"..", {}},
+        {"b\b", {}},
+    };
+    for (const auto &[names, chosen] : cases) {
+        whenOpen([typed = QString::fromStdString(names)](auto &driver) { driver.typeNames(typed); });
+        EXPECT_THAT(chosenMusic(), testing::UnorderedElementsAreArray(chosen)) << names;
+    }
+}
+
+TEST_F(FileDialogTest, ReturnsOneFolderWhichCanBeNew)
+{
+    whenOpen([](const DialogDriver &driver) {
+        EXPECT_EQ(driver.dialog.windowTitle(), u"Move to"_s);
+        EXPECT_EQ(driver.acceptButton->text(), u"Move"_s);
+        driver.click(u"Album"_s);
+        EXPECT_EQ(driver.names(), QStringList{u"Album"_s});
+        driver.accept();
+    });
+    EXPECT_EQ(chosenFolder(), music + "/Album");
+    whenOpen([](const DialogDriver &driver) {
+        driver.click(u"Album"_s);
+        driver.dialog.findChild<QToolButton *>(u"newFolderButton"_s)->click();
+        QTest::keyClicks(QApplication::focusWidget(), u"Doubles"_s);
+        QTest::keyClick(QApplication::focusWidget(), Qt::Key_Return);
+        driver.accept();
+    });
+    EXPECT_EQ(chosenFolder(), music + "/Doubles");
+    EXPECT_TRUE(std::filesystem::is_directory(music + "/Doubles"));
+}
+
+TEST_F(FileDialogTest, CannotDeleteRenameOrMoveFiles)
+{
+    const auto tamper = [](const DialogDriver &driver) {
+        driver.click(u"Album"_s);
+        driver.view->setFocus();
+        bool isAsked = false; // whether to delete for good
+        QTimer::singleShot(200, &driver.dialog, [&isAsked] {
+            if (auto *const question = qobject_cast<QMessageBox *>(QApplication::activeModalWidget())) {
+                isAsked = true;
+                question->reject();
+            }
+        });
+        QTest::keyClick(driver.view, Qt::Key_Delete);
+        QTest::qWait(300);
+        EXPECT_FALSE(isAsked);
+        QTest::keyClick(driver.view, Qt::Key_F2);
+        EXPECT_EQ(driver.view->viewport()->findChild<QLineEdit *>(), nullptr);
+        EXPECT_EQ(driver.view->dragDropMode(), QAbstractItemView::NoDragDrop);
+    };
+    whenOpen(tamper);
+    EXPECT_THAT(chosenMusic(), IsEmpty());
+    whenOpen(tamper);
+    EXPECT_EQ(chosenFolder(), "");
+}
+
+TEST_F(FileDialogTest, BelongsToTheWindowAndClosesWhenTheApplicationQuits)
+{
+    QWindow window;
+    window.show();
+    whenOpen([&window](const DialogDriver &driver) {
+        EXPECT_EQ(driver.dialog.windowHandle()->transientParent(), &window);
+        EXPECT_EQ(driver.dialog.windowModality(), Qt::ApplicationModal);
+        driver.click(u"Album"_s);
+        QCoreApplication::quit();
+    });
+    EXPECT_EQ(chosenFolder(), "");
+}
+
+} // namespace
+} // namespace sonavo

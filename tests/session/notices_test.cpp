@@ -1,0 +1,51 @@
+#include "session/notices.h"
+#include "testing/test_pauses.h"
+
+#include <QSignalSpy>
+#include <QTest>
+
+#include <gmock/gmock.h>
+
+namespace sonavo {
+namespace {
+
+using namespace std::chrono_literals;
+using namespace Qt::Literals::StringLiterals;
+
+TEST(NoticesTest, HidesAToastWhenTheTimeOfTheFirstIsOver)
+{
+    const auto pauses = std::make_shared<HeldPauses>();
+    auto notices = std::make_unique<Notices>(pauses);
+    notices->showToast(u"first"_s, Notices::ToastType::Success);
+    notices->showToast(u"second"_s, Notices::ToastType::Error);
+    EXPECT_TRUE(notices->state().isToastShown);
+    ASSERT_EQ(pauses->count(), 2U);
+    EXPECT_EQ(pauses->lengthOf(0), 3s);
+
+    pauses->end(0);
+    EXPECT_TRUE(QTest::qWaitFor([&notices] { return !notices->state().isToastShown; }));
+    EXPECT_EQ(notices->state().toastMessage, u"second"_s);
+    EXPECT_EQ(notices->state().toastType, Notices::ToastType::Error);
+    // The second timer runs out when the notices are gone.
+    notices.reset();
+    pauses->end(1);
+    QTest::qWait(20);
+}
+
+TEST(NoticesTest, KeepsTheTextOfADismissedAlertUntilItIsCleared)
+{
+    Notices notices(std::make_shared<InstantPauses>());
+    QSignalSpy changes(&notices, &Notices::changed);
+    notices.raiseAlert(u"no files"_s);
+    notices.setAlertShown(false);
+    EXPECT_EQ(notices.state().alertMessage, u"no files"_s);
+    notices.raiseAlert(u"no files"_s);
+    notices.raiseAlert(u"no files"_s);
+    EXPECT_TRUE(notices.state().isAlertShown);
+    notices.clearAlert();
+    EXPECT_EQ(notices.state(), Notices::State());
+    EXPECT_EQ(changes.size(), 4) << "an alert that is shown already changes nothing";
+}
+
+} // namespace
+} // namespace sonavo

@@ -1,0 +1,86 @@
+#pragma once
+
+#include "import/disk_task.h"
+#include "testing/fake_desktop.h"
+#include "testing/test_pauses.h"
+#include "testing/window_driver.h"
+#include "theme/theme_manager.h"
+
+#include <QTest>
+
+#include <gtest/gtest.h>
+
+#include <ostream>
+
+inline void PrintTo(const QString &text, std::ostream *stream)
+{
+    *stream << '"' << text.toStdString() << '"';
+}
+
+namespace sonavo {
+
+inline const QList<QUrl> SAMPLES{QUrl::fromLocalFile(QStringLiteral(SONAVO_SAMPLES))};
+
+/// What the window needs before it loads.
+struct WindowParts
+{
+    WindowParts()
+    {
+        qInstallMessageHandler([](QtMsgType type, const QMessageLogContext &context, const QString &message) {
+            // The platform plug-in warns about the machine that the test runs on.
+            if (type == QtWarningMsg && !QByteArrayView(context.category).startsWith("qt.qpa"))
+                ADD_FAILURE() << message.toStdString();
+        });
+        ThemeManager::shared()->setCurrentTheme(AppTheme::Light);
+    }
+    ~WindowParts() { qInstallMessageHandler(nullptr); }
+    Q_DISABLE_COPY_MOVE(WindowParts)
+
+    FakeDesktop desktop;
+    std::shared_ptr<HeldPauses> pauses = std::make_shared<HeldPauses>();
+};
+
+/// The main window at its smallest size in the light theme. A scan stands still at each of its pauses. A
+/// warning of the views fails the test.
+class UiTest : public testing::Test, protected WindowParts, protected WindowDriver
+{
+protected:
+    UiTest()
+        : WindowDriver(desktop, pauses)
+    {}
+    /// Lets everything end that still waits; a cancelled scan can pause again on its way there.
+    ~UiTest() override
+    {
+        session.clearAll();
+        std::size_t ended = 0;
+        while (ended < pauses->count()) {
+            ended = pauses->count();
+            endPauses(std::chrono::hours(1));
+            diskThreads().waitForDone();
+            QTest::qWait(20);
+        }
+    }
+
+    void endPauses(std::chrono::milliseconds longest)
+    {
+        for (std::size_t i = 0; i < pauses->count(); ++i) {
+            if (pauses->lengthOf(i) <= longest)
+                pauses->end(i);
+        }
+    }
+    /// Lets scans go on until the condition holds; toasts stay.
+    [[nodiscard]] bool goOnUntil(const std::function<bool()> &condition)
+    {
+        return waitFor([&] {
+            endPauses(std::chrono::seconds(1));
+            return condition();
+        });
+    }
+    void scan(const QList<QUrl> &urls)
+    {
+        session.startScan(urls);
+        ASSERT_TRUE(goOnUntil([this] { return !session.isScanning(); }));
+    }
+};
+
+} // namespace sonavo
