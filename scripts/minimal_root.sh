@@ -6,7 +6,7 @@
 use_minimal_root() {
     install_packages debootstrap
     system=$(mktemp --directory)/system
-    trap 'remove_minimal_root "$system"' EXIT
+    trap 'rm -rf --one-file-system "$(dirname -- "$system")"' EXIT
     new_minimal_root "$system" "$@"
 }
 
@@ -41,34 +41,22 @@ new_minimal_root() {
 
     chroot "$target" useradd --create-home --home-dir /srv/user --shell /bin/bash user
     echo "user ALL=(ALL) NOPASSWD: ALL" >"$target/etc/sudoers.d/user"
-    mount_minimal_root "$target"
 }
 
-# mount_minimal_root FOLDER gives it the file systems of a running system.
-mount_minimal_root() {
-    mount -t proc proc "$1/proc"
-    mount --rbind --make-rslave /dev "$1/dev"
-}
-
-# remove_minimal_root FOLDER kills what still runs in it and deletes it.
-remove_minimal_root() {
-    local target=$1 process
-    for process in /proc/[0-9]*; do
-        [[ $(readlink "$process/root") != "$target"* ]] || kill -9 "${process#/proc/}" 2>/dev/null || true
-    done
-    umount --lazy "$target/proc" "$target/dev" 2>/dev/null || true
-    if mountpoint -q "$target/dev" || mountpoint -q "$target/proc"; then
-        echo "Something is still mounted in $target" >&2
-        return 1
-    fi
-    rm -rf --one-file-system "$target" "$target.log"
-    rmdir "$(dirname -- "$target")"
-}
-
-# inside FOLDER COMMAND... runs a command in it as the user.
+# inside FOLDER COMMAND... runs a command in it as the user. What the command leaves running is killed when it ends.
 inside() {
-    local target=$1
-    shift
+    # A plain chroot does not let the user make the user namespaces in which tests mount file systems.
+    # shellcheck disable=SC2016
+    local enter='
+        mount --rbind "$1" "$1"
+        mount --rbind /dev "$1/dev"
+        mount -t proc proc "$1/proc"
+        cd "$1"
+        shift
+        pivot_root . mnt
+        umount --lazy /mnt
+        sudo --user user --login -- "$@"
+        exit'
     env --ignore-environment PATH=/usr/local/bin:/usr/bin:/bin:/usr/sbin:/sbin TERM=dumb LANG=C.UTF-8 \
-        chroot "$target" sudo --user user --login -- "$@"
+        unshare --mount --pid --fork --kill-child bash -e -c "$enter" inside "$@"
 }
