@@ -42,7 +42,7 @@ struct UnusableArguments
 struct CommandLine
 {
     std::variant<WindowRequest, ReportRequest, TextRequest, UnusableArguments> request;
-    /// What was passed over, in words for the person.
+    /// Arguments that were skipped, in words for the user.
     QStringList warnings;
 };
 
