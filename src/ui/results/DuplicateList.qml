@@ -87,7 +87,11 @@ FocusScope {
                     isCurrent: list.showsCurrent && list.currentIndex === index
                     // Hides pooled items from screen readers.
                     ListView.onPooled: visible = false
-                    ListView.onReused: visible = true
+                    ListView.onReused: {
+                        visible = true;
+                        // Qt 6.8 keeps reused items out of the accessibility tree.
+                        Accessible.ignored = false;
+                    }
                     onClicked: {
                         list.currentIndex = index;
                         rows.setExpanded(index, !isExpanded);
@@ -120,6 +124,7 @@ FocusScope {
                     ListView.onPooled: visible = false
                     ListView.onReused: {
                         visible = true;
+                        Accessible.ignored = false;
                         clickPosition = Qt.point(-1, -1);
                     }
                 }
