@@ -8,7 +8,7 @@
 set -euo pipefail
 source "$(dirname -- "${BASH_SOURCE[0]}")/prepare.sh"
 
-install_packages "${BUILD_PACKAGES[@]}" libgtest-dev pulseaudio pulseaudio-utils
+install_packages "${BUILD_PACKAGES[@]}" libgtest-dev qt6-base-private-dev pulseaudio pulseaudio-utils
 install_svg_plugin_if_missing
 build soak
 "$root/build/soak/bin/sonavo_soak" "$@"

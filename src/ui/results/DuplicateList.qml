@@ -85,10 +85,11 @@ FocusScope {
 
                     width: list.rowWidth
                     isCurrent: list.showsCurrent && list.currentIndex === index
-                    // Hides pooled rows from screen readers. Qt 6.8 does so by itself, but does not undo it.
+                    // Hides pooled items from screen readers.
                     ListView.onPooled: visible = false
                     ListView.onReused: {
                         visible = true;
+                        // Qt 6.8 keeps reused items out of the accessibility tree.
                         Accessible.ignored = false;
                     }
                     onClicked: {
