@@ -60,7 +60,7 @@ struct Result
     }
 };
 
-/// By place in CASES.
+/// By index in CASES.
 std::map<std::size_t, Result> &results()
 {
     static std::map<std::size_t, Result> results;

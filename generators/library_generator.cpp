@@ -16,7 +16,7 @@ namespace {
 
 using namespace Qt::StringLiterals;
 
-/// A piece of music, which one or more files hold.
+/// A piece of music, of which there are one or more files.
 struct Recording
 {
     QString artist;
@@ -97,9 +97,9 @@ private:
 
     void addCopies(const Recording &recording)
     {
-        const QString another = folderOf(copyFolder(recording));
+        const QString folder = folderOf(copyFolder(recording));
         for (std::size_t copies = m_random.between(1, 3); copies > 0 && !isComplete(); --copies) {
-            const bool isBeside = m_random.isOneIn(3);
+            const bool isInSameFolder = m_random.isOneIn(3);
             const NameStyle style = m_plan.style == NameStyle::Mixed ? copyStyle() : m_plan.style;
             // Most copies are equally long; some have other silence at their ends.
             const double difference =
@@ -107,7 +107,7 @@ private:
             const double length = m_plan.kind == LibraryKind::TenSeconds
                                       ? duration()
                                       : std::max(1.0, recording.duration + difference);
-            addSong(recording, style, isBeside ? another : folderOf(copyFolder(recording)), length);
+            addSong(recording, style, isInSameFolder ? folder : folderOf(copyFolder(recording)), length);
         }
     }
 
@@ -199,15 +199,16 @@ private:
         }
     }
 
-    /// A folder of the library, whose name is drawn out when the plan asks for long paths.
+    /// A folder of the library, its name padded when the plan asks for long paths.
     QString folderOf(const QString &relative) const
     {
-        constexpr qsizetype USUAL_FILE_NAME = 40;
-        constexpr QStringView FILLING =
+        constexpr qsizetype TYPICAL_FILE_NAME = 40;
+        constexpr QStringView PADDING =
             u", from the collection of records and tapes in the attic of the old house";
-        const qsizetype missing = m_plan.pathLength - m_plan.root.size() - relative.size() - USUAL_FILE_NAME;
+        const qsizetype missing =
+            m_plan.pathLength - m_plan.root.size() - relative.size() - TYPICAL_FILE_NAME;
         return m_plan.root + relative +
-               FILLING.first(std::clamp<qsizetype>(missing, 0, FILLING.size())).toString();
+               PADDING.first(std::clamp<qsizetype>(missing, 0, PADDING.size())).toString();
     }
 
     QString title()
@@ -246,7 +247,7 @@ private:
         }
     }
 
-    // Draws must come in a fixed order: the operands of + have none, the items of a list do.
+    // Random draws need a fixed order: the operands of + are unsequenced, the items of a list are not.
     const QString &firstName() { return m_vocabulary.firstName(m_random); }
     const QString &rareWord() { return m_vocabulary.rareWord(m_random); }
 

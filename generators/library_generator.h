@@ -10,10 +10,10 @@
 
 namespace sonavo {
 
-/// What is out of the ordinary in a generated library.
+/// What is special about a generated library.
 enum class LibraryKind
 {
-    /// Nothing.
+    /// Nothing; close to real ones.
     Realistic,
     /// No file names an artist, and every title is "Track" and a number.
     NumberedTracks,
@@ -56,16 +56,16 @@ struct LibraryPlan
     NameStyle style = NameStyle::Mixed;
     /// The folder that holds the library, absolute.
     QString root = QStringLiteral("/music");
-    /// Paths are made about this many bytes long, unless they are longer anyway.
+    /// Paths are padded to about this many bytes.
     qsizetype pathLength = 0;
     std::uint64_t seed = 1;
 };
 
-/// Makes up a library as people have them: artists with a few albums or many, titles in which some words are
+/// Generates a library as users have them: artists with a few albums or many, titles in which some words are
 /// far more common than others, playing times around four minutes. One song in seven has one to three copies
 /// elsewhere that differ in name, type and size, and by up to nine seconds in playing time.
 ///
-/// A plan gives the same library everywhere.
+/// The same plan gives the same library on every machine.
 /// @return songs with distinct ids and paths, in the order in which a scan of the root would find them;
 ///     artist and title are what a scan reads from the file name
 [[nodiscard]] QList<Song> generateLibrary(const LibraryPlan &plan);

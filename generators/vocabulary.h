@@ -32,7 +32,7 @@ public:
 
     /// A word as it stands in a title.
     [[nodiscard]] const QString &titleWord(RandomSource &random) const;
-    /// A rare word, as good as a family name.
+    /// A rare word, which also serves as a family name.
     [[nodiscard]] const QString &rareWord(RandomSource &random) const;
     [[nodiscard]] const QString &firstName(RandomSource &random) const;
 

@@ -1,7 +1,9 @@
 #include "testing/arbitrary_songs.h"
 
+#include <QStringList>
 #include <QUuid>
 
+#include <iomanip>
 #include <vector>
 
 namespace sonavo {
@@ -83,13 +85,9 @@ Song songOf(const QString &artist, const QString &title, double duration)
 void showValue(const QList<Song> &songs, std::ostream &out)
 {
     for (const Song &song : songs) {
-        const QStringList fields{song.artist,
-                                 song.title,
-                                 song.name,
-                                 song.path,
-                                 QString::number(song.duration, 'g', 17),
-                                 QString::number(song.size)};
-        out << "\n  " << fields.join(u" | "_s).toStdString();
+        const QString texts = QStringList{song.artist, song.title, song.name, song.path}.join(u" | "_s);
+        out << "\n  " << texts.toStdString() << " | " << std::setprecision(17) << song.duration << " s, "
+            << song.size;
     }
 }
 

@@ -12,8 +12,8 @@ namespace sonavo {
 /// The position of a song in its bucket.
 using BucketPosition = std::uint32_t;
 
-/// The songs of one bucket by artist. Finds all songs whose artists match a song's (see artistsMatch()),
-/// comparing every two artists of the bucket at most once.
+/// The songs of one bucket by artist. Finds all songs whose artists match a song's (see artistsMatch());
+/// what an artist matches is found out once.
 class ArtistIndex
 {
 public:

@@ -28,11 +28,11 @@ namespace sonavo {
 ///    - By artist (ArtistIndex). Matching songs have matching artists. These are found once for each artist
 ///      of the bucket, among the artists of about the same length: lengths that differ by more than the
 ///      distance that is allowed cannot match. Slow where most songs are by one artist, or by none.
-///    The index that has fewer songs to go through is asked. The constants of that choice are guesses of
-///    cost: any values give the same clusters.
+///    The index that has fewer songs to go through is asked. The constants of that choice are estimates
+///    of cost: any values give the same clusters.
 ///
 /// 2. Quick tests (in songsMatch()). PreparedSong holds ids in place of texts and a few bits of each text:
-///    - equal ids mean equal texts, and so does a similarity of 1;
+///    - equal ids mean equal texts, whose similarity is 1;
 ///    - largestDistance() of two lengths is the edit distance beyond which a similarity is below its
 ///      threshold; a difference in length, or half the difference of two character bags, is never above the
 ///      distance (mayBeWithin()), and levenshteinDistance() gives up beyond that limit;
@@ -83,7 +83,7 @@ private:
     void proposeByArtists(BucketPosition seed);
 
     const PreparedSongs &m_songs;
-    /// Copies side by side, which are read faster than where they are.
+    /// Contiguous copies, which are read faster than the scattered originals.
     std::vector<PreparedSong> m_bucket;
     std::vector<bool> m_isRemoved;
     /// By word id; empty for words that the bucket does not have.

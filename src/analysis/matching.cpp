@@ -24,7 +24,7 @@ bool shareTitleWord(const PreparedSongs &songs, const PreparedSong &a, const Pre
 
 bool areFullTextsSimilar(const PreparedSongs &songs, const PreparedSong &a, const PreparedSong &b)
 {
-    // Also where both lack artist and title.
+    // Holds for two empty texts, too.
     if (a.artistId == b.artistId && a.titleId == b.titleId)
         return true;
     const std::size_t limit = largestDistance(std::max(a.fullLength, b.fullLength), MATCH_TITLE_SIMILARITY);
@@ -39,7 +39,7 @@ bool mayOneContainTheOther(std::uint32_t lengthA, std::uint32_t lengthB, std::ui
 {
     if (lengthA == lengthB)
         return bigramsA == bigramsB;
-    return ((lengthA < lengthB ? bigramsA & ~bigramsB : bigramsB & ~bigramsA)) == 0;
+    return (lengthA < lengthB ? bigramsA & ~bigramsB : bigramsB & ~bigramsA) == 0;
 }
 
 bool oneContainsTheOther(const QString &a, const QString &b)

@@ -61,11 +61,4 @@ std::string normalizeString(QStringView text)
     return result;
 }
 
-std::vector<std::string_view> wordsOf(std::string_view normalized)
-{
-    std::vector<std::string_view> words;
-    forEachWord(normalized, [&words](std::string_view word) { words.push_back(word); });
-    return words;
-}
-
 } // namespace sonavo

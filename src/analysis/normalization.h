@@ -6,7 +6,6 @@
 #include <algorithm>
 #include <string>
 #include <string_view>
-#include <vector>
 
 namespace sonavo {
 
@@ -18,9 +17,8 @@ namespace sonavo {
 /// other scripts count as separators. Pure; any thread may call it.
 [[nodiscard]] std::string normalizeString(QStringView text);
 
-/// The two halves of normalizeString(), for many texts in a row: they reuse the memory of `result`, which
-/// they overwrite. Lower-casing never looks at neighbouring characters, so a text can be lower-cased in
-/// pieces.
+/// The two halves of normalizeString(), for those who need the lower-cased text as well. They overwrite
+/// `result` and reuse its memory.
 void lowerInto(QString &result, const QString &text);
 void normalizeLoweredInto(std::string &result, QStringView loweredText);
 
@@ -35,9 +33,5 @@ void forEachWord(std::string_view normalized, Visit visit)
         normalized.remove_prefix(std::min(end + 1, normalized.size()));
     }
 }
-
-/// The same words as a list.
-/// @return views into `normalized`, which must outlive them
-[[nodiscard]] std::vector<std::string_view> wordsOf(std::string_view normalized);
 
 } // namespace sonavo

@@ -43,8 +43,7 @@ PreparedSongs::PreparedSongs(QList<Song> songs)
         // Neighbours in a folder are mostly by one artist.
         if (!previousArtist || song.artist != *previousArtist) {
             previousArtist = &song.artist;
-            lowerInto(lowered, song.artist);
-            normalizeLoweredInto(artist, lowered);
+            artist = normalizeString(song.artist);
             prepared.artistId = m_artists.add(artist);
             prepared.artistLength = static_cast<std::uint32_t>(artist.size());
             prepared.artistBag = characterBag(artist);

@@ -18,7 +18,7 @@ namespace sonavo {
 /// A song's index in the list of an analysis.
 using SongIndex = std::uint32_t;
 
-/// What a comparison looks at first, in one cache line: most pairs are told apart without their texts.
+/// What a comparison looks at first; most pairs are told apart by it, without their texts.
 struct PreparedSong
 {
     /// Seconds.
@@ -38,6 +38,7 @@ struct PreparedSong
     /// Equal for songs whose normalised artists are equal, and the same for titles.
     std::uint32_t artistId = 0;
     std::uint32_t titleId = 0;
+    /// Where the song stands in the list.
     SongIndex index = 0;
 };
 

@@ -86,26 +86,24 @@ void CleanUp::finish(const CleanUpOutcome &outcome, const QString &moved, const 
     }
 }
 
-void CleanUp::deleteSong(const Song &song)
+void CleanUp::deleteSong(Song song)
 {
-    // Copied, because it may be one that the preview or the library lets go of.
-    const Song deleted = song;
-    if (m_preview.isOf(deleted)) {
+    if (m_preview.isOf(song)) {
         m_preview.mute();
         m_preview.stop();
     }
-    if (isGone(deleted.path)) {
-        m_library.removeSong(deleted.id);
+    if (isGone(song.path)) {
+        m_library.removeSong(song.id);
         return;
     }
-    if (const auto failure = trashSong(deleted, m_library.duplicateGroups())) {
+    if (const auto failure = trashSong(song, m_library.duplicateGroups())) {
         m_notices.showToast(QStringLiteral("Could not delete file: %1").arg(failure->reason),
                             ToastType::Error);
         return;
     }
-    m_library.removeSong(deleted.id);
-    m_notices.showToast(QStringLiteral("Moved to Trash: %1").arg(deleted.name), ToastType::Success);
-    m_library.removeFromGroups(deleted.id);
+    m_library.removeSong(song.id);
+    m_notices.showToast(QStringLiteral("Moved to Trash: %1").arg(song.name), ToastType::Success);
+    m_library.removeFromGroups(song.id);
 }
 
 } // namespace sonavo

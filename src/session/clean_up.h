@@ -37,7 +37,8 @@ public:
     /// Sends one song's file to the Trash and repairs the group that held it. On failure the library stays as
     /// it is. A song whose file is gone already leaves the songs without a toast, and its group stays as it
     /// is.
-    void deleteSong(const Song &song);
+    /// @param song a copy: it may be one that the library or the preview lets go of meanwhile
+    void deleteSong(Song song);
 
 private:
     static QCoro::Task<> announceCopiedPath(QPointer<Notices> notices, std::shared_ptr<Pauses> pauses);

@@ -20,20 +20,18 @@ bool Preview::isOf(const Song &song) const
     return m_state.song && m_state.song->id == song.id;
 }
 
-void Preview::toggle(const Song &song)
+void Preview::toggle(Song song)
 {
     const bool wasPlaying = isOf(song);
-    // Copied before the preview lets go of the song, which may be this very one.
-    const Song next = song;
     stop();
     if (wasPlaying)
         return;
-    const auto startUnlessStopped = [this, next, number = ++m_number] {
+    const auto startUnlessStopped = [this, song, number = ++m_number] {
         if (m_number == number)
-            start(next);
+            start(song);
     };
     QMetaObject::invokeMethod(this, startUnlessStopped, Qt::QueuedConnection);
-    set({.song = next, .player = nullptr});
+    set({.song = std::move(song), .player = nullptr});
 }
 
 void Preview::start(const Song &song)

@@ -37,7 +37,8 @@ public:
     [[nodiscard]] bool isOf(const Song &song) const;
 
     /// Plays a song from its beginning, in place of any other; stops it when it is the one being previewed.
-    void toggle(const Song &song);
+    /// @param song a copy: it may be one that a listener lets go of meanwhile
+    void toggle(Song song);
     /// Goes on at the second that a click at `x` in a row of `width` stands for; see seekTarget(). Does
     /// nothing without a player.
     void seek(double x, double width);

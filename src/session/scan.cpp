@@ -67,17 +67,15 @@ public:
             state.message = message;
         });
     }
-    bool publishSongs(const QList<Song> &songs) const
+    void publishSongs(const QList<Song> &songs) const
     {
         if (isCurrent())
             m_scan->m_library.setSongs(songs);
-        return isCurrent();
     }
-    bool publishGroups(const QList<DuplicateGroup> &groups) const
+    void publishGroups(const QList<DuplicateGroup> &groups) const
     {
         if (isCurrent())
             m_scan->m_library.setDuplicateGroups(groups);
-        return isCurrent();
     }
     /// Ends the scan where its progress stands.
     bool end() const
@@ -148,8 +146,10 @@ QCoro::Task<> Scan::scan(Run run, QList<QUrl> urls, std::shared_ptr<Pauses> paus
             QStringLiteral("Step 1/4: Processing audio files (%1 of %2)").arg(processed).arg(total));
     };
     const std::optional<QList<Song>> songs = co_await readSongs(files, pauses, run.stop(), showProgress);
-    if (!songs || !run.publishSongs(*songs) ||
-        !run.showStep(0.33, QStringLiteral("Step 2/4: Preparing for duplicate analysis...")))
+    if (!songs)
+        co_return;
+    run.publishSongs(*songs);
+    if (!run.showStep(0.33, QStringLiteral("Step 2/4: Preparing for duplicate analysis...")))
         co_return;
     if (songs->isEmpty()) {
         if (run.end(0.0))
@@ -166,8 +166,8 @@ QCoro::Task<> Scan::scan(Run run, QList<QUrl> urls, std::shared_ptr<Pauses> paus
         });
     };
     const QList<DuplicateGroup> groups = co_await analyzeDuplicates(*songs, pauses, showAnalysis);
-    if (run.publishGroups(groups))
-        run.end(1.0);
+    run.publishGroups(groups);
+    run.end(1.0);
 }
 
 void Scan::set(State state)

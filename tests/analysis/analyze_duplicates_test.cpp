@@ -136,7 +136,8 @@ QList<Song> oneWordAndManySpellings(int count)
     for (int i = 0; i < count; ++i) {
         // The same few numbers give the same letters.
         QString artist = QString::number(1'000'000'007LL * (1 + below(100)) * 31'337);
-        for (int edits = below(4); edits > 0; --edits)
+        artist.chop(below(6));
+        for (int edits = below(3); edits > 0; --edits)
             artist.replace(below(6), below(2), QChar(u'a' + below(26)));
         songs.append(songOf(artist, u"Night of the %1"_s.arg(below(4)), 180.0 + below(12)));
     }

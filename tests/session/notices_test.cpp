@@ -1,10 +1,9 @@
 #include "session/notices.h"
 #include "testing/test_pauses.h"
 
-#include <QSignalSpy>
 #include <QTest>
 
-#include <gmock/gmock.h>
+#include <gtest/gtest.h>
 
 namespace sonavo {
 namespace {
@@ -30,21 +29,6 @@ TEST(NoticesTest, HidesAToastWhenTheTimeOfTheFirstIsOver)
     notices.reset();
     pauses->end(1);
     QTest::qWait(20);
-}
-
-TEST(NoticesTest, KeepsTheTextOfADismissedAlertUntilItIsCleared)
-{
-    Notices notices(std::make_shared<InstantPauses>());
-    QSignalSpy changes(&notices, &Notices::changed);
-    notices.raiseAlert(u"no files"_s);
-    notices.setAlertShown(false);
-    EXPECT_EQ(notices.state().alertMessage, u"no files"_s);
-    notices.raiseAlert(u"no files"_s);
-    notices.raiseAlert(u"no files"_s);
-    EXPECT_TRUE(notices.state().isAlertShown);
-    notices.clearAlert();
-    EXPECT_EQ(notices.state(), Notices::State());
-    EXPECT_EQ(changes.size(), 4) << "an alert that is shown already changes nothing";
 }
 
 } // namespace

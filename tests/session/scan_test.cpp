@@ -1,4 +1,5 @@
 #include "session/scan.h"
+#include "testing/audio_fixtures.h"
 #include "testing/music_folder.h"
 #include "testing/test_pauses.h"
 
@@ -15,56 +16,71 @@ using namespace Qt::Literals::StringLiterals;
 using testing::ElementsAre;
 using testing::IsEmpty;
 
-/// A scan with what it writes to, and the transcript of its changes and pauses.
 struct ScanSession
 {
-    explicit ScanSession(const std::shared_ptr<InstantPauses> &pauses)
+    explicit ScanSession(const std::shared_ptr<Pauses> &pauses)
         : notices(pauses)
         , scan(library, notices, pauses)
-    {
-        const auto watch = [this](auto *sender, auto signal, auto text) {
-            QObject::connect(sender, signal, &scan, [this, text] { record(text()); });
-        };
-        watch(&library, &Library::songsChanged,
-              [this] { return std::to_string(library.songs().size()) + " songs"; });
-        watch(&library, &Library::duplicateGroupsChanged,
-              [this] { return std::to_string(library.duplicateGroups().size()) + " groups"; });
-        watch(&notices, &Notices::changed,
-              [this] { return "alert: " + notices.state().alertMessage.toStdString(); });
-        watch(&scan, &Scan::changed, [this] {
-            const Scan::State &state = scan.state();
-            return (u"%1 %2 %3/%4 "_s.arg(state.isRunning ? u"running"_s : u"idle"_s)
-                        .arg(state.progress)
-                        .arg(state.processedFiles)
-                        .arg(state.totalFiles) +
-                    state.message)
-                .toStdString();
-        });
-    }
-    void record(const std::string &entry)
-    {
-        entries.push_back(entry);
-        onEntry();
-    }
-    [[nodiscard]] bool finish() const
-    {
-        const bool isFinished = QTest::qWaitFor([this] { return !scan.state().isRunning; }, 20'000);
-        settle();
-        return isFinished;
-    }
-
-    std::vector<std::string> entries;
-    std::function<void()> onEntry = [] {};
+    {}
     Library library;
     Notices notices;
     Scan scan;
 };
 
+/// A scan and the transcript of what it publishes and of its pauses.
 class ScanTest : public testing::Test
 {
 protected:
-    std::shared_ptr<InstantPauses> pauses = std::make_shared<InstantPauses>();
-    std::unique_ptr<ScanSession> session = std::make_unique<ScanSession>(pauses);
+    ScanTest()
+    {
+        m_pauses->onPause = [this](auto length) { record(std::to_string(length.count()) + " ms"); };
+        renew();
+    }
+
+    void renew()
+    {
+        entries.clear();
+        session = std::make_unique<ScanSession>(m_pauses);
+        const auto watch = [this](auto &sender, auto signal, auto text) {
+            QObject::connect(&sender, signal, &sender, [this, text] { record(text()); });
+        };
+        watch(session->library, &Library::songsChanged,
+              [this] { return std::to_string(session->library.songs().size()) + " songs"; });
+        watch(session->library, &Library::duplicateGroupsChanged,
+              [this] { return std::to_string(session->library.duplicateGroups().size()) + " groups"; });
+        watch(session->notices, &Notices::changed,
+              [this] { return session->notices.state().alertMessage.toStdString(); });
+        watch(session->scan, &Scan::changed, [this] {
+            const Scan::State &state = session->scan.state();
+            const QString status = state.isRunning ? u"running"_s : u"idle"_s;
+            const QString files = u"%1/%2"_s.arg(state.processedFiles).arg(state.totalFiles);
+            return u"%1 %2 %3 %4"_s.arg(status, QString::number(state.progress), files, state.message)
+                .toStdString();
+        });
+    }
+    void scan(const QList<QUrl> &urls)
+    {
+        session->scan.start(urls);
+        finish();
+    }
+    void finish() const
+    {
+        EXPECT_TRUE(QTest::qWaitFor([this] { return !session || !session->scan.state().isRunning; }, 20'000));
+        settle();
+    }
+
+    std::unique_ptr<ScanSession> session;
+    std::vector<std::string> entries;
+    std::function<void()> onEntry = [] {};
+
+private:
+    void record(const std::string &entry)
+    {
+        entries.push_back(entry);
+        onEntry();
+    }
+
+    std::shared_ptr<InstantPauses> m_pauses = std::make_shared<InstantPauses>();
 };
 
 TEST_F(ScanTest, PublishesItsStepsInOrder)
@@ -73,14 +89,9 @@ TEST_F(ScanTest, PublishesItsStepsInOrder)
     for (const QString &name : {u"Ada - One.flac"_s, u"Ada - One.mp3"_s, u"Cora - Two.flac"_s})
         folder.addSong(name);
     folder.addText(u"Broken.wav"_s);
-    pauses->onPause = [this](std::chrono::milliseconds length) {
-        session->record(std::to_string(length.count()) + " ms");
-    };
-    session->scan.start(folder.urls());
-    ASSERT_TRUE(session->finish());
+    scan(folder.urls());
 
     // Those of the analysis are its own matter.
-    std::vector<std::string> &entries = session->entries;
     ASSERT_EQ(entries.size(), 18U);
     entries.erase(entries.begin() + 8, entries.end() - 3);
     EXPECT_THAT(entries, ElementsAre("running 0 0/0 Starting scan...",
@@ -97,25 +108,45 @@ TEST_F(ScanTest, PublishesItsStepsInOrder)
 TEST_F(ScanTest, EndsInAnAlertWhenNothingIsFound)
 {
     const MusicFolder folder;
-    session->scan.start(folder.urls());
-    ASSERT_TRUE(session->finish());
-    EXPECT_THAT(session->entries, ElementsAre("running 0 0/0 Starting scan...",
-                                              "running 0 0/0 Step 1/4: Discovering audio files...",
-                                              "idle 0 0/0 Step 1/4: Discovering audio files...",
-                                              "alert: No audio files found in the selected folder."));
-
-    for (int i = 0; i < 50; ++i)
-        folder.addText(u"%1.mp3"_s.arg(i));
-    session->entries.clear();
-    session->scan.start(folder.urls());
-    ASSERT_TRUE(session->finish());
-    EXPECT_THAT(session->entries,
-                testing::IsSupersetOf({"running 1 50/50 Step 1/4: Processing audio files (50 of 50)"}));
-    EXPECT_THAT(std::vector(session->entries.end() - 2, session->entries.end()),
-                ElementsAre("idle 0 50/50 ", "alert: No supported audio files found."));
+    scan(folder.urls());
+    ASSERT_EQ(entries.size(), 5U);
+    EXPECT_EQ(entries[3], "idle 0 0/0 Step 1/4: Discovering audio files...");
+    EXPECT_EQ(entries[4], "No audio files found in the selected folder.");
+    folder.addText(u"no song.mp3"_s);
+    scan(folder.urls());
+    EXPECT_EQ(entries[entries.size() - 2], "idle 0 0/1 ");
+    EXPECT_EQ(entries.back(), "No supported audio files found.");
 }
 
-/// A folder whose scan makes every kind of pause, and one whose scan ends in an alert.
+TEST_F(ScanTest, KeepsTheOrderOfManyFilesWithoutTheUnreadableOnes)
+{
+    const QTemporaryDir folder;
+    fillWithSongs(folder.path(), 450);
+    QList<QUrl> urls;
+    QStringList readable;
+    for (int i = 0; i < 450; ++i) {
+        const QString path = folder.filePath(u"%1.mp3"_s.arg(i));
+        urls += QUrl::fromLocalFile(path);
+        // The songs are links to one file.
+        if (i % 3 == 0 && QFile::remove(path))
+            writeFile(path, "no song");
+        else
+            readable += path;
+    }
+    scan(urls);
+    QStringList paths;
+    for (const Song &song : session->library.songs())
+        paths += song.path;
+    EXPECT_EQ(paths, readable);
+    EXPECT_EQ(std::ranges::count(entries, "10 ms"), 2);
+    const auto third =
+        std::ranges::find(entries, "running 0.333333 150/450 Step 1/4: Processing audio files (150 of 450)");
+    ASSERT_LT(third, entries.end() - 2);
+    EXPECT_THAT(third[1], testing::EndsWith("(200 of 450)"));
+    EXPECT_EQ(third[2], "10 ms");
+}
+
+/// A scan that makes every kind of change and pause, and those that end in an alert.
 class InterruptedScan : public ScanTest
 {
 protected:
@@ -125,99 +156,65 @@ protected:
             full.addText(u"%1.mp3"_s.arg(i));
         full.addSong(u"Ada - One.flac"_s);
         full.addSong(u"Ada - One.wav"_s);
+        unreadable.addText(u"no song.mp3"_s);
         other.addSong(u"Cora - Two.flac"_s);
     }
 
-    /// Runs either scan once for each of its pauses, in which it calls `interfere`, and afterwards `check`.
-    void interfereAtEveryPause(const std::function<void()> &interfere, const std::function<void()> &check)
+    /// Runs every scan once for each of its changes and pauses, at which it calls `interfere`, and
+    /// afterwards `check`.
+    void interfereEverywhere(const std::function<void()> &interfere, const std::function<void()> &check)
     {
-        for (const auto &[folder, pauseCount] : {std::pair(&full, 6), std::pair(&empty, 1)}) {
-            for (int pause = 0; pause < pauseCount; ++pause) {
-                SCOPED_TRACE(pause);
-                int left = pause;
-                pauses->onPause = [&left, &interfere](std::chrono::milliseconds) {
-                    if (left-- == 0)
+        for (const MusicFolder *folder : {&full, &empty, &unreadable}) {
+            std::size_t at = 1;
+            for (bool hasInterfered = true; hasInterfered; ++at) {
+                SCOPED_TRACE(at);
+                onEntry = [] {};
+                renew();
+                hasInterfered = false;
+                onEntry = [&] {
+                    if (entries.size() == at && !std::exchange(hasInterfered, true))
                         interfere();
                 };
-                session = std::make_unique<ScanSession>(pauses);
-                session->scan.start(folder->urls());
-                ASSERT_TRUE(QTest::qWaitFor([&left] { return left < 0; }, 2'000));
-                settle();
-                check();
-                pauses->onPause = [](std::chrono::milliseconds) {};
-            }
-        }
-    }
-
-    /// Runs either scan once for each of its changes, at which it calls `interfere`, and afterwards `check`
-    /// with the number of changes until then.
-    void interfereAtEveryChange(const std::function<void()> &interfere,
-                                const std::function<void(std::size_t)> &check)
-    {
-        for (const MusicFolder *folder : {&full, &empty}) {
-            bool hasInterfered = true;
-            for (std::size_t change = 1; hasInterfered; ++change) {
-                session = std::make_unique<ScanSession>(pauses);
-                hasInterfered = false;
-                session->onEntry = [&] {
-                    if (session->entries.size() != change)
-                        return;
-                    hasInterfered = true;
-                    interfere();
-                };
-                session->scan.start(folder->urls());
-                ASSERT_TRUE(session->finish());
+                scan(folder->urls());
                 if (hasInterfered)
-                    check(change);
+                    check();
             }
+            EXPECT_GT(at, 5U);
         }
-    }
-
-    void expectOnlyTheOtherSong() const
-    {
-        ASSERT_TRUE(session->finish());
-        ASSERT_EQ(session->library.songs().size(), 1);
-        EXPECT_EQ(session->library.songs()[0].artist, u"Cora"_s);
-        EXPECT_THAT(session->library.duplicateGroups(), IsEmpty());
-        EXPECT_EQ(session->scan.state().progress, 1.0);
     }
 
     MusicFolder full;
     MusicFolder empty;
+    MusicFolder unreadable;
     MusicFolder other;
 };
 
-TEST_F(InterruptedScan, PublishesNothingMoreOnceItIsReset)
-{
-    std::size_t count = 0;
-    const auto reset = [&] {
-        session->scan.reset();
-        count = session->entries.size();
-    };
-    interfereAtEveryPause(reset, [&] {
-        EXPECT_EQ(session->scan.state(), Scan::State());
-        EXPECT_EQ(session->entries.size(), count);
-    });
-    interfereAtEveryChange([this] { session->scan.reset(); },
-                           [this](std::size_t change) {
-                               EXPECT_EQ(session->scan.state(), Scan::State());
-                               EXPECT_LE(session->entries.size(), change + 1);
-                           });
-}
-
 TEST_F(InterruptedScan, IsReplacedByANewerOne)
 {
-    const auto startOther = [this] { session->scan.start(other.urls()); };
-    interfereAtEveryPause(startOther, [this] {
-        expectOnlyTheOtherSong();
-        EXPECT_FALSE(session->notices.state().isAlertShown);
-    });
-    interfereAtEveryChange(startOther, [this](std::size_t) { expectOnlyTheOtherSong(); });
+    interfereEverywhere([this] { session->scan.start(other.urls()); },
+                        [this] {
+                            ASSERT_EQ(session->library.songs().size(), 1);
+                            EXPECT_EQ(session->library.songs()[0].artist, u"Cora"_s);
+                            EXPECT_THAT(session->library.duplicateGroups(), IsEmpty());
+                            EXPECT_EQ(session->scan.state().progress, 1.0);
+                        });
 }
 
-TEST_F(InterruptedScan, EndsQuietlyWhenTheSessionIsGone)
+TEST_F(InterruptedScan, PublishesNothingMoreOnceItIsResetOrDestroyed)
 {
-    interfereAtEveryPause([this] { session.reset(); }, [] {});
+    for (const bool isDestroyed : {false, true}) {
+        std::size_t count = 0;
+        const auto end = [&] {
+            isDestroyed ? session.reset() : session->scan.reset();
+            count = entries.size();
+        };
+        interfereEverywhere(end, [&] {
+            EXPECT_TRUE(isDestroyed || session->scan.state() == Scan::State());
+            // An analysis that is under way still makes its pauses.
+            for (std::size_t i = count; i < entries.size(); ++i)
+                EXPECT_THAT(entries[i], testing::EndsWith(" ms"));
+        });
+    }
 }
 
 } // namespace

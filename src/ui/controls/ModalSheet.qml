@@ -1,26 +1,16 @@
 import QtQuick
-import QtQuick.Controls.Basic
 import QtQuick.Templates as T
 import Sonavo
 
-// A modal popup in the middle of the window. Escape closes it.
-Popup {
-    id: sheet
-
-    // Accessible name.
-    required property string title
-
+// A modal dialog in the middle of the window. Escape closes it. Its title is not shown, but read by screen readers.
+T.Dialog {
+    implicitWidth: implicitContentWidth + leftPadding + rightPadding
+    implicitHeight: implicitContentHeight + topPadding + bottomPadding
     anchors.centerIn: T.Overlay.overlay
     modal: true
     focus: true
-    closePolicy: Popup.CloseOnEscape
+    closePolicy: T.Popup.CloseOnEscape
     padding: 30
-
-    // A Popup is no Item: screen readers see the item that shows it.
-    onAboutToShow: {
-        contentItem.parent.Accessible.role = Accessible.Dialog;
-        contentItem.parent.Accessible.name = title;
-    }
 
     background: Card {
         radius: 14

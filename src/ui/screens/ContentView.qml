@@ -29,7 +29,6 @@ FocusScope {
     function handleDrop(urls) {
         if (viewModel.importDrop(urls))
             hasAddedSongs = true;
-        return true;
     }
 
     function limitSheetDismissed() {
@@ -73,7 +72,7 @@ FocusScope {
         anchors.fill: parent
         visible: !view.hasAddedSongs
         focus: visible
-        handleDrop: view.handleDrop
+        onFilesDropped: urls => view.handleDrop(urls)
         onAddSongs: view.addSongs()
     }
 

@@ -6,9 +6,9 @@ import Sonavo
 Rectangle {
     id: zone
 
-    // Function that imports the dropped URLs.
-    required property var handleDrop
     readonly property bool isDropTargeted: target.containsDrag
+
+    signal filesDropped(urls: var)
 
     implicitHeight: stack.implicitHeight + 60
     radius: 16
@@ -22,7 +22,7 @@ Rectangle {
     FileDropArea {
         id: target
         anchors.fill: parent
-        onFilesDropped: urls => zone.handleDrop(urls)
+        onFilesDropped: urls => zone.filesDropped(urls)
     }
 
     ColumnLayout {

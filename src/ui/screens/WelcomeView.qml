@@ -8,8 +8,7 @@ FocusScope {
 
     // The user wants to choose music.
     signal addSongs
-    // Function that imports the dropped URLs.
-    required property var handleDrop
+    signal filesDropped(urls: var)
 
     Rectangle {
         anchors.fill: parent
@@ -69,7 +68,7 @@ FocusScope {
             DropZone {
                 Layout.fillWidth: true
                 Layout.topMargin: 4
-                handleDrop: view.handleDrop
+                onFilesDropped: urls => view.filesDropped(urls)
             }
 
             ScaleButtonStyle {
