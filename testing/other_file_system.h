@@ -18,8 +18,10 @@ namespace sonavo {
 class OtherFileSystem
 {
 public:
-    [[nodiscard]] QString path() const { return m_folder.path(); }
-    [[nodiscard]] QString pathOf(const QString &name) const { return m_folder.filePath(name); }
+    [[nodiscard]] std::filesystem::path path(const std::string &name = {}) const
+    {
+        return std::filesystem::path(m_folder.path().toStdString()) / name;
+    }
 
 private:
     QTemporaryDir m_folder{QStringLiteral("/dev/shm/sonavo-test-XXXXXX")};
