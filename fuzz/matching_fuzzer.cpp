@@ -20,7 +20,8 @@ constexpr qsizetype MAX_SONGS = 5;
 
 /// Reads songs from bytes: two for the numbers of each, then its artist, title and file name, one a line.
 /// ASCII stands for itself, so that a mutated text is still a text, except for one byte that doubles the line
-/// so far: long texts have an arithmetic of their own.
+/// so far: long texts have an arithmetic of their own. Any other byte begins a UTF-16 unit, the lower half
+/// first; surrogates need not come in pairs. matching.dict has the characters that are special.
 class SongReader
 {
 public:
@@ -75,32 +76,16 @@ private:
             const std::uint8_t first = byte();
             if (first == '\n')
                 break;
-            if (first == DOUBLING)
+            if (first == DOUBLING) {
                 text += text.first(std::clamp<qsizetype>(LONGEST_LINE - text.size(), 0, text.size()));
-            else
-                text += QChar(character(first));
+            } else if (first < 0x80) {
+                text += QChar(first);
+            } else {
+                const std::uint8_t lower = byte();
+                text += QChar(lower, byte());
+            }
         }
         return text;
-    }
-
-    char16_t character(std::uint8_t first)
-    {
-        // What lower-casing turns into ASCII or into several characters, what composes, blanks beyond ASCII,
-        // and surrogates, which make a character where two of them meet.
-        static constexpr std::u16string_view SPECIAL = u"\u212A\u0130\u0131\u00DF\u1E9E\u03A3\u03C3\u03C2"
-                                                       u"\u00C9\u00E9\u0301\u0307\u0323\u212B\u00C5\u030A"
-                                                       u"\u1112\u1161\u11AB\uD55C\uFB01\uFF21\u0085\u00A0"
-                                                       u"\u2003\u200D\uFE0F\u041F\u043F\u591C\uFFFD";
-        static constexpr char16_t SURROGATES[] = {0xD801, 0xDC00, 0xDC28, 0xD83C,
-                                                  0xDDEB, 0xD83D, 0xDE00, 0xDBFF};
-        if (first < 0x80)
-            return first;
-        if (first < 0xB0)
-            return SPECIAL[(first - 0x80U) % SPECIAL.size()];
-        if (first < 0xC0)
-            return SURROGATES[(first - 0xB0) % std::size(SURROGATES)];
-        const unsigned high = byte();
-        return static_cast<char16_t>(high << 8 | byte());
     }
 
     std::span<const std::uint8_t> m_bytes;
