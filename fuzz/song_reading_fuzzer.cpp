@@ -6,15 +6,11 @@
 #include <QString>
 #include <QTemporaryDir>
 
-#include <sys/mman.h>
-#include <unistd.h>
-
 #include <array>
 #include <bit>
 #include <cmath>
 #include <optional>
 #include <sanitizer/allocator_interface.h>
-#include <span>
 #include <stop_token>
 
 namespace sonavo {
@@ -46,40 +42,6 @@ void countAllocation(const volatile void *, std::size_t size)
 void ignoreFree(const volatile void *)
 {}
 
-/// One file in memory, with a name for each of the formats.
-class SongFile
-{
-public:
-    static constexpr std::array<const char *, 5> EXTENSIONS{"mp3", "m4a", "wav", "aac", "flac"};
-
-    SongFile()
-    {
-        require(m_descriptor >= 0 && m_folder.isValid(), "the file can be created");
-        const QString target = QStringLiteral("/proc/%1/fd/%2").arg(::getpid()).arg(m_descriptor);
-        for (std::size_t format = 0; format < EXTENSIONS.size(); ++format)
-            require(QFile::link(target, path(format)), "the file can be named");
-    }
-    ~SongFile() { ::close(m_descriptor); }
-    Q_DISABLE_COPY_MOVE(SongFile)
-
-    void write(std::span<const std::uint8_t> content) const
-    {
-        const bool isWritten =
-            ::ftruncate(m_descriptor, 0) == 0 &&
-            ::pwrite(m_descriptor, content.data(), content.size(), 0) == static_cast<ssize_t>(content.size());
-        require(isWritten, "the file can be written");
-    }
-
-    [[nodiscard]] QString path(std::size_t format) const
-    {
-        return m_folder.filePath(QStringLiteral("Artist - Title.") + QLatin1String(EXTENSIONS[format]));
-    }
-
-private:
-    const QTemporaryDir m_folder;
-    const int m_descriptor = ::memfd_create("song", MFD_CLOEXEC);
-};
-
 void checkReading(const QString &path)
 {
     previousSize = 0;
@@ -105,12 +67,18 @@ void checkReading(const QString &path)
 int LLVMFuzzerTestOneInput(const std::uint8_t *data, std::size_t size)
 {
     using namespace sonavo;
-    static const SongFile file;
     [[maybe_unused]] static const int hooks =
         __sanitizer_install_malloc_and_free_hooks(&countAllocation, &ignoreFree);
+    static const QTemporaryDir folder;
+    static constexpr std::array EXTENSIONS{"mp3", "m4a", "wav", "aac", "flac"};
     if (size == 0)
         return 0;
-    file.write(std::span(data, size).subspan(1));
-    checkReading(file.path(data[0] % SongFile::EXTENSIONS.size()));
+    const char *extension = EXTENSIONS[data[0] % EXTENSIONS.size()];
+    QFile file(folder.filePath(QStringLiteral("Artist - Title.") + QLatin1String(extension)));
+    const auto length = static_cast<qint64>(size - 1);
+    require(file.open(QIODevice::WriteOnly | QIODevice::Unbuffered) &&
+                file.write(reinterpret_cast<const char *>(data + 1), length) == length,
+            "the file can be written");
+    checkReading(file.fileName());
     return 0;
 }

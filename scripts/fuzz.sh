@@ -76,7 +76,7 @@ export UBSAN_OPTIONS=print_stacktrace=1
 export ASAN_OPTIONS=quarantine_size_mb=32:malloc_context_size=4
 fuzz song_reading -max_len=32768 -dict="$root/fuzz/song_reading.dict" &
 runs=($!)
-fuzz matching -max_len=320 &
+fuzz matching -max_len=320 -dict="$root/fuzz/matching.dict" &
 runs+=($!)
 
 failed=0

@@ -7,8 +7,7 @@
 /// which fails the test.
 namespace sonavo {
 
-/// An audio file of noise and silence by turns, so that no bit rate tells its length. Encoded once and
-/// cached.
+/// An audio file of noise and silence by turns, so that no bit rate tells its length.
 /// @param type the file extension
 /// @param encoding further options of ffmpeg, separated by spaces, such as "-c:a alac"
 [[nodiscard]] QByteArray audioContent(const QString &type, double seconds, const QString &encoding = {});
@@ -17,9 +16,6 @@ namespace sonavo {
 /// @param sound the source for ffmpeg's aevalsrc: formulas and options
 /// @param encoding further options of ffmpeg, separated by spaces
 void writeSound(const QString &path, const QString &sound, double seconds, const QString &encoding);
-
-/// The length in seconds of an MP3 or raw AAC file by the number of frames that ffprobe counts in it.
-[[nodiscard]] double frameSeconds(const QString &path);
 
 /// @return the path
 QString writeFile(const QString &path, const QByteArray &content);

@@ -2,10 +2,12 @@
 
 #include "testing/system_call_listener.h"
 
-#include <QByteArray>
+#include <QFile>
 
-#include <atomic>
+#include <sys/syscall.h>
+
 #include <mutex>
+#include <utility>
 #include <vector>
 
 namespace sonavo {
@@ -16,25 +18,47 @@ class HangingDisk
 {
 public:
     /// @param marker reads of files hang whose path ends with it
-    explicit HangingDisk(QByteArray marker);
+    explicit HangingDisk(QByteArray marker)
+        : m_marker(std::move(marker))
+    {}
     /// Lets go.
-    ~HangingDisk();
+    ~HangingDisk() { letGo(); }
     Q_DISABLE_COPY_MOVE(HangingDisk)
 
     /// @return whether this process may do that
-    [[nodiscard]] bool start();
+    [[nodiscard]] bool start()
+    {
+        return m_listener.start({SYS_pread64}, [this](const seccomp_notif &call) { handle(call); });
+    }
 
     /// How many reads hang now.
-    [[nodiscard]] int hangingReads() const { return m_hangingReads; }
+    [[nodiscard]] std::size_t hangingReads()
+    {
+        const std::lock_guard lock(m_mutex);
+        return m_held.size();
+    }
     /// From now on the disk answers, also to the reads that hang.
-    void letGo();
+    void letGo()
+    {
+        const std::lock_guard lock(m_mutex);
+        m_answers = true;
+        for (const quint64 id : std::exchange(m_held, {}))
+            m_listener.letThrough(id);
+    }
 
 private:
-    void handle(const seccomp_notif &call);
-    [[nodiscard]] bool concerns(const seccomp_notif &call) const;
+    void handle(const seccomp_notif &call)
+    {
+        const QString link = QStringLiteral("/proc/%1/fd/%2").arg(call.pid).arg(call.data.args[0]);
+        const bool isMarked = QFile::encodeName(QFile::symLinkTarget(link)).endsWith(m_marker);
+        const std::lock_guard lock(m_mutex);
+        if (isMarked && !m_answers)
+            m_held.push_back(call.id);
+        else
+            m_listener.letThrough(call.id);
+    }
 
     const QByteArray m_marker;
-    std::atomic<int> m_hangingReads = 0;
     bool m_answers = false;
     std::vector<quint64> m_held;
     std::mutex m_mutex;

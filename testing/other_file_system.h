@@ -18,8 +18,10 @@ namespace sonavo {
 class OtherFileSystem
 {
 public:
-    [[nodiscard]] QString path() const { return m_folder.path(); }
-    [[nodiscard]] QString pathOf(const QString &name) const { return m_folder.filePath(name); }
+    [[nodiscard]] std::filesystem::path path(const std::string &name = {}) const
+    {
+        return std::filesystem::path(m_folder.path().toStdString()) / name;
+    }
 
 private:
     QTemporaryDir m_folder{QStringLiteral("/dev/shm/sonavo-test-XXXXXX")};
@@ -59,17 +61,14 @@ public:
 private:
     static bool enterNamespace()
     {
-        const auto mapToItself = [](const char *map, unsigned id) {
-            std::ofstream(map) << id << ' ' << id << " 1";
-        };
         const uid_t user = ::geteuid();
         const gid_t group = ::getegid();
         if (::unshare(CLONE_NEWNS) != 0) {
             if (::unshare(CLONE_NEWUSER | CLONE_NEWNS) != 0)
                 return false;
             std::ofstream("/proc/self/setgroups") << "deny";
-            mapToItself("/proc/self/uid_map", user);
-            mapToItself("/proc/self/gid_map", group);
+            std::ofstream("/proc/self/uid_map") << user << ' ' << user << " 1";
+            std::ofstream("/proc/self/gid_map") << group << ' ' << group << " 1";
         }
         return ::mount(nullptr, "/", nullptr, MS_REC | MS_PRIVATE, nullptr) == 0;
     }

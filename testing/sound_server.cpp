@@ -11,11 +11,10 @@
 #include <array>
 #include <cmath>
 #include <cstdint>
-#include <cstring>
 #include <functional>
 #include <limits>
-#include <span>
 #include <stdexcept>
+#include <utility>
 
 namespace sonavo {
 namespace {
@@ -24,25 +23,23 @@ using namespace Qt::Literals::StringLiterals;
 
 constexpr int TIMEOUT_MS = 20'000;
 
-using Sample = std::int16_t;
 constexpr int SAMPLE_RATE = 44'100;
-constexpr std::size_t BLOCK_SAMPLES = 2048;
-constexpr double BLOCK_SECONDS = static_cast<double>(BLOCK_SAMPLES) / SAMPLE_RATE;
-constexpr auto HALF_A_SECOND = static_cast<std::size_t>(0.5 / BLOCK_SECONDS) + 1;
+using Block = std::array<std::int16_t, 2048>;
+constexpr double BLOCK_SECONDS = 2048.0 / SAMPLE_RATE;
+constexpr int HALF_A_SECOND = 11; // blocks
 
 /// Hz, by the distance between the zero crossings where the wave rises.
-double pitch(std::span<const Sample> samples)
+double pitch(const Block &block)
 {
-    std::vector<double> crossings;
-    for (std::size_t i = 1; i < samples.size(); ++i) {
-        const double before = samples[i - 1];
-        const double after = samples[i];
-        if (before < 0 && after >= 0)
-            crossings.push_back(static_cast<double>(i) - after / (after - before));
+    std::vector<std::size_t> crossings;
+    for (std::size_t i = 1; i < block.size(); ++i) {
+        if (block[i - 1] < 0 && block[i] >= 0)
+            crossings.push_back(i);
     }
     if (crossings.size() < 2)
         return 0;
-    return static_cast<double>(crossings.size() - 1) * SAMPLE_RATE / (crossings.back() - crossings.front());
+    return SAMPLE_RATE * static_cast<double>(crossings.size() - 1) /
+           static_cast<double>(crossings.back() - crossings.front());
 }
 
 void startProcess(QProcess &process, const QString &program, const QStringList &arguments,
@@ -89,7 +86,7 @@ SoundServer::SoundServer()
     startProcess(m_recorder, u"parec"_s,
                  {u"--device=quiet.monitor"_s, u"--format=s16le"_s, u"--channels=1"_s,
                   u"--rate=%1"_s.arg(SAMPLE_RATE), u"--latency-msec=20"_s},
-                 [this] { return !m_blocks.empty(); });
+                 [this] { return m_blocks > 0; });
 }
 
 SoundServer::~SoundServer()
@@ -103,40 +100,34 @@ SoundServer::~SoundServer()
 void SoundServer::analyzeRecording()
 {
     constexpr double LOUD = 0.03;
-    m_recorded += m_recorder.readAllStandardOutput();
-    std::array<Sample, BLOCK_SAMPLES> block{};
-    for (; m_recorded.size() >= qsizetype{sizeof block}; m_recorded.remove(0, sizeof block)) {
-        std::memcpy(block.data(), m_recorded.constData(), sizeof block);
-        const auto [lowest, highest] = std::minmax_element(block.begin(), block.end());
-        const double peak = std::max(-1.0 * *lowest, 1.0 * *highest) / std::numeric_limits<Sample>::max();
-        m_blocks.push_back({peak > LOUD, (pitch(block) - PITCH_AT_START) / PITCH_PER_SECOND});
+    constexpr double SILENCE = std::numeric_limits<double>::quiet_NaN();
+    Block block{};
+    while (m_recorder.bytesAvailable() >= qint64{sizeof block}) {
+        m_recorder.read(reinterpret_cast<char *>(block.data()), sizeof block);
+        const double peak = *std::max_element(block.begin(), block.end()) / 32'767.0;
         m_peak = std::max(m_peak, peak);
+        m_loudBlocks += peak > LOUD ? 1 : 0;
+        ++m_blocks;
+        addTone(peak > LOUD ? (pitch(block) - PITCH_AT_START) / PITCH_PER_SECOND : SILENCE);
     }
 }
 
-std::vector<double> SoundServer::starts() const
+void SoundServer::addTone(double position)
 {
     constexpr double MAX_ERROR = 0.1; // seconds, of a measured position
     constexpr double MIN_JUMP = 0.3;  // seconds
-    constexpr std::size_t MIN_TONE_BLOCKS = 5;
+    constexpr int MIN_TONE_BLOCKS = 5;
 
-    std::vector<double> starts;
-    std::size_t first = 0; // block of this tone
-    std::size_t last = 0;  // block of the tone before
-    for (std::size_t i = 1; i <= m_blocks.size(); ++i) {
-        if (i < m_blocks.size() && m_blocks[i].isLoud && m_blocks[i - 1].isLoud &&
-            std::abs(m_blocks[i].position - m_blocks[i - 1].position - BLOCK_SECONDS) < MAX_ERROR)
-            continue;
-        if (i - first >= MIN_TONE_BLOCKS) {
-            const double moved = m_blocks[first].position - m_blocks[last].position;
-            const double elapsed = static_cast<double>(first - last) * BLOCK_SECONDS;
-            if (starts.empty() || (std::abs(moved) > MIN_JUMP && std::abs(moved - elapsed) > MIN_JUMP))
-                starts.push_back(m_blocks[first].position);
-            last = i - 1;
-        }
-        first = i;
-    }
-    return starts;
+    const bool continues =
+        std::abs(position - std::exchange(m_position, position) - BLOCK_SECONDS) < MAX_ERROR;
+    m_toneBlocks = continues ? m_toneBlocks + 1 : 1;
+    if (!continues)
+        m_toneStart = position;
+    const bool isJump = !m_lastHeard || std::abs(m_toneStart - *m_lastHeard) > MIN_JUMP;
+    if (m_toneBlocks == MIN_TONE_BLOCKS && isJump)
+        m_starts.push_back(m_toneStart);
+    if (m_toneBlocks >= MIN_TONE_BLOCKS)
+        m_lastHeard = position;
 }
 
 bool SoundServer::becomesSilent() const
@@ -146,13 +137,11 @@ bool SoundServer::becomesSilent() const
 
 bool SoundServer::staysSilent() const
 {
-    const std::size_t from = m_blocks.size();
-    const auto isLoud = [&] {
-        return std::any_of(m_blocks.begin() + static_cast<std::ptrdiff_t>(from), m_blocks.end(),
-                           std::mem_fn(&Block::isLoud));
+    const int loudBefore = m_loudBlocks;
+    const auto isDone = [&, end = m_blocks + HALF_A_SECOND] {
+        return m_loudBlocks > loudBefore || m_blocks >= end;
     };
-    const auto isDone = [&] { return isLoud() || m_blocks.size() - from >= HALF_A_SECOND; };
-    return QTest::qWaitFor(isDone, TIMEOUT_MS) && !isLoud();
+    return QTest::qWaitFor(isDone, TIMEOUT_MS) && m_loudBlocks == loudBefore;
 }
 
 void startSoundOrSkip(std::optional<SoundServer> &server)

@@ -23,9 +23,8 @@ public:
     ~SoundServer();
     Q_DISABLE_COPY_MOVE(SoundServer)
 
-    /// Positions in seconds at which a song was started or to which it jumped. Pauses, and noise over the
-    /// tone, do not count as jumps.
-    [[nodiscard]] std::vector<double> starts() const;
+    /// Positions in seconds at which a song was started or to which it jumped. Pauses are no jumps.
+    [[nodiscard]] const std::vector<double> &starts() const { return m_starts; }
 
     /// Waits until nothing has been heard for half a second.
     [[nodiscard]] bool becomesSilent() const;
@@ -38,22 +37,23 @@ public:
     [[nodiscard]] double peak() const { return m_peak; }
 
 private:
-    /// A fraction of a second of the recording.
-    struct Block
-    {
-        bool isLoud = false;
-        /// In the song, in seconds; meaningless without a tone.
-        double position = 0;
-    };
-
     void analyzeRecording();
+    /// @param position in the song, in seconds
+    void addTone(double position);
 
     QTemporaryDir m_folder;
     QProcess m_server;
     QProcess m_recorder;
-    QByteArray m_recorded;
-    std::vector<Block> m_blocks;
+    int m_blocks = 0;
+    int m_loudBlocks = 0;
     double m_peak = 0;
+    // Of the last blocks that continue each other.
+    int m_toneBlocks = 0;
+    double m_toneStart = 0;
+    double m_position = 0;
+    /// Where the tone before was last heard.
+    std::optional<double> m_lastHeard;
+    std::vector<double> m_starts;
 };
 
 /// Starts a sound server. Without one the test is skipped, or fails if SONAVO_REQUIRE_SOUND is set.

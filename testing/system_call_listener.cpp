@@ -13,15 +13,6 @@
 
 namespace sonavo {
 
-SystemCallListener::~SystemCallListener()
-{
-    m_isOver = true;
-    if (m_thread.joinable())
-        m_thread.join();
-    if (m_listener >= 0)
-        ::close(m_listener);
-}
-
 bool SystemCallListener::start(const std::vector<unsigned> &numbers, Handler handler)
 {
     std::vector<sock_filter> program{BPF_STMT(BPF_LD | BPF_W | BPF_ABS, offsetof(seccomp_data, nr))};
@@ -32,27 +23,27 @@ bool SystemCallListener::start(const std::vector<unsigned> &numbers, Handler han
     program.push_back(BPF_STMT(BPF_RET | BPF_K, SECCOMP_RET_ALLOW));
     const sock_fprog filter{static_cast<unsigned short>(program.size()), program.data()};
     // Before the filter, so that it does not hold for this thread.
-    m_thread = std::thread([this, handler = std::move(handler)] { listen(handler); });
-    long listener = NO_LISTENER;
-    if (::prctl(PR_SET_NO_NEW_PRIVS, 1, 0, 0, 0) == 0)
-        listener = ::syscall(SYS_seccomp, SECCOMP_SET_MODE_FILTER, SECCOMP_FILTER_FLAG_NEW_LISTENER, &filter);
-    m_listener = static_cast<int>(listener);
+    m_thread = std::jthread(
+        [this, handler = std::move(handler)](const std::stop_token &stop) { listen(stop, handler); });
+    ::prctl(PR_SET_NO_NEW_PRIVS, 1, 0, 0, 0);
+    m_listener = static_cast<int>(
+        ::syscall(SYS_seccomp, SECCOMP_SET_MODE_FILTER, SECCOMP_FILTER_FLAG_NEW_LISTENER, &filter));
     m_listener.notify_one();
     return m_listener >= 0;
 }
 
-void SystemCallListener::listen(const Handler &handler) const
+void SystemCallListener::listen(const std::stop_token &stop, const Handler &handler) const
 {
     m_listener.wait(NOT_STARTED);
-    while (!m_isOver && m_listener >= 0) {
+    while (!stop.stop_requested() && m_listener >= 0) {
         constexpr int TIMEOUT_MS = 20;
         pollfd calls{m_listener, POLLIN, 0};
-        if (::poll(&calls, 1, TIMEOUT_MS) != 1 || (calls.revents & POLLIN) == 0)
-            continue;
         seccomp_notif call = {};
-        if (::ioctl(m_listener, SECCOMP_IOCTL_NOTIF_RECV, &call) == 0)
+        if (::poll(&calls, 1, TIMEOUT_MS) == 1 && (calls.revents & POLLIN) != 0 &&
+            ::ioctl(m_listener, SECCOMP_IOCTL_NOTIF_RECV, &call) == 0)
             handler(call);
     }
+    ::close(m_listener);
 }
 
 void SystemCallListener::letThrough(quint64 id) const
@@ -65,15 +56,11 @@ void SystemCallListener::fail(quint64 id, int error) const
     answer({id, 0, -error, 0});
 }
 
-long SystemCallListener::carryOut(const seccomp_notif &call, int error) const
+void SystemCallListener::carryOut(const seccomp_notif &call, int error) const
 {
     const auto &args = call.data.args;
     const long result = ::syscall(call.data.nr, args[0], args[1], args[2], args[3], args[4], args[5]);
-    if (result < 0)
-        answer({call.id, 0, -errno, 0});
-    else
-        answer({call.id, error != 0 ? 0 : result, -error, 0});
-    return result;
+    fail(call.id, result < 0 ? errno : error);
 }
 
 void SystemCallListener::answer(const seccomp_notif_resp &response) const

@@ -11,18 +11,14 @@
 namespace sonavo {
 
 /// Stops system calls of the calling thread, and of the threads and processes that it starts from then on,
-/// until a test has decided what becomes of them. Once a process: nothing can take that back.
+/// until a test has decided what becomes of them. Once a process: nothing can take that back. When the
+/// listener is destroyed, calls that are not answered fail with ENOSYS.
 class SystemCallListener
 {
 public:
     /// Runs in a thread whose own calls are not stopped. Answers at once or later; until then the caller
     /// waits.
     using Handler = std::function<void(const seccomp_notif &)>;
-
-    SystemCallListener() = default;
-    /// Calls that are not answered by now fail with ENOSYS.
-    ~SystemCallListener();
-    Q_DISABLE_COPY_MOVE(SystemCallListener)
 
     /// @param numbers the calls to stop, such as SYS_unlink
     /// @return whether this process may do that
@@ -32,19 +28,16 @@ public:
     void letThrough(quint64 id) const;
     void fail(quint64 id, int error) const;
     /// For calls of this process.
-    /// @param error what the caller is told if the call succeeds, as in errno; 0 for success
-    /// @return what the call has returned
-    long carryOut(const seccomp_notif &call, int error = 0) const;
+    /// @param error what the caller is told if the call succeeds, as in errno
+    void carryOut(const seccomp_notif &call, int error) const;
 
 private:
-    void listen(const Handler &handler) const;
+    void listen(const std::stop_token &stop, const Handler &handler) const;
     void answer(const seccomp_notif_resp &response) const;
 
     static constexpr int NOT_STARTED = -2;
-    static constexpr int NO_LISTENER = -1;
     std::atomic<int> m_listener = NOT_STARTED;
-    std::atomic<bool> m_isOver = false;
-    std::thread m_thread;
+    std::jthread m_thread;
 };
 
 } // namespace sonavo

@@ -1,47 +1,31 @@
-#include "actions/duplicates_folder.h"
+#include "actions/action_test.h"
 #include "actions/file_move.h"
 #include "actions/trash.h"
-#include "testing/audio_fixtures.h"
 #include "testing/child_process.h"
-#include "testing/other_file_system.h"
-#include "testing/private_home.h"
-#include "testing/system_call_listener.h"
 
-#include <QDir>
 #include <QFileInfo>
-#include <QTemporaryDir>
 
-#include <gmock/gmock.h>
+#include <csignal>
 #include <sys/stat.h>
 #include <sys/syscall.h>
 
 #include <cerrno>
-#include <filesystem>
-#include <fstream>
 #include <functional>
 
 namespace sonavo {
 namespace {
 
-using namespace Qt::Literals::StringLiterals;
-using testing::AnyOf;
-using testing::ElementsAre;
-using testing::IsEmpty;
-
-/// Calls that change names, with the error that a network file system reports when it was asked a second
-/// time, because the answer to the first was lost.
-const std::map<unsigned, int> NAMING_CALLS{
+/// The calls of a move, each with the error that a network file system reports when it was asked a second
+/// time, because the answer to the first was lost. EIO stands for calls that change no names.
+const std::map<int, int> CALLS{
 #ifdef SYS_link // the machine has the older calls, too
-    {SYS_link, EEXIST},   {SYS_symlink, EEXIST},   {SYS_unlink, ENOENT},
+    {SYS_link, EEXIST},   {SYS_symlink, EEXIST},   {SYS_unlink, ENOENT},   {SYS_open, EIO},
+    {SYS_lstat, EIO},     {SYS_stat, EIO},         {SYS_access, EIO},
 #endif
     {SYS_linkat, EEXIST}, {SYS_symlinkat, EEXIST}, {SYS_unlinkat, ENOENT}, {SYS_renameat2, ENOENT},
-};
-const std::vector<unsigned> OTHER_CALLS{
-#ifdef SYS_open
-    SYS_open,   SYS_lstat,      SYS_stat,  SYS_access,
-#endif
-    SYS_openat, SYS_newfstatat, SYS_statx, SYS_fstat,  SYS_pread64,
-    SYS_read,   SYS_write,      SYS_fsync, SYS_fchmod,
+    {SYS_openat, EIO},    {SYS_newfstatat, EIO},   {SYS_statx, EIO},       {SYS_fstat, EIO},
+    {SYS_pread64, EIO},   {SYS_read, EIO},         {SYS_write, EIO},       {SYS_fsync, EIO},
+    {SYS_fchmod, EIO},
 };
 
 enum class Fault
@@ -49,6 +33,7 @@ enum class Fault
     FailsWithoutEffect,
     FailsAfterItsEffect,
     FailsAsDoAllThatFollow,
+    EndsTheProcess,
 };
 
 enum class Said
@@ -59,11 +44,10 @@ enum class Said
     UncertainWithoutNeed,
 };
 
-/// A move of a file with the content "song".
 struct Move
 {
-    QString from;
-    QString targetFolder;
+    fs::path from;
+    fs::path targetFolder;
     std::function<std::optional<Failure>()> run;
 };
 
@@ -74,42 +58,40 @@ std::optional<Failure> failureOf(const Result &result)
     return failure ? std::optional(*failure) : std::nullopt;
 }
 
-/// Moves files while one system call fails.
-class LostAnswers : public testing::TestWithParam<bool>
+/// Moves files while one system call meets a fault, on file systems with and without RENAME_NOREPLACE, which
+/// network file systems do not have.
+class LostAnswers : public ActionTest, public testing::WithParamInterface<std::tuple<Fault, bool>>
 {
 protected:
-    /// Whether the file systems have RENAME_NOREPLACE; network file systems do not.
-    const bool canRefuseToReplace = GetParam();
+    const Fault fault = std::get<Fault>(GetParam());
+    const bool canRefuseToReplace = std::get<bool>(GetParam());
 
-    /// Lets every call of a move fail in turn, in every way.
+    /// Does a move again and again, until every one of its calls has met the fault.
     void failEveryCall(const std::function<Move()> &makeMove) const
     {
-        for (const Fault fault :
-             {Fault::FailsWithoutEffect, Fault::FailsAfterItsEffect, Fault::FailsAsDoAllThatFollow}) {
-            bool isReached = true;
-            for (int number = 0; isReached && !HasFailure(); ++number) {
-                SCOPED_TRACE("call " + std::to_string(number) + ", fault " + std::to_string(int(fault)));
-                const Move move = makeMove();
-                const auto status = runWithFault(move, number, fault);
-                if (status == NOT_ALLOWED)
-                    GTEST_SKIP() << "no right to filter system calls";
-                ASSERT_TRUE(status);
-                isReached = *status < REACHED_NO_FAULT;
-                expectTruth(move, Said(*status % REACHED_NO_FAULT));
-                QFile::remove(move.from);
-                QDir(move.targetFolder).removeRecursively();
-            }
+        for (int number = 0, status = 0; (status & REACHED_NO_FAULT) == 0 && !HasFailure(); ++number) {
+            SCOPED_TRACE("call " + std::to_string(number));
+            const Move move = makeMove();
+            const std::string content = contentOf(move.from);
+            const auto exitStatus = runWithFault(move, number);
+            if (exitStatus == NOT_ALLOWED)
+                GTEST_SKIP() << "no right to filter system calls";
+            EXPECT_TRUE(exitStatus || fault == Fault::EndsTheProcess);
+            status = exitStatus.value_or(static_cast<int>(Said::Uncertain));
+            expectTruth(move, content, Said(status & ~REACHED_NO_FAULT));
+            fs::remove(move.from);
+            fs::remove_all(move.targetFolder);
         }
     }
 
 private:
-    static constexpr int REACHED_NO_FAULT = 10;
+    static constexpr int REACHED_NO_FAULT = 16;
 
-    std::optional<int> runWithFault(const Move &move, int faultyCall, Fault fault) const
+    std::optional<int> runWithFault(const Move &move, int faultyCall) const
     {
-        std::vector<unsigned> calls = OTHER_CALLS;
-        for (const auto &[call, error] : NAMING_CALLS)
-            calls.push_back(call);
+        std::vector<unsigned> calls;
+        for (const auto &[call, error] : CALLS)
+            calls.push_back(static_cast<unsigned>(call));
         int count = 0;
         bool hitNamingCall = false;
         const auto handle = [&](const SystemCallListener &listener, const seccomp_notif &call) {
@@ -119,191 +101,166 @@ private:
             const bool goesOn = number > faultyCall && fault == Fault::FailsAsDoAllThatFollow;
             if (number != faultyCall && !goesOn) // waiting for the disk would take most of the time
                 return call.data.nr == SYS_fsync ? listener.fail(call.id, 0) : listener.letThrough(call.id);
-            const auto naming = NAMING_CALLS.find(static_cast<unsigned>(call.data.nr));
-            hitNamingCall = naming != NAMING_CALLS.end() && fault != Fault::FailsAsDoAllThatFollow;
-            if (fault == Fault::FailsAfterItsEffect)
-                listener.carryOut(call, naming != NAMING_CALLS.end() ? naming->second : EIO);
+            const int error = CALLS.at(call.data.nr);
+            hitNamingCall = error != EIO && fault != Fault::FailsAsDoAllThatFollow;
+            if (fault == Fault::EndsTheProcess)
+                ::kill(::getpid(), SIGKILL);
+            else if (fault == Fault::FailsAfterItsEffect)
+                listener.carryOut(call, error);
             else
                 listener.fail(call.id, EIO);
         };
         const auto work = [&] {
             const std::optional<Failure> failure = move.run();
             auto said = failure ? Said::NotMoved : Said::Moved;
-            if (failure && failure->reason.contains(move.from) && failure->reason.contains(move.targetFolder))
+            if (failure && failure->reason.contains(toQString(move.from)) &&
+                failure->reason.contains(toQString(move.targetFolder)))
                 said = hitNamingCall ? Said::UncertainWithoutNeed : Said::Uncertain;
-            return static_cast<int>(said) + (count > faultyCall ? 0 : REACHED_NO_FAULT);
+            return static_cast<int>(said) | (count > faultyCall ? 0 : REACHED_NO_FAULT);
         };
         return runInChild(work, calls, handle);
     }
 
-    static void expectTruth(const Move &move, Said said)
+    static void expectTruth(const Move &move, const std::string &content, Said said)
     {
-        const bool isAtOldPath = QFileInfo::exists(move.from) && contentOf(move.from) == "song";
-        QList<QByteArray> moved;
-        for (const QFileInfo &file : QDir(move.targetFolder).entryInfoList(QDir::Files))
-            moved.append(contentOf(file.filePath()));
-        EXPECT_THAT(moved, AnyOf(IsEmpty(), ElementsAre("song")));
-        const bool isAtNewPath = !moved.isEmpty();
-        if (said == Said::Moved)
-            EXPECT_TRUE(isAtNewPath && !QFileInfo::exists(move.from));
-        else if (said == Said::NotMoved)
-            EXPECT_TRUE(isAtOldPath && !isAtNewPath);
-        else
-            EXPECT_TRUE(said == Said::Uncertain && (isAtOldPath || isAtNewPath));
+        Files moved = filesIn(move.targetFolder);
+        std::erase_if(moved, [](const auto &file) { return file.first.starts_with('.'); });
+        for (const auto &[name, movedContent] : moved)
+            EXPECT_EQ(movedContent, content);
+        EXPECT_LE(moved.size(), 1U);
+        EXPECT_TRUE(!moved.empty() || contentOf(move.from) == content);
+        EXPECT_TRUE(said != Said::Moved || (!moved.empty() && !isAnythingAt(move.from)));
+        EXPECT_TRUE(said != Said::NotMoved || moved.empty());
+        EXPECT_NE(said, Said::UncertainWithoutNeed);
     }
 };
 
 TEST_P(LostAnswers, LoseNoFileThatIsMovedToAFolderOrBack)
 {
-    const OtherFileSystem other;
-    const QTemporaryDir source;
-    const QTemporaryDir sameDisk;
-    const QString song = source.filePath(u"a.mp3"_s);
-    for (const QString &parent : {sameDisk.path(), other.path()}) {
-        auto folder = std::get<DuplicatesFolder>(DuplicatesFolder::create(parent, {}));
-        const auto addSong = [&] {
-            QDir().mkpath(folder.path());
-            QDir().mkpath(source.path());
-            writeFile(song, "song");
-        };
+    for (const fs::path &parent : {home.path("target"), other.path()}) {
         failEveryCall([&]() -> Move {
-            addSong();
-            return {song, folder.path(), [&] { return failureOf(folder.moveHere(song)); }};
+            const QString song = toQString(home.add("music/a.mp3"));
+            DuplicatesFolder folder = folderIn(parent);
+            return {song.toStdString(), folder.path().toStdString(),
+                    [=]() mutable { return failureOf(folder.moveHere(song)); }};
         });
         failEveryCall([&]() -> Move {
-            addSong();
-            const auto moved = std::get<MovedFile>(folder.moveHere(song));
-            return {moved.path, source.path(), [moved] { return moveBack(moved); }};
+            const auto moved =
+                std::get<MovedFile>(folderIn(parent).moveHere(toQString(home.add("music/a.mp3"))));
+            return {moved.path.toStdString(), home.path("music"), [=] { return moveBack(moved); }};
         });
     }
 }
 
 TEST_P(LostAnswers, LoseNoLink)
 {
-    const QTemporaryDir source;
-    const OtherFileSystem other;
-    const QTemporaryDir elsewhere;
-    writeFile(elsewhere.filePath(u"real.mp3"_s), "song");
-    auto folder = std::get<DuplicatesFolder>(DuplicatesFolder::create(other.path(), {}));
+    fs::create_directory(home.path("music"));
     failEveryCall([&]() -> Move {
-        QDir().mkpath(folder.path());
-        const QString link = source.filePath(u"a.mp3"_s);
-        QFile::link(elsewhere.filePath(u"real.mp3"_s), link);
-        return {link, folder.path(), [&folder, link] { return failureOf(folder.moveHere(link)); }};
+        const fs::path link = home.path("music/a.mp3");
+        fs::create_symlink(home.path("real.mp3"), link);
+        DuplicatesFolder folder = folderIn(other.path());
+        return {link, folder.path().toStdString(),
+                [=]() mutable { return failureOf(folder.moveHere(toQString(link))); }};
     });
 }
 
 TEST_P(LostAnswers, LoseNoFileThatGoesToTheTrashOrBack)
 {
-    const PrivateHome home;
-    const auto path = [&](const char *name) { return QString::fromStdString(home.path(name)); };
-    const QString trash = path(".local/share/Trash/files");
     failEveryCall([&]() -> Move {
-        home.add("music/a.mp3");
-        return {path("music/a.mp3"), trash, [&] { return failureOf(moveToTrash(path("music/a.mp3"))); }};
+        const fs::path song = home.add("music/a.mp3");
+        return {song, trash / "files", [=] { return failureOf(moveToTrash(toQString(song))); }};
     });
     failEveryCall([&]() -> Move {
-        home.add("music/a.mp3");
-        const auto trashed = std::get<TrashedFile>(moveToTrash(path("music/a.mp3")));
-        return {trashed.file.path, path("music"), [trashed] { return restore(trashed); }};
+        const auto trashed = std::get<TrashedFile>(moveToTrash(toQString(home.add("music/a.mp3"))));
+        return {trashed.file.path.toStdString(), home.path("music"), [=] { return restore(trashed); }};
     });
 }
 
-INSTANTIATE_TEST_SUITE_P(WithoutAndWith, LostAnswers, testing::Bool(),
-                         [](const auto &canRefuse) { return canRefuse.param ? "Replace" : "NoReplace"; });
+INSTANTIATE_TEST_SUITE_P(
+    All, LostAnswers,
+    testing::Combine(testing::Values(Fault::FailsWithoutEffect, Fault::FailsAfterItsEffect,
+                                     Fault::FailsAsDoAllThatFollow, Fault::EndsTheProcess),
+                     testing::Bool()));
 
-TEST(FileMove, KeepsWhatIsDoneToASourceWhileItIsCopied)
+class FileMove : public ActionTest
+{};
+
+TEST_F(FileMove, KeepsWhatIsDoneToASourceWhileItIsCopied)
 {
-    const OtherFileSystem other;
-    const QTemporaryDir folder;
-    const QString song = folder.filePath(u"a.mp3"_s);
+    const fs::path song = home.path("a.mp3");
     const struct
     {
-        QString name;
-        std::function<void(const std::filesystem::path &)> action;
+        std::string name;
+        std::function<void()> action;
         std::string content;
     } cases[] = {
-        {u"longer"_s, [](const auto &file) { std::ofstream(file, std::ios::app) << " and tags"; },
-         "song and tags"},
-        {u"as long, with its time kept"_s,
-         [](const auto &file) {
-             const auto time = std::filesystem::last_write_time(file);
-             std::fstream(file) << "tags";
-             std::filesystem::last_write_time(file, time);
+        {"longer", [&] { std::ofstream(song, std::ios::app) << " and tags"; }, "song and tags"},
+        {"as long, with its time kept",
+         [&] {
+             const auto time = fs::last_write_time(song);
+             std::fstream(song) << "tags";
+             fs::last_write_time(song, time);
          },
          "tags"},
-        {u"replaced"_s,
-         [](const auto &file) {
-             std::ofstream(file.string() + ".new") << "tags";
-             std::filesystem::rename(file.string() + ".new", file);
-         },
-         "tags"},
+        {"replaced", [&] { fs::rename(home.add("new.mp3", "tags"), song); }, "tags"},
     };
     for (const auto &[name, action, content] : cases) {
-        auto target = std::get<DuplicatesFolder>(DuplicatesFolder::create(other.pathOf(name), {}));
-        writeFile(song, "song");
+        DuplicatesFolder target = folderIn(other.path(name));
+        home.add("a.mp3");
         // The folder is flushed when the copy has its name, before the source is removed.
         const auto handle = [&, &action = action](const SystemCallListener &listener,
                                                   const seccomp_notif &call) {
-            if (std::filesystem::is_directory("/proc/self/fd/" + std::to_string(call.data.args[0])))
-                action(song.toStdString());
+            if (fs::is_directory("/proc/self/fd/" + std::to_string(call.data.args[0])))
+                action();
             listener.letThrough(call.id);
         };
-        const auto status =
-            runInChild([&] { return failureOf(target.moveHere(song)) ? 1 : 0; }, {SYS_fsync}, handle);
+        const auto status = runInChild([&] { return moves(target, song) ? 0 : 1; }, {SYS_fsync}, handle);
         if (status == NOT_ALLOWED)
             GTEST_SKIP() << "no right to filter system calls";
-        EXPECT_EQ(status, 1) << name.toStdString();
-        EXPECT_EQ(contentOf(song).toStdString(), content) << name.toStdString();
-        EXPECT_EQ(contentOf(target.path() + u"/a.mp3"_s), "song") << name.toStdString();
+        EXPECT_EQ(status, 1) << name;
+        EXPECT_EQ(contentOf(song), content) << name;
+        EXPECT_EQ(filesIn(target.path().toStdString()), (Files{{"a.mp3", "song"}})) << name;
     }
 }
 
-TEST(FileMove, TakesTimesAndPermissionsToAnotherFileSystemButNotTheSpecialOnes)
+TEST_F(FileMove, TakesTimesAndPermissionsToAnotherFileSystemButNotTheSpecialOnes)
 {
-    const QTemporaryDir folder;
-    const OtherFileSystem other;
-    const QString from = folder.filePath(u"a.mp3"_s);
-    const QString to = other.pathOf(u"a.mp3"_s);
-    const QByteArray content(3'000'001, 'x');
-    const QDateTime written(QDate(2001, 2, 3), QTime(4, 5, 6, 789));
+    const fs::path to = other.path("a.mp3");
+    const std::string content(3'000'001, 'x');
     for (const mode_t mode : {0440U, 04755U, 02755U, 01644U, 07777U}) {
-        writeFile(from, content);
-        QFile file(from);
-        ASSERT_TRUE(file.open(QIODevice::ReadWrite));
-        ASSERT_TRUE(file.setFileTime(written, QFileDevice::FileModificationTime));
-        ASSERT_EQ(::fchmod(file.handle(), mode), 0);
-        EXPECT_EQ(moveWithoutReplacing(QFile::encodeName(from), QFile::encodeName(to)).state,
-                  MoveResult::State::Moved);
-        EXPECT_EQ(std::get<FileSnapshot>(takeSnapshot(QFile::encodeName(to))).mode & 07777, mode & 0777);
-        EXPECT_EQ(QFileInfo(to).lastModified(), written);
+        const fs::path from = home.add("a.mp3", content);
+        const auto written = fs::last_write_time(from) - std::chrono::nanoseconds(123'456'789'000'001);
+        fs::last_write_time(from, written);
+        ASSERT_EQ(::chmod(from.c_str(), mode), 0);
+        EXPECT_EQ(moveWithoutReplacing(from.c_str(), to.c_str()).state, MoveResult::State::Moved);
+        EXPECT_EQ(static_cast<mode_t>(fs::status(to).permissions()), mode & 0777);
+        EXPECT_EQ(fs::last_write_time(to), written);
         EXPECT_TRUE(contentOf(to) == content);
-        EXPECT_FALSE(QFileInfo::exists(from));
-        QFile::remove(to);
+        EXPECT_FALSE(fs::exists(from));
+        fs::remove(to);
     }
 }
 
-TEST(FileMove, GoesBackOnlyAsTheSameFileToAFreeName)
+TEST_F(FileMove, GoesBackOnlyAsTheSameFileToAFreeName)
 {
-    const QTemporaryDir folder;
-    const OtherFileSystem other;
-    const QString song = folder.filePath(u"a.mp3"_s);
-    for (const QString &parent : {folder.path(), other.path()}) {
-        auto target = std::get<DuplicatesFolder>(DuplicatesFolder::create(parent, {}));
-        writeFile(song, "song");
-        const auto moved = std::get<MovedFile>(target.moveHere(song));
-        writeFile(song, "new");
+    const fs::path song = home.path("a.mp3");
+    for (const fs::path &parent : {home.path(), other.path()}) {
+        DuplicatesFolder target = folderIn(parent);
+        const auto moveSong = [&] { return std::get<MovedFile>(target.moveHere(toQString(song))); };
+        home.add("a.mp3");
+        const MovedFile moved = moveSong();
+        home.add("a.mp3", "new");
         EXPECT_TRUE(moveBack(moved));
         EXPECT_EQ(contentOf(song), "new");
-        QFile::remove(song);
+        fs::remove(song);
         EXPECT_FALSE(moveBack(moved));
         EXPECT_EQ(contentOf(song), "song");
 
-        const auto again = std::get<MovedFile>(target.moveHere(song));
-        writeFile(again.path, "another");
-        EXPECT_TRUE(moveBack(again));
-        EXPECT_EQ(contentOf(again.path), "another");
-        EXPECT_FALSE(QFileInfo::exists(song));
+        const MovedFile replaced = moveSong();
+        PrivateHome::addFile(replaced.path.toStdString(), "another");
+        EXPECT_TRUE(moveBack(replaced));
+        EXPECT_EQ(contentOf(replaced.path.toStdString()), "another");
+        EXPECT_FALSE(fs::exists(song));
     }
 }
 

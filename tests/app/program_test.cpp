@@ -182,8 +182,8 @@ TEST_F(ProgramTest, ReportsAndQuitsThoughADiskHangs)
     EXPECT_THAT(output(), HasSubstr("2 songs"));
 
     m_environment.insert(QStringLiteral("QT_QPA_PLATFORM"), QStringLiteral("offscreen"));
-    const int before = disk.hangingReads();
-    EXPECT_GT(before, 0);
+    const std::size_t before = disk.hangingReads();
+    EXPECT_GT(before, 0U);
     start({m_folder.path()});
     ASSERT_TRUE(QTest::qWaitFor([&] { return disk.hangingReads() > before; }, 60'000));
     m_process.terminate();

@@ -11,8 +11,7 @@
 #include <gmock/gmock.h>
 #include <sys/stat.h>
 
-#include <filesystem>
-#include <functional>
+#include <algorithm>
 #include <limits>
 #include <memory>
 #include <optional>
@@ -24,24 +23,9 @@ namespace {
 
 using namespace Qt::Literals::StringLiterals;
 
-bool waitFor(const std::function<bool()> &condition)
-{
-    return QTest::qWaitFor(condition, 20'000);
-}
-
 auto near(double seconds)
 {
     return testing::DoubleNear(seconds, 0.3);
-}
-
-bool isOpen(const QString &path)
-{
-    for (const auto &descriptor : std::filesystem::directory_iterator("/proc/self/fd")) {
-        std::error_code error;
-        if (std::filesystem::read_symlink(descriptor, error) == path.toStdString())
-            return true;
-    }
-    return false;
 }
 
 /// What is heard is what a sound server of the test's own records.
@@ -51,15 +35,11 @@ protected:
     void SetUp() override { startSoundOrSkip(m_sound); }
 
     [[nodiscard]] QString pathOf(const QString &name) const { return m_folder.filePath(name); }
-    [[nodiscard]] std::unique_ptr<PreviewPlayer> open(const QString &name)
-    {
-        return m_desktop.openPreview(pathOf(name));
-    }
+    [[nodiscard]] auto open(const QString &name) { return m_desktop.openPreview(pathOf(name)); }
 
     /// Noise from second 2 to 12 makes the bit rate of most formats vary, so that a position in the file does
     /// not tell the time.
-    [[nodiscard]] std::unique_ptr<PreviewPlayer> openSong(const QString &name = u"song.flac"_s,
-                                                          const QString &encoding = {})
+    [[nodiscard]] auto openSong(const QString &name = u"song.flac"_s, const QString &encoding = {})
     {
         const QString song =
             u"%1*sin(2*PI*(%2*t+%3*t*t))+if(between(t\\,2\\,12)\\,0.5*(random(0)-0.5)\\,0):s=22050"_s;
@@ -71,7 +51,7 @@ protected:
     /// @return to which second of the song
     [[nodiscard]] double nextStart()
     {
-        EXPECT_TRUE(waitFor([this] { return m_sound->starts().size() > m_startCount; }));
+        EXPECT_TRUE(QTest::qWaitFor([this] { return m_sound->starts().size() > m_startCount; }, 20'000));
         return m_sound->starts().at(m_startCount++);
     }
 
@@ -186,14 +166,25 @@ TEST_F(PreviewPlayerTest, IsSilentIfTheFileCannotBePlayed)
 TEST_F(PreviewPlayerTest, ClosesTheFileWhenReleasedOrDestroyed)
 {
     const QString name = u"100% #1? \"&'\n\u00e9\u4e00.flac"_s;
+    const auto becomesOpen = [&](bool isOpen) {
+        return QTest::qWaitFor(
+            [&] {
+                const auto files = QDir(u"/proc/self/fd"_s)
+                                       .entryInfoList(QDir::NoDotAndDotDot | QDir::AllEntries | QDir::System);
+                return isOpen == std::ranges::any_of(files, [&](const QFileInfo &file) {
+                           return file.symLinkTarget() == pathOf(name);
+                       });
+            },
+            20'000);
+    };
     auto player = openSong(name);
-    ASSERT_TRUE(waitFor([&] { return isOpen(pathOf(name)); }));
+    EXPECT_TRUE(becomesOpen(true));
     player->releaseItem();
-    EXPECT_TRUE(waitFor([&] { return !isOpen(pathOf(name)); }));
+    EXPECT_TRUE(becomesOpen(false));
     player = open(name);
-    ASSERT_TRUE(waitFor([&] { return isOpen(pathOf(name)); }));
+    EXPECT_TRUE(becomesOpen(true));
     player.reset();
-    EXPECT_TRUE(waitFor([&] { return !isOpen(pathOf(name)); }));
+    EXPECT_TRUE(becomesOpen(false));
 }
 
 TEST_F(PreviewPlayerTest, DoesNotWaitForASoundServerThatHangs)

@@ -78,14 +78,14 @@ TEST_F(ReadAudioDuration, CountsFramesWithoutAHeaderAlsoBehindAPictureAndOfATrun
     for (const auto &[type, options] : cases) {
         SCOPED_TRACE((type + u' ' + options).toStdString());
         const QByteArray content = audioContent(type, SECONDS, options);
-        const QString path = write(u"x."_s + type, content);
-        const double whole = frameSeconds(path);
         // Encoders add a frame or two at the start and pad the last one.
-        ASSERT_NEAR(whole, SECONDS + 0.07, 0.08);
-        expectDuration(path, whole);
-        expectDuration(write(u"tagged."_s + type, tag.leftJustified(TAG_SIZE, 'p', true) + content), whole);
-        write(u"x."_s + type, content.first(content.size() / 2));
-        expectDuration(path, frameSeconds(path));
+        const double whole = readAudioDuration(write(u"x."_s + type, content)).value_or(-1);
+        EXPECT_NEAR(whole, SECONDS + 0.07, 0.08);
+        const QByteArray tagged = tag.leftJustified(TAG_SIZE, 'p', true) + content;
+        EXPECT_EQ(readAudioDuration(write(u"tagged."_s + type, tagged)), whole);
+        const QByteArray half = content.first(content.size() / 2);
+        const double rest = readAudioDuration(write(u"half."_s + type, half)).value_or(-1);
+        EXPECT_NEAR(rest, whole / 2, options.contains(u"-b:a") ? 0.05 : 0.8);
     }
 }
 

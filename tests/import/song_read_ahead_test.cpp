@@ -1,35 +1,51 @@
 #include "import/disk_task.h"
 #include "import/song_read_ahead.h"
 #include "testing/audio_fixtures.h"
+#include "testing/hanging_disk.h"
 #include "testing/open_watch.h"
 
 #include <QSemaphore>
 #include <QTemporaryDir>
+#include <QTest>
 
 #include <gtest/gtest.h>
 
 namespace sonavo {
 namespace {
 
+using namespace std::chrono_literals;
+
+/// Which files can be read.
+std::vector<bool> readAll(const QStringList &files, std::chrono::milliseconds timeout)
+{
+    SongReadAhead readAhead(files, {}, timeout);
+    std::vector<bool> readable;
+    while (readAhead.hasMore()) {
+        const QFuture<SongReadAhead::Results> results = readAhead.next();
+        if (!QTest::qWaitFor([&results] { return results.isFinished(); }, 30'000))
+            throw std::runtime_error("the reading does not end");
+        EXPECT_FALSE(results.result().isEmpty());
+        for (const std::optional<AudioFileInfo> &info : results.result())
+            readable.push_back(info.has_value());
+    }
+    return readable;
+}
+
 TEST(SongReadAheadTest, ReadsABoundedNumberOfFilesAheadAndHandsOverEveryResultInOrder)
 {
     const QTemporaryDir folder;
     QStringList files = fillWithSongs(folder.path(), 1500);
-    for (qsizetype i = 0; i < files.size(); i += 7)
-        files[i] += u'x';
+    std::vector<bool> readable;
+    for (qsizetype i = 0; i < files.size(); ++i) {
+        readable.push_back(i % 7 != 0);
+        files[i] += readable.back() ? QString() : QStringLiteral("gone");
+    }
     OpenWatch watch(folder.path());
     SongReadAhead readAhead(files, {});
-    QFuture<SongReadAhead::Results> results = readAhead.next();
+    static_cast<void>(readAhead.next());
     diskThreads().waitForDone();
     EXPECT_LT(watch.count(), 1000);
-    qsizetype number = 0;
-    for (;; results = readAhead.next()) {
-        for (const std::optional<AudioFileInfo> &info : results.result())
-            ASSERT_EQ(info.has_value(), number++ % 7 != 0) << number;
-        if (!readAhead.hasMore())
-            break;
-    }
-    EXPECT_EQ(number, files.size());
+    EXPECT_EQ(readAll(files, 10s), readable);
 }
 
 TEST(SongReadAheadTest, OpensNoFileOnceStoppedOrDestroyed)
@@ -39,10 +55,10 @@ TEST(SongReadAheadTest, OpensNoFileOnceStoppedOrDestroyed)
     OpenWatch watch(folder.path());
     QThreadPool &pool = diskThreads();
     for (const bool isDestroyed : {true, false}) {
-        // Keeps the only thread busy until the reading is stopped.
-        pool.setMaxThreadCount(1);
+        // Keeps every thread busy until the reading is stopped.
         QSemaphore busy;
-        pool.start([&busy] { busy.acquire(); });
+        for (int i = 0; i < pool.maxThreadCount(); ++i)
+            pool.start([&busy] { busy.acquire(); });
         std::stop_source stop;
         auto readAhead = std::make_unique<SongReadAhead>(files, stop.get_token());
         const QFuture<SongReadAhead::Results> results = readAhead->next();
@@ -50,11 +66,77 @@ TEST(SongReadAheadTest, OpensNoFileOnceStoppedOrDestroyed)
             readAhead.reset();
         else
             stop.request_stop();
-        busy.release();
+        busy.release(1000);
         pool.waitForDone();
         EXPECT_TRUE(results.result().isEmpty());
         EXPECT_EQ(watch.count(), 0);
     }
+}
+
+class HangingDiskTest : public testing::Test
+{
+protected:
+    void SetUp() override
+    {
+        if (!m_disk.start())
+            GTEST_SKIP() << "no right to hold system calls";
+    }
+    void TearDown() override
+    {
+        m_disk.letGo();
+        EXPECT_TRUE(diskThreads().waitForDone(10'000));
+    }
+
+    /// @param readable which files do not hang
+    QStringList files(const std::vector<bool> &readable) const
+    {
+        QStringList files = fillWithSongs(m_folder.path(), static_cast<int>(readable.size()));
+        for (qsizetype i = 0; i < files.size(); ++i) {
+            const QString name = files[i];
+            files[i] += readable[static_cast<std::size_t>(i)] ? QString() : QStringLiteral("hangs");
+            QFile::rename(name, files[i]);
+        }
+        return files;
+    }
+
+    const QTemporaryDir m_folder;
+    HangingDisk m_disk{"hangs"};
+};
+
+TEST_F(HangingDiskTest, OnlyTheFilesThatHangCountAsUnreadable)
+{
+    std::vector<bool> readable(100, true);
+    for (const std::size_t hanging : {0U, 1U, 19U, 20U, 45U, 46U, 47U, 99U})
+        readable[hanging] = false;
+    EXPECT_EQ(readAll(files(readable), 1s), readable);
+    EXPECT_EQ(m_disk.hangingReads(), 8U);
+
+    // Once the disk is back there are no more threads than before.
+    m_disk.letGo();
+    ASSERT_TRUE(diskThreads().waitForDone(10'000));
+    QSemaphore busy;
+    for (int i = 0; i < 2 * QThread::idealThreadCount() + 8; ++i)
+        diskThreads().start([&busy] { busy.acquire(); });
+    EXPECT_EQ(diskThreads().activeThreadCount(), QThread::idealThreadCount());
+    busy.release(1000);
+    EXPECT_TRUE(diskThreads().waitForDone(10'000));
+}
+
+TEST_F(HangingDiskTest, KeepsNobodyWaitingWhoStopsOrGoes)
+{
+    const QStringList songs = files({false, false, false});
+    std::stop_source stop;
+    SongReadAhead stopped(songs, stop.get_token(), 1h);
+    const QFuture<SongReadAhead::Results> results = stopped.next();
+    EXPECT_TRUE(QTest::qWaitFor([this] { return m_disk.hangingReads() == 1; }));
+    stop.request_stop();
+    EXPECT_TRUE(results.isFinished());
+
+    auto gone = std::make_unique<SongReadAhead>(songs, std::stop_token(), 1h);
+    const QFuture<SongReadAhead::Results> nothing = gone->next();
+    EXPECT_TRUE(QTest::qWaitFor([this] { return m_disk.hangingReads() == 2; }));
+    gone.reset();
+    EXPECT_TRUE(nothing.isFinished());
 }
 
 } // namespace
