@@ -92,7 +92,7 @@ TEST_F(PlainTextTest, ShowsNamesAsTheyAreWrittenWhereverThePointerRests)
     const QString path = m_music.pathOf(FOLDER + u'/' + LONG_NAME);
     for (const auto &[cell, toolTip] : {std::pair(FOLDER, path), std::pair(LONG_NAME, LONG_NAME)}) {
         hover(cell);
-        const auto isShown = [&] { return find(QAccessible::ToolTip, toolTip) != nullptr; };
+        const auto isShown = [this, &text = toolTip] { return find(QAccessible::ToolTip, text) != nullptr; };
         EXPECT_TRUE(waitFor(isShown)) << toolTip.toStdString();
         EXPECT_THAT(richTexts(), IsEmpty());
         EXPECT_EQ(m_picture->count(), 0);
