@@ -4,7 +4,6 @@
 #include <QTest>
 
 #include <csignal>
-#include <gtest/gtest.h>
 #include <sys/prctl.h>
 
 #include <algorithm>
@@ -142,17 +141,6 @@ bool SoundServer::staysSilent() const
         return m_loudBlocks > loudBefore || m_blocks >= end;
     };
     return QTest::qWaitFor(isDone, TIMEOUT_MS) && m_loudBlocks == loudBefore;
-}
-
-void startSoundOrSkip(std::optional<SoundServer> &server)
-{
-    try {
-        server.emplace();
-    } catch (const std::runtime_error &error) {
-        if (qEnvironmentVariableIsSet("SONAVO_REQUIRE_SOUND"))
-            FAIL() << error.what();
-        GTEST_SKIP() << error.what();
-    }
 }
 
 } // namespace sonavo

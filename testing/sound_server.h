@@ -56,7 +56,4 @@ private:
     std::vector<double> m_starts;
 };
 
-/// Starts a sound server. Without one the test is skipped, or fails if SONAVO_REQUIRE_SOUND is set.
-void startSoundOrSkip(std::optional<SoundServer> &server);
-
 } // namespace sonavo

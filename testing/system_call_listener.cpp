@@ -4,6 +4,7 @@
 #include <sys/ioctl.h>
 #include <sys/prctl.h>
 #include <sys/syscall.h>
+#include <sys/wait.h>
 #include <unistd.h>
 
 #include <cerrno>
@@ -67,6 +68,21 @@ void SystemCallListener::answer(const seccomp_notif_resp &response) const
 {
     // The caller may be gone.
     static_cast<void>(::ioctl(m_listener, SECCOMP_IOCTL_NOTIF_SEND, &response));
+}
+
+std::optional<int>
+runInChild(const std::function<int()> &work, const std::vector<unsigned> &numbers,
+           const std::function<void(const SystemCallListener &, const seccomp_notif &)> &handler)
+{
+    const pid_t child = ::fork();
+    if (child == 0) {
+        SystemCallListener listener;
+        const auto handle = [&](const seccomp_notif &call) { handler(listener, call); };
+        ::_exit(listener.start(numbers, handle) ? work() : NOT_ALLOWED);
+    }
+    int status = 0;
+    ::waitpid(child, &status, 0);
+    return WIFEXITED(status) ? std::optional(WEXITSTATUS(status)) : std::nullopt;
 }
 
 } // namespace sonavo

@@ -5,6 +5,7 @@
 #include <atomic>
 #include <functional>
 #include <linux/seccomp.h>
+#include <optional>
 #include <thread>
 #include <vector>
 
@@ -39,5 +40,16 @@ private:
     std::atomic<int> m_listener = NOT_STARTED;
     std::jthread m_thread;
 };
+
+/// The exit status of a child that was not allowed to stop its system calls.
+constexpr int NOT_ALLOWED = 77;
+
+/// Runs work in a copy of this process, some of whose system calls are stopped.
+/// @param numbers the calls, such as SYS_unlink
+/// @param handler has to answer them
+/// @return what the work returned, 0 to 255; nothing when the process was killed
+[[nodiscard]] std::optional<int>
+runInChild(const std::function<int()> &work, const std::vector<unsigned> &numbers,
+           const std::function<void(const SystemCallListener &, const seccomp_notif &)> &handler);
 
 } // namespace sonavo

@@ -1,7 +1,7 @@
 #include "actions/action_test.h"
 #include "actions/file_move.h"
 #include "actions/trash.h"
-#include "testing/child_process.h"
+#include "testing/system_call_listener.h"
 
 #include <QFileInfo>
 

@@ -39,11 +39,9 @@ struct DialogDriver
         view->setFocus();
         view->clearSelection();
         for (const QString &name : selected) {
-            EXPECT_TRUE(QTest::qWaitFor([&] { return names().contains(name); }, 10'000))
-                << name.toStdString();
+            EXPECT_TRUE(QTest::qWaitFor([&] { return names().contains(name); })) << name.toStdString();
             const auto row = static_cast<int>(names().indexOf(name));
-            const QModelIndex index = view->model()->index(row, 0, view->rootIndex());
-            view->selectionModel()->setCurrentIndex(index,
+            view->selectionModel()->setCurrentIndex(view->model()->index(row, 0, view->rootIndex()),
                                                     QItemSelectionModel::Select | QItemSelectionModel::Rows);
         }
     }

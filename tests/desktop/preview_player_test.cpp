@@ -32,7 +32,16 @@ auto near(double seconds)
 class PreviewPlayerTest : public testing::Test
 {
 protected:
-    void SetUp() override { startSoundOrSkip(m_sound); }
+    void SetUp() override
+    {
+        try {
+            m_sound.emplace();
+        } catch (const std::runtime_error &error) {
+            if (qEnvironmentVariableIsSet("SONAVO_REQUIRE_SOUND"))
+                FAIL() << error.what();
+            GTEST_SKIP() << error.what();
+        }
+    }
 
     [[nodiscard]] QString pathOf(const QString &name) const { return m_folder.filePath(name); }
     [[nodiscard]] auto open(const QString &name) { return m_desktop.openPreview(pathOf(name)); }

@@ -55,19 +55,16 @@ TEST_F(ReportTest, WritesJsonThatReadsBackExactly)
 {
     ASSERT_TRUE(output.open(QIODevice::WriteOnly));
     ASSERT_TRUE(writeJsonReport(output, songs, groups));
-    QJsonArray listed;
-    for (const Song &song : songs) {
-        listed.append(QJsonObject{{u"path"_s, song.path},
-                                  {u"name"_s, song.name},
-                                  {u"duration"_s, song.duration},
-                                  {u"size"_s, song.size},
-                                  {u"fileType"_s, u"MP3"_s},
-                                  {u"artist"_s, u"Artist"_s},
-                                  {u"title"_s, u"Title"_s},
-                                  {u"folderName"_s, u"music"_s}});
-    }
     const QJsonObject report = QJsonDocument::fromJson(output.data()).object();
-    EXPECT_EQ(report[u"songs"_s].toArray(), listed) << output.data().toStdString();
+    const QJsonArray listed = report[u"songs"_s].toArray();
+    ASSERT_EQ(listed.size(), 3) << output.data().toStdString();
+    for (int i = 0; i < 3; ++i) {
+        const QVariantMap expected{{u"path"_s, songs[i].path},         {u"name"_s, songs[i].name},
+                                   {u"duration"_s, songs[i].duration}, {u"size"_s, songs[i].size},
+                                   {u"fileType"_s, u"MP3"_s},          {u"artist"_s, u"Artist"_s},
+                                   {u"title"_s, u"Title"_s},           {u"folderName"_s, u"music"_s}};
+        EXPECT_EQ(listed[i], QJsonObject::fromVariantMap(expected));
+    }
     const QJsonArray grouped = report[u"groups"_s].toArray();
     ASSERT_EQ(grouped.size(), 7);
     EXPECT_EQ(grouped[0][u"original"_s].toInt(-1), 2);
