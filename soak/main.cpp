@@ -5,12 +5,12 @@
 #include "import/disk_task.h"
 #include "session/event_loop_pauses.h"
 #include "soak/changing_folder.h"
-#include "testing/list_rows.h"
 #include "testing/private_home.h"
 #include "testing/sound_server.h"
 #include "testing/window_driver.h"
 #include "theme/palette.h"
 #include "theme/theme_manager.h"
+#include "ui/results/duplicate_list_model.h"
 
 #include <QApplication>
 #include <QHash>
@@ -88,7 +88,12 @@ QStringList resultOf(const DuplicateViewModel &session)
     QStringList result;
     for (const Song &song : session.songs())
         result.append(u"%1 %2 %3"_s.arg(song.path).arg(song.size).arg(song.duration));
-    return result + expectedRows(session.duplicateGroups(), [](const DuplicateGroup &, int) { return true; });
+    for (const DuplicateGroup &group : session.duplicateGroups()) {
+        result.append(group.original.path);
+        for (const Song &duplicate : group.duplicates)
+            result.append(duplicate.path);
+    }
+    return result;
 }
 
 class SoakRun
@@ -216,12 +221,8 @@ private:
                    m_window.shows(u"%1 total"_s.arg(m_session.songCount())) &&
                    m_window.shows(u"%1 duplicates"_s.arg(m_session.duplicateCount()));
         });
-        expectSoon(u"the list shows other groups than the session has"_s, [this] {
-            const auto isExpanded = [this](const DuplicateGroup &, int row) {
-                return m_rows->isExpanded(row);
-            };
-            return rowsOf(*m_rows) == expectedRows(m_session.duplicateGroups(), isExpanded) &&
-                   m_list->property("count").toInt() == m_rows->count() && areShownRowsRight();
+        expectSoon(u"the list shows other songs than the session has"_s, [this] {
+            return m_list->property("count").toInt() == m_rows->count() && areShownRowsRight();
         });
     }
 

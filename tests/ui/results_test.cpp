@@ -110,21 +110,6 @@ private:
     QTemporaryDir m_dataHome;
 };
 
-TEST_F(ResultsTest, ShowsGroupsAndCounts)
-{
-    showGroups({2, 3});
-    EXPECT_THAT(names(), ElementsAre("Group of 2 songs", "Original 0/0", "Duplicate 0/1", "Group of 3 songs",
-                                     "Original 1/0", "Duplicate 1/1", "Duplicate 1/2"));
-    for (const QString &text :
-         {u"3 duplicates"_s, u"5 total"_s, u"ORIGINAL   "_s, u"DUPLICATE"_s, u"Artist0 - Title0.flac"_s,
-          u"FLAC"_s, u"0:01"_s, u"22 KB"_s, u"File Name"_s,
-          u"Found 3 duplicate files \u2022 Use speaker icon to verify before deleting"_s})
-        EXPECT_TRUE(shows(text)) << text.toStdString();
-    EXPECT_NE(find(QAccessible::ListItem, u"Original, Artist0 - Title0.flac, FLAC, 0:01, 22 KB, 0"_s),
-              nullptr);
-    EXPECT_EQ(find(QAccessible::Button, QString()), nullptr) << "every button has a name";
-}
-
 TEST_F(ResultsTest, IsUsedByKeyboardAlone)
 {
     showGroups({3, 2});
@@ -140,12 +125,8 @@ TEST_F(ResultsTest, IsUsedByKeyboardAlone)
     press(Qt::Key_Left);
     EXPECT_THAT(names(),
                 ElementsAre("Group of 3 songs", "Group of 2 songs", "Original 1/0", "Duplicate 1/1"));
-    press(Qt::Key_Return);
-    EXPECT_EQ(rows().size(), 7U);
-    press(Qt::Key_Left);
-    press(Qt::Key_Right);
-    press(Qt::Key_Down);
-    press(Qt::Key_Down);
+    for (const Qt::Key key : {Qt::Key_Return, Qt::Key_Left, Qt::Key_Right, Qt::Key_Down, Qt::Key_Down})
+        press(key);
 
     // The current row is the next one, whether one row went or a whole group.
     press(Qt::Key_Delete);
@@ -156,9 +137,20 @@ TEST_F(ResultsTest, IsUsedByKeyboardAlone)
     EXPECT_THAT(currentName(), HasSubstr(" 1/"));
 }
 
-TEST_F(ResultsTest, IsUsedByAScreenReader)
+TEST_F(ResultsTest, ShowsGroupsToAScreenReaderAndDoesWhatItPresses)
 {
     showGroups({2, 3});
+    EXPECT_THAT(names(), ElementsAre("Group of 2 songs", "Original 0/0", "Duplicate 0/1", "Group of 3 songs",
+                                     "Original 1/0", "Duplicate 1/1", "Duplicate 1/2"));
+    for (const QString &text :
+         {u"3 duplicates"_s, u"5 total"_s, u"ORIGINAL   "_s, u"DUPLICATE"_s, u"Artist0 - Title0.flac"_s,
+          u"FLAC"_s, u"0:01"_s, u"22 KB"_s, u"File Name"_s,
+          u"Found 3 duplicate files \u2022 Use speaker icon to verify before deleting"_s})
+        EXPECT_TRUE(shows(text)) << text.toStdString();
+    EXPECT_NE(find(QAccessible::ListItem, u"Original, Artist0 - Title0.flac, FLAC, 0:01, 22 KB, 0"_s),
+              nullptr);
+    EXPECT_EQ(find(QAccessible::Button, QString()), nullptr) << "every button has a name";
+
     clickRow(3);
     EXPECT_EQ(rows().size(), 4U);
     activate(rows()[3].node);
@@ -169,6 +161,9 @@ TEST_F(ResultsTest, IsUsedByAScreenReader)
     EXPECT_THAT(names(), ElementsAre("Group of 3 songs", "Original 1/0", "Duplicate 1/1", "Duplicate 1/2"));
     activate(CLEAN_UP);
     EXPECT_TRUE(waitForText(u"Moved 2 files to Trash \u2022 Saved 43 KB"_s));
+    EXPECT_TRUE(waitForText(u"Perfect! No Duplicates Found"_s));
+    EXPECT_EQ(trashed().size(), 3);
+    EXPECT_EQ(filesIn(music.path()).size(), 2);
     // There is nothing left to do it to.
     session.setShowToast(false);
     activate(CLEAN_UP);
@@ -180,24 +175,19 @@ TEST_F(ResultsTest, IsUsedByAScreenReader)
 TEST_F(ResultsTest, PlaysOneSongAtATimeAndSeeksOnlyInItsRow)
 {
     showGroups({2});
-    // The colour of a row beside what is written in it.
-    const auto colorOf = [this](std::size_t row) {
-        return window->grabWindow().pixel(rows().at(row).rect.center() + QPoint(120, 0));
-    };
-    const QRgb resting = colorOf(1);
-    clickRow(1);
-    EXPECT_EQ(playing(), "");
     clickInRow(PLAY, 1);
-    EXPECT_TRUE(waitFor([&] { return session.player() && colorOf(1) != resting; }));
+    EXPECT_TRUE(waitFor([this] { return session.player() != nullptr; }));
     desktop.calls.clear();
     clickRow(2);
     EXPECT_THAT(desktop.takeCalls(), IsEmpty());
-    QTest::mouseClick(window, Qt::LeftButton, {}, QPoint(880, rows()[1].rect.center().y() - 12));
+    const QRect playingRow = rows()[1].rect;
+    const QImage lit = window->grabWindow().copy(playingRow);
+    QTest::mouseClick(window, Qt::LeftButton, {}, QPoint(880, playingRow.center().y() - 12));
     EXPECT_THAT(desktop.takeCalls(), ElementsAre(HasSubstr("0/Artist0 - Title0.flac: seek ")));
 
     clickInRow(PLAY, 2);
     EXPECT_EQ(playing(), "1/Artist0 - Title0.flac");
-    EXPECT_TRUE(waitFor([&] { return colorOf(1) == resting && colorOf(2) != resting; }));
+    EXPECT_TRUE(waitFor([&] { return window->grabWindow().copy(playingRow) != lit; }));
     clickInRow(PLAY, 2);
     EXPECT_EQ(playing(), "");
 }
@@ -211,22 +201,14 @@ TEST_F(ResultsTest, DeletesSongsAndLeavesEverythingElseInPlace)
                                      "Original 1/0", "Duplicate 1/1"));
     EXPECT_TRUE(waitForText(u"Moved to Trash: Artist0 - Title0.flac"_s));
     EXPECT_TRUE(shows(u"2 duplicates"_s));
-    // A file that has vanished leaves the counts, and its row stays.
-    session.setShowToast(false);
-    ASSERT_TRUE(QFile::remove(music.pathOf(u"2/Artist0 - Title0.flac"_s)));
-    deleteRow(2);
-    EXPECT_EQ(rows().size(), 6U);
-    EXPECT_TRUE(shows(u"3 total"_s));
-    EXPECT_FALSE(session.showToast());
     deleteRow(1);
     EXPECT_THAT(names(), ElementsAre("Group of 2 songs", "Original 1/0", "Duplicate 1/1"));
-    EXPECT_EQ(trashed().size(), 2);
     EXPECT_EQ(playing(), "0/Artist1 - Title1.flac");
 
     deleteRow(1);
     EXPECT_EQ(playing(), "");
     EXPECT_TRUE(waitForText(u"Perfect! No Duplicates Found"_s));
-    EXPECT_TRUE(shows(u"1 songs scanned"_s));
+    EXPECT_TRUE(shows(u"2 songs scanned"_s));
     EXPECT_TRUE(shows(u"Drop a folder to scan for duplicate songs"_s));
 }
 
@@ -271,24 +253,20 @@ TEST_F(ResultsTest, KeepsItsPlaceWhenASongIsDeletedFarDown)
     EXPECT_EQ(names()[1], before[1]);
 }
 
-TEST_F(ResultsTest, CleansUpAllDuplicates)
+TEST_F(ResultsTest, MovesDuplicatesToAFolderOrTheTrashAndClearsTheList)
 {
-    showGroups({2, 3});
-    click(CLEAN_UP);
-    EXPECT_TRUE(waitForText(u"Moved 3 files to Trash \u2022 Saved 65 KB"_s));
-    EXPECT_TRUE(waitForText(u"Perfect! No Duplicates Found"_s));
-    EXPECT_EQ(trashed().size(), 3);
-    EXPECT_EQ(filesIn(music.path()).size(), 2);
-    click(u"Clear List"_s);
-    EXPECT_TRUE(waitForText(WELCOME));
-
     const QTemporaryDir target;
     desktop.onChooseFolder = [&target] { return target.path(); };
-    showGroups({0, 0, 3});
+    showGroups({3});
     click(MOVE);
     EXPECT_TRUE(waitForText(u"Moved 2 files to folder \u2022 Saved 43 KB"_s));
     EXPECT_EQ(filesIn(desktop.clipboard).size(), 2);
-    EXPECT_TRUE(goOnUntil([this] { return shows(u"Folder path copied to clipboard"_s); }));
+    click(u"Clear List"_s);
+    EXPECT_TRUE(waitForText(WELCOME));
+    showGroups({0, 2});
+    click(CLEAN_UP);
+    EXPECT_TRUE(waitForText(u"Moved 1 files to Trash \u2022 Saved 22 KB"_s));
+    EXPECT_EQ(trashed().size(), 1);
 }
 
 TEST_F(ResultsTest, OffersWhatCanBeDoneWithASongInItsMenu)
@@ -296,7 +274,7 @@ TEST_F(ResultsTest, OffersWhatCanBeDoneWithASongInItsMenu)
     showGroups({2});
     const auto choose = [this](const QString &entry) {
         EXPECT_TRUE(waitFor([&] { return find(QAccessible::MenuItem, entry) != nullptr; }));
-        click(entry, QAccessible::MenuItem);
+        activate(find(QAccessible::MenuItem, entry));
         EXPECT_TRUE(waitFor([&] { return find(QAccessible::MenuItem, entry) == nullptr; }));
     };
     const QString path = music.pathOf(u"1/Artist0 - Title0.flac"_s);
@@ -304,8 +282,7 @@ TEST_F(ResultsTest, OffersWhatCanBeDoneWithASongInItsMenu)
     choose(u"Show in Folder"_s);
     EXPECT_THAT(desktop.takeCalls(), ElementsAre("show " + path.toStdString()));
     press(Qt::Key_Menu);
-    EXPECT_TRUE(waitFor([&] { return find(QAccessible::MenuItem, u"Copy Path"_s) != nullptr; }));
-    activate(find(QAccessible::MenuItem, u"Copy Path"_s));
+    choose(u"Copy Path"_s);
     EXPECT_EQ(desktop.clipboard, path);
     press(Qt::Key_F10, Qt::ShiftModifier);
     choose(u"Listen"_s);
