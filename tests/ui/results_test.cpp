@@ -34,6 +34,8 @@ protected:
     {
         QAccessibleInterface *node;
         QRect rect;
+        /// What it says, in short: "Group of 2 songs", "Original 0/1" (the song's and the folder's number).
+        std::string name;
     };
     /// The rows on screen from top to bottom.
     [[nodiscard]] std::vector<Row> rows() const
@@ -43,51 +45,50 @@ protected:
         const QRect list = rectOf(find(QAccessible::List, u"Duplicate songs"_s)->object());
         std::vector<Row> rows;
         for (QAccessibleInterface *node : accessibleNodes()) {
-            const bool isRow = node->role() == QAccessible::ListItem ||
-                               node->text(QAccessible::Name).startsWith(u"Group of"_s);
-            const QRect rect = isRow ? rectOf(node->object()) : QRect();
-            if (list.contains(rect.center()) && isRow)
-                rows.push_back({node, rect});
+            const QStringList words = node->text(QAccessible::Name).split(u", "_s);
+            const bool isSong = node->role() == QAccessible::ListItem;
+            const QString name =
+                isSong ? u"%1 %2/%3"_s.arg(words[0], words[1].mid(6, 1), words.last()) : words[0];
+            if (!isSong && !name.startsWith(u"Group of"_s))
+                continue;
+            const QRect rect = rectOf(node->object());
+            if (list.contains(rect.center()))
+                rows.push_back({node, rect, name.toStdString()});
         }
         std::ranges::sort(rows, {}, [](const Row &row) { return row.rect.y(); });
         return rows;
     }
-    /// What the rows say, in short: "Group of 2 songs", "Original 0/1" (the song's and the folder's number).
     [[nodiscard]] std::vector<std::string> names() const
     {
         std::vector<std::string> names;
-        for (const Row &row : rows()) {
-            const QStringList words = row.node->text(QAccessible::Name).split(u", "_s);
-            const QString name =
-                words.size() == 1 ? words[0] : u"%1 %2/%3"_s.arg(words[0], words[1].mid(6, 1), words.last());
-            names.push_back(name.toStdString());
-        }
+        for (const Row &row : rows())
+            names.push_back(row.name);
         return names;
     }
     [[nodiscard]] std::string currentName() const
     {
-        const std::vector<Row> rows = this->rows();
-        const auto selected =
-            std::ranges::find_if(rows, [](const Row &row) { return row.node->state().selected; });
-        return selected == rows.end() ? "" : names()[static_cast<std::size_t>(selected - rows.begin())];
+        for (const Row &row : rows()) {
+            if (row.node->state().selected)
+                return row.name;
+        }
+        return {};
     }
     void clickRow(std::size_t row, Qt::MouseButton button = Qt::LeftButton) const
     {
         QTest::mouseClick(window, button, {}, rows().at(row).rect.center());
     }
-    [[nodiscard]] QPoint buttonOfRow(const QString &name, std::size_t row) const
+    [[nodiscard]] QAccessibleInterface *buttonInRow(const QString &name, std::size_t row) const
     {
         const QRect rect = rows().at(row).rect;
         for (QAccessibleInterface *node : accessibleNodes()) {
             if (node->text(QAccessible::Name) == name && rect.contains(rectOf(node->object()).center()))
-                return rectOf(node->object()).center();
+                return node;
         }
-        ADD_FAILURE() << "the row has no button " << name.toStdString();
-        return {};
+        throw std::runtime_error("the row has no button " + name.toStdString());
     }
     void clickInRow(const QString &button, std::size_t row) const
     {
-        QTest::mouseClick(window, Qt::LeftButton, {}, buttonOfRow(button, row));
+        QTest::mouseClick(window, Qt::LeftButton, {}, rectOf(buttonInRow(button, row)->object()).center());
     }
     /// Deletes by the pointer, once it may delete again after an earlier click.
     void deleteRow(std::size_t row) const
@@ -109,7 +110,34 @@ private:
     QTemporaryDir m_dataHome;
 };
 
-TEST_F(ResultsTest, ShowsGroupsAndCounts)
+TEST_F(ResultsTest, IsUsedByKeyboardAlone)
+{
+    showGroups({3, 2});
+    // Nothing is deleted by what has the focus first.
+    for (const Qt::Key key : {Qt::Key_Return, Qt::Key_Return, Qt::Key_Delete, Qt::Key_Down, Qt::Key_Down})
+        press(key);
+    EXPECT_THAT(trashed(), IsEmpty());
+    EXPECT_EQ(currentName(), "Duplicate 0/1");
+    press(Qt::Key_Space);
+    EXPECT_EQ(playing(), "1/Artist0 - Title0.flac");
+    press(Qt::Key_Space);
+    EXPECT_EQ(playing(), "");
+    press(Qt::Key_Left);
+    EXPECT_THAT(names(),
+                ElementsAre("Group of 3 songs", "Group of 2 songs", "Original 1/0", "Duplicate 1/1"));
+    for (const Qt::Key key : {Qt::Key_Return, Qt::Key_Left, Qt::Key_Right, Qt::Key_Down, Qt::Key_Down})
+        press(key);
+
+    // The current row is the next one, whether one row went or a whole group.
+    press(Qt::Key_Delete);
+    EXPECT_TRUE(waitFor([this] { return currentName() == "Duplicate 0/2"; })) << currentName();
+    press(Qt::Key_Delete);
+    EXPECT_TRUE(waitFor([this] { return rows().size() == 3; }));
+    press(Qt::Key_Down);
+    EXPECT_THAT(currentName(), HasSubstr(" 1/"));
+}
+
+TEST_F(ResultsTest, ShowsGroupsToAScreenReaderAndDoesWhatItPresses)
 {
     showGroups({2, 3});
     EXPECT_THAT(names(), ElementsAre("Group of 2 songs", "Original 0/0", "Duplicate 0/1", "Group of 3 songs",
@@ -122,44 +150,44 @@ TEST_F(ResultsTest, ShowsGroupsAndCounts)
     EXPECT_NE(find(QAccessible::ListItem, u"Original, Artist0 - Title0.flac, FLAC, 0:01, 22 KB, 0"_s),
               nullptr);
     EXPECT_EQ(find(QAccessible::Button, QString()), nullptr) << "every button has a name";
-}
 
-TEST_F(ResultsTest, CollapsesGroupsByClickAndByKey)
-{
-    showGroups({2, 3});
-    clickRow(0);
-    EXPECT_THAT(names(), ElementsAre("Group of 2 songs", "Group of 3 songs", "Original 1/0", "Duplicate 1/1",
-                                     "Duplicate 1/2"));
-    press(Qt::Key_Right);
+    clickRow(3);
+    EXPECT_EQ(rows().size(), 4U);
+    activate(rows()[3].node);
     EXPECT_EQ(rows().size(), 7U);
-    for (const Qt::Key key : {Qt::Key_Down, Qt::Key_Down, Qt::Key_Left})
-        press(key);
-    EXPECT_EQ(rows().size(), 5U);
-    press(Qt::Key_Return);
-    EXPECT_EQ(rows().size(), 7U);
+    activate(buttonInRow(PLAY, 1));
+    EXPECT_EQ(playing(), "0/Artist0 - Title0.flac");
+    activate(buttonInRow(DELETE, 2));
+    EXPECT_THAT(names(), ElementsAre("Group of 3 songs", "Original 1/0", "Duplicate 1/1", "Duplicate 1/2"));
+    activate(CLEAN_UP);
+    EXPECT_TRUE(waitForText(u"Moved 2 files to Trash \u2022 Saved 43 KB"_s));
+    EXPECT_TRUE(waitForText(u"Perfect! No Duplicates Found"_s));
+    EXPECT_EQ(trashed().size(), 3);
+    EXPECT_EQ(filesIn(music.path()).size(), 2);
+    // There is nothing left to do it to.
+    session.setShowToast(false);
+    activate(CLEAN_UP);
+    activate(MOVE);
+    QTest::qWait(50);
+    EXPECT_FALSE(session.showToast());
 }
 
 TEST_F(ResultsTest, PlaysOneSongAtATimeAndSeeksOnlyInItsRow)
 {
     showGroups({2});
-    // The colour of a row beside what is written in it.
-    const auto colorOf = [this](std::size_t row) {
-        return window->grabWindow().pixel(rows().at(row).rect.center() + QPoint(120, 0));
-    };
-    const QRgb resting = colorOf(1);
-    clickRow(1);
-    EXPECT_EQ(playing(), "");
     clickInRow(PLAY, 1);
-    EXPECT_TRUE(waitFor([&] { return session.player() && colorOf(1) != resting; }));
+    EXPECT_TRUE(waitFor([this] { return session.player() != nullptr; }));
     desktop.calls.clear();
     clickRow(2);
     EXPECT_THAT(desktop.takeCalls(), IsEmpty());
-    QTest::mouseClick(window, Qt::LeftButton, {}, QPoint(880, rows()[1].rect.center().y() - 12));
+    const QRect playingRow = rows()[1].rect;
+    const QImage lit = window->grabWindow().copy(playingRow);
+    QTest::mouseClick(window, Qt::LeftButton, {}, QPoint(880, playingRow.center().y() - 12));
     EXPECT_THAT(desktop.takeCalls(), ElementsAre(HasSubstr("0/Artist0 - Title0.flac: seek ")));
 
     clickInRow(PLAY, 2);
     EXPECT_EQ(playing(), "1/Artist0 - Title0.flac");
-    EXPECT_TRUE(waitFor([&] { return colorOf(1) == resting && colorOf(2) != resting; }));
+    EXPECT_TRUE(waitFor([&] { return window->grabWindow().copy(playingRow) != lit; }));
     clickInRow(PLAY, 2);
     EXPECT_EQ(playing(), "");
 }
@@ -173,29 +201,21 @@ TEST_F(ResultsTest, DeletesSongsAndLeavesEverythingElseInPlace)
                                      "Original 1/0", "Duplicate 1/1"));
     EXPECT_TRUE(waitForText(u"Moved to Trash: Artist0 - Title0.flac"_s));
     EXPECT_TRUE(shows(u"2 duplicates"_s));
-    // A file that has vanished leaves the counts, and its row stays.
-    session.setShowToast(false);
-    ASSERT_TRUE(QFile::remove(music.pathOf(u"2/Artist0 - Title0.flac"_s)));
-    deleteRow(2);
-    EXPECT_EQ(rows().size(), 6U);
-    EXPECT_TRUE(shows(u"3 total"_s));
-    EXPECT_FALSE(session.showToast());
     deleteRow(1);
     EXPECT_THAT(names(), ElementsAre("Group of 2 songs", "Original 1/0", "Duplicate 1/1"));
-    EXPECT_EQ(trashed().size(), 2);
     EXPECT_EQ(playing(), "0/Artist1 - Title1.flac");
 
     deleteRow(1);
     EXPECT_EQ(playing(), "");
     EXPECT_TRUE(waitForText(u"Perfect! No Duplicates Found"_s));
-    EXPECT_TRUE(shows(u"1 songs scanned"_s));
+    EXPECT_TRUE(shows(u"2 songs scanned"_s));
     EXPECT_TRUE(shows(u"Drop a folder to scan for duplicate songs"_s));
 }
 
 TEST_F(ResultsTest, DeletesOneSongForOnePressHoweverItIsMade)
 {
     showGroups({6});
-    const QPoint button = buttonOfRow(DELETE, 2);
+    const QPoint button = rectOf(buttonInRow(DELETE, 2)->object()).center();
     QTest::mouseClick(window, Qt::LeftButton, {}, button);
     QTest::mouseDClick(window, Qt::LeftButton, {}, button);
     EXPECT_EQ(trashed().size(), 1);
@@ -210,28 +230,6 @@ TEST_F(ResultsTest, DeletesOneSongForOnePressHoweverItIsMade)
     EXPECT_EQ(trashed().size(), 2);
     press(Qt::Key_Delete);
     EXPECT_EQ(trashed().size(), 3);
-}
-
-TEST_F(ResultsTest, IsUsedByKeyboardAlone)
-{
-    showGroups({3, 2});
-    // Nothing is deleted by what has the focus first.
-    for (const Qt::Key key : {Qt::Key_Return, Qt::Key_Return, Qt::Key_Delete, Qt::Key_Down, Qt::Key_Down})
-        press(key);
-    EXPECT_THAT(trashed(), IsEmpty());
-    EXPECT_EQ(currentName(), "Duplicate 0/1");
-    press(Qt::Key_Space);
-    EXPECT_EQ(playing(), "1/Artist0 - Title0.flac");
-    press(Qt::Key_Space);
-    EXPECT_EQ(playing(), "");
-
-    // The current row is the next one, whether one row went or a whole group.
-    press(Qt::Key_Delete);
-    EXPECT_TRUE(waitFor([this] { return currentName() == "Duplicate 0/2"; })) << currentName();
-    press(Qt::Key_Delete);
-    EXPECT_TRUE(waitFor([this] { return rows().size() == 3; }));
-    press(Qt::Key_Down);
-    EXPECT_THAT(currentName(), HasSubstr(" 1/"));
 }
 
 TEST_F(ResultsTest, KeepsItsPlaceWhenASongIsDeletedFarDown)
@@ -255,29 +253,20 @@ TEST_F(ResultsTest, KeepsItsPlaceWhenASongIsDeletedFarDown)
     EXPECT_EQ(names()[1], before[1]);
 }
 
-TEST_F(ResultsTest, CleansUpAllDuplicates)
+TEST_F(ResultsTest, MovesDuplicatesToAFolderOrTheTrashAndClearsTheList)
 {
-    showGroups({2, 3});
-    click(CLEAN_UP);
-    EXPECT_TRUE(waitForText(u"Moved 3 files to Trash \u2022 Saved 65 KB"_s));
-    EXPECT_TRUE(waitForText(u"Perfect! No Duplicates Found"_s));
-    EXPECT_EQ(trashed().size(), 3);
-    EXPECT_EQ(filesIn(music.path()).size(), 2);
-    // There is nothing left to do it to.
-    session.setShowToast(false);
-    click(CLEAN_UP);
-    click(MOVE);
-    EXPECT_FALSE(session.showToast());
-    click(u"Clear List"_s);
-    EXPECT_TRUE(waitForText(WELCOME));
-
     const QTemporaryDir target;
     desktop.onChooseFolder = [&target] { return target.path(); };
-    showGroups({0, 0, 3});
+    showGroups({3});
     click(MOVE);
     EXPECT_TRUE(waitForText(u"Moved 2 files to folder \u2022 Saved 43 KB"_s));
     EXPECT_EQ(filesIn(desktop.clipboard).size(), 2);
-    EXPECT_TRUE(goOnUntil([this] { return shows(u"Folder path copied to clipboard"_s); }));
+    click(u"Clear List"_s);
+    EXPECT_TRUE(waitForText(WELCOME));
+    showGroups({0, 2});
+    click(CLEAN_UP);
+    EXPECT_TRUE(waitForText(u"Moved 1 files to Trash \u2022 Saved 22 KB"_s));
+    EXPECT_EQ(trashed().size(), 1);
 }
 
 TEST_F(ResultsTest, OffersWhatCanBeDoneWithASongInItsMenu)
@@ -285,7 +274,7 @@ TEST_F(ResultsTest, OffersWhatCanBeDoneWithASongInItsMenu)
     showGroups({2});
     const auto choose = [this](const QString &entry) {
         EXPECT_TRUE(waitFor([&] { return find(QAccessible::MenuItem, entry) != nullptr; }));
-        click(entry, QAccessible::MenuItem);
+        activate(find(QAccessible::MenuItem, entry));
         EXPECT_TRUE(waitFor([&] { return find(QAccessible::MenuItem, entry) == nullptr; }));
     };
     const QString path = music.pathOf(u"1/Artist0 - Title0.flac"_s);

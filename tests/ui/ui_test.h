@@ -10,13 +10,6 @@
 
 #include <gtest/gtest.h>
 
-#include <ostream>
-
-inline void PrintTo(const QString &text, std::ostream *stream)
-{
-    *stream << '"' << text.toStdString() << '"';
-}
-
 namespace sonavo {
 
 inline const QList<QUrl> SAMPLES{QUrl::fromLocalFile(QStringLiteral(SONAVO_SAMPLES))};
@@ -76,6 +69,13 @@ protected:
             return condition();
         });
     }
+    /// Does what a screen reader's "Press" does.
+    static void activate(QAccessibleInterface *control)
+    {
+        ASSERT_TRUE(control && control->actionInterface());
+        control->actionInterface()->doAction(QAccessibleActionInterface::pressAction());
+    }
+    void activate(const QString &button) const { activate(find(QAccessible::Button, button)); }
     void scan(const QList<QUrl> &urls)
     {
         session.startScan(urls);

@@ -23,6 +23,7 @@ const QString LONG_TOAST =
     u"Could not delete file: "_s + u"a very long reason "_s.repeated(20) + QString(120, u'x');
 
 const QUrl SONG = QUrl::fromLocalFile(QStringLiteral(SONAVO_SAMPLES "/Albums/Cora Lind - Go.mp3"));
+const QUrl LINK(u"https://example.org/music"_s);
 /// More than are imported without asking.
 const QList<QUrl> MANY(10'001, SONG);
 
@@ -82,31 +83,24 @@ protected:
         return rectOf(find(QAccessible::StaticText, u"Drag & Drop Music Folder Here"_s)->object()).center() -
                QPoint(0, 20);
     }
-    /// Drags into the window, from a program that offers to move the files as well.
-    /// @return whether the window would take them
+    /// Drags into the window. @return whether it would take the data
     bool drag(const QPoint &point, const QMimeData &data)
     {
-        QDragEnterEvent enter(point, OFFERED, &data, Qt::LeftButton, {});
+        QDragEnterEvent enter(point, Qt::CopyAction, &data, Qt::LeftButton, {});
         enter.ignore();
         QCoreApplication::sendEvent(window, &enter);
-        QDragMoveEvent move(point, OFFERED, &data, Qt::LeftButton, {});
-        move.setAccepted(enter.isAccepted());
-        QCoreApplication::sendEvent(window, &move);
-        return move.isAccepted();
+        return enter.isAccepted();
     }
-    void leave()
+    /// Ends an earlier drag, and drops in another place.
+    void drop(const QPoint &point, const QList<QUrl> &urls)
     {
         QDragLeaveEvent leave;
         QCoreApplication::sendEvent(window, &leave);
-    }
-    void drop(const QPoint &point, const QList<QUrl> &urls)
-    {
         QMimeData data;
         data.setUrls(urls);
-        if (!drag(point, data))
-            return leave();
-        QDropEvent drop(point, OFFERED, &data, Qt::LeftButton, {});
-        QCoreApplication::sendEvent(window, &drop);
+        QDropEvent drop(point, Qt::CopyAction, &data, Qt::LeftButton, {});
+        if (drag(point, data))
+            QCoreApplication::sendEvent(window, &drop);
         QTest::qWait(1);
     }
 
@@ -143,7 +137,6 @@ protected:
         }
     }
 
-    static constexpr Qt::DropActions OFFERED = Qt::CopyAction | Qt::MoveAction;
     static inline QStringList alerts;
 };
 
@@ -178,7 +171,6 @@ TEST_F(WindowTest, GoesBackToWelcomeWhenThereIsNothingToShow)
 {
     scan(SAMPLES);
     press(Qt::Key_L, Qt::ControlModifier);
-    EXPECT_EQ(session.songCount(), 0);
     EXPECT_TRUE(shows(WELCOME));
 
     session.startScan(SAMPLES);
@@ -188,7 +180,6 @@ TEST_F(WindowTest, GoesBackToWelcomeWhenThereIsNothingToShow)
     for (int turn = 0; turn < 10; ++turn)
         EXPECT_TRUE(goOnUntil([] { return true; }));
     EXPECT_TRUE(shows(WELCOME));
-    EXPECT_EQ(session.songCount(), 0);
 
     const QTemporaryDir empty;
     session.startScan({QUrl::fromLocalFile(empty.path())});
@@ -197,31 +188,16 @@ TEST_F(WindowTest, GoesBackToWelcomeWhenThereIsNothingToShow)
     EXPECT_TRUE(shows(WELCOME));
 }
 
-TEST_F(WindowTest, ImportsWhatIsChosen)
-{
-    click(BROWSE);
-    EXPECT_TRUE(shows(WELCOME)) << "nothing was chosen";
-    desktop.choice = SAMPLES;
-    click(BROWSE);
-    EXPECT_TRUE(shows(CANCEL_SCAN));
-    QTest::qWait(1);
-    press(Qt::Key_O, Qt::ControlModifier);
-    QTest::qWait(1);
-    EXPECT_EQ(scans(), 2) << "also during a scan";
-}
-
 TEST_F(WindowTest, AsksBeforeALargeImportEveryTime)
 {
-    for (int time = 0; time < 2; ++time) {
-        raiseLimitWarning();
-        expectAccessible();
-        EXPECT_NE(find(QAccessible::Dialog, LARGE_LIBRARY), nullptr);
-        click(u"Cancel"_s);
-        EXPECT_TRUE(waitForNoText(LARGE_LIBRARY));
-        EXPECT_TRUE(shows(WELCOME));
-        EXPECT_FALSE(session.showLimitWarning());
-        EXPECT_THAT(session.pendingImportURLs(), IsEmpty());
-    }
+    raiseLimitWarning();
+    expectAccessible();
+    EXPECT_NE(find(QAccessible::Dialog, LARGE_LIBRARY), nullptr);
+    click(u"Cancel"_s);
+    EXPECT_TRUE(waitForNoText(LARGE_LIBRARY));
+    EXPECT_TRUE(shows(WELCOME));
+    EXPECT_FALSE(session.showLimitWarning());
+    EXPECT_THAT(session.pendingImportURLs(), IsEmpty());
     // The next one may come while the sheet fades.
     raiseLimitWarning();
     press(Qt::Key_Escape);
@@ -233,22 +209,19 @@ TEST_F(WindowTest, AsksBeforeALargeImportEveryTime)
     EXPECT_TRUE(waitForNoText(LARGE_LIBRARY));
     EXPECT_EQ(scans(), 0);
 
-    for (const bool isClicked : {true, false}) {
-        raiseLimitWarning();
-        isClicked ? click(ADD_ANYWAY) : press(Qt::Key_Return);
-        EXPECT_TRUE(waitForNoText(LARGE_LIBRARY));
-        EXPECT_TRUE(goOnUntil([this] { return session.totalFiles() == MANY.size(); }));
-        session.clearAll();
-    }
+    raiseLimitWarning();
+    press(Qt::Key_Return);
+    EXPECT_TRUE(waitForNoText(LARGE_LIBRARY));
+    EXPECT_TRUE(goOnUntil([this] { return session.totalFiles() == MANY.size(); }));
 }
 
 TEST_F(WindowTest, ShowsAnAlertUntilItIsDismissed)
 {
-    for (const bool isClicked : {true, false}) {
+    for (const bool isPressedByKey : {true, false}) {
         raiseAlert();
         expectAccessible();
         EXPECT_TRUE(waitFor([] { return alerts.removeAll(ALERT) == 1; })) << "announced once";
-        isClicked ? click(u"OK"_s) : press(Qt::Key_Return);
+        isPressedByKey ? press(Qt::Key_Return) : activate(u"OK"_s);
         EXPECT_TRUE(waitForNoText(ALERT));
         EXPECT_FALSE(session.showAlert());
     }
@@ -257,20 +230,26 @@ TEST_F(WindowTest, ShowsAnAlertUntilItIsDismissed)
 
 TEST_F(WindowTest, ShowsTheLatestToastUntilItIsClosed)
 {
+    for (const bool isClicked : {true, false}) {
+        session.showToast(u"One moment"_s, ToastType::Info);
+        session.showToast(LONG_TOAST, ToastType::Success);
+        EXPECT_TRUE(waitForText(LONG_TOAST));
+        // Lays everything out.
+        EXPECT_FALSE(window->grabWindow().isNull());
+        QAccessibleInterface *toast = find(QAccessible::AlertMessage, LONG_TOAST);
+        ASSERT_NE(toast, nullptr);
+        EXPECT_LE(rectOf(toast->object()).width(), 500);
+        expectAccessible();
+        EXPECT_THAT(alerts, ElementsAre(LONG_TOAST)) << "announced once";
+        alerts.clear();
+        isClicked ? click(u"Close"_s) : activate(u"Close"_s);
+        EXPECT_TRUE(waitForNoText(LONG_TOAST));
+        EXPECT_FALSE(session.showToast());
+    }
     session.showToast(u"One moment"_s, ToastType::Info);
-    EXPECT_TRUE(waitForText(u"One moment"_s));
+    QTest::qWait(1);
     session.showToast(LONG_TOAST, ToastType::Success);
-    EXPECT_TRUE(waitForText(LONG_TOAST));
-    // Lays everything out.
-    EXPECT_FALSE(window->grabWindow().isNull());
-    QAccessibleInterface *toast = find(QAccessible::AlertMessage, LONG_TOAST);
-    ASSERT_NE(toast, nullptr);
-    EXPECT_LE(rectOf(toast->object()).width(), 500);
-    expectAccessible();
-    EXPECT_TRUE(waitFor([] { return alerts.removeAll(LONG_TOAST) == 1; })) << "announced once";
-    click(u"Close"_s);
-    EXPECT_TRUE(waitForNoText(LONG_TOAST));
-    EXPECT_FALSE(session.showToast());
+    EXPECT_TRUE(waitFor([] { return alerts == QStringList{u"One moment"_s, LONG_TOAST}; }));
 }
 
 TEST_F(WindowTest, ClosesWhatIsOnTopWithEscapeAndKeepsTheWorkingArea)
@@ -288,9 +267,36 @@ TEST_F(WindowTest, ClosesWhatIsOnTopWithEscapeAndKeepsTheWorkingArea)
     EXPECT_GT(session.songCount(), 0);
 }
 
-TEST_F(WindowTest, ImportsOnceWhatIsDroppedAnywhere)
+TEST_F(WindowTest, ImportsOnceWhatIsChosen)
 {
-    drop(dropZone(), SAMPLES);
+    click(BROWSE);
+    EXPECT_TRUE(shows(WELCOME)) << "nothing was chosen";
+    desktop.choice = SAMPLES;
+    activate(BROWSE);
+    QTest::qWait(1);
+    EXPECT_TRUE(shows(CANCEL_SCAN));
+    press(Qt::Key_O, Qt::ControlModifier);
+    QTest::qWait(1);
+    EXPECT_EQ(scans(), 2) << "also during a scan";
+}
+
+TEST_F(WindowTest, LightsUpUnderFilesAndImportsThemOnceWhereverTheyAreDropped)
+{
+    const auto zone = [this] {
+        return window->grabWindow().copy(QRect(dropZone() - QPoint(200, 40), QSize(400, 40)));
+    };
+    const QImage unlit = zone();
+    QMimeData text;
+    text.setText(u"music"_s);
+    EXPECT_FALSE(drag(dropZone(), text));
+    drop(corner(), {LINK});
+    EXPECT_EQ(scans(), 0);
+    QMimeData files;
+    files.setUrls({LINK, SONG});
+    EXPECT_TRUE(drag(dropZone(), files));
+    EXPECT_TRUE(waitFor([&] { return zone() != unlit; }));
+
+    drop(dropZone(), {LINK, SONG});
     EXPECT_EQ(scans(), 1) << "the zone is inside of the window, which takes drops itself";
     EXPECT_TRUE(shows(CANCEL_SCAN));
     drop(corner(), SAMPLES);
@@ -303,31 +309,6 @@ TEST_F(WindowTest, ImportsOnceWhatIsDroppedAnywhere)
         waitForText(u"Only “Phone” is being scanned. Use “Add Song” to choose several items together."_s));
     EXPECT_TRUE(goOnUntil([this] { return !session.isScanning(); }));
     EXPECT_EQ(session.songCount(), QDir(phone.toLocalFile()).entryList(QDir::Files).size());
-}
-
-TEST_F(WindowTest, LightsUpUnderFilesAndTakesNothingElse)
-{
-    const auto zone = [this] {
-        return window->grabWindow().copy(QRect(dropZone() - QPoint(200, 40), QSize(400, 40)));
-    };
-    const QImage unlit = zone();
-    const QUrl link(u"https://example.org/music"_s);
-    QMimeData data;
-    data.setText(u"music"_s);
-    EXPECT_FALSE(drag(dropZone(), data));
-    QTest::qWait(350);
-    EXPECT_EQ(zone(), unlit);
-    leave();
-    drop(corner(), {link});
-    EXPECT_EQ(scans(), 0);
-
-    data.setUrls({link, SONG});
-    EXPECT_TRUE(drag(dropZone(), data));
-    EXPECT_TRUE(waitFor([&] { return zone() != unlit; }));
-    leave();
-    EXPECT_TRUE(waitFor([&] { return zone() == unlit; }));
-    drop(dropZone(), {link, SONG});
-    EXPECT_TRUE(goOnUntil([this] { return session.songCount() == 1; }));
 }
 
 TEST_F(WindowTest, LetsTheKeyboardReachEveryButtonAndShowsWhereItIs)
@@ -357,16 +338,18 @@ TEST_F(WindowTest, LetsTheKeyboardReachEveryButtonAndShowsWhereItIs)
     EXPECT_THAT(tabStops(), ElementsAre(ADD_ANYWAY, u"Cancel"_s)) << "what lies below is out of reach";
 }
 
-TEST_F(WindowTest, HasMenusAndTellsAboutItself)
+TEST_F(WindowTest, HasMenusAndAThemeAndTellsAboutItself)
 {
+    activate(TO_DARK);
+    EXPECT_EQ(ThemeManager::shared()->currentTheme(), AppTheme::Dark);
     for (const auto &[menu, entry] : {std::pair(u"File"_s, u"Quit"_s), std::pair(u"Window"_s, u"Minimize"_s),
                                       std::pair(u"Help"_s, u"About Sonavo"_s)}) {
         press(Qt::Key_Escape);
-        click(menu, QAccessible::MenuBar);
+        activate(find(QAccessible::MenuBar, menu));
         ASSERT_TRUE(waitForText(entry));
         expectAccessible();
     }
-    click(u"About Sonavo"_s, QAccessible::MenuItem);
+    activate(find(QAccessible::MenuItem, u"About Sonavo"_s));
     ASSERT_TRUE(waitFor([this] { return focusedName() == u"Close"; }));
     expectAccessible();
     EXPECT_NE(find(QAccessible::Dialog, u"About Sonavo"_s), nullptr);

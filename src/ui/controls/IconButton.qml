@@ -17,6 +17,7 @@ T.AbstractButton {
     focusPolicy: Qt.NoFocus
     Accessible.role: Accessible.Button
     Accessible.name: toolTip
+    Accessible.onPressAction: clicked()
 
     PlainToolTip {
         text: control.toolTip

@@ -20,6 +20,7 @@ T.Button {
 
     Accessible.role: Accessible.Button
     Accessible.name: text
+    Accessible.onPressAction: if (enabled) clicked()
 
     Keys.onReturnPressed: event => { if (!event.isAutoRepeat) clicked(); }
     Keys.onEnterPressed: event => { if (!event.isAutoRepeat) clicked(); }

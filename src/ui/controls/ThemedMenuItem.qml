@@ -10,6 +10,7 @@ MenuItem {
     font.pixelSize: 13
     Accessible.name: text
     Accessible.description: shortcutText.nativeText
+    Accessible.onPressAction: action ? action.trigger() : clicked()
 
     contentItem: Item {
         PlainText {

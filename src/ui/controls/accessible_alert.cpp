@@ -9,11 +9,8 @@ void AccessibleAlert::raise(QQuickItem *notice)
 {
     if (!notice || !QAccessible::isActive())
         return;
-    const auto announce = [notice] {
-        QAccessibleEvent event(notice, QAccessible::Alert);
-        QAccessible::updateAccessibility(&event);
-    };
-    QMetaObject::invokeMethod(notice, announce, Qt::QueuedConnection);
+    QAccessibleEvent event(notice, QAccessible::Alert);
+    QAccessible::updateAccessibility(&event);
 }
 
 } // namespace sonavo

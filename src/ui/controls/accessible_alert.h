@@ -16,7 +16,7 @@ class AccessibleAlert : public QObject
 public:
     using QObject::QObject;
 
-    /// Announces a notice at the next turn of the event loop, when its bindings have been updated.
+    /// Announces a notice.
     /// @param notice an item with the role AlertMessage and an accessible name; null does nothing
     Q_INVOKABLE void raise(QQuickItem *notice);
 };

@@ -24,6 +24,8 @@ T.AbstractButton {
     Accessible.checkable: true
     Accessible.checked: isExpanded
     Accessible.description: isExpanded ? qsTr("expanded") : qsTr("collapsed")
+    Accessible.onPressAction: clicked()
+    Accessible.onToggleAction: clicked()
 
     contentItem: Item {
         Rectangle {

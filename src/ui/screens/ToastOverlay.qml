@@ -22,8 +22,9 @@ Item {
         opacity: overlay.isShowing ? 1 : 0
         visible: opacity > 0
         onClosed: overlay.viewModel.showToast = false
-        onMessageChanged: announce()
+        onMessageChanged: Qt.callLater(announce)
 
+        // Once for all that changes in one turn of the event loop.
         function announce() {
             if (overlay.isShowing)
                 AccessibleAlert.raise(toast);
@@ -44,7 +45,7 @@ Item {
         }
     }
 
-    onIsShowingChanged: toast.announce()
+    onIsShowingChanged: Qt.callLater(toast.announce)
 
     Shortcut {
         sequence: "Escape"

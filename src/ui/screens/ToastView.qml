@@ -59,6 +59,7 @@ Card {
             focusPolicy: Qt.TabFocus
             Accessible.role: Accessible.Button
             Accessible.name: qsTr("Close")
+            Accessible.onPressAction: clicked()
             onClicked: toast.closed()
 
             contentItem: Item {

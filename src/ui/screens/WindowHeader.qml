@@ -25,6 +25,7 @@ Rectangle {
             horizontalPadding: 10
             font.pixelSize: 13
             Accessible.name: item.text.replace("&", "")
+            Accessible.onPressAction: clicked()
             contentItem: PlainText {
                 text: item.Accessible.name
                 font: item.font
@@ -53,6 +54,7 @@ Rectangle {
 
         Accessible.role: Accessible.Button
         Accessible.name: toolTip.text
+        Accessible.onPressAction: clicked()
         Keys.onReturnPressed: event => { if (!event.isAutoRepeat) clicked(); }
         Keys.onEnterPressed: event => { if (!event.isAutoRepeat) clicked(); }
 
