@@ -54,7 +54,9 @@ if(SONAVO_SANITIZE)
     target_link_options(sonavo_options INTERFACE -fsanitize=address,undefined)
     if(CMAKE_CXX_COMPILER_ID STREQUAL "Clang")
         # Clang 14 does not support this check in coroutines.
-        target_compile_options(sonavo_options INTERFACE -fno-sanitize=function)
+        target_compile_options(
+            sonavo_options INTERFACE -fno-sanitize=function
+                                     -fsanitize-ignorelist=${CMAKE_CURRENT_LIST_DIR}/sanitizers.ignore)
     endif()
 endif()
 

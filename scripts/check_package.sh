@@ -33,4 +33,4 @@ install_inside --no-install-recommends \
     xvfb openbox xdotool ffmpeg pulseaudio pulseaudio-utils dbus-daemon
 inside "$system" bash use_window.sh sonavo Music
 cp "$home/window.png" "$root/build/package_window.png"
-echo "The package is right: $package"
+echo "The package works: $package"

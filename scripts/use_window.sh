@@ -10,7 +10,7 @@ XDG_RUNTIME_DIR=$(mktemp --directory)
 export XDG_RUNTIME_DIR DISPLAY=:77 PULSE_SERVER=unix:$XDG_RUNTIME_DIR/sound
 trap "kill \$(jobs -p) 2>/dev/null || true" EXIT
 
-# wait_for COMMAND... tries until it succeeds, 30 seconds at most.
+# wait_for COMMAND... retries a command until it succeeds, for 30 seconds at most.
 wait_for() {
     local tries
     for tries in {1..150}; do
@@ -19,7 +19,7 @@ wait_for() {
         fi
         sleep 0.2
     done
-    echo "Waited in vain for: $*" >&2
+    echo "Timed out waiting for: $*" >&2
     return 1
 }
 
@@ -35,12 +35,12 @@ window_program=$!
 wait_for xdotool search --onlyvisible --name '^Sonavo$'
 window=$(xdotool search --onlyvisible --name '^Sonavo$' | head -n 1)
 xdotool windowsize --sync "$window" 1200 760 windowfocus --sync "$window"
-# The scan of a few songs takes a second or two.
+# A scan of a few songs takes a second or two.
 sleep 5
 
 parec --device=silent.monitor --format=s16le --rate=8000 --channels=1 >"$XDG_RUNTIME_DIR/heard" &
 recorder=$!
-# The list of results takes the keys: the first row is a group, the next its original.
+# Tabs go to the list of results. Its first row is a group, the next the original of that group.
 xdotool key --window "$window" --delay 200 Tab Tab Tab Tab Tab Tab Home Down space
 sleep 2
 ffmpeg -nostdin -loglevel error -f x11grab -i "$DISPLAY" -frames:v 1 -y window.png

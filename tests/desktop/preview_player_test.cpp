@@ -148,7 +148,7 @@ TEST_F(PreviewPlayerTest, CanBeDestroyedAtAnyTimeAndIsSilentBeforeTheNextIsHeard
             player->play();
         QTest::qWait(i * 8);
     }
-    ASSERT_FALSE(m_sound->starts().empty());
+    ASSERT_TRUE(waitFor([this] { return !m_sound->starts().empty(); }));
     EXPECT_LT(m_sound->peak(), 1.2 * PEAK); // two songs at once would be louder
 }
 
