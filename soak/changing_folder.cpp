@@ -81,8 +81,8 @@ void ChangingFolder::change()
             target.write(smallAudio(QStringLiteral("MP3"), 2.0).content);
         return;
     case 4:
-        QFile::remove(filePath);
-        ::mkfifo(QFile::encodeName(filePath).constData(), 0600);
+        // Under a new name: a preview that opens a pipe in place of its song would hang for good.
+        ::mkfifo(QFile::encodeName(newPath(file.path()) + u'.' + file.suffix()).constData(), 0600);
         return;
     default:
         QFile::remove(filePath);
