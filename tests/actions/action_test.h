@@ -65,7 +65,7 @@ protected:
     }
 
     const PrivateHome home;
-    const OtherFileSystem other;
+    const OtherFileSystem other{};
     PrivateMounts mounts;
     const fs::path trash = home.path(".local/share/Trash");
 };
