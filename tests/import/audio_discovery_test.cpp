@@ -25,11 +25,6 @@ protected:
         for (const std::string &name : files)
             home.add(name);
     }
-    void addMany(const std::string &folder, int count, const std::string &extension = ".mp3") const
-    {
-        for (int i = 0; i < count; ++i)
-            home.add(folder + '/' + std::to_string(i) + extension);
-    }
     QList<QUrl> urls(const Names &names) const
     {
         QList<QUrl> urls;
@@ -115,10 +110,10 @@ TEST_F(AudioDiscovery, EstimatesByCountingAHundredEntriesAndMultipliesTheWholeCo
 {
     add({"one.mp3", "song.ogg", "hidden/a.mp3", "hidden/.b.mp3", "hidden/.c/d.mp3",
          "packages/Song.band/a.mp3"});
-    addMany("hundred", 100);
-    addMany("many", 101);
-    addMany("other", 150, ".txt");
-    addMany("nested/inner", 100);
+    for (int i = 0; i < 100; ++i)
+        add({"hundred/" + std::to_string(i) + ".mp3", "many/" + std::to_string(i) + ".mp3",
+             "nested/inner/" + std::to_string(i) + ".mp3", "other/" + std::to_string(i) + ".txt"});
+    add({"many/100.mp3", "other/100.txt"});
     const std::pair<Names, qint64> cases[] = {
         {{}, 0},
         {{"one.mp3", "song.ogg", "one.mp3", "vanished"}, 2},
