@@ -86,6 +86,7 @@ void CleanUp::finish(const CleanUpOutcome &outcome, const QString &moved, const 
     }
 }
 
+// NOLINTNEXTLINE(performance-unnecessary-value-param): a reference could be to a song that is removed here.
 void CleanUp::deleteSong(Song song)
 {
     if (m_preview.isOf(song)) {

@@ -105,16 +105,14 @@ bool Importer::importWithinLimits(const QList<QUrl> &urls, const QString &refusa
     return true;
 }
 
-void Importer::startScan(const QList<QUrl> &urls)
+void Importer::startScan(QList<QUrl> urls)
 {
     if (urls.isEmpty())
         return;
-    // The list may be the pending one itself.
-    const QList<QUrl> items = urls;
     // Announced only after the scan has started: what a listener does then has the last word.
     const State before = std::exchange(m_state, {.isAsking = m_state.isAsking, .pendingUrls = {}});
     const QPointer<Importer> self(this);
-    m_scan.start(items);
+    m_scan.start(std::move(urls));
     if (self && before != m_state)
         Q_EMIT changed(before);
 }

@@ -56,7 +56,8 @@ public:
 
     /// Scans without asking, in place of a scan that may be running; nothing is pending then. An empty list
     /// does nothing.
-    void startScan(const QList<QUrl> &urls);
+    /// @param urls may be the pending ones
+    void startScan(QList<QUrl> urls);
 
     /// Forgets what is pending.
     void reset();

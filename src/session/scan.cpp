@@ -104,13 +104,14 @@ Scan::Scan(Library &library, Notices &notices, std::shared_ptr<Pauses> pauses, Q
     , m_pauses(std::move(pauses))
 {}
 
-void Scan::start(const QList<QUrl> &urls)
+void Scan::start(QList<QUrl> urls)
 {
     m_stop.request_stop();
     m_stop = std::stop_source();
     const Run run(this, m_stop.get_token());
     QMetaObject::invokeMethod(
-        this, [run, urls, pauses = m_pauses] { scan(run, urls, pauses); }, Qt::QueuedConnection);
+        this, [run, items = std::move(urls), pauses = m_pauses] { scan(run, items, pauses); },
+        Qt::QueuedConnection);
     run.update([](State &state) {
         state.isRunning = true;
         state.progress = 0.0;

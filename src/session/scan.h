@@ -45,7 +45,7 @@ public:
 
     /// Scans these items, in place of a scan that may be running. Returns at once.
     /// @param urls file URLs; others contribute nothing
-    void start(const QList<QUrl> &urls);
+    void start(QList<QUrl> urls);
 
     /// Cancels a running scan, which publishes nothing more, and returns to the initial state.
     void reset();
