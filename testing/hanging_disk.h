@@ -12,8 +12,8 @@
 
 namespace sonavo {
 
-/// A disk that does not answer: reads of some files block in the kernel until they are let go. Holds for the
-/// thread that calls start(), and for the threads and processes that it starts from then on. Once a process.
+/// A disk that does not answer: reads of some files block in the kernel until they are released. Affects the
+/// thread that calls start(), and the threads and processes that it starts afterwards. Once per process.
 class HangingDisk
 {
 public:
@@ -21,7 +21,7 @@ public:
     explicit HangingDisk(QByteArray marker)
         : m_marker(std::move(marker))
     {}
-    /// Lets go.
+    /// Releases the reads that hang.
     ~HangingDisk() { letGo(); }
     Q_DISABLE_COPY_MOVE(HangingDisk)
 

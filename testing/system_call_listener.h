@@ -12,7 +12,7 @@
 namespace sonavo {
 
 /// Stops system calls of the calling thread, and of the threads and processes that it starts from then on,
-/// until a test has decided what becomes of them. Once a process: nothing can take that back. When the
+/// until a test has decided what becomes of them. Once per process: it cannot be undone. When the
 /// listener is destroyed, calls that are not answered fail with ENOSYS.
 class SystemCallListener
 {

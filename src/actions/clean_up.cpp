@@ -36,8 +36,7 @@ std::optional<KnownFile> readableFile(const QString &path)
     return hasName && S_ISREG(file->mode) ? std::optional(KnownFile{resolved, *file}) : std::nullopt;
 }
 
-/// Whether two files, which are not one by their identities, may be one that is seen through two file
-/// systems.
+/// Whether two files with different identities may be one file that is visible through two file systems.
 bool canBeOneFile(const FileSnapshot &a, const FileSnapshot &b)
 {
     // File systems round times, FAT to two seconds.
@@ -52,7 +51,7 @@ bool hasSurvived(const KnownFile &file, const std::optional<KnownFile> &moved)
     return stateOf(file) == FileState::Same && (!isSuspect || isListed(file.path));
 }
 
-/// Where a file went, and its way back.
+/// Where a file was moved to, and how to move it back.
 struct DisposedFile
 {
     QString path;

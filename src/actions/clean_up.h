@@ -27,16 +27,15 @@ struct CleanUpOutcome
     QList<FileFailure> failures;
 };
 
-// Both clean-ups go through all duplicates of all groups in order, and see to it that a copy of every song
-// stays:
+// Both clean-ups go through the duplicates of all groups in order and make sure that a copy of every song
+// remains:
 //
-// - a duplicate that is the same file as the original of any group is passed over;
-// - a duplicate whose original cannot be read, or was changed since the group was begun, stays and has
-// failed;
-// - after every file, and once more at the end, the originals are read again. One file can be seen through
-// two
-//   file systems, as two files; where an original has vanished with a duplicate, that is put back and has
-//   failed.
+// - A duplicate that is the same file as the original of any group is skipped.
+// - A duplicate whose original cannot be read, or has changed since its group was started, stays where it is
+//   and counts as failed.
+// - The originals are checked again after every file and once more at the end. One file can be visible
+//   through two file systems, as two files: a duplicate whose original vanished with it is put back and
+//   counts as failed.
 //
 // They take as long as the disks do. Any thread may call them.
 
@@ -46,8 +45,8 @@ struct CleanUpOutcome
 /// Moves every duplicate into a folder. Files that are gone already have failed.
 [[nodiscard]] CleanUpOutcome moveDuplicates(const QList<DuplicateGroup> &groups, DuplicatesFolder &folder);
 
-/// Sends one song's file to the Trash, unless another member of a group that holds the song would be gone
-/// with it, which is put back when it shows only afterwards.
+/// Sends one song's file to the Trash, unless another member of its group would be gone with it. If that
+/// turns out only afterwards, the file is put back.
 [[nodiscard]] std::optional<Failure> trashSong(const Song &song, const QList<DuplicateGroup> &groups);
 
 } // namespace sonavo

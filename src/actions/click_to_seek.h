@@ -6,7 +6,7 @@
 
 namespace sonavo {
 
-/// The second of a song that a click on its row leads to: the row stands for the whole song.
+/// The second of a song to which a click on its row seeks: the row's width represents the whole song.
 /// @param x where the click was, from the row's left edge; beyond the right edge is the song's end
 /// @param width of the row, in the unit of x
 /// @param duration of the song in seconds

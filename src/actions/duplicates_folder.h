@@ -16,8 +16,8 @@ namespace sonavo {
 class DuplicatesFolder
 {
 public:
-    /// Makes the folder "Duplicates_yyyy-MM-dd_HH-mm-ss" in `parent`, with the folders above it where they
-    /// are missing. One that exists is used as it is.
+    /// Creates the folder "Duplicates_yyyy-MM-dd_HH-mm-ss" in `parent`, and any missing folders above it. If
+    /// it already exists, it is used with what is in it.
     /// @param now local time
     [[nodiscard]] static std::variant<DuplicatesFolder, Failure> create(const QString &parent,
                                                                         const QDateTime &now);

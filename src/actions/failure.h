@@ -7,7 +7,7 @@ namespace sonavo {
 /// Why an operation did not happen.
 struct Failure
 {
-    /// In words for the user; never empty. What the system says is in its language.
+    /// Text for the user; never empty. Messages of the operating system are in the system's language.
     QString reason;
 };
 

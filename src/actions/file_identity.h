@@ -10,7 +10,7 @@
 
 namespace sonavo {
 
-/// What tells a song's file from every other file on the disks. Two paths can lead to one file: through a
+/// What distinguishes a song's file from all other files. Two paths can lead to one file: through a
 /// linked folder, a symbolic link, a mount of a folder in two places, or a disk that ignores case.
 struct FileIdentity
 {
@@ -36,8 +36,8 @@ struct FileIdentity
 /// Whether there is certainly no regular file at a path. False when the disk reports any other error.
 [[nodiscard]] bool isGone(const QString &path);
 
-/// Whether two paths lead to one and the same file, so that removing one takes the other. Two hard links are
-/// two files: the song outlives either.
+/// Whether two paths lead to the same file, so that removing one removes the other. Two hard links count as
+/// two files: removing either leaves the song.
 [[nodiscard]] bool areOneFile(const FileIdentity &a, const FileIdentity &b);
 
 /// Files by their identities.

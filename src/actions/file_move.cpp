@@ -25,7 +25,7 @@ MoveResult notMoved(int error)
     return {State::NotMoved, error};
 }
 
-/// @param error 0 where every call reported success, but what it made was not to be seen
+/// @param error 0 where every call reported success, but its result could not be found
 MoveResult uncertain(int error)
 {
     return {State::Uncertain, error != 0 ? error : EIO};
@@ -38,7 +38,7 @@ QByteArray folderOf(const QByteArray &path)
     return nameStart > 0 ? path.first(nameStart) : QByteArray("./");
 }
 
-/// @return 0 when nothing is at a path, EEXIST when something is, or the error of a look that tells neither
+/// @return 0 when nothing is at a path, EEXIST when something is, or the error that left it undecided
 int errorIfTaken(const QByteArray &path)
 {
     const auto snapshot = takeSnapshot(path);
@@ -56,7 +56,7 @@ std::optional<KnownFile> fileAt(const QByteArray &path)
     return file ? std::optional(KnownFile{path, *file}) : std::nullopt;
 }
 
-/// Takes a move back whose old name is still there.
+/// Undoes a move whose old name is still there.
 MoveResult removeNewName(const KnownFile &made, int error)
 {
     if (::unlink(made.path.constData()) == 0 || stateOf(made) == FileState::Gone)
@@ -105,8 +105,7 @@ QByteArray targetOf(const QByteArray &link)
     return QByteArray(std::filesystem::read_symlink(link.constData(), error).c_str());
 }
 
-/// Makes a symbolic link anew, so that it leads to the same file from its new folder, and removes the old
-/// one.
+/// Creates a new symbolic link that leads to the same file from its new folder, and removes the old one.
 MoveResult moveLink(const KnownFile &old, const QByteArray &to)
 {
     namespace fs = std::filesystem;
@@ -178,9 +177,8 @@ int copyContent(int source, int target)
     return size < 0 ? errno : 0;
 }
 
-/// Gives a copy the permissions and times of its source, as far as its file system knows such things. The
-/// copy is the user's own, so what runs or replaces files on behalf of the source's owner must not come
-/// along.
+/// Gives a copy the permissions and times of its source, as far as its file system supports them. The copy
+/// belongs to the user, so the source's set-user-ID, set-group-ID and sticky bits are not copied.
 /// @return an error number, 0 for success
 int keepAttributes(int source, int target)
 {
@@ -195,7 +193,7 @@ int keepAttributes(int source, int target)
 }
 
 /// Copies a file and flushes the copy to the disk.
-/// @return an error number, 0 when `target` holds the whole of what `source` was all the time
+/// @return an error number, 0 when `target` is a complete copy and `source` has not changed meanwhile
 int copyFile(int source, const FileSnapshot &before, int target)
 {
     if (const int error = copyContent(source, target))
@@ -212,7 +210,7 @@ int copyFile(int source, const FileSnapshot &before, int target)
     return copy && copy->size == before.size ? 0 : EIO;
 }
 
-/// Makes what was renamed or created in a folder safe against a loss of power, on file systems that can.
+/// Makes renames and new files in a folder survive a loss of power, on file systems that support it.
 /// @return an error number, 0 for success
 int flushFolder(const QByteArray &folder)
 {
@@ -225,7 +223,7 @@ int flushFolder(const QByteArray &folder)
 
 MoveResult moveByCopying(const QByteArray &from, const QByteArray &to)
 {
-    // To know it before everything is copied for nothing.
+    // Fails now rather than after everything has been copied for nothing.
     if (::access(folderOf(from).constData(), W_OK | X_OK) != 0)
         return notMoved(errno);
     const Descriptor source(from, O_RDONLY | O_NOFOLLOW | O_NONBLOCK);
@@ -279,7 +277,7 @@ MoveResult renameWithoutReplacing(const QByteArray &from, const QByteArray &to)
     const auto snapshot = takeSnapshot(from);
     if (const auto *error = std::get_if<int>(&snapshot))
         return notMoved(*error);
-    // Both names could be links to one file; then a later look could not tell whether one of them is new.
+    // Both names could be links to one file; afterwards it would be unknown whether the new name is ours.
     if (const int reason = errorIfTaken(to))
         return notMoved(reason);
 

@@ -10,9 +10,9 @@
 
 namespace sonavo {
 
-// Moving files so that none can be lost. What a system call answers is not relied upon when it answers with
-// an error: a network file system can report an error for what it has done, when the first answer was lost on
-// the way. What has happened is decided by a look at both names:
+// Moves files so that none can be lost. An error from a system call does not mean that nothing happened: a
+// network file system reports one for a call that it has carried out if its first reply was lost. So both
+// names are checked to find out what has happened:
 //
 //   the old name is gone, the new one is the file   -> Moved
 //   the old name still is the file                  -> NotMoved; a new name that we made is removed again
@@ -39,13 +39,13 @@ struct MoveResult
 /// NotMoved with EXDEV when the new name is on another file system.
 [[nodiscard]] MoveResult renameWithoutReplacing(const QByteArray &from, const QByteArray &to);
 
-/// Moves a file, also onto another disk: then it is copied, the copy flushed to the disk and put under the
-/// new name, and the source removed if nobody has written to it meanwhile. The copy gets the permissions (but
+/// Moves a file, if need be to another disk: then it is copied, the copy is flushed and given the new name,
+/// and the source is removed if nobody has changed it meanwhile. The copy gets the permissions (but
 /// never set-user-ID, set-group-ID or sticky) and the times of the source. A symbolic link leads to the same
 /// file afterwards. NotMoved with EEXIST when the new name is taken.
 [[nodiscard]] MoveResult moveWithoutReplacing(const QByteArray &from, const QByteArray &to);
 
-/// What is to be said about a file that was not moved, or not certainly.
+/// The message about a file that was not moved, or not certainly.
 [[nodiscard]] Failure toFailure(const MoveResult &result, const QByteArray &from, const QByteArray &to);
 
 /// Where a file was and where it is now.

@@ -9,8 +9,8 @@
 
 namespace sonavo {
 
-/// What a file system tells about a file, to recognise it later. Of a symbolic link it is what is told about
-/// the link, not about its target.
+/// What a file system reports about a file, to recognise it later. For a symbolic link, it describes the
+/// link, not its target.
 struct FileSnapshot
 {
     dev_t device = 0;
@@ -69,9 +69,8 @@ enum class FileState
 /// Whether nothing at all was done to a file, not even to its names or permissions.
 [[nodiscard]] bool isUntouched(const KnownFile &file);
 
-/// Whether the folder of a file lists its name. One disk can be mounted through another file system, such as
-/// an overlay, that goes on opening a file by a name that it has lost on the disk; but it lists its folders
-/// anew.
+/// Whether the folder of a file lists its name. A file system on top of another one, such as an overlay, can
+/// still open a file by a name that no longer exists below it, but reads the list of names afresh.
 [[nodiscard]] bool isListed(const QByteArray &path);
 
 } // namespace sonavo

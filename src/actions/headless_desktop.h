@@ -4,7 +4,7 @@
 
 namespace sonavo {
 
-/// The desktop of a run in the terminal: there is nobody to choose, to look or to listen.
+/// A desktop without a user, for reports in a terminal: nothing is chosen, shown or played.
 class HeadlessDesktop : public Desktop
 {
 public:

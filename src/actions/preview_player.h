@@ -4,9 +4,8 @@
 
 namespace sonavo {
 
-/// Plays one file for a listening check, once, from its beginning. A file that cannot be opened or decoded,
-/// or a computer without sound, makes no difference but silence. No call waits for the sound. Main thread
-/// only.
+/// Plays one file once, from its beginning. A file that cannot be opened or decoded, or a computer without
+/// sound, is not an error: there is only silence. No call waits for the sound. Main thread only.
 class PreviewPlayer : public QObject
 {
     Q_OBJECT
@@ -23,12 +22,12 @@ public:
     /// @param volume from 0.0, silence, to 1.0, the sound as it was recorded and the initial value
     virtual void setVolume(double volume) = 0;
 
-    /// Goes on playing from exactly this second of the song, also when the song had come to its end. Before
-    /// the file is ready the wish is remembered; the last one counts.
+    /// Continues from exactly this second of the song, even after the song has ended. Until the file is
+    /// loaded, the position is remembered; the last call wins.
     /// @param seconds below zero means the beginning, beyond the end the end
     virtual void seek(qint64 seconds) = 0;
 
-    /// Lets go of the file, for good.
+    /// Closes the file for good.
     virtual void releaseItem() = 0;
 };
 

@@ -32,7 +32,7 @@ constexpr QLatin1String INFO_EXTENSION(".trashinfo");
 constexpr qsizetype MAX_NAME = 255;
 /// With the dot, in characters; what is longer is no extension but part of the name.
 constexpr qsizetype MAX_EXTENSION = 8;
-/// Enough for any collection; a file system with strange answers must not keep us forever.
+/// Enough for any collection; ends the search on a file system that misbehaves.
 constexpr int MAX_FILES_OF_ONE_NAME = 100'000;
 
 struct Trash
@@ -65,7 +65,7 @@ std::optional<quint64> mountIdOf(const fs::path &path)
     return quint64{status.stx_dev_major} << 32 | status.stx_dev_minor; // a kernel before 5.8
 }
 
-/// The same for a folder that may have yet to be made.
+/// The same for a folder that may not exist yet.
 std::optional<quint64> futureMountIdOf(fs::path folder)
 {
     std::optional<quint64> id = mountIdOf(folder);
@@ -139,7 +139,8 @@ std::error_code makeTrashInDataFolder(const fs::path &dataFolder, Trash &trash)
     return error ? error : makeFolder(trash.folder);
 }
 
-/// The Trash for what is in a folder, which has no links in its path; its own folders may be missing.
+/// Creates the Trash for the files of a folder, without its folders "info" and "files".
+/// @param folder has no links in its path
 std::error_code makeTrashFolderFor(const fs::path &folder, Trash &trash)
 {
     const fs::path dataFolder =
@@ -215,8 +216,8 @@ Slot slotFor(const Trash &trash, const QString &name)
             trash.folder / "info" / nativePath(name + INFO_EXTENSION)};
 }
 
-/// The first number whose name is free, without a look at every one before: thousands of songs can have one
-/// name. Where the numbers have gaps, it is the first after some name that is taken.
+/// A number whose name is free, found by bisection: thousands of songs can have the same name. If the taken
+/// numbers have gaps, it need not be the lowest.
 int freeNumber(const Trash &trash, const QString &name)
 {
     const auto isTaken = [&](int number) {
@@ -271,8 +272,8 @@ std::variant<TrashedFile, Failure> moveInto(const Trash &trash, const fs::path &
         const MoveResult result = renameWithoutReplacing(from, to);
         if (result.state == MoveResult::State::Moved)
             return TrashedFile{describeMove(from, to), QFile::decodeName(slot.info.c_str())};
-        if (result.state ==
-            MoveResult::State::Uncertain) // the file may be there, then it needs its info file
+        // If uncertain, the file may be in the Trash, where it needs its info file.
+        if (result.state == MoveResult::State::Uncertain)
             return toFailure(result, from, to);
         ::unlink(slot.info.c_str());
         error = toErrorCode(result.error);

@@ -18,7 +18,7 @@ struct TrashedFile
     QString infoFile;
 };
 
-/// Moves a file, or a link itself, to the Trash of the disk that it is on, laid out as freedesktop.org has it
+/// Moves a file, or a link itself, to the Trash of the disk that it is on, in freedesktop.org's format
 /// (Trash 1.0), so that any file manager can restore it: to the Trash in the user's data folder
 /// ($XDG_DATA_HOME/Trash) or to the one at the top of another disk (.Trash/UID or .Trash-UID).
 ///

@@ -19,7 +19,7 @@ struct AnalysisProgress
 {
     /// Between 0.0 and 1.0; never goes back within a run.
     double fraction = 0.0;
-    /// The step that begins now; absent when the message of the step before still holds.
+    /// Describes the step that begins now; absent when the previous message still applies.
     std::optional<QString> message;
 };
 
@@ -28,7 +28,7 @@ using AnalysisProgressSink = std::function<void(const AnalysisProgress &)>;
 /// Groups songs that are the same recording, in four steps of increasing cost: by title, by file name, by
 /// artist and title, and by whole seconds of playing time.
 ///
-/// The run works in the caller's thread and gives it back only at its pauses; it cannot be cancelled. The
+/// Runs in the caller's thread, which is free only during the pauses, and cannot be cancelled. The
 /// same songs in the same order always give the same groups.
 /// @param songs distinct ids, finite durations; several songs may have the same path
 /// @param reportProgress called in the caller's thread before each step and at the end

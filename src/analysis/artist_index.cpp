@@ -60,8 +60,8 @@ const std::vector<std::uint32_t> &ArtistIndex::matchingArtists(const PreparedSon
     if (!matching.empty())
         return matching;
 
-    // Outwards from the artist itself, until lengths alone are too different: the gap grows by one with each
-    // character, the distance that is allowed by less than one.
+    // Outwards from the artist itself until the lengths alone differ too much: each further character adds
+    // one to the difference, but less than one to the allowed distance.
     const Artist &artist = m_artists[self];
     matching.push_back(self);
     for (std::uint32_t i = self; i-- > 0;) {

@@ -13,7 +13,7 @@ namespace sonavo {
 using BucketPosition = std::uint32_t;
 
 /// The songs of one bucket by artist. Finds all songs whose artists match a song's (see artistsMatch());
-/// what an artist matches is found out once.
+/// the matches of each artist are computed only once.
 class ArtistIndex
 {
 public:
@@ -21,7 +21,7 @@ public:
     explicit ArtistIndex(const PreparedSongs &songs);
 
     /// Replaces what the index holds.
-    /// @param bucket must stay as it is while the index is used
+    /// @param bucket must not change while the index is used
     void build(std::span<const PreparedSong> bucket);
 
     /// How many different artists the bucket has.

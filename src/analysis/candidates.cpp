@@ -3,11 +3,11 @@
 namespace sonavo {
 namespace {
 
-/// Songs to go through for one seed from which on it pays to index the bucket's artists.
+/// If a seed has more songs to check than this, indexing the bucket's artists pays off.
 constexpr std::size_t ARTIST_INDEX_THRESHOLD = 256;
-/// Artists that are compared in the time that it takes to go through one song.
+/// How many artists can be compared in the time that it takes to check one song.
 constexpr std::size_t ARTISTS_PER_SONG = 4;
-/// Songs of word lists, which shrink, that cost as much as one song of an artist.
+/// How many word-list entries cost as much as one entry of an artist; word lists shrink as they are read.
 constexpr std::size_t WORD_ENTRIES_PER_ARTIST_ENTRY = 2;
 
 } // namespace

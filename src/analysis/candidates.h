@@ -23,13 +23,13 @@ namespace sonavo {
 ///
 /// 1. Candidates (this class). There are two indexes, and each alone finds every match:
 ///    - By title word. Matching songs share a word of at least MATCH_WORD_LENGTH characters, so each match
-///      stands in the list of one of the seed's words. Songs that have left the bucket are dropped from a
-///      list when it is read. Slow where one word is everywhere ("Track 0001").
+///      is in the list of one of the seed's words. Removed songs are dropped from a list when it is read.
+///      Slow where nearly all titles share a word ("Track 0001").
 ///    - By artist (ArtistIndex). Matching songs have matching artists. These are found once for each artist
 ///      of the bucket, among the artists of about the same length: lengths that differ by more than the
 ///      distance that is allowed cannot match. Slow where most songs are by one artist, or by none.
-///    The index that has fewer songs to go through is asked. The constants of that choice are estimates
-///    of cost: any values give the same clusters.
+///    The index with fewer songs to check is used. The constants behind that choice are estimates of cost:
+///    any values give the same clusters.
 ///
 /// 2. Quick tests (in songsMatch()). PreparedSong holds ids in place of texts and a few bits of each text:
 ///    - equal ids mean equal texts, whose similarity is 1;
@@ -42,10 +42,10 @@ namespace sonavo {
 /// # Changing a rule
 ///
 /// The thresholds can be changed freely: everything above is derived from the constants of matching.h. A new
-/// condition, or a stricter one, needs nothing here. Weakening the fourth condition (a shared word) takes the
-/// ground from the first index, weakening the third (the artists) from the second: then that index has to
-/// follow the new condition or go. tests/analysis/direct_analysis.cpp states the rule once more without any
-/// of this; the tests and the fuzzer hold the program against it.
+/// condition, or a stricter one, needs no change here. Weakening the fourth condition (a shared word) breaks
+/// the first index, and weakening the third (the artists) breaks the second: that index must then be adapted
+/// or removed. tests/analysis/direct_analysis.cpp states the rule a second time without any index; the tests
+/// and the fuzzer compare the program with it.
 class CandidateIndex
 {
 public:
@@ -60,12 +60,12 @@ public:
     [[nodiscard]] std::size_t size() const { return m_bucket.size(); }
     [[nodiscard]] const PreparedSong &operator[](BucketPosition position) const { return m_bucket[position]; }
 
-    /// Takes a song out of the bucket: it is proposed no more.
+    /// Takes a song out of the bucket: it is no longer proposed.
     void remove(BucketPosition position) { m_isRemoved[position] = true; }
     [[nodiscard]] bool isRemoved(BucketPosition position) const { return m_isRemoved[position]; }
 
-    /// Every other song of the bucket that matches the seed and is not removed is among them, each once, in
-    /// no particular order; so may be songs that do not match.
+    /// All other songs of the bucket that match the seed and are not removed, each once, in no particular
+    /// order. Songs that do not match may be among them.
     /// @return valid until the next call
     [[nodiscard]] std::span<const BucketPosition> candidatesFor(BucketPosition seed);
 

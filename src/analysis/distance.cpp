@@ -146,7 +146,7 @@ std::uint64_t characterBag(std::string_view text)
         twice |= once & bit;
         once |= bit;
     }
-    // 64 bits have no room for the second bit of the last few digits.
+    // The other 28 bits are enough for the letters, 0 and 1 only.
     return once | (twice & ((std::uint64_t{1} << DOUBLE_BITS) - 1)) << SINGLE_BITS;
 }
 

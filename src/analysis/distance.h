@@ -35,8 +35,8 @@ namespace sonavo {
     return static_cast<std::size_t>((1.0 - least) * static_cast<double>(length) + SURPLUS);
 }
 
-/// Which letters and digits a text holds and which of them at least twice, one bit each. An edit changes at
-/// most two bits, so two texts at distance d differ in at most 2 d of them.
+/// One bit for each letter and digit that a text contains, and another for each letter, 0 and 1 that it
+/// contains at least twice. An edit changes at most two bits, so texts at distance d differ in at most 2 d.
 [[nodiscard]] std::uint64_t characterBag(std::string_view text);
 
 /// In how many bits two bags differ.

@@ -35,8 +35,8 @@ public:
     virtual ~DuplicateFinder() = default;
     Q_DISABLE_COPY_MOVE(DuplicateFinder)
 
-    /// Step 1: songs of the same title whose artists are compatible. The first cluster of a bucket that is
-    /// left without duplicates ends its bucket.
+    /// Step 1: songs of the same title whose artists are compatible. Once a cluster has no compatible
+    /// duplicates, the rest of its bucket is skipped.
     void groupByTitle();
 
     /// Step 2: songs of the same file name.
@@ -69,7 +69,7 @@ private:
     void markPlaced(SongIndex song) { m_isPathPlaced[m_pathIds[song]] = true; }
     [[nodiscard]] std::vector<SongIndex> unplacedSongs() const;
     void groupBucket(const Bucket &bucket);
-    /// @return whether the artist filter left a group to make
+    /// @return whether a group was made: the filter can leave a cluster without duplicates
     bool makeGroup(const Cluster &cluster, ArtistFilter filter);
 
     const PreparedSongs m_songs;

@@ -8,8 +8,8 @@
 
 namespace sonavo {
 
-/// Gives equal items the same id: 0, 1, 2 and so on, in the order in which they first come. The caller keeps
-/// the items; the table knows their hashes only (open addressing with linear probing).
+/// Gives equal items the same id: 0, 1, 2 and so on, in the order in which they first appear. The caller
+/// keeps the items; the table stores only their hashes (open addressing with linear probing).
 class IdTable
 {
 public:
@@ -34,7 +34,7 @@ public:
 
     [[nodiscard]] std::size_t size() const { return m_size; }
 
-    /// Allocates for that many items; does nothing once there are any.
+    /// Allocates memory for that many items; does nothing unless the table is empty.
     void reserve(std::size_t count)
     {
         if (m_size == 0)

@@ -66,7 +66,7 @@ bool titlesOrNamesMatch(const PreparedSongs &songs, const PreparedSong &a, const
 
 bool songsMatch(const PreparedSongs &songs, const PreparedSong &seed, const PreparedSong &candidate)
 {
-    // The conditions are independent of one another; the sooner one fails, the less there is to do.
+    // The order changes only the speed: the sooner a condition fails, the less there is to do.
     return durationsMatch(seed, candidate) && artistsMatch(songs, seed, candidate) &&
            titlesOrNamesMatch(songs, seed, candidate) && shareTitleWord(songs, seed, candidate);
 }

@@ -23,10 +23,10 @@ inline constexpr std::size_t MATCH_WORD_LENGTH = 3;
 ///    (MATCH_TITLE_SIMILARITY), or both lack artist and title; an empty text is contained in nothing;
 /// 3. the artists are similar (MATCH_ARTIST_SIMILARITY) or both empty;
 /// 4. the titles share a word of at least MATCH_WORD_LENGTH characters.
-/// Titles and artists are compared normalised (see normalizeString()) except where lower-casing is named; for
-/// similarity see calculateSimilarity().
+/// Titles and artists are compared normalised (see normalizeString()) except where they are only lower-cased;
+/// for similarity see calculateSimilarity().
 ///
-/// Symmetric and pure, but not transitive; any thread may call it. Whoever changes a condition looks at
+/// Symmetric and pure, but not transitive; any thread may call it. Before changing a condition, see
 /// CandidateIndex, which relies on the third and the fourth.
 [[nodiscard]] bool songsMatch(const PreparedSongs &songs, const PreparedSong &seed,
                               const PreparedSong &candidate);
@@ -34,8 +34,8 @@ inline constexpr std::size_t MATCH_WORD_LENGTH = 3;
 /// The third condition of songsMatch() alone.
 [[nodiscard]] bool artistsMatch(const PreparedSongs &songs, const PreparedSong &a, const PreparedSong &b);
 
-/// Whether a duplicate's artist may stand beside the original's: they share a word of any length, or one of
-/// the two songs names no artist at all.
+/// Whether two songs can be in one group of the first step: their artists share a word of any length, or one
+/// of the songs has no artist at all.
 [[nodiscard]] bool artistsCompatible(const PreparedSongs &songs, const PreparedSong &duplicate,
                                      const PreparedSong &original);
 

@@ -6,8 +6,8 @@
 
 namespace sonavo {
 
-/// Waits on behalf of long work, so that the thread can do other things meanwhile. Handed in, so that a test
-/// need not wait for real seconds and can see which pauses are made.
+/// Interrupts long work, so that the thread can do other things meanwhile. An interface, so that tests need
+/// not wait in real time and can see which pauses are made.
 class Pauses
 {
 public:
@@ -15,7 +15,7 @@ public:
     virtual ~Pauses() = default;
     Q_DISABLE_COPY_MOVE(Pauses)
 
-    /// Suspends the caller for `length`; it goes on in the thread that it was called from. Never fails.
+    /// Suspends the caller for `length`; it resumes in the thread that it was suspended in. Never fails.
     [[nodiscard]] virtual QCoro::Task<> wait(std::chrono::milliseconds length) = 0;
 };
 

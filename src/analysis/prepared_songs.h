@@ -18,7 +18,7 @@ namespace sonavo {
 /// A song's index in the list of an analysis.
 using SongIndex = std::uint32_t;
 
-/// What a comparison looks at first; most pairs are told apart by it, without their texts.
+/// What a comparison checks first: it rejects most pairs without reading their texts.
 struct PreparedSong
 {
     /// Seconds.
@@ -83,8 +83,8 @@ private:
     std::vector<std::size_t> m_titleWordEnds;
 };
 
-/// Which pairs of neighbouring characters a lower-cased text holds; pairs share bits. A text that contains
-/// another holds all of its pairs.
+/// One bit for each pair of neighbouring characters in a lower-cased text; different pairs can share a bit.
+/// A text that contains another has all of its bits.
 [[nodiscard]] std::uint64_t bigramsOf(QStringView loweredText);
 
 } // namespace sonavo

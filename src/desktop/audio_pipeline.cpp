@@ -149,7 +149,7 @@ void AudioPipeline::applyRequests()
 
 void AudioPipeline::seekNow()
 {
-    // Without ACCURATE, a file that has no index is entered at a guess from its bit rate, many seconds off.
+    // Without ACCURATE, the position in a file without an index is guessed from its bit rate, seconds off.
     constexpr auto FLAGS = static_cast<GstSeekFlags>(GST_SEEK_FLAG_FLUSH | GST_SEEK_FLAG_ACCURATE);
     gst_element_seek_simple(m_pipeline.get(), GST_FORMAT_TIME, FLAGS, static_cast<gint64>(*m_seekTarget));
     m_seekTarget.reset();

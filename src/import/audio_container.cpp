@@ -64,8 +64,8 @@ private:
     };
 };
 
-/// The calling thread's I/O buffer. Each thread keeps one: allocating a buffer for every file fragments the
-/// heap between the songs that stay, by several times the songs' own memory.
+/// The calling thread's I/O buffer. Each thread keeps one: a new buffer for every file would leave gaps in
+/// the heap between the songs, which add up to several times the songs' own memory.
 class IoBuffer
 {
 public:
@@ -165,7 +165,7 @@ std::optional<double> AudioContainer::storedDuration() const
         return std::nullopt;
     std::int64_t ticks = m_audio->duration;
     const bool hasStart = m_audio->start_time != AV_NOPTS_VALUE && m_audio->start_time > 0;
-    // The silence that an edit list puts before the sound is played; the delay of an MP3 encoder is not.
+    // Silence that an edit list adds at the start counts as playing time; an MP3 encoder's delay does not.
     if (hasStart && m_format == AudioFormat::M4a)
         ticks = saturatingSum(ticks, m_audio->start_time);
     else if (hasStart && m_format == AudioFormat::Mp3)

@@ -26,7 +26,7 @@ class RegularFile;
 
 /// A file opened by libavformat as a container of one format. Only that format is understood, and no other
 /// file or address that the file refers to is opened. Reads wait for the disk and fail once stop is
-/// requested. Any thread may use it, one at a time.
+/// requested. Any thread may use it, but only one at a time.
 class AudioContainer
 {
 public:
@@ -36,8 +36,8 @@ public:
     ~AudioContainer();
     Q_DISABLE_COPY_MOVE(AudioContainer)
 
-    /// Whether the file is a container of the format with an audio stream; the first one is meant below, and
-    /// nothing else may be called when there is none.
+    /// Whether the file is a container of the format with an audio stream. If not, nothing else may be
+    /// called; otherwise durations are those of its first audio stream.
     [[nodiscard]] bool hasAudio() const { return m_audio != nullptr; }
 
     /// The playing time that the container states.

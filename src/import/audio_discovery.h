@@ -19,7 +19,7 @@ namespace sonavo {
 /// @return absolute paths
 [[nodiscard]] QStringList discoverAudioFiles(const QList<QUrl> &urls, const std::stop_token &stop = {});
 
-/// Whether songs can come from a dropped item: a folder, or a file with an audio extension.
+/// Whether an item can be imported: a folder, or a file with an audio extension. Waits for the disk.
 [[nodiscard]] bool isImportable(const QUrl &url);
 
 /// A quick estimate of how many files discoverAudioFiles() would find. At most 101 entries below each given

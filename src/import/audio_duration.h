@@ -20,7 +20,7 @@ namespace sonavo {
 /// Only regular files are opened (through links too), and no other file or address that a file refers to.
 /// Waits for the disk; any thread may call it.
 /// @param path its extension decides which format is tried first
-/// @param stop abandons the reading at its next read
+/// @param stop ends the reading before its next read
 /// @param counter incremented after every read, if given
 /// @return seconds, zero or more, 0.0 where the length is unknown; nothing when the file cannot be read as
 /// audio or stop was requested

@@ -13,7 +13,7 @@ std::atomic<int> abandonedThreads = 0;
 QThreadPool *createPool()
 {
     qAddPostRoutine([] {
-        // What was asked to stop ends with its next read, unless that one hangs.
+        // Work that was asked to stop ends at its next read, unless that read hangs.
         constexpr int TIMEOUT_MS = 1000;
         diskThreads().waitForDone(TIMEOUT_MS);
     });

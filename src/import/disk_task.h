@@ -23,20 +23,20 @@ namespace sonavo {
 class DiskTaskState
 {
 public:
-    /// The most abandoned threads that are replaced at a time. When that many hang, further ones keep their
-    /// place in the pool until their disks answer.
+    /// The most abandoned threads that are replaced at a time. When that many hang, further ones occupy the
+    /// pool until their disks answer.
     static constexpr int MAX_ABANDONED_THREADS = 32;
 
-    /// A thread starts to work at the task.
+    /// To be called when a thread starts to work on the task.
     void start();
-    /// The thread has a result.
-    /// @return whether it is to be set: nobody has abandoned the task
+    /// To be called when the thread has a result.
+    /// @return whether the thread must set it: false if the task was abandoned before
     [[nodiscard]] bool finish();
-    /// The owner gives up waiting; a thread that works at the task is replaced.
-    /// @return whether the owner is to set the result: the task has not finished before
+    /// To be called when the owner gives up waiting. Replaces the thread that works on the task, if any.
+    /// @return whether the owner must set the result: false if the task has finished before
     [[nodiscard]] bool abandon();
 
-    /// Whether a thread works at the task, and it has not been abandoned.
+    /// Whether a thread is working on the task, and it has not been abandoned.
     [[nodiscard]] bool isRunning() const;
     /// Whether a thread that is abandoned now would be replaced.
     [[nodiscard]] static bool canReplaceThread();

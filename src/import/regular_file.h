@@ -15,7 +15,7 @@ namespace sonavo {
 using ReadCounter = std::atomic<quint64>;
 
 /// A regular file, open for reading. Opening follows links, never waits for the writer of a pipe and never
-/// touches a device. Any thread may use it, one at a time.
+/// touches a device. Any thread may use it, but only one at a time.
 class RegularFile
 {
 public:

@@ -13,8 +13,8 @@ constexpr qsizetype FILES_PER_BATCH = 20;
 /// Enough that all cores have work through a pause, few enough that their results take little memory.
 constexpr std::size_t MAX_BATCHES = 40;
 
-/// Checks for progress in the span of a timeout. Checks are counted instead of measuring time, which goes on
-/// while the computer sleeps or the program is suspended.
+/// How often progress is checked within a timeout. Checks are counted because a clock keeps running while the
+/// computer sleeps or the program is suspended.
 constexpr int CHECKS_PER_TIMEOUT = 5;
 
 } // namespace

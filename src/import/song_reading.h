@@ -21,7 +21,7 @@ struct AudioFileInfo
 };
 
 /// Reads an audio file's playing time and size. Waits for the disk; any thread may call it.
-/// @param stop abandons the reading at its next read
+/// @param stop ends the reading before its next read
 /// @param counter incremented after every read, if given
 /// @return nothing when the file cannot be read as audio or stop was requested
 [[nodiscard]] std::optional<AudioFileInfo>

@@ -13,9 +13,9 @@
 
 namespace sonavo {
 
-/// Removes duplicates and songs from the disk and from the library, and tells the outcome in a toast. The
-/// files are moved before a call returns, so there is no state to show. A preview of a song that goes is
-/// stopped first. Main thread only.
+/// Removes duplicates and songs from the disk and from the library, and shows the outcome in a toast. The
+/// files are moved before a call returns, so there is no state to show. If a song that is removed is being
+/// previewed, the preview is stopped first. Main thread only.
 class CleanUp : public QObject
 {
     Q_OBJECT
@@ -35,9 +35,9 @@ public:
     void trashDuplicates();
 
     /// Sends one song's file to the Trash and repairs the group that held it. On failure the library stays as
-    /// it is. A song whose file is gone already leaves the songs without a toast, and its group stays as it
-    /// is.
-    /// @param song a copy: it may be one that the library or the preview lets go of meanwhile
+    /// it is. A song whose file is already gone is removed from the songs without a toast, and stays in its
+    /// group.
+    /// @param song by value: the caller's may be one that the library or the preview drops meanwhile
     void deleteSong(Song song);
 
 private:

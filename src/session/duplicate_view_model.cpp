@@ -30,7 +30,7 @@ DuplicateViewModel::~DuplicateViewModel() = default;
 void DuplicateViewModel::clearAll()
 {
     {
-        // Nobody is told before everything is reset: a listener that starts another scan has the last word.
+        // Silent until everything is reset, so that nothing here cancels a scan that a listener starts.
         const QSignalBlocker blocker(this);
         m_scan.reset();
         m_preview.stop();
@@ -38,7 +38,7 @@ void DuplicateViewModel::clearAll()
         m_notices.clearAlert();
         m_importer.reset();
     }
-    // Once more when the reset has settled, for observers that looked at it halfway.
+    // Announced again at the next turn, for observers that read the properties halfway through.
     QMetaObject::invokeMethod(this, &DuplicateViewModel::announceEverything, Qt::QueuedConnection);
     announceEverything();
 }

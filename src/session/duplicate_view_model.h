@@ -47,7 +47,7 @@ class DuplicateViewModel : public QObject
     /// Undefined without a preview.
     Q_PROPERTY(
         QVariant currentlyPlayingSong READ currentlyPlayingSongVariant NOTIFY currentlyPlayingSongChanged)
-    /// Whether the user is to be asked about the import of pendingImportURLs. Set to false when the question
+    /// Whether the user must be asked about the import of pendingImportURLs. Set to false when the question
     /// is closed.
     Q_PROPERTY(
         bool showLimitWarning READ showLimitWarning WRITE setShowLimitWarning NOTIFY showLimitWarningChanged)

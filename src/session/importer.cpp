@@ -109,7 +109,7 @@ void Importer::startScan(QList<QUrl> urls)
 {
     if (urls.isEmpty())
         return;
-    // Announced only after the scan has started: what a listener does then has the last word.
+    // Announced only after the scan has started, so that nothing here overrides what a listener does.
     const State before = std::exchange(m_state, {.isAsking = m_state.isAsking, .pendingUrls = {}});
     const QPointer<Importer> self(this);
     m_scan.start(std::move(urls));

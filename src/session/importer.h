@@ -18,13 +18,13 @@ class Importer : public QObject
     Q_OBJECT
 
 public:
-    /// Songs in a session that start without asking, and that may be imported at all.
+    /// The most songs that are imported without asking, and the most that can be imported at all.
     static constexpr qint64 OPTIMAL_LIMIT = 10'000;
     static constexpr qint64 MAXIMUM_LIMIT = 500'000;
 
     struct State
     {
-        /// Whether the user is to be asked about an import of more than OPTIMAL_LIMIT songs.
+        /// Whether the user must be asked about an import of more than OPTIMAL_LIMIT songs.
         bool isAsking = false;
         /// The items of that import.
         QList<QUrl> pendingUrls;
@@ -40,18 +40,18 @@ public:
     void setAsking(bool isAsking);
     void setPendingUrls(const QList<QUrl> &urls);
 
-    // Each takes file URLs and tells whether a scan was started. An import beyond MAXIMUM_LIMIT raises an
-    // alert, one beyond OPTIMAL_LIMIT waits for the user's answer. Both count the songs of the session, too.
+    // Each returns whether a scan was started. An import beyond MAXIMUM_LIMIT raises an alert, one beyond
+    // OPTIMAL_LIMIT waits for the user's answer. Songs already in the session count towards both limits.
 
-    /// What was dropped as one item.
+    /// Imports file URLs that were dropped as one item.
     bool importDroppedItems(const QList<QUrl> &urls);
-    /// What was dropped together, each item by itself, so that the last one stands; a toast says so when
-    /// there is more than one to import. What is not a file is ignored.
+    /// Imports what was dropped together, one item after the other, so that only the last one stays; a toast
+    /// says so when there is more than one. URLs that are not local files are ignored.
     bool importDrop(const QList<QUrl> &urls);
-    /// What the user named all together.
+    /// Imports file URLs that the user chose together.
     bool importChosenItems(const QList<QUrl> &urls);
-    /// What the user chooses in a dialog now. The event loop runs meanwhile; the answer is void when the
-    /// session was cleared by then.
+    /// Lets the user choose files and folders in a dialog, and imports them. The event loop runs meanwhile;
+    /// nothing is imported if the session is cleared by then.
     bool importWithOpenPanel();
 
     /// Scans without asking, in place of a scan that may be running; nothing is pending then. An empty list

@@ -57,7 +57,7 @@ void Library::set(const QList<Song> &songs, const QList<DuplicateGroup> &groups)
     };
     const bool haveSongsChanged = differ(m_songs, songs);
     const bool haveGroupsChanged = differ(m_duplicateGroups, groups);
-    // Both before either is announced: what a listener does then has the last word.
+    // Both are set before either is announced, so that nothing here overrides what a listener does.
     m_songs = songs;
     m_duplicateGroups = groups;
     const QPointer<Library> self(this);

@@ -8,8 +8,8 @@
 
 namespace sonavo {
 
-/// The songs of the session and the duplicates among them. Lists are taken and given as shares, so that no
-/// call but the removals depends on how long they are. Main thread only.
+/// The songs of the session and the duplicates among them. Lists are implicitly shared, so that only the
+/// removals and duplicateCount() take longer for longer lists. Main thread only.
 class Library : public QObject
 {
     Q_OBJECT
@@ -29,7 +29,7 @@ public:
 
     /// Removes a song from songs(); its group keeps it.
     void removeSong(const QUuid &id);
-    /// Removes a song from its group, which is repaired as withoutSong() has it.
+    /// Removes a song from its group, as withoutSong() describes.
     void removeFromGroups(const QUuid &id);
     /// Removes every duplicate from songs(), and all groups.
     void removeDuplicates();

@@ -10,8 +10,8 @@
 
 namespace sonavo {
 
-/// What the session tells the user: an alert, which stays until it is dismissed, and a toast, which goes by
-/// itself. Main thread only.
+/// The session's messages to the user: an alert, which stays until it is dismissed, and a toast, which
+/// disappears by itself. Main thread only.
 class Notices : public QObject
 {
     Q_OBJECT

@@ -19,7 +19,7 @@ class Preview : public QObject
 public:
     struct State
     {
-        /// The song being previewed. That it has come to its end is not noticed: it stays.
+        /// The song being previewed. It stays after it has been played to its end.
         std::optional<Song> song;
         /// Comes at the next turn of the event loop after the song.
         PreviewPlayer *player = nullptr;
@@ -29,7 +29,7 @@ public:
 
     /// @param desktop must outlive the preview
     explicit Preview(Desktop &desktop, QObject *parent = nullptr);
-    /// Lets go of the player without a word.
+    /// Destroys the player without announcing it.
     ~Preview() override;
 
     [[nodiscard]] const State &state() const { return m_state; }
@@ -37,14 +37,14 @@ public:
     [[nodiscard]] bool isOf(const Song &song) const;
 
     /// Plays a song from its beginning, in place of any other; stops it when it is the one being previewed.
-    /// @param song a copy: it may be one that a listener lets go of meanwhile
+    /// @param song by value: a listener may destroy the caller's meanwhile
     void toggle(Song song);
-    /// Goes on at the second that a click at `x` in a row of `width` stands for; see seekTarget(). Does
-    /// nothing without a player.
+    /// Seeks to the second that a click at `x` in a row of `width` means; see seekTarget(). Does nothing
+    /// without a player.
     void seek(double x, double width);
     /// Silences the player at once, with what is still on its way to the loudspeaker.
     void mute();
-    /// Stops the sound and lets go of the file.
+    /// Stops the sound and closes the file.
     void stop();
 
 Q_SIGNALS:
@@ -57,7 +57,7 @@ private:
     Desktop &m_desktop;
     State m_state;
     std::unique_ptr<PreviewPlayer> m_player;
-    /// Grows with every start and stop: a start that comes late knows by it.
+    /// Incremented by every toggle and stop, so that a queued start can tell that it is outdated.
     quint64 m_number = 0;
 };
 

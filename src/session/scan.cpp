@@ -27,8 +27,8 @@ QCoro::Task<QStringList> discoverFiles(QList<QUrl> urls, std::shared_ptr<Pauses>
 
 } // namespace
 
-/// One run of the scan. It publishes nothing once it was cancelled or the scan is gone, both of which a
-/// listener can do at any change: each step tells whether the run may go on.
+/// One run of the scan. It publishes nothing once it is cancelled or the Scan is destroyed. A listener can do
+/// either at any change, so each step returns whether the run may continue.
 class Scan::Run
 {
 public:
@@ -40,7 +40,7 @@ public:
     [[nodiscard]] bool isCurrent() const { return m_scan && !m_stop.stop_requested(); }
     [[nodiscard]] const std::stop_token &stop() const { return m_stop; }
 
-    /// @param change called with the state as it is, to alter it
+    /// @param change modifies a copy of the current state, which is then published
     template <typename Change>
     bool update(const Change &change) const
     {
@@ -77,7 +77,7 @@ public:
         if (isCurrent())
             m_scan->m_library.setDuplicateGroups(groups);
     }
-    /// Ends the scan where its progress stands.
+    /// Ends the scan and leaves its progress and message unchanged.
     bool end() const
     {
         return update([](State &state) { state.isRunning = false; });

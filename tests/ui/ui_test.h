@@ -41,7 +41,7 @@ protected:
     UiTest()
         : WindowDriver(desktop, pauses)
     {}
-    /// Lets everything end that still waits; a cancelled scan can pause again on its way there.
+    /// Ends everything that is still waiting; a cancelled scan can pause once more before it ends.
     ~UiTest() override
     {
         session.clearAll();

@@ -1,7 +1,7 @@
 import QtQuick
 
-// The only kind of text of the program. Texts hold names of files and folders; as rich text, a name could load
-// any file.
+// Every text of the program is shown by this type. Texts contain names of files and folders; as rich text, a name
+// could load any file.
 Text {
     textFormat: Text.PlainText
 }
