@@ -259,7 +259,7 @@ std::variant<TrashedFile, Failure> moveInto(const Trash &trash, const fs::path &
 {
     const QByteArray from(file.c_str());
     const QByteArray info = trashInfo(file, trash);
-    std::error_code error;
+    std::error_code error = std::make_error_code(std::errc::file_exists);
     // Somebody else can take the name first.
     for (int number = freeNumber(trash, name); number <= MAX_FILES_OF_ONE_NAME; ++number) {
         const Slot slot = slotFor(trash, nameInTrash(name, number));
