@@ -7,47 +7,16 @@
 #include <QTemporaryDir>
 
 #include <array>
-#include <bit>
 #include <cmath>
 #include <optional>
-#include <sanitizer/allocator_interface.h>
 #include <stop_token>
 
 namespace sonavo {
 namespace {
 
-/// libavformat is the distribution's, without coverage instrumentation. The sizes that it allocates show
-/// which way it went through a file: each pair of consecutive sizes counts as an edge. libFuzzer resets the
-/// counters before each input.
-[[gnu::section("__libfuzzer_extra_counters")]] std::array<std::uint8_t, 1 << 14> allocationEdges;
-
-thread_local bool isReading = false;
-thread_local std::size_t previousSize = 0;
-
-void countAllocation(const volatile void *, std::size_t size)
-{
-    if (!isReading)
-        return;
-    // Rounded, or each packet length would be an edge of its own.
-    constexpr std::size_t MIN_ROUNDED_SIZE = 256;
-    const std::size_t rounded = size < MIN_ROUNDED_SIZE ? size : std::bit_floor(size) + 1;
-    constexpr std::size_t HASH_FACTOR = 2654435761;
-    std::uint8_t &edge =
-        allocationEdges[(previousSize * 31 + rounded) * HASH_FACTOR / 64 % allocationEdges.size()];
-    if (edge < UINT8_MAX)
-        ++edge;
-    previousSize = rounded;
-}
-
-void ignoreFree(const volatile void *)
-{}
-
 void checkReading(const QString &path)
 {
-    previousSize = 0;
-    isReading = true;
     const std::optional<double> duration = readAudioDuration(path);
-    isReading = false;
     require(!duration || (std::isfinite(*duration) && *duration >= 0.0 && *duration < 1e9),
             "a duration is a number of seconds that a song can have");
 
@@ -67,8 +36,6 @@ void checkReading(const QString &path)
 int LLVMFuzzerTestOneInput(const std::uint8_t *data, std::size_t size)
 {
     using namespace sonavo;
-    [[maybe_unused]] static const int hooks =
-        __sanitizer_install_malloc_and_free_hooks(&countAllocation, &ignoreFree);
     static const QTemporaryDir folder;
     static constexpr std::array EXTENSIONS{"mp3", "m4a", "wav", "aac", "flac"};
     if (size == 0)

@@ -65,16 +65,11 @@ bool acceptsConnections(const QString &socketPath)
 SoundServer::SoundServer()
 {
     const QString socket = m_folder.filePath(u"native"_s);
-    QProcessEnvironment environment = QProcessEnvironment::systemEnvironment();
-    for (const QString &name : {u"HOME"_s, u"XDG_RUNTIME_DIR"_s, u"XDG_CONFIG_HOME"_s,
-                                u"PULSE_RUNTIME_PATH"_s, u"PULSE_STATE_PATH"_s})
-        environment.insert(name, m_folder.path());
-    environment.remove(u"DBUS_SESSION_BUS_ADDRESS"_s);
-    m_server.setProcessEnvironment(environment);
     // Without norewinds, sound that the sink takes back when it stops is recorded nevertheless.
-    startProcess(m_server, u"pulseaudio"_s,
-                 {u"-n"_s, u"--daemonize=no"_s, u"--use-pid-file=no"_s, u"--exit-idle-time=-1"_s,
-                  u"--disable-shm=yes"_s, u"--log-level=error"_s,
+    startProcess(m_server, u"env"_s,
+                 {u"-i"_s, u"HOME="_s + m_folder.path(), u"XDG_RUNTIME_DIR="_s + m_folder.path(),
+                  u"pulseaudio"_s, u"-n"_s, u"--daemonize=no"_s, u"--use-pid-file=no"_s,
+                  u"--exit-idle-time=-1"_s, u"--disable-shm=yes"_s, u"--log-level=error"_s,
                   u"--load=module-null-sink sink_name=quiet norewinds=1 rate=%1"_s.arg(SAMPLE_RATE),
                   u"--load=module-native-protocol-unix auth-anonymous=1 socket="_s + socket},
                  [&] { return acceptsConnections(socket); });
