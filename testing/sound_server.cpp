@@ -115,13 +115,12 @@ void SoundServer::addTone(double position)
     const bool continues =
         std::abs(position - std::exchange(m_position, position) - BLOCK_SECONDS) < MAX_ERROR;
     m_toneBlocks = continues ? m_toneBlocks + 1 : 1;
-    if (!continues)
-        m_toneStart = position;
-    const bool isJump = !m_lastHeard || std::abs(m_toneStart - *m_lastHeard) > MIN_JUMP;
-    if (m_toneBlocks == MIN_TONE_BLOCKS && isJump)
-        m_starts.push_back(m_toneStart);
-    if (m_toneBlocks >= MIN_TONE_BLOCKS)
-        m_lastHeard = position;
+    if (m_toneBlocks < MIN_TONE_BLOCKS)
+        return;
+    const double start = position - (MIN_TONE_BLOCKS - 1) * BLOCK_SECONDS;
+    if (m_toneBlocks == MIN_TONE_BLOCKS && (!m_lastHeard || std::abs(start - *m_lastHeard) > MIN_JUMP))
+        m_starts.push_back(start);
+    m_lastHeard = position;
 }
 
 bool SoundServer::becomesSilent() const
