@@ -52,19 +52,17 @@ void startProcess(QProcess &process, const QString &program, const QStringList &
                                  " cannot be used: " + process.readAllStandardError().toStdString());
 }
 
-/// The socket of a server exists before the server listens on it.
-bool acceptsConnections(const QString &socketPath)
-{
-    QLocalSocket socket;
-    socket.connectToServer(socketPath);
-    return socket.waitForConnected();
-}
-
 } // namespace
 
 SoundServer::SoundServer()
 {
     const QString socket = m_folder.filePath(u"native"_s);
+    // The socket of a server exists before the server listens on it.
+    const auto acceptsConnections = [&socket] {
+        QLocalSocket connection;
+        connection.connectToServer(socket);
+        return connection.waitForConnected();
+    };
     // Without norewinds, sound that the sink takes back when it stops is recorded nevertheless.
     startProcess(m_server, u"env"_s,
                  {u"-i"_s, u"HOME="_s + m_folder.path(), u"XDG_RUNTIME_DIR="_s + m_folder.path(),
@@ -72,7 +70,7 @@ SoundServer::SoundServer()
                   u"--exit-idle-time=-1"_s, u"--disable-shm=yes"_s, u"--log-level=error"_s,
                   u"--load=module-null-sink sink_name=quiet norewinds=1 rate=%1"_s.arg(SAMPLE_RATE),
                   u"--load=module-native-protocol-unix auth-anonymous=1 socket="_s + socket},
-                 [&] { return acceptsConnections(socket); });
+                 acceptsConnections);
     qputenv("PULSE_SERVER", "unix:" + socket.toLocal8Bit());
 
     QObject::connect(&m_recorder, &QProcess::readyReadStandardOutput, &m_recorder,
