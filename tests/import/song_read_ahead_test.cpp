@@ -24,7 +24,6 @@ std::vector<bool> readAll(const QStringList &files, std::chrono::milliseconds ti
         const QFuture<SongReadAhead::Results> results = readAhead.next();
         if (!QTest::qWaitFor([&results] { return results.isFinished(); }, 30'000))
             throw std::runtime_error("the reading does not end");
-        EXPECT_FALSE(results.result().isEmpty());
         for (const std::optional<AudioFileInfo> &info : results.result())
             readable.push_back(info.has_value());
     }
