@@ -28,7 +28,8 @@ QByteArray audioContent(const QString &type, double seconds, const QString &enco
     const QTemporaryDir folder;
     const QString path = folder.filePath(u"audio."_s + type);
     writeSound(path, u"if(lt(mod(t\\,1.6)\\,0.8)\\,0.8*random(0)-0.4\\,0):s=44100"_s, seconds, encoding);
-    return contentOf(path);
+    QFile file(path);
+    return file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray();
 }
 
 QString writeFile(const QString &path, const QByteArray &content)
@@ -37,14 +38,6 @@ QString writeFile(const QString &path, const QByteArray &content)
     if (!file.open(QIODevice::WriteOnly) || file.write(content) != content.size() || !file.flush())
         throw std::runtime_error("cannot write " + path.toStdString());
     return path;
-}
-
-QByteArray contentOf(const QString &path)
-{
-    QFile file(path);
-    if (!file.open(QIODevice::ReadOnly))
-        throw std::runtime_error("cannot read " + path.toStdString());
-    return file.readAll();
 }
 
 QStringList fillWithSongs(const QString &folder, int count)

@@ -19,7 +19,6 @@ void writeSound(const QString &path, const QString &sound, double seconds, const
 
 /// @return the path
 QString writeFile(const QString &path, const QByteArray &content);
-[[nodiscard]] QByteArray contentOf(const QString &path);
 
 /// Fills a folder with `count` hard links to one song of the sample library: "0.mp3", "1.mp3" and so on.
 /// @return their paths in that order

@@ -7,12 +7,12 @@
 #include <unistd.h>
 
 #include <array>
-#include <cstring>
+#include <climits>
 #include <stdexcept>
 
 namespace sonavo {
 
-/// Counts how often a file, or any file directly in a folder, is opened by anyone.
+/// Sees whether a file, or any file directly in a folder, has been opened by anyone.
 class OpenWatch
 {
 public:
@@ -24,19 +24,10 @@ public:
     ~OpenWatch() { ::close(m_descriptor); }
     Q_DISABLE_COPY_MOVE(OpenWatch)
 
-    /// How often since the last call.
-    [[nodiscard]] int count()
+    [[nodiscard]] bool sawOpening() const
     {
-        int count = 0;
-        std::array<char, 64 * 1024> events{};
-        for (ssize_t size = 0; (size = ::read(m_descriptor, events.data(), events.size())) > 0;) {
-            for (std::size_t offset = 0; offset < static_cast<std::size_t>(size); ++count) {
-                inotify_event event{};
-                std::memcpy(&event, events.data() + offset, sizeof event);
-                offset += sizeof event + event.len;
-            }
-        }
-        return count;
+        std::array<char, sizeof(inotify_event) + NAME_MAX + 1> event{};
+        return ::read(m_descriptor, event.data(), event.size()) > 0;
     }
 
 private:

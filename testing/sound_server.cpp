@@ -52,32 +52,25 @@ void startProcess(QProcess &process, const QString &program, const QStringList &
                                  " cannot be used: " + process.readAllStandardError().toStdString());
 }
 
-/// The socket of a server exists before the server listens on it.
-bool acceptsConnections(const QString &socketPath)
-{
-    QLocalSocket socket;
-    socket.connectToServer(socketPath);
-    return socket.waitForConnected();
-}
-
 } // namespace
 
 SoundServer::SoundServer()
 {
     const QString socket = m_folder.filePath(u"native"_s);
-    QProcessEnvironment environment = QProcessEnvironment::systemEnvironment();
-    for (const QString &name : {u"HOME"_s, u"XDG_RUNTIME_DIR"_s, u"XDG_CONFIG_HOME"_s,
-                                u"PULSE_RUNTIME_PATH"_s, u"PULSE_STATE_PATH"_s})
-        environment.insert(name, m_folder.path());
-    environment.remove(u"DBUS_SESSION_BUS_ADDRESS"_s);
-    m_server.setProcessEnvironment(environment);
+    // The socket of a server exists before the server listens on it.
+    const auto acceptsConnections = [&socket] {
+        QLocalSocket connection;
+        connection.connectToServer(socket);
+        return connection.waitForConnected();
+    };
     // Without norewinds, sound that the sink takes back when it stops is recorded nevertheless.
-    startProcess(m_server, u"pulseaudio"_s,
-                 {u"-n"_s, u"--daemonize=no"_s, u"--use-pid-file=no"_s, u"--exit-idle-time=-1"_s,
-                  u"--disable-shm=yes"_s, u"--log-level=error"_s,
+    startProcess(m_server, u"env"_s,
+                 {u"-i"_s, u"HOME="_s + m_folder.path(), u"XDG_RUNTIME_DIR="_s + m_folder.path(),
+                  u"pulseaudio"_s, u"-n"_s, u"--daemonize=no"_s, u"--use-pid-file=no"_s,
+                  u"--exit-idle-time=-1"_s, u"--disable-shm=yes"_s, u"--log-level=error"_s,
                   u"--load=module-null-sink sink_name=quiet norewinds=1 rate=%1"_s.arg(SAMPLE_RATE),
                   u"--load=module-native-protocol-unix auth-anonymous=1 socket="_s + socket},
-                 [&] { return acceptsConnections(socket); });
+                 acceptsConnections);
     qputenv("PULSE_SERVER", "unix:" + socket.toLocal8Bit());
 
     QObject::connect(&m_recorder, &QProcess::readyReadStandardOutput, &m_recorder,
@@ -120,13 +113,12 @@ void SoundServer::addTone(double position)
     const bool continues =
         std::abs(position - std::exchange(m_position, position) - BLOCK_SECONDS) < MAX_ERROR;
     m_toneBlocks = continues ? m_toneBlocks + 1 : 1;
-    if (!continues)
-        m_toneStart = position;
-    const bool isJump = !m_lastHeard || std::abs(m_toneStart - *m_lastHeard) > MIN_JUMP;
-    if (m_toneBlocks == MIN_TONE_BLOCKS && isJump)
-        m_starts.push_back(m_toneStart);
-    if (m_toneBlocks >= MIN_TONE_BLOCKS)
-        m_lastHeard = position;
+    if (m_toneBlocks < MIN_TONE_BLOCKS)
+        return;
+    const double start = position - (MIN_TONE_BLOCKS - 1) * BLOCK_SECONDS;
+    if (m_toneBlocks == MIN_TONE_BLOCKS && (!m_lastHeard || std::abs(start - *m_lastHeard) > MIN_JUMP))
+        m_starts.push_back(start);
+    m_lastHeard = position;
 }
 
 bool SoundServer::becomesSilent() const

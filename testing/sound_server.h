@@ -47,9 +47,8 @@ private:
     int m_blocks = 0;
     int m_loudBlocks = 0;
     double m_peak = 0;
-    // Of the last blocks that continue each other.
+    /// How many of the last blocks continue each other.
     int m_toneBlocks = 0;
-    double m_toneStart = 0;
     double m_position = 0;
     /// Where the tone before was last heard.
     std::optional<double> m_lastHeard;

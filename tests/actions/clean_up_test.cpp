@@ -121,9 +121,14 @@ TEST_P(CleanUpTest, PassesOverDuplicatesThatAreTheFileOfAnOriginal)
     // One of a file's two names may go, but not from under a link.
     fs::create_hard_link(home.add("music/d.mp3"), home.path("d.mp3"));
     fs::create_symlink("d.mp3", home.path("music/link to d.mp3"));
+    // Mounted, the folder is still the same one, and its files are, though they have two names.
+    const bool isMounted = PrivateMounts::areAllowed() &&
+                           mounts.mount(home.path("mounted"), nullptr, MS_BIND, home.path("music"));
+    fs::create_hard_link(home.add("music/e.mp3"), home.path("e.mp3"));
     const CleanUpOutcome outcome =
         cleanUp({group(song("music/a.mp3"), {song("linked/a.mp3"), song("music/link.mp3"),
                                              song("music/b.mp3"), song("music/c.mp3")}),
+                 group(song("music/e.mp3"), {song(isMounted ? "mounted/e.mp3" : "music/e.mp3")}),
                  group(song("linked/c.mp3"), {song("music/a.mp3")}),
                  // The original is the link, and the file that it leads to the duplicate.
                  group(song("music/link.mp3"), {song("music/a.mp3")}),

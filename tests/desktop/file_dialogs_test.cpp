@@ -21,18 +21,18 @@ namespace sonavo {
 namespace {
 
 using namespace Qt::Literals::StringLiterals;
-using testing::IsEmpty;
 using testing::UnorderedElementsAre;
 
 /// Uses an open dialog as the user would.
 struct DialogDriver
 {
-    explicit DialogDriver(QFileDialog &openDialog)
-        : dialog(openDialog)
+    QStringList names() const
     {
-        dialog.setViewMode(QFileDialog::List);
+        QStringList names;
+        for (int row = 0; row < view->model()->rowCount(view->rootIndex()); ++row)
+            names.append(view->model()->index(row, 0, view->rootIndex()).data().toString());
+        return names;
     }
-
     /// Waits until the list is filled.
     void select(const QStringList &selected) const
     {
@@ -50,19 +50,17 @@ struct DialogDriver
         select({name});
         QTest::keyClick(view, Qt::Key_Return);
     }
-
-    [[nodiscard]] QStringList names() const
+    void type(const QString &text) const
     {
-        QStringList names;
-        for (int row = 0; row < view->model()->rowCount(view->rootIndex()); ++row)
-            names.append(view->model()->index(row, 0, view->rootIndex()).data().toString());
-        return names;
+        nameEdit->setFocus();
+        QTest::keyClicks(nameEdit, text + u'\r');
     }
+    void accept() const { QTest::mouseClick(acceptButton, Qt::LeftButton); }
 
     QFileDialog &dialog;
-    QAbstractItemView *const view = dialog.findChild<QAbstractItemView *>(u"listView"_s);
-    QLineEdit *const nameEdit = dialog.findChild<QLineEdit *>(u"fileNameEdit"_s);
-    QPushButton *const acceptButton = dialog.findChild<QDialogButtonBox *>()->button(QDialogButtonBox::Open);
+    QAbstractItemView *view = dialog.findChild<QAbstractItemView *>(u"listView"_s);
+    QLineEdit *nameEdit = dialog.findChild<QLineEdit *>(u"fileNameEdit"_s);
+    QPushButton *acceptButton = dialog.findChild<QDialogButtonBox *>()->button(QDialogButtonBox::Open);
 };
 
 class FileDialogTest : public testing::Test
@@ -70,8 +68,7 @@ class FileDialogTest : public testing::Test
 protected:
     FileDialogTest()
     {
-        for (const char *name :
-             {"b.mp3", "c d.FLAC", "notes.txt", ".hidden.mp3", "Album/x.mp3", "Album/Bonus/y.wav"})
+        for (const char *name : {"b.mp3", "c d.FLAC", "notes.txt", ".hidden.mp3", "Album/Bonus/y.wav"})
             home.add(std::string("Music/") + name);
     }
 
@@ -81,87 +78,71 @@ protected:
         QTimer::singleShot(0, [act] {
             const QPointer dialog = qobject_cast<QFileDialog *>(QApplication::activeModalWidget());
             ASSERT_TRUE(dialog && QTest::qWaitForWindowActive(dialog, 10'000));
-            act(DialogDriver(*dialog));
+            dialog->setViewMode(QFileDialog::List);
+            act(DialogDriver{*dialog});
             if (dialog && dialog->isVisible())
                 dialog->reject();
         });
     }
-
-    std::vector<std::string> chosenMusic()
-    {
-        std::vector<std::string> paths;
-        for (const QUrl &url : runMusicDialog(m_folder))
-            paths.push_back(url.toLocalFile().toStdString());
-        return paths;
-    }
-    std::string chosenFolder() { return runFolderDialog(u"Move to"_s, u"Move"_s, m_folder).toStdString(); }
+    std::string chosenFolder() { return runFolderDialog(u"Move to"_s, u"Move"_s, folder).toStdString(); }
 
     PrivateHome home;
     const std::string music = home.path("Music").string();
-
-private:
-    QString m_folder;
+    QString folder;
 };
 
 TEST_F(FileDialogTest, ReturnsFilesAndFoldersThatAreSelectedTogether)
 {
     whenOpen([this](const DialogDriver &driver) {
-        EXPECT_EQ(driver.dialog.windowTitle(), u"Add Songs"_s);
         EXPECT_EQ(driver.dialog.directory().path().toStdString(), music);
         driver.select({u"Album"_s});
         EXPECT_EQ(driver.nameEdit->text(), u"Album"_s);
         EXPECT_THAT(driver.names(), UnorderedElementsAre(u"Album"_s, u"b.mp3"_s, u"c d.FLAC"_s));
         driver.select({u"Album"_s, u"c d.FLAC"_s});
-        driver.acceptButton->click();
+        driver.accept();
     });
-    EXPECT_THAT(chosenMusic(), UnorderedElementsAre(music + "/Album", music + "/c d.FLAC"));
+    EXPECT_THAT(QUrl::toStringList(runMusicDialog(folder)),
+                UnorderedElementsAre(u"file://%1/Album"_s.arg(QString::fromStdString(music)),
+                                     u"file://%1/c d.FLAC"_s.arg(QString::fromStdString(music))));
 }
 
-TEST_F(FileDialogTest, EntersFoldersAndOpensWhereItWasClosed)
+TEST_F(FileDialogTest, EntersFoldersOpensWhereItWasClosedAndTakesTypedNames)
 {
     whenOpen([](const DialogDriver &driver) {
         driver.open(u"Album"_s);
         EXPECT_EQ(driver.nameEdit->text(), QString());
         EXPECT_FALSE(driver.acceptButton->isEnabled());
         driver.open(u"Bonus"_s);
+        driver.type(u".."_s);
+        EXPECT_EQ(driver.dialog.directory().dirName(), u"Album"_s);
     });
-    EXPECT_THAT(chosenMusic(), IsEmpty());
-    whenOpen([](const DialogDriver &driver) { driver.open(u"y.wav"_s); });
-    EXPECT_THAT(chosenMusic(), UnorderedElementsAre(music + "/Album/Bonus/y.wav"));
-}
-
-TEST_F(FileDialogTest, TakesTypedNamesOfFilesAndFolders)
-{
-    const std::pair<std::string, std::vector<std::string>> cases[] = {
-        {music + "/Album/x.mp3", {music + "/Album/x.mp3"}},
-        {R"("Album" "c d.FLAC")", {music + "/Album", music + "/c d.FLAC"}},
-        {"..", {}},
-        {"b\b", {}},
-    };
-    for (const auto &[names, chosen] : cases) {
-        whenOpen([&names = names](const DialogDriver &driver) {
-            driver.nameEdit->setFocus();
-            QTest::keyClicks(driver.nameEdit, QString::fromStdString(names) + u'\r');
-        });
-        EXPECT_THAT(chosenMusic(), testing::UnorderedElementsAreArray(chosen)) << names;
-    }
+    EXPECT_TRUE(runMusicDialog(folder).isEmpty());
+    whenOpen([](const DialogDriver &driver) {
+        driver.type(u"b\b"_s); // nothing is chosen without a name
+        driver.type(u"Bonus/y.wav"_s);
+    });
+    EXPECT_EQ(runMusicDialog(folder),
+              QList{QUrl::fromLocalFile(QString::fromStdString(music + "/Album/Bonus/y.wav"))});
 }
 
 TEST_F(FileDialogTest, ReturnsOneFolderWhichCanBeNew)
 {
-    whenOpen([](const DialogDriver &driver) {
+    QWindow window;
+    window.show();
+    whenOpen([&window](const DialogDriver &driver) {
+        EXPECT_EQ(driver.dialog.windowHandle()->transientParent(), &window);
         EXPECT_EQ(driver.dialog.windowTitle(), u"Move to"_s);
         EXPECT_EQ(driver.acceptButton->text(), u"Move"_s);
         driver.select({u"Album"_s});
         EXPECT_EQ(driver.names(), QStringList{u"Album"_s});
-        driver.acceptButton->click();
+        driver.accept();
     });
     EXPECT_EQ(chosenFolder(), music + "/Album");
     whenOpen([](const DialogDriver &driver) {
         driver.select({u"Album"_s});
         driver.dialog.findChild<QToolButton *>(u"newFolderButton"_s)->click();
         QTest::keyClicks(QApplication::focusWidget(), u"Doubles\r"_s);
-        driver.acceptButton->click();
+        driver.accept();
     });
     EXPECT_EQ(chosenFolder(), music + "/Doubles");
     EXPECT_TRUE(std::filesystem::is_directory(music + "/Doubles"));
@@ -169,7 +150,7 @@ TEST_F(FileDialogTest, ReturnsOneFolderWhichCanBeNew)
 
 TEST_F(FileDialogTest, CannotDeleteRenameOrMoveFiles)
 {
-    const auto tamper = [](const DialogDriver &driver) {
+    whenOpen([](const DialogDriver &driver) {
         driver.select({u"Album"_s});
         QTimer::singleShot(200, &driver.dialog, [] {
             if (auto *const question = qobject_cast<QMessageBox *>(QApplication::activeModalWidget())) {
@@ -178,26 +159,9 @@ TEST_F(FileDialogTest, CannotDeleteRenameOrMoveFiles)
             }
         });
         QTest::keyClick(driver.view, Qt::Key_Delete);
-        QTest::qWait(300);
         QTest::keyClick(driver.view, Qt::Key_F2);
         EXPECT_EQ(driver.view->viewport()->findChild<QLineEdit *>(), nullptr);
         EXPECT_EQ(driver.view->dragDropMode(), QAbstractItemView::NoDragDrop);
-    };
-    whenOpen(tamper);
-    EXPECT_THAT(chosenMusic(), IsEmpty());
-    whenOpen(tamper);
-    EXPECT_EQ(chosenFolder(), "");
-}
-
-TEST_F(FileDialogTest, BelongsToTheWindowAndClosesWhenTheApplicationQuits)
-{
-    QWindow window;
-    window.show();
-    whenOpen([&window](const DialogDriver &driver) {
-        EXPECT_EQ(driver.dialog.windowHandle()->transientParent(), &window);
-        EXPECT_EQ(driver.dialog.windowModality(), Qt::ApplicationModal);
-        driver.select({u"Album"_s});
-        QCoreApplication::quit();
     });
     EXPECT_EQ(chosenFolder(), "");
 }

@@ -11,7 +11,7 @@
 #include <QTest>
 #include <QUrl>
 
-#include <gmock/gmock.h>
+#include <gtest/gtest.h>
 
 #include <chrono>
 #include <string>
@@ -22,7 +22,6 @@ namespace {
 
 using namespace Qt::Literals::StringLiterals;
 using namespace std::chrono_literals;
-using testing::IsEmpty;
 
 /// A file manager on the bus, and what opens folders without one. Records what it is asked to show.
 class FileManager : public QObject, protected QDBusContext
@@ -42,9 +41,8 @@ public:
     QList<QUrl> openedFolders;
 
 public Q_SLOTS:
-    void ShowItems(const QStringList &uris, const QString &startupId)
+    void ShowItems(const QStringList &uris, const QString & /*startupId*/)
     {
-        EXPECT_EQ(startupId, QString());
         shownFiles += uris;
         setDelayedReply(behavior == "silent file manager");
         if (behavior == "refusing file manager")
@@ -72,8 +70,8 @@ protected:
             GTEST_SKIP() << "a process has one session bus only; ctest gives each test its own process";
     }
 
-    /// Starts a bus that starts no programs.
-    void startBus()
+    /// Starts a file manager on a bus that starts no programs.
+    void startFileManager()
     {
         const auto config =
             home.add("bus.conf", "<busconfig><type>session</type><listen>" + m_address.toStdString() +
@@ -83,12 +81,6 @@ protected:
         m_daemon.start(u"dbus-daemon"_s, {u"--nofork"_s, u"--print-address"_s,
                                           u"--config-file="_s + QString::fromStdString(config)});
         ASSERT_TRUE(m_daemon.waitForReadyRead(10'000)) << m_daemon.errorString().toStdString();
-    }
-
-    void startFileManager(const std::string &behavior)
-    {
-        ASSERT_NO_FATAL_FAILURE(startBus());
-        manager.behavior = behavior;
         QDBusConnection bus = QDBusConnection::connectToBus(m_address, u"manager"_s);
         ASSERT_TRUE(bus.registerObject(u"/org/freedesktop/FileManager1"_s, &manager,
                                        QDBusConnection::ExportAllSlots));
@@ -108,10 +100,9 @@ TEST_P(FileViewerTest, ShowsAFileByItsUriOrOpensItsFolderOnceWithoutBlocking)
     QLocalServer silentBus;
     if (GetParam() == "silent bus") {
         ASSERT_TRUE(silentBus.listen(QString::fromStdString(home.path("bus"))));
-    } else if (GetParam() == "bus without file manager") {
-        ASSERT_NO_FATAL_FAILURE(startBus());
     } else if (GetParam() != "no bus") {
-        ASSERT_NO_FATAL_FAILURE(startFileManager(GetParam()));
+        manager.behavior = GetParam();
+        ASSERT_NO_FATAL_FAILURE(startFileManager());
     }
     const bool isSilent = GetParam().starts_with("silent");
     FileViewer viewer(isSilent ? 300ms : 20s);
@@ -119,20 +110,20 @@ TEST_P(FileViewerTest, ShowsAFileByItsUriOrOpensItsFolderOnceWithoutBlocking)
     time.start();
     viewer.show(u"/m #1/a#b %41?\n\u00e9.mp3"_s);
     EXPECT_LT(time.elapsed(), isSilent ? 300 : 5000);
-    EXPECT_THAT(manager.openedFolders, IsEmpty());
+    EXPECT_TRUE(manager.openedFolders.isEmpty());
     ASSERT_TRUE(QTest::qWaitFor([&viewer] { return viewer.children().isEmpty(); }, 20'000));
     EXPECT_GE(time.elapsed(), isSilent ? 300 : 0);
     const bool isShown = GetParam() == "file manager";
     const QUrl folder = QUrl::fromLocalFile(u"/m #1"_s);
     EXPECT_EQ(manager.openedFolders, isShown ? QList<QUrl>() : QList<QUrl>{folder});
+    const bool isAsked = GetParam().ends_with("file manager");
     const QString uri = u"file:///m%20%231/a%23b%20%2541%3F%0A%C3%A9.mp3"_s;
-    EXPECT_THAT(manager.shownFiles, testing::Each(uri));
-    EXPECT_TRUE(!isShown || manager.shownFiles.size() == 1);
+    EXPECT_EQ(manager.shownFiles, isAsked ? QStringList{uri} : QStringList());
 }
 
 INSTANTIATE_TEST_SUITE_P(All, FileViewerTest,
-                         testing::Values("file manager", "no bus", "silent bus", "bus without file manager",
-                                         "refusing file manager", "silent file manager"));
+                         testing::Values("file manager", "no bus", "silent bus", "refusing file manager",
+                                         "silent file manager"));
 
 } // namespace
 } // namespace sonavo

@@ -41,17 +41,11 @@ TEST_F(ReadAudioDuration, TakesTheLengthFromTheHeaderOfEveryFormatOrCountsPacket
 {
     const Encodings cases = {
         {u"mp3"_s, u"-b:a 128k"_s},
-        {u"mp3"_s, u"-q:a 6 -ar 22050"_s},
         {u"mp3"_s, u"-q:a 4 -ar 48000 -ac 2"_s},
         {u"m4a"_s, u"-c:a aac"_s},
-        {u"m4a"_s, u"-c:a alac -movflags +faststart"_s},
         {u"m4a"_s, u"-c:a aac -movflags +empty_moov+default_base_moof -frag_duration 1000000"_s},
-        {u"m4a"_s, u"-c:a alac -movflags +empty_moov -frag_duration 1000000"_s},
         {u"wav"_s, u""_s},
-        {u"wav"_s, u"-rf64 always"_s},
-        {u"wav"_s, u"-c:a adpcm_ms"_s},
         {u"wav"_s, u"-seekable 0"_s}, // the header is written without a length
-        {u"flac"_s, u""_s},
         {u"flac"_s, u"-ar 96000 -ac 2"_s},
         {u"flac"_s, u"-seekable 0"_s},
     };
@@ -67,9 +61,7 @@ TEST_F(ReadAudioDuration, CountsFramesWithoutAHeaderAlsoBehindAPictureAndOfATrun
     const Encodings cases = {
         {u"mp3"_s, u"-b:a 128k -write_xing 0"_s},
         {u"mp3"_s, u"-q:a 4 -write_xing 0 -id3v2_version 0 -write_id3v1 1 -metadata title=Noise"_s},
-        {u"mp3"_s, u"-q:a 6 -ar 22050 -write_xing 0"_s},
         {u"aac"_s, u""_s},
-        {u"aac"_s, u"-ar 22050"_s},
     };
     constexpr qsizetype TAG_SIZE = 10 + (0x20 << 14);
     // With a picture in it that contains frames.
@@ -89,7 +81,7 @@ TEST_F(ReadAudioDuration, CountsFramesWithoutAHeaderAlsoBehindAPictureAndOfATrun
     }
 }
 
-TEST_F(ReadAudioDuration, HonoursEditLists)
+TEST_F(ReadAudioDuration, HonoursEditListsButNoLengthOfThirtyYears)
 {
     QByteArray content = audioContent(u"m4a"_s, SECONDS, u"-c:a alac"_s);
     // Its name, version and number of edits are followed by the length in milliseconds and the start in
@@ -101,13 +93,9 @@ TEST_F(ReadAudioDuration, HonoursEditLists)
     expectDuration(
         write(u"delayed.m4a"_s, audioContent(u"m4a"_s, SECONDS, u"-c:a aac -output_ts_offset 2.5"_s)),
         SECONDS + 2.5);
-}
-
-TEST_F(ReadAudioDuration, IsUnknownWhereAHeaderClaimsThirtyYearsOrMore)
-{
     // A FLAC header with one sample a second and the most samples that it can count.
     const QByteArray header = QByteArray::fromHex("664c614380000022ffffffff0000000000000000107fffffffff");
-    EXPECT_EQ(readAudioDuration(write(u"x.flac"_s, header + QByteArray(16, '\0'))), 0.0);
+    expectDuration(write(u"x.flac"_s, header + QByteArray(16, '\0')), 0.0);
 }
 
 TEST_F(ReadAudioDuration, DetectsTheFormatUnderAnyExtensionAndGivesNothingOnceStopped)
@@ -131,11 +119,9 @@ TEST_F(ReadAudioDuration, GivesNothingForOtherContentAndOpensNoFileItRefersTo)
     const QByteArray playlist = "#EXTM3U\n#EXT-X-VERSION:3\n#EXT-X-TARGETDURATION:10\n#EXTINF:9,\n";
     const QByteArray contents[] = {
         "",
-        "Lorem ipsum dolor sit amet.\n",
         QByteArray("RIFF fLaC ftypM4A Xing\n").repeated(5000),
         QByteArray(200'000, '\xFF'),
         audioContent(u"ogg"_s, 1, u"-c:a flac"_s),
-        audioContent(u"mka"_s, 1, u"-c:a aac"_s),
         audioContent(u"mp4"_s, 1, u"-filter_complex showwaves=s=32x16[v] -map [v] -c:v mpeg4"_s),
         playlist + QFile::encodeName(target) + "\n#EXT-X-ENDLIST\n",
         "ffconcat version 1.0\nfile 'target.mp3'\n",
@@ -145,24 +131,21 @@ TEST_F(ReadAudioDuration, GivesNothingForOtherContentAndOpensNoFileItRefersTo)
         for (const QString &type : TYPES)
             EXPECT_FALSE(readAudioDuration(write(u"x."_s + type, content))) << content.left(40).toStdString();
     }
-    EXPECT_EQ(watch.count(), 0);
+    EXPECT_FALSE(watch.sawOpening());
     EXPECT_TRUE(readAudioDuration(target));
-    EXPECT_GT(watch.count(), 0);
+    EXPECT_TRUE(watch.sawOpening());
 }
 
 TEST_F(ReadAudioDuration, OpensOnlyRegularFiles)
 {
-    const auto path = [this](const QString &name) { return m_folder.filePath(name); };
-    ASSERT_EQ(::mkfifo(QFile::encodeName(path(u"pipe.mp3"_s)), 0600), 0);
+    ASSERT_EQ(::mkfifo(QFile::encodeName(m_folder.filePath(u"pipe.mp3"_s)), 0600), 0);
+    ASSERT_TRUE(QFile::link(u"pipe.mp3"_s, m_folder.filePath(u"link.wav"_s)));
+    ASSERT_TRUE(QFile::link(u"/dev/zero"_s, m_folder.filePath(u"device.mp3"_s)));
     ASSERT_TRUE(QDir(m_folder.path()).mkdir(u"folder.mp3"_s));
-    ASSERT_TRUE(QFile::link(u"/dev/zero"_s, path(u"device.mp3"_s)));
-    ASSERT_TRUE(QFile::link(u"pipe.mp3"_s, path(u"pipe_link.wav"_s)));
-    ASSERT_TRUE(QFile::link(u"loop.flac"_s, path(u"loop.flac"_s)));
     OpenWatch watch(m_folder.path());
-    for (const QString &name : {u"pipe.mp3"_s, u"folder.mp3"_s, u"device.mp3"_s, u"pipe_link.wav"_s,
-                                u"loop.flac"_s, u"vanished.mp3"_s, u"pipe.mp3/inside.mp3"_s})
-        EXPECT_FALSE(readAudioDuration(path(name))) << name.toStdString();
-    EXPECT_EQ(watch.count(), 0);
+    for (const QString &name : {u"pipe.mp3"_s, u"link.wav"_s, u"device.mp3"_s, u"folder.mp3"_s})
+        EXPECT_FALSE(readAudioDuration(m_folder.filePath(name))) << name.toStdString();
+    EXPECT_FALSE(watch.sawOpening());
 }
 
 } // namespace

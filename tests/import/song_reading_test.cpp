@@ -21,14 +21,10 @@ TEST(LoadSong, TakesArtistTitleTypeAndFolderFromThePath)
     } cases[] = {
         {u"Artist - Title.mp3"_s, u"Artist"_s, u"Title"_s, u"MP3"_s},
         {u"Alpha-Beta - Song.m4a"_s, u"Alpha"_s, u"Beta - Song"_s, u"M4A"_s},
-        {u"Track01.flac"_s, u""_s, u"Track01"_s, u"FLAC"_s},
-        {u"-Intro.wav"_s, u""_s, u"Intro"_s, u"WAV"_s},
         {u"  kept as it is\t.WaV"_s, u""_s, u"  kept as it is\t"_s, u"WAV"_s},
         {u" \tA \t-\t B\n.mp3"_s, u"A"_s, u"B\n"_s, u"MP3"_s},
         {u"\u00a0A\u00a0-\u3000B.mp3"_s, u"\u00a0A\u00a0"_s, u"\u3000B"_s, u"MP3"_s},
-        {u"A \u2013 B.mp3"_s, u""_s, u"A \u2013 B"_s, u"MP3"_s},
         {u"a.b-c.d.mp3-1"_s, u"a.b"_s, u"c.d"_s, u"MP3-1"_s},
-        {u"without"_s, u""_s, u"without"_s, u""_s},
         {u"dot."_s, u""_s, u"dot."_s, u""_s},
     };
     const QTemporaryDir folder;

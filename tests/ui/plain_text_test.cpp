@@ -98,7 +98,7 @@ TEST_F(PlainTextTest, ShowsNamesAsTheyAreWritten)
     EXPECT_FALSE(session.importDroppedItems(QList<QUrl>(10'001, song)));
     EXPECT_FALSE(session.importDroppedItems(QList<QUrl>(500'001, song)));
     EXPECT_THAT(richTexts(), IsEmpty());
-    EXPECT_EQ(m_picture->count(), 0);
+    EXPECT_FALSE(m_picture->sawOpening());
 }
 
 } // namespace
