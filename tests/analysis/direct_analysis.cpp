@@ -98,15 +98,9 @@ QString normalizeString(const QString &text)
 {
     static const QRegularExpression brackets(uR"([\(\)\[\]\{\}])"_s);
     static const QRegularExpression separators(u"[^a-z0-9]+"_s);
-    static const QRegularExpression ends(uR"(^\s+|\s+$)"_s);
-    static const QRegularExpression blanks(uR"(\s+)"_s);
     // Lone surrogates are replaced first: in a text that holds one the expressions would find nothing.
-    QString result = QString::fromUtf8(text.toUtf8()).toLower();
-    result.replace(brackets, u""_s);
-    result.replace(separators, u" "_s);
-    result.replace(ends, u""_s);
-    result.replace(blanks, u" "_s);
-    return result;
+    const QString lower = QString::fromUtf8(text.toUtf8()).toLower();
+    return QString(lower).remove(brackets).replace(separators, u" "_s).simplified();
 }
 
 int levenshteinDistance(const QString &a, const QString &b)
