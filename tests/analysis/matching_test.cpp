@@ -66,11 +66,9 @@ TEST(ArtistsCompatible, AsksForASharedWordWhereBothSongsNameAnArtist)
     } cases[] = {
         {u"The Beatles"_s, u"Beatles"_s, true},
         {u"Queen"_s, u"Queen & Tredigra"_s, true},
-        {u"U2"_s, u"DJ U2"_s, true},
         {u"Vaibin"_s, u"Diokraiv"_s, false},
         {u"Vaibin"_s, u""_s, true},
         {u""_s, u"Vaibin"_s, true},
-        {u"!!!"_s, u"Diokraiv"_s, false},
         {u"!!!"_s, u"!!!"_s, false},
     };
     for (const auto &[duplicate, original, areCompatible] : cases) {
