@@ -141,18 +141,15 @@ TEST_F(CleanUpTest, MovesNothingWhenTheResultChangesWhileTheDialogIsOpen)
 
 TEST_F(CleanUpTest, CopiesThePathOfTheNewFolderAndSaysSoASecondLater)
 {
-    library.setSongs({song("only.mp3")});
-    const Song original = song("1/a.mp3");
-    const QList<Song> duplicates{song("2/a.mp3"), song("3/a.mp3")};
-    library.setDuplicateGroups({{QUuid::createUuid(), original, duplicates, 0}});
+    addGroups(1, 3);
     std::vector<std::chrono::milliseconds> lengths;
     pauses->onPause = [&lengths](std::chrono::milliseconds length) { lengths.push_back(length); };
     cleanUp.moveDuplicatesToFolder();
     EXPECT_EQ(toast(), "Success: Moved 2 files to folder \u2022 Saved 8 bytes");
     EXPECT_EQ(library.songs().size(), 1);
     EXPECT_THAT(library.duplicateGroups(), IsEmpty());
-    EXPECT_THAT(filesIn("target"), testing::UnorderedElementsAre(desktop.clipboard + u"/a.mp3"_s,
-                                                                 desktop.clipboard + u"/a (1).mp3"_s));
+    EXPECT_THAT(filesIn("target"), testing::UnorderedElementsAre(desktop.clipboard + u"/0.mp3"_s,
+                                                                 desktop.clipboard + u"/0 (1).mp3"_s));
     EXPECT_THAT(lengths, ElementsAre(3s, 1s)) << "the first is that of the toast";
     EXPECT_TRUE(QTest::qWaitFor([this] { return toast() == "Info: Folder path copied to clipboard"; }));
     settle();
