@@ -3,7 +3,6 @@
 #include <QStringList>
 #include <QUuid>
 
-#include <iomanip>
 #include <vector>
 
 namespace sonavo {
@@ -61,9 +60,8 @@ Song copyOf(Song song)
 Gen<QList<Song>> library(int mostSongs)
 {
     return gen::exec([mostSongs] {
-        const auto recording = gen::exec([] {
-            return songOf(*gen::elementOf(ARTISTS), *gen::elementOf(TITLES), *gen::elementOf(DURATIONS));
-        });
+        const auto recording =
+            gen::apply(songOf, gen::elementOf(ARTISTS), gen::elementOf(TITLES), gen::elementOf(DURATIONS));
         const auto recordings = *gen::nonEmpty(gen::resize(4, gen::container<std::vector<Song>>(recording)));
         const auto copy = gen::exec([recordings] { return copyOf(*gen::elementOf(recordings)); });
         QList<Song> songs;
@@ -85,9 +83,8 @@ Song songOf(const QString &artist, const QString &title, double duration)
 void showValue(const QList<Song> &songs, std::ostream &out)
 {
     for (const Song &song : songs) {
-        const QString texts = QStringList{song.artist, song.title, song.name, song.path}.join(u" | "_s);
-        out << "\n  " << texts.toStdString() << " | " << std::setprecision(17) << song.duration << " s, "
-            << song.size;
+        const QStringList texts{song.artist, song.title, song.name, song.path};
+        out << "\n  " << texts.join(u" | "_s).toStdString() << " | " << song.duration << " s, " << song.size;
     }
 }
 

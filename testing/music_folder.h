@@ -42,12 +42,6 @@ public:
                 addSong(QStringLiteral("%1/Artist%2 - Title%2.flac").arg(copy).arg(i));
         }
     }
-    void addText(const QString &name) const
-    {
-        QFile file(pathOf(name));
-        ASSERT_TRUE(file.open(QIODevice::WriteOnly));
-        file.write("no music");
-    }
     [[nodiscard]] QString path() const { return m_folder.path(); }
     [[nodiscard]] QString pathOf(const QString &name) const { return m_folder.filePath(name); }
     [[nodiscard]] QUrl urlOf(const QString &name) const { return QUrl::fromLocalFile(pathOf(name)); }

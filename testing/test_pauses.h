@@ -8,6 +8,7 @@
 
 #include <functional>
 #include <memory>
+#include <utility>
 #include <vector>
 
 namespace sonavo {
@@ -18,28 +19,22 @@ class HeldPauses final : public Pauses
 public:
     [[nodiscard]] QCoro::Task<> wait(std::chrono::milliseconds length) override
     {
-        const auto end = std::make_shared<QPromise<void>>();
+        const auto end = m_pauses.emplace_back(length, std::make_shared<QPromise<void>>()).second;
         end->start();
-        m_pauses.push_back({length, end});
         co_await end->future();
     }
 
     [[nodiscard]] std::size_t count() const { return m_pauses.size(); }
     [[nodiscard]] std::chrono::milliseconds lengthOf(std::size_t pause) const
     {
-        return m_pauses.at(pause).length;
+        return m_pauses.at(pause).first;
     }
 
     /// The caller of wait() continues at the next turn of the event loop.
-    void end(std::size_t pause) { m_pauses.at(pause).end->finish(); }
+    void end(std::size_t pause) { m_pauses.at(pause).second->finish(); }
 
 private:
-    struct Pause
-    {
-        std::chrono::milliseconds length;
-        std::shared_ptr<QPromise<void>> end;
-    };
-    std::vector<Pause> m_pauses;
+    std::vector<std::pair<std::chrono::milliseconds, std::shared_ptr<QPromise<void>>>> m_pauses;
 };
 
 /// Pauses that last one turn of the event loop; the test hears of each.

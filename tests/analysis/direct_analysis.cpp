@@ -55,6 +55,27 @@ QList<QList<Song>> bucketsOf(const QList<Song> &songs, const std::function<QStri
     return buckets;
 }
 
+QList<QList<Song>> clusterSongs(const QList<Song> &songs)
+{
+    QSet<QUuid> placed;
+    QList<QList<Song>> clusters;
+    for (const Song &seed : songs) {
+        if (placed.contains(seed.id))
+            continue;
+        placed << seed.id;
+        QList<Song> cluster{seed};
+        for (const Song &candidate : songs) {
+            if (candidate.id == seed.id || placed.contains(candidate.id) || !songsMatch(seed, candidate))
+                continue;
+            cluster << candidate;
+            placed << candidate.id;
+        }
+        if (cluster.size() >= 2)
+            clusters << cluster;
+    }
+    return clusters;
+}
+
 struct Run
 {
     QSet<QString> processedPaths;
@@ -66,28 +87,20 @@ struct Run
         return songs;
     }
 
-    bool makeGroup(const QList<Song> &cluster, bool filtersArtists)
-    {
-        const Song original = *std::max_element(cluster.begin(), cluster.end(),
-                                                [](auto &a, auto &b) { return a.size < b.size; });
-        QList<Song> duplicates;
-        for (const Song &song : cluster) {
-            if (song.id != original.id && (!filtersArtists || artistsCompatible(song, original)))
-                duplicates << song;
-        }
-        if (duplicates.isEmpty())
-            return false;
-        groups << DuplicateGroup{{}, original, duplicates, int(groups.size() % 6)};
-        for (const Song &song : duplicates + QList<Song>{original})
-            processedPaths << song.path;
-        return true;
-    }
-
     void makeGroups(const QList<Song> &bucket, bool filtersArtists)
     {
         for (const QList<Song> &cluster : clusterSongs(bucket)) {
-            if (!makeGroup(cluster, filtersArtists))
+            const Song original = *std::max_element(cluster.begin(), cluster.end(),
+                                                    [](auto &a, auto &b) { return a.size < b.size; });
+            QList<Song> duplicates = cluster;
+            duplicates.removeIf([&](const Song &song) {
+                return song.id == original.id || (filtersArtists && !artistsCompatible(song, original));
+            });
+            if (duplicates.isEmpty())
                 break; // only the artist filter can leave a cluster without duplicates
+            groups << DuplicateGroup{{}, original, duplicates, int(groups.size() % 6)};
+            for (const Song &song : membersOf(groups.last()))
+                processedPaths << song.path;
         }
     }
 };
@@ -98,15 +111,9 @@ QString normalizeString(const QString &text)
 {
     static const QRegularExpression brackets(uR"([\(\)\[\]\{\}])"_s);
     static const QRegularExpression separators(u"[^a-z0-9]+"_s);
-    static const QRegularExpression ends(uR"(^\s+|\s+$)"_s);
-    static const QRegularExpression blanks(uR"(\s+)"_s);
     // Lone surrogates are replaced first: in a text that holds one the expressions would find nothing.
-    QString result = QString::fromUtf8(text.toUtf8()).toLower();
-    result.replace(brackets, u""_s);
-    result.replace(separators, u" "_s);
-    result.replace(ends, u""_s);
-    result.replace(blanks, u" "_s);
-    return result;
+    const QString lower = QString::fromUtf8(text.toUtf8()).toLower();
+    return QString(lower).remove(brackets).replace(separators, u" "_s).simplified();
 }
 
 int levenshteinDistance(const QString &a, const QString &b)
@@ -146,27 +153,6 @@ bool artistsCompatible(const Song &duplicate, const Song &original)
 {
     return wordsOf(duplicate.artist, 1).intersects(wordsOf(original.artist, 1)) ||
            original.artist.isEmpty() || duplicate.artist.isEmpty();
-}
-
-QList<QList<Song>> clusterSongs(const QList<Song> &songs)
-{
-    QSet<QUuid> placed;
-    QList<QList<Song>> clusters;
-    for (const Song &seed : songs) {
-        if (placed.contains(seed.id))
-            continue;
-        placed << seed.id;
-        QList<Song> cluster{seed};
-        for (const Song &candidate : songs) {
-            if (candidate.id == seed.id || placed.contains(candidate.id) || !songsMatch(seed, candidate))
-                continue;
-            cluster << candidate;
-            placed << candidate.id;
-        }
-        if (cluster.size() >= 2)
-            clusters << cluster;
-    }
-    return clusters;
 }
 
 QList<DuplicateGroup> analyzeDuplicates(const QList<Song> &songs)

@@ -17,7 +17,6 @@ namespace sonavo::direct {
 [[nodiscard]] int levenshteinDistance(const QString &a, const QString &b);
 [[nodiscard]] bool songsMatch(const Song &seed, const Song &candidate);
 [[nodiscard]] bool artistsCompatible(const Song &duplicate, const Song &original);
-[[nodiscard]] QList<QList<Song>> clusterSongs(const QList<Song> &songs);
 /// Buckets are visited in the order in which their keys first appear.
 [[nodiscard]] QList<DuplicateGroup> analyzeDuplicates(const QList<Song> &songs);
 

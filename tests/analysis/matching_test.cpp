@@ -57,28 +57,5 @@ TEST(SongsMatch, AsksForSimilarArtistsAndTitlesThatShareAWord)
     }
 }
 
-TEST(ArtistsCompatible, AsksForASharedWordWhereBothSongsNameAnArtist)
-{
-    const struct
-    {
-        QString duplicate, original;
-        bool areCompatible;
-    } cases[] = {
-        {u"The Beatles"_s, u"Beatles"_s, true},
-        {u"Queen"_s, u"Queen & Tredigra"_s, true},
-        {u"U2"_s, u"DJ U2"_s, true},
-        {u"Vaibin"_s, u"Diokraiv"_s, false},
-        {u"Vaibin"_s, u""_s, true},
-        {u""_s, u"Vaibin"_s, true},
-        {u"!!!"_s, u"Diokraiv"_s, false},
-        {u"!!!"_s, u"!!!"_s, false},
-    };
-    for (const auto &[duplicate, original, areCompatible] : cases) {
-        const PreparedSongs songs({songOf(duplicate, u"Love"_s), songOf(original, u"Love"_s)});
-        EXPECT_EQ(artistsCompatible(songs, songs[0], songs[1]), areCompatible)
-            << (duplicate + u" / "_s + original).toStdString();
-    }
-}
-
 } // namespace
 } // namespace sonavo

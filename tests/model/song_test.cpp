@@ -2,8 +2,6 @@
 
 #include <gtest/gtest.h>
 
-#include <utility>
-
 namespace sonavo {
 namespace {
 
@@ -21,18 +19,6 @@ TEST(Song, ComparesAndHashesTextsByCanonicalEquivalence)
     Song readAgain = song;
     readAgain.id = QUuid::createUuid();
     EXPECT_FALSE(song == readAgain);
-}
-
-TEST(Song, FormatsItsDurationAsTruncatedMinutesAndSeconds)
-{
-    const std::pair<double, const char *> cases[] = {
-        {0.0, "0:00"}, {59.9, "0:59"}, {61.2, "1:01"}, {119.99, "1:59"}, {3725.0, "62:05"}, {-61.0, "-1:-1"},
-    };
-    Song song;
-    for (const auto &[duration, text] : cases) {
-        song.duration = duration;
-        EXPECT_EQ(song.formattedDuration().toStdString(), text);
-    }
 }
 
 TEST(SongDeathTest, EndsTheProgramOnADurationThatIsNotFiniteOrTooLong)

@@ -1,3 +1,4 @@
+#include "testing/audio_fixtures.h"
 #include "testing/music_folder.h"
 #include "testing/open_watch.h"
 #include "testing/private_home.h"
@@ -25,7 +26,7 @@ protected:
     {
         // A name holds no slash, so that the markup can only name a file of the current folder.
         QDir::setCurrent(m_music.path());
-        m_music.addText(u"picture"_s);
+        writeFile(m_music.pathOf(u"picture"_s), "no picture");
         m_picture = std::make_unique<OpenWatch>(m_music.pathOf(u"picture"_s));
         for (const QString &name : {FOLDER + u'/' + LONG_NAME, LONG_NAME})
             m_music.addSong(name);
