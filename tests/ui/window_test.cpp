@@ -187,12 +187,6 @@ TEST_F(WindowTest, GoesBackToWelcomeWhenThereIsNothingToShow)
     for (int turn = 0; turn < 10; ++turn)
         EXPECT_TRUE(goOnUntil([] { return true; }));
     EXPECT_TRUE(shows(WELCOME));
-
-    const QTemporaryDir empty;
-    session.startScan({QUrl::fromLocalFile(empty.path())});
-    EXPECT_TRUE(shows(CANCEL_SCAN));
-    EXPECT_TRUE(goOnUntil([this] { return shows(u"No audio files found in the selected folder."_s); }));
-    EXPECT_TRUE(shows(WELCOME));
 }
 
 TEST_F(WindowTest, AsksBeforeALargeImportEveryTime)
