@@ -3,9 +3,7 @@
 #include "generators/library_files.h"
 #include "generators/library_generator.h"
 #include "generators/small_audio.h"
-
-#include <QDir>
-#include <QDirIterator>
+#include "testing/music_folder.h"
 
 #include <sys/stat.h>
 
@@ -16,14 +14,6 @@ namespace {
 
 constexpr qsizetype MIN_FILES = 200;
 constexpr qsizetype MAX_FILES = 400;
-
-QStringList filesIn(const QString &folder)
-{
-    QStringList files;
-    for (QDirIterator it(folder, QDir::Files | QDir::System, QDirIterator::Subdirectories); it.hasNext();)
-        files.append(it.next());
-    return files;
-}
 
 } // namespace
 
@@ -76,8 +66,8 @@ void ChangingFolder::change()
         QDir().rename(file.path(), newPath(path()));
         return;
     case 3:
-        // In place: a reader can see the file empty. Opening a pipe would block.
-        if (QFile target(filePath); file.isFile() && target.open(QIODevice::WriteOnly))
+        // In place: a reader can see the file empty.
+        if (QFile target(filePath); target.open(QIODevice::WriteOnly))
             target.write(smallAudio(QStringLiteral("MP3"), 2.0).content);
         return;
     case 4:

@@ -33,17 +33,11 @@ std::mutex faultMutex;
 QHash<QString, int> faults;
 
 /// Counts a fault, found in whatever thread, and prints it the first time.
-void report(const QString &fault)
-{
-    const std::unique_lock lock(faultMutex);
-    if (++faults[fault] == 1)
-        std::printf("FAULT: %s\n", qPrintable(fault));
-}
-
 void expect(const QString &fault, bool isWell)
 {
-    if (!isWell)
-        report(fault);
+    const std::unique_lock lock(faultMutex);
+    if (!isWell && ++faults[fault] == 1)
+        std::printf("FAULT: %s\n", qPrintable(fault));
 }
 
 void expectSoon(const QString &fault, const std::function<bool()> &condition)
@@ -284,15 +278,14 @@ int main(int argc, char *argv[])
     QApplication::setApplicationName(QStringLiteral("sonavo"));
     QApplication::setOrganizationName(QStringLiteral("sonavo"));
     qInstallMessageHandler([](QtMsgType type, const QMessageLogContext &, const QString &message) {
-        if (type != QtDebugMsg && type != QtInfoMsg)
-            sonavo::report(message);
+        sonavo::expect(message, type == QtDebugMsg || type == QtInfoMsg);
     });
     std::printf("%d scans, seed %llu\n", scans, static_cast<unsigned long long>(seed));
     try {
         const sonavo::SoundServer sound;
         sonavo::SoakRun(seed).run(scans);
     } catch (const std::exception &error) {
-        sonavo::report(QString::fromLocal8Bit(error.what()));
+        sonavo::expect(QString::fromLocal8Bit(error.what()), false);
     }
     std::printf("%s\n", sonavo::faults.isEmpty() ? "All is well." : "SOMETHING IS WRONG.");
     return sonavo::faults.isEmpty() ? EXIT_SUCCESS : EXIT_FAILURE;

@@ -108,11 +108,11 @@ QRect WindowDriver::rectOf(const QObject *item)
     return quickItem.mapRectToScene(QRectF(QPointF(), quickItem.size())).toAlignedRect();
 }
 
-void WindowDriver::click(const QString &name, QAccessible::Role role) const
+void WindowDriver::click(const QString &button) const
 {
-    QAccessibleInterface *node = find(role, name);
+    QAccessibleInterface *node = find(QAccessible::Button, button);
     if (!node)
-        throw std::runtime_error(name.toStdString() + " is not shown");
+        throw std::runtime_error(button.toStdString() + " is not shown");
     const QPoint center = rectOf(node->object()).center();
     QTest::mouseMove(window, center);
     QTest::mouseClick(window, Qt::LeftButton, {}, center);

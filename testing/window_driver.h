@@ -48,8 +48,8 @@ public:
     /// Where an item is in the window, in logical pixels.
     [[nodiscard]] static QRect rectOf(const QObject *item);
 
-    /// Clicks in the middle of a control; throws std::runtime_error when it is not shown.
-    void click(const QString &name, QAccessible::Role role = QAccessible::Button) const;
+    /// Clicks in the middle of a button; throws std::runtime_error when it is not shown.
+    void click(const QString &button) const;
     void press(Qt::Key key, Qt::KeyboardModifiers modifiers = Qt::NoModifier) const;
 
     DuplicateViewModel session;

@@ -26,21 +26,19 @@ QStringList rowsOf(const DuplicateListModel &model)
     return rows;
 }
 
-/// The rows as they should be.
-/// @param isExpanded given a group and the row of its header
-QStringList expectedRows(const QList<DuplicateGroup> &groups,
-                         const std::function<bool(const DuplicateGroup &, int)> &isExpanded)
+/// The rows as they should be, each with the group of a header.
+QList<std::pair<QString, QUuid>> expectedRows(const DuplicateViewModel &session, const QSet<QUuid> &collapsed)
 {
-    QStringList rows;
-    for (const DuplicateGroup &group : groups) {
+    QList<std::pair<QString, QUuid>> rows;
+    for (const DuplicateGroup &group : session.duplicateGroups()) {
         if (group.duplicates.isEmpty())
             continue;
-        rows.append(QStringLiteral("Group of %1 songs").arg(group.duplicates.size() + 1));
-        if (!isExpanded(group, static_cast<int>(rows.size()) - 1))
+        rows.append({QStringLiteral("Group of %1 songs").arg(group.duplicates.size() + 1), group.id});
+        if (collapsed.contains(group.id))
             continue;
-        rows.append(group.original.path);
+        rows.append({group.original.path, {}});
         for (const Song &duplicate : group.duplicates)
-            rows.append(duplicate.path);
+            rows.append({duplicate.path, {}});
     }
     return rows;
 }
@@ -69,16 +67,15 @@ TEST(DuplicateListModel, FollowsAnyCourseOfActionsRowByRow)
         if (song.isValid()) {
             session.deleteSong(song.value<Song>());
         } else {
-            expectedRows(session.duplicateGroups(), [&](const DuplicateGroup &group, int header) {
-                if (header == row && !collapsed.remove(group.id))
-                    collapsed.insert(group.id);
-                return !collapsed.contains(group.id);
-            });
+            const QUuid group = expectedRows(session, collapsed).value(row).second;
+            if (!group.isNull() && !collapsed.remove(group))
+                collapsed.insert(group);
             model.setExpanded(row, !model.isExpanded(row));
         }
-        ASSERT_EQ(rowsOf(model), expectedRows(session.duplicateGroups(), [&](const auto &group, int) {
-                      return !collapsed.contains(group.id);
-                  }));
+        QStringList expected;
+        for (const auto &[text, group] : expectedRows(session, collapsed))
+            expected.append(text);
+        ASSERT_EQ(rowsOf(model), expected);
     }
     EXPECT_EQ(resets.size(), 1) << "when nothing is left";
     settle();

@@ -123,8 +123,7 @@ TEST_F(ResultsTest, IsUsedByKeyboardAlone)
     press(Qt::Key_Space);
     EXPECT_EQ(playing(), "");
     press(Qt::Key_Left);
-    EXPECT_THAT(names(),
-                ElementsAre("Group of 3 songs", "Group of 2 songs", "Original 1/0", "Duplicate 1/1"));
+    EXPECT_EQ(rows().size(), 4U);
     for (const Qt::Key key : {Qt::Key_Return, Qt::Key_Left, Qt::Key_Right, Qt::Key_Down, Qt::Key_Down})
         press(key);
 
@@ -253,7 +252,7 @@ TEST_F(ResultsTest, KeepsItsPlaceWhenASongIsDeletedFarDown)
     EXPECT_EQ(names()[1], before[1]);
 }
 
-TEST_F(ResultsTest, MovesDuplicatesToAFolderOrTheTrashAndClearsTheList)
+TEST_F(ResultsTest, MovesDuplicatesToAFolderAndClearsTheList)
 {
     const QTemporaryDir target;
     desktop.onChooseFolder = [&target] { return target.path(); };
@@ -263,10 +262,6 @@ TEST_F(ResultsTest, MovesDuplicatesToAFolderOrTheTrashAndClearsTheList)
     EXPECT_EQ(filesIn(desktop.clipboard).size(), 2);
     click(u"Clear List"_s);
     EXPECT_TRUE(waitForText(WELCOME));
-    showGroups({0, 2});
-    click(CLEAN_UP);
-    EXPECT_TRUE(waitForText(u"Moved 1 files to Trash \u2022 Saved 22 KB"_s));
-    EXPECT_EQ(trashed().size(), 1);
 }
 
 TEST_F(ResultsTest, OffersWhatCanBeDoneWithASongInItsMenu)

@@ -1,8 +1,9 @@
 #include "testing/audio_fixtures.h"
 #include "tests/ui/ui_test.h"
 
-#include <QDragEnterEvent>
 #include <QMimeData>
+#include <qpa/qplatformdrag.h>
+#include <qpa/qwindowsysteminterface.h>
 
 #include <gmock/gmock.h>
 
@@ -26,6 +27,9 @@ const QUrl SONG = QUrl::fromLocalFile(QStringLiteral(SONAVO_SAMPLES "/Albums/Cor
 const QUrl LINK(u"https://example.org/music"_s);
 /// More than are imported without asking.
 const QList<QUrl> MANY(10'001, SONG);
+
+/// What file managers offer.
+constexpr Qt::DropActions ACTIONS = Qt::MoveAction | Qt::CopyAction;
 
 class WindowTest : public UiTest
 {
@@ -83,24 +87,27 @@ protected:
         return rectOf(find(QAccessible::StaticText, u"Drag & Drop Music Folder Here"_s)->object()).center() -
                QPoint(0, 20);
     }
-    /// Drags into the window. @return whether it would take the data
-    bool drag(const QPoint &point, const QMimeData &data)
+    /// Drags into the window and over a point, as a platform plug-in reports it, with the key for a move.
+    /// @return what the window would do
+    Qt::DropAction drag(const QPoint &point, const QMimeData &data)
     {
-        QDragEnterEvent enter(point, Qt::CopyAction, &data, Qt::LeftButton, {});
-        enter.ignore();
-        QCoreApplication::sendEvent(window, &enter);
-        return enter.isAccepted();
+        const auto dragTo = [&](const QPoint &to) {
+            return QWindowSystemInterface::handleDrag(window, &data, to, ACTIONS, Qt::LeftButton,
+                                                      Qt::ShiftModifier);
+        };
+        QWindowSystemInterface::handleDrag(window, nullptr, {}, Qt::IgnoreAction, {}, {});
+        dragTo(corner());
+        return dragTo(point).acceptedAction();
     }
-    /// Ends an earlier drag, and drops in another place.
     void drop(const QPoint &point, const QList<QUrl> &urls)
     {
-        QDragLeaveEvent leave;
-        QCoreApplication::sendEvent(window, &leave);
         QMimeData data;
         data.setUrls(urls);
-        QDropEvent drop(point, Qt::CopyAction, &data, Qt::LeftButton, {});
-        if (drag(point, data))
-            QCoreApplication::sendEvent(window, &drop);
+        if (drag(point, data) != Qt::IgnoreAction) {
+            const auto done = QWindowSystemInterface::handleDrop(window, &data, point, ACTIONS,
+                                                                 Qt::LeftButton, Qt::ShiftModifier);
+            EXPECT_EQ(done.acceptedAction(), Qt::CopyAction) << "a source deletes what was moved";
+        }
         QTest::qWait(1);
     }
 
@@ -179,12 +186,6 @@ TEST_F(WindowTest, GoesBackToWelcomeWhenThereIsNothingToShow)
     // Everything that the scan might still do.
     for (int turn = 0; turn < 10; ++turn)
         EXPECT_TRUE(goOnUntil([] { return true; }));
-    EXPECT_TRUE(shows(WELCOME));
-
-    const QTemporaryDir empty;
-    session.startScan({QUrl::fromLocalFile(empty.path())});
-    EXPECT_TRUE(shows(CANCEL_SCAN));
-    EXPECT_TRUE(goOnUntil([this] { return shows(u"No audio files found in the selected folder."_s); }));
     EXPECT_TRUE(shows(WELCOME));
 }
 
@@ -288,12 +289,12 @@ TEST_F(WindowTest, LightsUpUnderFilesAndImportsThemOnceWhereverTheyAreDropped)
     const QImage unlit = zone();
     QMimeData text;
     text.setText(u"music"_s);
-    EXPECT_FALSE(drag(dropZone(), text));
+    EXPECT_EQ(drag(dropZone(), text), Qt::IgnoreAction);
     drop(corner(), {LINK});
     EXPECT_EQ(scans(), 0);
     QMimeData files;
     files.setUrls({LINK, SONG});
-    EXPECT_TRUE(drag(dropZone(), files));
+    EXPECT_EQ(drag(dropZone(), files), Qt::CopyAction);
     EXPECT_TRUE(waitFor([&] { return zone() != unlit; }));
 
     drop(dropZone(), {LINK, SONG});
