@@ -59,9 +59,10 @@ std::optional<KnownFile> fileAt(const QByteArray &path)
 /// Undoes a move whose old name is still there.
 MoveResult removeNewName(const KnownFile &made, int error)
 {
-    if (::unlink(made.path.constData()) == 0 || stateOf(made) == FileState::Gone)
+    // Somebody can have put another file there, or changed this one.
+    if (isUntouched(made) && ::unlink(made.path.constData()) == 0)
         return notMoved(error);
-    return uncertain(error);
+    return stateOf(made) == FileState::Gone ? notMoved(error) : uncertain(error);
 }
 
 /// The last step of a move that takes several: the new name is there, the old one is removed if nobody has

@@ -2,6 +2,7 @@
 
 #include <fcntl.h>
 #include <sys/stat.h>
+#include <sys/sysmacros.h>
 #include <unistd.h>
 
 #include <cerrno>
@@ -10,21 +11,25 @@
 namespace sonavo {
 namespace {
 
-qint64 nanoseconds(const timespec &time)
+qint64 nanoseconds(const statx_timestamp &time)
 {
     constexpr qint64 NANOSECONDS_PER_SECOND = 1'000'000'000;
     return time.tv_sec * NANOSECONDS_PER_SECOND + time.tv_nsec;
 }
 
-FileSnapshot toSnapshot(const struct stat &status)
+/// Asks the file system itself: stat() may be answered from a cache that is older than what others have written.
+std::variant<FileSnapshot, int> statNow(int folder, const char *path, int flags)
 {
-    return {status.st_dev,
-            status.st_ino,
-            status.st_mode,
-            status.st_size,
-            nanoseconds(status.st_mtim),
-            nanoseconds(status.st_ctim),
-            status.st_nlink};
+    struct statx status = {};
+    if (::statx(folder, path, flags | AT_STATX_FORCE_SYNC, STATX_BASIC_STATS, &status) != 0)
+        return errno;
+    return FileSnapshot{makedev(status.stx_dev_major, status.stx_dev_minor),
+                        status.stx_ino,
+                        status.stx_mode,
+                        static_cast<qint64>(status.stx_size),
+                        nanoseconds(status.stx_mtime),
+                        nanoseconds(status.stx_ctime),
+                        status.stx_nlink};
 }
 
 /// @return 0 when the file has content that can be read, or none; otherwise an error number
@@ -47,18 +52,12 @@ bool isSameFile(const FileSnapshot &a, const FileSnapshot &b)
 
 std::variant<FileSnapshot, int> takeSnapshot(const QByteArray &path)
 {
-    struct stat status = {};
-    if (::lstat(path.constData(), &status) != 0)
-        return errno;
-    return toSnapshot(status);
+    return statNow(AT_FDCWD, path.constData(), AT_SYMLINK_NOFOLLOW);
 }
 
 std::variant<FileSnapshot, int> takeSnapshot(int descriptor)
 {
-    struct stat status = {};
-    if (::fstat(descriptor, &status) != 0)
-        return errno;
-    return toSnapshot(status);
+    return statNow(descriptor, "", AT_EMPTY_PATH);
 }
 
 std::variant<FileSnapshot, int> openAndTakeSnapshot(const QByteArray &path)

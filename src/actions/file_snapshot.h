@@ -33,7 +33,7 @@ struct FileSnapshot
 // Paths are in the file system's encoding; errors are numbers as in errno. Any thread may call these. They
 // take as long as the disk does.
 
-/// A snapshot of what stands at a path, perhaps out of a cache.
+/// A snapshot of what is at a path.
 [[nodiscard]] std::variant<FileSnapshot, int> takeSnapshot(const QByteArray &path);
 
 /// A snapshot of a file that was opened.
