@@ -10,12 +10,15 @@
 #include <QSet>
 
 #include <sys/stat.h>
+#include <sys/vfs.h>
 #include <system_error>
 
 #include <algorithm>
+#include <array>
 #include <cstdlib>
 #include <filesystem>
 #include <functional>
+#include <linux/magic.h>
 #include <utility>
 #include <variant>
 #include <vector>
@@ -44,11 +47,23 @@ bool canBeOneFile(const FileSnapshot &a, const FileSnapshot &b)
     return a.device != b.device && a.size == b.size && std::abs(a.modified - b.modified) <= COARSEST_TIME;
 }
 
+/// Whether a path is on a file system that opens a file only by a name that it has. Others, on top of a file
+/// system or of a network, may not know yet that a name is lost.
+bool knowsLostNames(const QByteArray &path)
+{
+    constexpr std::array<decltype(statfs::f_type), 10> DISKS{
+        EXT4_SUPER_MAGIC,  XFS_SUPER_MAGIC,   BTRFS_SUPER_MAGIC, F2FS_SUPER_MAGIC, TMPFS_MAGIC,
+        MSDOS_SUPER_MAGIC, EXFAT_SUPER_MAGIC, ISOFS_SUPER_MAGIC, UDF_SUPER_MAGIC,  0x7366746E /* NTFS */};
+    struct statfs status = {};
+    return ::statfs(path.constData(), &status) == 0 && std::ranges::find(DISKS, status.f_type) != DISKS.end();
+}
+
 /// Whether a file is still there after another one was moved.
 bool hasSurvived(const KnownFile &file, const std::optional<KnownFile> &moved)
 {
     const bool isSuspect = !moved || canBeOneFile(file.snapshot, moved->snapshot);
-    return stateOf(file) == FileState::Same && (!isSuspect || isListed(file.path));
+    return stateOf(file) == FileState::Same &&
+           (!isSuspect || knowsLostNames(file.path) || isListed(file.path));
 }
 
 /// Where a file was moved to, and how to move it back.
@@ -166,8 +181,8 @@ void DuplicateRemover::checkOriginalsAgain()
         if (hasStayed.contains(original.path))
             continue;
         const bool isAlone = m_devices == QSet{original.snapshot.device};
-        hasStayed[original.path] =
-            stateOf(original) == FileState::Same && (isAlone || isListed(original.path));
+        hasStayed[original.path] = stateOf(original) == FileState::Same &&
+                                   (isAlone || knowsLostNames(original.path) || isListed(original.path));
     }
     const auto mustGoBack = [&](const Moved &moved) { return !hasStayed.value(moved.original.path); };
     std::for_each(m_moved.rbegin(), m_moved.rend(), [&](const Moved &moved) {

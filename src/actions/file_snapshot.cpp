@@ -17,7 +17,8 @@ qint64 nanoseconds(const statx_timestamp &time)
     return time.tv_sec * NANOSECONDS_PER_SECOND + time.tv_nsec;
 }
 
-/// Asks the file system itself: stat() may be answered from a cache that is older than what others have written.
+/// Asks the file system itself: stat() may be answered from a cache that is older than what others have
+/// written.
 std::variant<FileSnapshot, int> statNow(int folder, const char *path, int flags)
 {
     struct statx status = {};
