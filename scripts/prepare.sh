@@ -25,8 +25,8 @@ TEST_PACKAGES=(
     clang-format clang-tidy ffmpeg
     # The compiler, the runtime and the symbolizer of the sanitizers. The other build uses g++.
     clang libclang-rt-dev llvm
-    # A desktop for the program's window: screen, window manager, mouse, accessibility bus.
-    xvfb openbox xdotool dbus-daemon at-spi2-core
+    # A desktop for the program's window: screen, window manager, and mouse.
+    xvfb openbox xdotool dbus-daemon
     # Turns accessibility on in windows without a desktop.
     qt6-base-private-dev
     desktop-file-utils appstream

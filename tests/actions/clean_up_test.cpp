@@ -195,7 +195,7 @@ INSTANTIATE_TEST_SUITE_P(To, CleanUpTest, testing::Values(Target::Trash, Target:
 
 using TrashSongTest = SongTest;
 
-TEST_F(TrashSongTest, KeepsASongThatAnotherMemberOfItsGroupWouldMiss)
+TEST_F(TrashSongTest, KeepsASongThatIsTheSameFileAsAnotherMember)
 {
     const Song original = song("music/a.mp3");
     const Song again = song("linked/a.mp3");

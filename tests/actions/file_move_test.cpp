@@ -195,7 +195,7 @@ INSTANTIATE_TEST_SUITE_P(
 class FileMove : public ActionTest
 {};
 
-TEST_F(FileMove, KeepsWhatIsDoneToASourceWhileItIsCopied)
+TEST_F(FileMove, KeepsEditsMadeToTheSourceDuringACopy)
 {
     const fs::path song = home.path("a.mp3");
     const struct
@@ -251,7 +251,7 @@ TEST_F(FileMove, TakesTimesAndPermissionsToAnotherFileSystemButNotTheSpecialOnes
     }
 }
 
-TEST_F(FileMove, GoesBackOnlyAsTheSameFileToAFreeName)
+TEST_F(FileMove, MovesBackOnlyTheSameFileAndOnlyToAFreeName)
 {
     const fs::path song = home.path("a.mp3");
     for (const fs::path &parent : {home.path(), other.path()}) {

@@ -196,7 +196,7 @@ TEST_F(VolumeTest, HasATrashAtItsTop)
                                      Pair("to_home.mp3", "-> " + home.path("b.mp3").string())));
 }
 
-TEST_F(VolumeTest, UsesATrashForAllWhereFilesAreSafeInIt)
+TEST_F(VolumeTest, UsesASharedTrashOnlyIfItsFilesAreSafe)
 {
     const fs::path forAll = volume / ".Trash";
     fs::create_directory(forAll);

@@ -46,7 +46,7 @@ TEST(CommandLine, MakesPathsAbsoluteAndKeepsLinks)
     }
 }
 
-TEST(CommandLine, PassesOverNamesThatAreNotUtf8)
+TEST(CommandLine, SkipsNamesThatAreNotUtf8)
 {
     const CommandLine commandLine = parsed({"--report", "--json", "\xff.mp3", "/"});
     const auto &request = std::get<ReportRequest>(commandLine.request);

@@ -123,7 +123,7 @@ TEST_F(ProgramTest, SaysWhenTheReportCannotBeWritten)
     EXPECT_EQ(errors(), "sonavo: the report could not be written\n");
 }
 
-TEST_F(ProgramTest, ShowsProgressOnATerminalAndTakesItAwayAlsoOnCtrlC)
+TEST_F(ProgramTest, ShowsProgressOnATerminalAndErasesItEvenOnCtrlC)
 {
     const int terminal = ::posix_openpt(O_RDWR | O_NOCTTY | O_NONBLOCK);
     ASSERT_EQ(::grantpt(terminal), 0);
@@ -156,7 +156,7 @@ TEST_F(ProgramTest, ShowsProgressOnATerminalAndTakesItAwayAlsoOnCtrlC)
     ::close(terminal);
 }
 
-TEST_F(ProgramTest, ReportsAndQuitsThoughADiskHangs)
+TEST_F(ProgramTest, ReportsAndQuitsEvenIfADiskHangs)
 {
     HangingDisk disk("hangs.mp3");
     if (!disk.start())

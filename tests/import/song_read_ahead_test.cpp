@@ -123,7 +123,7 @@ TEST_F(HangingDiskTest, OnlyTheFilesThatHangCountAsUnreadable)
     EXPECT_TRUE(diskThreads().waitForDone(10'000));
 }
 
-TEST_F(HangingDiskTest, KeepsNobodyWaitingWhoStopsOrGoes)
+TEST_F(HangingDiskTest, CanBeStoppedOrDestroyedWithoutWaiting)
 {
     const QStringList songs = files({false, false, false});
     std::stop_source stop;

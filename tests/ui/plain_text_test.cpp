@@ -58,7 +58,7 @@ TEST_F(PlainTextTest, ShowsNamesAsTheyAreWritten)
     // A name holds no slash, so that the markup can only name a file of the current folder.
     const auto goBack = qScopeGuard([folder = QDir::currentPath()] { QDir::setCurrent(folder); });
     QDir::setCurrent(music.path());
-    music.addText(u"picture"_s);
+    writeFile(music.pathOf(u"picture"_s), "no picture");
     OpenWatch picture(music.pathOf(u"picture"_s));
     for (const QString &name : {FOLDER + u'/' + LONG_NAME, LONG_NAME})
         music.addSong(name);

@@ -110,7 +110,7 @@ private:
     QTemporaryDir m_dataHome;
 };
 
-TEST_F(ResultsTest, IsUsedByKeyboardAlone)
+TEST_F(ResultsTest, CanBeUsedByKeyboardAlone)
 {
     showGroups({3, 2});
     // Nothing is deleted by what has the focus first.

@@ -187,6 +187,11 @@ TEST_F(WindowTest, GoesBackToWelcomeWhenThereIsNothingToShow)
     for (int turn = 0; turn < 10; ++turn)
         EXPECT_TRUE(goOnUntil([] { return true; }));
     EXPECT_TRUE(shows(WELCOME));
+
+    const QTemporaryDir empty;
+    scan({QUrl::fromLocalFile(empty.path())});
+    EXPECT_TRUE(waitForText(u"No audio files found in the selected folder."_s));
+    EXPECT_TRUE(shows(WELCOME));
 }
 
 TEST_F(WindowTest, AsksBeforeALargeImportEveryTime)
@@ -339,7 +344,7 @@ TEST_F(WindowTest, LetsTheKeyboardReachEveryButtonAndShowsWhereItIs)
     EXPECT_THAT(tabStops(), ElementsAre(ADD_ANYWAY, u"Cancel"_s)) << "what lies below is out of reach";
 }
 
-TEST_F(WindowTest, HasMenusAndAThemeAndTellsAboutItself)
+TEST_F(WindowTest, HasMenusAThemeButtonAndAnAboutSheet)
 {
     activate(TO_DARK);
     EXPECT_EQ(ThemeManager::shared()->currentTheme(), AppTheme::Dark);
