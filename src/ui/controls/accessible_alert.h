@@ -1,6 +1,8 @@
 #pragma once
 
+#include <QList>
 #include <QObject>
+#include <QPointer>
 #include <QQuickItem>
 #include <QtQml/qqmlregistration.h>
 
@@ -16,9 +18,12 @@ class AccessibleAlert : public QObject
 public:
     using QObject::QObject;
 
-    /// Announces a notice.
+    /// Announces a notice at the next turn of the event loop, once for all calls until then.
     /// @param notice an item with the role AlertMessage and an accessible name; null does nothing
     Q_INVOKABLE void raise(QQuickItem *notice);
+
+private:
+    QList<QPointer<QQuickItem>> m_pending;
 };
 
 } // namespace sonavo

@@ -22,9 +22,8 @@ Item {
         opacity: overlay.isShowing ? 1 : 0
         visible: opacity > 0
         onClosed: overlay.viewModel.showToast = false
-        onMessageChanged: Qt.callLater(announce)
+        onMessageChanged: announce()
 
-        // Once for all that changes in one turn of the event loop.
         function announce() {
             if (overlay.isShowing)
                 AccessibleAlert.raise(toast);
@@ -45,7 +44,7 @@ Item {
         }
     }
 
-    onIsShowingChanged: Qt.callLater(toast.announce)
+    onIsShowingChanged: toast.announce()
 
     Shortcut {
         sequence: "Escape"
