@@ -17,6 +17,8 @@ check_formatting() {
 check_code() {
     echo "Checking the code"
     local tree=$root/build/tidy
+    # Anew each time: nothing is built there that would notice a file that was added or removed.
+    rm -f "$tree/build.ninja"
     configure tidy
     grep -oP '"file": "\K.*/Unity/unity_(?!generated)[^"]*' "$tree/compile_commands.json" | grep -v 'qmlcache\|plugin' |
         quietly "$tree/tidy.log" xargs --delimiter '\n' --max-args 1 --max-procs "$(nproc)" \
