@@ -66,13 +66,26 @@ bool hasSurvived(const KnownFile &file, const std::optional<KnownFile> &moved)
            (!isSuspect || knowsLostNames(file.path) || isListed(file.path));
 }
 
-/// Where a file was moved to, and how to move it back.
-struct DisposedFile
-{
-    QString path;
-    std::function<std::optional<Failure>()> putBack;
-};
+using DisposedFile = std::variant<TrashedFile, MovedFile>;
 using Dispose = std::function<std::variant<DisposedFile, Failure>(const QString &path)>;
+
+PutBackResult putFileBack(const DisposedFile &file, const MoveOptions &options)
+{
+    if (const auto *trashed = std::get_if<TrashedFile>(&file))
+        return restore(*trashed, options);
+    return moveBack(std::get<MovedFile>(file), options);
+}
+
+QString pathOf(const DisposedFile &file)
+{
+    const auto *trashed = std::get_if<TrashedFile>(&file);
+    return QFile::decodeName(trashed ? trashed->file.path : std::get<MovedFile>(file).path);
+}
+
+MoveOptions moveOptions(const CleanUpOptions &options)
+{
+    return {options.stop, options.journal};
+}
 
 enum class WhenGone
 {
@@ -84,8 +97,10 @@ enum class WhenGone
 class DuplicateRemover
 {
 public:
-    DuplicateRemover(const QList<DuplicateGroup> &groups, Dispose dispose, WhenGone whenGone)
+    DuplicateRemover(const QList<DuplicateGroup> &groups, Dispose dispose, WhenGone whenGone,
+                     const CleanUpOptions &options)
         : m_groups(groups)
+        , m_options(options)
         , m_dispose(std::move(dispose))
         , m_whenGone(whenGone)
     {
@@ -103,9 +118,10 @@ public:
                 remove(song);
         }
         checkOriginalsAgain();
-        for (const Moved &moved : m_moved)
+        for (const Moved &moved : m_moved) {
             m_outcome.savedBytes = saturatingSum(m_outcome.savedBytes, moved.song.size);
-        m_outcome.moved = static_cast<qint64>(m_moved.size());
+            m_outcome.moved.append({moved.song, moved.file});
+        }
         return std::move(m_outcome);
     }
 
@@ -120,9 +136,10 @@ private:
     void remove(const Song &song);
     void putBack(const Moved &moved);
     void checkOriginalsAgain();
-    void fail(const Song &song, const QString &reason) { m_outcome.failures.append({song.path, reason}); }
+    void fail(const Song &song, const QString &reason) { m_outcome.failures.append({song, reason}); }
 
     const QList<DuplicateGroup> &m_groups;
+    const CleanUpOptions &m_options;
     const Dispose m_dispose;
     const WhenGone m_whenGone;
     FileSet m_originals;
@@ -163,11 +180,11 @@ void DuplicateRemover::remove(const Song &song)
 
 void DuplicateRemover::putBack(const Moved &moved)
 {
-    const auto failure = moved.file.putBack();
+    const PutBackResult result = putFileBack(moved.file, moveOptions(m_options));
     const QString reason =
-        failure
+        result.state != PutBackResult::State::Back
             ? QStringLiteral("The original of its group is gone or was changed. The file is at %1 now: %2")
-                  .arg(moved.file.path, failure->reason)
+                  .arg(pathOf(moved.file), result.reason)
             : QStringLiteral("The original of its group is gone or was changed, so the file was put back");
     fail(moved.song, reason);
 }
@@ -214,31 +231,31 @@ bool isOneFile(const Song &a, const Song &b)
 
 } // namespace
 
-CleanUpOutcome trashDuplicates(const QList<DuplicateGroup> &groups)
+CleanUpOutcome trashDuplicates(const QList<DuplicateGroup> &groups, const CleanUpOptions &options)
 {
-    const Dispose dispose = [](const QString &path) -> std::variant<DisposedFile, Failure> {
-        const auto result = moveToTrash(path);
+    const Dispose dispose = [&options](const QString &path) -> std::variant<DisposedFile, Failure> {
+        const auto result = moveToTrash(path, moveOptions(options));
         if (const auto *failure = std::get_if<Failure>(&result))
             return *failure;
-        const auto &trashed = std::get<TrashedFile>(result);
-        return DisposedFile{trashed.file.path, [trashed] { return restore(trashed); }};
+        return DisposedFile(std::get<TrashedFile>(result));
     };
-    return DuplicateRemover(groups, dispose, WhenGone::PassOver).run();
+    return DuplicateRemover(groups, dispose, WhenGone::PassOver, options).run();
 }
 
-CleanUpOutcome moveDuplicates(const QList<DuplicateGroup> &groups, DuplicatesFolder &folder)
+CleanUpOutcome moveDuplicates(const QList<DuplicateGroup> &groups, DuplicatesFolder &folder,
+                              const CleanUpOptions &options)
 {
-    const Dispose dispose = [&folder](const QString &path) -> std::variant<DisposedFile, Failure> {
-        const auto result = folder.moveHere(path);
+    const Dispose dispose = [&](const QString &path) -> std::variant<DisposedFile, Failure> {
+        const auto result = folder.moveHere(path, moveOptions(options));
         if (const auto *failure = std::get_if<Failure>(&result))
             return *failure;
-        const auto &moved = std::get<MovedFile>(result);
-        return DisposedFile{moved.path, [moved] { return moveBack(moved); }};
+        return DisposedFile(std::get<MovedFile>(result));
     };
-    return DuplicateRemover(groups, dispose, WhenGone::Fail).run();
+    return DuplicateRemover(groups, dispose, WhenGone::Fail, options).run();
 }
 
-std::optional<Failure> trashSong(const Song &song, const QList<DuplicateGroup> &groups)
+std::variant<DisposedSong, Failure> trashSong(const Song &song, const QList<DuplicateGroup> &groups,
+                                              const CleanUpOptions &options)
 {
     std::vector<KnownFile> others;
     for (const Song &other : othersInGroupsOf(song, groups)) {
@@ -249,18 +266,33 @@ std::optional<Failure> trashSong(const Song &song, const QList<DuplicateGroup> &
             others.push_back(*file);
     }
     const auto before = readableFile(song.path);
-    const auto result = moveToTrash(song.path);
+    const auto result = moveToTrash(song.path, moveOptions(options));
     if (const auto *failure = std::get_if<Failure>(&result))
         return *failure;
+    const auto &trashed = std::get<TrashedFile>(result);
     const auto hasStayed = [&before](const KnownFile &other) { return hasSurvived(other, before); };
     if (std::ranges::all_of(others, hasStayed))
-        return std::nullopt;
-    const auto &trashed = std::get<TrashedFile>(result);
-    if (const auto failure = restore(trashed))
+        return DisposedSong{song, trashed};
+    const PutBackResult back = restore(trashed, moveOptions(options));
+    if (back.state != PutBackResult::State::Back)
         return Failure{
             QStringLiteral("Another song of this group was gone as well. The file is at %1 now: %2")
-                .arg(trashed.file.path, failure->reason)};
+                .arg(QFile::decodeName(trashed.file.path), back.reason)};
     return Failure{QStringLiteral("Another song of this group was gone as well, so the file was put back.")};
+}
+
+UndoOutcome putBack(const QList<DisposedSong> &songs, const CleanUpOptions &options)
+{
+    UndoOutcome outcome;
+    std::for_each(songs.rbegin(), songs.rend(), [&](const DisposedSong &disposed) {
+        const PutBackResult result = putFileBack(disposed.file, moveOptions(options));
+        if (result.state == PutBackResult::State::Back)
+            outcome.restored.append(disposed.song);
+        else
+            (result.state == PutBackResult::State::Gone ? outcome.gone : outcome.failures)
+                .append({disposed.song, result.reason});
+    });
+    return outcome;
 }
 
 } // namespace sonavo

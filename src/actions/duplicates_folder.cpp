@@ -43,13 +43,13 @@ std::variant<DuplicatesFolder, Failure> DuplicatesFolder::create(const QString &
     return DuplicatesFolder(path);
 }
 
-std::variant<MovedFile, Failure> DuplicatesFolder::moveHere(const QString &source)
+std::variant<MovedFile, Failure> DuplicatesFolder::moveHere(const QString &source, const MoveOptions &options)
 {
     const QByteArray from = QFile::encodeName(source);
     const QString name = fileNameOf(source).toString();
     for (int number = m_nextNumbers.value(name, 0);; ++number) {
         const QByteArray to = QFile::encodeName(m_path + u'/' + numberedName(name, number));
-        const MoveResult result = moveWithoutReplacing(from, to);
+        const MoveResult result = moveWithoutReplacing(from, to, options);
         if (result.state == MoveResult::State::NotMoved && result.error == EEXIST)
             continue;
         if (result.state != MoveResult::State::Moved)

@@ -29,7 +29,8 @@ public:
     /// "Name (1).mp3", "Name (2).mp3" and so on.
     /// @return where the file is now, for moveBack(); on failure it is still where it was, or the reason
     /// names the two places where it can be
-    [[nodiscard]] std::variant<MovedFile, Failure> moveHere(const QString &source);
+    [[nodiscard]] std::variant<MovedFile, Failure> moveHere(const QString &source,
+                                                            const MoveOptions &options = {});
 
 private:
     explicit DuplicatesFolder(QString path);

@@ -18,17 +18,17 @@ namespace {
 
 using State = MoveResult::State;
 
-constexpr MoveResult MOVED{};
+const MoveResult MOVED{};
 
 MoveResult notMoved(int error)
 {
-    return {State::NotMoved, error};
+    return {.state = State::NotMoved, .error = error};
 }
 
 /// @param error 0 where every call reported success, but its result could not be found
 MoveResult uncertain(int error)
 {
-    return {State::Uncertain, error != 0 ? error : EIO};
+    return {.state = State::Uncertain, .error = error != 0 ? error : EIO};
 }
 
 /// The folder of a path, with a slash at its end.
@@ -260,20 +260,23 @@ QString describe(int error)
     return QString::fromLocal8Bit(std::generic_category().message(error));
 }
 
-std::optional<Failure> moveBackWith(MoveResult (*move)(const QByteArray &, const QByteArray &),
-                                    const MovedFile &file)
+PutBackResult moveBackWith(MoveResult (*move)(const QByteArray &, const QByteArray &, const MoveOptions &),
+                           const MovedFile &file, const MoveOptions &options)
 {
-    const QByteArray from = QFile::encodeName(file.path);
-    const QByteArray to = QFile::encodeName(file.originalPath);
-    if (!file.snapshot || stateOf({from, *file.snapshot}) != FileState::Same)
-        return Failure{QStringLiteral("The file at %1 is not the one that was moved there").arg(file.path)};
-    const MoveResult result = move(from, to);
-    return result.state == State::Moved ? std::nullopt : std::optional(toFailure(result, from, to));
+    if (!file.snapshot || stateOf({file.path, *file.snapshot}) != FileState::Same)
+        return {PutBackResult::State::Stays,
+                QStringLiteral("The file at %1 is not the one that was moved there")
+                    .arg(QFile::decodeName(file.path))};
+    const MoveResult result = move(file.path, file.originalPath, options);
+    if (result.state == State::Moved)
+        return {};
+    return {PutBackResult::State::Stays, toFailure(result, file.path, file.originalPath).reason};
 }
 
 } // namespace
 
-MoveResult renameWithoutReplacing(const QByteArray &from, const QByteArray &to)
+MoveResult renameWithoutReplacing(const QByteArray &from, const QByteArray &to,
+                                  [[maybe_unused]] const MoveOptions &options)
 {
     const auto snapshot = takeSnapshot(from);
     if (const auto *error = std::get_if<int>(&snapshot))
@@ -295,7 +298,7 @@ MoveResult renameWithoutReplacing(const QByteArray &from, const QByteArray &to)
     return atOldName == FileState::Gone && atNewName == FileState::Same ? MOVED : uncertain(error);
 }
 
-MoveResult moveWithoutReplacing(const QByteArray &from, const QByteArray &to)
+MoveResult moveWithoutReplacing(const QByteArray &from, const QByteArray &to, const MoveOptions &options)
 {
     const auto snapshot = takeSnapshot(from);
     if (const auto *error = std::get_if<int>(&snapshot))
@@ -303,7 +306,7 @@ MoveResult moveWithoutReplacing(const QByteArray &from, const QByteArray &to)
     const KnownFile old{from, std::get<FileSnapshot>(snapshot)};
     if (S_ISLNK(old.snapshot.mode))
         return moveLink(old, to);
-    const MoveResult renamed = renameWithoutReplacing(from, to);
+    const MoveResult renamed = renameWithoutReplacing(from, to, options);
     const bool isOtherDisk = renamed.state == State::NotMoved && renamed.error == EXDEV;
     return isOtherDisk && S_ISREG(old.snapshot.mode) ? moveByCopying(from, to) : renamed;
 }
@@ -319,18 +322,17 @@ Failure toFailure(const MoveResult &result, const QByteArray &from, const QByteA
 MovedFile describeMove(const QByteArray &from, const QByteArray &to)
 {
     const auto made = fileAt(to);
-    return {QFile::decodeName(from), QFile::decodeName(to),
-            made ? std::optional(made->snapshot) : std::nullopt};
+    return {from, to, made ? std::optional(made->snapshot) : std::nullopt};
 }
 
-std::optional<Failure> renameBack(const MovedFile &file)
+PutBackResult renameBack(const MovedFile &file, const MoveOptions &options)
 {
-    return moveBackWith(renameWithoutReplacing, file);
+    return moveBackWith(renameWithoutReplacing, file, options);
 }
 
-std::optional<Failure> moveBack(const MovedFile &file)
+PutBackResult moveBack(const MovedFile &file, const MoveOptions &options)
 {
-    return moveBackWith(moveWithoutReplacing, file);
+    return moveBackWith(moveWithoutReplacing, file, options);
 }
 
 } // namespace sonavo

@@ -5,8 +5,10 @@
 
 #include <QByteArray>
 #include <QString>
+#include <QStringList>
 
 #include <optional>
+#include <stop_token>
 
 namespace sonavo {
 
@@ -19,6 +21,18 @@ namespace sonavo {
 //   neither is certain                              -> Uncertain; nothing is removed
 //
 // Paths are in the file system's encoding. Any thread may call these. They take as long as the disk does.
+
+class MoveJournal;
+
+/// What a move can be given besides its two paths.
+struct MoveOptions
+{
+    /// Abandons a copy to another disk as long as its source has not been touched: NotMoved with ECANCELED.
+    /// Every other step is carried out to its end.
+    std::stop_token stop;
+    /// Where the steps under way are recorded; nothing is recorded without one. Must outlive the move.
+    MoveJournal *journal = nullptr;
+};
 
 struct MoveResult
 {
@@ -33,17 +47,21 @@ struct MoveResult
     State state = State::Moved;
     /// As in errno; 0 if moved.
     int error = 0;
+    /// Names of the extended attributes and access lists that the target's file system could not store.
+    QStringList lostAttributes = {};
 };
 
 /// Renames a file or a symbolic link itself, unless the new name is taken: then NotMoved with EEXIST.
 /// NotMoved with EXDEV when the new name is on another file system.
-[[nodiscard]] MoveResult renameWithoutReplacing(const QByteArray &from, const QByteArray &to);
+[[nodiscard]] MoveResult renameWithoutReplacing(const QByteArray &from, const QByteArray &to,
+                                                const MoveOptions &options = {});
 
 /// Moves a file, if need be to another disk: then it is copied, the copy is flushed and given the new name,
 /// and the source is removed if nobody has changed it meanwhile. The copy gets the permissions (but
 /// never set-user-ID, set-group-ID or sticky) and the times of the source. A symbolic link leads to the same
 /// file afterwards. NotMoved with EEXIST when the new name is taken.
-[[nodiscard]] MoveResult moveWithoutReplacing(const QByteArray &from, const QByteArray &to);
+[[nodiscard]] MoveResult moveWithoutReplacing(const QByteArray &from, const QByteArray &to,
+                                              const MoveOptions &options = {});
 
 /// The message about a file that was not moved, or not certainly.
 [[nodiscard]] Failure toFailure(const MoveResult &result, const QByteArray &from, const QByteArray &to);
@@ -52,17 +70,38 @@ struct MoveResult
 struct MovedFile
 {
     /// Absolute, or relative where the caller's was.
-    QString originalPath;
-    QString path;
+    QByteArray originalPath;
+    QByteArray path;
     /// Taken after the move; nothing where that failed.
     std::optional<FileSnapshot> snapshot;
+    /// See MoveResult.
+    QStringList lostAttributes = {};
 };
 
 [[nodiscard]] MovedFile describeMove(const QByteArray &from, const QByteArray &to);
 
+/// What became of a file that was to be put back.
+struct PutBackResult
+{
+    enum class State
+    {
+        /// It is at its old path again.
+        Back,
+        /// It stays where it is; a later try can succeed.
+        Stays,
+        /// It is neither where it was moved to nor at its old path.
+        Gone,
+    };
+    State state = State::Back;
+    /// In words for the user; empty if the file is back.
+    QString reason = {};
+    /// Taken after the file was put back; nothing where that failed.
+    std::optional<FileSnapshot> snapshot = {};
+};
+
 /// Move a file back to where it was, with renameWithoutReplacing() or moveWithoutReplacing(). They fail when
 /// its old name is taken or when what is at `file.path` is not the file that was moved there.
-[[nodiscard]] std::optional<Failure> renameBack(const MovedFile &file);
-[[nodiscard]] std::optional<Failure> moveBack(const MovedFile &file);
+[[nodiscard]] PutBackResult renameBack(const MovedFile &file, const MoveOptions &options = {});
+[[nodiscard]] PutBackResult moveBack(const MovedFile &file, const MoveOptions &options = {});
 
 } // namespace sonavo

@@ -255,7 +255,8 @@ Failure unusableTrash(const QString &reason)
 }
 
 /// @param file in a folder without links
-std::variant<TrashedFile, Failure> moveInto(const Trash &trash, const fs::path &file, const QString &name)
+std::variant<TrashedFile, Failure> moveInto(const Trash &trash, const fs::path &file, const QString &name,
+                                            const MoveOptions &options)
 {
     const QByteArray from(file.c_str());
     const QByteArray info = trashInfo(file, trash);
@@ -269,9 +270,9 @@ std::variant<TrashedFile, Failure> moveInto(const Trash &trash, const fs::path &
         if (error)
             return Failure{describe(error)};
         const QByteArray to(slot.file.c_str());
-        const MoveResult result = renameWithoutReplacing(from, to);
+        const MoveResult result = renameWithoutReplacing(from, to, options);
         if (result.state == MoveResult::State::Moved)
-            return TrashedFile{describeMove(from, to), QFile::decodeName(slot.info.c_str())};
+            return TrashedFile{describeMove(from, to), QByteArray(slot.info.c_str())};
         // If uncertain, the file may be in the Trash, where it needs its info file.
         if (result.state == MoveResult::State::Uncertain)
             return toFailure(result, from, to);
@@ -287,7 +288,7 @@ std::variant<TrashedFile, Failure> moveInto(const Trash &trash, const fs::path &
 
 } // namespace
 
-std::variant<TrashedFile, Failure> moveToTrash(const QString &path)
+std::variant<TrashedFile, Failure> moveToTrash(const QString &path, const MoveOptions &options)
 {
     std::error_code error;
     const fs::path given = fs::absolute(nativePath(path), error);
@@ -304,15 +305,15 @@ std::variant<TrashedFile, Failure> moveToTrash(const QString &path)
     error = makeTrashFor(folder, trash);
     if (error)
         return unusableTrash(describe(error));
-    return moveInto(trash, folder / given.filename(), QFileInfo(path).fileName());
+    return moveInto(trash, folder / given.filename(), QFileInfo(path).fileName(), options);
 }
 
-std::optional<Failure> restore(const TrashedFile &trashed)
+PutBackResult restore(const TrashedFile &trashed, const MoveOptions &options)
 {
-    std::optional<Failure> failure = renameBack(trashed.file);
-    if (!failure)
-        ::unlink(QFile::encodeName(trashed.infoFile).constData());
-    return failure;
+    PutBackResult result = renameBack(trashed.file, options);
+    if (result.state == PutBackResult::State::Back)
+        ::unlink(trashed.infoFile.constData());
+    return result;
 }
 
 } // namespace sonavo

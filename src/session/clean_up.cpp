@@ -76,11 +76,11 @@ void CleanUp::finish(const CleanUpOutcome &outcome, const QString &moved, const 
     m_library.removeDuplicates();
     if (outcome.failures.isEmpty()) {
         m_notices.showToast(QStringLiteral("%1 \u2022 Saved %2")
-                                .arg(moved.arg(outcome.moved), formattedByteCount(outcome.savedBytes)),
+                                .arg(moved.arg(outcome.moved.size()), formattedByteCount(outcome.savedBytes)),
                             ToastType::Success);
     } else {
         m_notices.showToast(QStringLiteral("%1 \u2022 %2 failed")
-                                .arg(partlyMoved.arg(outcome.moved))
+                                .arg(partlyMoved.arg(outcome.moved.size()))
                                 .arg(outcome.failures.size()),
                             ToastType::Error);
     }
@@ -97,7 +97,8 @@ void CleanUp::deleteSong(Song song)
         m_library.removeSong(song.id);
         return;
     }
-    if (const auto failure = trashSong(song, m_library.duplicateGroups())) {
+    const auto result = trashSong(song, m_library.duplicateGroups());
+    if (const auto *failure = std::get_if<Failure>(&result)) {
         m_notices.showToast(QStringLiteral("Could not delete file: %1").arg(failure->reason),
                             ToastType::Error);
         return;

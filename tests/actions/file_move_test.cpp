@@ -59,6 +59,11 @@ std::optional<Failure> failureOf(const Result &result)
     return failure ? std::optional(*failure) : std::nullopt;
 }
 
+std::optional<Failure> failureOf(const PutBackResult &result)
+{
+    return result.state == PutBackResult::State::Back ? std::nullopt : std::optional(Failure{result.reason});
+}
+
 /// A sanitizer writes to a pipe to learn whether memory can be read.
 bool isPipe(quint64 descriptor)
 {
@@ -157,7 +162,7 @@ TEST_P(LostAnswers, LoseNoFileThatIsMovedToAFolderOrBack)
         failEveryCall([&]() -> Move {
             const auto moved =
                 std::get<MovedFile>(folderIn(parent).moveHere(toQString(home.add("music/a.mp3"))));
-            return {moved.path.toStdString(), home.path("music"), [=] { return moveBack(moved); }};
+            return {moved.path.toStdString(), home.path("music"), [=] { return failureOf(moveBack(moved)); }};
         });
     }
 }
@@ -182,7 +187,8 @@ TEST_P(LostAnswers, LoseNoFileThatGoesToTheTrashOrBack)
     });
     failEveryCall([&]() -> Move {
         const auto trashed = std::get<TrashedFile>(moveToTrash(toQString(home.add("music/a.mp3"))));
-        return {trashed.file.path.toStdString(), home.path("music"), [=] { return restore(trashed); }};
+        return {trashed.file.path.toStdString(), home.path("music"),
+                [=] { return failureOf(restore(trashed)); }};
     });
 }
 
@@ -260,15 +266,15 @@ TEST_F(FileMove, MovesBackOnlyTheSameFileAndOnlyToAFreeName)
         home.add("a.mp3");
         const MovedFile moved = moveSong();
         home.add("a.mp3", "new");
-        EXPECT_TRUE(moveBack(moved));
+        EXPECT_EQ(moveBack(moved).state, PutBackResult::State::Stays);
         EXPECT_EQ(contentOf(song), "new");
         fs::remove(song);
-        EXPECT_FALSE(moveBack(moved));
+        EXPECT_EQ(moveBack(moved).state, PutBackResult::State::Back);
         EXPECT_EQ(contentOf(song), "song");
 
         const MovedFile replaced = moveSong();
         PrivateHome::addFile(replaced.path.toStdString(), "another");
-        EXPECT_TRUE(moveBack(replaced));
+        EXPECT_EQ(moveBack(replaced).state, PutBackResult::State::Stays);
         EXPECT_EQ(contentOf(replaced.path.toStdString()), "another");
         EXPECT_FALSE(fs::exists(song));
     }

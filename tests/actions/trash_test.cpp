@@ -143,11 +143,11 @@ TEST_F(TrashTest, RestoresWhatItTookUnlessTheNameIsTaken)
     for (const fs::path &file : {link, song}) {
         const auto trashed = std::get<TrashedFile>(moveToTrash(toQString(file)));
         PrivateHome::addFile(file, "new");
-        EXPECT_TRUE(restore(trashed));
+        EXPECT_EQ(restore(trashed).state, PutBackResult::State::Stays);
         EXPECT_EQ(contentOf(file), "new");
         EXPECT_EQ(restorable(trash).size(), 1U);
         fs::remove(file);
-        EXPECT_FALSE(restore(trashed));
+        EXPECT_EQ(restore(trashed).state, PutBackResult::State::Back);
     }
     EXPECT_EQ(filesIn(home.path("music")), before);
     EXPECT_EQ(filesIn(trash), Files());
