@@ -1,11 +1,12 @@
 #include "actions/unfinished_moves.h"
 
 #include "actions/file_move.h"
+#include "actions/file_removal.h"
+#include "actions/folders.h"
 #include "actions/move_journal.h"
 
 #include <QDir>
 #include <QFile>
-#include <QRandomGenerator>
 
 #include <fcntl.h>
 #include <sys/stat.h>
@@ -40,26 +41,13 @@ enum class Presence
 /// FAT rounds times down to two seconds.
 constexpr qint64 COARSEST_TIME = 2'000'000'000;
 
-QByteArray folderOf(const QByteArray &path)
-{
-    return path.first(path.lastIndexOf('/') + 1);
-}
-
-/// Unreadable files can be moved as well: they are looked at from outside.
-std::variant<FileSnapshot, int> lookAt(const QByteArray &path)
-{
-    auto snapshot = openAndTakeSnapshot(path);
-    const auto *error = std::get_if<int>(&snapshot);
-    return error && (*error == EACCES || *error == EPERM) ? takeSnapshot(path) : snapshot;
-}
-
 Presence presenceOf(const QByteArray &path)
 {
     const auto snapshot = takeSnapshot(path);
     const auto *error = std::get_if<int>(&snapshot);
     if (!error)
         return Presence::There;
-    const bool hasFolder = std::holds_alternative<FileSnapshot>(takeSnapshot(folderOf(path)));
+    const bool hasFolder = std::holds_alternative<FileSnapshot>(takeSnapshot(parentFolderOf(path)));
     return meansGone(*error) && hasFolder ? Presence::NotThere : Presence::Unknown;
 }
 
@@ -138,9 +126,7 @@ bool isLeftover(const QByteArray &path, const MoveJournal::Unfinished &record)
 /// Renames what is under a private name back to its old one.
 Outcome putBack(const QByteArray &privateName, const QByteArray &oldName, MoveJournal &journal)
 {
-    MoveOptions options;
-    options.journal = &journal;
-    const MoveResult result = renameWithoutReplacing(privateName, oldName, options);
+    const MoveResult result = renameWithoutReplacing(privateName, oldName, {.stop = {}, .journal = &journal});
     if (result.state == MoveResult::State::Moved)
         return Outcome::Finished;
     const auto aside = takeSnapshot(privateName);
@@ -160,8 +146,7 @@ Outcome remove(const QByteArray &path, MoveJournal &journal,
 {
     if (!mayGo(path))
         return Outcome::Finished;
-    const QByteArray privateName =
-        folderOf(path) + ".sonavo-" + QByteArray::number(QRandomGenerator::system()->generate64(), 16);
+    const QByteArray privateName = privateNameBeside(path);
     auto entry = journal.record({.kind = Kind::PrivateName, .path = privateName, .source = path});
     const int error = ::rename(path.constData(), privateName.constData()) == 0 ? 0 : errno;
     if (presenceOf(privateName) == Presence::NotThere)
