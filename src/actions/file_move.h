@@ -76,6 +76,8 @@ struct MovedFile
     std::optional<FileSnapshot> snapshot;
     /// See MoveResult.
     QStringList lostAttributes = {};
+    /// The path of the list in its folder that has a line for it, if any; see MovedFilesList.
+    QByteArray list = {};
 };
 
 [[nodiscard]] MovedFile describeMove(const QByteArray &from, const QByteArray &to);
