@@ -222,11 +222,13 @@ TEST_F(FileMove, KeepsEditsMadeToTheSourceDuringACopy)
     };
     for (const auto &[name, action, content] : cases) {
         DuplicatesFolder target = folderIn(other.path(name));
+        const fs::path copy = target.path().toStdString() + "/a.mp3";
         home.add("a.mp3");
         // The folder is flushed when the copy has its name, before the source is removed.
         const auto handle = [&, &action = action](const SystemCallListener &listener,
                                                   const seccomp_notif &call) {
-            if (fs::is_directory("/proc/self/fd/" + std::to_string(call.data.args[0])))
+            const bool isFolder = fs::is_directory("/proc/self/fd/" + std::to_string(call.data.args[0]));
+            if (isFolder && fs::exists(copy))
                 action();
             listener.letThrough(call.id);
         };
