@@ -1,5 +1,7 @@
 #include "actions/move_journal.h"
 
+#include "actions/folders.h"
+
 #include <QDataStream>
 #include <QDir>
 #include <QFile>
@@ -209,7 +211,9 @@ bool MoveJournal::openFile()
     struct stat status = {};
     if (::flock(m_file, LOCK_EX | LOCK_NB) == 0 && ::fstat(m_file, &status) == 0 && status.st_nlink > 0)
         return true;
+    ::unlink(m_path.constData());
     ::close(std::exchange(m_file, -1));
+    m_folder.clear(); // not once for every file
     return false;
 }
 
@@ -298,11 +302,8 @@ std::vector<MoveJournal::Unfinished> MoveJournal::takeUnfinished()
 
 QString moveJournalFolder()
 {
-    const QString dataHome = qEnvironmentVariable("XDG_DATA_HOME");
-    if (QDir::isAbsolutePath(dataHome)) // as its standard demands
-        return dataHome + QStringLiteral("/sonavo");
-    const QString home = qEnvironmentVariable("HOME");
-    return QDir::isAbsolutePath(home) ? home + QStringLiteral("/.local/share/sonavo") : QString();
+    const QString folder = userDataFolder();
+    return folder.isEmpty() ? folder : folder + QStringLiteral("/sonavo");
 }
 
 } // namespace sonavo
