@@ -120,8 +120,10 @@ MoveResult renameOverPlaceholder(const KnownFile &old, const QByteArray &to, con
     entry.made(placeholder.snapshot);
     const bool isOurs = isStillEmpty(placeholder);
     file.close();
-    if (!isOurs)
-        return notMoved(EEXIST);
+    if (!isOurs) {
+        entry.keep(); // it can be that only the look failed
+        return notMoved(EIO);
+    }
 
     const int error = ::rename(old.path.constData(), to.constData()) == 0 ? 0 : errno;
     const FileState atOldName = stateOfName(old);
