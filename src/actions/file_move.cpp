@@ -315,7 +315,7 @@ MoveResult moveWithoutReplacing(const QByteArray &from, const QByteArray &to, co
 Failure toFailure(const MoveResult &result, const QByteArray &from, const QByteArray &to)
 {
     if (result.state != State::Uncertain)
-        return {describe(result.error)};
+        return {describe(result.error), result.error};
     return {QStringLiteral("It is not certain that the file was moved (%1). Look for it at %2 and at %3.")
                 .arg(describe(result.error), QFile::decodeName(from), QFile::decodeName(to))};
 }
