@@ -79,6 +79,8 @@ struct MovedFile
     std::optional<FileSnapshot> snapshot;
     /// See MoveResult.
     QStringList lostAttributes = {};
+    /// The path of the list in its folder that has a line for it, if any; see MovedFilesList.
+    QByteArray list = {};
 };
 
 /// @param result of the move
