@@ -344,7 +344,7 @@ MoveResult moveWithoutReplacing(const QByteArray &from, const QByteArray &to, co
 Failure toFailure(const MoveResult &result, const QByteArray &from, const QByteArray &to)
 {
     if (result.state != State::Uncertain)
-        return {describe(result.error)};
+        return {describe(result.error), result.error};
     QString places = QStringLiteral("%1 and at %2").arg(QFile::decodeName(from), QFile::decodeName(to));
     if (!result.leftAt.isEmpty())
         places +=

@@ -188,19 +188,21 @@ bool isUntouched(const KnownFile &file)
     return now && isUntouched(*now, file.snapshot);
 }
 
-bool isListed(const QByteArray &path)
+bool isUnlisted(const QByteArray &path)
 {
     const qsizetype nameStart = path.lastIndexOf('/') + 1;
     const QByteArray name = path.sliced(nameStart);
     DIR *folder = ::opendir(nameStart > 0 ? path.first(nameStart).constData() : ".");
     if (!folder)
-        return false;
+        return meansGone(errno);
     const dirent *entry = nullptr;
-    do
+    do {
+        errno = 0;
         entry = ::readdir(folder);
-    while (entry && name != entry->d_name);
+    } while (entry && name != entry->d_name);
+    const bool isAtEnd = !entry && errno == 0;
     ::closedir(folder);
-    return entry != nullptr;
+    return isAtEnd;
 }
 
 } // namespace sonavo
