@@ -94,13 +94,15 @@ TEST_F(MoveJournalTest, KeepsTheOnlyCopyAndWhatIsNotOurs)
         {"somebody has filled it", Kind::Placeholder, "another", [] {}},
         {"a file of its own", Kind::SecondName, "song", [] {}},
         {"another link", Kind::NewLink, "-> elsewhere", [] {}},
-        {"another's note", Kind::Note, "[Trash Info]\nPath=/b.mp3\n", [] {}},
-        {"a line follows", Kind::Line, "to\nanother\n", [] {}},
+        {"another's note", Kind::Note, "by\n", [] {}},
+        {"a line follows", Kind::Line, "head\nto\nanother\n", [] {}},
     };
     for (const auto &[name, kind, content, meanwhile] : cases) {
         home.add("music/a.mp3");
         const auto run = [&, &kind = kind, &content = content, &meanwhile = meanwhile](MoveJournal &journal) {
-            journal.record(leftover(kind, "left", "to\n")).keep();
+            Leftover record = leftover(kind, "left", "to\n");
+            record.offset = kind == Kind::Line ? 5 : 0;
+            journal.record(record).keep();
             if (kind == Kind::NewLink)
                 fs::create_symlink(content.substr(3), home.path("left"));
             else
