@@ -123,9 +123,11 @@ MoveResult renameOverPlaceholder(const KnownFile &old, const QByteArray &to, con
     const FileState atOldName = stateOfName(old);
     if (atOldName == FileState::Gone && stateOfName({to, old.snapshot}) == FileState::Same)
         return MOVED;
-    if (atOldName == FileState::Same)
-        return finish(entry, removeNewName(placeholder, error, options));
-    return finish(entry, uncertain(error));
+    if (atOldName != FileState::Same)
+        return finish(entry, uncertain(error));
+    if (removeNewName(placeholder, error, options).state == State::Uncertain)
+        entry.keep(); // only an empty file is left over
+    return notMoved(error != 0 ? error : EIO);
 }
 
 bool hasNoHardLinks(int error)

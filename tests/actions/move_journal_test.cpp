@@ -137,18 +137,5 @@ TEST_F(MoveJournalTest, WaitsForADiskThatIsNotThere)
     EXPECT_EQ(filesIn(home.path()), (Files{{"music/a.mp3", "song"}}));
 }
 
-TEST(MoveJournalFolder, IsInTheDataFolderIfThereIsOne)
-{
-    const PrivateHome home;
-    EXPECT_EQ(moveJournalFolder(), toQString(home.path(".local/share/sonavo")));
-    qputenv("XDG_DATA_HOME", "relative");
-    EXPECT_EQ(moveJournalFolder(), toQString(home.path(".local/share/sonavo")));
-    qputenv("XDG_DATA_HOME", "/data");
-    EXPECT_EQ(moveJournalFolder(), QStringLiteral("/data/sonavo"));
-    qunsetenv("XDG_DATA_HOME");
-    qunsetenv("HOME");
-    EXPECT_EQ(moveJournalFolder(), QString());
-}
-
 } // namespace
 } // namespace sonavo
