@@ -33,6 +33,9 @@ const std::vector<unsigned> HARMLESS_CALLS{
     SYS_futex,      SYS_sched_yield,     SYS_clock_gettime, SYS_getrandom,      SYS_getpid,      SYS_gettid,
     SYS_geteuid,    SYS_getuid,          SYS_rt_sigaction,  SYS_rt_sigprocmask, SYS_sigaltstack, SYS_exit,
     SYS_exit_group, SYS_clock_nanosleep, SYS_pipe2,         SYS_getcwd,
+#ifdef SYS_pipe
+    SYS_pipe,
+#endif
 };
 
 /// Calls that change names, each with the error that a network file system reports when it was asked a second
