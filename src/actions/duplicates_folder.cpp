@@ -71,8 +71,7 @@ std::variant<MovedFile, Failure> DuplicatesFolder::moveHere(const QString &sourc
         const MoveResult result = moveWithoutReplacing(from, to, options);
         if (result.state == MoveResult::State::Moved) {
             m_nextNumbers.insert(name, number + 1);
-            MovedFile moved = describeMove(from, to);
-            moved.lostAttributes = result.lostAttributes;
+            MovedFile moved = describeMove(from, to, result);
             moved.list = m_list.path();
             return moved;
         }
