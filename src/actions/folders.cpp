@@ -13,7 +13,7 @@ namespace fs = std::filesystem;
 
 QString userDataFolder()
 {
-    const QString dataHome = qEnvironmentVariable("XDG_DATA_HOME");
+    QString dataHome = qEnvironmentVariable("XDG_DATA_HOME");
     if (dataHome.startsWith(u'/'))
         return dataHome;
     const QString home = qEnvironmentVariable("HOME");
