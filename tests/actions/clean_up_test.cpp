@@ -184,6 +184,16 @@ TEST_P(CleanUpTest, KeepsTheOnlyFileOfASongThatIsSeenThroughTwoFileSystems)
     }
     EXPECT_EQ(contentOf(home.path("music/album/a.mp3")), CONTENT);
     EXPECT_THAT(movedFiles(), ElementsAre("b.mp3", "c.mp3", "d.mp3"));
+
+    // Changed in between, it cannot be recognised before it is moved.
+    const auto change = [this](qint64 done) {
+        if (done == 1)
+            fs::permissions(home.path("music/album/a.mp3"), fs::perms::owner_all);
+    };
+    const CleanUpOutcome outcome = cleanUp(
+        {group(view, {song("music/f.mp3")}), group(song("music/e.mp3"), {real})}, {.reportProgress = change});
+    EXPECT_THAT(failedFiles(outcome), ElementsAre("f.mp3"));
+    EXPECT_EQ(contentOf(home.path("music/f.mp3")), CONTENT);
 }
 
 TEST_P(CleanUpTest, SparesWhateverIsNotTheFileThatWasScanned)
