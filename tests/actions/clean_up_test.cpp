@@ -3,6 +3,7 @@
 #include "testing/system_call_listener.h"
 
 #include <sys/syscall.h>
+#include <sys/xattr.h>
 
 namespace sonavo {
 namespace {
@@ -320,6 +321,45 @@ TEST_P(CleanUpTest, PutsADuplicateBackWhenItsOriginalIsNotAsItWas)
 }
 
 INSTANTIATE_TEST_SUITE_P(To, CleanUpTest, testing::Values(Target::Trash, Target::Folder, Target::OtherDisk));
+
+using MoveDuplicatesTest = SongTest;
+
+TEST_F(MoveDuplicatesTest, DoesNotReachAFileWhoseCopyIsStopped)
+{
+    const DuplicateGroup songs = group(song("music/a.mp3"), {song("music/b.mp3"), song("music/c.mp3")});
+    std::stop_source stop;
+    const auto work = [&] {
+        DuplicatesFolder folder = folderIn(other.path());
+        const CleanUpOutcome outcome = moveDuplicates({songs}, folder, {.stop = stop.get_token()});
+        return outcome.notReached == songs.duplicates && outcome.failures.isEmpty() ? 0 : 1;
+    };
+    const auto onWrite = [&stop](const SystemCallListener &listener, const seccomp_notif &call) {
+        stop.request_stop();
+        listener.letThrough(call.id);
+    };
+    const auto status = runInChild(work, {SYS_pwrite64}, onWrite);
+    if (status == NOT_ALLOWED)
+        GTEST_SKIP() << "no right to filter system calls";
+    EXPECT_EQ(status, 0);
+    EXPECT_EQ(filesIn(home.path("music")).size(), 3U);
+}
+
+TEST_F(MoveDuplicatesTest, NamesTheAttributesThatWereLost)
+{
+    if (!PrivateMounts::areAllowed() || !mounts.mount(home.path("ram"), "ramfs"))
+        GTEST_SKIP() << "a file system without attributes cannot be mounted here";
+    const DuplicateGroup songs =
+        group(song("music/a.mp3"), {song("music/b.mp3"), song("music/c.mp3"), song("music/d.mp3")});
+    for (const char *name : {"music/b.mp3", "music/c.mp3"}) {
+        if (::setxattr(home.path(name).c_str(), "user.rating", "5", 1, 0) != 0)
+            GTEST_SKIP() << "the temporary folder cannot store attributes";
+    }
+    DuplicatesFolder folder = folderIn(home.path("ram"));
+    const CleanUpOutcome outcome = moveDuplicates({songs}, folder);
+    EXPECT_EQ(outcome.moved.size(), 3);
+    EXPECT_EQ(outcome.lostAttributes, QStringList(QStringLiteral("user.rating")));
+    EXPECT_EQ(outcome.songsWithLostAttributes, 2);
+}
 
 using TrashSongTest = SongTest;
 
