@@ -46,23 +46,25 @@ const std::map<int, int> NAMING_CALLS{
     {SYS_mkdirat, EEXIST}, {SYS_renameat, ENOENT},  {SYS_renameat2, ENOENT},
 };
 
-enum class Disks
+#ifdef SYS_link
+constexpr int LINK = SYS_link;
+#else
+constexpr int LINK = SYS_linkat;
+#endif
+
+/// The disk of the songs and the one that they are moved to.
+struct Disks
 {
-    Same,
-    Other,
-    SameWithoutNoReplace,
-    SameWithoutNoReplaceAndLinks,
-    OtherWithoutNoReplaceAndLinks,
+    bool areDifferent = false;
+    bool canRefuseToReplace = true;
+    bool canLink = true;
 };
 
-enum class Operation
+struct Operation
 {
-    Move,
-    MoveBack,
-    MoveLink,
-    MoveLinkBack,
-    Trash,
-    Restore,
+    bool usesTrash = false;
+    bool isUndo = false;
+    bool isOfLinks = false;
 };
 
 enum class Fault
@@ -100,22 +102,30 @@ struct Report
 /// Names and contents, without numbers in names and without dates.
 using Tree = std::multiset<std::pair<std::string, std::string>>;
 
-using Away = std::variant<TrashedFile, MovedFile>;
+/// What is done to a song.
+struct Step
+{
+    fs::path from;
+    /// @return the reason if it failed
+    std::function<std::optional<QString>(const MoveOptions &)> run;
+};
+
+template <typename Result>
+std::optional<QString> reasonOf(const Result &result)
+{
+    const auto *failure = std::get_if<Failure>(&result);
+    return failure ? std::optional(failure->reason) : std::nullopt;
+}
+
+std::optional<QString> reasonOf(const PutBackResult &result)
+{
+    return result.state == PutBackResult::State::Back ? std::nullopt : std::optional(result.reason);
+}
 
 /// A sanitizer writes to a pipe to learn whether memory can be read.
 bool isPipe(quint64 descriptor)
 {
     return fs::is_fifo("/proc/self/fd/" + std::to_string(descriptor));
-}
-
-bool canRefuseToReplace(Disks disks)
-{
-    return disks == Disks::Same || disks == Disks::Other;
-}
-
-bool canLink(Disks disks)
-{
-    return canRefuseToReplace(disks) || disks == Disks::SameWithoutNoReplace;
 }
 
 /// For how long pairs of faults are tried in each case, after all single ones; 0 for a sample of these.
@@ -177,22 +187,7 @@ private:
                      : std::vector{home.path("music/a.mp3")};
     const Disks disks = std::get<Disks>(GetParam());
     const Operation operation = std::get<Operation>(GetParam());
-    const bool isOtherDisk = disks == Disks::Other || disks == Disks::OtherWithoutNoReplaceAndLinks;
-    const fs::path parent = isOtherDisk ? other.path("target") : home.path("target");
-
-    [[nodiscard]] bool isUndo() const
-    {
-        return operation == Operation::MoveBack || operation == Operation::MoveLinkBack ||
-               operation == Operation::Restore;
-    }
-    [[nodiscard]] bool usesTrash() const
-    {
-        return operation == Operation::Trash || operation == Operation::Restore;
-    }
-    [[nodiscard]] bool isLink(std::size_t song) const
-    {
-        return operation == Operation::MoveLink || operation == Operation::MoveLinkBack || song == 1;
-    }
+    const fs::path parent = disks.areDifferent ? other.path("target") : home.path("target");
 
     /// Makes everything as it is before the operation, with files of others beside it.
     void prepare()
@@ -205,16 +200,19 @@ private:
             PrivateHome::addFile(trash / name, "[Trash Info]\nPath=/another's\n");
         const fs::path copy = PrivateHome::addFile(folder() / ".living", "unfinished");
         m_filesOfOthers = tree();
-        m_away.clear();
-        for (std::size_t i = 0; i < songs.size(); ++i) {
-            fs::create_directories(songs[i].parent_path());
-            if (isLink(i))
-                fs::create_symlink(std::to_string(i), songs[i]);
+        m_steps.clear();
+        for (const fs::path &song : songs) {
+            fs::create_directories(song.parent_path());
+            const std::string number = std::to_string(m_steps.size());
+            if (operation.isOfLinks || m_steps.size() == 1)
+                fs::create_symlink(number, song);
             else
-                addSong(songs[i], contentOfSong(i));
-            if (isUndo())
-                m_away.push_back(std::get<Away>(takeAway(i, {})));
+                PrivateHome::addFile(song, "song " + number);
+            ::setxattr(song.c_str(), "user.rating", "5", 1, 0); // where the disk can store it
+            m_steps.push_back(stepWith(toQString(song)));
         }
+        if (operation.isUndo)
+            std::ranges::reverse(m_steps);
         const QByteArray source((folder() / "a.mp3").c_str());
         m_livingCopy = m_living.record({.kind = Leftover::Kind::Copy,
                                         .path = copy.c_str(),
@@ -224,54 +222,32 @@ private:
     }
 
     [[nodiscard]] fs::path folder() const { return m_target->path().toStdString(); }
-    static void addSong(const fs::path &path, const std::string &content)
-    {
-        PrivateHome::addFile(path, content);
-        ::setxattr(path.c_str(), "user.rating", "5", 1, 0); // where the disk can store it
-    }
-    static std::string contentOfSong(std::size_t i) { return "song " + std::to_string(i); }
 
-    std::variant<Away, Failure> takeAway(std::size_t i, const MoveOptions &options)
+    Step stepWith(const QString &song)
     {
-        const auto toAway = [](const auto &result) -> std::variant<Away, Failure> {
-            if (const auto *failure = std::get_if<Failure>(&result))
-                return *failure;
-            return Away(std::get<0>(result));
-        };
-        return usesTrash() ? toAway(moveToTrash(toQString(songs[i]), options))
-                           : toAway(m_target->moveHere(toQString(songs[i]), options));
-    }
-    PutBackResult bringBack(std::size_t i, const MoveOptions &options) const
-    {
-        const auto *trashed = std::get_if<TrashedFile>(&m_away[i]);
-        return trashed ? restore(*trashed, options)
-                       : DuplicatesFolder::moveBack(std::get<MovedFile>(m_away[i]), options);
-    }
-    /// Where a song is before the operation.
-    [[nodiscard]] fs::path startOf(std::size_t i) const
-    {
-        if (!isUndo())
-            return songs[i];
-        const auto *trashed = std::get_if<TrashedFile>(&m_away[i]);
-        return (trashed ? trashed->file : std::get<MovedFile>(m_away[i])).path.toStdString();
-    }
-
-    Said run(std::size_t i, const MoveOptions &options)
-    {
-        std::optional<QString> reason;
-        if (isUndo()) {
-            const PutBackResult result = bringBack(i, options);
-            if (result.state != PutBackResult::State::Back)
-                reason = result.reason;
-        } else if (const auto result = takeAway(i, options); std::holds_alternative<Failure>(result)) {
-            reason = std::get<Failure>(result).reason;
+        if (!operation.isUndo && operation.usesTrash)
+            return {song.toStdString(),
+                    [=](const auto &options) { return reasonOf(moveToTrash(song, options)); }};
+        if (!operation.isUndo)
+            return {song.toStdString(), [this, song](const auto &options) {
+                        return reasonOf(m_target->moveHere(song, options));
+                    }};
+        if (operation.usesTrash) {
+            const auto trashed = std::get<TrashedFile>(moveToTrash(song));
+            return {trashed.file.path.toStdString(),
+                    [=](const auto &options) { return reasonOf(restore(trashed, options)); }};
         }
+        const auto moved = std::get<MovedFile>(m_target->moveHere(song));
+        return {moved.path.toStdString(),
+                [=](const auto &options) { return reasonOf(DuplicatesFolder::moveBack(moved, options)); }};
+    }
+
+    [[nodiscard]] static Said run(const Step &step, const MoveOptions &options)
+    {
+        const std::optional<QString> reason = step.run(options);
         if (!reason)
             return Said::Moved;
-        const fs::path newFolder = usesTrash() ? trash / "files" : folder();
-        const bool namesBoth =
-            reason->contains(toQString(songs[i])) && reason->contains(toQString(newFolder));
-        return namesBoth ? Said::Uncertain : Said::NotMoved;
+        return reason->contains(QStringLiteral("not certain")) ? Said::Uncertain : Said::NotMoved;
     }
 
     /// In the process that meets the faults.
@@ -280,8 +256,8 @@ private:
         MoveJournal journal(moveJournalFolder());
         MoveOptions options;
         options.journal = &journal;
-        for (std::size_t i = 0; i < songs.size(); ++i)
-            m_report->said[i] = run(i, options);
+        for (std::size_t i = 0; i < m_steps.size(); ++i)
+            m_report->said[i] = run(m_steps[i], options);
         return 0;
     }
 
@@ -290,9 +266,9 @@ private:
         const int number = call.data.nr;
         if ((number == SYS_write || number == SYS_read || number == SYS_close) && isPipe(call.data.args[0]))
             return listener.letThrough(call.id);
-        if (!canRefuseToReplace(disks) && number == SYS_renameat2)
+        if (!disks.canRefuseToReplace && number == SYS_renameat2)
             return listener.fail(call.id, EINVAL);
-        if (!canLink(disks) && isLinkCall(number))
+        if (!disks.canLink && number == LINK)
             return listener.fail(call.id, EPERM);
         const int count = m_report->calls++;
         const auto next = faults.upper_bound(count);
@@ -310,15 +286,6 @@ private:
         else
             listener.fail(call.id, EIO);
     }
-    static bool isLinkCall(int number)
-    {
-#ifdef SYS_link
-        if (number == SYS_link)
-            return true;
-#endif
-        return number == SYS_linkat;
-    }
-
     [[nodiscard]] Tree tree() const
     {
         static const QRegularExpression numbers(
@@ -343,23 +310,9 @@ private:
         prepare();
         for (std::size_t i = 0; i < songs.size(); ++i) {
             const bool moves = (moved >> i & 1) != 0;
-            EXPECT_TRUE(!moves || run(i, {}) == Said::Moved);
+            EXPECT_TRUE(!moves || run(m_steps[i], {}) == Said::Moved);
         }
         return m_trees[moved] = tree();
-    }
-
-    /// The files that are there but should not be, after a plus, and those that are missing, after a minus.
-    static std::string difference(const Tree &now, const std::vector<Tree> &expected)
-    {
-        std::string text;
-        for (const Tree &tree : expected) {
-            for (const auto &[name, content] : now)
-                text += tree.contains({name, content}) ? "" : "\n+ " + name + ": " + content;
-            for (const auto &[name, content] : tree)
-                text += now.contains({name, content}) ? "" : "\n- " + name + ": " + content;
-            text += "\nor";
-        }
-        return text;
     }
 
     /// Several faults can leave something over, but no content is lost and nothing of others is touched.
@@ -368,10 +321,8 @@ private:
         cleanUpUnfinishedMoves(moveJournalFolder());
         const Tree now = tree();
         for (std::size_t i = 0; i < songs.size(); ++i) {
-            const std::string number = std::to_string(i);
-            EXPECT_TRUE(std::ranges::any_of(now, [&](const auto &file) {
-                return file.second.ends_with(' ' + number) || file.second.ends_with('/' + number);
-            })) << songs[i];
+            const auto isSong = [i](const auto &file) { return file.second.ends_with(std::to_string(i)); };
+            EXPECT_TRUE(std::ranges::any_of(now, isSong)) << songs[i];
         }
         for (const auto &file : m_filesOfOthers)
             EXPECT_TRUE(now.contains(file)) << file.first;
@@ -389,7 +340,7 @@ private:
             EXPECT_FALSE(canBeFoundOut && said == Said::Uncertain);
             if (said == Said::Moved || said == Said::NotMoved) {
                 certain |= 1U << i;
-                EXPECT_EQ(isAnythingAt(startOf(i)), said == Said::NotMoved);
+                EXPECT_EQ(isAnythingAt(m_steps[i].from), said == Said::NotMoved);
             }
             if (said == Said::Moved)
                 moved |= 1U << i;
@@ -403,14 +354,13 @@ private:
             if ((combination & certain) == moved)
                 expected.push_back(treeAfter(combination));
         }
-        EXPECT_TRUE(std::ranges::find(expected, now) != expected.end())
-            << "system call " << m_report->hitCall << ", " << difference(now, expected);
+        EXPECT_THAT(now, testing::AnyOfArray(expected)) << "system call " << m_report->hitCall;
     }
 
     MoveJournal m_living{moveJournalFolder()};
     MoveJournal::Entry m_livingCopy;
     std::optional<DuplicatesFolder> m_target;
-    std::vector<Away> m_away;
+    std::vector<Step> m_steps;
     Tree m_filesOfOthers;
     std::map<unsigned, Tree> m_trees;
 };
@@ -434,6 +384,7 @@ TEST_P(FaultInjection, LosesNothingAndTellsTheTruthWhateverASystemCallMeets)
             break;
         expectTruthDespite({fault});
     }
+    time.restart();
     while (isThorough() && !time.hasExpired(1000 * secondsOfPairs())) {
         const auto &first = faults[m_random() % faults.size()];
         const auto &second = faults[m_random() % faults.size()];
@@ -441,15 +392,19 @@ TEST_P(FaultInjection, LosesNothingAndTellsTheTruthWhateverASystemCallMeets)
     }
 }
 
-INSTANTIATE_TEST_SUITE_P(MovesOnOneDisk, FaultInjection,
-                         testing::Combine(testing::Values(Disks::Same, Disks::SameWithoutNoReplace,
-                                                          Disks::SameWithoutNoReplaceAndLinks),
-                                          testing::Values(Operation::Move, Operation::MoveBack,
-                                                          Operation::Trash, Operation::Restore)));
-INSTANTIATE_TEST_SUITE_P(MovesToAnotherDisk, FaultInjection,
-                         testing::Combine(testing::Values(Disks::Other, Disks::OtherWithoutNoReplaceAndLinks),
-                                          testing::Values(Operation::Move, Operation::MoveBack,
-                                                          Operation::MoveLink, Operation::MoveLinkBack)));
+constexpr Operation MOVE{};
+constexpr Operation UNDO_MOVE{.isUndo = true};
+constexpr Disks NEITHER_REFUSE_NOR_LINK{.canRefuseToReplace = false, .canLink = false};
+INSTANTIATE_TEST_SUITE_P(OneDisk, FaultInjection,
+                         testing::Combine(testing::Values(Disks{}, Disks{.canRefuseToReplace = false},
+                                                          NEITHER_REFUSE_NOR_LINK),
+                                          testing::Values(MOVE, UNDO_MOVE, Operation{.usesTrash = true},
+                                                          Operation{.usesTrash = true, .isUndo = true})));
+INSTANTIATE_TEST_SUITE_P(TwoDisks, FaultInjection,
+                         testing::Combine(testing::Values(Disks{.areDifferent = true},
+                                                          Disks{true, false, false}),
+                                          testing::Values(MOVE, UNDO_MOVE, Operation{.isOfLinks = true},
+                                                          Operation{.isUndo = true, .isOfLinks = true})));
 
 } // namespace
 } // namespace sonavo
