@@ -14,10 +14,11 @@
 
 #include <algorithm>
 #include <cerrno>
-#include <cstdlib>
 #include <filesystem>
 #include <functional>
 #include <optional>
+#include <set>
+#include <tuple>
 #include <utility>
 #include <variant>
 #include <vector>
@@ -49,7 +50,7 @@ Look readableFile(const QString &path)
     if (const auto *reason = std::get_if<int>(&snapshot))
         return unreadable(*reason);
     const auto &file = std::get<FileSnapshot>(snapshot);
-    const bool hasLostItsName = file.hardLinks == 0 && isUnlisted(resolved);
+    const bool hasLostItsName = file.hardLinks == 0 && file.hasLastingInode;
     if (!S_ISREG(file.mode) || hasLostItsName)
         return QLatin1String(GONE);
     return KnownFile{resolved, file};
@@ -64,25 +65,6 @@ Look unchangedFile(const Song &song, const FileNotes &notes)
     if (file && note != notes.constEnd() && !isAsNoted(file->snapshot, *note))
         return QStringLiteral("has been changed since it was scanned");
     return look;
-}
-
-/// Whether two files with different identities may be one file that is visible through two file systems.
-bool canBeOneFile(const FileSnapshot &a, const FileSnapshot &b)
-{
-    // File systems round times, FAT to two seconds.
-    constexpr qint64 COARSEST_TIME = 2'000'000'000;
-    const auto areNear = [](qint64 x, qint64 y) { return std::abs(x - y) <= COARSEST_TIME; };
-    // Some views do not know the time of the last change and repeat another time.
-    const auto isMadeUp = [](const FileSnapshot &file) { return file.changed == file.modified; };
-    return a.device != b.device && a.size == b.size && areNear(a.modified, b.modified) &&
-           (areNear(a.changed, b.changed) || isMadeUp(a) || isMadeUp(b));
-}
-
-/// Whether a file is still there after another one was moved.
-bool hasSurvived(const KnownFile &file, const KnownFile &moved)
-{
-    const bool isSuspect = canBeOneFile(file.snapshot, moved.snapshot);
-    return stateOf(file) == FileState::Same && (!isSuspect || isOnDisk(file.path) || !isUnlisted(file.path));
 }
 
 using DisposedFile = std::variant<TrashedFile, MovedFile>;
@@ -142,10 +124,10 @@ private:
     {
         Song song;
         DisposedFile file;
-        /// Before it was moved.
-        KnownFile before;
         KnownFile original;
     };
+    /// Device, size and time of the last modification.
+    using Traits = std::tuple<dev_t, qint64, qint64>;
 
     void findOriginals();
     void remove(const Song &song);
@@ -154,7 +136,8 @@ private:
     [[nodiscard]] QString whatIsWrongWithOriginal();
     void putBack(const Moved &moved);
     void checkOriginalsAgain();
-    [[nodiscard]] bool hasSurvivedAll(const KnownFile &original) const;
+    [[nodiscard]] bool isSuspect(const FileSnapshot &original) const;
+    [[nodiscard]] bool hasSurvived(const KnownFile &original) const;
     void report(const Moved &moved);
     void fail(const Song &song, const QString &reason) { m_outcome.failures.append({song, reason}); }
 
@@ -169,6 +152,9 @@ private:
     std::optional<KnownFile> m_original;
     std::vector<Moved> m_moved;
     QSet<FileEntry> m_movedEntries;
+    /// Where the moved files were, and what they were.
+    QSet<dev_t> m_devices;
+    std::set<Traits> m_traits;
     QList<MovedFile> m_movedBack;
     qsizetype m_disposals = 0;
     CleanUpOutcome m_outcome;
@@ -260,8 +246,10 @@ void DuplicateRemover::dispose(const Song &song, const FileIdentity &identity, c
         return;
     }
     ++m_disposals;
-    const Moved moved{song, std::get<DisposedFile>(result), file, *m_original};
-    if (!hasSurvived(*m_original, file))
+    m_devices.insert(file.snapshot.device);
+    m_traits.insert({file.snapshot.device, file.snapshot.size, file.snapshot.modified});
+    const Moved moved{song, std::get<DisposedFile>(result), *m_original};
+    if (!hasSurvived(*m_original))
         return putBack(moved);
     m_moved.push_back(moved);
     m_movedEntries.insert(identity.entry);
@@ -287,7 +275,7 @@ void DuplicateRemover::checkOriginalsAgain()
     QHash<QByteArray, bool> hasStayed;
     for (const Moved &moved : m_moved) {
         if (!hasStayed.contains(moved.original.path))
-            hasStayed[moved.original.path] = hasSurvivedAll(moved.original);
+            hasStayed[moved.original.path] = hasSurvived(moved.original);
     }
     const auto mustGoBack = [&](const Moved &moved) { return !hasStayed.value(moved.original.path); };
     std::for_each(m_moved.rbegin(), m_moved.rend(), [&](const Moved &moved) {
@@ -300,14 +288,23 @@ void DuplicateRemover::checkOriginalsAgain()
         DuplicatesFolder::forget(m_movedBack);
 }
 
-bool DuplicateRemover::hasSurvivedAll(const KnownFile &original) const
+/// Whether one of the moved files can be an original that another file system shows.
+bool DuplicateRemover::isSuspect(const FileSnapshot &original) const
 {
-    const auto canBeOriginal = [&original](const Moved &moved) {
-        return canBeOneFile(original.snapshot, moved.before.snapshot);
-    };
-    return stateOf(original) == FileState::Same &&
-           (isOnDisk(original.path) || !std::ranges::any_of(m_moved, canBeOriginal) ||
-            !isUnlisted(original.path));
+    // File systems round times, FAT to two seconds.
+    constexpr qint64 COARSEST_TIME = 2'000'000'000;
+    return std::ranges::any_of(m_devices, [&](dev_t device) {
+        const auto moved = m_traits.lower_bound({device, original.size, original.modified - COARSEST_TIME});
+        return device != original.device && moved != m_traits.end() &&
+               *moved <= Traits{device, original.size, original.modified + COARSEST_TIME};
+    });
+}
+
+/// A file system that shows another one may open a file by a name that is lost. But moving a file changes the
+/// time of its last change.
+bool DuplicateRemover::hasSurvived(const KnownFile &original) const
+{
+    return isSuspect(original.snapshot) ? isUntouched(original) : stateOf(original) == FileState::Same;
 }
 
 void DuplicateRemover::report(const Moved &moved)
@@ -388,7 +385,11 @@ std::variant<DisposedSong, Failure> trashSong(const Song &song, const QList<Dupl
     if (const auto *failure = std::get_if<Failure>(&result))
         return *failure;
     const auto &trashed = std::get<TrashedFile>(result);
-    if (std::ranges::all_of(others, [&file](const KnownFile &other) { return hasSurvived(other, file); }))
+    const auto hasSurvived = [&file](const KnownFile &other) {
+        const bool isOnOtherDevice = other.snapshot.device != file.snapshot.device;
+        return isOnOtherDevice ? isUntouched(other) : stateOf(other) == FileState::Same;
+    };
+    if (std::ranges::all_of(others, hasSurvived))
         return DisposedSong{song, trashed};
     const PutBackResult back = restore(trashed, unstoppable(options));
     if (back.state != PutBackResult::State::Back)

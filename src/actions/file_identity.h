@@ -55,8 +55,7 @@ struct FileIdentity
 /// Whether two paths lead to the same file.
 [[nodiscard]] bool areOneFile(const FileIdentity &a, const FileIdentity &b);
 
-/// Whether a path is on a disk, which opens a file only by a name that it has. Other file systems show the
-/// files of a disk or of a network; they may not know yet that a name is lost.
+/// Whether a path is on a disk. Other file systems show the files of a disk or of a network.
 [[nodiscard]] bool isOnDisk(const QByteArray &path);
 
 /// Whether two files with different identities are most likely one file, which an overlay, a network or the

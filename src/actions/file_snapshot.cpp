@@ -12,7 +12,6 @@
 #include <array>
 #include <cerrno>
 #include <chrono>
-#include <dirent.h>
 #include <linux/magic.h>
 
 namespace sonavo {
@@ -186,23 +185,6 @@ bool isUntouched(const KnownFile &file)
     const auto snapshot = lookAt(file.path);
     const auto *now = std::get_if<FileSnapshot>(&snapshot);
     return now && isUntouched(*now, file.snapshot);
-}
-
-bool isUnlisted(const QByteArray &path)
-{
-    const qsizetype nameStart = path.lastIndexOf('/') + 1;
-    const QByteArray name = path.sliced(nameStart);
-    DIR *folder = ::opendir(nameStart > 0 ? path.first(nameStart).constData() : ".");
-    if (!folder)
-        return meansGone(errno);
-    const dirent *entry = nullptr;
-    do {
-        errno = 0;
-        entry = ::readdir(folder);
-    } while (entry && name != entry->d_name);
-    const bool isAtEnd = !entry && errno == 0;
-    ::closedir(folder);
-    return isAtEnd;
 }
 
 } // namespace sonavo

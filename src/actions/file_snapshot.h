@@ -88,9 +88,4 @@ enum class FileState
 /// Whether a file is where it was and nothing was done to it, with lookAt().
 [[nodiscard]] bool isUntouched(const KnownFile &file);
 
-/// Whether the folder of a file no longer lists its name; false when the folder cannot be read. A file system
-/// on top of another one can still open a file by a name that no longer exists below it, but mostly reads the
-/// list of names afresh.
-[[nodiscard]] bool isUnlisted(const QByteArray &path);
-
 } // namespace sonavo
