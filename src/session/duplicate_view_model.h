@@ -33,6 +33,9 @@ class DuplicateViewModel : public QObject
     /// Includes groups that were left with their original alone.
     Q_PROPERTY(int duplicateGroupCount READ duplicateGroupCount NOTIFY duplicateGroupsChanged)
     Q_PROPERTY(int duplicateCount READ duplicateCount NOTIFY duplicateGroupsChanged)
+    /// What the buttons for all duplicates will do, as "Move 344 duplicates (1.2 GB) to the Trash".
+    Q_PROPERTY(QString cleanupAllDescription READ cleanupAllDescription NOTIFY duplicateGroupsChanged)
+    Q_PROPERTY(QString moveDuplicatesDescription READ moveDuplicatesDescription NOTIFY duplicateGroupsChanged)
     /// See Scan::State.
     Q_PROPERTY(bool isScanning READ isScanning NOTIFY isScanningChanged)
     Q_PROPERTY(double progress READ progress NOTIFY progressChanged)
@@ -58,6 +61,31 @@ class DuplicateViewModel : public QObject
     Q_PROPERTY(bool showToast READ showToast WRITE setShowToast NOTIFY showToastChanged)
     Q_PROPERTY(QString toastMessage READ toastMessage NOTIFY toastChanged)
     Q_PROPERTY(sonavo::Notices::ToastType toastType READ toastType NOTIFY toastChanged)
+    /// Text of the toast's button; empty without one.
+    Q_PROPERTY(QString toastAction READ toastAction NOTIFY toastChanged)
+    /// Files are being moved. Meanwhile everything that would change the session is ignored.
+    Q_PROPERTY(bool isCleaningUp READ isCleaningUp NOTIFY isCleaningUpChanged)
+    /// Whether that has taken long enough to show how far it is.
+    Q_PROPERTY(bool showCleanUpProgress READ showCleanUpProgress NOTIFY cleanUpProgressChanged)
+    /// As "Moving 1,234 of 4,943 to the Trash".
+    Q_PROPERTY(QString cleanUpMessage READ cleanUpMessage NOTIFY cleanUpProgressChanged)
+    /// From 0.0 to 1.0.
+    Q_PROPERTY(double cleanUpFraction READ cleanUpFraction NOTIFY cleanUpProgressChanged)
+    /// As "About 2 minutes left"; empty unless it takes longer than some seconds.
+    Q_PROPERTY(QString cleanUpTimeLeft READ cleanUpTimeLeft NOTIFY cleanUpProgressChanged)
+    /// It was asked to stop, and still ends the file at hand.
+    Q_PROPERTY(bool isCleanUpStopping READ isCleanUpStopping NOTIFY cleanUpProgressChanged)
+    /// As "Undo Move to Trash"; empty when there is nothing to undo.
+    Q_PROPERTY(QString undoText READ undoText NOTIFY undoTextChanged)
+    /// What the last clean-up of all duplicates has done, until the next scan or its undo.
+    Q_PROPERTY(bool hasCleanUpSummary READ hasCleanUpSummary NOTIFY cleanUpSummaryChanged)
+    /// As "30 files moved to the Trash • 1.2 GB".
+    Q_PROPERTY(QString cleanUpHeadline READ cleanUpHeadline NOTIFY cleanUpSummaryChanged)
+    /// As "150 songs remain".
+    Q_PROPERTY(QString cleanUpRemaining READ cleanUpRemaining NOTIFY cleanUpSummaryChanged)
+    /// What the target folder could not store; empty when nothing was lost.
+    Q_PROPERTY(QString cleanUpLosses READ cleanUpLosses NOTIFY cleanUpSummaryChanged)
+    Q_PROPERTY(int cleanUpFailureCount READ cleanUpFailureCount NOTIFY cleanUpSummaryChanged)
 
 public:
     using ToastType = Notices::ToastType;
@@ -99,6 +127,23 @@ public:
     [[nodiscard]] bool showToast() const { return m_notices.state().isToastShown; }
     [[nodiscard]] const QString &toastMessage() const { return m_notices.state().toastMessage; }
     [[nodiscard]] ToastType toastType() const { return m_notices.state().toastType; }
+    [[nodiscard]] QString toastAction() const { return {}; }
+    [[nodiscard]] QString cleanupAllDescription() const { return {}; }
+    [[nodiscard]] QString moveDuplicatesDescription() const { return {}; }
+    [[nodiscard]] bool isCleaningUp() const { return false; }
+    [[nodiscard]] bool showCleanUpProgress() const { return false; }
+    [[nodiscard]] QString cleanUpMessage() const { return {}; }
+    [[nodiscard]] double cleanUpFraction() const { return 0.0; }
+    [[nodiscard]] QString cleanUpTimeLeft() const { return {}; }
+    [[nodiscard]] bool isCleanUpStopping() const { return false; }
+    [[nodiscard]] QString undoText() const { return {}; }
+    [[nodiscard]] bool hasCleanUpSummary() const { return false; }
+    [[nodiscard]] QString cleanUpHeadline() const { return {}; }
+    [[nodiscard]] QString cleanUpRemaining() const { return {}; }
+    [[nodiscard]] QString cleanUpLosses() const { return {}; }
+    /// Songs that the last clean-up has left where they were, and why.
+    [[nodiscard]] const QList<SongFailure> &cleanUpFailures() const { return m_cleanUpFailures; }
+    [[nodiscard]] int cleanUpFailureCount() const { return static_cast<int>(cleanUpFailures().size()); }
     [[nodiscard]] const QList<Color> &colors() const { return m_colors; }
 
     void setShowAlert(bool isShown) { m_notices.setAlertShown(isShown); }
@@ -129,6 +174,17 @@ public:
     Q_INVOKABLE void cleanupAll() { m_cleanUp.trashDuplicates(); }
     Q_INVOKABLE void deleteSong(const sonavo::Song &song) { m_cleanUp.deleteSong(song); }
 
+    /// Ends a clean-up or an undo after the file at hand.
+    Q_INVOKABLE void stopCleanUp() {}
+    /// Puts back the files of the last step that can be undone.
+    Q_INVOKABLE void undo() {}
+    /// Tries again to move the songs that the last clean-up could not move.
+    Q_INVOKABLE void retryCleanUp() {}
+    /// Does what the toast's button says.
+    Q_INVOKABLE void performToastAction() {}
+    /// Keeps a toast with a button on screen, as long as the pointer or the keyboard is on it.
+    Q_INVOKABLE void holdToast([[maybe_unused]] bool isHeld) {}
+
     /// Copies the path of a song's file to the clipboard.
     Q_INVOKABLE void copyPath(const sonavo::Song &song) { m_desktop.copyToClipboard(song.path); }
     /// Shows a song's file in the system's file viewer.
@@ -151,6 +207,10 @@ Q_SIGNALS:
     void pendingImportURLsChanged();
     void showToastChanged();
     void toastChanged();
+    void isCleaningUpChanged();
+    void cleanUpProgressChanged();
+    void undoTextChanged();
+    void cleanUpSummaryChanged();
 
 private:
     using Signal = void (DuplicateViewModel::*)();
@@ -172,6 +232,7 @@ private:
     Scan m_scan;
     Importer m_importer;
     CleanUp m_cleanUp;
+    QList<SongFailure> m_cleanUpFailures;
 };
 
 } // namespace sonavo
