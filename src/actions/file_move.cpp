@@ -205,7 +205,8 @@ int copyFile(int source, const FileSnapshot &before, int target)
         return errno;
     const auto after = takeSnapshot(source);
     const auto copied = takeSnapshot(target);
-    if (after != std::variant<FileSnapshot, int>(before))
+    const auto *now = std::get_if<FileSnapshot>(&after);
+    if (!now || !isUntouched(*now, before))
         return EBUSY;
     const auto *copy = std::get_if<FileSnapshot>(&copied);
     return copy && copy->size == before.size ? 0 : EIO;
