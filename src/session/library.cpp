@@ -47,6 +47,7 @@ void Library::removeDuplicates()
 
 void Library::clear()
 {
+    m_notes.clear();
     set({}, {});
 }
 

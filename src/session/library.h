@@ -1,6 +1,7 @@
 #pragma once
 
 #include "model/duplicate_group.h"
+#include "model/file_note.h"
 #include "model/song.h"
 
 #include <QList>
@@ -23,9 +24,14 @@ public:
     [[nodiscard]] const QList<DuplicateGroup> &duplicateGroups() const { return m_duplicateGroups; }
     /// Duplicates in all groups; originals do not count.
     [[nodiscard]] int duplicateCount() const;
+    /// What the files of the songs in the groups were when they were read, for clean-ups.
+    [[nodiscard]] const FileNotes &notes() const { return m_notes; }
 
     void setSongs(const QList<Song> &songs);
     void setDuplicateGroups(const QList<DuplicateGroup> &groups);
+
+    /// Not announced; to be set before the groups.
+    void setNotes(const FileNotes &notes) { m_notes = notes; }
 
     /// Removes a song from songs(); its group keeps it.
     void removeSong(const QUuid &id);
@@ -44,6 +50,7 @@ private:
 
     QList<Song> m_songs;
     QList<DuplicateGroup> m_duplicateGroups;
+    FileNotes m_notes;
 };
 
 } // namespace sonavo
