@@ -93,6 +93,15 @@ int tryReading(int descriptor, qint64 size)
     return count == 1 ? 0 : EIO;
 }
 
+FileState compare(const std::variant<FileSnapshot, int> &snapshot, const FileSnapshot &before)
+{
+    if (const auto *error = std::get_if<int>(&snapshot))
+        return meansGone(*error) ? FileState::Gone : FileState::Unknown;
+    const auto &now = std::get<FileSnapshot>(snapshot);
+    const bool hasLostItsNames = now.hasLastingInode && now.hardLinks == 0 && before.hardLinks > 0;
+    return isSameFile(now, before) && !hasLostItsNames ? FileState::Same : FileState::Unknown;
+}
+
 } // namespace
 
 bool isSameFile(const FileSnapshot &a, const FileSnapshot &b)
@@ -150,6 +159,13 @@ std::variant<FileSnapshot, int> openAndTakeSnapshot(const QByteArray &path)
     return snapshot;
 }
 
+std::variant<FileSnapshot, int> lookAt(const QByteArray &path)
+{
+    auto snapshot = openAndTakeSnapshot(path);
+    const auto *error = std::get_if<int>(&snapshot);
+    return error && (*error == EACCES || *error == EPERM) ? takeSnapshot(path) : snapshot;
+}
+
 bool meansGone(int error)
 {
     return error == ENOENT || error == ENOTDIR;
@@ -157,34 +173,36 @@ bool meansGone(int error)
 
 FileState stateOf(const KnownFile &file)
 {
-    const auto snapshot = openAndTakeSnapshot(file.path);
-    if (const auto *error = std::get_if<int>(&snapshot))
-        return meansGone(*error) ? FileState::Gone : FileState::Unknown;
-    const auto &now = std::get<FileSnapshot>(snapshot);
-    const bool hasLostItsNames = now.hasLastingInode && now.hardLinks == 0 && file.snapshot.hardLinks > 0;
-    return isSameFile(now, file.snapshot) && !hasLostItsNames ? FileState::Same : FileState::Unknown;
+    return compare(openAndTakeSnapshot(file.path), file.snapshot);
+}
+
+FileState stateOfName(const KnownFile &file)
+{
+    return compare(lookAt(file.path), file.snapshot);
 }
 
 bool isUntouched(const KnownFile &file)
 {
-    const auto snapshot = openAndTakeSnapshot(file.path);
+    const auto snapshot = lookAt(file.path);
     const auto *now = std::get_if<FileSnapshot>(&snapshot);
     return now && isUntouched(*now, file.snapshot);
 }
 
-bool isListed(const QByteArray &path)
+bool isUnlisted(const QByteArray &path)
 {
     const qsizetype nameStart = path.lastIndexOf('/') + 1;
     const QByteArray name = path.sliced(nameStart);
     DIR *folder = ::opendir(nameStart > 0 ? path.first(nameStart).constData() : ".");
     if (!folder)
-        return false;
+        return meansGone(errno);
     const dirent *entry = nullptr;
-    do
+    do {
+        errno = 0;
         entry = ::readdir(folder);
-    while (entry && name != entry->d_name);
+    } while (entry && name != entry->d_name);
+    const bool isAtEnd = !entry && errno == 0;
     ::closedir(folder);
-    return entry != nullptr;
+    return isAtEnd;
 }
 
 } // namespace sonavo

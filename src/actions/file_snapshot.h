@@ -56,6 +56,9 @@ struct FileSnapshot
 /// after somebody else has removed the file; opening asks the server.
 [[nodiscard]] std::variant<FileSnapshot, int> openAndTakeSnapshot(const QByteArray &path);
 
+/// openAndTakeSnapshot(), or takeSnapshot() of a file that the user may not read: renaming needs no reading.
+[[nodiscard]] std::variant<FileSnapshot, int> lookAt(const QByteArray &path);
+
 /// Whether an error says that a path leads nowhere. All others, such as EIO, say nothing about that.
 [[nodiscard]] bool meansGone(int error);
 
@@ -79,11 +82,15 @@ enum class FileState
 /// Looks for a file where it was, with openAndTakeSnapshot().
 [[nodiscard]] FileState stateOf(const KnownFile &file);
 
-/// Whether a file is where it was and nothing was done to it.
+/// The same with lookAt().
+[[nodiscard]] FileState stateOfName(const KnownFile &file);
+
+/// Whether a file is where it was and nothing was done to it, with lookAt().
 [[nodiscard]] bool isUntouched(const KnownFile &file);
 
-/// Whether the folder of a file lists its name. A file system on top of another one, such as an overlay, can
-/// still open a file by a name that no longer exists below it, but reads the list of names afresh.
-[[nodiscard]] bool isListed(const QByteArray &path);
+/// Whether the folder of a file no longer lists its name; false when the folder cannot be read. A file system
+/// on top of another one can still open a file by a name that no longer exists below it, but mostly reads the
+/// list of names afresh.
+[[nodiscard]] bool isUnlisted(const QByteArray &path);
 
 } // namespace sonavo

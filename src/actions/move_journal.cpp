@@ -209,7 +209,9 @@ bool MoveJournal::openFile()
     struct stat status = {};
     if (::flock(m_file, LOCK_EX | LOCK_NB) == 0 && ::fstat(m_file, &status) == 0 && status.st_nlink > 0)
         return true;
+    ::unlink(m_path.constData());
     ::close(std::exchange(m_file, -1));
+    m_folder.clear(); // not once for every file
     return false;
 }
 

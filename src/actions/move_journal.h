@@ -38,7 +38,7 @@ struct Leftover
     QByteArray path;
     QByteArray finalPath = {};
     /// The file that is moved, where it was before this step, and what it was.
-    QByteArray source;
+    QByteArray source = {};
     std::optional<FileSnapshot> sourceSnapshot = {};
     QByteArray content = {};
     qint64 offset = 0;
@@ -68,7 +68,8 @@ public:
         Entry &operator=(const Entry &) = delete;
         ~Entry();
 
-        /// It is at its path now, or it has been changed, and this is what it is.
+        /// It is at its path now, and this is what it is. To be called again when a copy is complete, before
+        /// it gets its final name: there, only what is still the same can be removed.
         void made(const FileSnapshot &snapshot);
         /// It may be left over although the process goes on: the record stays for the next start.
         void keep();
@@ -114,7 +115,8 @@ private:
     void end(quint64 id);
     void keep(quint64 id);
 
-    const QString m_folder;
+    /// Empty when nothing can be recorded.
+    QString m_folder;
     QByteArray m_path = {};
     int m_file = -1;
     qint64 m_size = 0;
