@@ -14,7 +14,10 @@ using namespace std::chrono_literals;
 
 namespace {
 
-const QString SEPARATOR = QStringLiteral(" \u2022 ");
+QString separator()
+{
+    return QStringLiteral(" \u2022 ");
+}
 
 /// "1 file", "1,234 files"
 QString counted(qint64 number, const QString &noun)
@@ -49,7 +52,7 @@ QString toastText(const CleanUpSummary &summary)
         parts.append(QStringLiteral("%1 not moved").arg(summary.notReached));
     if (parts.size() == 1)
         parts.append(QStringLiteral("Saved %1").arg(formattedByteCount(summary.saved)));
-    return parts.join(SEPARATOR);
+    return parts.join(separator());
 }
 
 QString headlineOf(const CleanUpSummary &summary)
@@ -60,7 +63,7 @@ QString headlineOf(const CleanUpSummary &summary)
                .arg(counted(summary.moved, QStringLiteral("file")), summary.target == CleanUpTarget::Trash
                                                                         ? QStringLiteral("the Trash")
                                                                         : QStringLiteral("a folder")) +
-           SEPARATOR + formattedByteCount(summary.saved);
+           separator() + formattedByteCount(summary.saved);
 }
 
 QString remainingText(qint64 songs)
@@ -84,7 +87,7 @@ QString undoToastText(qint64 restored, qint64 failed, qint64 notReached)
         parts.append(QStringLiteral("%1 failed").arg(groupedNumber(failed)));
     if (notReached > 0)
         parts.append(QStringLiteral("%1 not put back").arg(groupedNumber(notReached)));
-    return parts.join(SEPARATOR);
+    return parts.join(separator());
 }
 
 QString undoAlertText(const QList<SongFailure> &failures)
