@@ -2,10 +2,12 @@
 
 #include "app/process_exit.h"
 #include "app/sonavo_app.h"
+#include "session/file_job.h"
 
 #include <QApplication>
 #include <QIcon>
 #include <QStyleFactory>
+#include <QWindow>
 
 #include <algorithm>
 #include <array>
@@ -45,6 +47,11 @@ ExitStatus runWindow(int &argc, char **argv, const WindowRequest &request)
     if (!app.launch(request.items))
         return ExitStatus::NoWindow;
     const ExitStatus status = QApplication::exec() == 0 ? ExitStatus::Success : ExitStatus::NoWindow;
+    // The window goes at once, but a file that is being moved is moved to the end.
+    for (QWindow *window : QApplication::topLevelWindows())
+        window->hide();
+    QApplication::processEvents();
+    fileJobThread().waitForDone();
     forceExitAfter(5s, status);
     return status;
 }

@@ -2,6 +2,7 @@
 
 #include "model/color.h"
 #include "session/clean_up.h"
+#include "session/file_job.h"
 #include "session/importer.h"
 #include "session/library.h"
 #include "session/notices.h"
@@ -33,6 +34,9 @@ class DuplicateViewModel : public QObject
     /// Includes groups that were left with their original alone.
     Q_PROPERTY(int duplicateGroupCount READ duplicateGroupCount NOTIFY duplicateGroupsChanged)
     Q_PROPERTY(int duplicateCount READ duplicateCount NOTIFY duplicateGroupsChanged)
+    /// What the buttons for all duplicates will do, as "Move 344 duplicates (1.2 GB) to the Trash".
+    Q_PROPERTY(QString cleanupAllDescription READ cleanupAllDescription NOTIFY duplicateGroupsChanged)
+    Q_PROPERTY(QString moveDuplicatesDescription READ moveDuplicatesDescription NOTIFY duplicateGroupsChanged)
     /// See Scan::State.
     Q_PROPERTY(bool isScanning READ isScanning NOTIFY isScanningChanged)
     Q_PROPERTY(double progress READ progress NOTIFY progressChanged)
@@ -58,6 +62,31 @@ class DuplicateViewModel : public QObject
     Q_PROPERTY(bool showToast READ showToast WRITE setShowToast NOTIFY showToastChanged)
     Q_PROPERTY(QString toastMessage READ toastMessage NOTIFY toastChanged)
     Q_PROPERTY(sonavo::Notices::ToastType toastType READ toastType NOTIFY toastChanged)
+    /// Text of the toast's button; empty without one.
+    Q_PROPERTY(QString toastAction READ toastAction NOTIFY toastChanged)
+    /// Files are being moved. Meanwhile everything that would change the session is ignored.
+    Q_PROPERTY(bool isCleaningUp READ isCleaningUp NOTIFY isCleaningUpChanged)
+    /// Whether that has taken long enough to show how far it is.
+    Q_PROPERTY(bool showCleanUpProgress READ showCleanUpProgress NOTIFY cleanUpProgressChanged)
+    /// As "Moving 1,234 of 4,943 to the Trash".
+    Q_PROPERTY(QString cleanUpMessage READ cleanUpMessage NOTIFY cleanUpProgressChanged)
+    /// From 0.0 to 1.0.
+    Q_PROPERTY(double cleanUpFraction READ cleanUpFraction NOTIFY cleanUpProgressChanged)
+    /// As "About 2 minutes left"; empty unless it takes longer than some seconds.
+    Q_PROPERTY(QString cleanUpTimeLeft READ cleanUpTimeLeft NOTIFY cleanUpProgressChanged)
+    /// It was asked to stop, and still ends the file at hand.
+    Q_PROPERTY(bool isCleanUpStopping READ isCleanUpStopping NOTIFY cleanUpProgressChanged)
+    /// As "Undo Move to Trash"; empty when there is nothing to undo.
+    Q_PROPERTY(QString undoText READ undoText NOTIFY undoTextChanged)
+    /// What the last clean-up of all duplicates has done, until the next scan or its undo.
+    Q_PROPERTY(bool hasCleanUpSummary READ hasCleanUpSummary NOTIFY cleanUpSummaryChanged)
+    /// As "30 files moved to the Trash • 1.2 GB".
+    Q_PROPERTY(QString cleanUpHeadline READ cleanUpHeadline NOTIFY cleanUpSummaryChanged)
+    /// As "150 songs remain".
+    Q_PROPERTY(QString cleanUpRemaining READ cleanUpRemaining NOTIFY cleanUpSummaryChanged)
+    /// What the target folder could not store; empty when nothing was lost.
+    Q_PROPERTY(QString cleanUpLosses READ cleanUpLosses NOTIFY cleanUpSummaryChanged)
+    Q_PROPERTY(int cleanUpFailureCount READ cleanUpFailureCount NOTIFY cleanUpSummaryChanged)
 
 public:
     using ToastType = Notices::ToastType;
@@ -84,7 +113,7 @@ public:
     [[nodiscard]] int songCount() const { return static_cast<int>(songs().size()); }
     [[nodiscard]] const QList<DuplicateGroup> &duplicateGroups() const { return m_library.duplicateGroups(); }
     [[nodiscard]] int duplicateGroupCount() const { return static_cast<int>(duplicateGroups().size()); }
-    [[nodiscard]] int duplicateCount() const { return m_library.duplicateCount(); }
+    [[nodiscard]] int duplicateCount() const { return m_library.duplicateTotals().count; }
     [[nodiscard]] bool isScanning() const { return m_scan.state().isRunning; }
     [[nodiscard]] double progress() const { return m_scan.state().progress; }
     [[nodiscard]] qint64 processedFiles() const { return m_scan.state().processedFiles; }
@@ -99,6 +128,23 @@ public:
     [[nodiscard]] bool showToast() const { return m_notices.state().isToastShown; }
     [[nodiscard]] const QString &toastMessage() const { return m_notices.state().toastMessage; }
     [[nodiscard]] ToastType toastType() const { return m_notices.state().toastType; }
+    [[nodiscard]] const QString &toastAction() const { return m_notices.state().toastAction; }
+    [[nodiscard]] QString cleanupAllDescription() const;
+    [[nodiscard]] QString moveDuplicatesDescription() const;
+    [[nodiscard]] bool isCleaningUp() const { return m_job.state().isRunning; }
+    [[nodiscard]] bool showCleanUpProgress() const { return m_job.state().isShown; }
+    [[nodiscard]] const QString &cleanUpMessage() const { return m_job.state().message; }
+    [[nodiscard]] double cleanUpFraction() const { return m_job.state().fraction; }
+    [[nodiscard]] const QString &cleanUpTimeLeft() const { return m_job.state().timeLeft; }
+    [[nodiscard]] bool isCleanUpStopping() const { return m_job.state().isStopping; }
+    [[nodiscard]] const QString &undoText() const { return m_cleanUp.state().undoText; }
+    [[nodiscard]] bool hasCleanUpSummary() const { return m_cleanUp.state().summary != nullptr; }
+    [[nodiscard]] QString cleanUpHeadline() const;
+    [[nodiscard]] QString cleanUpRemaining() const;
+    [[nodiscard]] QString cleanUpLosses() const;
+    /// Songs that the last clean-up has left where they were, and why.
+    [[nodiscard]] QList<SongFailure> cleanUpFailures() const;
+    [[nodiscard]] int cleanUpFailureCount() const { return static_cast<int>(cleanUpFailures().size()); }
     [[nodiscard]] const QList<Color> &colors() const { return m_colors; }
 
     void setShowAlert(bool isShown) { m_notices.setAlertShown(isShown); }
@@ -128,6 +174,17 @@ public:
     Q_INVOKABLE void moveDuplicatesToFolder() { m_cleanUp.moveDuplicatesToFolder(); }
     Q_INVOKABLE void cleanupAll() { m_cleanUp.trashDuplicates(); }
     Q_INVOKABLE void deleteSong(const sonavo::Song &song) { m_cleanUp.deleteSong(song); }
+    /// Tries again to move the songs that the last clean-up could not move.
+    Q_INVOKABLE void retryCleanUp() { m_cleanUp.retry(); }
+    /// Puts back the files of the last step that can be undone.
+    Q_INVOKABLE void undo() { m_cleanUp.undo(); }
+    /// Ends a clean-up or an undo after the file at hand.
+    Q_INVOKABLE void stopCleanUp() { m_job.requestStop(); }
+
+    /// Does what the toast's button says.
+    Q_INVOKABLE void performToastAction();
+    /// See Notices.
+    Q_INVOKABLE void holdToast(bool isHeld) { m_notices.holdToast(isHeld); }
 
     /// Copies the path of a song's file to the clipboard.
     Q_INVOKABLE void copyPath(const sonavo::Song &song) { m_desktop.copyToClipboard(song.path); }
@@ -135,8 +192,11 @@ public:
     Q_INVOKABLE void revealSong(const sonavo::Song &song) { m_desktop.showInFileViewer(song.path); }
 
     /// Empties the session: cancels a running scan, stops the preview and returns every property to its
-    /// initial value, except those of the toast.
+    /// initial value, except those of the toast. Does nothing while files are being moved.
     Q_INVOKABLE void clearAll();
+    /// The same at the end of the application: files that are being moved do not prevent it, and no further
+    /// one is begun.
+    void endSession();
 
 Q_SIGNALS:
     void songsChanged();
@@ -151,6 +211,10 @@ Q_SIGNALS:
     void pendingImportURLsChanged();
     void showToastChanged();
     void toastChanged();
+    void isCleaningUpChanged();
+    void cleanUpProgressChanged();
+    void undoTextChanged();
+    void cleanUpSummaryChanged();
 
 private:
     using Signal = void (DuplicateViewModel::*)();
@@ -161,12 +225,16 @@ private:
     void announceNotices(const Notices::State &before);
     void announcePreview(const Preview::State &before);
     void announceImporter(const Importer::State &before);
+    void announceJob(const FileJob::State &before);
+    void announceCleanUp(const CleanUp::State &before);
+    void reset();
     void announceEverything();
     [[nodiscard]] QVariant currentlyPlayingSongVariant() const;
 
     Desktop &m_desktop;
     const QList<Color> m_colors;
     Library m_library;
+    FileJob m_job;
     Notices m_notices;
     Preview m_preview;
     Scan m_scan;

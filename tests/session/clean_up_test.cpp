@@ -1,4 +1,5 @@
 #include "session/clean_up.h"
+#include "session/clean_up_text.h"
 #include "testing/fake_desktop.h"
 #include "testing/music_folder.h"
 #include "testing/private_home.h"
@@ -28,6 +29,31 @@ protected:
     }
     /// Timers of toasts run out.
     void TearDown() override { settle(); }
+
+    void finish() const
+    {
+        ASSERT_TRUE(QTest::qWaitFor([this] { return !job.state().isRunning; }, 20'000));
+    }
+    void trashDuplicates()
+    {
+        cleanUp.trashDuplicates();
+        finish();
+    }
+    void moveDuplicates()
+    {
+        cleanUp.moveDuplicatesToFolder();
+        finish();
+    }
+    void deleteSong(const Song &song)
+    {
+        cleanUp.deleteSong(song);
+        finish();
+    }
+    void undo()
+    {
+        cleanUp.undo();
+        finish();
+    }
 
     [[nodiscard]] QString pathOf(const std::string &name) const
     {
@@ -63,6 +89,23 @@ protected:
         library.setDuplicateGroups(groups);
     }
     [[nodiscard]] DuplicateGroup group() const { return library.duplicateGroups().value(0); }
+    /// The songs, the groups and the music that is on the disk.
+    [[nodiscard]] std::vector<std::string> shown() const
+    {
+        std::vector<std::string> lines;
+        for (const Song &song : library.songs())
+            lines.push_back(song.path.toStdString());
+        for (const DuplicateGroup &group : library.duplicateGroups()) {
+            lines.push_back(group.id.toString().toStdString());
+            for (const Song &member : membersOf(group))
+                lines.push_back("member " + member.path.toStdString());
+        }
+        QStringList files = filesIn("music");
+        files.sort();
+        for (const QString &file : files)
+            lines.push_back("file " + file.toStdString());
+        return lines;
+    }
     [[nodiscard]] std::string toast() const
     {
         const Notices::State &state = notices.state();
@@ -76,21 +119,23 @@ protected:
     Library library;
     Notices notices{pauses};
     Preview preview{desktop};
-    CleanUp cleanUp{desktop, library, preview, notices, pauses};
+    Scan scan{library, notices, pauses};
+    FileJob job;
+    CleanUp cleanUp{{desktop, library, preview, notices, scan, job}, pauses};
 };
 
 TEST_F(CleanUpTest, MovesNothingWithoutDuplicatesOrAFolder)
 {
-    cleanUp.moveDuplicatesToFolder();
+    moveDuplicates();
     EXPECT_EQ(toast(), "Info: No duplicates to move");
     EXPECT_THAT(desktop.takeCalls(), IsEmpty());
 
     addGroups(1, 2);
     desktop.onChooseFolder = [] { return QString(); };
-    cleanUp.moveDuplicatesToFolder();
+    moveDuplicates();
     home.add("file");
     desktop.onChooseFolder = [this] { return pathOf("file"); };
-    cleanUp.moveDuplicatesToFolder();
+    moveDuplicates();
     EXPECT_EQ(toast(), "Error: Failed to create folder: Not a directory");
     const char *dialog = "Select a folder to move duplicate files to / Select Folder";
     EXPECT_THAT(desktop.takeCalls(), ElementsAre(dialog, dialog));
@@ -110,20 +155,32 @@ TEST_F(CleanUpTest, StopsThePreviewOfADuplicateButNotOfAnOriginal)
                 EXPECT_EQ(preview.state().song.has_value(), isOriginal);
                 return QString();
             };
-            isMove ? cleanUp.moveDuplicatesToFolder() : cleanUp.trashDuplicates();
+            isMove ? moveDuplicates() : trashDuplicates();
             EXPECT_EQ(preview.state().song.has_value(), isOriginal);
             preview.stop();
         }
     }
 }
 
+TEST_F(CleanUpTest, EndsThePreviewOfASongWhoseRowLeavesTheList)
+{
+    for (const int copies : {2, 3}) {
+        addGroups(1, copies);
+        preview.toggle(group().duplicates[0]);
+        deleteSong(group().original);
+        EXPECT_EQ(preview.state().song.has_value(), copies == 3);
+        preview.stop();
+    }
+}
+
 TEST_F(CleanUpTest, MovesNothingWhenTheResultChangesWhileTheDialogIsOpen)
 {
-    auto shortLived = std::make_unique<CleanUp>(desktop, library, preview, notices, pauses);
+    auto shortLived =
+        std::make_unique<CleanUp>(CleanUp::Session{desktop, library, preview, notices, scan, job}, pauses);
     const std::function<void()> changes[] = {
         [this] { library.clear(); },
         [this] { addGroups(1, 2); },
-        [this] { cleanUp.deleteSong(group().duplicates[0]); },
+        [this] { deleteSong(group().duplicates[0]); },
         [&shortLived] { shortLived.reset(); },
     };
     for (const auto &change : changes) {
@@ -133,6 +190,7 @@ TEST_F(CleanUpTest, MovesNothingWhenTheResultChangesWhileTheDialogIsOpen)
             return pathOf("target");
         };
         shortLived->moveDuplicatesToFolder();
+        finish();
         EXPECT_TRUE(QDir(pathOf("target")).isEmpty());
     }
     EXPECT_FALSE(shortLived);
@@ -144,13 +202,13 @@ TEST_F(CleanUpTest, CopiesThePathOfTheNewFolderAndSaysSoASecondLater)
     addGroups(1, 3);
     std::vector<std::chrono::milliseconds> lengths;
     pauses->onPause = [&lengths](std::chrono::milliseconds length) { lengths.push_back(length); };
-    cleanUp.moveDuplicatesToFolder();
+    moveDuplicates();
     EXPECT_EQ(toast(), "Success: Moved 2 files to folder \u2022 Saved 8 bytes");
     EXPECT_EQ(library.songs().size(), 1);
     EXPECT_THAT(library.duplicateGroups(), IsEmpty());
     EXPECT_THAT(filesIn("target"), testing::UnorderedElementsAre(desktop.clipboard + u"/0.mp3"_s,
                                                                  desktop.clipboard + u"/0 (1).mp3"_s));
-    EXPECT_THAT(lengths, ElementsAre(3s, 1s)) << "the first is that of the toast";
+    EXPECT_THAT(lengths, ElementsAre(8s, 1s)) << "the first is that of the toast";
     EXPECT_TRUE(QTest::qWaitFor([this] { return toast() == "Info: Folder path copied to clipboard"; }));
     settle();
 }
@@ -159,17 +217,34 @@ TEST_F(CleanUpTest, KeepsEveryFileThatTheTrashDoesNotTake)
 {
     addGroups(1, 3);
     home.add(".local/share/Trash", "a file where the Trash would be");
-    cleanUp.deleteSong(group().duplicates[0]);
+    deleteSong(group().duplicates[0]);
     EXPECT_THAT(toast(), testing::StartsWith("Error: Could not delete file: "));
     EXPECT_EQ(library.songs().size(), 3);
     EXPECT_EQ(group().duplicates.size(), 2);
-    cleanUp.trashDuplicates();
+    trashDuplicates();
     EXPECT_EQ(toast(), "Error: Moved 0 files to Trash \u2022 2 failed");
     EXPECT_EQ(filesIn("music").size(), 3);
     EXPECT_EQ(library.songs().size(), 1);
 
-    cleanUp.trashDuplicates();
+    trashDuplicates();
     EXPECT_EQ(toast(), "Success: Moved 0 files to Trash \u2022 Saved Zero KB");
+    EXPECT_EQ(cleanUp.state().undoText, QString());
+
+    // They are tried again, and that can be undone; the summary is of both.
+    const auto failed = cleanUp.state().summary;
+    ASSERT_EQ(failed->failures.size(), 2);
+    ASSERT_TRUE(QFile::remove(pathOf(".local/share/Trash")));
+    ASSERT_TRUE(QFile::remove(failed->failures[0].song.path));
+    ASSERT_TRUE(QDir().mkdir(failed->failures[0].song.path));
+    cleanUp.retry();
+    finish();
+    EXPECT_EQ(toast(), "Success: Moved 1 files to Trash \u2022 Saved 4 bytes");
+    EXPECT_EQ(headlineOf(*cleanUp.state().summary), u"1 file moved to the Trash \u2022 4 bytes"_s);
+    undo();
+    EXPECT_EQ(cleanUp.state().summary, failed);
+    EXPECT_EQ(library.songs().size(), 1);
+    library.clear();
+    EXPECT_EQ(cleanUp.state().summary, nullptr);
 }
 
 TEST_F(CleanUpTest, DeletesASongAndRepairsItsGroup)
@@ -182,10 +257,13 @@ TEST_F(CleanUpTest, DeletesASongAndRepairsItsGroup)
     QObject::connect(&library, &Library::songsChanged, &end, [&] { changes.emplace_back("songs"); });
     QObject::connect(&library, &Library::duplicateGroupsChanged, &end,
                      [&] { changes.emplace_back("groups"); });
-    QObject::connect(&notices, &Notices::changed, &end, [&] { changes.push_back(toast()); });
+    QObject::connect(&notices, &Notices::changed, &end, [&] {
+        if (notices.state().isToastShown)
+            changes.push_back(toast());
+    });
     preview.toggle(original);
     settle();
-    cleanUp.deleteSong(*preview.state().song);
+    deleteSong(*preview.state().song);
     EXPECT_THAT(desktop.takeCalls(),
                 ElementsAre(original.path.toStdString() + ": play",
                             original.path.toStdString() + ": volume 0.0",
@@ -197,11 +275,104 @@ TEST_F(CleanUpTest, DeletesASongAndRepairsItsGroup)
     EXPECT_EQ(filesIn(".local/share/Trash/files").size(), 1);
 
     // Of a song whose file is gone nothing is said, and its group stays as it is.
+    settle();
     changes.clear();
     ASSERT_TRUE(QFile::remove(duplicates[1].path));
-    cleanUp.deleteSong(duplicates[1]);
+    deleteSong(duplicates[1]);
     EXPECT_THAT(changes, ElementsAre("songs"));
     EXPECT_EQ(group().duplicates.size(), 1);
+}
+
+TEST_F(CleanUpTest, UndoesStepByStepWhatItHasDone)
+{
+    addGroups(3, 4);
+    const std::function<void()> steps[] = {
+        [this] { deleteSong(library.duplicateGroups()[1].original); },
+        [this] { deleteSong(group().duplicates[1]); },
+        [this] { trashDuplicates(); },
+        [this] { undo(); },
+        [this] { moveDuplicates(); },
+    };
+    std::vector<std::vector<std::string>> before;
+    for (const auto &step : steps) {
+        before.push_back(shown());
+        step();
+    }
+    EXPECT_EQ(cleanUp.state().undoText, u"Undo Move to Folder"_s);
+    EXPECT_EQ(library.songs().size(), 3);
+    for (const std::size_t step : {4U, 1U, 0U}) {
+        undo();
+        EXPECT_EQ(shown(), before[step]);
+        EXPECT_EQ(notices.state().toastAction, QString());
+    }
+    EXPECT_EQ(toast(), "Success: 1 file put back");
+    EXPECT_EQ(cleanUp.state().undoText, QString());
+    EXPECT_EQ(cleanUp.state().summary, nullptr);
+    EXPECT_TRUE(QDir(pathOf("target")).isEmpty()) << "the folder is removed";
+    EXPECT_THAT(filesIn(".local/share/Trash"), IsEmpty());
+
+    // Of other songs, only the files go back.
+    deleteSong(group().duplicates[0]);
+    const QList<Song> others = {song("other.mp3")};
+    library.setSongs(others);
+    undo();
+    EXPECT_EQ(library.songs(), others);
+    EXPECT_EQ(filesIn("music").size(), 13);
+}
+
+TEST_F(CleanUpTest, UndoesOlderStepsAlthoughFilesOfANewerOneCannotGoBack)
+{
+    addGroups(2, 3);
+    const std::vector<std::string> before = shown();
+    const Song deleted = group().duplicates[0];
+    const Song blocked = group().duplicates[1];
+    const Song lost = library.duplicateGroups()[1].duplicates[1];
+    deleteSong(deleted);
+    trashDuplicates();
+    ASSERT_TRUE(QFile(lost.path).open(QIODevice::ReadOnly) == false);
+    ASSERT_TRUE(QFile::remove(pathOf(".local/share/Trash/files/1.2.mp3")) ||
+                QFile::remove(pathOf(".local/share/Trash/files/1 (2).mp3")));
+    home.add("music/2/0.mp3", "another song");
+
+    undo();
+    EXPECT_EQ(toast(), "Error: 1 file put back \u2022 2 failed");
+    EXPECT_THAT(notices.state().alertMessage.toStdString(),
+                testing::AllOf(testing::HasSubstr("2 files could not be put back:"),
+                               testing::HasSubstr("\n0.mp3: "), testing::HasSubstr("\n1.mp3: ")));
+    EXPECT_EQ(library.duplicateGroups().size(), 1);
+    undo();
+    EXPECT_EQ(toast(), "Error: 0 files put back \u2022 1 failed");
+    undo();
+    EXPECT_EQ(toast(), "Success: 1 file put back");
+    EXPECT_EQ(group().duplicates, QList{deleted});
+    ASSERT_TRUE(QFile::remove(blocked.path));
+    undo();
+    EXPECT_EQ(cleanUp.state().undoText, QString());
+    std::vector<std::string> expected = before;
+    std::erase_if(expected, [&](const std::string &line) { return line.ends_with(lost.path.toStdString()); });
+    EXPECT_EQ(shown(), expected);
+}
+
+TEST_F(CleanUpTest, KeepsTheSongsThatAStoppedJobHasNotReached)
+{
+    addGroups(200, 6);
+    const std::vector<std::string> before = shown();
+    cleanUp.trashDuplicates();
+    const auto hasBegun = [this] { return filesIn(".local/share/Trash/files").size() > 3; };
+    ASSERT_TRUE(QTest::qWaitFor(hasBegun));
+    job.requestStop();
+    EXPECT_TRUE(job.state().isStopping);
+    finish();
+    const qsizetype moved = filesIn(".local/share/Trash/files").size();
+    EXPECT_EQ(toast(), "Info: Moved " + std::to_string(moved) + " files to Trash \u2022 " +
+                           std::to_string(1'000 - moved) + " not moved");
+    EXPECT_EQ(library.songs().size(), 1'200 - moved);
+    EXPECT_EQ(library.duplicateTotals(),
+              (DuplicateTotals{static_cast<int>(1'000 - moved), 4 * (1'000 - moved)}));
+    EXPECT_EQ(library.duplicateGroups().size(), 200 - moved / 5);
+
+    undo();
+    EXPECT_EQ(shown(), before);
 }
 
 /// A thousand duplicates of two hundred songs; some originals and some duplicates vanish before.
@@ -217,8 +388,13 @@ TEST_F(CleanUpTest, LeavesEveryFileOfALargeResultInOnePlace)
             ASSERT_TRUE(QFile::remove(lost.last()));
         }
 
-        isMove ? cleanUp.moveDuplicatesToFolder() : cleanUp.trashDuplicates();
-        EXPECT_EQ(toast(), isMove ? "Error: Moved 880 files \u2022 120 failed"
+        settle();
+        std::string outcome;
+        const auto connection = QObject::connect(&notices, &Notices::changed, &notices,
+                                                 [&] { outcome = outcome.empty() ? toast() : outcome; });
+        isMove ? moveDuplicates() : trashDuplicates();
+        QObject::disconnect(connection);
+        EXPECT_EQ(outcome, isMove ? "Error: Moved 880 files \u2022 120 failed"
                                   : "Error: Moved 880 files to Trash \u2022 100 failed");
         EXPECT_EQ(filesIn(isMove ? "target" : ".local/share/Trash/files").size(), 880);
         EXPECT_EQ(filesIn("music").size(), 1'200 - lost.size() - 880);
