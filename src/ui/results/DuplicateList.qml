@@ -31,6 +31,14 @@ FocusScope {
         remove(row);
     }
 
+    // Rows move when a clean-up or an undo ends, too.
+    Connections {
+        target: view.viewModel
+        function onIsCleaningUpChanged() {
+            recentRemoval.restart();
+        }
+    }
+
     Timer {
         id: recentRemoval
         interval: Application.styleHints.mouseDoubleClickInterval

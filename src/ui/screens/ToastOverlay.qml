@@ -8,6 +8,10 @@ Item {
     required property DuplicateViewModel viewModel
     readonly property bool isShowing: viewModel.showToast
     readonly property real hiddenOffset: 60
+    // Whether the user is about to read it or to press its button.
+    readonly property bool isHeld: isShowing && toast.isInUse
+
+    onIsHeldChanged: viewModel.holdToast(isHeld)
 
     ToastView {
         id: toast
@@ -21,7 +25,10 @@ Item {
         type: overlay.viewModel.toastType
         opacity: overlay.isShowing ? 1 : 0
         visible: opacity > 0
+        action: overlay.viewModel.toastAction
+        canAct: !overlay.viewModel.isScanning && !overlay.viewModel.showCleanUpProgress
         onClosed: overlay.viewModel.showToast = false
+        onActed: overlay.viewModel.performToastAction()
         onMessageChanged: announce()
 
         function announce() {
