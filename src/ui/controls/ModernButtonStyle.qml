@@ -50,6 +50,7 @@ T.Button {
             SymbolIcon {
                 id: icon
                 anchors.verticalCenter: parent.verticalCenter
+                visible: control.symbol !== ""
                 symbol: control.symbol
                 size: control.symbolSize
                 color: control.tint

@@ -28,11 +28,14 @@ FocusScope {
         spacing: 16
 
         Item {
-            Layout.fillHeight: !view.hasFailures
+            visible: !view.hasFailures
+            Layout.fillHeight: true
         }
 
         GridLayout {
             Layout.alignment: Qt.AlignHCenter
+            Layout.fillWidth: true
+            Layout.maximumWidth: view.hasFailures ? 900 : 640
             columns: view.hasFailures ? 2 : 1
             columnSpacing: 16
             rowSpacing: 16
@@ -125,13 +128,13 @@ FocusScope {
         }
 
         Item {
-            Layout.fillHeight: !view.hasFailures
+            visible: !view.hasFailures
+            Layout.fillHeight: true
         }
     }
 
     component Line: PlainText {
         Layout.fillWidth: true
-        Layout.maximumWidth: 640
         horizontalAlignment: view.hasFailures ? Text.AlignLeft : Text.AlignHCenter
         wrapMode: Text.Wrap
         color: Colors.textSecondary

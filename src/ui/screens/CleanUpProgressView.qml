@@ -34,7 +34,7 @@ FocusScope {
 
     Rectangle {
         anchors.fill: parent
-        color: Qt.alpha(Colors.background, 0.7)
+        color: Qt.alpha(Colors.background, 0.6)
     }
 
     Card {
