@@ -9,7 +9,7 @@ FocusScope {
     id: view
 
     required property DuplicateViewModel viewModel
-    readonly property int count: list.count
+    readonly property bool isEmpty: rows.isEmpty
 
     function play(row) {
         const song = rows.songAt(row);

@@ -36,7 +36,7 @@ FocusScope {
             DuplicateList {
                 id: list
                 anchors.fill: parent
-                visible: count > 0 && !view.prefersSummary
+                visible: !isEmpty && !view.prefersSummary
                 focus: visible
                 viewModel: view.viewModel
             }
@@ -47,7 +47,7 @@ FocusScope {
                 visible: view.hasSummary && !list.visible
                 focus: visible
                 viewModel: view.viewModel
-                hasList: list.count > 0
+                hasList: !list.isEmpty
                 onBack: view.prefersSummary = false
             }
 
