@@ -46,7 +46,7 @@ void checkReading(const QString &path)
 {
     previousSize = 0;
     isReading = true;
-    const std::optional<double> duration = readAudioDuration(path);
+    const std::optional<double> duration = readAudioDuration(RegularFile(path));
     isReading = false;
     require(!duration || (std::isfinite(*duration) && *duration >= 0.0 && *duration < 1e9),
             "a duration is a number of seconds that a song can have");

@@ -32,6 +32,8 @@ TEST_PACKAGES=(
     desktop-file-utils appstream
     # A private sound server, and its recorder.
     pulseaudio pulseaudio-utils
+    # A disk with subvolumes.
+    btrfs-progs
 )
 BENCH_PACKAGES=(libbenchmark-dev)
 

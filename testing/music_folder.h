@@ -14,12 +14,15 @@
 
 namespace sonavo {
 
-/// Every file in a folder and below.
+/// Every file in a folder and below, but no list of moved files.
 inline QStringList filesIn(const QString &folder)
 {
     QStringList files;
-    for (QDirIterator it(folder, QDir::Files | QDir::Hidden, QDirIterator::Subdirectories); it.hasNext();)
-        files.append(it.next());
+    for (QDirIterator it(folder, QDir::Files | QDir::Hidden, QDirIterator::Subdirectories); it.hasNext();) {
+        const QString file = it.next();
+        if (!file.endsWith(QStringLiteral("/Moved files.csv")))
+            files.append(file);
+    }
     return files;
 }
 

@@ -10,15 +10,14 @@
 #include <QSet>
 
 #include <sys/stat.h>
-#include <sys/vfs.h>
 #include <system_error>
 
 #include <algorithm>
-#include <array>
+#include <cerrno>
 #include <cstdlib>
 #include <filesystem>
 #include <functional>
-#include <linux/magic.h>
+#include <optional>
 #include <utility>
 #include <variant>
 #include <vector>
@@ -26,17 +25,45 @@
 namespace sonavo {
 namespace {
 
-/// The readable file that a path leads to.
-std::optional<KnownFile> readableFile(const QString &path)
+constexpr auto GONE = "does not exist any more";
+
+/// A file, or what is wrong with it in words that follow its name.
+using Look = std::variant<KnownFile, QString>;
+
+QString unreadable(int error)
+{
+    if (meansGone(error))
+        return QLatin1String(GONE);
+    return QStringLiteral("cannot be read (%1)")
+        .arg(QString::fromLocal8Bit(std::generic_category().message(error)));
+}
+
+/// Opens the file that a path leads to and reads from it.
+Look lookAt(const QString &path)
 {
     std::error_code error;
     const QByteArray resolved(std::filesystem::canonical(QFile::encodeName(path).constData(), error).c_str());
     if (error)
-        return std::nullopt;
+        return unreadable(error.value());
     const auto snapshot = openAndTakeSnapshot(resolved);
-    const auto *file = std::get_if<FileSnapshot>(&snapshot);
-    const bool hasName = file && (file->hardLinks > 0 || isListed(resolved));
-    return hasName && S_ISREG(file->mode) ? std::optional(KnownFile{resolved, *file}) : std::nullopt;
+    if (const auto *reason = std::get_if<int>(&snapshot))
+        return unreadable(*reason);
+    const auto &file = std::get<FileSnapshot>(snapshot);
+    const bool hasLostItsName = file.hardLinks == 0 && isUnlisted(resolved);
+    if (!S_ISREG(file.mode) || hasLostItsName)
+        return QLatin1String(GONE);
+    return KnownFile{resolved, file};
+}
+
+/// The same for a song, whose file must be the one that was read.
+Look lookAt(const Song &song, const FileNotes &notes)
+{
+    Look look = lookAt(song.path);
+    const auto *file = std::get_if<KnownFile>(&look);
+    const auto note = notes.constFind(song.id);
+    if (file && note != notes.constEnd() && !isAsNoted(file->snapshot, *note))
+        return QStringLiteral("has been changed since it was scanned");
+    return look;
 }
 
 /// Whether two files with different identities may be one file that is visible through two file systems.
@@ -44,26 +71,18 @@ bool canBeOneFile(const FileSnapshot &a, const FileSnapshot &b)
 {
     // File systems round times, FAT to two seconds.
     constexpr qint64 COARSEST_TIME = 2'000'000'000;
-    return a.device != b.device && a.size == b.size && std::abs(a.modified - b.modified) <= COARSEST_TIME;
-}
-
-/// Whether a path is on a file system that opens a file only by a name that it has. Others, on top of a file
-/// system or of a network, may not know yet that a name is lost.
-bool knowsLostNames(const QByteArray &path)
-{
-    constexpr std::array<decltype(statfs::f_type), 10> DISKS{
-        EXT4_SUPER_MAGIC,  XFS_SUPER_MAGIC,   BTRFS_SUPER_MAGIC, F2FS_SUPER_MAGIC, TMPFS_MAGIC,
-        MSDOS_SUPER_MAGIC, EXFAT_SUPER_MAGIC, ISOFS_SUPER_MAGIC, UDF_SUPER_MAGIC,  0x7366746E /* NTFS */};
-    struct statfs status = {};
-    return ::statfs(path.constData(), &status) == 0 && std::ranges::find(DISKS, status.f_type) != DISKS.end();
+    const auto areNear = [](qint64 x, qint64 y) { return std::abs(x - y) <= COARSEST_TIME; };
+    // Some views do not know the time of the last change and repeat another time.
+    const auto isMadeUp = [](const FileSnapshot &file) { return file.changed == file.modified; };
+    return a.device != b.device && a.size == b.size && areNear(a.modified, b.modified) &&
+           (areNear(a.changed, b.changed) || isMadeUp(a) || isMadeUp(b));
 }
 
 /// Whether a file is still there after another one was moved.
-bool hasSurvived(const KnownFile &file, const std::optional<KnownFile> &moved)
+bool hasSurvived(const KnownFile &file, const KnownFile &moved)
 {
-    const bool isSuspect = !moved || canBeOneFile(file.snapshot, moved->snapshot);
-    return stateOf(file) == FileState::Same &&
-           (!isSuspect || knowsLostNames(file.path) || isListed(file.path));
+    const bool isSuspect = canBeOneFile(file.snapshot, moved.snapshot);
+    return stateOf(file) == FileState::Same && (!isSuspect || isOnDisk(file.path) || !isUnlisted(file.path));
 }
 
 using DisposedFile = std::variant<TrashedFile, MovedFile>;
@@ -76,15 +95,26 @@ PutBackResult putFileBack(const DisposedFile &file, const MoveOptions &options)
     return moveBack(std::get<MovedFile>(file), options);
 }
 
-QString pathOf(const DisposedFile &file)
+const MovedFile &movedFile(const DisposedFile &file)
 {
     const auto *trashed = std::get_if<TrashedFile>(&file);
-    return QFile::decodeName(trashed ? trashed->file.path : std::get<MovedFile>(file).path);
+    return trashed ? trashed->file : std::get<MovedFile>(file);
+}
+
+QString pathOf(const DisposedFile &file)
+{
+    return QFile::decodeName(movedFile(file).path);
 }
 
 MoveOptions moveOptions(const CleanUpOptions &options)
 {
     return {options.stop, options.journal};
+}
+
+/// For what has to be done even if the user stops the rest.
+MoveOptions unstoppable(const CleanUpOptions &options)
+{
+    return {{}, options.journal};
 }
 
 enum class WhenGone
@@ -103,84 +133,140 @@ public:
         , m_options(options)
         , m_dispose(std::move(dispose))
         , m_whenGone(whenGone)
-    {
-        for (const DuplicateGroup &group : groups) {
-            if (const auto identity = identityOf(group.original.path))
-                m_originals.insert(*identity);
-        }
-    }
+    {}
 
-    [[nodiscard]] CleanUpOutcome run()
-    {
-        for (const DuplicateGroup &group : m_groups) {
-            m_original = readableFile(group.original.path);
-            for (const Song &song : group.duplicates)
-                remove(song);
-        }
-        checkOriginalsAgain();
-        for (const Moved &moved : m_moved) {
-            m_outcome.savedBytes = saturatingSum(m_outcome.savedBytes, moved.song.size);
-            m_outcome.moved.append({moved.song, moved.file});
-        }
-        return std::move(m_outcome);
-    }
+    [[nodiscard]] CleanUpOutcome run();
 
 private:
     struct Moved
     {
         Song song;
         DisposedFile file;
+        /// Before it was moved.
+        KnownFile before;
         KnownFile original;
     };
 
+    void findOriginals();
     void remove(const Song &song);
+    void passOverOrFail(const Song &song);
+    void dispose(const Song &song, const FileIdentity &identity, const KnownFile &file);
+    [[nodiscard]] QString whatIsWrongWithOriginal();
     void putBack(const Moved &moved);
     void checkOriginalsAgain();
+    [[nodiscard]] bool hasSurvivedAll(const KnownFile &original) const;
+    void report(const Moved &moved);
     void fail(const Song &song, const QString &reason) { m_outcome.failures.append({song, reason}); }
 
     const QList<DuplicateGroup> &m_groups;
     const CleanUpOptions &m_options;
     const Dispose m_dispose;
     const WhenGone m_whenGone;
+    /// Of all groups.
     FileSet m_originals;
-    /// Of the group at hand.
+    const DuplicateGroup *m_group = nullptr;
+    /// Of the group at hand, once it was found to be as it was read.
     std::optional<KnownFile> m_original;
     std::vector<Moved> m_moved;
-    /// Where the moved files were.
-    QSet<dev_t> m_devices;
+    QSet<FileEntry> m_movedEntries;
     CleanUpOutcome m_outcome;
 };
 
+CleanUpOutcome DuplicateRemover::run()
+{
+    findOriginals();
+    qint64 done = 0;
+    for (const DuplicateGroup &group : m_groups) {
+        m_group = &group;
+        m_original.reset();
+        for (const Song &song : group.duplicates) {
+            if (m_options.stop.stop_requested()) {
+                m_outcome.notReached.append(song);
+                continue;
+            }
+            remove(song);
+            if (m_options.reportProgress)
+                m_options.reportProgress(++done);
+        }
+    }
+    checkOriginalsAgain();
+    for (const Moved &moved : m_moved)
+        report(moved);
+    return std::move(m_outcome);
+}
+
+void DuplicateRemover::findOriginals()
+{
+    for (const DuplicateGroup &group : m_groups) {
+        if (m_options.stop.stop_requested())
+            return; // nothing is moved
+        if (const auto identity = identityOf(group.original.path))
+            m_originals.insert(*identity);
+    }
+}
+
 void DuplicateRemover::remove(const Song &song)
 {
-    if (isGone(song.path)) {
-        if (m_whenGone == WhenGone::Fail)
-            fail(song, QStringLiteral("The file does not exist any more"));
+    const auto identity = identityOf(song.path);
+    if (!identity)
+        return passOverOrFail(song);
+    if (m_originals.contains(*identity))
+        return;
+    const Look look = lookAt(song, m_options.notes);
+    if (const auto *wrong = std::get_if<QString>(&look))
+        return fail(song, QStringLiteral("The file %1").arg(*wrong));
+    if (const QString wrong = whatIsWrongWithOriginal(); !wrong.isEmpty())
+        return fail(song, QStringLiteral("The original of its group %1").arg(wrong));
+    const auto &file = std::get<KnownFile>(look);
+    if (m_originals.shows(file) || isShownTwice(file, *m_original))
+        return fail(song,
+                    QStringLiteral(
+                        "It may be the same file as an original, which another file system shows as well"));
+    dispose(song, *identity, file);
+}
+
+void DuplicateRemover::passOverOrFail(const Song &song)
+{
+    if (!isGone(song.path))
+        return fail(song, QStringLiteral("The file cannot be reached"));
+    const auto entry = entryOf(song.path);
+    if (m_whenGone == WhenGone::Fail && !(entry && m_movedEntries.contains(*entry)))
+        fail(song, QStringLiteral("The file %1").arg(QLatin1String(GONE)));
+}
+
+QString DuplicateRemover::whatIsWrongWithOriginal()
+{
+    if (m_original) {
+        const bool isSame = stateOf(*m_original) == FileState::Same;
+        return isSame ? QString() : QStringLiteral("is gone or has been changed meanwhile");
+    }
+    const Look look = lookAt(m_group->original, m_options.notes);
+    if (const auto *wrong = std::get_if<QString>(&look))
+        return *wrong;
+    m_original = std::get<KnownFile>(look);
+    return {};
+}
+
+void DuplicateRemover::dispose(const Song &song, const FileIdentity &identity, const KnownFile &file)
+{
+    const auto result = m_dispose(song.path);
+    if (const auto *failure = std::get_if<Failure>(&result)) {
+        if (failure->error == ECANCELED && m_options.stop.stop_requested())
+            m_outcome.notReached.append(song);
+        else
+            fail(song, failure->reason);
         return;
     }
-    const auto identity = identityOf(song.path);
-    if (identity && m_originals.contains(*identity))
-        return;
-    if (!identity)
-        return fail(song, QStringLiteral("The file cannot be reached"));
-    if (!m_original || stateOf(*m_original) != FileState::Same)
-        return fail(song, QStringLiteral("The original of its group cannot be read or was changed"));
-
-    const auto before = readableFile(song.path);
-    const auto result = m_dispose(song.path);
-    if (const auto *failure = std::get_if<Failure>(&result))
-        return fail(song, failure->reason);
-    const Moved moved{song, std::get<DisposedFile>(result), *m_original};
-    if (!hasSurvived(*m_original, before))
+    const Moved moved{song, std::get<DisposedFile>(result), file, *m_original};
+    if (!hasSurvived(*m_original, file))
         return putBack(moved);
     m_moved.push_back(moved);
-    if (before)
-        m_devices.insert(before->snapshot.device);
+    m_movedEntries.insert(identity.entry);
 }
 
 void DuplicateRemover::putBack(const Moved &moved)
 {
-    const PutBackResult result = putFileBack(moved.file, moveOptions(m_options));
+    const PutBackResult result = putFileBack(moved.file, unstoppable(m_options));
     const QString reason =
         result.state != PutBackResult::State::Back
             ? QStringLiteral("The original of its group is gone or was changed. The file is at %1 now: %2")
@@ -194,12 +280,8 @@ void DuplicateRemover::checkOriginalsAgain()
 {
     QHash<QByteArray, bool> hasStayed;
     for (const Moved &moved : m_moved) {
-        const KnownFile &original = moved.original;
-        if (hasStayed.contains(original.path))
-            continue;
-        const bool isAlone = m_devices == QSet{original.snapshot.device};
-        hasStayed[original.path] = stateOf(original) == FileState::Same &&
-                                   (isAlone || knowsLostNames(original.path) || isListed(original.path));
+        if (!hasStayed.contains(moved.original.path))
+            hasStayed[moved.original.path] = hasSurvivedAll(moved.original);
     }
     const auto mustGoBack = [&](const Moved &moved) { return !hasStayed.value(moved.original.path); };
     std::for_each(m_moved.rbegin(), m_moved.rend(), [&](const Moved &moved) {
@@ -207,6 +289,26 @@ void DuplicateRemover::checkOriginalsAgain()
             putBack(moved);
     });
     std::erase_if(m_moved, mustGoBack);
+}
+
+bool DuplicateRemover::hasSurvivedAll(const KnownFile &original) const
+{
+    const auto canBeOriginal = [&original](const Moved &moved) {
+        return canBeOneFile(original.snapshot, moved.before.snapshot);
+    };
+    return stateOf(original) == FileState::Same &&
+           (isOnDisk(original.path) || !std::ranges::any_of(m_moved, canBeOriginal) ||
+            !isUnlisted(original.path));
+}
+
+void DuplicateRemover::report(const Moved &moved)
+{
+    m_outcome.moved.append({moved.song, moved.file});
+    m_outcome.savedBytes = saturatingSum(m_outcome.savedBytes, moved.song.size);
+    const QStringList &lost = movedFile(moved.file).lostAttributes;
+    m_outcome.songsWithLostAttributes += lost.isEmpty() ? 0 : 1;
+    m_outcome.lostAttributes += lost;
+    m_outcome.lostAttributes.removeDuplicates();
 }
 
 /// The other members of the groups that hold a song.
@@ -220,13 +322,6 @@ QList<Song> othersInGroupsOf(const Song &song, const QList<DuplicateGroup> &grou
             others += members;
     }
     return others;
-}
-
-bool isOneFile(const Song &a, const Song &b)
-{
-    const auto identityOfA = identityOf(a.path);
-    const auto identityOfB = identityOf(b.path);
-    return identityOfA && identityOfB && areOneFile(*identityOfA, *identityOfB);
 }
 
 } // namespace
@@ -257,23 +352,31 @@ CleanUpOutcome moveDuplicates(const QList<DuplicateGroup> &groups, DuplicatesFol
 std::variant<DisposedSong, Failure> trashSong(const Song &song, const QList<DuplicateGroup> &groups,
                                               const CleanUpOptions &options)
 {
+    const Look look = lookAt(song, options.notes);
+    if (const auto *wrong = std::get_if<QString>(&look))
+        return Failure{QStringLiteral("The file %1.").arg(*wrong)};
+    const auto &file = std::get<KnownFile>(look);
+    const auto identity = identityOf(song.path);
+    if (!identity)
+        return Failure{QStringLiteral("The file cannot be reached.")};
     std::vector<KnownFile> others;
     for (const Song &other : othersInGroupsOf(song, groups)) {
-        if (isOneFile(song, other))
+        const auto otherIdentity = identityOf(other.path);
+        if (!otherIdentity)
+            continue;
+        if (areOneFile(*identity, *otherIdentity) || isShownTwice(file, otherIdentity->file))
             return Failure{QStringLiteral(
                 "Another song of this group is the very same file and would be gone as well.")};
-        if (const auto file = readableFile(other.path))
-            others.push_back(*file);
+        if (const Look otherLook = lookAt(other.path); std::holds_alternative<KnownFile>(otherLook))
+            others.push_back(std::get<KnownFile>(otherLook));
     }
-    const auto before = readableFile(song.path);
     const auto result = moveToTrash(song.path, moveOptions(options));
     if (const auto *failure = std::get_if<Failure>(&result))
         return *failure;
     const auto &trashed = std::get<TrashedFile>(result);
-    const auto hasStayed = [&before](const KnownFile &other) { return hasSurvived(other, before); };
-    if (std::ranges::all_of(others, hasStayed))
+    if (std::ranges::all_of(others, [&file](const KnownFile &other) { return hasSurvived(other, file); }))
         return DisposedSong{song, trashed};
-    const PutBackResult back = restore(trashed, moveOptions(options));
+    const PutBackResult back = restore(trashed, unstoppable(options));
     if (back.state != PutBackResult::State::Back)
         return Failure{
             QStringLiteral("Another song of this group was gone as well. The file is at %1 now: %2")
@@ -284,14 +387,26 @@ std::variant<DisposedSong, Failure> trashSong(const Song &song, const QList<Dupl
 UndoOutcome putBack(const QList<DisposedSong> &songs, const CleanUpOptions &options)
 {
     UndoOutcome outcome;
-    std::for_each(songs.rbegin(), songs.rend(), [&](const DisposedSong &disposed) {
-        const PutBackResult result = putFileBack(disposed.file, moveOptions(options));
-        if (result.state == PutBackResult::State::Back)
-            outcome.restored.append(disposed.song);
-        else
-            (result.state == PutBackResult::State::Gone ? outcome.gone : outcome.failures)
-                .append({disposed.song, result.reason});
-    });
+    qint64 done = 0;
+    for (auto disposed = songs.rbegin(); disposed != songs.rend(); ++disposed) {
+        if (options.stop.stop_requested())
+            break;
+        const Song &song = disposed->song;
+        const PutBackResult result = putFileBack(disposed->file, moveOptions(options));
+        if (result.state == PutBackResult::State::Back) {
+            outcome.restored.append(song);
+            const Look look = lookAt(song.path);
+            if (const auto *file = std::get_if<KnownFile>(&look))
+                outcome.notes.insert(song.id, noteOf(file->snapshot));
+        } else if (result.state == PutBackResult::State::Gone) {
+            outcome.gone.append({song, result.reason});
+        } else if (!options.stop.stop_requested()) {
+            outcome.failures.append(
+                {song, QStringLiteral("It stays at %1: %2").arg(pathOf(disposed->file), result.reason)});
+        }
+        if (options.reportProgress)
+            options.reportProgress(++done);
+    }
     return outcome;
 }
 

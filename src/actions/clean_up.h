@@ -54,17 +54,23 @@ struct CleanUpOutcome
     QList<SongFailure> failures = {};
     /// Duplicates that were not reached because the clean-up was stopped, in order.
     QList<Song> notReached = {};
+    /// Names of the attributes that the new disk could not store, each once, and how many of the moved songs
+    /// lost some.
+    QStringList lostAttributes = {};
+    qint64 songsWithLostAttributes = 0;
 };
 
 // Both clean-ups go through the duplicates of all groups in order and make sure that a copy of every song
 // remains:
 //
-// - A duplicate that is the same file as the original of any group is skipped.
+// - A duplicate that is the same file as the original of any group, or as one that was moved, is passed over.
 // - A duplicate that is not the file that was read any more, or whose original cannot be read or has changed
 //   since it was read, stays where it is and counts as failed.
-// - The originals are checked again after every file and once more at the end. One file can be visible
-//   through two file systems, as two files: a duplicate whose original vanished with it is put back and
-//   counts as failed.
+// - One file can be visible through two file systems, as two files. A duplicate that may be the original of
+// any
+//   group stays as well. Not every such file can be recognised, so the originals are checked again after
+//   every file and once more at the end: a duplicate whose original vanished with it is put back and counts
+//   as failed.
 //
 // They take as long as the disks do. Any thread may call them.
 
@@ -77,7 +83,8 @@ struct CleanUpOutcome
                                             const CleanUpOptions &options = {});
 
 /// Sends one song's file to the Trash, unless it is not the file that was read any more or another member of
-/// its group would be gone with it. If that turns out only afterwards, the file is put back.
+/// its group would be gone with it. If that turns out only afterwards, the file is put back. The other
+/// members may have changed or be missing: which song goes is the user's own choice.
 [[nodiscard]] std::variant<DisposedSong, Failure>
 trashSong(const Song &song, const QList<DuplicateGroup> &groups, const CleanUpOptions &options = {});
 

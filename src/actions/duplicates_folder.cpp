@@ -1,45 +1,58 @@
 #include "actions/duplicates_folder.h"
 
+#include "actions/folders.h"
 #include "model/file_name.h"
 
 #include <QFile>
 #include <QLocale>
+#include <QSet>
 
 #include <system_error>
+#include <unistd.h>
 
 #include <cerrno>
-#include <filesystem>
 #include <utility>
 
 namespace sonavo {
 namespace {
+
+const QString PREFIX = QStringLiteral("Duplicates_");
+/// What file systems allow, in bytes.
+constexpr qsizetype MAX_NAME = 255;
 
 /// @param number 0 for the name itself
 QString numberedName(const QString &name, int number)
 {
     if (number == 0)
         return name;
-    const QStringView extension = pathExtension(name);
-    const QStringView stem =
-        extension.isNull() ? QStringView(name) : QStringView(name).chopped(extension.size() + 1);
-    return QStringLiteral("%1 (%2).%3").arg(stem, QString::number(number), extension);
+    const QString extension = pathExtension(name).toString();
+    const QString stem = extension.isNull() ? name : name.chopped(extension.size() + 1);
+    return joinedFileName(stem, QStringLiteral(" (%1).").arg(number) + extension, MAX_NAME);
+}
+
+bool isTaken(const QByteArray &path)
+{
+    return std::holds_alternative<FileSnapshot>(takeSnapshot(path));
+}
+
+Failure toFailure(int error)
+{
+    return {QString::fromLocal8Bit(std::generic_category().message(error))};
 }
 
 } // namespace
 
 DuplicatesFolder::DuplicatesFolder(QString path)
     : m_path(std::move(path))
+    , m_list(QFile::encodeName(m_path))
 {}
 
 std::variant<DuplicatesFolder, Failure> DuplicatesFolder::create(const QString &parent, const QDateTime &now)
 {
-    const QString name =
-        QStringLiteral("Duplicates_") + QLocale().toString(now, QStringLiteral("yyyy-MM-dd_HH-mm-ss"));
+    const QString name = PREFIX + QLocale::c().toString(now, QStringLiteral("yyyy-MM-dd_HH-mm-ss"));
     const QString path = parent.endsWith(u'/') ? parent + name : parent + u'/' + name;
-    std::error_code error;
-    std::filesystem::create_directories(QFile::encodeName(path).constData(), error);
-    if (error)
-        return Failure{QString::fromLocal8Bit(error.message())};
+    if (const int error = makeFolders(QFile::encodeName(path)))
+        return toFailure(error);
     return DuplicatesFolder(path);
 }
 
@@ -49,13 +62,46 @@ std::variant<MovedFile, Failure> DuplicatesFolder::moveHere(const QString &sourc
     const QString name = fileNameOf(source).toString();
     for (int number = m_nextNumbers.value(name, 0);; ++number) {
         const QByteArray to = QFile::encodeName(m_path + u'/' + numberedName(name, number));
-        const MoveResult result = moveWithoutReplacing(from, to, options);
-        if (result.state == MoveResult::State::NotMoved && result.error == EEXIST)
+        if (isTaken(to))
             continue;
-        if (result.state != MoveResult::State::Moved)
-            return toFailure(result, from, to);
-        m_nextNumbers.insert(name, number + 1);
-        return describeMove(from, to);
+        auto line = m_list.add(from, to, options.journal);
+        if (const int *error = std::get_if<int>(&line))
+            return toFailure(*error);
+        auto &entry = std::get<MoveJournal::Entry>(line);
+        const MoveResult result = moveWithoutReplacing(from, to, options);
+        if (result.state == MoveResult::State::Moved) {
+            m_nextNumbers.insert(name, number + 1);
+            MovedFile moved = describeMove(from, to);
+            moved.lostAttributes = result.lostAttributes;
+            moved.list = m_list.path();
+            return moved;
+        }
+        const bool isSettled = result.state == MoveResult::State::NotMoved && m_list.takeBack();
+        if (!isSettled)
+            entry.keep();
+        if (result.state != MoveResult::State::NotMoved || result.error != EEXIST)
+            return sonavo::toFailure(result, from, to);
+    }
+}
+
+PutBackResult DuplicatesFolder::moveBack(const MovedFile &file, const MoveOptions &options)
+{
+    MoveJournal::Entry entry = MovedFilesList::recordRemoval(file, options.journal);
+    PutBackResult result = sonavo::moveBack(file, options);
+    if (result.state == PutBackResult::State::Back && !MovedFilesList::removeLast(file))
+        entry.keep();
+    return result;
+}
+
+void DuplicatesFolder::forget(const QList<MovedFile> &files)
+{
+    MovedFilesList::remove(files);
+    QSet<QByteArray> folders;
+    for (const MovedFile &file : files)
+        folders.insert(parentFolderOf(file.path));
+    for (const QByteArray &folder : std::as_const(folders)) {
+        if (fileNameOf(QFile::decodeName(folder)).startsWith(PREFIX))
+            ::rmdir(folder.constData()); // only if nothing is in it
     }
 }
 

@@ -1,44 +1,67 @@
 #pragma once
 
+#include "actions/file_snapshot.h"
+
 #include <QByteArray>
 #include <QSet>
 #include <QString>
 
 #include <sys/types.h>
 
+#include <map>
 #include <optional>
+#include <tuple>
+#include <utility>
 
 namespace sonavo {
 
-/// What distinguishes a song's file from all other files. Two paths can lead to one file: through a
-/// linked folder, a symbolic link, a mount of a folder in two places, or a disk that ignores case.
-struct FileIdentity
+// Two paths can lead to one file: through a linked folder, a symbolic link, a mount of a folder in two
+// places, or a disk that ignores case. Then removing one removes the other. Two hard links count as two
+// files: removing either leaves the song.
+//
+// All functions follow symbolic links. Any thread may call them. They take as long as the disk does.
+
+/// A name in a folder, by whichever path the folder is reached.
+struct FileEntry
 {
-    /// An object on a disk: a file or a folder.
-    struct Node
-    {
-        dev_t device = 0;
-        ino_t inode = 0;
-        friend bool operator==(const Node &, const Node &) = default;
-    };
-    /// The folder that holds the file, and its name there; of a symbolic link, those of its target.
-    Node folder;
+    dev_t device = 0;
+    /// Of the folder.
+    ino_t folder = 0;
     QByteArray name;
-    Node file;
-    /// Whether the file has no other hard links.
-    bool hasOneName = false;
+
+    friend bool operator==(const FileEntry &, const FileEntry &) = default;
 };
 
-/// Looks at the file at a path, following links.
+[[nodiscard]] size_t qHash(const FileEntry &entry, size_t seed = 0);
+
+/// The entry that a path leads to; a file need not be there any more.
+/// @return nothing when the folder cannot be reached
+[[nodiscard]] std::optional<FileEntry> entryOf(const QString &path);
+
+/// What distinguishes a song's file from all other files.
+struct FileIdentity
+{
+    FileEntry entry;
+    KnownFile file;
+};
+
+/// Looks at the file at a path.
 /// @return nothing when no regular file can be reached there
 [[nodiscard]] std::optional<FileIdentity> identityOf(const QString &path);
 
 /// Whether there is certainly no regular file at a path. False when the disk reports any other error.
 [[nodiscard]] bool isGone(const QString &path);
 
-/// Whether two paths lead to the same file, so that removing one removes the other. Two hard links count as
-/// two files: removing either leaves the song.
+/// Whether two paths lead to the same file.
 [[nodiscard]] bool areOneFile(const FileIdentity &a, const FileIdentity &b);
+
+/// Whether a path is on a disk, which opens a file only by a name that it has. Other file systems show the
+/// files of a disk or of a network; they may not know yet that a name is lost.
+[[nodiscard]] bool isOnDisk(const QByteArray &path);
+
+/// Whether two files with different identities are most likely one file, which an overlay, a network or the
+/// like shows a second time. Nobody can give two files the same time of the last change.
+[[nodiscard]] bool isShownTwice(const KnownFile &a, const KnownFile &b);
 
 /// Files by their identities.
 class FileSet
@@ -47,13 +70,16 @@ public:
     void insert(const FileIdentity &identity);
     /// Whether areOneFile() holds for the identity and one in the set.
     [[nodiscard]] bool contains(const FileIdentity &identity) const;
+    /// Whether isShownTwice() holds for the file and one in the set.
+    [[nodiscard]] bool shows(const KnownFile &file) const;
 
 private:
-    using Entry = std::pair<FileIdentity::Node, QByteArray>;
-    QSet<Entry> m_entries;
-    QSet<FileIdentity::Node> m_files;
+    using Node = std::pair<dev_t, ino_t>;
+    QSet<FileEntry> m_entries;
+    /// Of the files that have no other hard links.
+    QSet<Node> m_nodes;
+    /// By what isShownTwice() compares.
+    std::multimap<std::tuple<qint64, qint64, qint64>, KnownFile> m_files;
 };
-
-[[nodiscard]] size_t qHash(const FileIdentity::Node &node, size_t seed = 0);
 
 } // namespace sonavo

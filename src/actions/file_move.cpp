@@ -1,7 +1,12 @@
 #include "actions/file_move.h"
 
+#include "actions/descriptor.h"
+#include "actions/file_copy.h"
+#include "actions/file_removal.h"
+#include "actions/folders.h"
+#include "actions/move_journal.h"
+
 #include <QFile>
-#include <QTemporaryFile>
 
 #include <fcntl.h>
 #include <sys/stat.h>
@@ -11,7 +16,6 @@
 #include <cerrno>
 #include <cstdio>
 #include <filesystem>
-#include <vector>
 
 namespace sonavo {
 namespace {
@@ -26,16 +30,9 @@ MoveResult notMoved(int error)
 }
 
 /// @param error 0 where every call reported success, but its result could not be found
-MoveResult uncertain(int error)
+MoveResult uncertain(int error, const QByteArray &leftAt = {})
 {
-    return {.state = State::Uncertain, .error = error != 0 ? error : EIO};
-}
-
-/// The folder of a path, with a slash at its end.
-QByteArray folderOf(const QByteArray &path)
-{
-    const qsizetype nameStart = path.lastIndexOf('/') + 1;
-    return nameStart > 0 ? path.first(nameStart) : QByteArray("./");
+    return {.state = State::Uncertain, .error = error != 0 ? error : EIO, .leftAt = leftAt};
 }
 
 /// @return 0 when nothing is at a path, EEXIST when something is, or the error that left it undecided
@@ -56,48 +53,127 @@ std::optional<KnownFile> fileAt(const QByteArray &path)
     return file ? std::optional(KnownFile{path, *file}) : std::nullopt;
 }
 
+/// What can be left over is known to the next start.
+MoveResult finish(MoveJournal::Entry &entry, const MoveResult &result)
+{
+    if (result.state == State::Uncertain)
+        entry.keep();
+    return result;
+}
+
 /// Undoes a move whose old name is still there.
-MoveResult removeNewName(const KnownFile &made, int error)
+MoveResult removeNewName(const KnownFile &made, int error, const MoveOptions &options)
 {
     // Somebody can have put another file there, or changed this one.
-    if (isUntouched(made) && ::unlink(made.path.constData()) == 0)
-        return notMoved(error);
-    return stateOf(made) == FileState::Gone ? notMoved(error) : uncertain(error);
+    if (isUntouched(made)) {
+        const RemovalResult removal = removeFile(made, options.journal);
+        if (removal.state != RemovalResult::State::Removed)
+            return uncertain(error, removal.leftAt);
+    }
+    return stateOfName(made) == FileState::Gone ? notMoved(error) : uncertain(error);
 }
 
 /// The last step of a move that takes several: the new name is there, the old one is removed if nobody has
 /// touched the file since `old` was taken.
-MoveResult removeOldName(const KnownFile &old, const KnownFile &made)
+MoveResult removeOldName(const KnownFile &old, const KnownFile &made, const MoveOptions &options)
 {
-    int error = EBUSY;
-    if (isUntouched(old)) {
-        if (::unlink(old.path.constData()) == 0)
-            return MOVED;
-        error = errno;
-        if (isUntouched(old))
-            return removeNewName(made, error);
+    RemovalResult removal{RemovalResult::State::Uncertain, EBUSY};
+    if (isUntouched(old))
+        removal = removeFile(old, options.journal);
+    if (removal.state == RemovalResult::State::Removed)
+        return MOVED;
+    if (removal.state == RemovalResult::State::Kept) {
+        // A second name of the file has seen the renaming.
+        const auto now = fileAt(made.path);
+        const bool isSame = now && isSameFile(now->snapshot, made.snapshot);
+        return removeNewName(isSame ? *now : made, removal.error, options);
     }
-    const bool isMoved = stateOf(old) == FileState::Gone && stateOf(made) == FileState::Same;
-    return isMoved ? MOVED : uncertain(error);
+    const bool isMoved = removal.leftAt.isEmpty() && stateOfName(old) == FileState::Gone &&
+                         stateOfName(made) == FileState::Same;
+    return isMoved ? MOVED : uncertain(removal.error, removal.leftAt);
+}
+
+/// Whether an empty file that was made is still what is at its path.
+bool isStillEmpty(const KnownFile &placeholder)
+{
+    return placeholder.snapshot.size == 0 && isUntouched(placeholder);
+}
+
+/// The last resort, for FUSE and the shared folders of virtual machines: an empty file takes the name, and is
+/// replaced.
+MoveResult renameOverPlaceholder(const KnownFile &old, const QByteArray &to, const MoveOptions &options)
+{
+    auto entry = MoveJournal::recordIn(options.journal, {.kind = Leftover::Kind::Placeholder,
+                                                         .path = to,
+                                                         .source = old.path,
+                                                         .sourceSnapshot = old.snapshot});
+    constexpr mode_t OWNER_ONLY = 0600;
+    // Closed before it is replaced: shares of Windows refuse to replace a file that is open.
+    Descriptor file(to, O_WRONLY | O_CREAT | O_EXCL | O_NOFOLLOW, OWNER_ONLY);
+    const auto snapshot = takeSnapshot(file.get());
+    if (file.error() != 0 || std::holds_alternative<int>(snapshot)) {
+        if (errorIfTaken(to) != 0)
+            entry.keep();
+        return notMoved(file.error() != 0 ? file.error() : std::get<int>(snapshot));
+    }
+    const KnownFile placeholder{to, std::get<FileSnapshot>(snapshot)};
+    entry.made(placeholder.snapshot);
+    const bool isOurs = isStillEmpty(placeholder);
+    file.close();
+    if (!isOurs)
+        return notMoved(EEXIST);
+
+    const int error = ::rename(old.path.constData(), to.constData()) == 0 ? 0 : errno;
+    const FileState atOldName = stateOfName(old);
+    if (atOldName == FileState::Gone && stateOfName({to, old.snapshot}) == FileState::Same)
+        return MOVED;
+    if (atOldName == FileState::Same && isStillEmpty(placeholder))
+        return finish(entry, removeNewName(placeholder, error, options));
+    return finish(entry, uncertain(error));
+}
+
+bool hasNoHardLinks(int error)
+{
+    return error == EPERM || error == EOPNOTSUPP || error == ENOSYS || error == EMLINK;
 }
 
 /// Network file systems cannot refuse to replace in one step, but most of them can give a file a second name.
-MoveResult linkAndUnlink(const QByteArray &from, const QByteArray &to)
+/// @return nothing where that is not so
+std::optional<MoveResult> linkAndRemove(const KnownFile &old, const QByteArray &to,
+                                        const MoveOptions &options)
 {
-    const auto before = openAndTakeSnapshot(from);
-    if (const auto *unreadable = std::get_if<int>(&before))
-        return notMoved(*unreadable);
-    const int error = ::link(from.constData(), to.constData()) == 0 ? 0 : errno;
+    auto entry = MoveJournal::recordIn(
+        options.journal,
+        {.kind = Leftover::Kind::SecondName, .path = to, .source = old.path, .sourceSnapshot = old.snapshot});
+    const int error = ::link(old.path.constData(), to.constData()) == 0 ? 0 : errno;
     const auto made = fileAt(to);
-    if (!made)
-        return error != 0 && errorIfTaken(to) == 0 ? notMoved(error) : uncertain(error);
-    const auto &old = std::get<FileSnapshot>(before);
-    if (error != 0 && !isSameFile(made->snapshot, old))
+    if (!made) {
+        if (error == 0 || errorIfTaken(to) != 0)
+            return finish(entry, uncertain(error));
+        return hasNoHardLinks(error) ? std::nullopt : std::optional(notMoved(error));
+    }
+    // Where inodes do not last, somebody's equal copy would look like the same file.
+    const bool isOurs = made->snapshot.device == old.snapshot.device &&
+                        made->snapshot.inode == old.snapshot.inode &&
+                        isSameFile(made->snapshot, old.snapshot);
+    if (error != 0 && !isOurs)
         return notMoved(error);
+    entry.made(made->snapshot);
     // The second name has changed the number of links and the time of the last change.
-    const auto linked = openAndTakeSnapshot(from);
+    const auto linked = lookAt(old.path);
     const auto *now = std::get_if<FileSnapshot>(&linked);
-    return now && isSameFile(*now, old) ? removeOldName({from, *now}, *made) : uncertain(error);
+    const bool isLinked = now && isSameFile(*now, old.snapshot);
+    return finish(entry, isLinked ? removeOldName({old.path, *now}, *made, options) : uncertain(error));
+}
+
+MoveResult renameWithoutFlag(const QByteArray &from, const QByteArray &to, const MoveOptions &options)
+{
+    const auto snapshot = lookAt(from);
+    if (const auto *error = std::get_if<int>(&snapshot))
+        return notMoved(*error);
+    const KnownFile old{from, std::get<FileSnapshot>(snapshot)};
+    const auto linked = linkAndRemove(old, to, options);
+    return linked ? *linked : renameOverPlaceholder(old, to, options);
 }
 
 QByteArray targetOf(const QByteArray &link)
@@ -107,127 +183,103 @@ QByteArray targetOf(const QByteArray &link)
 }
 
 /// Creates a new symbolic link that leads to the same file from its new folder, and removes the old one.
-MoveResult moveLink(const KnownFile &old, const QByteArray &to)
+MoveResult moveLink(const KnownFile &old, const QByteArray &to, const MoveOptions &options)
 {
     namespace fs = std::filesystem;
     const fs::path link(old.path.constData());
     std::error_code error;
     fs::path target = fs::read_symlink(link, error);
     if (!error && target.is_relative())
-        target = fs::canonical(folderOf(old.path).constData(), error) / target;
+        target = fs::canonical(parentFolderOf(old.path).constData(), error) / target;
     if (error)
         return notMoved(error.value());
     if (const int reason = errorIfTaken(to))
         return notMoved(reason);
 
+    auto entry = MoveJournal::recordIn(options.journal, {.kind = Leftover::Kind::NewLink,
+                                                         .path = to,
+                                                         .source = old.path,
+                                                         .sourceSnapshot = old.snapshot,
+                                                         .content = target.c_str()});
     const int creation = ::symlink(target.c_str(), to.constData()) == 0 ? 0 : errno;
     const auto made = fileAt(to);
-    if (!made)
-        return creation != 0 && errorIfTaken(to) == 0 ? notMoved(creation) : uncertain(creation);
+    if (!made) {
+        const bool isFree = creation != 0 && errorIfTaken(to) == 0;
+        return isFree ? notMoved(creation) : finish(entry, uncertain(creation));
+    }
     if (creation != 0 && targetOf(to) != target.c_str())
         return notMoved(creation);
-    return removeOldName(old, *made);
+    entry.made(made->snapshot);
+    const int flushing = flushFolder(parentFolderOf(to));
+    return finish(entry, flushing == 0 ? removeOldName(old, *made, options)
+                                       : removeNewName(*made, flushing, options));
 }
 
-/// An open file, or an error number.
-class Descriptor
+/// A copy under a private name in the folder where it is to go. Unless it was placed there, it is removed
+/// with the object.
+class TemporaryCopy
 {
 public:
-    Descriptor(const QByteArray &path, int flags)
-        : m_descriptor(::open(path.constData(), flags | O_CLOEXEC))
-        , m_error(m_descriptor < 0 ? errno : 0)
+    TemporaryCopy(const KnownFile &source, const QByteArray &to, MoveJournal *journal)
+        : m_path(privateNameBeside(to))
+        , m_entry(MoveJournal::recordIn(journal, {.kind = Leftover::Kind::Copy,
+                                                  .path = m_path,
+                                                  .finalPath = to,
+                                                  .source = source.path,
+                                                  .sourceSnapshot = source.snapshot}))
+        , m_file(m_path, O_RDWR | O_CREAT | O_EXCL | O_NOFOLLOW, OWNER_ONLY)
     {}
-    ~Descriptor()
+    ~TemporaryCopy()
     {
-        if (m_descriptor >= 0)
-            ::close(m_descriptor);
+        m_file.close();
+        if (!m_isPlaced && ::unlink(m_path.constData()) != 0 && errno != ENOENT)
+            m_entry.keep();
     }
-    Q_DISABLE_COPY_MOVE(Descriptor)
+    Q_DISABLE_COPY_MOVE(TemporaryCopy)
 
-    [[nodiscard]] int get() const { return m_descriptor; }
-    [[nodiscard]] int error() const { return m_error; }
+    [[nodiscard]] const Descriptor &file() const { return m_file; }
+
+    /// @return as renameWithoutReplacing()
+    [[nodiscard]] MoveResult place(const QByteArray &to, MoveJournal *journal)
+    {
+        const auto snapshot = takeSnapshot(m_file.get());
+        if (const auto *error = std::get_if<int>(&snapshot))
+            return notMoved(*error);
+        m_entry.made(std::get<FileSnapshot>(snapshot));
+        m_file.close();
+        const MoveResult result = renameWithoutReplacing(m_path, to, {.stop = {}, .journal = journal});
+        m_isPlaced = result.state == State::Moved;
+        return finish(m_entry, result);
+    }
+    [[nodiscard]] MoveJournal::Entry &entry() { return m_entry; }
 
 private:
-    int m_descriptor;
-    int m_error;
+    static constexpr mode_t OWNER_ONLY = 0600;
+
+    const QByteArray m_path;
+    MoveJournal::Entry m_entry;
+    Descriptor m_file;
+    bool m_isPlaced = false;
 };
 
-/// @return an error number, 0 for success
-int writeAll(int target, const char *data, ssize_t size)
+/// The last steps, when a copy has got its name.
+MoveResult replaceByCopy(const KnownFile &old, const QByteArray &to, const MoveOptions &options)
 {
-    while (size > 0) {
-        const ssize_t written = ::write(target, data, static_cast<std::size_t>(size));
-        if (written < 0)
-            return errno;
-        data += written;
-        size -= written;
-    }
-    return 0;
+    const auto made = fileAt(to);
+    const int error = flushFolder(parentFolderOf(to));
+    if (!made)
+        return uncertain(error);
+    if (error == 0)
+        return removeOldName(old, *made, options);
+    return isUntouched(old) ? removeNewName(*made, error, options) : uncertain(error);
 }
 
-/// @return an error number, 0 for success
-int copyContent(int source, int target)
-{
-    constexpr std::size_t CHUNK = 1024 * 1024;
-    std::vector<char> chunk(CHUNK);
-    ssize_t size = 0;
-    while ((size = ::read(source, chunk.data(), CHUNK)) > 0) {
-        if (const int error = writeAll(target, chunk.data(), size))
-            return error;
-    }
-    return size < 0 ? errno : 0;
-}
-
-/// Gives a copy the permissions and times of its source, as far as its file system supports them. The copy
-/// belongs to the user, so the source's set-user-ID, set-group-ID and sticky bits are not copied.
-/// @return an error number, 0 for success
-int keepAttributes(int source, int target)
-{
-    struct stat status = {};
-    if (::fstat(source, &status) != 0)
-        return errno;
-    constexpr mode_t PERMISSIONS = 0777;
-    const timespec times[] = {status.st_atim, status.st_mtim};
-    [[maybe_unused]] const int ignored =
-        ::fchmod(target, status.st_mode & PERMISSIONS) | ::futimens(target, times);
-    return 0;
-}
-
-/// Copies a file and flushes the copy to the disk.
-/// @return an error number, 0 when `target` is a complete copy and `source` has not changed meanwhile
-int copyFile(int source, const FileSnapshot &before, int target)
-{
-    if (const int error = copyContent(source, target))
-        return error;
-    if (const int error = keepAttributes(source, target))
-        return error;
-    if (::fsync(target) != 0)
-        return errno;
-    const auto after = takeSnapshot(source);
-    const auto copied = takeSnapshot(target);
-    if (after != std::variant<FileSnapshot, int>(before))
-        return EBUSY;
-    const auto *copy = std::get_if<FileSnapshot>(&copied);
-    return copy && copy->size == before.size ? 0 : EIO;
-}
-
-/// Makes renames and new files in a folder survive a loss of power, on file systems that support it.
-/// @return an error number, 0 for success
-int flushFolder(const QByteArray &folder)
-{
-    const Descriptor descriptor(folder, O_RDONLY | O_DIRECTORY);
-    if (descriptor.error() != 0)
-        return descriptor.error();
-    const int error = ::fsync(descriptor.get()) == 0 ? 0 : errno;
-    return error == EINVAL || error == ENOSYS || error == ENOTSUP ? 0 : error;
-}
-
-MoveResult moveByCopying(const QByteArray &from, const QByteArray &to)
+MoveResult moveByCopying(const QByteArray &from, const QByteArray &to, const MoveOptions &options)
 {
     // Fails now rather than after everything has been copied for nothing.
-    if (::access(folderOf(from).constData(), W_OK | X_OK) != 0)
+    if (::access(parentFolderOf(from).constData(), W_OK | X_OK) != 0)
         return notMoved(errno);
-    const Descriptor source(from, O_RDONLY | O_NOFOLLOW | O_NONBLOCK);
+    Descriptor source(from, O_RDONLY | O_NOFOLLOW | O_NONBLOCK);
     if (source.error() != 0)
         return notMoved(source.error());
     const auto before = takeSnapshot(source.get());
@@ -235,24 +287,20 @@ MoveResult moveByCopying(const QByteArray &from, const QByteArray &to)
         return notMoved(*error);
     const KnownFile old{from, std::get<FileSnapshot>(before)};
 
-    QTemporaryFile copy(QFile::decodeName(folderOf(to)) + QStringLiteral(".sonavo-XXXXXX"));
-    errno = 0;
-    if (!copy.open())
-        return notMoved(errno != 0 ? errno : EIO);
-    if (const int error = copyFile(source.get(), old.snapshot, copy.handle()))
-        return notMoved(error);
+    TemporaryCopy copy(old, to, options.journal);
+    if (copy.file().error() != 0)
+        return notMoved(copy.file().error());
+    const CopyResult copied = copyFile(source.get(), old.snapshot, copy.file().get(), options.stop);
+    source.close();
+    if (copied.error != 0)
+        return notMoved(copied.error);
 
-    const MoveResult placed = renameWithoutReplacing(QFile::encodeName(copy.fileName()), to);
-    if (placed.state != State::Moved)
-        return placed;
-    copy.setAutoRemove(false);
-    const auto made = fileAt(to);
-    const int error = flushFolder(folderOf(to));
-    if (!made)
-        return uncertain(EIO);
-    if (error != 0)
-        return isUntouched(old) ? removeNewName(*made, error) : uncertain(error);
-    return removeOldName(old, *made);
+    MoveResult result = copy.place(to, options.journal);
+    if (result.state == State::Moved)
+        result = finish(copy.entry(), replaceByCopy(old, to, options));
+    if (result.state == State::Moved)
+        result.lostAttributes = copied.lostAttributes;
+    return result;
 }
 
 QString describe(int error)
@@ -260,23 +308,9 @@ QString describe(int error)
     return QString::fromLocal8Bit(std::generic_category().message(error));
 }
 
-PutBackResult moveBackWith(MoveResult (*move)(const QByteArray &, const QByteArray &, const MoveOptions &),
-                           const MovedFile &file, const MoveOptions &options)
-{
-    if (!file.snapshot || stateOf({file.path, *file.snapshot}) != FileState::Same)
-        return {PutBackResult::State::Stays,
-                QStringLiteral("The file at %1 is not the one that was moved there")
-                    .arg(QFile::decodeName(file.path))};
-    const MoveResult result = move(file.path, file.originalPath, options);
-    if (result.state == State::Moved)
-        return {};
-    return {PutBackResult::State::Stays, toFailure(result, file.path, file.originalPath).reason};
-}
-
 } // namespace
 
-MoveResult renameWithoutReplacing(const QByteArray &from, const QByteArray &to,
-                                  [[maybe_unused]] const MoveOptions &options)
+MoveResult renameWithoutReplacing(const QByteArray &from, const QByteArray &to, const MoveOptions &options)
 {
     const auto snapshot = takeSnapshot(from);
     if (const auto *error = std::get_if<int>(&snapshot))
@@ -290,9 +324,9 @@ MoveResult renameWithoutReplacing(const QByteArray &from, const QByteArray &to,
         return MOVED;
     const int error = errno;
     if (error == EINVAL || error == ENOSYS)
-        return linkAndUnlink(from, to);
-    const FileState atOldName = stateOf(old);
-    const FileState atNewName = stateOf({to, old.snapshot});
+        return renameWithoutFlag(from, to, options);
+    const FileState atOldName = stateOfName(old);
+    const FileState atNewName = stateOfName({to, old.snapshot});
     if (atOldName == FileState::Same && atNewName != FileState::Same)
         return notMoved(error);
     return atOldName == FileState::Gone && atNewName == FileState::Same ? MOVED : uncertain(error);
@@ -305,34 +339,28 @@ MoveResult moveWithoutReplacing(const QByteArray &from, const QByteArray &to, co
         return notMoved(*error);
     const KnownFile old{from, std::get<FileSnapshot>(snapshot)};
     if (S_ISLNK(old.snapshot.mode))
-        return moveLink(old, to);
+        return moveLink(old, to, options);
     const MoveResult renamed = renameWithoutReplacing(from, to, options);
     const bool isOtherDisk = renamed.state == State::NotMoved && renamed.error == EXDEV;
-    return isOtherDisk && S_ISREG(old.snapshot.mode) ? moveByCopying(from, to) : renamed;
+    return isOtherDisk && S_ISREG(old.snapshot.mode) ? moveByCopying(from, to, options) : renamed;
 }
 
 Failure toFailure(const MoveResult &result, const QByteArray &from, const QByteArray &to)
 {
     if (result.state != State::Uncertain)
-        return {describe(result.error)};
-    return {QStringLiteral("It is not certain that the file was moved (%1). Look for it at %2 and at %3.")
-                .arg(describe(result.error), QFile::decodeName(from), QFile::decodeName(to))};
+        return {describe(result.error), result.error};
+    QString places = QStringLiteral("%1 and at %2").arg(QFile::decodeName(from), QFile::decodeName(to));
+    if (!result.leftAt.isEmpty())
+        places +=
+            QStringLiteral(", and for what was put in its place at %1").arg(QFile::decodeName(result.leftAt));
+    return {QStringLiteral("It is not certain that the file was moved (%1). Look for it at %2.")
+                .arg(describe(result.error), places)};
 }
 
-MovedFile describeMove(const QByteArray &from, const QByteArray &to)
+MovedFile describeMove(const QByteArray &from, const QByteArray &to, const MoveResult &result)
 {
     const auto made = fileAt(to);
-    return {from, to, made ? std::optional(made->snapshot) : std::nullopt};
-}
-
-PutBackResult renameBack(const MovedFile &file, const MoveOptions &options)
-{
-    return moveBackWith(renameWithoutReplacing, file, options);
-}
-
-PutBackResult moveBack(const MovedFile &file, const MoveOptions &options)
-{
-    return moveBackWith(moveWithoutReplacing, file, options);
+    return {from, to, made ? std::optional(made->snapshot) : std::nullopt, result.lostAttributes};
 }
 
 } // namespace sonavo

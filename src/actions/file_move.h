@@ -27,7 +27,7 @@ class MoveJournal;
 /// What a move can be given besides its two paths.
 struct MoveOptions
 {
-    /// Abandons a copy to another disk as long as its source has not been touched: NotMoved with ECANCELED.
+    /// Abandons a copy to another disk before it gets its name: NotMoved with ECANCELED.
     /// Every other step is carried out to its end.
     std::stop_token stop;
     /// Where the steps under way are recorded; nothing is recorded without one. Must outlive the move.
@@ -41,7 +41,7 @@ struct MoveResult
         Moved,
         /// The file is where it was, untouched.
         NotMoved,
-        /// The file is at the old path, at the new one, or at both.
+        /// The file is at the old path, at the new one, or at both; see `leftAt`.
         Uncertain,
     };
     State state = State::Moved;
@@ -49,17 +49,20 @@ struct MoveResult
     int error = 0;
     /// Names of the extended attributes and access lists that the target's file system could not store.
     QStringList lostAttributes = {};
+    /// If uncertain, a third path where a file can be: the old one was written to and removed in the same
+    /// moment, and was taken again when what is there now was to get its name back. Empty otherwise.
+    QByteArray leftAt = {};
 };
 
 /// Renames a file or a symbolic link itself, unless the new name is taken: then NotMoved with EEXIST.
-/// NotMoved with EXDEV when the new name is on another file system.
+/// NotMoved with EXDEV when the new name is on another file system. Where a file system can neither refuse to
+/// replace nor give a file a second name, an empty file takes the new name first.
 [[nodiscard]] MoveResult renameWithoutReplacing(const QByteArray &from, const QByteArray &to,
                                                 const MoveOptions &options = {});
 
-/// Moves a file, if need be to another disk: then it is copied, the copy is flushed and given the new name,
-/// and the source is removed if nobody has changed it meanwhile. The copy gets the permissions (but
-/// never set-user-ID, set-group-ID or sticky) and the times of the source. A symbolic link leads to the same
-/// file afterwards. NotMoved with EEXIST when the new name is taken.
+/// Moves a file, if need be to another disk: then it is copied with copyFile(), the copy is given the new
+/// name, and the source is removed if nobody has changed it meanwhile. A symbolic link leads to the same file
+/// afterwards. NotMoved with EEXIST when the new name is taken.
 [[nodiscard]] MoveResult moveWithoutReplacing(const QByteArray &from, const QByteArray &to,
                                               const MoveOptions &options = {});
 
@@ -76,16 +79,20 @@ struct MovedFile
     std::optional<FileSnapshot> snapshot;
     /// See MoveResult.
     QStringList lostAttributes = {};
+    /// The path of the list in its folder that has a line for it, if any; see MovedFilesList.
+    QByteArray list = {};
 };
 
-[[nodiscard]] MovedFile describeMove(const QByteArray &from, const QByteArray &to);
+/// @param result of the move
+[[nodiscard]] MovedFile describeMove(const QByteArray &from, const QByteArray &to,
+                                     const MoveResult &result = {});
 
 /// What became of a file that was to be put back.
 struct PutBackResult
 {
     enum class State
     {
-        /// It is at its old path again.
+        /// It is at its old path again; perhaps somebody else has moved it back.
         Back,
         /// It stays where it is; a later try can succeed.
         Stays,
@@ -99,8 +106,9 @@ struct PutBackResult
     std::optional<FileSnapshot> snapshot = {};
 };
 
-/// Move a file back to where it was, with renameWithoutReplacing() or moveWithoutReplacing(). They fail when
-/// its old name is taken or when what is at `file.path` is not the file that was moved there.
+/// Move a file back to where it was, with renameWithoutReplacing() or moveWithoutReplacing(), and make the
+/// folders again that are missing there. The file stays when its old name is taken, or when what is at
+/// `file.path` is not the file that was moved there.
 [[nodiscard]] PutBackResult renameBack(const MovedFile &file, const MoveOptions &options = {});
 [[nodiscard]] PutBackResult moveBack(const MovedFile &file, const MoveOptions &options = {});
 

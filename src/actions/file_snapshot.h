@@ -1,5 +1,7 @@
 #pragma once
 
+#include "model/file_note.h"
+
 #include <QByteArray>
 
 #include <sys/types.h>
@@ -23,12 +25,23 @@ struct FileSnapshot
     /// The same; also changes with the names, the owner and the permissions.
     qint64 changed = 0;
     quint64 hardLinks = 0;
-
-    friend bool operator==(const FileSnapshot &, const FileSnapshot &) = default;
+    /// Whether its file system keeps the inode number of a file for as long as the file exists. Others, such
+    /// as FAT, make one up when they first see a file, and forget it when they need the memory.
+    bool hasLastingInode = true;
 };
 
-/// Whether two snapshots show one file with the same content, whatever its names are.
+/// Whether two snapshots show one file with the same content, whatever its names are. Without lasting inodes,
+/// its type, its size and the time of its last modification decide.
 [[nodiscard]] bool isSameFile(const FileSnapshot &a, const FileSnapshot &b);
+
+/// Whether nothing at all was done to a file between two snapshots, not even to its names or permissions, as
+/// far as its file system can tell.
+[[nodiscard]] bool isUntouched(const FileSnapshot &a, const FileSnapshot &b);
+
+[[nodiscard]] FileNote noteOf(const FileSnapshot &snapshot);
+
+/// Whether a file is the one that was noted, with the same content. The rule of isSameFile().
+[[nodiscard]] bool isAsNoted(const FileSnapshot &snapshot, const FileNote &note);
 
 // Paths are in the file system's encoding; errors are numbers as in errno. Any thread may call these. They
 // take as long as the disk does.
@@ -42,6 +55,9 @@ struct FileSnapshot
 /// A snapshot of a file that can be opened and read. A network file system may answer stat() out of a cache
 /// after somebody else has removed the file; opening asks the server.
 [[nodiscard]] std::variant<FileSnapshot, int> openAndTakeSnapshot(const QByteArray &path);
+
+/// openAndTakeSnapshot(), or takeSnapshot() of a file that the user may not read: renaming needs no reading.
+[[nodiscard]] std::variant<FileSnapshot, int> lookAt(const QByteArray &path);
 
 /// Whether an error says that a path leads nowhere. All others, such as EIO, say nothing about that.
 [[nodiscard]] bool meansGone(int error);
@@ -66,11 +82,15 @@ enum class FileState
 /// Looks for a file where it was, with openAndTakeSnapshot().
 [[nodiscard]] FileState stateOf(const KnownFile &file);
 
-/// Whether nothing at all was done to a file, not even to its names or permissions.
+/// The same with lookAt().
+[[nodiscard]] FileState stateOfName(const KnownFile &file);
+
+/// Whether a file is where it was and nothing was done to it, with lookAt().
 [[nodiscard]] bool isUntouched(const KnownFile &file);
 
-/// Whether the folder of a file lists its name. A file system on top of another one, such as an overlay, can
-/// still open a file by a name that no longer exists below it, but reads the list of names afresh.
-[[nodiscard]] bool isListed(const QByteArray &path);
+/// Whether the folder of a file no longer lists its name; false when the folder cannot be read. A file system
+/// on top of another one can still open a file by a name that no longer exists below it, but mostly reads the
+/// list of names afresh.
+[[nodiscard]] bool isUnlisted(const QByteArray &path);
 
 } // namespace sonavo

@@ -6,10 +6,13 @@
 
 #include "actions/trash.h"
 
+#include "actions/folders.h"
+#include "actions/move_journal.h"
+#include "model/file_name.h"
+
 #include <QDateTime>
 #include <QFile>
 #include <QFileInfo>
-#include <QStandardPaths>
 
 #include <fcntl.h>
 #include <sys/stat.h>
@@ -47,53 +50,70 @@ fs::path nativePath(const QString &path)
     return QFile::encodeName(path).toStdString();
 }
 
-std::error_code lastError()
+std::error_code toErrorCode(int error)
 {
-    return {errno, std::generic_category()};
+    return {error, std::generic_category()};
 }
 
-/// Identifies a mount: files can be renamed within one, but not from one into another, not even when both
-/// show the same disk.
+std::error_code lastError()
+{
+    return toErrorCode(errno);
+}
+
+/// Within a volume, files can be renamed from any folder to any other; but not from one mount into another of
+/// the same disk, nor from one btrfs subvolume into another in the same mount.
+struct Volume
+{
+    quint64 mount = 0;
+    quint64 device = 0;
+    friend bool operator==(const Volume &, const Volume &) = default;
+};
+
 /// @return nothing on an error, which errno tells
-std::optional<quint64> mountIdOf(const fs::path &path)
+std::optional<Volume> volumeOf(const fs::path &folder)
 {
     struct statx status = {};
-    if (::statx(AT_FDCWD, path.c_str(), 0, STATX_MNT_ID, &status) != 0)
+    if (::statx(AT_FDCWD, folder.c_str(), 0, STATX_MNT_ID, &status) != 0)
         return std::nullopt;
-    if ((status.stx_mask & STATX_MNT_ID) != 0)
-        return status.stx_mnt_id;
-    return quint64{status.stx_dev_major} << 32 | status.stx_dev_minor; // a kernel before 5.8
+    const bool knowsMount = (status.stx_mask & STATX_MNT_ID) != 0; // since Linux 5.8
+    return Volume{knowsMount ? status.stx_mnt_id : 0,
+                  quint64{status.stx_dev_major} << 32 | status.stx_dev_minor};
 }
 
 /// The same for a folder that may not exist yet.
-std::optional<quint64> futureMountIdOf(fs::path folder)
+std::optional<Volume> futureVolumeOf(fs::path folder)
 {
-    std::optional<quint64> id = mountIdOf(folder);
-    while (!id && meansGone(errno) && folder.has_relative_path()) {
+    std::optional<Volume> volume = volumeOf(folder);
+    while (!volume && meansGone(errno) && folder.has_relative_path()) {
         folder = folder.parent_path();
-        id = mountIdOf(folder);
+        volume = volumeOf(folder);
     }
-    return id;
+    return volume;
 }
 
-/// @param id of the mount that the folder is on
+/// @param volume that the folder is on
 /// @return nothing on an error, which errno tells
-std::optional<fs::path> mountPointOf(fs::path folder, quint64 id)
+std::optional<fs::path> topOf(const Volume &volume, fs::path folder)
 {
     while (folder.has_relative_path()) {
-        const std::optional<quint64> parentId = mountIdOf(folder.parent_path());
-        if (!parentId)
+        const std::optional<Volume> parentVolume = volumeOf(folder.parent_path());
+        if (!parentVolume)
             return std::nullopt;
-        if (*parentId != id)
+        if (*parentVolume != volume)
             break;
         folder = folder.parent_path();
     }
     return folder;
 }
 
+QByteArray toBytes(const fs::path &path)
+{
+    return QByteArray(path.c_str());
+}
+
 std::error_code makeFolder(const fs::path &folder)
 {
-    return ::mkdir(folder.c_str(), OWNER_ONLY) == 0 || errno == EEXIST ? std::error_code() : lastError();
+    return toErrorCode(makeFolders(toBytes(folder), OWNER_ONLY));
 }
 
 /// On a disk that others can write to, a folder of the right name need not be ours.
@@ -106,7 +126,7 @@ std::error_code makeOwnFolder(const fs::path &folder)
     if (::lstat(folder.c_str(), &status) != 0)
         return lastError();
     if (S_ISDIR(status.st_mode) && status.st_uid == ::geteuid())
-        return {};
+        return isNew ? toErrorCode(flushFolder(toBytes(folder.parent_path()))) : std::error_code();
     if (isNew) // some file systems know only one owner
         ::rmdir(folder.c_str());
     return std::make_error_code(std::errc::permission_denied);
@@ -121,38 +141,34 @@ bool isSharedTrash(const fs::path &folder)
            (status.st_mode & S_ISVTX) != 0;
 }
 
-std::error_code makeTrashAtMountPoint(const fs::path &mountPoint, Trash &trash)
+std::error_code makeTrashAtTop(const fs::path &top, Trash &trash)
 {
     const std::string user = std::to_string(::geteuid());
-    trash = {mountPoint / ".Trash" / user, mountPoint};
-    if (isSharedTrash(mountPoint / ".Trash") && !makeOwnFolder(trash.folder))
+    trash = {top / ".Trash" / user, top};
+    if (isSharedTrash(top / ".Trash") && !makeOwnFolder(trash.folder))
         return {};
-    trash.folder = mountPoint / (".Trash-" + user);
+    trash.folder = top / (".Trash-" + user);
     return makeOwnFolder(trash.folder);
-}
-
-std::error_code makeTrashInDataFolder(const fs::path &dataFolder, Trash &trash)
-{
-    trash = {dataFolder / "Trash", {}};
-    std::error_code error;
-    fs::create_directories(dataFolder, error);
-    return error ? error : makeFolder(trash.folder);
 }
 
 /// Creates the Trash for the files of a folder, without its folders "info" and "files".
 /// @param folder has no links in its path
 std::error_code makeTrashFolderFor(const fs::path &folder, Trash &trash)
 {
-    const fs::path dataFolder =
-        nativePath(QStandardPaths::writableLocation(QStandardPaths::GenericDataLocation));
-    const auto homeDisk = futureMountIdOf(dataFolder / "Trash");
-    const auto disk = homeDisk ? mountIdOf(folder) : std::nullopt;
-    if (!disk)
+    const auto volume = volumeOf(folder);
+    if (!volume)
         return lastError();
-    if (disk == homeDisk)
-        return makeTrashInDataFolder(dataFolder, trash);
-    const auto mountPoint = mountPointOf(folder, *disk);
-    return mountPoint ? makeTrashAtMountPoint(*mountPoint, trash) : lastError();
+    const QString dataFolder = userDataFolder();
+    if (!dataFolder.isEmpty()) {
+        trash = {nativePath(dataFolder) / "Trash", {}};
+        const auto homeVolume = futureVolumeOf(trash.folder);
+        if (!homeVolume)
+            return lastError();
+        if (homeVolume == volume)
+            return makeFolder(trash.folder);
+    }
+    const auto top = topOf(*volume, folder);
+    return top ? makeTrashAtTop(*top, trash) : lastError();
 }
 
 std::error_code makeTrashFor(const fs::path &folder, Trash &trash)
@@ -171,12 +187,9 @@ QString nameInTrash(const QString &name, int number)
 {
     const qsizetype dot = name.lastIndexOf(u'.');
     const bool hasExtension = dot > 0 && name.size() - dot <= MAX_EXTENSION;
-    QString stem = hasExtension ? name.first(dot) : name;
     const QString extension = (number > 1 ? QStringLiteral(".%1").arg(number) : QString()) +
                               (hasExtension ? name.sliced(dot) : QString());
-    while (QFile::encodeName(stem + extension).size() > MAX_NAME - INFO_EXTENSION.size())
-        stem.chop(stem.back().isLowSurrogate() ? 2 : 1);
-    return stem + extension;
+    return joinedFileName(hasExtension ? name.first(dot) : name, extension, MAX_NAME - INFO_EXTENSION.size());
 }
 
 /// The content of an info file.
@@ -187,6 +200,7 @@ QByteArray trashInfo(const fs::path &file, const Trash &trash)
            "\nDeletionDate=" + QDateTime::currentDateTime().toString(Qt::ISODate).toLatin1() + '\n';
 }
 
+/// Writes a new file and flushes it to the disk.
 std::error_code writeNew(const fs::path &path, QByteArrayView content)
 {
     const int file = ::open(path.c_str(), O_WRONLY | O_CREAT | O_EXCL | O_CLOEXEC, 0600);
@@ -196,8 +210,12 @@ std::error_code writeNew(const fs::path &path, QByteArrayView content)
     std::error_code error = written < 0 ? lastError() : std::error_code();
     if (written >= 0 && written < content.size())
         error = std::make_error_code(std::errc::no_space_on_device);
+    if (!error && ::fsync(file) != 0)
+        error = lastError();
     if (::close(file) != 0 && !error) // where network file systems tell of a full disk
         error = lastError();
+    if (!error)
+        error = toErrorCode(flushFolder(toBytes(path.parent_path())));
     if (error)
         ::unlink(path.c_str());
     return error;
@@ -239,11 +257,6 @@ int freeNumber(const Trash &trash, const QString &name)
     return free;
 }
 
-std::error_code toErrorCode(int error)
-{
-    return {error, std::generic_category()};
-}
-
 QString describe(const std::error_code &error)
 {
     return QString::fromLocal8Bit(error.message());
@@ -254,36 +267,88 @@ Failure unusableTrash(const QString &reason)
     return {QStringLiteral("The Trash of this disk cannot be used: %1").arg(reason)};
 }
 
+/// Whether a file is certainly still at its old path and not at the new one.
+/// @param before a snapshot of the file at its old path
+bool isProvenNotMoved(const std::variant<FileSnapshot, int> &before, const QByteArray &from,
+                      const QByteArray &to)
+{
+    const auto *old = std::get_if<FileSnapshot>(&before);
+    const auto atOldPath = takeSnapshot(from);
+    const auto *now = std::get_if<FileSnapshot>(&atOldPath);
+    const auto atNewPath = takeSnapshot(to);
+    const auto *error = std::get_if<int>(&atNewPath);
+    return old && now && isSameFile(*old, *now) && error && *error == ENOENT;
+}
+
+MoveJournal::Entry recordInfo(const TrashedFile &trashed, MoveJournal *journal)
+{
+    return MoveJournal::recordIn(journal, {.kind = Leftover::Kind::Note,
+                                           .path = trashed.infoFile,
+                                           .finalPath = trashed.file.path,
+                                           .source = trashed.file.originalPath,
+                                           .content = trashed.info});
+}
+
+void keepUnlessGone(const TrashedFile &trashed, MoveJournal::Entry &entry)
+{
+    const auto info = takeSnapshot(trashed.infoFile);
+    const auto *error = std::get_if<int>(&info);
+    if (!error || !meansGone(*error))
+        entry.keep();
+}
+
+/// Removes an info file unless somebody has changed it. What is left over stays in the record.
+void removeInfo(const TrashedFile &trashed, MoveJournal::Entry &entry)
+{
+    QFile info(QFile::decodeName(trashed.infoFile));
+    const bool isOurs = info.open(QIODevice::ReadOnly) && info.read(trashed.info.size() + 1) == trashed.info;
+    if (!isOurs || ::unlink(trashed.infoFile.constData()) != 0)
+        keepUnlessGone(trashed, entry);
+}
+
+/// Moves a file to a slot in the Trash unless somebody else has taken it: then NotMoved with EEXIST.
+MoveResult fillSlot(TrashedFile &trashed, const MoveOptions &options)
+{
+    const QByteArray from = trashed.file.originalPath;
+    const QByteArray to = trashed.file.path;
+    MoveJournal::Entry entry = recordInfo(trashed, options.journal);
+    if (const std::error_code error = writeNew(trashed.infoFile.constData(), trashed.info)) {
+        if (error != std::errc::file_exists)
+            keepUnlessGone(trashed, entry);
+        return {.state = MoveResult::State::NotMoved, .error = error.value()};
+    }
+    const auto before = takeSnapshot(from);
+    MoveResult result = renameWithoutReplacing(from, to, options);
+    if (result.state == MoveResult::State::Uncertain && isProvenNotMoved(before, from, to))
+        result.state = MoveResult::State::NotMoved;
+    if (result.state == MoveResult::State::Moved)
+        trashed.file = describeMove(from, to);
+    else if (result.state == MoveResult::State::NotMoved)
+        removeInfo(trashed, entry);
+    else // the file may be in the Trash, where it needs its info file
+        entry.keep();
+    return result;
+}
+
 /// @param file in a folder without links
 std::variant<TrashedFile, Failure> moveInto(const Trash &trash, const fs::path &file, const QString &name,
                                             const MoveOptions &options)
 {
-    const QByteArray from(file.c_str());
+    const QByteArray from = toBytes(file);
     const QByteArray info = trashInfo(file, trash);
-    std::error_code error = std::make_error_code(std::errc::file_exists);
-    // Somebody else can take the name first.
+    // Somebody else can take a free name first.
     for (int number = freeNumber(trash, name); number <= MAX_FILES_OF_ONE_NAME; ++number) {
         const Slot slot = slotFor(trash, nameInTrash(name, number));
-        error = writeNew(slot.info, info);
-        if (error == std::errc::file_exists)
-            continue;
-        if (error)
-            return Failure{describe(error)};
-        const QByteArray to(slot.file.c_str());
-        const MoveResult result = renameWithoutReplacing(from, to, options);
+        TrashedFile trashed{{from, toBytes(slot.file), {}}, toBytes(slot.info), info};
+        const MoveResult result = fillSlot(trashed, options);
         if (result.state == MoveResult::State::Moved)
-            return TrashedFile{describeMove(from, to), QByteArray(slot.info.c_str())};
-        // If uncertain, the file may be in the Trash, where it needs its info file.
-        if (result.state == MoveResult::State::Uncertain)
-            return toFailure(result, from, to);
-        ::unlink(slot.info.c_str());
-        error = toErrorCode(result.error);
-        if (error == std::errc::cross_device_link)
+            return trashed;
+        if (result.state == MoveResult::State::NotMoved && result.error == EXDEV)
             return unusableTrash(QStringLiteral("It is on another file system"));
-        if (error != std::errc::file_exists)
-            return Failure{describe(error)};
+        if (result.state != MoveResult::State::NotMoved || result.error != EEXIST)
+            return toFailure(result, from, trashed.file.path);
     }
-    return Failure{describe(error)};
+    return Failure{describe(toErrorCode(EEXIST))};
 }
 
 } // namespace
@@ -310,9 +375,10 @@ std::variant<TrashedFile, Failure> moveToTrash(const QString &path, const MoveOp
 
 PutBackResult restore(const TrashedFile &trashed, const MoveOptions &options)
 {
+    MoveJournal::Entry entry = recordInfo(trashed, options.journal);
     PutBackResult result = renameBack(trashed.file, options);
     if (result.state == PutBackResult::State::Back)
-        ::unlink(trashed.infoFile.constData());
+        removeInfo(trashed, entry);
     return result;
 }
 

@@ -32,7 +32,7 @@ void AppDelegate::applicationWillTerminate()
 void AppDelegate::clearSession()
 {
     if (m_viewModel)
-        m_viewModel->clearAll();
+        m_viewModel->endSession();
 }
 
 } // namespace sonavo

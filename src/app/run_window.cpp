@@ -2,6 +2,7 @@
 
 #include "app/process_exit.h"
 #include "app/sonavo_app.h"
+#include "session/file_job.h"
 
 #include <QApplication>
 #include <QIcon>
@@ -45,6 +46,9 @@ ExitStatus runWindow(int &argc, char **argv, const WindowRequest &request)
     if (!app.launch(request.items))
         return ExitStatus::NoWindow;
     const ExitStatus status = QApplication::exec() == 0 ? ExitStatus::Success : ExitStatus::NoWindow;
+    // The window is gone; a file that is being moved is moved to the end.
+    QApplication::processEvents();
+    fileJobThread().waitForDone();
     forceExitAfter(5s, status);
     return status;
 }

@@ -14,7 +14,7 @@ SceneDelegate::SceneDelegate(DuplicateViewModel *viewModel, QObject *parent)
 bool SceneDelegate::eventFilter(QObject *watched, QEvent *event)
 {
     if (event->type() == QEvent::Close && m_viewModel)
-        m_viewModel->clearAll();
+        m_viewModel->endSession();
     return QObject::eventFilter(watched, event);
 }
 

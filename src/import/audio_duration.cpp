@@ -41,10 +41,9 @@ bool startsWithMpegFrame(const RegularFile &file)
 
 /// Trusts the file's extension. Detecting the format takes several times as long as reading a stored length,
 /// and only a header that no other format has stores one.
-std::optional<double> storedDurationInNamedFormat(const RegularFile &file, const QString &path,
-                                                  const std::stop_token &stop)
+std::optional<double> storedDurationInNamedFormat(const RegularFile &file, const std::stop_token &stop)
 {
-    const std::optional<AudioFormat> format = audioFormatOf(path);
+    const std::optional<AudioFormat> format = audioFormatOf(file.path());
     // The MP3 demuxer searches 64 KB byte by byte when there is no frame at the start.
     if (!format || (format == AudioFormat::Mp3 && !startsWithMpegFrame(file)))
         return std::nullopt;
@@ -66,13 +65,11 @@ std::optional<double> durationInDetectedFormat(const RegularFile &file, const st
 
 } // namespace
 
-std::optional<double> readAudioDuration(const QString &path, const std::stop_token &stop,
-                                        ReadCounter *counter)
+std::optional<double> readAudioDuration(const RegularFile &file, const std::stop_token &stop)
 {
-    const RegularFile file(path, counter);
     if (!file.isOpen())
         return std::nullopt;
-    std::optional<double> duration = storedDurationInNamedFormat(file, path, stop);
+    std::optional<double> duration = storedDurationInNamedFormat(file, stop);
     if (!duration)
         duration = durationInDetectedFormat(file, stop);
     if (!duration || stop.stop_requested())

@@ -2,8 +2,6 @@
 
 #include "import/regular_file.h"
 
-#include <QString>
-
 #include <optional>
 #include <stop_token>
 
@@ -17,14 +15,12 @@ namespace sonavo {
 /// one frame of padding at the end (26 ms at 44.1 kHz) does. A truncated file keeps the length that it
 /// stores.
 ///
-/// Only regular files are opened (through links too), and no other file or address that a file refers to.
-/// Waits for the disk; any thread may call it.
-/// @param path its extension decides which format is tried first
+/// No other file or address that a file refers to is opened. Waits for the disk; any thread may call it.
+/// @param file its extension decides which format is tried first
 /// @param stop ends the reading before its next read
-/// @param counter incremented after every read, if given
-/// @return seconds, zero or more, 0.0 where the length is unknown; nothing when the file cannot be read as
-/// audio or stop was requested
-[[nodiscard]] std::optional<double> readAudioDuration(const QString &path, const std::stop_token &stop = {},
-                                                      ReadCounter *counter = nullptr);
+/// @return seconds, zero or more, 0.0 where the length is unknown; nothing when the file is not open,
+/// cannot be read as audio or stop was requested
+[[nodiscard]] std::optional<double> readAudioDuration(const RegularFile &file,
+                                                      const std::stop_token &stop = {});
 
 } // namespace sonavo

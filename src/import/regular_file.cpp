@@ -7,13 +7,25 @@
 #include <unistd.h>
 
 #include <cerrno>
+#include <utility>
 
 namespace sonavo {
+namespace {
 
-RegularFile::RegularFile(const QString &path, ReadCounter *counter)
-    : m_counter(counter)
+FileNote noteOf(const struct stat &status)
 {
-    const QByteArray name = QFile::encodeName(path);
+    constexpr qint64 NANOSECONDS_PER_SECOND = 1'000'000'000;
+    return {status.st_dev, status.st_ino, status.st_size,
+            status.st_mtim.tv_sec * NANOSECONDS_PER_SECOND + status.st_mtim.tv_nsec};
+}
+
+} // namespace
+
+RegularFile::RegularFile(QString path, ReadCounter *counter)
+    : m_path(std::move(path))
+    , m_counter(counter)
+{
+    const QByteArray name = QFile::encodeName(m_path);
     struct stat status = {};
     if (::stat(name.constData(), &status) != 0 || !S_ISREG(status.st_mode))
         return;
@@ -21,7 +33,7 @@ RegularFile::RegularFile(const QString &path, ReadCounter *counter)
     // The name can have been given to another file in between.
     if (m_descriptor >= 0 && (::fstat(m_descriptor, &status) != 0 || !S_ISREG(status.st_mode)))
         close();
-    m_size = status.st_size;
+    m_note = noteOf(status);
 }
 
 RegularFile::~RegularFile()

@@ -1,5 +1,7 @@
 #pragma once
 
+#include "model/file_note.h"
+
 #include <QString>
 
 #include <sys/types.h>
@@ -20,15 +22,19 @@ class RegularFile
 {
 public:
     /// @param counter incremented after every read, if given; must outlive the file
-    explicit RegularFile(const QString &path, ReadCounter *counter = nullptr);
+    explicit RegularFile(QString path, ReadCounter *counter = nullptr);
     ~RegularFile();
     Q_DISABLE_COPY_MOVE(RegularFile)
 
-    /// Whether there is a readable regular file at the path; nothing else may be called when there is not.
+    /// Whether there is a readable regular file at the path; nothing below may be called when there is not.
     [[nodiscard]] bool isOpen() const { return m_descriptor >= 0; }
 
+    [[nodiscard]] const QString &path() const { return m_path; }
+
+    /// What the file was when it was opened.
+    [[nodiscard]] const FileNote &note() const { return m_note; }
     /// Size in bytes when the file was opened.
-    [[nodiscard]] qint64 size() const { return m_size; }
+    [[nodiscard]] qint64 size() const { return m_note.size; }
 
     /// Waits for the disk.
     /// @param offset bytes from the start of the file
@@ -38,9 +44,10 @@ public:
 private:
     void close();
 
+    const QString m_path;
     ReadCounter *const m_counter;
     int m_descriptor = -1;
-    qint64 m_size = 0;
+    FileNote m_note;
 };
 
 } // namespace sonavo

@@ -49,13 +49,14 @@ std::optional<AudioFileInfo> readAudioFile(const QString &path, const std::stop_
 {
     if (pathExtension(path).compare(u"ds_store", Qt::CaseInsensitive) == 0)
         return std::nullopt;
-    const std::optional<double> duration = readAudioDuration(path, stop, counter);
+    const RegularFile file(path, counter);
+    const std::optional<double> duration = readAudioDuration(file, stop);
     if (!duration)
         return std::nullopt;
     const std::optional<qint64> size = entrySize(path);
     if (!size)
         return std::nullopt;
-    return AudioFileInfo{*duration, *size};
+    return AudioFileInfo{*duration, *size, file.note()};
 }
 
 Song SongBuilder::build(const QString &path, const AudioFileInfo &info)

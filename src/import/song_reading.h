@@ -1,6 +1,7 @@
 #pragma once
 
 #include "import/regular_file.h"
+#include "model/file_note.h"
 #include "model/song.h"
 
 #include <QString>
@@ -18,6 +19,8 @@ struct AudioFileInfo
     /// Bytes of the directory entry: a link counts with its own few, so that it never looks like the best
     /// copy of the file that it points to.
     qint64 size = 0;
+    /// What the file was when it was opened for that.
+    FileNote note = {};
 };
 
 /// Reads an audio file's playing time and size. Waits for the disk; any thread may call it.

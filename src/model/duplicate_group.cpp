@@ -1,45 +1,41 @@
 #include "model/duplicate_group.h"
 
-#include <optional>
+#include "model/saturating.h"
+
+#include <algorithm>
 
 namespace sonavo {
-namespace {
-
-/// The group without one song, if it was a member; nothing if it was the only one.
-std::optional<DuplicateGroup> withoutMember(DuplicateGroup group, const QUuid &deletedId)
-{
-    if (group.original.id == deletedId) {
-        if (group.duplicates.isEmpty())
-            return std::nullopt;
-        group.original = group.duplicates.takeFirst();
-    } else {
-        group.duplicates.removeIf([&deletedId](const Song &song) { return song.id == deletedId; });
-    }
-    return group;
-}
-
-} // namespace
 
 QList<Song> membersOf(const DuplicateGroup &group)
 {
     return QList<Song>{group.original} + group.duplicates;
 }
 
-QList<Song> duplicatesOf(const QList<DuplicateGroup> &groups)
+DuplicateTotals totalsOf(const QList<DuplicateGroup> &groups)
 {
-    QList<Song> songs;
-    for (const DuplicateGroup &group : groups)
-        songs.append(group.duplicates);
-    return songs;
+    DuplicateTotals totals;
+    for (const DuplicateGroup &group : groups) {
+        totals.count += static_cast<int>(group.duplicates.size());
+        for (const Song &song : group.duplicates)
+            totals.bytes = saturatingSum(totals.bytes, song.size);
+    }
+    return totals;
 }
 
-QList<DuplicateGroup> withoutSong(const QList<DuplicateGroup> &groups, const QUuid &songId)
+QList<DuplicateGroup> withoutSongs(const QList<DuplicateGroup> &groups, const QSet<QUuid> &songIds)
 {
+    const auto isDeleted = [&songIds](const Song &song) { return songIds.contains(song.id); };
     QList<DuplicateGroup> remaining;
     remaining.reserve(groups.size());
     for (const DuplicateGroup &group : groups) {
-        if (const auto kept = withoutMember(group, songId))
-            remaining.append(*kept);
+        DuplicateGroup rest = group;
+        rest.duplicates.removeIf(isDeleted);
+        if (isDeleted(rest.original)) {
+            if (rest.duplicates.isEmpty())
+                continue;
+            rest.original = rest.duplicates.takeFirst();
+        }
+        remaining.append(std::move(rest));
     }
     return remaining;
 }

@@ -4,6 +4,7 @@
 
 #include <QList>
 #include <QMetaType>
+#include <QSet>
 #include <QUuid>
 
 namespace sonavo {
@@ -34,12 +35,21 @@ public:
 /// All songs of a group, the original first.
 [[nodiscard]] QList<Song> membersOf(const DuplicateGroup &group);
 
-/// The duplicates of all groups, in order.
-[[nodiscard]] QList<Song> duplicatesOf(const QList<DuplicateGroup> &groups);
+/// Duplicates of some groups; originals do not count.
+struct DuplicateTotals
+{
+    int count = 0;
+    /// The sum of their sizes.
+    qint64 bytes = 0;
 
-/// The groups after one song was deleted. The first duplicate of a group replaces a deleted original. A group
-/// may be left with its original alone; once that is deleted too, the group is dropped.
-[[nodiscard]] QList<DuplicateGroup> withoutSong(const QList<DuplicateGroup> &groups, const QUuid &songId);
+    friend bool operator==(const DuplicateTotals &, const DuplicateTotals &) = default;
+};
+[[nodiscard]] DuplicateTotals totalsOf(const QList<DuplicateGroup> &groups);
+
+/// The groups after some songs were deleted. The first duplicate that is left replaces a deleted original. A
+/// group may be left with its original alone; a group of which nothing is left is dropped.
+[[nodiscard]] QList<DuplicateGroup> withoutSongs(const QList<DuplicateGroup> &groups,
+                                                 const QSet<QUuid> &songIds);
 
 } // namespace sonavo
 

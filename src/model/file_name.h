@@ -1,5 +1,7 @@
 #pragma once
 
+#include <QFile>
+#include <QString>
 #include <QStringView>
 
 namespace sonavo {
@@ -17,6 +19,15 @@ namespace sonavo {
     const QStringView name = fileNameOf(path);
     const qsizetype dot = name.lastIndexOf(u'.');
     return dot > 0 ? name.sliced(dot + 1) : QStringView();
+}
+
+/// A stem and what follows it as one name. The stem is cut after a whole character where the name would take
+/// more than `maxBytes` in the file system's encoding.
+[[nodiscard]] inline QString joinedFileName(QString stem, const QString &suffix, qsizetype maxBytes)
+{
+    while (!stem.isEmpty() && QFile::encodeName(stem + suffix).size() > maxBytes)
+        stem.chop(stem.back().isLowSurrogate() ? 2 : 1);
+    return stem + suffix;
 }
 
 } // namespace sonavo

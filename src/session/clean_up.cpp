@@ -1,8 +1,7 @@
 #include "session/clean_up.h"
 
-#include "actions/duplicates_folder.h"
-#include "actions/file_identity.h"
-#include "model/byte_count.h"
+#include "session/clean_up_text.h"
+#include "session/release.h"
 
 #include <algorithm>
 #include <utility>
@@ -12,100 +11,278 @@ namespace sonavo {
 using namespace std::chrono_literals;
 using ToastType = Notices::ToastType;
 
-CleanUp::CleanUp(Desktop &desktop, Library &library, Preview &preview, Notices &notices,
-                 std::shared_ptr<Pauses> pauses, QObject *parent)
+namespace {
+
+QString undoAction()
+{
+    return QStringLiteral("Undo");
+}
+
+} // namespace
+
+CleanUp::CleanUp(const Session &session, std::shared_ptr<Pauses> pauses, QObject *parent)
     : QObject(parent)
-    , m_desktop(desktop)
-    , m_library(library)
-    , m_preview(preview)
-    , m_notices(notices)
+    , m_session(session)
     , m_pauses(std::move(pauses))
-{}
+{
+    connect(&session.library, &Library::songsChanged, this, &CleanUp::forgetSummaryOfOtherScan);
+    // Nothing can be undone while a scan runs.
+    connect(&session.scan, &Scan::changed, this, [this](const Scan::State &before) {
+        if (!before.isRunning && m_session.scan.state().isRunning)
+            m_session.notices.removeToastAction();
+    });
+}
+
+bool CleanUp::isBusy() const
+{
+    return m_session.job.state().isRunning || m_session.scan.state().isRunning;
+}
+
+WorkBasis CleanUp::basis() const
+{
+    return {m_session.library.scanResult(), m_session.library.notes(), m_history};
+}
+
+CleanUpPlan CleanUp::plan(CleanUpTarget target) const
+{
+    return {.basis = basis(),
+            .target = target,
+            .groups = m_session.library.duplicateGroups(),
+            .files = m_session.library.duplicateTotals().count,
+            .summaryBefore = m_state.summary};
+}
 
 void CleanUp::moveDuplicatesToFolder()
 {
-    stopPreviewOfDuplicates();
-    const QList<DuplicateGroup> groups = m_library.duplicateGroups();
-    if (m_library.duplicateCount() == 0) {
-        m_notices.showToast(QStringLiteral("No duplicates to move"), ToastType::Info);
+    if (isBusy())
         return;
-    }
-
     const QPointer<CleanUp> self(this);
-    const QString parent = m_desktop.chooseFolder(
-        QStringLiteral("Select a folder to move duplicate files to"), QStringLiteral("Select Folder"));
-    if (!self || parent.isEmpty() || !m_library.duplicateGroups().isSharedWith(groups))
+    stopPreviewOfDuplicates();
+    if (!self)
         return;
-
-    auto folder = DuplicatesFolder::create(parent, QDateTime::currentDateTime());
-    if (const auto *failure = std::get_if<Failure>(&folder)) {
-        m_notices.showToast(QStringLiteral("Failed to create folder: %1").arg(failure->reason),
-                            ToastType::Error);
+    CleanUpPlan plan = this->plan(CleanUpTarget::Folder);
+    if (plan.files == 0) {
+        m_session.notices.showToast(QStringLiteral("No duplicates to move"), ToastType::Info);
         return;
     }
-    auto &target = std::get<DuplicatesFolder>(folder);
-    finish(moveDuplicates(groups, target), QStringLiteral("Moved %1 files to folder"),
-           QStringLiteral("Moved %1 files"));
-    m_desktop.copyToClipboard(target.path());
-    announceCopiedPath(&m_notices, m_pauses);
-}
-
-QCoro::Task<> CleanUp::announceCopiedPath(QPointer<Notices> notices, std::shared_ptr<Pauses> pauses)
-{
-    co_await pauses->wait(1s);
-    if (notices)
-        notices->showToast(QStringLiteral("Folder path copied to clipboard"), ToastType::Info);
+    plan.parentFolder = m_session.desktop.chooseFolder(
+        QStringLiteral("Select a folder to move duplicate files to"), QStringLiteral("Select Folder"));
+    if (!self || plan.parentFolder.isEmpty() || isBusy() ||
+        !m_session.library.duplicateGroups().isSharedWith(plan.groups))
+        return;
+    plan.now = QDateTime::currentDateTime();
+    start(plan);
 }
 
 void CleanUp::trashDuplicates()
 {
+    if (isBusy())
+        return;
+    const QPointer<CleanUp> self(this);
     stopPreviewOfDuplicates();
-    finish(sonavo::trashDuplicates(m_library.duplicateGroups()), QStringLiteral("Moved %1 files to Trash"),
-           QStringLiteral("Moved %1 files to Trash"));
+    if (self)
+        start(plan(CleanUpTarget::Trash));
+}
+
+void CleanUp::retry()
+{
+    if (isBusy() || !m_state.summary || m_state.summary->failures.isEmpty())
+        return;
+    CleanUpPlan plan = this->plan(m_state.summary->target);
+    plan.groups = m_state.summary->failedGroups;
+    plan.files = m_state.summary->failures.size();
+    plan.isRetry = true;
+    start(plan);
 }
 
 void CleanUp::stopPreviewOfDuplicates()
 {
-    const QList<Song> duplicates = duplicatesOf(m_library.duplicateGroups());
-    if (std::ranges::any_of(duplicates, [this](const Song &song) { return m_preview.isOf(song); }))
-        m_preview.stop();
+    if (!m_session.preview.state().song)
+        return;
+    const auto hasPlayed = [this](const DuplicateGroup &group) {
+        return std::ranges::any_of(group.duplicates,
+                                   [this](const Song &song) { return m_session.preview.isOf(song); });
+    };
+    if (std::ranges::any_of(m_session.library.duplicateGroups(), hasPlayed))
+        m_session.preview.stop();
 }
 
-void CleanUp::finish(const CleanUpOutcome &outcome, const QString &moved, const QString &partlyMoved)
+void CleanUp::start(const CleanUpPlan &plan)
 {
-    m_library.removeDuplicates();
-    if (outcome.failures.isEmpty()) {
-        m_notices.showToast(QStringLiteral("%1 \u2022 Saved %2")
-                                .arg(moved.arg(outcome.moved.size()), formattedByteCount(outcome.savedBytes)),
-                            ToastType::Success);
+    const QString message = plan.target == CleanUpTarget::Trash
+                                ? QStringLiteral("Moving %1 of %2 to the Trash")
+                                : QStringLiteral("Moving %1 of %2 to the folder");
+    m_session.job.run<CleanedUp>(
+        message, plan.files, [plan](const FileJob::Control &control) { return cleanUp(plan, control); },
+        [self = QPointer<CleanUp>(this), scan = plan.basis.scan.id](const CleanedUp &cleaned) {
+            if (self)
+                self->publish(scan, cleaned);
+        });
+}
+
+void CleanUp::publish(quint64 scan, const CleanedUp &cleaned)
+{
+    Notices &notices = m_session.notices;
+    if (cleaned.folderFailure) {
+        notices.showToast(QStringLiteral("Failed to create folder: %1").arg(cleaned.folderFailure->reason),
+                          ToastType::Error);
+        return;
+    }
+    const QPointer<CleanUp> self(this);
+    // One that the user has started meanwhile.
+    const auto &played = m_session.preview.state().song;
+    if (played && cleaned.removed.contains(played->id))
+        m_session.preview.stop();
+    if (self && isShown(scan)) {
+        m_summaryScan = scan;
+        setHistory(cleaned.history, cleaned.total);
+        if (self && isShown(scan))
+            m_session.library.show(cleaned.lists);
+    } else if (self) {
+        setHistory(cleaned.history);
+    }
+    if (!self)
+        return;
+    const CleanUpSummary &summary = cleaned.summary;
+    const ToastType type = !summary.failures.isEmpty() ? ToastType::Error
+                           : summary.notReached > 0    ? ToastType::Info
+                                                       : ToastType::Success;
+    const bool isUndoable = summary.moved > 0;
+    notices.showToast(toastText(summary), type, isUndoable ? undoAction() : QString());
+    if (self && summary.folder) {
+        m_session.desktop.copyToClipboard(summary.folder->path());
+        announceCopiedPath(this, m_pauses, isUndoable ? m_history.next() : nullptr);
+    }
+}
+
+QCoro::Task<> CleanUp::announceCopiedPath(QPointer<CleanUp> self, std::shared_ptr<Pauses> pauses,
+                                          std::weak_ptr<const UndoStep> step)
+{
+    co_await pauses->wait(1s);
+    if (!self)
+        co_return;
+    const auto next = self->m_history.next();
+    const bool isUndoable = next && next == step.lock() && !self->isBusy();
+    self->m_session.notices.showToast(QStringLiteral("Folder path copied to clipboard"), ToastType::Info,
+                                      isUndoable ? undoAction() : QString());
+}
+
+void CleanUp::deleteSong(const Song &song)
+{
+    if (isBusy())
+        return;
+    const QPointer<CleanUp> self(this);
+    // The caller's can be one that the preview drops here.
+    const Song deleted = song;
+    if (m_session.preview.isOf(deleted)) {
+        m_session.preview.mute();
+        m_session.preview.stop();
+    }
+    if (!self)
+        return;
+    const WorkBasis basis = this->basis();
+    m_session.job.run<DeletedSong>(
+        QStringLiteral("Moving %1 of %2 to the Trash"), 1,
+        [deleted, basis, groups = m_session.library.duplicateGroups()](const FileJob::Control &control) {
+            return sonavo::deleteSong(deleted, groups, basis, control);
+        },
+        [self, deleted, scan = basis.scan.id](const DeletedSong &result) {
+            if (self)
+                self->publish(scan, deleted, result);
+        });
+}
+
+void CleanUp::publish(quint64 scan, const Song &song, const DeletedSong &deleted)
+{
+    Notices &notices = m_session.notices;
+    if (deleted.failure) {
+        notices.showToast(QStringLiteral("Could not delete file: %1").arg(deleted.failure->reason),
+                          ToastType::Error);
+        return;
+    }
+    const QPointer<CleanUp> self(this);
+    Library &library = m_session.library;
+    setHistory(deleted.history);
+    if (self && isShown(scan))
+        library.show({deleted.lists.songs, library.duplicateGroups(), library.duplicateTotals()});
+    if (!self || deleted.wasGone)
+        return;
+    notices.showToast(QStringLiteral("Moved to Trash: %1").arg(song.name), ToastType::Success, undoAction());
+    if (self && isShown(scan))
+        library.show(deleted.lists);
+    // The user can have started one meanwhile that has no row any more.
+    const auto &played = self ? m_session.preview.state().song : std::nullopt;
+    if (played && (played->id == song.id || deleted.alone.contains(played->id)))
+        m_session.preview.stop();
+}
+
+void CleanUp::undo()
+{
+    if (isBusy() || !m_history.next())
+        return;
+    const QPointer<CleanUp> self(this);
+    m_session.notices.removeToastAction();
+    if (!self || isBusy())
+        return;
+    const WorkBasis basis = this->basis();
+    m_session.job.run<UndoneStep>(
+        QStringLiteral("Putting back %1 of %2"), basis.history.next()->files.size(),
+        [basis](const FileJob::Control &control) { return undoNext(basis, control); },
+        [self, scan = basis.scan.id](const UndoneStep &undone) {
+            if (self)
+                self->publish(scan, undone);
+        });
+}
+
+void CleanUp::publish(quint64 scan, const UndoneStep &undone)
+{
+    const QPointer<CleanUp> self(this);
+    if (undone.changesLists && isShown(scan)) {
+        m_session.library.setNotes(undone.notes);
+        setHistory(undone.history, undone.summaryBefore);
+        if (self && isShown(scan))
+            m_session.library.show(undone.lists);
     } else {
-        m_notices.showToast(QStringLiteral("%1 \u2022 %2 failed")
-                                .arg(partlyMoved.arg(outcome.moved.size()))
-                                .arg(outcome.failures.size()),
-                            ToastType::Error);
+        setHistory(undone.history);
     }
+    if (!self)
+        return;
+    const bool isDone = undone.failures.isEmpty();
+    m_session.notices.showToast(undoToastText(undone.restored, undone.failures.size(), undone.notReached),
+                                !isDone                 ? ToastType::Error
+                                : undone.notReached > 0 ? ToastType::Info
+                                                        : ToastType::Success);
+    if (self && !isDone)
+        m_session.notices.raiseAlert(undoAlertText(undone.failures));
 }
 
-// NOLINTNEXTLINE(performance-unnecessary-value-param): a reference could be to a song that is removed here.
-void CleanUp::deleteSong(Song song)
+void CleanUp::setHistory(const UndoHistory &history,
+                         const std::optional<std::shared_ptr<const CleanUpSummary>> &summary)
 {
-    if (m_preview.isOf(song)) {
-        m_preview.mute();
-        m_preview.stop();
-    }
-    if (isGone(song.path)) {
-        m_library.removeSong(song.id);
+    releaseLater(std::exchange(m_history, history));
+    State state = m_state;
+    const auto next = m_history.next();
+    state.undoText = next ? QStringLiteral("Undo %1").arg(next->name) : QString();
+    state.summary = summary.value_or(state.summary);
+    set(std::move(state));
+}
+
+void CleanUp::forgetSummaryOfOtherScan()
+{
+    if (!m_state.summary || isShown(m_summaryScan))
         return;
-    }
-    const auto result = trashSong(song, m_library.duplicateGroups());
-    if (const auto *failure = std::get_if<Failure>(&result)) {
-        m_notices.showToast(QStringLiteral("Could not delete file: %1").arg(failure->reason),
-                            ToastType::Error);
+    State state = m_state;
+    state.summary.reset();
+    set(std::move(state));
+}
+
+void CleanUp::set(State state)
+{
+    if (state == m_state)
         return;
-    }
-    m_library.removeSong(song.id);
-    m_notices.showToast(QStringLiteral("Moved to Trash: %1").arg(song.name), ToastType::Success);
-    m_library.removeFromGroups(song.id);
+    State before = std::exchange(m_state, std::move(state));
+    Q_EMIT changed(before);
+    releaseLater(std::move(before));
 }
 
 } // namespace sonavo

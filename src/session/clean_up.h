@@ -1,10 +1,12 @@
 #pragma once
 
-#include "actions/clean_up.h"
 #include "actions/desktop.h"
+#include "session/clean_up_work.h"
+#include "session/file_job.h"
 #include "session/library.h"
 #include "session/notices.h"
 #include "session/preview.h"
+#include "session/scan.h"
 
 #include <QObject>
 #include <QPointer>
@@ -13,45 +15,92 @@
 
 namespace sonavo {
 
-/// Removes duplicates and songs from the disk and from the library, and shows the outcome in a toast. The
-/// files are moved before a call returns, so there is no state to show. If a song that is removed is being
-/// previewed, the preview is stopped first. Main thread only.
+/// Removes duplicates and songs from the disk and from the library, puts them back, and shows the outcome in
+/// a toast. A job moves the files: each operation returns at once, and while a job or a scan is running, it
+/// does nothing. If a song that is removed is being previewed, the preview is stopped first. Main thread
+/// only.
 class CleanUp : public QObject
 {
     Q_OBJECT
 
 public:
-    /// All must outlive the clean-ups.
-    CleanUp(Desktop &desktop, Library &library, Preview &preview, Notices &notices,
-            std::shared_ptr<Pauses> pauses, QObject *parent = nullptr);
+    struct State
+    {
+        /// As "Undo Move to Trash"; empty when there is nothing to undo.
+        QString undoText;
+        /// Of the last clean-up of all duplicates, until songs are scanned anew or it is undone; may be null.
+        std::shared_ptr<const CleanUpSummary> summary;
+
+        friend bool operator==(const State &, const State &) = default;
+    };
+
+    /// What a clean-up works with; all must outlive it.
+    struct Session
+    {
+        Desktop &desktop;
+        Library &library;
+        Preview &preview;
+        Notices &notices;
+        const Scan &scan;
+        FileJob &job;
+    };
+
+    CleanUp(const Session &session, std::shared_ptr<Pauses> pauses, QObject *parent = nullptr);
+
+    [[nodiscard]] const State &state() const { return m_state; }
 
     /// Moves every duplicate into a new folder inside one that the user chooses, and copies the new folder's
     /// path to the clipboard; a second toast says so after a second. The dialog runs the event loop: when the
     /// result has changed meanwhile, nothing is moved. Duplicates that could not be moved leave the library
-    /// as well.
+    /// as well; those that were not reached because the job was stopped stay.
     void moveDuplicatesToFolder();
 
-    /// Sends every duplicate to the Trash. Duplicates that could not be moved leave the library as well.
+    /// Sends every duplicate to the Trash, in the same way.
     void trashDuplicates();
+
+    /// Tries again to move the songs that the last clean-up could not move, to where it moved the others.
+    void retry();
 
     /// Sends one song's file to the Trash and repairs the group that held it. On failure the library stays as
     /// it is. A song whose file is already gone is removed from the songs without a toast, and stays in its
-    /// group.
-    /// @param song by value: the caller's may be one that the library or the preview drops meanwhile
-    void deleteSong(Song song);
+    /// group. The preview of a song whose group has no duplicates left ends.
+    void deleteSong(const Song &song);
+
+    /// Puts the files of the last step back where they were, and the songs into the library, unless it holds
+    /// those of another scan by now. What could not be put back is named in an alert.
+    void undo();
+
+Q_SIGNALS:
+    void changed(const sonavo::CleanUp::State &before);
 
 private:
-    static QCoro::Task<> announceCopiedPath(QPointer<Notices> notices, std::shared_ptr<Pauses> pauses);
+    static QCoro::Task<> announceCopiedPath(QPointer<CleanUp> self, std::shared_ptr<Pauses> pauses,
+                                            std::weak_ptr<const UndoStep> step);
 
+    [[nodiscard]] bool isBusy() const;
+    [[nodiscard]] bool isShown(quint64 scan) const { return m_session.library.scanResult().id == scan; }
+    [[nodiscard]] WorkBasis basis() const;
+    [[nodiscard]] CleanUpPlan plan(CleanUpTarget target) const;
     void stopPreviewOfDuplicates();
-    /// @param moved, partlyMoved the text when all files were moved and when some failed; %1 is the number
-    void finish(const CleanUpOutcome &outcome, const QString &moved, const QString &partlyMoved);
+    void start(const CleanUpPlan &plan);
 
-    Desktop &m_desktop;
-    Library &m_library;
-    Preview &m_preview;
-    Notices &m_notices;
+    // What a job has done. The library can hold the songs of another scan by then, or none.
+    void publish(quint64 scan, const CleanedUp &cleaned);
+    void publish(quint64 scan, const Song &song, const DeletedSong &deleted);
+    void publish(quint64 scan, const UndoneStep &undone);
+
+    /// @param summary the new one, if it changes
+    void setHistory(const UndoHistory &history,
+                    const std::optional<std::shared_ptr<const CleanUpSummary>> &summary = {});
+    void forgetSummaryOfOtherScan();
+    void set(State state);
+
+    const Session m_session;
     const std::shared_ptr<Pauses> m_pauses;
+    UndoHistory m_history;
+    State m_state;
+    /// The scan that the summary is about.
+    quint64 m_summaryScan = 0;
 };
 
 } // namespace sonavo

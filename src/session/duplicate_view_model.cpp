@@ -1,5 +1,7 @@
 #include "session/duplicate_view_model.h"
 
+#include "session/clean_up_text.h"
+
 #include <QPointer>
 #include <QSignalBlocker>
 
@@ -13,8 +15,8 @@ DuplicateViewModel::DuplicateViewModel(Desktop &desktop, const std::shared_ptr<P
     , m_notices(pauses)
     , m_preview(desktop)
     , m_scan(m_library, m_notices, pauses)
-    , m_importer(desktop, m_library, m_scan, m_notices)
-    , m_cleanUp(desktop, m_library, m_preview, m_notices, pauses)
+    , m_importer(desktop, m_library, m_job, m_scan, m_notices)
+    , m_cleanUp({desktop, m_library, m_preview, m_notices, m_scan, m_job}, pauses)
 {
     Q_ASSERT(!m_colors.isEmpty());
     connect(&m_library, &Library::songsChanged, this, &DuplicateViewModel::songsChanged);
@@ -23,11 +25,27 @@ DuplicateViewModel::DuplicateViewModel(Desktop &desktop, const std::shared_ptr<P
     connect(&m_notices, &Notices::changed, this, &DuplicateViewModel::announceNotices);
     connect(&m_preview, &Preview::changed, this, &DuplicateViewModel::announcePreview);
     connect(&m_importer, &Importer::changed, this, &DuplicateViewModel::announceImporter);
+    connect(&m_job, &FileJob::changed, this, &DuplicateViewModel::announceJob);
+    connect(&m_cleanUp, &CleanUp::changed, this, &DuplicateViewModel::announceCleanUp);
+    // For the number of songs that remain.
+    connect(&m_library, &Library::songsChanged, this, &DuplicateViewModel::cleanUpSummaryChanged);
 }
 
 DuplicateViewModel::~DuplicateViewModel() = default;
 
 void DuplicateViewModel::clearAll()
+{
+    if (!isCleaningUp())
+        reset();
+}
+
+void DuplicateViewModel::endSession()
+{
+    m_job.requestStop();
+    reset();
+}
+
+void DuplicateViewModel::reset()
 {
     {
         // Silent until everything is reset, so that nothing here cancels a scan that a listener starts.
@@ -70,8 +88,9 @@ void DuplicateViewModel::announceNotices(const Notices::State &before)
     announce({
         {&DuplicateViewModel::alertMessageChanged, before.alertMessage != now.alertMessage},
         {&DuplicateViewModel::showAlertChanged, before.isAlertShown != now.isAlertShown},
-        {&DuplicateViewModel::toastChanged,
-         before.toastMessage != now.toastMessage || before.toastType != now.toastType},
+        {&DuplicateViewModel::toastChanged, before.toastMessage != now.toastMessage ||
+                                                before.toastType != now.toastType ||
+                                                before.toastAction != now.toastAction},
         {&DuplicateViewModel::showToastChanged, before.isToastShown != now.isToastShown},
     });
 }
@@ -94,6 +113,24 @@ void DuplicateViewModel::announceImporter(const Importer::State &before)
     });
 }
 
+void DuplicateViewModel::announceJob(const FileJob::State &before)
+{
+    const FileJob::State &now = m_job.state();
+    announce({
+        {&DuplicateViewModel::cleanUpProgressChanged, true},
+        {&DuplicateViewModel::isCleaningUpChanged, before.isRunning != now.isRunning},
+    });
+}
+
+void DuplicateViewModel::announceCleanUp(const CleanUp::State &before)
+{
+    const CleanUp::State &now = m_cleanUp.state();
+    announce({
+        {&DuplicateViewModel::undoTextChanged, before.undoText != now.undoText},
+        {&DuplicateViewModel::cleanUpSummaryChanged, before.summary != now.summary},
+    });
+}
+
 void DuplicateViewModel::announceEverything()
 {
     announce({
@@ -107,9 +144,50 @@ void DuplicateViewModel::announceEverything()
         {&DuplicateViewModel::pendingImportURLsChanged, true},
         {&DuplicateViewModel::showLimitWarningChanged, true},
         {&DuplicateViewModel::isScanningChanged, true},
+        {&DuplicateViewModel::cleanUpProgressChanged, true},
+        {&DuplicateViewModel::isCleaningUpChanged, true},
+        {&DuplicateViewModel::undoTextChanged, true},
+        {&DuplicateViewModel::cleanUpSummaryChanged, true},
         {&DuplicateViewModel::toastChanged, true},
         {&DuplicateViewModel::showToastChanged, true},
     });
+}
+
+void DuplicateViewModel::performToastAction()
+{
+    // There is only one.
+    if (!toastAction().isEmpty())
+        undo();
+}
+
+QString DuplicateViewModel::cleanupAllDescription() const
+{
+    return descriptionOf(m_library.duplicateTotals(), CleanUpTarget::Trash);
+}
+
+QString DuplicateViewModel::moveDuplicatesDescription() const
+{
+    return descriptionOf(m_library.duplicateTotals(), CleanUpTarget::Folder);
+}
+
+QString DuplicateViewModel::cleanUpHeadline() const
+{
+    return hasCleanUpSummary() ? headlineOf(*m_cleanUp.state().summary) : QString();
+}
+
+QString DuplicateViewModel::cleanUpRemaining() const
+{
+    return hasCleanUpSummary() ? remainingText(songCount()) : QString();
+}
+
+QString DuplicateViewModel::cleanUpLosses() const
+{
+    return hasCleanUpSummary() ? m_cleanUp.state().summary->losses : QString();
+}
+
+QList<SongFailure> DuplicateViewModel::cleanUpFailures() const
+{
+    return hasCleanUpSummary() ? m_cleanUp.state().summary->failures : QList<SongFailure>();
 }
 
 QVariant DuplicateViewModel::currentlyPlayingSongVariant() const

@@ -2,6 +2,7 @@
 
 #include "model/color.h"
 #include "session/clean_up.h"
+#include "session/file_job.h"
 #include "session/importer.h"
 #include "session/library.h"
 #include "session/notices.h"
@@ -112,7 +113,7 @@ public:
     [[nodiscard]] int songCount() const { return static_cast<int>(songs().size()); }
     [[nodiscard]] const QList<DuplicateGroup> &duplicateGroups() const { return m_library.duplicateGroups(); }
     [[nodiscard]] int duplicateGroupCount() const { return static_cast<int>(duplicateGroups().size()); }
-    [[nodiscard]] int duplicateCount() const { return m_library.duplicateCount(); }
+    [[nodiscard]] int duplicateCount() const { return m_library.duplicateTotals().count; }
     [[nodiscard]] bool isScanning() const { return m_scan.state().isRunning; }
     [[nodiscard]] double progress() const { return m_scan.state().progress; }
     [[nodiscard]] qint64 processedFiles() const { return m_scan.state().processedFiles; }
@@ -127,22 +128,22 @@ public:
     [[nodiscard]] bool showToast() const { return m_notices.state().isToastShown; }
     [[nodiscard]] const QString &toastMessage() const { return m_notices.state().toastMessage; }
     [[nodiscard]] ToastType toastType() const { return m_notices.state().toastType; }
-    [[nodiscard]] QString toastAction() const { return {}; }
-    [[nodiscard]] QString cleanupAllDescription() const { return {}; }
-    [[nodiscard]] QString moveDuplicatesDescription() const { return {}; }
-    [[nodiscard]] bool isCleaningUp() const { return false; }
-    [[nodiscard]] bool showCleanUpProgress() const { return false; }
-    [[nodiscard]] QString cleanUpMessage() const { return {}; }
-    [[nodiscard]] double cleanUpFraction() const { return 0.0; }
-    [[nodiscard]] QString cleanUpTimeLeft() const { return {}; }
-    [[nodiscard]] bool isCleanUpStopping() const { return false; }
-    [[nodiscard]] QString undoText() const { return {}; }
-    [[nodiscard]] bool hasCleanUpSummary() const { return false; }
-    [[nodiscard]] QString cleanUpHeadline() const { return {}; }
-    [[nodiscard]] QString cleanUpRemaining() const { return {}; }
-    [[nodiscard]] QString cleanUpLosses() const { return {}; }
+    [[nodiscard]] const QString &toastAction() const { return m_notices.state().toastAction; }
+    [[nodiscard]] QString cleanupAllDescription() const;
+    [[nodiscard]] QString moveDuplicatesDescription() const;
+    [[nodiscard]] bool isCleaningUp() const { return m_job.state().isRunning; }
+    [[nodiscard]] bool showCleanUpProgress() const { return m_job.state().isShown; }
+    [[nodiscard]] const QString &cleanUpMessage() const { return m_job.state().message; }
+    [[nodiscard]] double cleanUpFraction() const { return m_job.state().fraction; }
+    [[nodiscard]] const QString &cleanUpTimeLeft() const { return m_job.state().timeLeft; }
+    [[nodiscard]] bool isCleanUpStopping() const { return m_job.state().isStopping; }
+    [[nodiscard]] const QString &undoText() const { return m_cleanUp.state().undoText; }
+    [[nodiscard]] bool hasCleanUpSummary() const { return m_cleanUp.state().summary != nullptr; }
+    [[nodiscard]] QString cleanUpHeadline() const;
+    [[nodiscard]] QString cleanUpRemaining() const;
+    [[nodiscard]] QString cleanUpLosses() const;
     /// Songs that the last clean-up has left where they were, and why.
-    [[nodiscard]] const QList<SongFailure> &cleanUpFailures() const { return m_cleanUpFailures; }
+    [[nodiscard]] QList<SongFailure> cleanUpFailures() const;
     [[nodiscard]] int cleanUpFailureCount() const { return static_cast<int>(cleanUpFailures().size()); }
     [[nodiscard]] const QList<Color> &colors() const { return m_colors; }
 
@@ -173,17 +174,17 @@ public:
     Q_INVOKABLE void moveDuplicatesToFolder() { m_cleanUp.moveDuplicatesToFolder(); }
     Q_INVOKABLE void cleanupAll() { m_cleanUp.trashDuplicates(); }
     Q_INVOKABLE void deleteSong(const sonavo::Song &song) { m_cleanUp.deleteSong(song); }
-
-    /// Ends a clean-up or an undo after the file at hand.
-    Q_INVOKABLE void stopCleanUp() {}
-    /// Puts back the files of the last step that can be undone.
-    Q_INVOKABLE void undo() {}
     /// Tries again to move the songs that the last clean-up could not move.
-    Q_INVOKABLE void retryCleanUp() {}
+    Q_INVOKABLE void retryCleanUp() { m_cleanUp.retry(); }
+    /// Puts back the files of the last step that can be undone.
+    Q_INVOKABLE void undo() { m_cleanUp.undo(); }
+    /// Ends a clean-up or an undo after the file at hand.
+    Q_INVOKABLE void stopCleanUp() { m_job.requestStop(); }
+
     /// Does what the toast's button says.
-    Q_INVOKABLE void performToastAction() {}
-    /// Keeps a toast with a button on screen, as long as the pointer or the keyboard is on it.
-    Q_INVOKABLE void holdToast([[maybe_unused]] bool isHeld) {}
+    Q_INVOKABLE void performToastAction();
+    /// See Notices.
+    Q_INVOKABLE void holdToast(bool isHeld) { m_notices.holdToast(isHeld); }
 
     /// Copies the path of a song's file to the clipboard.
     Q_INVOKABLE void copyPath(const sonavo::Song &song) { m_desktop.copyToClipboard(song.path); }
@@ -191,8 +192,11 @@ public:
     Q_INVOKABLE void revealSong(const sonavo::Song &song) { m_desktop.showInFileViewer(song.path); }
 
     /// Empties the session: cancels a running scan, stops the preview and returns every property to its
-    /// initial value, except those of the toast.
+    /// initial value, except those of the toast. Does nothing while files are being moved.
     Q_INVOKABLE void clearAll();
+    /// The same at the end of the application: files that are being moved do not prevent it, and no further
+    /// one is begun.
+    void endSession();
 
 Q_SIGNALS:
     void songsChanged();
@@ -221,18 +225,21 @@ private:
     void announceNotices(const Notices::State &before);
     void announcePreview(const Preview::State &before);
     void announceImporter(const Importer::State &before);
+    void announceJob(const FileJob::State &before);
+    void announceCleanUp(const CleanUp::State &before);
+    void reset();
     void announceEverything();
     [[nodiscard]] QVariant currentlyPlayingSongVariant() const;
 
     Desktop &m_desktop;
     const QList<Color> m_colors;
     Library m_library;
+    FileJob m_job;
     Notices m_notices;
     Preview m_preview;
     Scan m_scan;
     Importer m_importer;
     CleanUp m_cleanUp;
-    QList<SongFailure> m_cleanUpFailures;
 };
 
 } // namespace sonavo

@@ -30,10 +30,12 @@ QString openPanelRefusal()
 
 } // namespace
 
-Importer::Importer(Desktop &desktop, const Library &library, Scan &scan, Notices &notices, QObject *parent)
+Importer::Importer(Desktop &desktop, const Library &library, const FileJob &job, Scan &scan, Notices &notices,
+                   QObject *parent)
     : QObject(parent)
     , m_desktop(desktop)
     , m_library(library)
+    , m_job(job)
     , m_scan(scan)
     , m_notices(notices)
 {}
@@ -55,6 +57,8 @@ bool Importer::importDroppedItems(const QList<QUrl> &urls)
 
 bool Importer::importDrop(const QList<QUrl> &urls)
 {
+    if (m_job.state().isRunning)
+        return false;
     QList<QUrl> started;
     qsizetype importable = 0;
     for (const QUrl &url : urls) {
@@ -81,6 +85,8 @@ bool Importer::importChosenItems(const QList<QUrl> &urls)
 
 bool Importer::importWithOpenPanel()
 {
+    if (m_job.state().isRunning)
+        return false;
     const QPointer<Importer> self(this);
     const quint64 resetCount = m_resetCount;
     const QList<QUrl> urls = m_desktop.chooseMusic();
@@ -91,6 +97,8 @@ bool Importer::importWithOpenPanel()
 
 bool Importer::importWithinLimits(const QList<QUrl> &urls, const QString &refusal)
 {
+    if (m_job.state().isRunning)
+        return false;
     // The songs of the session count although a scan replaces them: the limit is on the safe side.
     const qint64 total = saturatingSum(m_library.songs().size(), estimateSongCount(urls));
     if (total > MAXIMUM_LIMIT) {
@@ -107,7 +115,7 @@ bool Importer::importWithinLimits(const QList<QUrl> &urls, const QString &refusa
 
 void Importer::startScan(QList<QUrl> urls)
 {
-    if (urls.isEmpty())
+    if (urls.isEmpty() || m_job.state().isRunning)
         return;
     // Announced only after the scan has started, so that nothing here overrides what a listener does.
     const State before = std::exchange(m_state, {.isAsking = m_state.isAsking, .pendingUrls = {}});

@@ -1,6 +1,7 @@
 #pragma once
 
 #include "actions/desktop.h"
+#include "session/file_job.h"
 #include "session/library.h"
 #include "session/notices.h"
 #include "session/scan.h"
@@ -33,7 +34,7 @@ public:
     };
 
     /// All must outlive the importer.
-    Importer(Desktop &desktop, const Library &library, Scan &scan, Notices &notices,
+    Importer(Desktop &desktop, const Library &library, const FileJob &job, Scan &scan, Notices &notices,
              QObject *parent = nullptr);
 
     [[nodiscard]] const State &state() const { return m_state; }
@@ -42,6 +43,7 @@ public:
 
     // Each returns whether a scan was started. An import beyond MAXIMUM_LIMIT raises an alert, one beyond
     // OPTIMAL_LIMIT waits for the user's answer. Songs already in the session count towards both limits.
+    // Nothing is imported while a job moves files.
 
     /// Imports file URLs that were dropped as one item.
     bool importDroppedItems(const QList<QUrl> &urls);
@@ -55,7 +57,7 @@ public:
     bool importWithOpenPanel();
 
     /// Scans without asking, in place of a scan that may be running; nothing is pending then. An empty list
-    /// does nothing.
+    /// does nothing, nor does any while a job moves files.
     /// @param urls may be the pending ones
     void startScan(QList<QUrl> urls);
 
@@ -71,6 +73,7 @@ private:
 
     Desktop &m_desktop;
     const Library &m_library;
+    const FileJob &m_job;
     Scan &m_scan;
     Notices &m_notices;
     State m_state;

@@ -34,13 +34,19 @@ void Notices::clearAlert()
     set(std::move(state));
 }
 
-void Notices::showToast(const QString &message, ToastType type)
+void Notices::showToast(const QString &message, ToastType type, const QString &action)
 {
-    hideToastLater(this);
+    ++m_toastNumber;
+    m_isToastOverdue = false;
+    if (action.isEmpty())
+        hideToastLater(this);
+    else
+        endToastWithAction(this, m_toastNumber);
     State state = m_state;
     state.isToastShown = true;
     state.toastMessage = message;
     state.toastType = type;
+    state.toastAction = action;
     set(std::move(state));
 }
 
@@ -48,14 +54,46 @@ QCoro::Task<> Notices::hideToastLater(QPointer<Notices> self)
 {
     const std::shared_ptr<Pauses> pauses = self->m_pauses;
     co_await pauses->wait(3s);
-    if (self)
+    if (self && self->m_state.toastAction.isEmpty())
         self->setToastShown(false);
+}
+
+QCoro::Task<> Notices::endToastWithAction(QPointer<Notices> self, quint64 number)
+{
+    const std::shared_ptr<Pauses> pauses = self->m_pauses;
+    co_await pauses->wait(8s);
+    if (!self || self->m_toastNumber != number)
+        co_return;
+    self->m_isToastOverdue = true;
+    self->hideOverdueToast();
+}
+
+void Notices::hideOverdueToast()
+{
+    const bool isKept = m_isToastHeld && !m_state.toastAction.isEmpty();
+    if (m_isToastOverdue && !isKept)
+        setToastShown(false);
+}
+
+void Notices::holdToast(bool isHeld)
+{
+    m_isToastHeld = isHeld;
+    hideOverdueToast();
+}
+
+void Notices::removeToastAction()
+{
+    State state = m_state;
+    state.toastAction.clear();
+    set(std::move(state));
 }
 
 void Notices::setToastShown(bool isShown)
 {
     State state = m_state;
     state.isToastShown = isShown;
+    // The view that told it is gone.
+    m_isToastHeld = m_isToastHeld && isShown;
     set(std::move(state));
 }
 

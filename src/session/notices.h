@@ -32,6 +32,8 @@ public:
         bool isToastShown = false;
         QString toastMessage;
         ToastType toastType = ToastType::Info;
+        /// Text of the toast's button; empty without one.
+        QString toastAction;
 
         friend bool operator==(const State &, const State &) = default;
     };
@@ -48,18 +50,30 @@ public:
 
     /// Shows a toast for three seconds. Another one within that time replaces it at once and is hidden when
     /// the time of the first is over.
-    void showToast(const QString &message, ToastType type);
+    /// @param action text of a button; a toast that has one stays for eight seconds whatever was shown before
+    void showToast(const QString &message, ToastType type, const QString &action = {});
     void setToastShown(bool isShown);
+    /// Keeps a toast with a button as long as the pointer or the keyboard is on it, if it is still shown.
+    void holdToast(bool isHeld);
+    /// Takes the button from the toast, which is then like any other.
+    void removeToastAction();
 
 Q_SIGNALS:
     void changed(const sonavo::Notices::State &before);
 
 private:
     static QCoro::Task<> hideToastLater(QPointer<Notices> self);
+    static QCoro::Task<> endToastWithAction(QPointer<Notices> self, quint64 number);
+    void hideOverdueToast();
     void set(State state);
 
     const std::shared_ptr<Pauses> m_pauses;
     State m_state;
+    /// Of the last toast.
+    quint64 m_toastNumber = 0;
+    bool m_isToastHeld = false;
+    /// Whether the time of a toast with a button is over and it only stays because it is held.
+    bool m_isToastOverdue = false;
 };
 
 } // namespace sonavo

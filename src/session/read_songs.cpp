@@ -13,13 +13,14 @@ constexpr std::chrono::milliseconds PAUSE{10};
 
 } // namespace
 
-QCoro::Task<std::optional<QList<Song>>> readSongs(QStringList files, std::shared_ptr<Pauses> pauses,
-                                                  std::stop_token stop,
-                                                  std::function<void(qint64 processed)> reportProgress)
+QCoro::Task<std::optional<ReadSongs>> readSongs(QStringList files, std::shared_ptr<Pauses> pauses,
+                                                std::stop_token stop,
+                                                std::function<void(qint64 processed)> reportProgress)
 {
     SongReadAhead readAhead(files, stop);
-    QList<Song> songs;
-    songs.reserve(files.size());
+    ReadSongs result;
+    result.songs.reserve(files.size());
+    result.notes.reserve(files.size());
     SongBuilder builder;
     qint64 processed = 0;
     while (readAhead.hasMore()) {
@@ -27,8 +28,10 @@ QCoro::Task<std::optional<QList<Song>>> readSongs(QStringList files, std::shared
         if (stop.stop_requested())
             co_return std::nullopt;
         for (const auto &file : batch) {
-            if (file)
-                songs.append(builder.build(files[processed], *file));
+            if (file) {
+                result.songs.append(builder.build(files[processed], *file));
+                result.notes.append(file->note);
+            }
             ++processed;
             if (processed % FILES_PER_REPORT == 0)
                 reportProgress(processed);
@@ -38,7 +41,7 @@ QCoro::Task<std::optional<QList<Song>>> readSongs(QStringList files, std::shared
                 co_return std::nullopt;
         }
     }
-    co_return songs;
+    co_return result;
 }
 
 } // namespace sonavo

@@ -25,6 +25,22 @@ QCoro::Task<QStringList> discoverFiles(QList<QUrl> urls, std::shared_ptr<Pauses>
     co_return co_await discovery.result();
 }
 
+/// The others are not kept: only songs in groups can be cleaned up.
+FileNotes notesOfMembers(const QList<DuplicateGroup> &groups, const ReadSongs &read)
+{
+    FileNotes notes;
+    for (const DuplicateGroup &group : groups) {
+        notes.insert(group.original.id, {});
+        for (const Song &song : group.duplicates)
+            notes.insert(song.id, {});
+    }
+    for (qsizetype i = 0; i < read.songs.size(); ++i) {
+        if (const auto note = notes.find(read.songs[i].id); note != notes.end())
+            *note = read.notes[i];
+    }
+    return notes;
+}
+
 } // namespace
 
 /// One run of the scan. It publishes nothing once it is cancelled or the Scan is destroyed. A listener can do
@@ -72,10 +88,12 @@ public:
         if (isCurrent())
             m_scan->m_library.setSongs(songs);
     }
-    void publishGroups(const QList<DuplicateGroup> &groups) const
+    void publishGroups(const QList<DuplicateGroup> &groups, const FileNotes &notes) const
     {
-        if (isCurrent())
-            m_scan->m_library.setDuplicateGroups(groups);
+        if (!isCurrent())
+            return;
+        m_scan->m_library.setNotes(notes);
+        m_scan->m_library.setDuplicateGroups(groups);
     }
     /// Ends the scan and leaves its progress and message unchanged.
     bool end() const
@@ -146,13 +164,13 @@ QCoro::Task<> Scan::scan(Run run, QList<QUrl> urls, std::shared_ptr<Pauses> paus
             processed, total,
             QStringLiteral("Step 1/4: Processing audio files (%1 of %2)").arg(processed).arg(total));
     };
-    const std::optional<QList<Song>> songs = co_await readSongs(files, pauses, run.stop(), showProgress);
-    if (!songs)
+    const std::optional<ReadSongs> read = co_await readSongs(files, pauses, run.stop(), showProgress);
+    if (!read)
         co_return;
-    run.publishSongs(*songs);
+    run.publishSongs(read->songs);
     if (!run.showStep(0.33, QStringLiteral("Step 2/4: Preparing for duplicate analysis...")))
         co_return;
-    if (songs->isEmpty()) {
+    if (read->songs.isEmpty()) {
         if (run.end(0.0))
             run.raiseAlert(QStringLiteral("No supported audio files found."));
         co_return;
@@ -166,8 +184,8 @@ QCoro::Task<> Scan::scan(Run run, QList<QUrl> urls, std::shared_ptr<Pauses> paus
             state.message = analysis.message.value_or(state.message);
         });
     };
-    const QList<DuplicateGroup> groups = co_await analyzeDuplicates(*songs, pauses, showAnalysis);
-    run.publishGroups(groups);
+    const QList<DuplicateGroup> groups = co_await analyzeDuplicates(read->songs, pauses, showAnalysis);
+    run.publishGroups(groups, notesOfMembers(groups, *read));
     run.end(1.0);
 }
 

@@ -33,13 +33,14 @@ inline std::string contentOf(const fs::path &file)
     return content.str();
 }
 
-/// All files in a folder and below.
+/// All files in a folder and below, but no list of moved files.
 inline Files filesIn(const fs::path &folder)
 {
     Files files;
     std::error_code missing;
     for (const fs::directory_entry &entry : fs::recursive_directory_iterator(folder, missing)) {
-        if (entry.is_symlink() || !entry.is_directory())
+        const bool isList = entry.path().filename().string().starts_with("Moved files");
+        if (!isList && (entry.is_symlink() || !entry.is_directory()))
             files[entry.path().lexically_relative(folder)] = contentOf(entry.path());
     }
     return files;

@@ -21,7 +21,9 @@ TEST_F(DuplicatesFolderTest, IsNamedByDateAndTimeAndMadeWithItsParents)
     const fs::path notYetThere = home.path("not yet/there");
     EXPECT_EQ(pathOf(folderIn(notYetThere)), notYetThere / "Duplicates_2024-03-05_14-07-09");
     EXPECT_TRUE(fs::is_directory(notYetThere / "Duplicates_2024-03-05_14-07-09"));
+    QLocale::setDefault(QLocale(QLocale::Persian));
     EXPECT_EQ(folderIn(parent).path(), folder.path());
+    QLocale::setDefault(QLocale::system());
     EXPECT_EQ(folderIn(parent / "").path(), folder.path());
     const auto failed = DuplicatesFolder::create(toQString(home.add("file")), QDateTime::currentDateTime());
     EXPECT_EQ(std::get<Failure>(failed).reason, QStringLiteral("Not a directory"));
@@ -49,6 +51,75 @@ TEST_F(DuplicatesFolderTest, GivesEveryFileAFreeName)
                                               {"50%1 Who%3F.mp3", "10/50%1 Who%3F.mp3"},
                                               {"50%1 Who%3F (1).mp3", "11/50%1 Who%3F.mp3"}}));
     EXPECT_FALSE(moves(folder, home.path("gone.mp3")));
+}
+
+TEST_F(DuplicatesFolderTest, CutsNamesThatGetTooLong)
+{
+    const std::string longest = "a" + QStringLiteral("\u00e9").repeated(125).toStdString() + ".mp3";
+    for (const char *song : {"1/", "2/"})
+        EXPECT_TRUE(moves(folder, home.add(song + longest, song)));
+    const std::string cut = "a" + QStringLiteral("\u00e9").repeated(123).toStdString() + " (1).mp3";
+    EXPECT_EQ(filesIn(pathOf(folder)), (Files{{longest, "1/"}, {cut, "2/"}}));
+}
+
+TEST_F(DuplicatesFolderTest, ListsWhereItsFilesWereBeforeItHasThem)
+{
+    const fs::path users = PrivateHome::addFile(pathOf(folder) / "Moved files.csv", "of the user");
+    const fs::path list = pathOf(folder) / "Moved files (1).csv";
+    EXPECT_FALSE(moves(folder, home.path("missing.mp3")));
+    EXPECT_FALSE(fs::exists(list));
+    for (const char *song : {"1/a.mp3", "2/a.mp3", "3/b, \"c\".mp3", "4/=1+1.mp3", "5/a\nb.mp3"}) {
+        EXPECT_TRUE(moves(folder, home.add(song)));
+        EXPECT_FALSE(moves(folder, home.path("missing.mp3")));
+    }
+    const std::string home1 = home.path().string(); // ends with a slash
+    EXPECT_EQ(contentOf(list), "New name,Original path\n"
+                               "a.mp3," +
+                                   home1 +
+                                   "1/a.mp3\n"
+                                   "a (1).mp3," +
+                                   home1 +
+                                   "2/a.mp3\n"
+                                   "\"b, \"\"c\"\".mp3\",\"" +
+                                   home1 +
+                                   "3/b, \"\"c\"\".mp3\"\n"
+                                   "./=1+1.mp3," +
+                                   home1 +
+                                   "4/=1+1.mp3\n"
+                                   "\"a\nb.mp3\",\"" +
+                                   home1 + "5/a\nb.mp3\"\n");
+
+    PrivateHome::addFile(list, "changed by the user");
+    EXPECT_TRUE(moves(folder, home.add("6/c.mp3")));
+    EXPECT_EQ(contentOf(users) + ", " + contentOf(list), "of the user, changed by the user");
+    EXPECT_EQ(contentOf(pathOf(folder) / "Moved files (2).csv"),
+              "New name,Original path\nc.mp3," + home1 + "6/c.mp3\n");
+}
+
+TEST_F(DuplicatesFolderTest, TakesBackTheLinesOfFilesThatGoBackAndLeavesNothingBehind)
+{
+    const fs::path list = pathOf(folder) / "Moved files.csv";
+    QList<MovedFile> files;
+    for (const char *song : {"1/a.mp3", "2/a\nb.mp3", "3/a.mp3", "4/a.mp3"})
+        files.append(std::get<MovedFile>(folder.moveHere(toQString(home.add(song)))));
+    const auto goesBack = [&files](int number) {
+        return DuplicatesFolder::moveBack(files[number]).state == PutBackResult::State::Back;
+    };
+    const std::string all = contentOf(list);
+    EXPECT_TRUE(goesBack(3));
+    EXPECT_EQ(contentOf(list), all.substr(0, all.rfind("a (2).mp3")));
+    EXPECT_TRUE(goesBack(1));
+    DuplicatesFolder::forget({files[1], files[3]});
+    const std::string rest = "New name,Original path\na.mp3," + home.path("1/a.mp3").string() +
+                             "\na (1).mp3," + home.path("3/a.mp3").string() + '\n';
+    EXPECT_EQ(contentOf(list), rest);
+    PrivateHome::addFile(list, rest + "added by the user\n");
+    EXPECT_TRUE(goesBack(2) && goesBack(0));
+    DuplicatesFolder::forget(files);
+    EXPECT_EQ(contentOf(list), "New name,Original path\nadded by the user\n");
+    PrivateHome::addFile(list, "New name,Original path\n");
+    DuplicatesFolder::forget(files);
+    EXPECT_TRUE(fs::exists(parent) && !fs::exists(pathOf(folder)));
 }
 
 TEST_F(DuplicatesFolderTest, LosesNothingWhenTwoFillItAtOnce)
@@ -96,6 +167,7 @@ TEST_F(DuplicatesFolderTest, KeepsTheSourceWhenADiskIsFullOrCannotBeWrittenTo)
     const fs::path large = home.add("large.mp3", content);
     EXPECT_FALSE(moves(onDisk, large));
     EXPECT_TRUE(contentOf(large) == content);
+    EXPECT_TRUE(fs::is_empty(pathOf(onDisk)));
     EXPECT_TRUE(moves(onDisk, home.add("small.mp3", "fits")));
     EXPECT_EQ(filesIn(pathOf(onDisk)), (Files{{"small.mp3", "fits"}}));
 

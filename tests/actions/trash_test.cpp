@@ -4,6 +4,7 @@
 #include <QDateTime>
 #include <QRegularExpression>
 
+#include <fcntl.h>
 #include <sys/stat.h>
 #include <unistd.h>
 
@@ -120,12 +121,15 @@ TEST_F(TrashTest, RefusesWhatItCannotMoveAndChangesNothing)
     expectRefusal(home.add("folder.mp3/a.mp3").parent_path(), home.path(), "Not a file");
     expectRefusal({}, home.path(), std::strerror(ENOENT));
     const fs::path song = home.add("kept/a.mp3");
+    const fs::path unreadable = home.add("kept/unreadable.mp3");
+    fs::permissions(unreadable, fs::perms::none);
     fs::permissions(song.parent_path(), fs::perms::owner_read | fs::perms::owner_exec);
     const uid_t user = ::geteuid() == 0 ? 65534 : ::geteuid(); // root can change all folders
     for (const fs::path &folder : {home.path(), song.parent_path()})
         ASSERT_EQ(::chown(folder.c_str(), user, ::getegid()), 0);
     ASSERT_EQ(::seteuid(user), 0);
     expectRefusal(song, home.path(), std::strerror(EACCES));
+    expectRefusal(unreadable, home.path(), std::strerror(EACCES));
     EXPECT_EQ(::seteuid(::getuid()), 0);
     fs::permissions(song.parent_path(), fs::perms::owner_all);
 
@@ -149,8 +153,14 @@ TEST_F(TrashTest, RestoresWhatItTookUnlessTheNameIsTaken)
         fs::remove(file);
         EXPECT_EQ(restore(trashed).state, PutBackResult::State::Back);
     }
-    EXPECT_EQ(filesIn(home.path("music")), before);
     EXPECT_EQ(filesIn(trash), Files());
+
+    const auto trashed = std::get<TrashedFile>(moveToTrash(toQString(song)));
+    const std::string others = std::string(trashed.info) + "Key=value of another program\n";
+    PrivateHome::addFile(trashed.infoFile.toStdString(), others);
+    EXPECT_EQ(restore(trashed).state, PutBackResult::State::Back);
+    EXPECT_EQ(filesIn(home.path("music")), before);
+    EXPECT_EQ(filesIn(trash), (Files{{"info/a.mp3.trashinfo", others}}));
 }
 
 /// With a second disk.
@@ -224,6 +234,42 @@ TEST_F(VolumeTest, CanHoldTheDataFolderOrBeAnotherViewOfIt)
     EXPECT_TRUE(isTrashed(home.add("view/b.mp3")));
     EXPECT_THAT(restorable(volume / "data/Trash"), ElementsAre(Pair(song, "song")));
     EXPECT_THAT(restorable(atItsTop), ElementsAre(Pair("b.mp3", "song")));
+}
+
+TEST_F(VolumeTest, HasATrashAtItsTopWhereTheUserHasNoDataFolder)
+{
+    const int root = ::open("/", O_PATH | O_CLOEXEC);
+    ASSERT_EQ(::chroot(volume.c_str()) + ::chdir("/"), 0);
+    qputenv("XDG_DATA_HOME", "data");
+    qunsetenv("HOME");
+    const bool isMoved = isTrashed(PrivateHome::addFile("/music/a b.mp3", "song"));
+    ASSERT_EQ(::fchdir(root) + ::chroot("."), 0);
+    ::close(root);
+    EXPECT_TRUE(isMoved);
+    EXPECT_THAT(restorable(atItsTop), ElementsAre(Pair("music/a b.mp3", "song")));
+    EXPECT_EQ(filesIn(volume).size(), 2U);
+}
+
+TEST_F(VolumeTest, IsASubvolumeOfBtrfsToo)
+{
+    const fs::path image = home.add("image", "");
+    fs::resize_file(image, 128 << 20);
+    const std::string at = " " + (volume / "disk").string();
+    fs::create_directory(volume / "disk");
+    const std::string make = "mkfs.btrfs " + image.string() + " && mount -o loop " + image.string() + at;
+    if (std::system(("(" + make + ") >/dev/null 2>&1").c_str()) != 0)
+        GTEST_SKIP() << "no btrfs can be made and mounted here";
+    const int made = std::system(("btrfs -q subvolume create" + at + "/Music").c_str());
+    qputenv("XDG_DATA_HOME", (volume / "disk/data").c_str());
+    const fs::path songs = volume / "disk/Music/albums";
+    const bool isInside = isTrashed(PrivateHome::addFile(songs / "a.mp3", "song"));
+    const bool isOutside = isTrashed(PrivateHome::addFile(volume / "disk/b.mp3", "song"));
+    const auto inside = restorable(songs.parent_path() / atItsTop.filename());
+    const auto outside = restorable(volume / "disk/data/Trash");
+    ASSERT_EQ(made + ::umount2((volume / "disk").c_str(), MNT_DETACH), 0);
+    EXPECT_TRUE(isInside && isOutside);
+    EXPECT_THAT(inside, ElementsAre(Pair("albums/a.mp3", "song")));
+    EXPECT_THAT(outside, ElementsAre(Pair((volume / "disk/b.mp3").string(), "song")));
 }
 
 TEST_F(VolumeTest, KeepsItsFilesWhenTheTrashCannotTakeThem)

@@ -31,7 +31,7 @@ protected:
     }
     static void expectDuration(const QString &path, double seconds)
     {
-        EXPECT_NEAR(readAudioDuration(path).value_or(-1), seconds, 0.05) << path.toStdString();
+        EXPECT_NEAR(readAudioDuration(RegularFile(path)).value_or(-1), seconds, 0.05) << path.toStdString();
     }
 
     const QTemporaryDir m_folder;
@@ -71,12 +71,12 @@ TEST_F(ReadAudioDuration, CountsFramesWithoutAHeaderAlsoBehindAPictureAndOfATrun
         SCOPED_TRACE((type + u' ' + options).toStdString());
         const QByteArray content = audioContent(type, SECONDS, options);
         // Encoders add a frame or two at the start and pad the last one.
-        const double whole = readAudioDuration(write(u"x."_s + type, content)).value_or(-1);
+        const double whole = readAudioDuration(RegularFile(write(u"x."_s + type, content))).value_or(-1);
         EXPECT_NEAR(whole, SECONDS + 0.07, 0.08);
         const QByteArray tagged = tag.leftJustified(TAG_SIZE, 'p', true) + content;
-        EXPECT_EQ(readAudioDuration(write(u"tagged."_s + type, tagged)), whole);
+        EXPECT_EQ(readAudioDuration(RegularFile(write(u"tagged."_s + type, tagged))), whole);
         const QByteArray half = content.first(content.size() / 2);
-        const double rest = readAudioDuration(write(u"half."_s + type, half)).value_or(-1);
+        const double rest = readAudioDuration(RegularFile(write(u"half."_s + type, half))).value_or(-1);
         EXPECT_NEAR(rest, whole / 2, options.contains(u"-b:a") ? 0.05 : 0.8);
     }
 }
@@ -107,8 +107,8 @@ TEST_F(ReadAudioDuration, DetectsTheFormatUnderAnyExtensionAndGivesNothingOnceSt
             audioContent(type, SECONDS, type == u"mp3" ? u"-q:a 4 -write_xing 0"_s : QString());
         for (const QString &extension : TYPES) {
             const QString path = write(type + u"_as."_s + extension, content);
-            EXPECT_NEAR(readAudioDuration(path).value_or(0), SECONDS, 0.1) << path.toStdString();
-            EXPECT_FALSE(readAudioDuration(path, stop.get_token())) << path.toStdString();
+            EXPECT_NEAR(readAudioDuration(RegularFile(path)).value_or(0), SECONDS, 0.1) << path.toStdString();
+            EXPECT_FALSE(readAudioDuration(RegularFile(path), stop.get_token())) << path.toStdString();
         }
     }
 }
@@ -129,10 +129,11 @@ TEST_F(ReadAudioDuration, GivesNothingForOtherContentAndOpensNoFileItRefersTo)
     OpenWatch watch(target);
     for (const QByteArray &content : contents) {
         for (const QString &type : TYPES)
-            EXPECT_FALSE(readAudioDuration(write(u"x."_s + type, content))) << content.left(40).toStdString();
+            EXPECT_FALSE(readAudioDuration(RegularFile(write(u"x."_s + type, content))))
+                << content.left(40).toStdString();
     }
     EXPECT_FALSE(watch.sawOpening());
-    EXPECT_TRUE(readAudioDuration(target));
+    EXPECT_TRUE(readAudioDuration(RegularFile(target)));
     EXPECT_TRUE(watch.sawOpening());
 }
 
@@ -144,7 +145,7 @@ TEST_F(ReadAudioDuration, OpensOnlyRegularFiles)
     ASSERT_TRUE(QDir(m_folder.path()).mkdir(u"folder.mp3"_s));
     OpenWatch watch(m_folder.path());
     for (const QString &name : {u"pipe.mp3"_s, u"link.wav"_s, u"device.mp3"_s, u"folder.mp3"_s})
-        EXPECT_FALSE(readAudioDuration(m_folder.filePath(name))) << name.toStdString();
+        EXPECT_FALSE(readAudioDuration(RegularFile(m_folder.filePath(name)))) << name.toStdString();
     EXPECT_FALSE(watch.sawOpening());
 }
 

@@ -7,6 +7,7 @@
 #include <QTemporaryDir>
 
 #include <gtest/gtest.h>
+#include <sys/stat.h>
 
 namespace sonavo {
 namespace {
@@ -41,7 +42,7 @@ TEST(LoadSong, TakesArtistTitleTypeAndFolderFromThePath)
     }
 }
 
-TEST(LoadSong, GivesALinkItsOwnSizeAndNothingForFolderSettingsAndWhatCannotBeRead)
+TEST(LoadSong, GivesALinkItsOwnSizeButTheNoteOfItsFileAndNothingForFolderSettingsAndWhatCannotBeRead)
 {
     const QTemporaryDir folder;
     const QByteArray content = smallAudio(u"FLAC"_s, 2).content;
@@ -49,6 +50,11 @@ TEST(LoadSong, GivesALinkItsOwnSizeAndNothingForFolderSettingsAndWhatCannotBeRea
     const QString link = folder.filePath(u"link.flac"_s);
     ASSERT_TRUE(QFile::link(u"x.flac"_s, link));
     EXPECT_EQ(loadSong(link).value_or(Song()).size, 6);
+    struct stat file = {};
+    ASSERT_EQ(::stat(QFile::encodeName(path).constData(), &file), 0);
+    const qint64 modified = file.st_mtim.tv_sec * 1'000'000'000LL + file.st_mtim.tv_nsec;
+    EXPECT_EQ(readAudioFile(link).value_or(AudioFileInfo()).note,
+              (FileNote{file.st_dev, file.st_ino, content.size(), modified}));
     EXPECT_FALSE(loadSong(writeFile(folder.filePath(u"x.DS_Store"_s), content)));
     writeFile(path, "text");
     EXPECT_FALSE(loadSong(path));

@@ -26,7 +26,8 @@ protected:
     Library library;
     Notices notices{pauses};
     Scan scan{library, notices, pauses};
-    Importer importer{desktop, library, scan, notices};
+    const FileJob job;
+    Importer importer{desktop, library, job, scan, notices};
 };
 
 TEST_F(ImporterTest, AsksBeforeALargeImportAndRefusesAHugeOne)
@@ -66,7 +67,7 @@ TEST_F(ImporterTest, ImportsWhatIsChosenUnlessTheSessionWasClearedMeanwhile)
     desktop.choice = {song};
     desktop.onChoice = [this] { importer.reset(); };
     EXPECT_FALSE(importer.importWithOpenPanel());
-    auto gone = std::make_unique<Importer>(desktop, library, scan, notices);
+    auto gone = std::make_unique<Importer>(desktop, library, job, scan, notices);
     desktop.onChoice = [&gone] { gone.reset(); };
     EXPECT_FALSE(gone->importWithOpenPanel());
     EXPECT_FALSE(scan.state().isRunning);

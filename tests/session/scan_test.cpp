@@ -1,3 +1,4 @@
+#include "import/song_reading.h"
 #include "session/scan.h"
 #include "testing/audio_fixtures.h"
 #include "testing/music_folder.h"
@@ -115,6 +116,22 @@ TEST_F(ScanTest, PublishesItsStepsInOrderAndSongsInThatOfTheFiles)
                             "running 0.05 250/250 Step 1/4: Grouping by exact title...",
                             "running 1 250/250 Step 4/4: Deep comparison of remaining songs...", "1 groups",
                             "idle 1 250/250 "));
+}
+
+TEST_F(ScanTest, NotesTheFilesOfTheSongsInGroupsAlone)
+{
+    const MusicFolder folder;
+    for (const QString &name : {u"a/Ada - One.flac"_s, u"b/Cora - Two.flac"_s, u"c/Ada - One.flac"_s})
+        folder.addSong(name);
+    scan(folder.urls());
+    ASSERT_EQ(session->library.duplicateGroups().size(), 1);
+    FileNotes expected;
+    for (const Song &song : membersOf(session->library.duplicateGroups()[0]))
+        expected[song.id] = readAudioFile(song.path).value_or(AudioFileInfo()).note;
+    EXPECT_EQ(expected.size(), 2);
+    EXPECT_EQ(session->library.notes(), expected);
+    session->library.clear();
+    EXPECT_THAT(session->library.notes(), IsEmpty());
 }
 
 /// A scan that makes every kind of change and pause, and those that end in an alert.

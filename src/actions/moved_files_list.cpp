@@ -1,0 +1,268 @@
+#include "actions/moved_files_list.h"
+
+#include "actions/folders.h"
+
+#include <QFile>
+#include <QHash>
+#include <QSaveFile>
+#include <QSet>
+
+#include <fcntl.h>
+#include <sys/stat.h>
+#include <system_error>
+#include <unistd.h>
+
+#include <algorithm>
+#include <cerrno>
+#include <filesystem>
+#include <utility>
+
+namespace sonavo {
+namespace {
+
+const QByteArray HEADER = QByteArrayLiteral("New name,Original path\n");
+/// Ends the search for a free name on a file system that misbehaves.
+constexpr int MAX_LISTS = 10'000;
+
+QByteArray quoted(QByteArray field)
+{
+    const auto isSpecial = [](char c) { return c == ',' || c == '"' || c == '\n' || c == '\r'; };
+    return std::ranges::any_of(field, isSpecial) ? '"' + field.replace('"', "\"\"") + '"' : field;
+}
+
+QByteArray lineOf(const QByteArray &from, const QByteArray &to)
+{
+    QByteArray name = to.sliced(to.lastIndexOf('/') + 1);
+    if (!name.isEmpty() && QByteArrayView("=+-@\t\r").contains(name.front()))
+        name.prepend("./");
+    std::error_code error;
+    const std::filesystem::path absolute = std::filesystem::absolute(from.constData(), error);
+    return quoted(name) + ',' + quoted(error ? from : QByteArray(absolute.c_str())) + '\n';
+}
+
+/// The lines after the header. A quoted field may contain line breaks.
+QList<QByteArray> linesIn(const QByteArray &content)
+{
+    QList<QByteArray> lines;
+    bool isQuoted = false;
+    qsizetype begin = HEADER.size();
+    for (qsizetype i = begin; i < content.size(); ++i) {
+        isQuoted = isQuoted != (content[i] == '"');
+        if (isQuoted || content[i] != '\n')
+            continue;
+        lines.append(content.sliced(begin, i + 1 - begin));
+        begin = i + 1;
+    }
+    if (begin < content.size())
+        lines.append(content.sliced(begin));
+    return lines;
+}
+
+/// An open list; it is closed with the object.
+class OpenList
+{
+public:
+    explicit OpenList(int descriptor)
+        : m_descriptor(descriptor)
+    {}
+    OpenList(const QByteArray &path, int flags)
+        : OpenList(::open(path.constData(), flags | O_NOFOLLOW | O_NONBLOCK | O_CLOEXEC))
+    {}
+    ~OpenList()
+    {
+        if (m_descriptor >= 0)
+            ::close(m_descriptor);
+    }
+    Q_DISABLE_COPY_MOVE(OpenList)
+
+    [[nodiscard]] int get() const { return m_descriptor; }
+    [[nodiscard]] int release() { return std::exchange(m_descriptor, -1); }
+
+    [[nodiscard]] std::optional<FileSnapshot> snapshot() const
+    {
+        const auto snapshot = takeSnapshot(m_descriptor);
+        const auto *file = std::get_if<FileSnapshot>(&snapshot);
+        return file && S_ISREG(file->mode) && contains(HEADER, 0) ? std::optional(*file) : std::nullopt;
+    }
+
+    /// Where the last line begins; nothing if it is another one.
+    [[nodiscard]] std::optional<qint64> offsetOfLast(const QByteArray &line) const
+    {
+        const auto file = snapshot();
+        const qint64 offset = file ? file->size - line.size() : 0;
+        return offset >= HEADER.size() && contains(line, offset) ? std::optional(offset) : std::nullopt;
+    }
+
+    /// Removes everything from an offset on, and the list with its only line.
+    [[nodiscard]] bool cutTo(qint64 offset, const QByteArray &path) const
+    {
+        const bool isEmpty = offset == HEADER.size();
+        return (isEmpty ? ::unlink(path.constData()) : ::ftruncate(m_descriptor, offset)) == 0;
+    }
+
+    /// @return an error number, 0 for success
+    [[nodiscard]] int append(const QByteArray &text) const
+    {
+        const ssize_t size = ::write(m_descriptor, text.constData(), static_cast<std::size_t>(text.size()));
+        if (size != text.size())
+            return size < 0 ? errno : ENOSPC;
+        return ::fdatasync(m_descriptor) == 0 ? 0 : errno;
+    }
+
+private:
+    [[nodiscard]] bool contains(const QByteArray &text, qint64 offset) const
+    {
+        QByteArray there(text.size(), '\0');
+        const auto size = static_cast<std::size_t>(there.size());
+        return ::pread(m_descriptor, there.data(), size, offset) == there.size() && there == text;
+    }
+
+    int m_descriptor;
+};
+
+/// Removes the last line of a list, and the list with its only line.
+/// @return its size afterwards; nothing if its last line is another one or it could not be changed
+std::optional<qint64> cutLast(const QByteArray &path, const QByteArray &line)
+{
+    const OpenList list(path, O_RDWR);
+    const auto offset = list.offsetOfLast(line);
+    return offset && list.cutTo(*offset, path) ? offset : std::nullopt;
+}
+
+/// Writes a list anew without some of its lines.
+void rewrite(const QByteArray &path, const QSet<QByteArray> &unwanted)
+{
+    QFile list(QFile::decodeName(path));
+    const auto before = openAndTakeSnapshot(path);
+    if (!std::holds_alternative<FileSnapshot>(before) || !list.open(QIODevice::ReadOnly))
+        return;
+    const QByteArray content = list.readAll();
+    if (!content.startsWith(HEADER))
+        return;
+    QByteArray rest = HEADER;
+    for (const QByteArray &line : linesIn(content)) {
+        if (!unwanted.contains(line))
+            rest += line;
+    }
+    const KnownFile old{path, std::get<FileSnapshot>(before)};
+    if (rest == HEADER) {
+        if (isUntouched(old))
+            ::unlink(path.constData());
+        return;
+    }
+    QSaveFile written(list.fileName());
+    const bool isWritten = rest != content && written.open(QIODevice::WriteOnly) &&
+                           written.write(rest) == rest.size() && isUntouched(old);
+    if (isWritten)
+        written.commit();
+}
+
+MoveJournal::Entry recordLine(const QByteArray &list, const QByteArray &line, qint64 offset,
+                              const QByteArray &from, const QByteArray &to, MoveJournal *journal)
+{
+    return MoveJournal::recordIn(journal, {.kind = Leftover::Kind::Line,
+                                           .path = list,
+                                           .finalPath = to,
+                                           .source = from,
+                                           .content = line,
+                                           .offset = offset});
+}
+
+} // namespace
+
+MovedFilesList::MovedFilesList(QByteArray folder)
+    : m_folder(std::move(folder))
+{}
+
+std::variant<MoveJournal::Entry, int> MovedFilesList::add(const QByteArray &from, const QByteArray &to,
+                                                          MoveJournal *journal)
+{
+    const int descriptor = openForAppending();
+    if (descriptor < 0)
+        return -descriptor;
+    const OpenList list(descriptor);
+    const qint64 offset = m_file->snapshot.size;
+    m_lastLine = lineOf(from, to);
+    MoveJournal::Entry entry = recordLine(m_file->path, m_lastLine, offset, from, to, journal);
+    const int error = list.append(m_lastLine);
+    if (error == 0) {
+        m_file->snapshot.size += m_lastLine.size();
+        return entry;
+    }
+    if (!list.cutTo(offset, m_file->path))
+        entry.keep();
+    if (offset == HEADER.size())
+        m_file.reset();
+    return error;
+}
+
+int MovedFilesList::openForAppending()
+{
+    if (m_file) {
+        OpenList list(m_file->path, O_RDWR | O_APPEND);
+        const auto now = list.snapshot();
+        const FileSnapshot &old = m_file->snapshot;
+        const bool isFile = now && (!old.hasLastingInode || now->inode == old.inode);
+        if (isFile && now->size == old.size)
+            return list.release();
+        m_file.reset();
+    }
+    int descriptor = -EEXIST;
+    for (int number = 0; number < MAX_LISTS && descriptor == -EEXIST; ++number) {
+        const QByteArray suffix = number == 0 ? QByteArray() : " (" + QByteArray::number(number) + ')';
+        descriptor = create(m_folder + "/Moved files" + suffix + ".csv");
+    }
+    return descriptor;
+}
+
+int MovedFilesList::create(const QByteArray &path)
+{
+    OpenList list(::open(path.constData(), O_RDWR | O_CREAT | O_EXCL | O_APPEND | O_CLOEXEC, 0666));
+    if (list.get() < 0)
+        return -errno;
+    int error = list.append(HEADER);
+    if (error == 0)
+        error = flushFolder(m_folder);
+    const auto made = list.snapshot();
+    if (error == 0 && made) {
+        m_file = KnownFile{path, *made};
+        return list.release();
+    }
+    ::unlink(path.constData());
+    return error != 0 ? -error : -EIO;
+}
+
+bool MovedFilesList::takeBack()
+{
+    const auto size = m_file ? cutLast(m_file->path, m_lastLine) : std::nullopt;
+    if (!size)
+        return false;
+    m_file->snapshot.size = *size;
+    if (size == HEADER.size())
+        m_file.reset();
+    return true;
+}
+
+MoveJournal::Entry MovedFilesList::recordRemoval(const MovedFile &file, MoveJournal *journal)
+{
+    const QByteArray line = lineOf(file.originalPath, file.path);
+    const auto offset = OpenList(file.list, O_RDONLY).offsetOfLast(line);
+    return offset ? recordLine(file.list, line, *offset, file.originalPath, file.path, journal)
+                  : MoveJournal::Entry();
+}
+
+bool MovedFilesList::removeLast(const MovedFile &file)
+{
+    return cutLast(file.list, lineOf(file.originalPath, file.path)).has_value();
+}
+
+void MovedFilesList::remove(const QList<MovedFile> &files)
+{
+    QHash<QByteArray, QSet<QByteArray>> unwanted;
+    for (const MovedFile &file : files)
+        unwanted[file.list].insert(lineOf(file.originalPath, file.path));
+    for (auto it = unwanted.cbegin(); it != unwanted.cend(); ++it)
+        rewrite(it.key(), it.value());
+}
+
+} // namespace sonavo

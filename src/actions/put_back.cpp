@@ -1,0 +1,100 @@
+#include "actions/file_move.h"
+#include "actions/folders.h"
+
+#include <QFile>
+
+#include <sys/vfs.h>
+#include <system_error>
+
+#include <linux/magic.h>
+
+namespace sonavo {
+namespace {
+
+using State = PutBackResult::State;
+
+QString describe(int error)
+{
+    return QString::fromLocal8Bit(std::generic_category().message(error));
+}
+
+PutBackResult stays(const QString &reason)
+{
+    return {State::Stays, reason};
+}
+
+/// Whether a file is the one that was moved away, where it was before. It is another inode if it was on
+/// another disk meanwhile.
+bool isBack(const FileSnapshot &now, FileSnapshot moved)
+{
+    moved.hasLastingInode = moved.hasLastingInode && moved.device == now.device;
+    return isSameFile(now, moved);
+}
+
+/// Whether the disk that a path was on is there: where it is not, no path on it leads anywhere.
+/// @param device of the file that was there
+bool isDiskThere(const QByteArray &path, dev_t device)
+{
+    QByteArray folder = parentFolderOf(path);
+    auto snapshot = takeSnapshot(folder + "/.");
+    while (std::holds_alternative<int>(snapshot) && folder != parentFolderOf(folder)) {
+        folder = parentFolderOf(folder);
+        snapshot = takeSnapshot(folder + "/.");
+    }
+    struct statfs status = {};
+    // In an overlay, files and folders can have different devices.
+    const bool isOverlay =
+        ::statfs(folder.constData(), &status) == 0 && status.f_type == OVERLAYFS_SUPER_MAGIC;
+    const auto *now = std::get_if<FileSnapshot>(&snapshot);
+    return isOverlay || (now && now->device == device);
+}
+
+/// When the file is not where it was moved to.
+/// @param error of looking there; 0 when another file is there
+PutBackResult lookAtOldPath(const MovedFile &file, int error)
+{
+    const QString path = QFile::decodeName(file.path);
+    const auto snapshot = lookAt(file.originalPath);
+    const auto *now = std::get_if<FileSnapshot>(&snapshot);
+    if (now && file.snapshot && isBack(*now, *file.snapshot))
+        return {State::Back, {}, *now};
+    if (error == 0)
+        return stays(QStringLiteral("The file at %1 is not the one that was moved there").arg(path));
+    if (!meansGone(error))
+        return stays(describe(error));
+    if (file.snapshot && !isDiskThere(file.path, file.snapshot->device))
+        return stays(QStringLiteral("The disk of %1 is not there").arg(path));
+    if (!now && !meansGone(std::get<int>(snapshot)))
+        return stays(describe(std::get<int>(snapshot)));
+    return {State::Gone, QStringLiteral("The file is neither at %1 nor at %2 any more")
+                             .arg(path, QFile::decodeName(file.originalPath))};
+}
+
+PutBackResult moveBackWith(MoveResult (*move)(const QByteArray &, const QByteArray &, const MoveOptions &),
+                           const MovedFile &file, const MoveOptions &options)
+{
+    const auto snapshot = lookAt(file.path);
+    const auto *now = std::get_if<FileSnapshot>(&snapshot);
+    if (!now || !file.snapshot || !isSameFile(*now, *file.snapshot))
+        return lookAtOldPath(file, now ? 0 : std::get<int>(snapshot));
+    if (const int error = makeFolders(parentFolderOf(file.originalPath)))
+        return stays(describe(error));
+    const MoveResult result = move(file.path, file.originalPath, options);
+    if (result.state != MoveResult::State::Moved)
+        return stays(toFailure(result, file.path, file.originalPath).reason);
+    return {State::Back, {}, describeMove(file.path, file.originalPath, result).snapshot};
+}
+
+} // namespace
+
+PutBackResult renameBack(const MovedFile &file, const MoveOptions &options)
+{
+    return moveBackWith(renameWithoutReplacing, file, options);
+}
+
+PutBackResult moveBack(const MovedFile &file, const MoveOptions &options)
+{
+    return moveBackWith(moveWithoutReplacing, file, options);
+}
+
+} // namespace sonavo

@@ -1,0 +1,277 @@
+#include "actions/unfinished_moves.h"
+
+#include "actions/file_move.h"
+#include "actions/move_journal.h"
+
+#include <QDir>
+#include <QFile>
+#include <QRandomGenerator>
+
+#include <fcntl.h>
+#include <sys/stat.h>
+#include <system_error>
+#include <unistd.h>
+
+#include <cerrno>
+#include <cstdio>
+#include <filesystem>
+#include <functional>
+#include <utility>
+
+namespace sonavo {
+namespace {
+
+using Kind = Leftover::Kind;
+
+enum class Outcome
+{
+    Finished,
+    TryLater,
+};
+
+enum class Presence
+{
+    There,
+    NotThere,
+    /// The disk is not there, or does not tell.
+    Unknown,
+};
+
+/// FAT rounds times down to two seconds.
+constexpr qint64 COARSEST_TIME = 2'000'000'000;
+
+QByteArray folderOf(const QByteArray &path)
+{
+    return path.first(path.lastIndexOf('/') + 1);
+}
+
+/// Unreadable files can be moved as well: they are looked at from outside.
+std::variant<FileSnapshot, int> lookAt(const QByteArray &path)
+{
+    auto snapshot = openAndTakeSnapshot(path);
+    const auto *error = std::get_if<int>(&snapshot);
+    return error && (*error == EACCES || *error == EPERM) ? takeSnapshot(path) : snapshot;
+}
+
+Presence presenceOf(const QByteArray &path)
+{
+    const auto snapshot = takeSnapshot(path);
+    const auto *error = std::get_if<int>(&snapshot);
+    if (!error)
+        return Presence::There;
+    const bool hasFolder = std::holds_alternative<FileSnapshot>(takeSnapshot(folderOf(path)));
+    return meansGone(*error) && hasFolder ? Presence::NotThere : Presence::Unknown;
+}
+
+/// A disk can get another device number when the machine starts.
+bool isSameFileAfterRestart(const FileSnapshot &now, FileSnapshot before)
+{
+    before.device = now.device;
+    return isSameFile(now, before);
+}
+
+Presence presenceOfSource(const Leftover &leftover)
+{
+    const auto snapshot = lookAt(leftover.source);
+    const auto *now = std::get_if<FileSnapshot>(&snapshot);
+    if (!now)
+        return presenceOf(leftover.source) == Presence::NotThere ? Presence::NotThere : Presence::Unknown;
+    const bool isSame = leftover.sourceSnapshot && isSameFileAfterRestart(*now, *leftover.sourceSnapshot);
+    return isSame ? Presence::There : Presence::NotThere;
+}
+
+QByteArray contentOf(const QByteArray &path, qint64 maxSize)
+{
+    QFile file(QFile::decodeName(path));
+    return file.open(QIODevice::ReadOnly | QIODevice::Unbuffered) ? file.read(maxSize) : QByteArray();
+}
+
+QByteArray targetOf(const QByteArray &link)
+{
+    std::error_code error;
+    return QByteArray(std::filesystem::read_symlink(link.constData(), error).c_str());
+}
+
+bool isMadeAfterRecord(const FileSnapshot &file, const MoveJournal::Unfinished &record)
+{
+    return record.made ? isSameFileAfterRestart(file, *record.made)
+                       : file.modified >= record.recorded - COARSEST_TIME;
+}
+
+/// An info file can have been left over before all of it was written.
+bool isNoteOf(const QByteArray &path, const FileSnapshot &file, const MoveJournal::Unfinished &record)
+{
+    const QByteArray &note = record.leftover.content;
+    if (!S_ISREG(file.mode) || file.size > note.size())
+        return false;
+    const QByteArray content = contentOf(path, note.size() + 1);
+    return content == note || (note.startsWith(content) && isMadeAfterRecord(file, record));
+}
+
+/// Whether what is at a path is what the record is about.
+bool isLeftover(const QByteArray &path, const MoveJournal::Unfinished &record)
+{
+    const Leftover &leftover = record.leftover;
+    const auto snapshot = takeSnapshot(path);
+    const auto *file = std::get_if<FileSnapshot>(&snapshot);
+    if (!file)
+        return false;
+    switch (leftover.kind) {
+    case Kind::Copy:
+        return S_ISREG(file->mode) && record.made && isSameFileAfterRestart(*file, *record.made) &&
+               file->size == leftover.sourceSnapshot->size;
+    case Kind::Placeholder:
+        return S_ISREG(file->mode) && file->size == 0 && isMadeAfterRecord(*file, record);
+    case Kind::SecondName:
+        return file->hardLinks > 1 && isSameFileAfterRestart(*file, *leftover.sourceSnapshot);
+    case Kind::NewLink:
+        return S_ISLNK(file->mode) && targetOf(path) == leftover.content;
+    case Kind::Note:
+        return isNoteOf(path, *file, record);
+    case Kind::PrivateName:
+    case Kind::Line:
+        break;
+    }
+    return false;
+}
+
+/// Renames what is under a private name back to its old one.
+Outcome putBack(const QByteArray &privateName, const QByteArray &oldName, MoveJournal &journal)
+{
+    MoveOptions options;
+    options.journal = &journal;
+    const MoveResult result = renameWithoutReplacing(privateName, oldName, options);
+    if (result.state == MoveResult::State::Moved)
+        return Outcome::Finished;
+    const auto aside = takeSnapshot(privateName);
+    const auto old = takeSnapshot(oldName);
+    const auto *asideFile = std::get_if<FileSnapshot>(&aside);
+    const auto *oldFile = std::get_if<FileSnapshot>(&old);
+    // Where renaming takes a second name in between, the file can have both.
+    const bool hasBoth = asideFile && oldFile && asideFile->hasLastingInode && asideFile->hardLinks > 1 &&
+                         isSameFile(*asideFile, *oldFile);
+    return hasBoth && ::unlink(privateName.constData()) == 0 ? Outcome::Finished : Outcome::TryLater;
+}
+
+/// Removes a file if it may go, even where somebody puts another one in its place meanwhile: it is renamed,
+/// looked at once more, and only then removed.
+Outcome remove(const QByteArray &path, MoveJournal &journal,
+               const std::function<bool(const QByteArray &)> &mayGo)
+{
+    if (!mayGo(path))
+        return Outcome::Finished;
+    const QByteArray privateName =
+        folderOf(path) + ".sonavo-" + QByteArray::number(QRandomGenerator::system()->generate64(), 16);
+    auto entry = journal.record({.kind = Kind::PrivateName, .path = privateName, .source = path});
+    const int error = ::rename(path.constData(), privateName.constData()) == 0 ? 0 : errno;
+    if (presenceOf(privateName) == Presence::NotThere)
+        return meansGone(error) ? Outcome::Finished : Outcome::TryLater;
+    if (mayGo(privateName) && ::unlink(privateName.constData()) == 0)
+        return Outcome::Finished;
+    if (putBack(privateName, path, journal) == Outcome::Finished)
+        return Outcome::Finished;
+    entry.keep();
+    return Outcome::TryLater;
+}
+
+/// Removes what stands beside the source: a copy, a second name, a link or an empty file.
+Outcome removeBesideSource(const MoveJournal::Unfinished &record, MoveJournal &journal)
+{
+    const Leftover &leftover = record.leftover;
+    if (!leftover.sourceSnapshot)
+        return Outcome::Finished;
+    const Presence source = presenceOfSource(leftover);
+    if (source != Presence::There)
+        return source == Presence::NotThere ? Outcome::Finished : Outcome::TryLater;
+    if (presenceOf(leftover.path) == Presence::Unknown)
+        return Outcome::TryLater;
+
+    const auto isBesideSource = [&] { return presenceOfSource(leftover) == Presence::There; };
+    if (leftover.kind != Kind::Copy)
+        return remove(leftover.path, journal,
+                      [&](const QByteArray &path) { return isLeftover(path, record) && isBesideSource(); });
+    // The name of a copy that is not complete is its proof: nobody else makes such a name.
+    if (::unlink(leftover.path.constData()) != 0 && !meansGone(errno))
+        return Outcome::TryLater;
+    return remove(leftover.finalPath, journal,
+                  [&](const QByteArray &path) { return isLeftover(path, record) && isBesideSource(); });
+}
+
+Outcome putBackSource(const Leftover &leftover, MoveJournal &journal)
+{
+    switch (presenceOf(leftover.path)) {
+    case Presence::There:
+        return putBack(leftover.path, leftover.source, journal);
+    case Presence::NotThere:
+        return Outcome::Finished;
+    case Presence::Unknown:
+        break;
+    }
+    return Outcome::TryLater;
+}
+
+Outcome removeNote(const MoveJournal::Unfinished &record, MoveJournal &journal)
+{
+    const Leftover &leftover = record.leftover;
+    const Presence file = presenceOf(leftover.finalPath);
+    if (file == Presence::Unknown || presenceOf(leftover.path) == Presence::Unknown)
+        return Outcome::TryLater;
+    if (file == Presence::There)
+        return Outcome::Finished;
+    return remove(leftover.path, journal, [&](const QByteArray &path) {
+        return isLeftover(path, record) && presenceOf(leftover.finalPath) == Presence::NotThere;
+    });
+}
+
+Outcome removeLine(const Leftover &leftover)
+{
+    const Presence file = presenceOf(leftover.finalPath);
+    if (file != Presence::NotThere)
+        return file == Presence::There ? Outcome::Finished : Outcome::TryLater;
+    QFile list(QFile::decodeName(leftover.path));
+    if (!list.open(QIODevice::ReadWrite | QIODevice::ExistingOnly | QIODevice::Unbuffered))
+        return presenceOf(leftover.path) == Presence::NotThere ? Outcome::Finished : Outcome::TryLater;
+    if (!list.seek(leftover.offset))
+        return Outcome::TryLater;
+    const QByteArray end = list.read(leftover.content.size() + 1);
+    const bool isLast = !end.isEmpty() && leftover.content.startsWith(end);
+    return !isLast || list.resize(leftover.offset) ? Outcome::Finished : Outcome::TryLater;
+}
+
+Outcome cleanUp(const MoveJournal::Unfinished &record, MoveJournal &journal)
+{
+    switch (record.leftover.kind) {
+    case Kind::Copy:
+    case Kind::Placeholder:
+    case Kind::SecondName:
+    case Kind::NewLink:
+        return removeBesideSource(record, journal);
+    case Kind::PrivateName:
+        return putBackSource(record.leftover, journal);
+    case Kind::Note:
+        return removeNote(record, journal);
+    case Kind::Line:
+        return removeLine(record.leftover);
+    }
+    return Outcome::Finished; // a later version's
+}
+
+} // namespace
+
+void cleanUpUnfinishedMoves(const QString &folder)
+{
+    const QDir journals(folder);
+    for (const QString &name : journals.entryList({QStringLiteral("*.moves")}, QDir::Files | QDir::Hidden)) {
+        const auto journal = MoveJournal::takeOver(journals.filePath(name));
+        if (!journal)
+            continue;
+        auto records = journal->takeUnfinished();
+        while (!records.empty() && cleanUp(records.back(), *journal) == Outcome::Finished)
+            records.pop_back();
+        // Those before one that has to wait can depend on it.
+        for (MoveJournal::Unfinished &record : records)
+            record.entry.keep();
+    }
+}
+
+} // namespace sonavo

@@ -1,0 +1,36 @@
+#pragma once
+
+#include "model/duplicate_group.h"
+#include "session/clean_up_summary.h"
+
+#include <QList>
+#include <QString>
+
+#include <chrono>
+
+namespace sonavo {
+
+/// A number with a comma after thousands: "1,234".
+[[nodiscard]] QString groupedNumber(qint64 number);
+
+/// What a clean-up would do: "Move 344 duplicates (1.2 GB) to the Trash".
+[[nodiscard]] QString descriptionOf(const DuplicateTotals &duplicates, CleanUpTarget target);
+
+/// The toast after a clean-up: "Moved 12 files to Trash \u2022 Saved 84.3 MB".
+[[nodiscard]] QString toastText(const CleanUpSummary &summary);
+/// "30 files moved to the Trash \u2022 1.2 GB"
+[[nodiscard]] QString headlineOf(const CleanUpSummary &summary);
+/// "150 songs remain"
+[[nodiscard]] QString remainingText(qint64 songs);
+
+/// The toast after an undo: "30 files put back".
+/// @param notReached files that stay because the undo was stopped
+[[nodiscard]] QString undoToastText(qint64 restored, qint64 failed, qint64 notReached);
+/// Names the songs that were not put back, up to ten of them, and the reasons.
+[[nodiscard]] QString undoAlertText(const QList<SongFailure> &failures);
+
+/// How long a job will still take at its speed so far, as "About 2 minutes left".
+/// @return empty in the first two seconds, and for a job that takes no more than five
+[[nodiscard]] QString timeLeftText(std::chrono::milliseconds elapsed, qint64 done, qint64 total);
+
+} // namespace sonavo

@@ -1,0 +1,222 @@
+#include "session/clean_up_work.h"
+
+#include "actions/file_identity.h"
+#include "actions/move_journal.h"
+#include "actions/unfinished_moves.h"
+#include "model/saturating.h"
+
+#include <algorithm>
+#include <utility>
+#include <variant>
+
+namespace sonavo {
+namespace {
+
+/// The journal of a job, after what an earlier process has left over was removed.
+class JobJournal
+{
+public:
+    JobJournal() { cleanUpUnfinishedMoves(moveJournalFolder()); }
+
+    [[nodiscard]] CleanUpOptions options(const FileJob::Control &control, const FileNotes &notes)
+    {
+        return {.stop = control.stop,
+                .journal = &m_journal,
+                .notes = notes,
+                .reportProgress = control.reportProgress};
+    }
+
+private:
+    MoveJournal m_journal{moveJournalFolder()};
+};
+
+QSet<QUuid> idsOf(const QList<Song> &songs)
+{
+    QSet<QUuid> ids;
+    for (const Song &song : songs)
+        ids.insert(song.id);
+    return ids;
+}
+
+/// The duplicates that a clean-up has reached, and the groups that have none left.
+Removal removalBy(const CleanUpOutcome &outcome, const QList<DuplicateGroup> &groups)
+{
+    const QSet<QUuid> staying = idsOf(outcome.notReached);
+    Removal removal;
+    for (const DuplicateGroup &group : groups) {
+        bool isEmptied = true;
+        for (const Song &song : group.duplicates) {
+            if (staying.contains(song.id))
+                isEmptied = false;
+            else
+                removal.songs.insert(song.id);
+        }
+        if (isEmptied)
+            removal.members.insert(group.original.id);
+    }
+    removal.members.unite(removal.songs);
+    return removal;
+}
+
+/// A retry adds only what it has moved: the others are missing already.
+Removal removalByRetry(const CleanUpOutcome &outcome)
+{
+    QSet<QUuid> moved;
+    for (const DisposedSong &disposed : outcome.moved)
+        moved.insert(disposed.song.id);
+    return {moved, moved};
+}
+
+/// @param retried what a retry has done
+/// @param notReached what it has not reached stays among the failures
+CleanUpSummary sumOf(const CleanUpSummary &first, CleanUpSummary retried, const QList<Song> &notReached)
+{
+    retried.moved += first.moved;
+    retried.saved = saturatingSum(retried.saved, first.saved);
+    QStringList losses{first.losses, retried.losses};
+    losses.removeAll(QString());
+    losses.removeDuplicates();
+    retried.losses = losses.join(u'\n');
+    const QSet<QUuid> waiting = idsOf(notReached);
+    for (const SongFailure &failure : first.failures) {
+        if (waiting.contains(failure.song.id))
+            retried.failures.append(failure);
+    }
+    return retried;
+}
+
+/// The groups of some failures, with these alone as duplicates.
+QList<DuplicateGroup> groupsOf(const QList<SongFailure> &failures, QList<DuplicateGroup> groups)
+{
+    QSet<QUuid> failed;
+    for (const SongFailure &failure : failures)
+        failed.insert(failure.song.id);
+    if (failed.isEmpty())
+        return {};
+    for (DuplicateGroup &group : groups)
+        group.duplicates.removeIf([&failed](const Song &song) { return !failed.contains(song.id); });
+    groups.removeIf([](const DuplicateGroup &group) { return group.duplicates.isEmpty(); });
+    return groups;
+}
+
+bool isMember(const DuplicateGroup &group, const QUuid &id)
+{
+    const auto isSong = [&id](const Song &song) { return song.id == id; };
+    return isSong(group.original) || std::ranges::any_of(group.duplicates, isSong);
+}
+
+/// Adds what a clean-up has done to the result.
+void summarize(const CleanUpOutcome &outcome, const CleanUpPlan &plan, CleanedUp &result)
+{
+    CleanUpSummary &summary = result.summary;
+    summary.moved = outcome.moved.size();
+    summary.saved = outcome.savedBytes;
+    summary.notReached = outcome.notReached.size();
+    summary.failures = outcome.failures;
+    // Nothing to do changes nothing.
+    if (plan.files == 0) {
+        result.total = plan.summaryBefore;
+        return;
+    }
+    CleanUpSummary total =
+        plan.isRetry ? sumOf(*plan.summaryBefore, summary, outcome.notReached) : summary;
+    total.failedGroups = groupsOf(total.failures, plan.groups);
+    result.total = std::make_shared<const CleanUpSummary>(std::move(total));
+}
+
+} // namespace
+
+CleanedUp cleanUp(const CleanUpPlan &plan, const FileJob::Control &control)
+{
+    CleanedUp result;
+    result.summary.target = plan.target;
+    if (plan.isRetry) {
+        result.summary.folder = plan.summaryBefore->folder;
+    } else if (plan.target == CleanUpTarget::Folder) {
+        auto folder = DuplicatesFolder::create(plan.parentFolder, plan.now);
+        if (const auto *failure = std::get_if<Failure>(&folder)) {
+            result.folderFailure = *failure;
+            return result;
+        }
+        result.summary.folder =
+            std::make_shared<DuplicatesFolder>(std::get<DuplicatesFolder>(std::move(folder)));
+    }
+
+    JobJournal journal;
+    const CleanUpOptions options = journal.options(control, plan.basis.notes);
+    const CleanUpOutcome outcome = plan.target == CleanUpTarget::Folder
+                                       ? moveDuplicates(plan.groups, *result.summary.folder, options)
+                                       : trashDuplicates(plan.groups, options);
+    summarize(outcome, plan, result);
+    const Removal removal = plan.isRetry ? removalByRetry(outcome) : removalBy(outcome, plan.groups);
+    result.removed = removal.songs;
+    result.history = plan.basis.history;
+    if (outcome.moved.isEmpty()) {
+        result.history.addRemoval(plan.basis.scan.id, removal);
+    } else {
+        result.history.add({.name = plan.target == CleanUpTarget::Trash ? QStringLiteral("Move to Trash")
+                                                                        : QStringLiteral("Move to Folder"),
+                            .scan = plan.basis.scan.id,
+                            .removal = removal,
+                            .files = outcome.moved,
+                            .summaryBefore = plan.summaryBefore});
+    }
+    result.lists = result.history.applyTo(plan.basis.scan);
+    return result;
+}
+
+DeletedSong deleteSong(const Song &song, const QList<DuplicateGroup> &groups, const WorkBasis &basis,
+                       const FileJob::Control &control)
+{
+    DeletedSong result;
+    result.history = basis.history;
+    JobJournal journal;
+    if (isGone(song.path)) {
+        result.wasGone = true;
+        result.history.addRemoval(basis.scan.id, {.songs = {song.id}, .members = {}});
+        result.lists = result.history.applyTo(basis.scan);
+        return result;
+    }
+    QList<DuplicateGroup> groupsOfSong;
+    std::ranges::copy_if(groups, std::back_inserter(groupsOfSong),
+                         [&song](const DuplicateGroup &group) { return isMember(group, song.id); });
+    const auto trashed = trashSong(song, groupsOfSong, journal.options(control, basis.notes));
+    if (const auto *failure = std::get_if<Failure>(&trashed)) {
+        result.failure = *failure;
+        return result;
+    }
+    result.history.add({.name = QStringLiteral("Move to Trash"),
+                        .scan = basis.scan.id,
+                        .removal = {.songs = {song.id}, .members = {song.id}},
+                        .files = {std::get<DisposedSong>(trashed)},
+                        .summaryBefore = {}});
+    result.lists = result.history.applyTo(basis.scan);
+    for (const DuplicateGroup &group : withoutSongs(groupsOfSong, {song.id})) {
+        if (group.duplicates.isEmpty())
+            result.alone.append(group.original.id);
+    }
+    return result;
+}
+
+UndoneStep undoNext(const WorkBasis &basis, const FileJob::Control &control)
+{
+    const std::shared_ptr<const UndoStep> step = basis.history.next();
+    JobJournal journal;
+    const UndoOutcome outcome = putBack(step->files, journal.options(control, {}));
+
+    UndoneStep result;
+    result.history = basis.history;
+    result.history.undone(outcome, basis.scan);
+    result.notes = basis.notes;
+    result.notes.insert(outcome.notes);
+    result.restored = outcome.restored.size();
+    result.failures = outcome.failures + outcome.gone;
+    result.notReached = step->files.size() - result.restored - result.failures.size();
+    result.summaryBefore = step->summaryBefore;
+    result.changesLists = step->scan == basis.scan.id && result.restored > 0;
+    if (result.changesLists)
+        result.lists = result.history.applyTo(basis.scan);
+    return result;
+}
+
+} // namespace sonavo

@@ -1,0 +1,72 @@
+#pragma once
+
+#include "actions/clean_up.h"
+#include "session/clean_up_summary.h"
+#include "session/library.h"
+
+#include <QList>
+#include <QSet>
+#include <QString>
+#include <QUuid>
+
+#include <memory>
+#include <optional>
+
+namespace sonavo {
+
+/// What is not shown any more of the result of a scan.
+struct Removal
+{
+    /// Ids that are missing from the songs.
+    QSet<QUuid> songs;
+    /// Ids that are missing from the groups; a song without a file can be in its group still.
+    QSet<QUuid> members;
+};
+
+/// A step of the session that can be undone.
+struct UndoStep
+{
+    /// What was done, as in "Undo Move to Trash".
+    QString name;
+    /// The scan whose result it has changed; see ScanResult::id.
+    quint64 scan = 0;
+    Removal removal;
+    /// What was moved and has not been put back, in the order in which it was moved.
+    QList<DisposedSong> files;
+    /// For a clean-up of all duplicates: the summary before it, which can be null.
+    std::optional<std::shared_ptr<const CleanUpSummary>> summaryBefore;
+};
+
+/// The steps that can be undone, the last first. A plain value whose copies share the steps.
+///
+/// What is shown is the result of the scan without the removals of all steps, so that steps can be undone in
+/// any order: each leaves the lists as if it had never been, except for files that are still away.
+class UndoHistory
+{
+public:
+    /// The step that is undone next; null when there is none.
+    [[nodiscard]] std::shared_ptr<const UndoStep> next() const;
+
+    void add(UndoStep step);
+    /// A change of the lists that cannot be undone.
+    void addRemoval(quint64 scan, const Removal &removal);
+
+    /// Replaces the next step, whose files were to be put back, by what is left of it. A step of which
+    /// nothing could be put back goes below all others, so that it does not block them.
+    /// @param scan what the lists are shown of
+    void undone(const UndoOutcome &outcome, const ScanResult &scan);
+
+    /// What is left of the result of a scan after all steps.
+    [[nodiscard]] SongLists applyTo(const ScanResult &scan) const;
+
+private:
+    [[nodiscard]] Removal removalFrom(quint64 scan) const;
+
+    /// The last one is the next.
+    QList<std::shared_ptr<const UndoStep>> m_steps;
+    /// Of the latest scan, by what cannot be undone.
+    quint64 m_scan = 0;
+    Removal m_removal;
+};
+
+} // namespace sonavo
