@@ -14,14 +14,16 @@
 
 namespace sonavo {
 
-bool SystemCallListener::start(const std::vector<unsigned> &numbers, Handler handler)
+bool SystemCallListener::start(const std::vector<unsigned> &numbers, Handler handler, Stops stops)
 {
+    const unsigned listed = stops == Stops::OnlyTheseCalls ? SECCOMP_RET_USER_NOTIF : SECCOMP_RET_ALLOW;
+    const unsigned others = stops == Stops::OnlyTheseCalls ? SECCOMP_RET_ALLOW : SECCOMP_RET_USER_NOTIF;
     std::vector<sock_filter> program{BPF_STMT(BPF_LD | BPF_W | BPF_ABS, offsetof(seccomp_data, nr))};
     for (const unsigned number : numbers) {
         program.push_back(BPF_JUMP(BPF_JMP | BPF_JEQ | BPF_K, number, 0, 1));
-        program.push_back(BPF_STMT(BPF_RET | BPF_K, SECCOMP_RET_USER_NOTIF));
+        program.push_back(BPF_STMT(BPF_RET | BPF_K, listed));
     }
-    program.push_back(BPF_STMT(BPF_RET | BPF_K, SECCOMP_RET_ALLOW));
+    program.push_back(BPF_STMT(BPF_RET | BPF_K, others));
     const sock_fprog filter{static_cast<unsigned short>(program.size()), program.data()};
     // Before the filter, so that it does not hold for this thread.
     m_thread = std::jthread(
@@ -72,13 +74,14 @@ void SystemCallListener::answer(const seccomp_notif_resp &response) const
 
 std::optional<int>
 runInChild(const std::function<int()> &work, const std::vector<unsigned> &numbers,
-           const std::function<void(const SystemCallListener &, const seccomp_notif &)> &handler)
+           const std::function<void(const SystemCallListener &, const seccomp_notif &)> &handler,
+           SystemCallListener::Stops stops)
 {
     const pid_t child = ::fork();
     if (child == 0) {
         SystemCallListener listener;
         const auto handle = [&](const seccomp_notif &call) { handler(listener, call); };
-        ::_exit(listener.start(numbers, handle) ? work() : NOT_ALLOWED);
+        ::_exit(listener.start(numbers, handle, stops) ? work() : NOT_ALLOWED);
     }
     int status = 0;
     ::waitpid(child, &status, 0);

@@ -21,9 +21,16 @@ public:
     /// waits.
     using Handler = std::function<void(const seccomp_notif &)>;
 
-    /// @param numbers the calls to stop, such as SYS_unlink
+    enum class Stops
+    {
+        OnlyTheseCalls,
+        AllOtherCalls,
+    };
+
+    /// @param numbers of calls, such as SYS_unlink
     /// @return whether this process may do that
-    [[nodiscard]] bool start(const std::vector<unsigned> &numbers, Handler handler);
+    [[nodiscard]] bool start(const std::vector<unsigned> &numbers, Handler handler,
+                             Stops stops = Stops::OnlyTheseCalls);
 
     // To be called from any thread, for every call once.
     void letThrough(quint64 id) const;
@@ -45,11 +52,12 @@ private:
 constexpr int NOT_ALLOWED = 77;
 
 /// Runs work in a copy of this process, some of whose system calls are stopped.
-/// @param numbers the calls, such as SYS_unlink
-/// @param handler has to answer them
+/// @param numbers, stops as in SystemCallListener
+/// @param handler has to answer the calls that are stopped
 /// @return what the work returned, 0 to 255; nothing when the process was killed
 [[nodiscard]] std::optional<int>
 runInChild(const std::function<int()> &work, const std::vector<unsigned> &numbers,
-           const std::function<void(const SystemCallListener &, const seccomp_notif &)> &handler);
+           const std::function<void(const SystemCallListener &, const seccomp_notif &)> &handler,
+           SystemCallListener::Stops stops = SystemCallListener::Stops::OnlyTheseCalls);
 
 } // namespace sonavo

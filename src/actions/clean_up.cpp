@@ -39,7 +39,7 @@ QString unreadable(int error)
 }
 
 /// Opens the file that a path leads to and reads from it.
-Look lookAt(const QString &path)
+Look readableFile(const QString &path)
 {
     std::error_code error;
     const QByteArray resolved(std::filesystem::canonical(QFile::encodeName(path).constData(), error).c_str());
@@ -56,9 +56,9 @@ Look lookAt(const QString &path)
 }
 
 /// The same for a song, whose file must be the one that was read.
-Look lookAt(const Song &song, const FileNotes &notes)
+Look unchangedFile(const Song &song, const FileNotes &notes)
 {
-    Look look = lookAt(song.path);
+    Look look = readableFile(song.path);
     const auto *file = std::get_if<KnownFile>(&look);
     const auto note = notes.constFind(song.id);
     if (file && note != notes.constEnd() && !isAsNoted(file->snapshot, *note))
@@ -92,7 +92,7 @@ PutBackResult putFileBack(const DisposedFile &file, const MoveOptions &options)
 {
     if (const auto *trashed = std::get_if<TrashedFile>(&file))
         return restore(*trashed, options);
-    return moveBack(std::get<MovedFile>(file), options);
+    return DuplicatesFolder::moveBack(std::get<MovedFile>(file), options);
 }
 
 const MovedFile &movedFile(const DisposedFile &file)
@@ -169,6 +169,8 @@ private:
     std::optional<KnownFile> m_original;
     std::vector<Moved> m_moved;
     QSet<FileEntry> m_movedEntries;
+    QList<MovedFile> m_movedBack;
+    qsizetype m_disposals = 0;
     CleanUpOutcome m_outcome;
 };
 
@@ -212,7 +214,7 @@ void DuplicateRemover::remove(const Song &song)
         return passOverOrFail(song);
     if (m_originals.contains(*identity))
         return;
-    const Look look = lookAt(song, m_options.notes);
+    const Look look = unchangedFile(song, m_options.notes);
     if (const auto *wrong = std::get_if<QString>(&look))
         return fail(song, QStringLiteral("The file %1").arg(*wrong));
     if (const QString wrong = whatIsWrongWithOriginal(); !wrong.isEmpty())
@@ -240,7 +242,7 @@ QString DuplicateRemover::whatIsWrongWithOriginal()
         const bool isSame = stateOf(*m_original) == FileState::Same;
         return isSame ? QString() : QStringLiteral("is gone or has been changed meanwhile");
     }
-    const Look look = lookAt(m_group->original, m_options.notes);
+    const Look look = unchangedFile(m_group->original, m_options.notes);
     if (const auto *wrong = std::get_if<QString>(&look))
         return *wrong;
     m_original = std::get<KnownFile>(look);
@@ -257,6 +259,7 @@ void DuplicateRemover::dispose(const Song &song, const FileIdentity &identity, c
             fail(song, failure->reason);
         return;
     }
+    ++m_disposals;
     const Moved moved{song, std::get<DisposedFile>(result), file, *m_original};
     if (!hasSurvived(*m_original, file))
         return putBack(moved);
@@ -267,12 +270,15 @@ void DuplicateRemover::dispose(const Song &song, const FileIdentity &identity, c
 void DuplicateRemover::putBack(const Moved &moved)
 {
     const PutBackResult result = putFileBack(moved.file, unstoppable(m_options));
-    const QString reason =
-        result.state != PutBackResult::State::Back
-            ? QStringLiteral("The original of its group is gone or was changed. The file is at %1 now: %2")
-                  .arg(pathOf(moved.file), result.reason)
-            : QStringLiteral("The original of its group is gone or was changed, so the file was put back");
-    fail(moved.song, reason);
+    if (result.state != PutBackResult::State::Back)
+        return fail(
+            moved.song,
+            QStringLiteral("The original of its group is gone or was changed. The file is at %1 now: %2")
+                .arg(pathOf(moved.file), result.reason));
+    if (const auto *file = std::get_if<MovedFile>(&moved.file))
+        m_movedBack.append(*file);
+    fail(moved.song,
+         QStringLiteral("The original of its group is gone or was changed, so the file was put back"));
 }
 
 /// The original of one group can vanish with a duplicate of another.
@@ -289,6 +295,9 @@ void DuplicateRemover::checkOriginalsAgain()
             putBack(moved);
     });
     std::erase_if(m_moved, mustGoBack);
+    // With nothing in it, the folder would be removed, and its path is told to the user.
+    if (m_disposals > m_movedBack.size())
+        DuplicatesFolder::forget(m_movedBack);
 }
 
 bool DuplicateRemover::hasSurvivedAll(const KnownFile &original) const
@@ -309,6 +318,11 @@ void DuplicateRemover::report(const Moved &moved)
     m_outcome.songsWithLostAttributes += lost.isEmpty() ? 0 : 1;
     m_outcome.lostAttributes += lost;
     m_outcome.lostAttributes.removeDuplicates();
+}
+
+QString whyItStays(const QString &path, const QString &reason)
+{
+    return reason.contains(path) ? reason : QStringLiteral("It stays at %1: %2").arg(path, reason);
 }
 
 /// The other members of the groups that hold a song.
@@ -352,7 +366,7 @@ CleanUpOutcome moveDuplicates(const QList<DuplicateGroup> &groups, DuplicatesFol
 std::variant<DisposedSong, Failure> trashSong(const Song &song, const QList<DuplicateGroup> &groups,
                                               const CleanUpOptions &options)
 {
-    const Look look = lookAt(song, options.notes);
+    const Look look = unchangedFile(song, options.notes);
     if (const auto *wrong = std::get_if<QString>(&look))
         return Failure{QStringLiteral("The file %1.").arg(*wrong)};
     const auto &file = std::get<KnownFile>(look);
@@ -367,7 +381,7 @@ std::variant<DisposedSong, Failure> trashSong(const Song &song, const QList<Dupl
         if (areOneFile(*identity, *otherIdentity) || isShownTwice(file, otherIdentity->file))
             return Failure{QStringLiteral(
                 "Another song of this group is the very same file and would be gone as well.")};
-        if (const Look otherLook = lookAt(other.path); std::holds_alternative<KnownFile>(otherLook))
+        if (const Look otherLook = readableFile(other.path); std::holds_alternative<KnownFile>(otherLook))
             others.push_back(std::get<KnownFile>(otherLook));
     }
     const auto result = moveToTrash(song.path, moveOptions(options));
@@ -387,6 +401,7 @@ std::variant<DisposedSong, Failure> trashSong(const Song &song, const QList<Dupl
 UndoOutcome putBack(const QList<DisposedSong> &songs, const CleanUpOptions &options)
 {
     UndoOutcome outcome;
+    QList<MovedFile> movedBack;
     qint64 done = 0;
     for (auto disposed = songs.rbegin(); disposed != songs.rend(); ++disposed) {
         if (options.stop.stop_requested())
@@ -395,18 +410,20 @@ UndoOutcome putBack(const QList<DisposedSong> &songs, const CleanUpOptions &opti
         const PutBackResult result = putFileBack(disposed->file, moveOptions(options));
         if (result.state == PutBackResult::State::Back) {
             outcome.restored.append(song);
-            const Look look = lookAt(song.path);
+            if (const auto *file = std::get_if<MovedFile>(&disposed->file))
+                movedBack.append(*file);
+            const Look look = readableFile(song.path);
             if (const auto *file = std::get_if<KnownFile>(&look))
                 outcome.notes.insert(song.id, noteOf(file->snapshot));
         } else if (result.state == PutBackResult::State::Gone) {
             outcome.gone.append({song, result.reason});
         } else if (!options.stop.stop_requested()) {
-            outcome.failures.append(
-                {song, QStringLiteral("It stays at %1: %2").arg(pathOf(disposed->file), result.reason)});
+            outcome.failures.append({song, whyItStays(pathOf(disposed->file), result.reason)});
         }
         if (options.reportProgress)
             options.reportProgress(++done);
     }
+    DuplicatesFolder::forget(movedBack);
     return outcome;
 }
 

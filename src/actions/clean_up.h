@@ -100,7 +100,8 @@ struct UndoOutcome
     QList<SongFailure> gone = {};
 };
 
-/// Puts files back where they were, the last first. Nothing is overwritten; see restore() and moveBack().
+/// Puts files back where they were, the last first, and removes duplicates folders that are empty then.
+/// Nothing is overwritten; see restore() and DuplicatesFolder::moveBack().
 [[nodiscard]] UndoOutcome putBack(const QList<DisposedSong> &songs, const CleanUpOptions &options = {});
 
 } // namespace sonavo

@@ -93,12 +93,6 @@ MoveResult removeOldName(const KnownFile &old, const KnownFile &made, const Move
     return isMoved ? MOVED : uncertain(removal.error, removal.leftAt);
 }
 
-/// Whether an empty file that was made is still what is at its path.
-bool isStillEmpty(const KnownFile &placeholder)
-{
-    return placeholder.snapshot.size == 0 && isUntouched(placeholder);
-}
-
 /// The last resort, for FUSE and the shared folders of virtual machines: an empty file takes the name, and is
 /// replaced.
 MoveResult renameOverPlaceholder(const KnownFile &old, const QByteArray &to, const MoveOptions &options)
@@ -118,16 +112,18 @@ MoveResult renameOverPlaceholder(const KnownFile &old, const QByteArray &to, con
     }
     const KnownFile placeholder{to, std::get<FileSnapshot>(snapshot)};
     entry.made(placeholder.snapshot);
-    const bool isOurs = isStillEmpty(placeholder);
+    const bool isOurs = isUntouched(placeholder);
     file.close();
-    if (!isOurs)
-        return notMoved(EEXIST);
+    if (!isOurs) {
+        entry.keep(); // it can be that only the look failed
+        return notMoved(EIO);
+    }
 
     const int error = ::rename(old.path.constData(), to.constData()) == 0 ? 0 : errno;
     const FileState atOldName = stateOfName(old);
     if (atOldName == FileState::Gone && stateOfName({to, old.snapshot}) == FileState::Same)
         return MOVED;
-    if (atOldName == FileState::Same && isStillEmpty(placeholder))
+    if (atOldName == FileState::Same)
         return finish(entry, removeNewName(placeholder, error, options));
     return finish(entry, uncertain(error));
 }

@@ -1,5 +1,7 @@
 #include "actions/move_journal.h"
 
+#include "actions/folders.h"
+
 #include <QDataStream>
 #include <QDir>
 #include <QFile>
@@ -300,11 +302,8 @@ std::vector<MoveJournal::Unfinished> MoveJournal::takeUnfinished()
 
 QString moveJournalFolder()
 {
-    const QString dataHome = qEnvironmentVariable("XDG_DATA_HOME");
-    if (QDir::isAbsolutePath(dataHome)) // as its standard demands
-        return dataHome + QStringLiteral("/sonavo");
-    const QString home = qEnvironmentVariable("HOME");
-    return QDir::isAbsolutePath(home) ? home + QStringLiteral("/.local/share/sonavo") : QString();
+    const QString folder = userDataFolder();
+    return folder.isEmpty() ? folder : folder + QStringLiteral("/sonavo");
 }
 
 } // namespace sonavo

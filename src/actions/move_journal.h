@@ -30,7 +30,7 @@ struct Leftover
         /// there.
         Note,
         /// The last line of the file at `path`, from `offset` on: `content`, about the file that goes to
-        /// `finalPath`.
+        /// `finalPath` or comes back from there. With offset 0, all of the file.
         Line,
     };
     Kind kind = Kind::Copy;

@@ -66,7 +66,7 @@ public:
         : m_descriptor(descriptor)
     {}
     OpenList(const QByteArray &path, int flags)
-        : OpenList(::open(path.constData(), flags | O_NOFOLLOW | O_NONBLOCK | O_CLOEXEC))
+        : OpenList(::open(path.constData(), flags | O_NOFOLLOW | O_NONBLOCK | O_CLOEXEC, 0666))
     {}
     ~OpenList()
     {
@@ -157,6 +157,11 @@ void rewrite(const QByteArray &path, const QSet<QByteArray> &unwanted)
         written.commit();
 }
 
+bool isTaken(const QByteArray &path)
+{
+    return std::holds_alternative<FileSnapshot>(takeSnapshot(path));
+}
+
 MoveJournal::Entry recordLine(const QByteArray &list, const QByteArray &line, qint64 offset,
                               const QByteArray &from, const QByteArray &to, MoveJournal *journal)
 {
@@ -177,12 +182,11 @@ MovedFilesList::MovedFilesList(QByteArray folder)
 std::variant<MoveJournal::Entry, int> MovedFilesList::add(const QByteArray &from, const QByteArray &to,
                                                           MoveJournal *journal)
 {
-    const int descriptor = openForAppending();
-    if (descriptor < 0)
-        return -descriptor;
-    const OpenList list(descriptor);
-    const qint64 offset = m_file->snapshot.size;
     m_lastLine = lineOf(from, to);
+    const OpenList list(openKnown());
+    if (list.get() < 0)
+        return create(from, to, journal);
+    const qint64 offset = m_file->snapshot.size;
     MoveJournal::Entry entry = recordLine(m_file->path, m_lastLine, offset, from, to, journal);
     const int error = list.append(m_lastLine);
     if (error == 0) {
@@ -191,45 +195,49 @@ std::variant<MoveJournal::Entry, int> MovedFilesList::add(const QByteArray &from
     }
     if (!list.cutTo(offset, m_file->path))
         entry.keep();
-    if (offset == HEADER.size())
-        m_file.reset();
     return error;
 }
 
-int MovedFilesList::openForAppending()
+int MovedFilesList::openKnown()
 {
-    if (m_file) {
-        OpenList list(m_file->path, O_RDWR | O_APPEND);
-        const auto now = list.snapshot();
-        const FileSnapshot &old = m_file->snapshot;
-        const bool isFile = now && (!old.hasLastingInode || now->inode == old.inode);
-        if (isFile && now->size == old.size)
-            return list.release();
-        m_file.reset();
-    }
-    int descriptor = -EEXIST;
-    for (int number = 0; number < MAX_LISTS && descriptor == -EEXIST; ++number) {
-        const QByteArray suffix = number == 0 ? QByteArray() : " (" + QByteArray::number(number) + ')';
-        descriptor = create(m_folder + "/Moved files" + suffix + ".csv");
-    }
-    return descriptor;
+    if (!m_file)
+        return -1;
+    OpenList list(m_file->path, O_RDWR | O_APPEND);
+    const auto now = list.snapshot();
+    const FileSnapshot &old = m_file->snapshot;
+    const bool isFile = now && (!old.hasLastingInode || now->inode == old.inode);
+    if (isFile && now->size == old.size)
+        return list.release();
+    m_file.reset();
+    return -1;
 }
 
-int MovedFilesList::create(const QByteArray &path)
+std::variant<MoveJournal::Entry, int> MovedFilesList::create(const QByteArray &from, const QByteArray &to,
+                                                             MoveJournal *journal)
 {
-    OpenList list(::open(path.constData(), O_RDWR | O_CREAT | O_EXCL | O_APPEND | O_CLOEXEC, 0666));
-    if (list.get() < 0)
-        return -errno;
-    int error = list.append(HEADER);
-    if (error == 0)
-        error = flushFolder(m_folder);
-    const auto made = list.snapshot();
-    if (error == 0 && made) {
-        m_file = KnownFile{path, *made};
-        return list.release();
+    for (int number = 0; number < MAX_LISTS; ++number) {
+        const QByteArray suffix = number == 0 ? QByteArray() : " (" + QByteArray::number(number) + ')';
+        const QByteArray path = m_folder + "/Moved files" + suffix + ".csv";
+        if (isTaken(path))
+            continue;
+        const QByteArray content = HEADER + m_lastLine;
+        MoveJournal::Entry entry = recordLine(path, content, 0, from, to, journal);
+        const OpenList list(path, O_RDWR | O_CREAT | O_EXCL | O_APPEND);
+        int error = list.get() < 0 ? errno : list.append(content);
+        if (error == EEXIST)
+            continue;
+        if (error == 0)
+            error = flushFolder(m_folder);
+        const auto made = list.snapshot();
+        if (error == 0 && made) {
+            m_file = KnownFile{path, *made};
+            return entry;
+        }
+        if (list.get() < 0 ? isTaken(path) : ::unlink(path.constData()) != 0)
+            entry.keep();
+        return error != 0 ? error : EIO;
     }
-    ::unlink(path.constData());
-    return error != 0 ? -error : -EIO;
+    return EEXIST;
 }
 
 bool MovedFilesList::takeBack()
@@ -247,8 +255,11 @@ MoveJournal::Entry MovedFilesList::recordRemoval(const MovedFile &file, MoveJour
 {
     const QByteArray line = lineOf(file.originalPath, file.path);
     const auto offset = OpenList(file.list, O_RDONLY).offsetOfLast(line);
-    return offset ? recordLine(file.list, line, *offset, file.originalPath, file.path, journal)
-                  : MoveJournal::Entry();
+    if (!offset)
+        return {};
+    const bool isOnly = *offset == HEADER.size();
+    return recordLine(file.list, isOnly ? HEADER + line : line, isOnly ? 0 : *offset, file.originalPath,
+                      file.path, journal);
 }
 
 bool MovedFilesList::removeLast(const MovedFile &file)

@@ -54,9 +54,10 @@ public:
     static void remove(const QList<MovedFile> &files);
 
 private:
-    /// @return a descriptor, or an error number below zero
-    [[nodiscard]] int openForAppending();
-    [[nodiscard]] int create(const QByteArray &path);
+    /// @return a descriptor; -1 when there is no list of ours or somebody has changed it
+    [[nodiscard]] int openKnown();
+    [[nodiscard]] std::variant<MoveJournal::Entry, int> create(const QByteArray &from, const QByteArray &to,
+                                                               MoveJournal *journal);
 
     QByteArray m_folder;
     std::optional<KnownFile> m_file;

@@ -379,6 +379,8 @@ PutBackResult restore(const TrashedFile &trashed, const MoveOptions &options)
     PutBackResult result = renameBack(trashed.file, options);
     if (result.state == PutBackResult::State::Back)
         removeInfo(trashed, entry);
+    else if (std::holds_alternative<int>(takeSnapshot(trashed.file.path)))
+        entry.keep(); // it may be back
     return result;
 }
 

@@ -1,11 +1,12 @@
 #include "actions/unfinished_moves.h"
 
 #include "actions/file_move.h"
+#include "actions/file_removal.h"
+#include "actions/folders.h"
 #include "actions/move_journal.h"
 
 #include <QDir>
 #include <QFile>
-#include <QRandomGenerator>
 
 #include <fcntl.h>
 #include <sys/stat.h>
@@ -40,26 +41,13 @@ enum class Presence
 /// FAT rounds times down to two seconds.
 constexpr qint64 COARSEST_TIME = 2'000'000'000;
 
-QByteArray folderOf(const QByteArray &path)
-{
-    return path.first(path.lastIndexOf('/') + 1);
-}
-
-/// Unreadable files can be moved as well: they are looked at from outside.
-std::variant<FileSnapshot, int> lookAt(const QByteArray &path)
-{
-    auto snapshot = openAndTakeSnapshot(path);
-    const auto *error = std::get_if<int>(&snapshot);
-    return error && (*error == EACCES || *error == EPERM) ? takeSnapshot(path) : snapshot;
-}
-
 Presence presenceOf(const QByteArray &path)
 {
     const auto snapshot = takeSnapshot(path);
     const auto *error = std::get_if<int>(&snapshot);
     if (!error)
         return Presence::There;
-    const bool hasFolder = std::holds_alternative<FileSnapshot>(takeSnapshot(folderOf(path)));
+    const bool hasFolder = std::holds_alternative<FileSnapshot>(takeSnapshot(parentFolderOf(path)));
     return meansGone(*error) && hasFolder ? Presence::NotThere : Presence::Unknown;
 }
 
@@ -98,14 +86,14 @@ bool isMadeAfterRecord(const FileSnapshot &file, const MoveJournal::Unfinished &
                        : file.modified >= record.recorded - COARSEST_TIME;
 }
 
-/// An info file can have been left over before all of it was written.
-bool isNoteOf(const QByteArray &path, const FileSnapshot &file, const MoveJournal::Unfinished &record)
+/// A file can have been left over before all of it was written.
+bool isWrittenBy(const QByteArray &path, const FileSnapshot &file, const MoveJournal::Unfinished &record)
 {
-    const QByteArray &note = record.leftover.content;
-    if (!S_ISREG(file.mode) || file.size > note.size())
+    const QByteArray &all = record.leftover.content;
+    if (!S_ISREG(file.mode) || file.size > all.size())
         return false;
-    const QByteArray content = contentOf(path, note.size() + 1);
-    return content == note || (note.startsWith(content) && isMadeAfterRecord(file, record));
+    const QByteArray content = contentOf(path, all.size() + 1);
+    return content == all || (all.startsWith(content) && isMadeAfterRecord(file, record));
 }
 
 /// Whether what is at a path is what the record is about.
@@ -127,9 +115,9 @@ bool isLeftover(const QByteArray &path, const MoveJournal::Unfinished &record)
     case Kind::NewLink:
         return S_ISLNK(file->mode) && targetOf(path) == leftover.content;
     case Kind::Note:
-        return isNoteOf(path, *file, record);
-    case Kind::PrivateName:
     case Kind::Line:
+        return isWrittenBy(path, *file, record);
+    case Kind::PrivateName:
         break;
     }
     return false;
@@ -138,9 +126,7 @@ bool isLeftover(const QByteArray &path, const MoveJournal::Unfinished &record)
 /// Renames what is under a private name back to its old one.
 Outcome putBack(const QByteArray &privateName, const QByteArray &oldName, MoveJournal &journal)
 {
-    MoveOptions options;
-    options.journal = &journal;
-    const MoveResult result = renameWithoutReplacing(privateName, oldName, options);
+    const MoveResult result = renameWithoutReplacing(privateName, oldName, {.stop = {}, .journal = &journal});
     if (result.state == MoveResult::State::Moved)
         return Outcome::Finished;
     const auto aside = takeSnapshot(privateName);
@@ -160,8 +146,7 @@ Outcome remove(const QByteArray &path, MoveJournal &journal,
 {
     if (!mayGo(path))
         return Outcome::Finished;
-    const QByteArray privateName =
-        folderOf(path) + ".sonavo-" + QByteArray::number(QRandomGenerator::system()->generate64(), 16);
+    const QByteArray privateName = privateNameBeside(path);
     auto entry = journal.record({.kind = Kind::PrivateName, .path = privateName, .source = path});
     const int error = ::rename(path.constData(), privateName.constData()) == 0 ? 0 : errno;
     if (presenceOf(privateName) == Presence::NotThere)
@@ -180,21 +165,23 @@ Outcome removeBesideSource(const MoveJournal::Unfinished &record, MoveJournal &j
     const Leftover &leftover = record.leftover;
     if (!leftover.sourceSnapshot)
         return Outcome::Finished;
-    const Presence source = presenceOfSource(leftover);
+    // An empty file cannot be a source with content, wherever that is now.
+    const bool needsSource = leftover.kind != Kind::Placeholder || leftover.sourceSnapshot->size == 0;
+    const Presence source = needsSource ? presenceOfSource(leftover) : Presence::There;
     if (source != Presence::There)
         return source == Presence::NotThere ? Outcome::Finished : Outcome::TryLater;
     if (presenceOf(leftover.path) == Presence::Unknown)
         return Outcome::TryLater;
 
-    const auto isBesideSource = [&] { return presenceOfSource(leftover) == Presence::There; };
+    const auto mayGo = [&](const QByteArray &path) {
+        return isLeftover(path, record) && (!needsSource || presenceOfSource(leftover) == Presence::There);
+    };
     if (leftover.kind != Kind::Copy)
-        return remove(leftover.path, journal,
-                      [&](const QByteArray &path) { return isLeftover(path, record) && isBesideSource(); });
+        return remove(leftover.path, journal, mayGo);
     // The name of a copy that is not complete is its proof: nobody else makes such a name.
     if (::unlink(leftover.path.constData()) != 0 && !meansGone(errno))
         return Outcome::TryLater;
-    return remove(leftover.finalPath, journal,
-                  [&](const QByteArray &path) { return isLeftover(path, record) && isBesideSource(); });
+    return remove(leftover.finalPath, journal, mayGo);
 }
 
 Outcome putBackSource(const Leftover &leftover, MoveJournal &journal)
@@ -223,15 +210,20 @@ Outcome removeNote(const MoveJournal::Unfinished &record, MoveJournal &journal)
     });
 }
 
-Outcome removeLine(const Leftover &leftover)
+Outcome removeLine(const MoveJournal::Unfinished &record, MoveJournal &journal)
 {
+    const Leftover &leftover = record.leftover;
     const Presence file = presenceOf(leftover.finalPath);
-    if (file != Presence::NotThere)
-        return file == Presence::There ? Outcome::Finished : Outcome::TryLater;
+    if (file == Presence::Unknown)
+        return Outcome::TryLater;
+    if (file == Presence::There || presenceOf(leftover.path) == Presence::NotThere)
+        return Outcome::Finished;
+    if (leftover.offset == 0)
+        return remove(leftover.path, journal,
+                      [&](const QByteArray &path) { return isLeftover(path, record); });
     QFile list(QFile::decodeName(leftover.path));
-    if (!list.open(QIODevice::ReadWrite | QIODevice::ExistingOnly | QIODevice::Unbuffered))
-        return presenceOf(leftover.path) == Presence::NotThere ? Outcome::Finished : Outcome::TryLater;
-    if (!list.seek(leftover.offset))
+    if (!list.open(QIODevice::ReadWrite | QIODevice::ExistingOnly | QIODevice::Unbuffered) ||
+        !list.seek(leftover.offset))
         return Outcome::TryLater;
     const QByteArray end = list.read(leftover.content.size() + 1);
     const bool isLast = !end.isEmpty() && leftover.content.startsWith(end);
@@ -251,7 +243,7 @@ Outcome cleanUp(const MoveJournal::Unfinished &record, MoveJournal &journal)
     case Kind::Note:
         return removeNote(record, journal);
     case Kind::Line:
-        return removeLine(record.leftover);
+        return removeLine(record, journal);
     }
     return Outcome::Finished; // a later version's
 }

@@ -1,17 +1,21 @@
 #include "desktop/file_viewer.h"
 
 #include <QDBusConnection>
+#include <QDBusError>
 #include <QDBusMessage>
 #include <QDBusPendingCallWatcher>
 #include <QDesktopServices>
 #include <QFileInfo>
 #include <QFutureWatcher>
+#include <QGuiApplication>
+#include <QProcess>
+#include <QProcessEnvironment>
 #include <QThreadPool>
 #include <QTimer>
 #include <QUrl>
 #include <QtConcurrentRun>
 
-#include <utility>
+#include <limits>
 
 namespace sonavo {
 namespace {
@@ -38,6 +42,27 @@ QThreadPool &connectPool()
     return *pool;
 }
 
+/// Asks for the application that opens folders, in the same way as xdg-open does: where nothing else does,
+/// it is this program itself, which would start once more.
+void startQuery(QProcess &query)
+{
+    QProcessEnvironment environment = QProcessEnvironment::systemEnvironment();
+    // It looks for a desktop there, and would hang with the bus.
+    environment.insert(QStringLiteral("DBUS_SESSION_BUS_ADDRESS"), QStringLiteral("disabled:"));
+    query.setProcessEnvironment(environment);
+    query.start(QStringLiteral("xdg-mime"),
+                {QStringLiteral("query"), QStringLiteral("default"), QStringLiteral("inode/directory")});
+    constexpr std::chrono::seconds TIMEOUT(5);
+    QTimer::singleShot(TIMEOUT, &query, &QProcess::kill);
+}
+
+/// Whether a file manager may carry out a request all the same. All other errors say that it was not reached
+/// or has refused.
+bool mayStillBeCarriedOut(QDBusError::ErrorType error)
+{
+    return error == QDBusError::NoReply || error == QDBusError::Timeout || error == QDBusError::Disconnected;
+}
+
 /// A request to show one file; deletes itself when it is finished.
 class ShowRequest : public QObject
 {
@@ -49,7 +74,9 @@ public:
 
     void start(std::chrono::milliseconds timeout)
     {
-        QTimer::singleShot(timeout, this, [this] { fallBack(); });
+        connect(&m_timer, &QTimer::timeout, this, [this] { openFolder(); });
+        m_timer.setSingleShot(true);
+        m_timer.start(timeout);
         connect(&m_connection, &QFutureWatcherBase::finished, this, [this] { send(m_connection.result()); });
         m_connection.setFuture(QtConcurrent::run(&connectPool(), &QDBusConnection::sessionBus));
     }
@@ -57,36 +84,51 @@ public:
 private:
     void send(const QDBusConnection &bus)
     {
-        const QDBusPendingCall call = bus.asyncCall(showItemsMessage(QUrl::fromLocalFile(m_path)));
+        if (!m_timer.isActive()) // too late: the folder has been opened
+            return;
+        m_timer.stop();
+        constexpr int NO_TIMEOUT = std::numeric_limits<int>::max();
+        const QDBusPendingCall call =
+            bus.asyncCall(showItemsMessage(QUrl::fromLocalFile(m_path)), NO_TIMEOUT);
         if (call.isError()) { // not connected: a watcher would never finish
-            fallBack();
+            openFolder();
             return;
         }
         const auto *reply = new QDBusPendingCallWatcher(call, this);
         connect(reply, &QDBusPendingCallWatcher::finished, this, [this, reply] {
-            if (reply->isError())
-                fallBack();
+            if (reply->isError() && !mayStillBeCarriedOut(reply->error().type()))
+                openFolder();
             else
-                finish();
+                deleteLater();
         });
     }
 
-    void fallBack()
+    void openFolder()
     {
-        if (finish())
+        m_timer.stop();
+        auto *query = new QProcess(this);
+        connect(query, &QProcess::finished, this, [this, query] {
+            openFolderWith(QString::fromLocal8Bit(query->readAllStandardOutput()).trimmed());
+        });
+        connect(query, &QProcess::errorOccurred, this, [this](QProcess::ProcessError error) {
+            if (error == QProcess::FailedToStart)
+                openFolderWith({});
+        });
+        startQuery(*query);
+    }
+
+    /// @param application the default one for folders; empty if unknown
+    void openFolderWith(const QString &application)
+    {
+        deleteLater();
+        const QString own = QGuiApplication::desktopFileName();
+        if (own.isEmpty() || !application.contains(own))
             QDesktopServices::openUrl(QUrl::fromLocalFile(QFileInfo(m_path).path()));
     }
 
-    /// @return false if the request was finished before
-    bool finish()
-    {
-        deleteLater();
-        return !std::exchange(m_isFinished, true);
-    }
-
     const QString m_path;
+    QTimer m_timer;
     QFutureWatcher<QDBusConnection> m_connection;
-    bool m_isFinished = false;
 };
 
 } // namespace

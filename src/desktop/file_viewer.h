@@ -6,13 +6,14 @@
 
 namespace sonavo {
 
-/// Shows files in the system's file manager (org.freedesktop.FileManager1 on the session bus). If that fails
-/// or does not answer in time, the file's folder is opened by the default application instead. Main thread
-/// only.
+/// Shows files in the system's file manager (org.freedesktop.FileManager1 on the session bus). Where there is
+/// none, or it refuses, the file's folder is opened by the default application instead, unless that is this
+/// program (by QGuiApplication::desktopFileName()). A file manager that was asked is waited for, however long
+/// it takes to start: otherwise both could open a window. Main thread only.
 class FileViewer : public QObject
 {
 public:
-    /// @param timeout from the call of show() to the fallback
+    /// @param timeout for the bus to accept the connection; then the folder is opened
     explicit FileViewer(std::chrono::milliseconds timeout = std::chrono::seconds(5));
 
     /// Shows a file, selected in its folder. Returns at once and needs the event loop afterwards; requests

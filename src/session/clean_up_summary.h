@@ -27,12 +27,12 @@ struct CleanUpSummary
     qint64 saved = 0;
     qint64 notReached = 0;
     /// What the folder could not store; empty when nothing was lost.
-    QString losses;
-    QList<SongFailure> failures;
+    QString losses = {};
+    QList<SongFailure> failures = {};
     /// The groups of the failures, with these alone as duplicates.
-    QList<DuplicateGroup> failedGroups;
+    QList<DuplicateGroup> failedGroups = {};
     /// The folder that the files were moved into; null for the Trash.
-    std::shared_ptr<DuplicatesFolder> folder;
+    std::shared_ptr<DuplicatesFolder> folder = {};
 };
 
 } // namespace sonavo

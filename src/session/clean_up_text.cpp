@@ -69,6 +69,14 @@ QString remainingText(qint64 songs)
            (songs == 1 ? QStringLiteral(" remains") : QStringLiteral(" remain"));
 }
 
+QString lossesText(const QStringList &attributes, qint64 songs)
+{
+    if (attributes.isEmpty())
+        return {};
+    return QStringLiteral("The new disk could not store all attributes of %1: %2")
+        .arg(counted(songs, QStringLiteral("song")), attributes.join(QStringLiteral(", ")));
+}
+
 QString undoToastText(qint64 restored, qint64 failed, qint64 notReached)
 {
     QStringList parts{counted(restored, QStringLiteral("file")) + QStringLiteral(" put back")};

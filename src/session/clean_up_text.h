@@ -5,6 +5,7 @@
 
 #include <QList>
 #include <QString>
+#include <QStringList>
 
 #include <chrono>
 
@@ -22,6 +23,10 @@ namespace sonavo {
 [[nodiscard]] QString headlineOf(const CleanUpSummary &summary);
 /// "150 songs remain"
 [[nodiscard]] QString remainingText(qint64 songs);
+
+/// What the moved songs have lost on their new disk; empty when nothing was lost.
+/// @param attributes names of extended attributes
+[[nodiscard]] QString lossesText(const QStringList &attributes, qint64 songs);
 
 /// The toast after an undo: "30 files put back".
 /// @param notReached files that stay because the undo was stopped

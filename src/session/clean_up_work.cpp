@@ -4,6 +4,7 @@
 #include "actions/move_journal.h"
 #include "actions/unfinished_moves.h"
 #include "model/saturating.h"
+#include "session/clean_up_text.h"
 
 #include <algorithm>
 #include <utility>
@@ -38,23 +39,22 @@ QSet<QUuid> idsOf(const QList<Song> &songs)
     return ids;
 }
 
-/// The duplicates that a clean-up has reached, and the groups that have none left.
+/// The duplicates that a clean-up has reached, and groups that had none.
 Removal removalBy(const CleanUpOutcome &outcome, const QList<DuplicateGroup> &groups)
 {
     const QSet<QUuid> staying = idsOf(outcome.notReached);
     Removal removal;
     for (const DuplicateGroup &group : groups) {
-        bool isEmptied = true;
         for (const Song &song : group.duplicates) {
-            if (staying.contains(song.id))
-                isEmptied = false;
-            else
+            if (!staying.contains(song.id))
                 removal.songs.insert(song.id);
         }
-        if (isEmptied)
+    }
+    removal.members = removal.cleanedUp = removal.songs;
+    for (const DuplicateGroup &group : groups) {
+        if (group.duplicates.isEmpty())
             removal.members.insert(group.original.id);
     }
-    removal.members.unite(removal.songs);
     return removal;
 }
 
@@ -64,7 +64,7 @@ Removal removalByRetry(const CleanUpOutcome &outcome)
     QSet<QUuid> moved;
     for (const DisposedSong &disposed : outcome.moved)
         moved.insert(disposed.song.id);
-    return {moved, moved};
+    return {.songs = moved, .members = moved, .cleanedUp = moved};
 }
 
 /// @param retried what a retry has done
@@ -112,14 +112,14 @@ void summarize(const CleanUpOutcome &outcome, const CleanUpPlan &plan, CleanedUp
     summary.moved = outcome.moved.size();
     summary.saved = outcome.savedBytes;
     summary.notReached = outcome.notReached.size();
+    summary.losses = lossesText(outcome.lostAttributes, outcome.songsWithLostAttributes);
     summary.failures = outcome.failures;
     // Nothing to do changes nothing.
     if (plan.files == 0) {
         result.total = plan.summaryBefore;
         return;
     }
-    CleanUpSummary total =
-        plan.isRetry ? sumOf(*plan.summaryBefore, summary, outcome.notReached) : summary;
+    CleanUpSummary total = plan.isRetry ? sumOf(*plan.summaryBefore, summary, outcome.notReached) : summary;
     total.failedGroups = groupsOf(total.failures, plan.groups);
     result.total = std::make_shared<const CleanUpSummary>(std::move(total));
 }
@@ -173,7 +173,7 @@ DeletedSong deleteSong(const Song &song, const QList<DuplicateGroup> &groups, co
     JobJournal journal;
     if (isGone(song.path)) {
         result.wasGone = true;
-        result.history.addRemoval(basis.scan.id, {.songs = {song.id}, .members = {}});
+        result.history.addRemoval(basis.scan.id, {.songs = {song.id}, .members = {}, .cleanedUp = {}});
         result.lists = result.history.applyTo(basis.scan);
         return result;
     }
@@ -187,7 +187,7 @@ DeletedSong deleteSong(const Song &song, const QList<DuplicateGroup> &groups, co
     }
     result.history.add({.name = QStringLiteral("Move to Trash"),
                         .scan = basis.scan.id,
-                        .removal = {.songs = {song.id}, .members = {song.id}},
+                        .removal = {.songs = {song.id}, .members = {song.id}, .cleanedUp = {}},
                         .files = {std::get<DisposedSong>(trashed)},
                         .summaryBefore = {}});
     result.lists = result.history.applyTo(basis.scan);
@@ -206,7 +206,7 @@ UndoneStep undoNext(const WorkBasis &basis, const FileJob::Control &control)
 
     UndoneStep result;
     result.history = basis.history;
-    result.history.undone(outcome, basis.scan);
+    result.history.undone(outcome, basis.scan.id);
     result.notes = basis.notes;
     result.notes.insert(outcome.notes);
     result.restored = outcome.restored.size();

@@ -10,6 +10,7 @@ void unite(Removal &removal, const Removal &other)
 {
     removal.songs.unite(other.songs);
     removal.members.unite(other.members);
+    removal.cleanedUp.unite(other.cleanedUp);
 }
 
 QSet<QUuid> idsOf(const auto &entries)
@@ -19,30 +20,6 @@ QSet<QUuid> idsOf(const auto &entries)
     for (const auto &entry : entries)
         ids.insert(entry.song.id);
     return ids;
-}
-
-/// What a step still removes when only some of its files are away.
-/// @param before what it has removed
-/// @param others what is removed by others
-Removal removalWhileAway(const QSet<QUuid> &away, const Removal &before, const Removal &others,
-                         const QList<DuplicateGroup> &groups)
-{
-    Removal removal{away, away};
-    for (const DuplicateGroup &group : groups) {
-        const QList<Song> members = membersOf(group);
-        const auto isIn = [](const QSet<QUuid> &ids) {
-            return [&ids](const Song &song) { return ids.contains(song.id); };
-        };
-        QList<Song> present = members;
-        present.removeIf(isIn(others.members));
-        present.removeIf(isIn(away));
-        // A group that the step has dropped as a whole comes back when there are two songs to compare.
-        const bool isDropped = present.size() == 1 && std::ranges::any_of(members, isIn(away)) &&
-                               before.members.contains(present.first().id);
-        if (isDropped)
-            removal.members.insert(present.first().id);
-    }
-    return removal;
 }
 
 } // namespace
@@ -64,7 +41,7 @@ void UndoHistory::addRemoval(quint64 scan, const Removal &removal)
     unite(m_removal, removal);
 }
 
-void UndoHistory::undone(const UndoOutcome &outcome, const ScanResult &scan)
+void UndoHistory::undone(const UndoOutcome &outcome, quint64 scan)
 {
     const std::shared_ptr<const UndoStep> step = m_steps.takeLast();
     if (outcome.restored.isEmpty() && outcome.gone.isEmpty()) {
@@ -79,13 +56,12 @@ void UndoHistory::undone(const UndoOutcome &outcome, const ScanResult &scan)
     rest.files.removeIf([&](const DisposedSong &disposed) {
         return restored.contains(disposed.song.id) || gone.contains(disposed.song.id);
     });
-    if (step->scan == scan.id) {
-        addRemoval(scan.id, {gone, gone});
-        rest.removal =
-            removalWhileAway(idsOf(rest.files) + gone, step->removal, removalFrom(scan.id), scan.groups);
-        if (rest.files.isEmpty())
-            addRemoval(scan.id, rest.removal);
-    }
+    const auto removalOf = [&step](const QSet<QUuid> &ids) {
+        return Removal{.songs = ids, .members = ids, .cleanedUp = step->summaryBefore ? ids : QSet<QUuid>()};
+    };
+    rest.removal = removalOf(idsOf(rest.files));
+    if (step->scan == scan)
+        addRemoval(scan, removalOf(gone));
     if (!rest.files.isEmpty())
         m_steps.insert(outcome.restored.isEmpty() ? 0 : m_steps.size(),
                        std::make_shared<const UndoStep>(std::move(rest)));
@@ -104,8 +80,18 @@ Removal UndoHistory::removalFrom(quint64 scan) const
 SongLists UndoHistory::applyTo(const ScanResult &scan) const
 {
     const Removal removal = removalFrom(scan.id);
-    SongLists lists{.songs = scan.songs, .groups = withoutSongs(scan.groups, removal.members), .totals = {}};
-    lists.songs.removeIf([&removal](const Song &song) { return removal.songs.contains(song.id); });
+    const auto isIn = [](const QSet<QUuid> &ids) {
+        return [&ids](const Song &song) { return ids.contains(song.id); };
+    };
+    const auto isCleanedUp = [&](const DuplicateGroup &group) {
+        const QList<Song> members = membersOf(group);
+        return std::ranges::any_of(members, isIn(removal.cleanedUp)) &&
+               members.size() - std::ranges::count_if(members, isIn(removal.members)) < 2;
+    };
+    SongLists lists{.songs = scan.songs, .groups = scan.groups, .totals = {}};
+    lists.songs.removeIf(isIn(removal.songs));
+    lists.groups.removeIf(isCleanedUp);
+    lists.groups = withoutSongs(lists.groups, removal.members);
     lists.totals = totalsOf(lists.groups);
     return lists;
 }

@@ -21,6 +21,8 @@ struct Removal
     QSet<QUuid> songs;
     /// Ids that are missing from the groups; a song without a file can be in its group still.
     QSet<QUuid> members;
+    /// Those among the members whose group is dropped, too, once only one song is left of it.
+    QSet<QUuid> cleanedUp;
 };
 
 /// A step of the session that can be undone.
@@ -53,8 +55,8 @@ public:
 
     /// Replaces the next step, whose files were to be put back, by what is left of it. A step of which
     /// nothing could be put back goes below all others, so that it does not block them.
-    /// @param scan what the lists are shown of
-    void undone(const UndoOutcome &outcome, const ScanResult &scan);
+    /// @param scan the latest
+    void undone(const UndoOutcome &outcome, quint64 scan);
 
     /// What is left of the result of a scan after all steps.
     [[nodiscard]] SongLists applyTo(const ScanResult &scan) const;

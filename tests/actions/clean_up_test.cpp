@@ -163,6 +163,8 @@ TEST_P(CleanUpTest, PassesOverDuplicatesThatAreTheFileOfAnOriginal)
     EXPECT_EQ(outcome.savedBytes, 20);
     EXPECT_THAT(outcome.failures, IsEmpty());
     EXPECT_THAT(movedFiles(), ElementsAre("b.mp3", "g.mp3"));
+    EXPECT_EQ(putBack(outcome.moved).restored.size(), 2);
+    EXPECT_EQ(fs::exists(pathOf(outcome.moved[0]).parent_path()), GetParam() == Target::Trash);
 }
 
 TEST_P(CleanUpTest, KeepsTheOnlyFileOfASongThatIsSeenThroughTwoFileSystems)
@@ -258,6 +260,7 @@ TEST_P(CleanUpTest, StopsAfterTheFileAtHandAndCanBeUndone)
     Files rest = before;
     rest.erase("e.mp3");
     EXPECT_EQ(filesIn(home.path("music")), rest);
+    EXPECT_THAT(filesIn(target), IsEmpty());
 }
 
 TEST_P(CleanUpTest, PutsADuplicateBackWhenItsOriginalIsNotAsItWas)

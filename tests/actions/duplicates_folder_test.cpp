@@ -1,5 +1,9 @@
 #include "actions/action_test.h"
 #include "actions/duplicates_folder.h"
+#include "actions/trash.h"
+#include "testing/system_call_listener.h"
+
+#include <sys/syscall.h>
 
 #include <set>
 #include <thread>
@@ -62,7 +66,7 @@ TEST_F(DuplicatesFolderTest, CutsNamesThatGetTooLong)
     EXPECT_EQ(filesIn(pathOf(folder)), (Files{{longest, "1/"}, {cut, "2/"}}));
 }
 
-TEST_F(DuplicatesFolderTest, ListsWhereItsFilesWereBeforeItHasThem)
+TEST_F(DuplicatesFolderTest, ListsWhereItsFilesWere)
 {
     const fs::path users = PrivateHome::addFile(pathOf(folder) / "Moved files.csv", "of the user");
     const fs::path list = pathOf(folder) / "Moved files (1).csv";
@@ -89,11 +93,38 @@ TEST_F(DuplicatesFolderTest, ListsWhereItsFilesWereBeforeItHasThem)
                                    "\"a\nb.mp3\",\"" +
                                    home1 + "5/a\nb.mp3\"\n");
 
-    PrivateHome::addFile(list, "changed by the user");
+    const std::string changed = contentOf(list) + "added by the user\n";
+    PrivateHome::addFile(list, changed);
     EXPECT_TRUE(moves(folder, home.add("6/c.mp3")));
-    EXPECT_EQ(contentOf(users) + ", " + contentOf(list), "of the user, changed by the user");
+    EXPECT_EQ(contentOf(users), "of the user");
+    EXPECT_EQ(contentOf(list), changed);
     EXPECT_EQ(contentOf(pathOf(folder) / "Moved files (2).csv"),
               "New name,Original path\nc.mp3," + home1 + "6/c.mp3\n");
+}
+
+TEST_F(DuplicatesFolderTest, FlushesLikeTheTrashWhereAFileWasBeforeTheFileMoves)
+{
+    const auto trashes = [](const fs::path &file) {
+        return std::holds_alternative<TrashedFile>(moveToTrash(toQString(file)));
+    };
+    EXPECT_TRUE(moves(folder, home.add("1/a.mp3")) && trashes(home.add("2/a.mp3")));
+    home.add("b.mp3");
+    home.add("c.mp3");
+    std::string calls;
+    const auto note = [&calls](const SystemCallListener &listener, const seccomp_notif &call) {
+        const bool isMove = call.data.nr == SYS_renameat2;
+        const fs::path flushed = "/proc/self/fd/" + std::to_string(call.data.args[0]);
+        calls += isMove ? "move " : fs::read_symlink(flushed).filename().string() + ' ';
+        listener.letThrough(call.id);
+    };
+    const auto work = [&] {
+        const bool isDone = moves(folder, home.path("b.mp3")) && trashes(home.path("c.mp3"));
+        return isDone && calls == "Moved files.csv move c.mp3.trashinfo info move " ? 0 : 1;
+    };
+    const auto status = runInChild(work, {SYS_fsync, SYS_fdatasync, SYS_renameat2}, note);
+    if (status == NOT_ALLOWED)
+        GTEST_SKIP() << "no right to filter system calls";
+    EXPECT_EQ(status, 0);
 }
 
 TEST_F(DuplicatesFolderTest, TakesBackTheLinesOfFilesThatGoBackAndLeavesNothingBehind)

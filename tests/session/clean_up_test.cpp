@@ -1,4 +1,5 @@
 #include "session/clean_up.h"
+#include "session/clean_up_text.h"
 #include "testing/fake_desktop.h"
 #include "testing/music_folder.h"
 #include "testing/private_home.h"
@@ -88,6 +89,23 @@ protected:
         library.setDuplicateGroups(groups);
     }
     [[nodiscard]] DuplicateGroup group() const { return library.duplicateGroups().value(0); }
+    /// The songs, the groups and the music that is on the disk.
+    [[nodiscard]] std::vector<std::string> shown() const
+    {
+        std::vector<std::string> lines;
+        for (const Song &song : library.songs())
+            lines.push_back(song.path.toStdString());
+        for (const DuplicateGroup &group : library.duplicateGroups()) {
+            lines.push_back(group.id.toString().toStdString());
+            for (const Song &member : membersOf(group))
+                lines.push_back("member " + member.path.toStdString());
+        }
+        QStringList files = filesIn("music");
+        files.sort();
+        for (const QString &file : files)
+            lines.push_back("file " + file.toStdString());
+        return lines;
+    }
     [[nodiscard]] std::string toast() const
     {
         const Notices::State &state = notices.state();
@@ -141,6 +159,17 @@ TEST_F(CleanUpTest, StopsThePreviewOfADuplicateButNotOfAnOriginal)
             EXPECT_EQ(preview.state().song.has_value(), isOriginal);
             preview.stop();
         }
+    }
+}
+
+TEST_F(CleanUpTest, EndsThePreviewOfASongWhoseRowLeavesTheList)
+{
+    for (const int copies : {2, 3}) {
+        addGroups(1, copies);
+        preview.toggle(group().duplicates[0]);
+        deleteSong(group().original);
+        EXPECT_EQ(preview.state().song.has_value(), copies == 3);
+        preview.stop();
     }
 }
 
@@ -199,6 +228,23 @@ TEST_F(CleanUpTest, KeepsEveryFileThatTheTrashDoesNotTake)
 
     trashDuplicates();
     EXPECT_EQ(toast(), "Success: Moved 0 files to Trash \u2022 Saved Zero KB");
+    EXPECT_EQ(cleanUp.state().undoText, QString());
+
+    // They are tried again, and that can be undone; the summary is of both.
+    const auto failed = cleanUp.state().summary;
+    ASSERT_EQ(failed->failures.size(), 2);
+    ASSERT_TRUE(QFile::remove(pathOf(".local/share/Trash")));
+    ASSERT_TRUE(QFile::remove(failed->failures[0].song.path));
+    ASSERT_TRUE(QDir().mkdir(failed->failures[0].song.path));
+    cleanUp.retry();
+    finish();
+    EXPECT_EQ(toast(), "Success: Moved 1 files to Trash \u2022 Saved 4 bytes");
+    EXPECT_EQ(headlineOf(*cleanUp.state().summary), u"1 file moved to the Trash \u2022 4 bytes"_s);
+    undo();
+    EXPECT_EQ(cleanUp.state().summary, failed);
+    EXPECT_EQ(library.songs().size(), 1);
+    library.clear();
+    EXPECT_EQ(cleanUp.state().summary, nullptr);
 }
 
 TEST_F(CleanUpTest, DeletesASongAndRepairsItsGroup)
@@ -211,7 +257,10 @@ TEST_F(CleanUpTest, DeletesASongAndRepairsItsGroup)
     QObject::connect(&library, &Library::songsChanged, &end, [&] { changes.emplace_back("songs"); });
     QObject::connect(&library, &Library::duplicateGroupsChanged, &end,
                      [&] { changes.emplace_back("groups"); });
-    QObject::connect(&notices, &Notices::changed, &end, [&] { changes.push_back(toast()); });
+    QObject::connect(&notices, &Notices::changed, &end, [&] {
+        if (notices.state().isToastShown)
+            changes.push_back(toast());
+    });
     preview.toggle(original);
     settle();
     deleteSong(*preview.state().song);
@@ -232,6 +281,98 @@ TEST_F(CleanUpTest, DeletesASongAndRepairsItsGroup)
     deleteSong(duplicates[1]);
     EXPECT_THAT(changes, ElementsAre("songs"));
     EXPECT_EQ(group().duplicates.size(), 1);
+}
+
+TEST_F(CleanUpTest, UndoesStepByStepWhatItHasDone)
+{
+    addGroups(3, 4);
+    const std::function<void()> steps[] = {
+        [this] { deleteSong(library.duplicateGroups()[1].original); },
+        [this] { deleteSong(group().duplicates[1]); },
+        [this] { trashDuplicates(); },
+        [this] { undo(); },
+        [this] { moveDuplicates(); },
+    };
+    std::vector<std::vector<std::string>> before;
+    for (const auto &step : steps) {
+        before.push_back(shown());
+        step();
+    }
+    EXPECT_EQ(cleanUp.state().undoText, u"Undo Move to Folder"_s);
+    EXPECT_EQ(library.songs().size(), 3);
+    for (const std::size_t step : {4U, 1U, 0U}) {
+        undo();
+        EXPECT_EQ(shown(), before[step]);
+        EXPECT_EQ(notices.state().toastAction, QString());
+    }
+    EXPECT_EQ(toast(), "Success: 1 file put back");
+    EXPECT_EQ(cleanUp.state().undoText, QString());
+    EXPECT_EQ(cleanUp.state().summary, nullptr);
+    EXPECT_TRUE(QDir(pathOf("target")).isEmpty()) << "the folder is removed";
+    EXPECT_THAT(filesIn(".local/share/Trash"), IsEmpty());
+
+    // Of other songs, only the files go back.
+    deleteSong(group().duplicates[0]);
+    const QList<Song> others = {song("other.mp3")};
+    library.setSongs(others);
+    undo();
+    EXPECT_EQ(library.songs(), others);
+    EXPECT_EQ(filesIn("music").size(), 13);
+}
+
+TEST_F(CleanUpTest, UndoesOlderStepsAlthoughFilesOfANewerOneCannotGoBack)
+{
+    addGroups(2, 3);
+    const std::vector<std::string> before = shown();
+    const Song deleted = group().duplicates[0];
+    const Song blocked = group().duplicates[1];
+    const Song lost = library.duplicateGroups()[1].duplicates[1];
+    deleteSong(deleted);
+    trashDuplicates();
+    ASSERT_TRUE(QFile(lost.path).open(QIODevice::ReadOnly) == false);
+    ASSERT_TRUE(QFile::remove(pathOf(".local/share/Trash/files/1.2.mp3")) ||
+                QFile::remove(pathOf(".local/share/Trash/files/1 (2).mp3")));
+    home.add("music/2/0.mp3", "another song");
+
+    undo();
+    EXPECT_EQ(toast(), "Error: 1 file put back \u2022 2 failed");
+    EXPECT_THAT(notices.state().alertMessage.toStdString(),
+                testing::AllOf(testing::HasSubstr("2 files could not be put back:"),
+                               testing::HasSubstr("\n0.mp3: "), testing::HasSubstr("\n1.mp3: ")));
+    EXPECT_EQ(library.duplicateGroups().size(), 1);
+    undo();
+    EXPECT_EQ(toast(), "Error: 0 files put back \u2022 1 failed");
+    undo();
+    EXPECT_EQ(toast(), "Success: 1 file put back");
+    EXPECT_EQ(group().duplicates, QList{deleted});
+    ASSERT_TRUE(QFile::remove(blocked.path));
+    undo();
+    EXPECT_EQ(cleanUp.state().undoText, QString());
+    std::vector<std::string> expected = before;
+    std::erase_if(expected, [&](const std::string &line) { return line.ends_with(lost.path.toStdString()); });
+    EXPECT_EQ(shown(), expected);
+}
+
+TEST_F(CleanUpTest, KeepsTheSongsThatAStoppedJobHasNotReached)
+{
+    addGroups(200, 6);
+    const std::vector<std::string> before = shown();
+    cleanUp.trashDuplicates();
+    const auto hasBegun = [this] { return filesIn(".local/share/Trash/files").size() > 3; };
+    ASSERT_TRUE(QTest::qWaitFor(hasBegun));
+    job.requestStop();
+    EXPECT_TRUE(job.state().isStopping);
+    finish();
+    const qsizetype moved = filesIn(".local/share/Trash/files").size();
+    EXPECT_EQ(toast(), "Info: Moved " + std::to_string(moved) + " files to Trash \u2022 " +
+                           std::to_string(1'000 - moved) + " not moved");
+    EXPECT_EQ(library.songs().size(), 1'200 - moved);
+    EXPECT_EQ(library.duplicateTotals(),
+              (DuplicateTotals{static_cast<int>(1'000 - moved), 4 * (1'000 - moved)}));
+    EXPECT_EQ(library.duplicateGroups().size(), 200 - moved / 5);
+
+    undo();
+    EXPECT_EQ(shown(), before);
 }
 
 /// A thousand duplicates of two hundred songs; some originals and some duplicates vanish before.

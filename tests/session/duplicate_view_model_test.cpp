@@ -1,6 +1,8 @@
+#include "model/byte_count.h"
 #include "session/duplicate_view_model.h"
 #include "testing/fake_desktop.h"
 #include "testing/music_folder.h"
+#include "testing/private_home.h"
 #include "testing/test_pauses.h"
 
 #include <gmock/gmock.h>
@@ -32,6 +34,7 @@ protected:
             {"alertMessage", &Session::alertMessageChanged},
             {"player", &Session::playerChanged},
             {"currentlyPlayingSong", &Session::currentlyPlayingSongChanged},
+            {"isCleaningUp", &Session::isCleaningUpChanged},
             {"showLimitWarning", &Session::showLimitWarningChanged},
             {"pendingImportURLs", &Session::pendingImportURLsChanged},
             {"showToast", &Session::showToastChanged},
@@ -82,6 +85,50 @@ TEST_F(DuplicateViewModelTest, AnnouncesWhatIsShownBeforeThatItIsShown)
     settle();
 }
 
+TEST_F(DuplicateViewModelTest, IgnoresWhatWouldChangeTheSessionWhileFilesAreMoved)
+{
+    const PrivateHome home;
+    scan(music.urls());
+    const Song song = session.songs().first();
+    EXPECT_EQ(session.cleanupAllDescription(),
+              u"Move 1 duplicate (%1) to the Trash"_s.arg(formattedByteCount(song.size)));
+    const auto tryEverything = [&] {
+        ASSERT_TRUE(session.isCleaningUp());
+        desktop.choice = music.urls();
+        EXPECT_FALSE(session.importDrop(music.urls()) || session.importWithOpenPanel());
+        session.startScan(music.urls());
+        EXPECT_FALSE(session.isScanning());
+        session.deleteSong(song);
+        session.cleanupAll();
+        session.moveDuplicatesToFolder();
+        session.undo();
+        session.retryCleanUp();
+        session.clearAll();
+        EXPECT_EQ(session.songCount(), 2);
+    };
+    announced.clear();
+    session.cleanupAll();
+    tryEverything();
+    ASSERT_TRUE(QTest::qWaitFor([this] { return !session.isCleaningUp(); }));
+    EXPECT_THAT(announced, ElementsAre("isCleaningUp=true", "songCount=1", "duplicateGroupCount=0",
+                                       testing::StartsWith("toastMessage=Moved 1 files to Trash"),
+                                       "showToast=true", "isCleaningUp=false"));
+    EXPECT_EQ(session.cleanUpRemaining(), u"1 song remains"_s);
+    EXPECT_EQ(session.toastAction(), u"Undo"_s);
+    session.performToastAction();
+    ASSERT_TRUE(QTest::qWaitFor([this] { return !session.isCleaningUp(); }));
+    EXPECT_EQ(session.songCount(), 2);
+    EXPECT_EQ(session.duplicateCount(), 1);
+
+    // The end of the session does not wait; its job stops, and nothing is shown of it.
+    session.cleanupAll();
+    session.endSession();
+    EXPECT_TRUE(session.isCleaningUp());
+    ASSERT_TRUE(QTest::qWaitFor([this] { return !session.isCleaningUp(); }));
+    EXPECT_EQ(session.songCount(), 0);
+    EXPECT_FALSE(session.hasCleanUpSummary());
+}
+
 TEST_F(DuplicateViewModelTest, AnnouncesAClearedSessionInOrderAndOnceMore)
 {
     scan(music.urls());
@@ -100,7 +147,8 @@ TEST_F(DuplicateViewModelTest, AnnouncesAClearedSessionInOrderAndOnceMore)
         "player=",          "songCount=0",           "duplicateGroupCount=0",
         "progress=0",       "currentlyPlayingSong=", "showAlert=false",
         "alertMessage=",    "pendingImportURLs=",    "showLimitWarning=false",
-        "isScanning=false", "toastMessage=",         "showToast=false"};
+        "isScanning=false", "isCleaningUp=false",    "toastMessage=",
+        "showToast=false"};
     EXPECT_EQ(announced, cleared);
     EXPECT_THAT(songCounts, testing::Each(0)) << "everything is reset before anything is announced";
     EXPECT_THAT(session.pendingImportURLs(), IsEmpty());

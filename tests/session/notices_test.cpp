@@ -31,5 +31,35 @@ TEST(NoticesTest, HidesAToastWhenTheTimeOfTheFirstIsOver)
     QTest::qWait(20);
 }
 
+TEST(NoticesTest, KeepsAToastWithAButtonForItsTimeAndAsLongAsItIsHeld)
+{
+    const auto pauses = std::make_shared<HeldPauses>();
+    Notices notices(pauses);
+    const auto endPause = [&](std::size_t pause) {
+        pauses->end(pause);
+        QTest::qWait(20);
+        return notices.state().isToastShown;
+    };
+    notices.showToast(u"without"_s, Notices::ToastType::Info);
+    notices.showToast(u"first"_s, Notices::ToastType::Success, u"Undo"_s);
+    notices.showToast(u"second"_s, Notices::ToastType::Success, u"Undo"_s);
+    EXPECT_EQ(pauses->lengthOf(2), 8s);
+    EXPECT_TRUE(endPause(0));
+    EXPECT_TRUE(endPause(1));
+    notices.holdToast(true);
+    EXPECT_TRUE(endPause(2));
+    notices.holdToast(false);
+    EXPECT_FALSE(notices.state().isToastShown);
+
+    // Without its button it is like any other, and so is one that takes its place.
+    notices.showToast(u"with"_s, Notices::ToastType::Success, u"Undo"_s);
+    notices.showToast(u"third"_s, Notices::ToastType::Info);
+    EXPECT_EQ(notices.state().toastAction, QString());
+    EXPECT_TRUE(endPause(3));
+    notices.showToast(u"last"_s, Notices::ToastType::Success, u"Undo"_s);
+    notices.removeToastAction();
+    EXPECT_FALSE(endPause(4));
+}
+
 } // namespace
 } // namespace sonavo
