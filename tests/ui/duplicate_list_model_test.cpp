@@ -43,7 +43,7 @@ QList<std::pair<QString, QUuid>> expectedRows(const DuplicateViewModel &session,
     return rows;
 }
 
-TEST(DuplicateListModel, FollowsAnyCourseOfActionsRowByRow)
+TEST(DuplicateListModel, FollowsAnyCourseOfDeletesAndUndosRowByRow)
 {
     const MusicFolder music;
     music.addGroups({2, 5, 3, 2, 4, 3, 2});
@@ -57,27 +57,53 @@ TEST(DuplicateListModel, FollowsAnyCourseOfActionsRowByRow)
     model.setViewModel(&session);
     ASSERT_EQ(model.rowCount(), 7 + 21);
 
+    const auto finishJob = [&session] {
+        return QTest::qWaitFor([&session] { return !session.isCleaningUp(); }, 20'000);
+    };
     const QSignalSpy resets(&model, &QAbstractItemModel::modelReset);
     QSet<QUuid> collapsed;
+    const auto expectedTexts = [&] {
+        QStringList texts;
+        for (const auto &row : expectedRows(session, collapsed))
+            texts.append(row.first);
+        return texts;
+    };
     std::mt19937 random(7);
-    while (model.rowCount() > 0) {
+    int undone = 0;
+    while (!model.isEmpty()) {
         // Now and then beyond the ends, where there is nothing.
         const int row = static_cast<int>(random() % static_cast<unsigned>(model.rowCount() + 2)) - 1;
         const QVariant song = model.songAt(row);
-        if (song.isValid()) {
+        if (random() % 4 == 0 && !session.undoText().isEmpty()) {
+            ++undone;
+            session.undo();
+            ASSERT_TRUE(finishJob());
+        } else if (song.isValid()) {
             session.deleteSong(song.value<Song>());
+            ASSERT_TRUE(finishJob());
         } else {
             const QUuid group = expectedRows(session, collapsed).value(row).second;
             if (!group.isNull() && !collapsed.remove(group))
                 collapsed.insert(group);
             model.setExpanded(row, !model.isExpanded(row));
         }
-        QStringList expected;
-        for (const auto &[text, group] : expectedRows(session, collapsed))
-            expected.append(text);
-        ASSERT_EQ(rowsOf(model), expected);
+        ASSERT_TRUE(model.isEmpty() || rowsOf(model) == expectedTexts());
     }
-    EXPECT_EQ(resets.size(), 1) << "when nothing is left";
+    EXPECT_GT(undone, 3);
+    // From and to nothing, by one step as by many.
+    while (!session.undoText().isEmpty()) {
+        session.undo();
+        ASSERT_TRUE(finishJob());
+    }
+    session.cleanupAll();
+    ASSERT_TRUE(finishJob());
+    EXPECT_TRUE(model.isEmpty());
+    session.undo();
+    ASSERT_TRUE(finishJob());
+    EXPECT_EQ(resets.size(), 0);
+    EXPECT_EQ(rowsOf(model), expectedTexts());
+    session.clearAll();
+    EXPECT_EQ(model.rowCount(), 0);
     settle();
 }
 

@@ -10,6 +10,7 @@ Rectangle {
     readonly property var song: viewModel.currentlyPlayingSong
 
     visible: song !== undefined
+    enabled: visible
     implicitWidth: row.implicitWidth + 24
     implicitHeight: row.implicitHeight + 12
     radius: 8

@@ -9,6 +9,8 @@ FocusScope {
     required property DuplicateViewModel viewModel
 
     visible: viewModel.showCleanUpProgress
+    // Out of sight it would keep the focus.
+    enabled: visible
     onVisibleChanged: {
         if (!visible)
             return;

@@ -8,10 +8,6 @@ Item {
     required property DuplicateViewModel viewModel
     readonly property bool isShowing: viewModel.showToast
     readonly property real hiddenOffset: 60
-    // Whether the user is about to read it or to press its button.
-    readonly property bool isHeld: isShowing && toast.isInUse
-
-    onIsHeldChanged: viewModel.holdToast(isHeld)
 
     ToastView {
         id: toast
@@ -25,10 +21,12 @@ Item {
         type: overlay.viewModel.toastType
         opacity: overlay.isShowing ? 1 : 0
         visible: opacity > 0
+        enabled: overlay.isShowing
         action: overlay.viewModel.toastAction
         canAct: !overlay.viewModel.isScanning && !overlay.viewModel.showCleanUpProgress
         onClosed: overlay.viewModel.showToast = false
         onActed: overlay.viewModel.performToastAction()
+        onIsInUseChanged: overlay.viewModel.holdToast(isInUse)
         onMessageChanged: announce()
 
         function announce() {

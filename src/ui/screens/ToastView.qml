@@ -67,7 +67,8 @@ Card {
         ToastButton {
             id: actionButton
             visible: toast.action !== ""
-            enabled: toast.canAct
+            // Out of sight it would keep the focus.
+            enabled: toast.canAct && visible
             text: toast.action
             onClicked: toast.acted()
 
