@@ -10,7 +10,8 @@ namespace sonavo {
 class ProgressIndicator : public QQuickPaintedItem
 {
     Q_OBJECT
-    QML_ANONYMOUS
+    QML_ELEMENT
+    QML_UNCREATABLE("A ring or a bar shows it.")
     /// How much is filled, from minimumValue to maximumValue: the names that Qt looks for in an accessible
     /// progress bar.
     Q_PROPERTY(double value MEMBER m_value NOTIFY changed)
