@@ -14,17 +14,48 @@
 namespace sonavo {
 namespace {
 
-/// The rows of the results as the model has them: a header's title, a song's path.
-QStringList rowsOf(const DuplicateListModel &model)
+QString textOf(const Song &song, bool isOriginal)
 {
-    QStringList rows;
-    for (int row = 0; row < model.rowCount(); ++row) {
-        const QVariant song = model.songAt(row);
-        rows.append(song.isValid() ? song.value<Song>().path
-                                   : model.data(model.index(row), DuplicateListModel::TitleRole).toString());
-    }
-    return rows;
+    return (isOriginal ? QStringLiteral("Original ") : QStringLiteral("Duplicate ")) + song.path;
 }
+
+/// What a view shows that hears of the model's changes alone: a header's title, a song's badge and path.
+class View
+{
+public:
+    explicit View(const DuplicateListModel &model)
+        : m_model(model)
+    {
+        const auto insert = [this](const QModelIndex &, int first, int last) {
+            for (int row = first; row <= last; ++row)
+                rows.insert(row, text(row));
+        };
+        const auto remove = [this](const QModelIndex &, int first, int last) {
+            rows.remove(first, last - first + 1);
+        };
+        const auto update = [this](const QModelIndex &first, const QModelIndex &last) {
+            for (int row = first.row(); row <= last.row(); ++row)
+                rows[row] = text(row);
+        };
+        QObject::connect(&model, &QAbstractItemModel::rowsInserted, &model, insert);
+        QObject::connect(&model, &QAbstractItemModel::rowsRemoved, &model, remove);
+        QObject::connect(&model, &QAbstractItemModel::dataChanged, &model, update);
+        insert({}, 0, model.rowCount() - 1);
+    }
+
+    QStringList rows;
+
+private:
+    [[nodiscard]] QString text(int row) const
+    {
+        const QVariant song = m_model.songAt(row);
+        const auto data = [&](int role) { return m_model.data(m_model.index(row), role); };
+        return song.isValid() ? textOf(song.value<Song>(), data(DuplicateListModel::IsOriginalRole).toBool())
+                              : data(DuplicateListModel::TitleRole).toString();
+    }
+
+    const DuplicateListModel &m_model;
+};
 
 /// The rows as they should be, each with the group of a header.
 QList<std::pair<QString, QUuid>> expectedRows(const DuplicateViewModel &session, const QSet<QUuid> &collapsed)
@@ -36,9 +67,9 @@ QList<std::pair<QString, QUuid>> expectedRows(const DuplicateViewModel &session,
         rows.append({QStringLiteral("Group of %1 songs").arg(group.duplicates.size() + 1), group.id});
         if (collapsed.contains(group.id))
             continue;
-        rows.append({group.original.path, {}});
+        rows.append({textOf(group.original, true), {}});
         for (const Song &duplicate : group.duplicates)
-            rows.append({duplicate.path, {}});
+            rows.append({textOf(duplicate, false), {}});
     }
     return rows;
 }
@@ -60,6 +91,7 @@ TEST(DuplicateListModel, FollowsAnyCourseOfDeletesAndUndosRowByRow)
     const auto finishJob = [&session] {
         return QTest::qWaitFor([&session] { return !session.isCleaningUp(); }, 20'000);
     };
+    const View view(model);
     const QSignalSpy resets(&model, &QAbstractItemModel::modelReset);
     QSet<QUuid> collapsed;
     const auto expectedTexts = [&] {
@@ -87,7 +119,7 @@ TEST(DuplicateListModel, FollowsAnyCourseOfDeletesAndUndosRowByRow)
                 collapsed.insert(group);
             model.setExpanded(row, !model.isExpanded(row));
         }
-        ASSERT_TRUE(model.isEmpty() || rowsOf(model) == expectedTexts());
+        ASSERT_TRUE(model.isEmpty() || view.rows == expectedTexts());
     }
     EXPECT_GT(undone, 3);
     // From and to nothing, by one step as by many.
@@ -101,7 +133,7 @@ TEST(DuplicateListModel, FollowsAnyCourseOfDeletesAndUndosRowByRow)
     session.undo();
     ASSERT_TRUE(finishJob());
     EXPECT_EQ(resets.size(), 0);
-    EXPECT_EQ(rowsOf(model), expectedTexts());
+    EXPECT_EQ(view.rows, expectedTexts());
     session.clearAll();
     EXPECT_EQ(model.rowCount(), 0);
     settle();

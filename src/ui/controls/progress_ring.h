@@ -5,7 +5,7 @@
 namespace sonavo {
 
 /// A ring that fills clockwise from the top, in a gradient of three colours around its centre.
-class ProgressRing : public ProgressIndicator
+class ProgressRing : public sonavo::ProgressIndicator // in full for Qt's tools for QML
 {
     Q_OBJECT
     QML_ELEMENT

@@ -5,7 +5,7 @@
 namespace sonavo {
 
 /// A horizontal bar with round ends that fills from the left.
-class ThinProgressBar : public ProgressIndicator
+class ThinProgressBar : public sonavo::ProgressIndicator // in full for Qt's tools for QML
 {
     Q_OBJECT
     QML_ELEMENT

@@ -25,6 +25,8 @@ FocusScope {
     ColumnLayout {
         anchors.fill: parent
         anchors.margins: 24
+        // A toast does not cover the buttons.
+        anchors.bottomMargin: 52
         spacing: 16
 
         Item {
