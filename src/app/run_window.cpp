@@ -7,6 +7,7 @@
 #include <QApplication>
 #include <QIcon>
 #include <QStyleFactory>
+#include <QWindow>
 
 #include <algorithm>
 #include <array>
@@ -46,7 +47,9 @@ ExitStatus runWindow(int &argc, char **argv, const WindowRequest &request)
     if (!app.launch(request.items))
         return ExitStatus::NoWindow;
     const ExitStatus status = QApplication::exec() == 0 ? ExitStatus::Success : ExitStatus::NoWindow;
-    // The window is gone; a file that is being moved is moved to the end.
+    // The window goes at once, but a file that is being moved is moved to the end.
+    for (QWindow *window : QApplication::topLevelWindows())
+        window->hide();
     QApplication::processEvents();
     fileJobThread().waitForDone();
     forceExitAfter(5s, status);

@@ -1,6 +1,8 @@
 #include "testing/audio_fixtures.h"
+#include "testing/music_folder.h"
 #include "testing/open_watch.h"
 #include "testing/private_home.h"
+#include "testing/system_call_listener.h"
 
 #include <QElapsedTimer>
 #include <QProcess>
@@ -9,6 +11,9 @@
 #include <csignal>
 #include <gtest/gtest.h>
 #include <sys/prctl.h>
+#include <sys/syscall.h>
+
+#include <atomic>
 
 namespace sonavo {
 namespace {
@@ -29,24 +34,68 @@ void start(QProcess &process, const QString &program, const QStringList &argumen
     return QTest::qWaitFor([&] { return QProcess::execute(u"xdotool"_s, commands) == 0; }, TIMEOUT_MS);
 }
 
-TEST(ProgramWindow, ClosesAtOnceDuringAScan)
+/// The real program on a screen of its own.
+class ProgramWindow : public testing::Test
 {
-    const PrivateHome home;
-    qunsetenv("QT_QPA_PLATFORM");
-    qunsetenv("WAYLAND_DISPLAY");
-    qputenv("XDG_RUNTIME_DIR", home.path().c_str());
-    // GLib gives up tables of names on purpose, and a scan that is cut short leaves everything as it is.
-    qputenv("ASAN_OPTIONS", "detect_leaks=0");
-    QProcess screen;
-    start(screen, u"Xvfb"_s, {u"-displayfd"_s, u"1"_s, u"-nolisten"_s, u"tcp"_s, u"-noreset"_s});
-    if (!QTest::qWaitFor([&] { return screen.canReadLine(); }, TIMEOUT_MS)) {
-        ASSERT_FALSE(qEnvironmentVariableIsSet("SONAVO_REQUIRE_DISPLAY"));
-        GTEST_SKIP() << "Xvfb does not start";
+protected:
+    void SetUp() override
+    {
+        qunsetenv("QT_QPA_PLATFORM");
+        qunsetenv("WAYLAND_DISPLAY");
+        qputenv("XDG_RUNTIME_DIR", home.path().c_str());
+        // GLib gives up tables of names on purpose, and a scan that is cut short leaves everything as it is.
+        qputenv("ASAN_OPTIONS", "detect_leaks=0");
+        start(screen, u"Xvfb"_s, {u"-displayfd"_s, u"1"_s, u"-nolisten"_s, u"tcp"_s, u"-noreset"_s});
+        if (!QTest::qWaitFor([&] { return screen.canReadLine(); }, TIMEOUT_MS)) {
+            ASSERT_FALSE(qEnvironmentVariableIsSet("SONAVO_REQUIRE_DISPLAY"));
+            GTEST_SKIP() << "Xvfb does not start";
+        }
+        qputenv("DISPLAY", ':' + screen.readLine().trimmed());
+        start(windowManager, u"openbox"_s, {u"--sm-disable"_s});
     }
-    qputenv("DISPLAY", ':' + screen.readLine().trimmed());
-    QProcess windowManager;
-    start(windowManager, u"openbox"_s, {u"--sm-disable"_s});
+    void TearDown() override
+    {
+        for (QProcess *process : {&windowManager, &screen}) {
+            process->terminate();
+            process->waitForFinished();
+        }
+    }
 
+    const QStringList visibleWindow{u"search"_s, u"--onlyvisible"_s, u"--name"_s, u"^Sonavo$"_s};
+    const PrivateHome home;
+    QProcess screen;
+    QProcess windowManager;
+};
+
+TEST_F(ProgramWindow, EndsOnlyWhenTheFileAtHandIsMoved)
+{
+    std::atomic<quint64> held = 0;
+    SystemCallListener listener;
+    if (!listener.start({SYS_renameat2}, [&held](const seccomp_notif &call) { held = call.id; }))
+        GTEST_SKIP() << "no right to hold system calls";
+    MusicFolder music;
+    music.addGroups({2});
+    QProcess program;
+    start(program, QStringLiteral(SONAVO_PROGRAM), {music.path()});
+    ASSERT_TRUE(xdotool(visibleWindow + QStringList{u"windowactivate"_s, u"--sync"_s}));
+    ASSERT_TRUE(QTest::qWaitFor(
+        [&] {
+            return held != 0 || !xdotool({u"key"_s, u"Down"_s, u"Delete"_s});
+        },
+        TIMEOUT_MS));
+    program.terminate();
+    // Longer than the program waits for anything else.
+    EXPECT_FALSE(program.waitForFinished(7'000));
+    EXPECT_NE(QProcess::execute(u"xdotool"_s, visibleWindow), 0) << "the window is still there";
+    listener.letThrough(held);
+    ASSERT_TRUE(program.waitForFinished(TIMEOUT_MS));
+    EXPECT_EQ(program.exitCode(), 0);
+    EXPECT_EQ(filesIn(music.path()).size(), 1);
+    EXPECT_EQ(filesIn(QFile::decodeName(home.path(".local/share/Trash").c_str())).size(), 2);
+}
+
+TEST_F(ProgramWindow, ClosesAtOnceDuringAScan)
+{
     const QTemporaryDir folder;
     fillWithSongs(folder.path(), 20'000);
     OpenWatch songs(folder.path());
@@ -56,8 +105,7 @@ TEST(ProgramWindow, ClosesAtOnceDuringAScan)
         SCOPED_TRACE(end.toStdString());
         QProcess program;
         start(program, QStringLiteral(SONAVO_PROGRAM), {folder.path()});
-        ASSERT_TRUE(xdotool(
-            {u"search"_s, u"--onlyvisible"_s, u"--name"_s, u"^Sonavo$"_s, u"windowactivate"_s, u"--sync"_s}));
+        ASSERT_TRUE(xdotool(visibleWindow + QStringList{u"windowactivate"_s, u"--sync"_s}));
         // One opening is that of the folder.
         int openings = 0;
         ASSERT_TRUE(
@@ -75,10 +123,6 @@ TEST(ProgramWindow, ClosesAtOnceDuringAScan)
         EXPECT_LT(timer.elapsed(), 5'000);
         const QByteArray warnings = program.readAllStandardError();
         EXPECT_FALSE(HasFailure() || warnings.contains("qrc:")) << warnings.toStdString();
-    }
-    for (QProcess *process : {&windowManager, &screen}) {
-        process->terminate();
-        process->waitForFinished();
     }
 }
 
