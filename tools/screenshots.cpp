@@ -4,14 +4,18 @@
 //
 // SONGS is a folder of music with duplicates. Sizes are logical pixels; the pictures at 200 % have twice as
 // many.
+#include "session/file_job.h"
 #include "testing/fake_desktop.h"
 #include "testing/window_driver.h"
 #include "theme/theme_manager.h"
 
 #include <QApplication>
 #include <QCoroTimer>
+#include <QDirIterator>
+#include <QSemaphore>
 #include <QTemporaryDir>
 #include <QTest>
+#include <QThreadPool>
 
 #include <cstdio>
 #include <functional>
@@ -52,7 +56,16 @@ public:
             qFatal("the scan does not end");
     }
 
-    void save(const QString &path) const
+    void finishJob() const
+    {
+        if (!waitFor([this] { return !session.isCleaningUp(); }))
+            qFatal("the clean-up does not end");
+    }
+
+    /// Blocks the calling thread.
+    void waitUntilSaved() { m_isSaved.acquire(); }
+
+    void save(const QString &path)
     {
         // Until all animations are over.
         constexpr int REST_MS = 1200;
@@ -60,8 +73,24 @@ public:
         if (!window->grabWindow().save(path))
             qFatal("the picture cannot be written");
         std::puts(qPrintable(path));
+        session.stopCleanUp();
+        m_isSaved.release();
+        finishJob();
     }
+
+private:
+    QSemaphore m_isSaved;
 };
+
+void copyFolder(const QString &from, const QString &to)
+{
+    for (QDirIterator it(from, QDir::Files, QDirIterator::Subdirectories); it.hasNext();) {
+        const QString file = it.next();
+        const QString copy = to + file.mid(from.size());
+        if (!QDir().mkpath(QFileInfo(copy).path()) || !QFile::copy(file, copy))
+            qFatal("the songs cannot be copied");
+    }
+}
 
 struct Screen
 {
@@ -112,6 +141,32 @@ QList<Screen> allScreens(const QString &songs)
              scene.session.showToast(u"Moved 12 files to folder \u2022 Saved 84.3 MB"_s,
                                      DuplicateViewModel::ToastType::Success);
          }},
+        {u"cleaning"_s,
+         [songs](Scene &scene) {
+             scene.scan(songs);
+             // Nothing is moved before the program ends: the job stops first.
+             fileJobThread().start([&scene] { scene.waitUntilSaved(); });
+             scene.session.cleanupAll();
+         }},
+        {u"cleaned"_s,
+         [songs](Scene &scene) {
+             const QTemporaryDir copy;
+             copyFolder(songs, copy.path());
+             scene.scan(copy.path());
+             scene.session.cleanupAll();
+             scene.finishJob();
+         }},
+        {u"failed"_s,
+         [songs](Scene &scene) {
+             const QTemporaryDir copy;
+             copyFolder(songs, copy.path());
+             scene.scan(copy.path());
+             scene.session.togglePlayback(scene.session.duplicateGroups().value(0).original);
+             for (const DuplicateGroup &group : scene.session.duplicateGroups().mid(1))
+                 QFile::remove(group.original.path);
+             scene.session.cleanupAll();
+             scene.finishJob();
+         }},
         {u"unique"_s, [songs](Scene &scene) { scene.scan(songs + u"/Laptop"_s); }},
     };
 }
@@ -147,6 +202,8 @@ int main(int argc, char *argv[])
     qputenv("QT_QUICK_BACKEND", "software");
     const QTemporaryDir settings;
     qputenv("XDG_CONFIG_HOME", QFile::encodeName(settings.path()));
+    // For the Trash.
+    qputenv("XDG_DATA_HOME", QFile::encodeName(settings.path()));
     QApplication application(argc, argv);
     QApplication::setQuitOnLastWindowClosed(false);
     const QString scale = qEnvironmentVariable("QT_SCALE_FACTOR", QStringLiteral("1"));

@@ -14,17 +14,48 @@
 namespace sonavo {
 namespace {
 
-/// The rows of the results as the model has them: a header's title, a song's path.
-QStringList rowsOf(const DuplicateListModel &model)
+QString textOf(const Song &song, bool isOriginal)
 {
-    QStringList rows;
-    for (int row = 0; row < model.rowCount(); ++row) {
-        const QVariant song = model.songAt(row);
-        rows.append(song.isValid() ? song.value<Song>().path
-                                   : model.data(model.index(row), DuplicateListModel::TitleRole).toString());
-    }
-    return rows;
+    return (isOriginal ? QStringLiteral("Original ") : QStringLiteral("Duplicate ")) + song.path;
 }
+
+/// What a view shows that hears of the model's changes alone: a header's title, a song's badge and path.
+class View
+{
+public:
+    explicit View(const DuplicateListModel &model)
+        : m_model(model)
+    {
+        const auto insert = [this](const QModelIndex &, int first, int last) {
+            for (int row = first; row <= last; ++row)
+                rows.insert(row, text(row));
+        };
+        const auto remove = [this](const QModelIndex &, int first, int last) {
+            rows.remove(first, last - first + 1);
+        };
+        const auto update = [this](const QModelIndex &first, const QModelIndex &last) {
+            for (int row = first.row(); row <= last.row(); ++row)
+                rows[row] = text(row);
+        };
+        QObject::connect(&model, &QAbstractItemModel::rowsInserted, &model, insert);
+        QObject::connect(&model, &QAbstractItemModel::rowsRemoved, &model, remove);
+        QObject::connect(&model, &QAbstractItemModel::dataChanged, &model, update);
+        insert({}, 0, model.rowCount() - 1);
+    }
+
+    QStringList rows;
+
+private:
+    [[nodiscard]] QString text(int row) const
+    {
+        const QVariant song = m_model.songAt(row);
+        const auto data = [&](int role) { return m_model.data(m_model.index(row), role); };
+        return song.isValid() ? textOf(song.value<Song>(), data(DuplicateListModel::IsOriginalRole).toBool())
+                              : data(DuplicateListModel::TitleRole).toString();
+    }
+
+    const DuplicateListModel &m_model;
+};
 
 /// The rows as they should be, each with the group of a header.
 QList<std::pair<QString, QUuid>> expectedRows(const DuplicateViewModel &session, const QSet<QUuid> &collapsed)
@@ -36,14 +67,14 @@ QList<std::pair<QString, QUuid>> expectedRows(const DuplicateViewModel &session,
         rows.append({QStringLiteral("Group of %1 songs").arg(group.duplicates.size() + 1), group.id});
         if (collapsed.contains(group.id))
             continue;
-        rows.append({group.original.path, {}});
+        rows.append({textOf(group.original, true), {}});
         for (const Song &duplicate : group.duplicates)
-            rows.append({duplicate.path, {}});
+            rows.append({textOf(duplicate, false), {}});
     }
     return rows;
 }
 
-TEST(DuplicateListModel, FollowsAnyCourseOfActionsRowByRow)
+TEST(DuplicateListModel, FollowsAnyCourseOfDeletesAndUndosRowByRow)
 {
     const MusicFolder music;
     music.addGroups({2, 5, 3, 2, 4, 3, 2});
@@ -57,27 +88,54 @@ TEST(DuplicateListModel, FollowsAnyCourseOfActionsRowByRow)
     model.setViewModel(&session);
     ASSERT_EQ(model.rowCount(), 7 + 21);
 
+    const auto finishJob = [&session] {
+        return QTest::qWaitFor([&session] { return !session.isCleaningUp(); }, 20'000);
+    };
+    const View view(model);
     const QSignalSpy resets(&model, &QAbstractItemModel::modelReset);
     QSet<QUuid> collapsed;
+    const auto expectedTexts = [&] {
+        QStringList texts;
+        for (const auto &row : expectedRows(session, collapsed))
+            texts.append(row.first);
+        return texts;
+    };
     std::mt19937 random(7);
-    while (model.rowCount() > 0) {
+    int undone = 0;
+    while (!model.isEmpty()) {
         // Now and then beyond the ends, where there is nothing.
         const int row = static_cast<int>(random() % static_cast<unsigned>(model.rowCount() + 2)) - 1;
         const QVariant song = model.songAt(row);
-        if (song.isValid()) {
+        if (random() % 4 == 0 && !session.undoText().isEmpty()) {
+            ++undone;
+            session.undo();
+            ASSERT_TRUE(finishJob());
+        } else if (song.isValid()) {
             session.deleteSong(song.value<Song>());
+            ASSERT_TRUE(finishJob());
         } else {
             const QUuid group = expectedRows(session, collapsed).value(row).second;
             if (!group.isNull() && !collapsed.remove(group))
                 collapsed.insert(group);
             model.setExpanded(row, !model.isExpanded(row));
         }
-        QStringList expected;
-        for (const auto &[text, group] : expectedRows(session, collapsed))
-            expected.append(text);
-        ASSERT_EQ(rowsOf(model), expected);
+        ASSERT_TRUE(model.isEmpty() || view.rows == expectedTexts());
     }
-    EXPECT_EQ(resets.size(), 1) << "when nothing is left";
+    EXPECT_GT(undone, 3);
+    // From and to nothing, by one step as by many.
+    while (!session.undoText().isEmpty()) {
+        session.undo();
+        ASSERT_TRUE(finishJob());
+    }
+    session.cleanupAll();
+    ASSERT_TRUE(finishJob());
+    EXPECT_TRUE(model.isEmpty());
+    session.undo();
+    ASSERT_TRUE(finishJob());
+    EXPECT_EQ(resets.size(), 0);
+    EXPECT_EQ(view.rows, expectedTexts());
+    session.clearAll();
+    EXPECT_EQ(model.rowCount(), 0);
     settle();
 }
 

@@ -1,7 +1,10 @@
+#include "session/file_job.h"
 #include "testing/music_folder.h"
 #include "tests/ui/ui_test.h"
 
+#include <QSemaphore>
 #include <QStyleHints>
+#include <QThreadPool>
 
 #include <gmock/gmock.h>
 
@@ -90,11 +93,17 @@ protected:
     {
         QTest::mouseClick(window, Qt::LeftButton, {}, rectOf(buttonInRow(button, row)->object()).center());
     }
+    /// Waits until files that are being moved are where they go.
+    void finishJob() const
+    {
+        ASSERT_TRUE(waitFor([this] { return !session.isCleaningUp(); }));
+    }
     /// Deletes by the pointer, once it may delete again after an earlier click.
     void deleteRow(std::size_t row) const
     {
         QTest::qWait(QGuiApplication::styleHints()->mouseDoubleClickInterval() + 50);
         clickInRow(DELETE, row);
+        finishJob();
     }
 
     [[nodiscard]] QStringList trashed() const { return filesIn(m_dataHome.filePath(u"Trash/files"_s)); }
@@ -130,8 +139,10 @@ TEST_F(ResultsTest, CanBeUsedByKeyboardAlone)
     // The current row is the next one, whether one row went or a whole group.
     press(Qt::Key_Delete);
     EXPECT_TRUE(waitFor([this] { return currentName() == "Duplicate 0/2"; })) << currentName();
+    finishJob();
     press(Qt::Key_Delete);
     EXPECT_TRUE(waitFor([this] { return rows().size() == 3; }));
+    finishJob();
     press(Qt::Key_Down);
     EXPECT_THAT(currentName(), HasSubstr(" 1/"));
 }
@@ -157,10 +168,13 @@ TEST_F(ResultsTest, ShowsGroupsToAScreenReaderAndDoesWhatItPresses)
     activate(buttonInRow(PLAY, 1));
     EXPECT_EQ(playing(), "0/Artist0 - Title0.flac");
     activate(buttonInRow(DELETE, 2));
+    finishJob();
     EXPECT_THAT(names(), ElementsAre("Group of 3 songs", "Original 1/0", "Duplicate 1/1", "Duplicate 1/2"));
     activate(CLEAN_UP);
     EXPECT_TRUE(waitForText(u"Moved 2 files to Trash \u2022 Saved 43 KB"_s));
-    EXPECT_TRUE(waitForText(u"Perfect! No Duplicates Found"_s));
+    EXPECT_TRUE(waitForText(u"2 files moved to the Trash \u2022 43 KB"_s));
+    EXPECT_TRUE(shows(u"2 songs remain"_s));
+    EXPECT_FALSE(shows(u"Perfect! No Duplicates Found"_s));
     EXPECT_EQ(trashed().size(), 3);
     EXPECT_EQ(filesIn(music.path()).size(), 2);
     // There is nothing left to do it to.
@@ -216,18 +230,23 @@ TEST_F(ResultsTest, DeletesOneSongForOnePressHoweverItIsMade)
     showGroups({6});
     const QPoint button = rectOf(buttonInRow(DELETE, 2)->object()).center();
     QTest::mouseClick(window, Qt::LeftButton, {}, button);
+    finishJob();
     QTest::mouseDClick(window, Qt::LeftButton, {}, button);
+    finishJob();
     EXPECT_EQ(trashed().size(), 1);
 
     clickRow(2);
     QTest::keyPress(window, Qt::Key_Delete);
+    finishJob();
     for (int repeat = 0; repeat < 5; ++repeat) {
         QKeyEvent again(QEvent::KeyPress, Qt::Key_Delete, Qt::NoModifier, QString(), true);
         QCoreApplication::sendEvent(window, &again);
     }
     QTest::keyRelease(window, Qt::Key_Delete);
+    finishJob();
     EXPECT_EQ(trashed().size(), 2);
     press(Qt::Key_Delete);
+    finishJob();
     EXPECT_EQ(trashed().size(), 3);
 }
 
@@ -246,6 +265,7 @@ TEST_F(ResultsTest, KeepsItsPlaceWhenASongIsDeletedFarDown)
     while (!before[duplicate].starts_with("Dupl"))
         ++duplicate;
     clickInRow(DELETE, duplicate);
+    finishJob();
     EXPECT_EQ(trashed().size(), 1);
     EXPECT_EQ(rows()[0].rect.y(), top);
     EXPECT_EQ(names()[0], before[0]);
@@ -287,7 +307,133 @@ TEST_F(ResultsTest, OffersWhatCanBeDoneWithASongInItsMenu)
     EXPECT_EQ(playing(), "");
     clickRow(2, Qt::RightButton);
     choose(u"Delete"_s);
+    finishJob();
     EXPECT_EQ(trashed().size(), 1);
+}
+
+TEST_F(ResultsTest, ShowsHowFarACleanUpIsAndIgnoresWhatWouldChangeTheSession)
+{
+    showGroups({2, 3});
+    clickRow(1);
+    const std::vector<std::string> before = names();
+    QSemaphore disk;
+    fileJobThread().start([&disk] { disk.acquire(); });
+    // Until the buttons have faded in.
+    QTest::qWait(300);
+    const QImage picture = window->grabWindow();
+    session.cleanupAll();
+    QTest::qWait(60);
+    EXPECT_EQ(window->grabWindow(), picture) << "a short one shows nothing";
+
+    const QString message = u"Moving 1 of 3 to the Trash"_s;
+    ASSERT_TRUE(waitForText(message));
+    EXPECT_EQ(focusedName(), u"Stop");
+    QAccessibleInterface *bar = find(QAccessible::ProgressBar, message);
+    ASSERT_TRUE(bar && bar->valueInterface());
+    EXPECT_EQ(bar->valueInterface()->currentValue().toDouble(), session.cleanUpFraction());
+    clickRow(1);
+    for (const Qt::Key key : {Qt::Key_L, Qt::Key_O, Qt::Key_Z})
+        press(key, Qt::ControlModifier);
+    press(Qt::Key_Delete);
+    clickInRow(DELETE, 2);
+    click(u"Clear List"_s);
+    press(Qt::Key_Space);
+    EXPECT_EQ(playing(), "0/Artist0 - Title0.flac") << "listening goes on";
+    EXPECT_EQ(names(), before);
+
+    press(Qt::Key_Escape);
+    EXPECT_TRUE(waitForText(u"Stopping\u2026"_s));
+    disk.release();
+    EXPECT_TRUE(waitForNoText(message));
+    EXPECT_TRUE(waitForText(u"Moved 0 files to Trash \u2022 3 not moved"_s));
+    EXPECT_EQ(names(), before);
+    EXPECT_THAT(trashed(), IsEmpty());
+    EXPECT_TRUE(waitFor([this] { return focusedName().startsWith(u"Original, Artist0"); }))
+        << focusedName().toStdString();
+
+    fileJobThread().start([&disk] { disk.acquire(); });
+    session.cleanupAll();
+    ASSERT_TRUE(waitForText(message));
+    disk.release();
+    EXPECT_TRUE(waitForText(u"3 files moved to the Trash \u2022 65 KB"_s));
+    EXPECT_TRUE(waitFor([this] { return focusedName() != u"Stop"; }));
+}
+
+TEST_F(ResultsTest, TakesBackByToastKeyAndSummaryWhatItHasDone)
+{
+    showGroups({2, 3});
+    const std::vector<std::string> before = names();
+    const auto isAsBefore = [&] { return !session.isCleaningUp() && names() == before; };
+    press(Qt::Key_Z, Qt::ControlModifier);
+    QTest::qWait(20);
+    EXPECT_FALSE(session.isCleaningUp() || session.showToast()) << "nothing to undo";
+
+    deleteRow(1);
+    ASSERT_TRUE(waitFor([this] { return find(QAccessible::Button, u"Undo"_s) != nullptr; }));
+    for (int stops = 0; stops < 20 && focusedName() != u"Undo"; ++stops)
+        press(Qt::Key_Tab);
+    const auto endToast = [this] {
+        endPauses(std::chrono::seconds(8));
+        QTest::qWait(20);
+    };
+    endToast();
+    EXPECT_TRUE(session.showToast()) << "the focus is on it";
+    press(Qt::Key_Return);
+    EXPECT_TRUE(waitFor(isAsBefore));
+    EXPECT_THAT(trashed(), IsEmpty());
+    EXPECT_TRUE(waitFor([this] { return focusedName() == u"Group of 3 songs"; }))
+        << focusedName().toStdString();
+
+    click(CLEAN_UP);
+    EXPECT_TRUE(waitForText(u"3 files moved to the Trash \u2022 65 KB"_s));
+    finishJob();
+    // Until the toast stands still.
+    QTest::qWait(700);
+    QTest::mouseMove(window, rectOf(find(QAccessible::Button, u"Undo"_s)->object()).center());
+    QTest::qWait(20);
+    endToast();
+    EXPECT_TRUE(session.showToast()) << "the pointer is on it";
+    QTest::mouseMove(window, QPoint(10, 200));
+    EXPECT_TRUE(waitFor([this] { return !session.showToast(); }));
+    click(u"Undo Move to Trash"_s);
+    EXPECT_TRUE(waitFor(isAsBefore));
+
+    press(Qt::Key_Delete);
+    clickRow(1);
+    press(Qt::Key_Delete);
+    finishJob();
+    EXPECT_EQ(trashed().size(), 1);
+    press(Qt::Key_Z, Qt::ControlModifier);
+    EXPECT_TRUE(waitFor(isAsBefore)) << "while the list has the focus";
+}
+
+TEST_F(ResultsTest, NamesTheFilesThatACleanUpCouldNotMove)
+{
+    showGroups({2, 2});
+    clickInRow(PLAY, 4);
+    const QString original = music.pathOf(u"0/Artist0 - Title0.flac"_s);
+    const QString duplicate = music.pathOf(u"1/Artist0 - Title0.flac"_s);
+    ASSERT_TRUE(QFile::rename(original, original + u".away"_s));
+    EXPECT_EQ(find(QAccessible::Button, CLEAN_UP)->text(QAccessible::Description),
+              u"Move 2 duplicates (43 KB) to the Trash");
+    click(CLEAN_UP);
+    EXPECT_TRUE(waitForText(u"1 file could not be moved"_s));
+    EXPECT_TRUE(shows(u"1 file moved to the Trash \u2022 22 KB"_s));
+    EXPECT_TRUE(focusedName().startsWith(duplicate)) << focusedName().toStdString();
+    desktop.calls.clear();
+    press(Qt::Key_Return);
+    activate(u"Show in Folder"_s);
+    EXPECT_THAT(desktop.takeCalls(),
+                ElementsAre("show " + duplicate.toStdString(), "show " + duplicate.toStdString()));
+    EXPECT_NE(find(QAccessible::StaticText, u"Playing Artist1 - Title1.flac"_s), nullptr);
+    click(u"Stop"_s);
+    EXPECT_EQ(playing(), "");
+
+    ASSERT_TRUE(QFile::rename(original + u".away"_s, original));
+    click(u"Try Again"_s);
+    EXPECT_TRUE(waitForText(u"2 files moved to the Trash \u2022 43 KB"_s));
+    EXPECT_FALSE(shows(u"1 file could not be moved"_s));
+    EXPECT_EQ(trashed().size(), 2);
 }
 
 } // namespace

@@ -9,6 +9,8 @@ T.Button {
     property string symbol: ""
     property real symbolSize: 16
     property color tint: Colors.accent
+    // What the button will do, as a tooltip and for screen readers.
+    property string description: ""
 
     implicitWidth: Math.max(implicitBackgroundWidth, implicitContentWidth + leftPadding + rightPadding)
     implicitHeight: implicitContentHeight + topPadding + bottomPadding
@@ -20,10 +22,16 @@ T.Button {
 
     Accessible.role: Accessible.Button
     Accessible.name: text
+    Accessible.description: description
     Accessible.onPressAction: if (enabled) clicked()
 
     Keys.onReturnPressed: event => { if (!event.isAutoRepeat) clicked(); }
     Keys.onEnterPressed: event => { if (!event.isAutoRepeat) clicked(); }
+
+    PlainToolTip {
+        text: control.description
+        isHovered: control.hovered
+    }
 
     contentItem: Item {
         implicitWidth: label.implicitWidth
@@ -42,6 +50,7 @@ T.Button {
             SymbolIcon {
                 id: icon
                 anchors.verticalCenter: parent.verticalCenter
+                visible: control.symbol !== ""
                 symbol: control.symbol
                 size: control.symbolSize
                 color: control.tint

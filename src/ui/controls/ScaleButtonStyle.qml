@@ -20,10 +20,11 @@ T.Button {
     focusPolicy: Qt.StrongFocus
     hoverEnabled: true
     scale: down ? 0.95 : 1
+    opacity: enabled ? 1 : 0.5
 
     Accessible.role: Accessible.Button
     Accessible.name: text
-    Accessible.onPressAction: clicked()
+    Accessible.onPressAction: if (enabled) clicked()
 
     Keys.onReturnPressed: event => { if (!event.isAutoRepeat) clicked(); }
     Keys.onEnterPressed: event => { if (!event.isAutoRepeat) clicked(); }

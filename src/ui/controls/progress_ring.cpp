@@ -1,12 +1,8 @@
 #include "ui/controls/progress_ring.h"
 
-#include "ui/controls/accessible_ring.h"
-
 #include <QConicalGradient>
 #include <QPainter>
 #include <QPen>
-
-#include <algorithm>
 
 namespace sonavo {
 namespace {
@@ -29,27 +25,14 @@ QConicalGradient ringGradient(const QPointF &center, double rotation)
 
 } // namespace
 
-ProgressRing::ProgressRing(QQuickItem *parent)
-    : QQuickPaintedItem(parent)
-{
-    [[maybe_unused]] static const bool isInstalled = (AccessibleRing::install(), true);
-    setAntialiasing(true);
-    connect(this, &ProgressRing::changed, this, [this] { update(); });
-}
-
-int ProgressRing::percentage() const
-{
-    return static_cast<int>(m_value * 100.0);
-}
-
 void ProgressRing::paint(QPainter *painter)
 {
     const double inset = m_lineWidth / 2.0;
     const QRectF circle = boundingRect().adjusted(inset, inset, -inset, -inset);
-    painter->setPen(QPen(m_trackColor, m_lineWidth));
+    painter->setPen(QPen(trackColor(), m_lineWidth));
     painter->drawEllipse(circle);
 
-    const double span = std::clamp(m_value, minimumValue(), maximumValue()) * FULL_CIRCLE;
+    const double span = filledShare() * FULL_CIRCLE;
     if (span <= 0.0)
         return;
     painter->setPen(

@@ -9,7 +9,7 @@ FocusScope {
     id: view
 
     required property DuplicateViewModel viewModel
-    readonly property int count: list.count
+    readonly property bool isEmpty: rows.isEmpty
 
     function play(row) {
         const song = rows.songAt(row);
@@ -29,6 +29,14 @@ FocusScope {
             return;
         recentRemoval.restart();
         remove(row);
+    }
+
+    // Rows move when a clean-up or an undo ends, too.
+    Connections {
+        target: view.viewModel
+        function onIsCleaningUpChanged() {
+            recentRemoval.restart();
+        }
     }
 
     Timer {

@@ -11,6 +11,7 @@ Rectangle {
 
     implicitHeight: row.implicitHeight + 12
     color: Colors.toolbar
+    enabled: !viewModel.showCleanUpProgress
     Accessible.role: Accessible.ToolBar
     Accessible.name: qsTr("Actions")
 
@@ -32,6 +33,7 @@ Rectangle {
             symbol: "trash.circle.fill"
             tint: Colors.error
             text: qsTr("Cleanup All")
+            description: toolbar.viewModel.cleanupAllDescription
             onClicked: toolbar.viewModel.cleanupAll()
         }
 
@@ -39,6 +41,7 @@ Rectangle {
             enabled: toolbar.canCleanUp
             symbol: "folder.badge.plus"
             text: qsTr("Move Duplicates")
+            description: toolbar.viewModel.moveDuplicatesDescription
             onClicked: toolbar.viewModel.moveDuplicatesToFolder()
         }
 

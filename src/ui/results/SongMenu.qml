@@ -28,6 +28,7 @@ ThemedMenu {
     ThemedMenuSeparator {}
     ThemedMenuItem {
         text: qsTr("Delete")
+        enabled: !menu.viewModel.isCleaningUp
         onTriggered: menu.remove(menu.song)
     }
 }

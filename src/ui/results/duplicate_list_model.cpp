@@ -4,6 +4,8 @@
 #include "theme/palette.h"
 
 #include <algorithm>
+#include <iterator>
+#include <utility>
 
 namespace sonavo {
 namespace {
@@ -187,82 +189,122 @@ const Song &DuplicateListModel::songOf(const Entry &entry) const
 
 bool DuplicateListModel::isCollapsed(std::size_t group) const
 {
-    return !m_collapsed.isEmpty() && m_collapsed.contains(groupAt(group).id);
+    return isCollapsed(groupAt(group));
 }
 
-int DuplicateListModel::rowCountOf(std::size_t group) const
+bool DuplicateListModel::isCollapsed(const DuplicateGroup &group) const
 {
-    return isCollapsed(group) ? 1 : 2 + static_cast<int>(groupAt(group).duplicates.size());
+    return !m_collapsed.isEmpty() && m_collapsed.contains(group.id);
 }
 
-void DuplicateListModel::updateHeaderRows(std::size_t group)
+int DuplicateListModel::rowCountOf(const DuplicateGroup &group) const
+{
+    return isCollapsed(group) ? 1 : 2 + static_cast<int>(group.duplicates.size());
+}
+
+void DuplicateListModel::updateHeaderRows(std::size_t group, std::size_t hiddenEnd)
 {
     m_headerRows.resize(static_cast<std::size_t>(m_groups.size()) + 1);
     for (std::size_t i = group; i + 1 < m_headerRows.size(); ++i)
-        m_headerRows[i + 1] = m_headerRows[i] + rowCountOf(i);
+        m_headerRows[i + 1] = m_headerRows[i] + (i < hiddenEnd ? 0 : rowCountOf(groupAt(i)));
 }
 
 void DuplicateListModel::updateGroups()
 {
     const QList<DuplicateGroup> groups = groupsWithDuplicates(m_viewModel->duplicateGroups());
-    const auto [oldGroup, newGroup] =
-        std::mismatch(m_groups.cbegin(), m_groups.cend(), groups.cbegin(), groups.cend(), haveSameSongs);
-    if (oldGroup == m_groups.cend() && newGroup == groups.cend())
-        return;
-    const auto position = static_cast<std::size_t>(oldGroup - m_groups.cbegin());
-    const bool isSameSize = m_groups.size() == groups.size();
-    const bool isOneFewer = m_groups.size() == groups.size() + 1;
-    if (isSameSize && oldGroup->id == newGroup->id &&
-        std::equal(oldGroup + 1, m_groups.cend(), newGroup + 1, groups.cend(), haveSameSongs))
-        updateGroup(position, *newGroup);
-    else if (isOneFewer && !groups.isEmpty() &&
-             std::equal(oldGroup + 1, m_groups.cend(), newGroup, groups.cend(), haveSameSongs))
-        removeGroup(position);
-    else
+    const bool isEmpty = groups.isEmpty();
+    if (!isEmpty)
+        replaceGroups(groups);
+    else if (m_viewModel->isScanning() || m_viewModel->songCount() == 0)
         reset(groups);
+    if (std::exchange(m_isEmpty, isEmpty) != isEmpty)
+        Q_EMIT isEmptyChanged();
 }
 
-void DuplicateListModel::removeGroup(std::size_t group)
+void DuplicateListModel::replaceGroups(const QList<DuplicateGroup> &groups)
 {
-    beginRemoveRows({}, m_headerRows[group], m_headerRows[group + 1] - 1);
-    m_collapsed.remove(groupAt(group).id);
-    m_groups.removeAt(static_cast<qsizetype>(group));
-    updateHeaderRows(group);
-    endRemoveRows();
+    const auto [oldFirst, newFirst] =
+        std::mismatch(m_groups.cbegin(), m_groups.cend(), groups.cbegin(), groups.cend(), haveSameSongs);
+    const auto [oldRest, newRest] =
+        std::mismatch(m_groups.crbegin(), std::make_reverse_iterator(oldFirst), groups.crbegin(),
+                      std::make_reverse_iterator(newFirst), haveSameSongs);
+    const auto first = static_cast<std::size_t>(oldFirst - m_groups.cbegin());
+    const auto oldCount = static_cast<std::size_t>(oldRest.base() - oldFirst);
+    const auto newCount = static_cast<std::size_t>(newRest.base() - newFirst);
+    if (oldCount == 0 && newCount == 0)
+        return;
+    if (oldCount == static_cast<std::size_t>(m_groups.size()) && oldCount != 1) {
+        reset(groups);
+        return;
+    }
+    if (oldCount == 1 && newCount == 1 && updateMembers(first, groups))
+        return;
+    if (oldCount > 0) {
+        // The groups that have gone are hidden until the others are there: both lists may be long.
+        beginRemoveRows({}, m_headerRows[first], m_headerRows[first + oldCount] - 1);
+        updateHeaderRows(first, first + oldCount);
+        endRemoveRows();
+    }
+    setGroups(first, newCount, groups);
     Q_EMIT countChanged();
 }
 
-void DuplicateListModel::updateGroup(std::size_t group, const DuplicateGroup &changed)
+void DuplicateListModel::setGroups(std::size_t first, std::size_t newCount,
+                                   const QList<DuplicateGroup> &groups)
 {
+    const int row = m_headerRows[first];
+    int rows = 0;
+    for (std::size_t i = first; i < first + newCount; ++i)
+        rows += rowCountOf(groups.at(static_cast<qsizetype>(i)));
+    if (rows > 0)
+        beginInsertRows({}, row, row + rows - 1);
+    m_groups = groups;
+    updateHeaderRows(first);
+    if (rows > 0)
+        endInsertRows();
+}
+
+bool DuplicateListModel::updateMembers(std::size_t group, const QList<DuplicateGroup> &groups)
+{
+    const DuplicateGroup &changed = groups.at(static_cast<qsizetype>(group));
     const QList<Song> before = membersOf(groupAt(group));
     const QList<Song> after = membersOf(changed);
     const auto haveSameId = [](const Song &a, const Song &b) { return a.id == b.id; };
-    const auto [removed, kept] =
+    const auto [removed, inserted] =
         std::mismatch(before.begin(), before.end(), after.begin(), after.end(), haveSameId);
-    const bool isOneRemoved = before.size() == after.size() + 1 &&
-                              std::equal(removed + 1, before.end(), kept, after.end(), haveSameId);
-    if (!isOneRemoved) {
-        reset(groupsWithDuplicates(m_viewModel->duplicateGroups()));
-        return;
-    }
+    const auto [removedEnd, insertedEnd] =
+        std::mismatch(before.rbegin(), std::make_reverse_iterator(removed), after.rbegin(),
+                      std::make_reverse_iterator(inserted), haveSameId);
+    const auto removedCount = static_cast<int>(removedEnd.base() - removed);
+    const auto insertedCount = static_cast<int>(insertedEnd.base() - inserted);
+    if (changed.id != groupAt(group).id || (removedCount > 0 && insertedCount > 0))
+        return false;
 
     const int header = m_headerRows[group];
     const int row = header + 1 + static_cast<int>(removed - before.begin());
     const bool isShown = !isCollapsed(group);
-    if (isShown)
-        beginRemoveRows({}, row, row);
-    m_groups[static_cast<qsizetype>(group)] = changed;
+    if (isShown && removedCount > 0)
+        beginRemoveRows({}, row, row + removedCount - 1);
+    else if (isShown)
+        beginInsertRows({}, row, row + insertedCount - 1);
+    m_groups = groups;
     updateHeaderRows(group);
-    if (isShown)
+    if (isShown && removedCount > 0)
         endRemoveRows();
+    else if (isShown)
+        endInsertRows();
     Q_EMIT dataChanged(index(header), index(header), {TitleRole, DescriptionRole});
+    // The next song becomes the original, or the one that was it becomes a duplicate again.
     if (isShown && row == header + 1)
-        Q_EMIT dataChanged(index(row), index(row), {IsOriginalRole, DescriptionRole});
+        Q_EMIT dataChanged(index(row), index(row + insertedCount), {IsOriginalRole, DescriptionRole});
     Q_EMIT countChanged();
+    return true;
 }
 
 void DuplicateListModel::reset(const QList<DuplicateGroup> &groups)
 {
+    if (m_groups.isEmpty() && groups.isEmpty())
+        return;
     beginResetModel();
     m_groups = groups;
     m_collapsed.clear();

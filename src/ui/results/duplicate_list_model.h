@@ -14,8 +14,8 @@
 namespace sonavo {
 
 /// The session's duplicate groups as a flat list. Each group that has duplicates gives a header row and,
-/// unless it is collapsed, a row for its original and for each of its duplicates. When a song is deleted,
-/// only its row, or the rows of its group, are removed. Main thread only.
+/// unless it is collapsed, a row for its original and for each of its duplicates. Only rows that differ are
+/// removed and inserted. Main thread only.
 class DuplicateListModel : public QAbstractListModel
 {
     Q_OBJECT
@@ -25,6 +25,9 @@ class DuplicateListModel : public QAbstractListModel
                    REQUIRED)
     /// Number of rows.
     Q_PROPERTY(int count READ count NOTIFY countChanged)
+    /// Whether no group has duplicates. After a clean-up the rows are kept nevertheless, so that an undo need
+    /// not make their items again.
+    Q_PROPERTY(bool isEmpty READ isEmpty NOTIFY isEmptyChanged)
 
 public:
     enum Role
@@ -53,6 +56,7 @@ public:
     [[nodiscard]] DuplicateViewModel *viewModel() const { return m_viewModel; }
     void setViewModel(DuplicateViewModel *viewModel);
     [[nodiscard]] int count() const;
+    [[nodiscard]] bool isEmpty() const { return m_isEmpty; }
 
     [[nodiscard]] int rowCount(const QModelIndex &parent = {}) const override;
     [[nodiscard]] QVariant data(const QModelIndex &index, int role) const override;
@@ -70,6 +74,7 @@ public:
 Q_SIGNALS:
     void viewModelChanged();
     void countChanged();
+    void isEmptyChanged();
 
 private:
     /// What a row shows: one member of a group, the original being the first, or the group's header.
@@ -85,16 +90,23 @@ private:
     [[nodiscard]] QVariant groupData(std::size_t group, int role) const;
     [[nodiscard]] QVariant songData(const Entry &entry, int role) const;
     [[nodiscard]] bool isCollapsed(std::size_t group) const;
-    [[nodiscard]] int rowCountOf(std::size_t group) const;
+    [[nodiscard]] bool isCollapsed(const DuplicateGroup &group) const;
+    [[nodiscard]] int rowCountOf(const DuplicateGroup &group) const;
 
     void updateGroups();
-    void updateGroup(std::size_t group, const DuplicateGroup &changed);
-    void removeGroup(std::size_t group);
+    void replaceGroups(const QList<DuplicateGroup> &groups);
+    /// Sets the groups, of which a number has come in addition to those that have rows now.
+    /// @param first the first of them
+    void setGroups(std::size_t first, std::size_t newCount, const QList<DuplicateGroup> &groups);
+    /// Sets the groups, of which one has more members than now, or fewer.
+    /// @return false if it differs in another way; then nothing is done
+    [[nodiscard]] bool updateMembers(std::size_t group, const QList<DuplicateGroup> &groups);
     void reset(const QList<DuplicateGroup> &groups);
     void updatePlaying();
     void emitPlayingChanged(const QUuid &songId);
-    /// Recomputes the header rows of all groups after this one.
-    void updateHeaderRows(std::size_t group);
+    /// Recomputes the header rows of all groups after this one, as if the groups before `hiddenEnd` had no
+    /// rows.
+    void updateHeaderRows(std::size_t group, std::size_t hiddenEnd = 0);
 
     QPointer<DuplicateViewModel> m_viewModel;
     QList<DuplicateGroup> m_groups;
@@ -102,6 +114,7 @@ private:
     std::vector<int> m_headerRows{0};
     QSet<QUuid> m_collapsed;
     QUuid m_playingId;
+    bool m_isEmpty = true;
 };
 
 } // namespace sonavo

@@ -47,8 +47,16 @@ FocusScope {
             hasAddedSongs = false;
     }
     onSongCountChanged: {
-        if (songCount === 0 && !isScanning)
-            hasAddedSongs = false;
+        // An undo can bring songs back.
+        if (!isScanning)
+            hasAddedSongs = songCount > 0;
+    }
+
+    // The part of the window that had the focus has disappeared, and no other part has taken it.
+    Timer {
+        interval: 0
+        running: view.Window.activeFocusItem === view
+        onTriggered: (results.visible ? results : progress.visible ? progress : welcome).forceActiveFocus()
     }
 
     Connections {
@@ -65,18 +73,22 @@ FocusScope {
 
     FileDropArea {
         anchors.fill: parent
+        enabled: !view.viewModel.isCleaningUp
         onFilesDropped: urls => view.handleDrop(urls)
     }
 
     WelcomeView {
+        id: welcome
         anchors.fill: parent
         visible: !view.hasAddedSongs
+        enabled: !view.viewModel.showCleanUpProgress
         focus: visible
         onFilesDropped: urls => view.handleDrop(urls)
         onAddSongs: view.addSongs()
     }
 
     CircularProgressView {
+        id: progress
         anchors.fill: parent
         visible: view.hasAddedSongs && view.isScanning
         focus: visible
@@ -86,9 +98,15 @@ FocusScope {
     }
 
     ResultsView {
+        id: results
         anchors.fill: parent
         visible: view.hasAddedSongs && !view.isScanning
         focus: visible
+        viewModel: view.viewModel
+    }
+
+    CleanUpProgressView {
+        anchors.fill: parent
         viewModel: view.viewModel
     }
 

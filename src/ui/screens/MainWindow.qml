@@ -11,6 +11,8 @@ ApplicationWindow {
     required property DuplicateViewModel viewModel
     required property ThemeManager themeManager
 
+    readonly property bool canChange: !viewModel.isCleaningUp
+
     title: qsTr("Sonavo")
     width: 1100
     height: 740
@@ -26,11 +28,13 @@ ApplicationWindow {
                 Action {
                     text: qsTr("Add Song")
                     shortcut: "Ctrl+O"
+                    enabled: window.canChange
                     onTriggered: window.viewModel.importWithOpenPanel()
                 }
                 Action {
                     text: qsTr("Clear List")
                     shortcut: "Ctrl+L"
+                    enabled: window.canChange
                     onTriggered: window.viewModel.clearAll()
                 }
                 ThemedMenuSeparator {}
@@ -38,6 +42,15 @@ ApplicationWindow {
                     text: qsTr("Quit")
                     shortcut: "Ctrl+Q"
                     onTriggered: Qt.quit()
+                }
+            },
+            ThemedMenu {
+                title: qsTr("&Edit")
+                Action {
+                    text: window.viewModel.undoText !== "" ? window.viewModel.undoText : qsTr("Undo")
+                    shortcut: "Ctrl+Z"
+                    enabled: window.viewModel.undoText !== "" && window.canChange && !window.viewModel.isScanning
+                    onTriggered: window.viewModel.undo()
                 }
             },
             ThemedMenu {

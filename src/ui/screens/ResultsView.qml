@@ -7,6 +7,11 @@ FocusScope {
     id: view
 
     required property DuplicateViewModel viewModel
+    readonly property bool hasSummary: viewModel.hasCleanUpSummary
+    // Whether the summary is shown in place of a list that is left.
+    property bool prefersSummary: false
+
+    onHasSummaryChanged: prefersSummary = false
 
     ColumnLayout {
         anchors.fill: parent
@@ -17,6 +22,13 @@ FocusScope {
             viewModel: view.viewModel
         }
 
+        FailureNotice {
+            Layout.fillWidth: true
+            visible: list.visible && view.viewModel.cleanUpFailureCount > 0
+            viewModel: view.viewModel
+            onShow: view.prefersSummary = true
+        }
+
         Item {
             Layout.fillWidth: true
             Layout.fillHeight: true
@@ -24,14 +36,24 @@ FocusScope {
             DuplicateList {
                 id: list
                 anchors.fill: parent
-                visible: count > 0
+                visible: !isEmpty && !view.prefersSummary
                 focus: visible
                 viewModel: view.viewModel
             }
 
+            CleanUpSummaryView {
+                id: summary
+                anchors.fill: parent
+                visible: view.hasSummary && !list.visible
+                focus: visible
+                viewModel: view.viewModel
+                hasList: !list.isEmpty
+                onBack: view.prefersSummary = false
+            }
+
             NoDuplicatesFoundView {
                 anchors.fill: parent
-                visible: !list.visible
+                visible: !list.visible && !summary.visible
                 songCount: view.viewModel.songCount
             }
         }

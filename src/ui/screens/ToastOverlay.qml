@@ -21,7 +21,12 @@ Item {
         type: overlay.viewModel.toastType
         opacity: overlay.isShowing ? 1 : 0
         visible: opacity > 0
+        enabled: overlay.isShowing
+        action: overlay.viewModel.toastAction
+        canAct: !overlay.viewModel.isScanning && !overlay.viewModel.showCleanUpProgress
         onClosed: overlay.viewModel.showToast = false
+        onActed: overlay.viewModel.performToastAction()
+        onIsInUseChanged: overlay.viewModel.holdToast(isInUse)
         onMessageChanged: announce()
 
         function announce() {

@@ -9,8 +9,16 @@ Card {
 
     required property string message
     required property int type
+    // Text of a button before the close button; empty without one.
+    required property string action
+    required property bool canAct
     // The user clicked the close button.
     signal closed
+    // The user clicked the other one.
+    signal acted
+
+    // Whether the pointer or the keyboard focus is on it.
+    readonly property bool isInUse: pointer.hovered || actionButton.activeFocus || closeButton.activeFocus
 
     readonly property color typeColor: type === DuplicateViewModel.Success ? Colors.success
                                      : type === DuplicateViewModel.Error ? Colors.error : Colors.info
@@ -28,6 +36,10 @@ Card {
 
     Accessible.role: Accessible.AlertMessage
     Accessible.name: message
+
+    HoverHandler {
+        id: pointer
+    }
 
     RowLayout {
         id: row
@@ -52,14 +64,29 @@ Card {
             Accessible.ignored: true
         }
 
-        T.AbstractButton {
+        ToastButton {
+            id: actionButton
+            visible: toast.action !== ""
+            // Out of sight it would keep the focus.
+            enabled: toast.canAct && visible
+            text: toast.action
+            onClicked: toast.acted()
+
+            contentItem: PlainText {
+                text: actionButton.text
+                font.pixelSize: 14
+                font.weight: Font.DemiBold
+                color: Colors.accent
+                Accessible.ignored: true
+            }
+        }
+
+        ToastButton {
             id: closeButton
             implicitWidth: 20
             implicitHeight: 20
-            focusPolicy: Qt.TabFocus
-            Accessible.role: Accessible.Button
-            Accessible.name: qsTr("Close")
-            Accessible.onPressAction: clicked()
+            padding: 0
+            text: qsTr("Close")
             onClicked: toast.closed()
 
             contentItem: Item {
@@ -70,9 +97,26 @@ Card {
                     color: closeButton.hovered ? Colors.textPrimary : Colors.textSecondary
                 }
             }
-            background: Item {
-                FocusRing { control: closeButton }
-            }
+        }
+    }
+
+    component ToastButton: T.AbstractButton {
+        id: button
+
+        implicitWidth: implicitContentWidth + leftPadding + rightPadding
+        implicitHeight: implicitContentHeight + topPadding + bottomPadding
+        padding: 4
+        opacity: enabled ? 1 : 0.5
+        hoverEnabled: true
+        focusPolicy: Qt.TabFocus
+        Accessible.role: Accessible.Button
+        Accessible.name: text
+        Accessible.onPressAction: if (enabled) clicked()
+        Keys.onReturnPressed: event => { if (!event.isAutoRepeat) clicked(); }
+        Keys.onEnterPressed: event => { if (!event.isAutoRepeat) clicked(); }
+
+        background: Item {
+            FocusRing { control: button }
         }
     }
 }

@@ -4,16 +4,16 @@
 
 namespace sonavo {
 
-class ProgressRing;
+class ProgressIndicator;
 
-/// Exposes a ProgressRing to assistive technology. Qt Quick's own interface has no value for the role of a
-/// progress bar. Name and description are those of the ring's Accessible properties.
-class AccessibleRing final : public QAccessibleObject, public QAccessibleValueInterface
+/// Exposes a ProgressIndicator to assistive technology. Qt Quick's own interface has no value for the role of
+/// a progress bar. Name and description are those of the indicator's Accessible properties.
+class AccessibleProgress final : public QAccessibleObject, public QAccessibleValueInterface
 {
 public:
-    explicit AccessibleRing(ProgressRing *ring);
+    explicit AccessibleProgress(ProgressIndicator *indicator);
 
-    /// Makes Qt use this interface for every ProgressRing.
+    /// Makes Qt use this interface for every ProgressIndicator.
     static void install();
 
     [[nodiscard]] QWindow *window() const override;
@@ -36,7 +36,7 @@ protected:
     void *interface_cast(QAccessible::InterfaceType type) override;
 
 private:
-    [[nodiscard]] ProgressRing &ring() const;
+    [[nodiscard]] ProgressIndicator &indicator() const;
 };
 
 } // namespace sonavo

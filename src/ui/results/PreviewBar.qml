@@ -1,0 +1,61 @@
+import QtQuick
+import QtQuick.Layouts
+import Sonavo
+
+// The song that is playing, with a button that stops it, where no row shows it.
+Rectangle {
+    id: bar
+
+    required property DuplicateViewModel viewModel
+    readonly property var song: viewModel.currentlyPlayingSong
+
+    visible: song !== undefined
+    enabled: visible
+    implicitWidth: row.implicitWidth + 24
+    implicitHeight: row.implicitHeight + 12
+    radius: 8
+    color: Qt.alpha(Colors.accent, 0.15)
+    border.width: 1
+    border.color: Qt.alpha(Colors.accent, 0.5)
+
+    RowLayout {
+        id: row
+        anchors.fill: parent
+        anchors.leftMargin: 14
+        anchors.rightMargin: 10
+        spacing: 10
+
+        SymbolIcon {
+            symbol: "speaker.wave.3.fill"
+            size: 16
+            color: Colors.accent
+        }
+
+        ElidedText {
+            id: name
+            Layout.fillWidth: true
+            text: bar.song ? bar.song.name : ""
+            font.pixelSize: 14
+            color: Colors.textPrimary
+            Accessible.role: Accessible.StaticText
+            Accessible.name: qsTr("Playing %1").arg(text)
+
+            HoverHandler {
+                id: hover
+            }
+            PlainToolTip {
+                text: name.fullText
+                isHovered: hover.hovered
+            }
+        }
+
+        ModernButtonStyle {
+            Layout.preferredWidth: 76
+            symbol: "stop.fill"
+            symbolSize: 13
+            text: qsTr("Stop")
+            description: name.text
+            onClicked: bar.viewModel.stopPlayback()
+        }
+    }
+}
