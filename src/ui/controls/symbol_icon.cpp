@@ -44,8 +44,10 @@ void SymbolIcon::paint(QPainter *painter)
     image.fill(Qt::transparent);
     QPainter imagePainter(&image);
     rendererOf(m_symbol).render(&imagePainter);
-    imagePainter.setCompositionMode(QPainter::CompositionMode_SourceIn);
-    imagePainter.fillRect(image.rect(), m_color);
+    if (m_color.alpha() > 0) {
+        imagePainter.setCompositionMode(QPainter::CompositionMode_SourceIn);
+        imagePainter.fillRect(image.rect(), m_color);
+    }
     imagePainter.end();
     painter->drawImage(boundingRect(), image);
 }

@@ -12,12 +12,11 @@ ModalSheet {
     contentItem: ColumnLayout {
         spacing: 10
 
-        Image {
+        SymbolIcon {
             Layout.alignment: Qt.AlignHCenter
-            source: "icons/logo.svg"
-            sourceSize.width: 80
-            sourceSize.height: 80
-            Accessible.ignored: true
+            symbol: "logo"
+            size: 80
+            color: "transparent"
         }
 
         PlainText {

@@ -30,14 +30,12 @@ FocusScope {
             width: parent.width - 72
             spacing: 16
 
-            Image {
+            // Not an Image: as of Qt 6.4, the software renderer leaks its texture.
+            SymbolIcon {
                 Layout.alignment: Qt.AlignHCenter
-                Layout.preferredWidth: 80
-                Layout.preferredHeight: 80
-                source: "icons/logo.svg"
-                sourceSize.width: 80
-                sourceSize.height: 80
-                Accessible.ignored: true
+                symbol: "logo"
+                size: 80
+                color: "transparent"
             }
 
             PlainText {
