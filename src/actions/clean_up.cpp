@@ -35,8 +35,7 @@ QString unreadable(int error)
 {
     if (meansGone(error))
         return QLatin1String(GONE);
-    return QStringLiteral("cannot be read (%1)")
-        .arg(QString::fromLocal8Bit(std::generic_category().message(error)));
+    return QStringLiteral("cannot be read (%1)").arg(errorText(error));
 }
 
 /// Opens the file that a path leads to and reads from it.
