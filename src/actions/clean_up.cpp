@@ -205,7 +205,7 @@ void DuplicateRemover::remove(const Song &song)
     if (const QString wrong = whatIsWrongWithOriginal(); !wrong.isEmpty())
         return fail(song, QStringLiteral("The original of its group %1").arg(wrong));
     const auto &file = std::get<KnownFile>(look);
-    if (m_originals.shows(file) || isShownTwice(file, *m_original))
+    if (m_originals.mayContain(file) || mayBeOneFile(file, *m_original))
         return fail(song,
                     QStringLiteral(
                         "It may be the same file as an original, which another file system shows as well"));
@@ -374,7 +374,7 @@ std::variant<DisposedSong, Failure> trashSong(const Song &song, const QList<Dupl
         const auto otherIdentity = identityOf(other.path);
         if (!otherIdentity)
             continue;
-        if (areOneFile(*identity, *otherIdentity) || isShownTwice(file, otherIdentity->file))
+        if (areOneFile(*identity, *otherIdentity) || mayBeOneFile(file, otherIdentity->file))
             return Failure{QStringLiteral(
                 "Another song of this group is the very same file and would be gone as well.")};
         if (const Look otherLook = readableFile(other.path); std::holds_alternative<KnownFile>(otherLook))

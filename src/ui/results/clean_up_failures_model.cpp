@@ -58,8 +58,12 @@ void CleanUpFailuresModel::reveal(int row) const
 
 void CleanUpFailuresModel::update()
 {
+    const QList<SongFailure> failures = m_viewModel->cleanUpFailures();
+    // The number of songs that remain has changed, or nothing.
+    if (failures.isSharedWith(m_failures) || (failures.isEmpty() && m_failures.isEmpty()))
+        return;
     beginResetModel();
-    m_failures = m_viewModel->cleanUpFailures();
+    m_failures = failures;
     endResetModel();
     Q_EMIT titleChanged();
 }
