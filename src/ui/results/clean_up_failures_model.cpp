@@ -58,12 +58,8 @@ void CleanUpFailuresModel::reveal(int row) const
 
 void CleanUpFailuresModel::update()
 {
-    const QList<SongFailure> failures = m_viewModel->cleanUpFailures();
-    // The number of songs that remain has changed, or nothing.
-    if (failures.isSharedWith(m_failures) || (failures.isEmpty() && m_failures.isEmpty()))
-        return;
     beginResetModel();
-    m_failures = failures;
+    m_failures = m_viewModel->cleanUpFailures();
     endResetModel();
     Q_EMIT titleChanged();
 }
