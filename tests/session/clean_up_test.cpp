@@ -311,6 +311,16 @@ TEST_F(CleanUpTest, UndoesStepByStepWhatItHasDone)
     EXPECT_TRUE(QDir(pathOf("target")).isEmpty()) << "the folder is removed";
     EXPECT_THAT(filesIn(".local/share/Trash"), IsEmpty());
 
+    // Not even the end of a group that was left with its original is for good.
+    addGroups(1, 2);
+    const std::vector<std::string> pair = shown();
+    deleteSong(group().original);
+    trashDuplicates();
+    EXPECT_THAT(library.duplicateGroups(), IsEmpty());
+    undo();
+    EXPECT_EQ(shown(), pair);
+    addGroups(3, 4);
+
     // Of other songs, only the files go back.
     deleteSong(group().duplicates[0]);
     const QList<Song> others = {song("other.mp3")};
