@@ -318,9 +318,11 @@ private:
         while (m_areOthersThere && m_random.isOneIn(2))
             m_disks->meddleAtRest();
         QList<Song> duplicates;
-        for (const DuplicateGroup &group : m_session->duplicateGroups())
+        QList<Song> songs;
+        for (const DuplicateGroup &group : m_session->duplicateGroups()) {
             duplicates += group.duplicates;
-        const QList<Song> songs = m_session->songs();
+            songs += membersOf(group);
+        }
         const fs::path target = m_roots[m_random.below(m_roots.size())] / "target";
         switch (m_random.weighted({8, 2, 2, 8, 2, 1})) {
         case 0:
