@@ -321,6 +321,15 @@ QString whyItStays(const QString &path, const QString &reason)
     return reason.contains(path) ? reason : QStringLiteral("It stays at %1: %2").arg(path, reason);
 }
 
+/// Nothing if another file has taken its place already. A link still has the note of the file it leads to.
+std::optional<FileNote> noteOfRestored(const Song &song, const PutBackResult &result)
+{
+    const Look look = readableFile(song.path);
+    const auto *file = std::get_if<KnownFile>(&look);
+    const bool isSame = file && result.snapshot && isSameFile(file->snapshot, *result.snapshot);
+    return isSame ? std::optional(noteOf(file->snapshot)) : std::nullopt;
+}
+
 /// The other members of the groups that hold a song.
 QList<Song> othersInGroupsOf(const Song &song, const QList<DuplicateGroup> &groups)
 {
@@ -412,9 +421,8 @@ UndoOutcome putBack(const QList<DisposedSong> &songs, const CleanUpOptions &opti
             outcome.restored.append(song);
             if (const auto *file = std::get_if<MovedFile>(&disposed->file))
                 movedBack.append(*file);
-            const Look look = readableFile(song.path);
-            if (const auto *file = std::get_if<KnownFile>(&look))
-                outcome.notes.insert(song.id, noteOf(file->snapshot));
+            if (const auto note = noteOfRestored(song, result))
+                outcome.notes.insert(song.id, *note);
         } else if (result.state == PutBackResult::State::Gone) {
             outcome.gone.append({song, result.reason});
         } else if (!options.stop.stop_requested()) {

@@ -77,7 +77,10 @@ PutBackResult moveBackWith(MoveResult (*move)(const QByteArray &, const QByteArr
     const MoveResult result = move(file.path, file.originalPath, options);
     if (result.state != MoveResult::State::Moved)
         return stays(toFailure(result, file.path, file.originalPath).reason);
-    return {State::Back, {}, describeMove(file.path, file.originalPath, result).snapshot};
+    auto back = describeMove(file.path, file.originalPath, result).snapshot;
+    if (back && !isBack(*back, *file.snapshot))
+        back.reset(); // somebody has replaced it already
+    return {State::Back, {}, back};
 }
 
 } // namespace

@@ -24,7 +24,7 @@ struct PutBackResult
     State state = State::Back;
     /// In words for the user; empty if the file is back.
     QString reason = {};
-    /// Taken after the file was put back; nothing where that failed.
+    /// Taken after the file was put back; nothing where that failed or another file is there already.
     std::optional<FileSnapshot> snapshot = {};
 };
 
