@@ -1,13 +1,13 @@
 #!/usr/bin/env bash
 # Installs what is missing, builds Sonavo and its benchmarks and runs them: all of them, or the one that is named
-# (analysis, import, memory, response or results) with the given options.
+# (analysis, import, memory, response, results or clean_up) with the given options.
 #
 #     scripts/bench.sh [NAME [OPTION...]]
 set -euo pipefail
 source "$(dirname -- "${BASH_SOURCE[0]}")/prepare.sh"
 
 case ${1-all} in
-all | analysis | import | memory | response | results) ;;
+all | analysis | import | memory | response | results | clean_up) ;;
 *)
     echo "There is no benchmark called $1" >&2
     exit 2
@@ -26,13 +26,14 @@ run() {
     import | memory) "$benchmarks/bench_import" "$name" "$benchmarks/sonavo" "$@" ;;
     response) "$benchmarks/bench_response" "$@" ;;
     results) "$benchmarks/bench_results" "$@" ;;
+    clean_up) "$benchmarks/bench_clean_up" "$@" ;;
     esac
 }
 
 if (($# > 0)); then
     run "$@"
 else
-    for benchmark in analysis import memory response results; do
+    for benchmark in analysis import memory response results clean_up; do
         echo
         echo "== $benchmark"
         run "$benchmark"

@@ -100,7 +100,7 @@ struct Screen
     int pauses = 1000;
 };
 
-QList<Screen> allScreens(const QString &songs)
+QList<Screen> scanScreens(const QString &songs)
 {
     const auto click = [](Scene &scene, QPoint at) {
         QTest::mouseClick(scene.window, Qt::LeftButton, {}, at);
@@ -141,6 +141,13 @@ QList<Screen> allScreens(const QString &songs)
              scene.session.showToast(u"Moved 12 files to folder \u2022 Saved 84.3 MB"_s,
                                      DuplicateViewModel::ToastType::Success);
          }},
+        {u"unique"_s, [songs](Scene &scene) { scene.scan(songs + u"/Laptop"_s); }},
+    };
+}
+
+QList<Screen> cleanUpScreens(const QString &songs)
+{
+    return {
         {u"cleaning"_s,
          [songs](Scene &scene) {
              scene.scan(songs);
@@ -167,7 +174,6 @@ QList<Screen> allScreens(const QString &songs)
              scene.session.cleanupAll();
              scene.finishJob();
          }},
-        {u"unique"_s, [songs](Scene &scene) { scene.scan(songs + u"/Laptop"_s); }},
     };
 }
 
@@ -177,7 +183,7 @@ void takePictures(const QString &folder, const QString &songs, const QString &sc
         ThemeManager::shared()->setCurrentTheme(theme);
         const QString themeName = theme == AppTheme::Dark ? u"dark"_s : u"light"_s;
         for (const QSize size : {QSize(900, 600), QSize(1440, 900)}) {
-            for (const Screen &screen : allScreens(songs)) {
+            for (const Screen &screen : scanScreens(songs) + cleanUpScreens(songs)) {
                 FakeDesktop desktop;
                 Scene scene(desktop, size, screen.pauses);
                 screen.show(scene);

@@ -35,8 +35,7 @@ QString unreadable(int error)
 {
     if (meansGone(error))
         return QLatin1String(GONE);
-    return QStringLiteral("cannot be read (%1)")
-        .arg(QString::fromLocal8Bit(std::generic_category().message(error)));
+    return QStringLiteral("cannot be read (%1)").arg(errorText(error));
 }
 
 /// Opens the file that a path leads to and reads from it.
@@ -206,7 +205,7 @@ void DuplicateRemover::remove(const Song &song)
     if (const QString wrong = whatIsWrongWithOriginal(); !wrong.isEmpty())
         return fail(song, QStringLiteral("The original of its group %1").arg(wrong));
     const auto &file = std::get<KnownFile>(look);
-    if (m_originals.shows(file) || isShownTwice(file, *m_original))
+    if (m_originals.mayContain(file) || mayBeOneFile(file, *m_original))
         return fail(song,
                     QStringLiteral(
                         "It may be the same file as an original, which another file system shows as well"));
@@ -322,6 +321,15 @@ QString whyItStays(const QString &path, const QString &reason)
     return reason.contains(path) ? reason : QStringLiteral("It stays at %1: %2").arg(path, reason);
 }
 
+/// Nothing if another file has taken its place already. A link still has the note of the file it leads to.
+std::optional<FileNote> noteOfRestored(const Song &song, const PutBackResult &result)
+{
+    const Look look = readableFile(song.path);
+    const auto *file = std::get_if<KnownFile>(&look);
+    const bool isSame = file && result.snapshot && isSameFile(file->snapshot, *result.snapshot);
+    return isSame ? std::optional(noteOf(file->snapshot)) : std::nullopt;
+}
+
 /// The other members of the groups that hold a song.
 QList<Song> othersInGroupsOf(const Song &song, const QList<DuplicateGroup> &groups)
 {
@@ -375,7 +383,7 @@ std::variant<DisposedSong, Failure> trashSong(const Song &song, const QList<Dupl
         const auto otherIdentity = identityOf(other.path);
         if (!otherIdentity)
             continue;
-        if (areOneFile(*identity, *otherIdentity) || isShownTwice(file, otherIdentity->file))
+        if (areOneFile(*identity, *otherIdentity) || mayBeOneFile(file, otherIdentity->file))
             return Failure{QStringLiteral(
                 "Another song of this group is the very same file and would be gone as well.")};
         if (const Look otherLook = readableFile(other.path); std::holds_alternative<KnownFile>(otherLook))
@@ -413,9 +421,8 @@ UndoOutcome putBack(const QList<DisposedSong> &songs, const CleanUpOptions &opti
             outcome.restored.append(song);
             if (const auto *file = std::get_if<MovedFile>(&disposed->file))
                 movedBack.append(*file);
-            const Look look = readableFile(song.path);
-            if (const auto *file = std::get_if<KnownFile>(&look))
-                outcome.notes.insert(song.id, noteOf(file->snapshot));
+            if (const auto note = noteOfRestored(song, result))
+                outcome.notes.insert(song.id, *note);
         } else if (result.state == PutBackResult::State::Gone) {
             outcome.gone.append({song, result.reason});
         } else if (!options.stop.stop_requested()) {

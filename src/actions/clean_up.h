@@ -67,8 +67,7 @@ struct CleanUpOutcome
 // - A duplicate that is not the file that was read any more, or whose original cannot be read or has changed
 //   since it was read, stays where it is and counts as failed.
 // - One file can be visible through two file systems, as two files. A duplicate that may be the original of
-// any
-//   group stays as well. Not every such file can be recognised, so the originals are checked again after
+//   any group stays as well. Not every such file can be recognised, so the originals are checked again after
 //   every file and once more at the end: a duplicate whose original vanished with it is put back and counts
 //   as failed.
 //

@@ -7,7 +7,6 @@
 #include <QLocale>
 #include <QSet>
 
-#include <system_error>
 #include <unistd.h>
 
 #include <cerrno>
@@ -35,11 +34,6 @@ bool isTaken(const QByteArray &path)
     return std::holds_alternative<FileSnapshot>(takeSnapshot(path));
 }
 
-Failure toFailure(int error)
-{
-    return {QString::fromLocal8Bit(std::generic_category().message(error))};
-}
-
 } // namespace
 
 DuplicatesFolder::DuplicatesFolder(QString path)
@@ -52,7 +46,7 @@ std::variant<DuplicatesFolder, Failure> DuplicatesFolder::create(const QString &
     const QString name = PREFIX + QLocale::c().toString(now, QStringLiteral("yyyy-MM-dd_HH-mm-ss"));
     const QString path = parent.endsWith(u'/') ? parent + name : parent + u'/' + name;
     if (const int error = makeFolders(QFile::encodeName(path)))
-        return toFailure(error);
+        return Failure{errorText(error)};
     return DuplicatesFolder(path);
 }
 
@@ -66,7 +60,7 @@ std::variant<MovedFile, Failure> DuplicatesFolder::moveHere(const QString &sourc
             continue;
         auto line = m_list.add(from, to, options.journal);
         if (const int *error = std::get_if<int>(&line))
-            return toFailure(*error);
+            return Failure{errorText(*error)};
         auto &entry = std::get<MoveJournal::Entry>(line);
         const MoveResult result = moveWithoutReplacing(from, to, options);
         if (result.state == MoveResult::State::Moved) {
@@ -79,7 +73,7 @@ std::variant<MovedFile, Failure> DuplicatesFolder::moveHere(const QString &sourc
         if (!isSettled)
             entry.keep();
         if (result.state != MoveResult::State::NotMoved || result.error != EEXIST)
-            return sonavo::toFailure(result, from, to);
+            return toFailure(result, from, to);
     }
 }
 

@@ -3,6 +3,7 @@
 #include "actions/failure.h"
 #include "actions/file_move.h"
 #include "actions/moved_files_list.h"
+#include "actions/put_back.h"
 
 #include <QDateTime>
 #include <QHash>

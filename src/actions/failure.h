@@ -2,6 +2,8 @@
 
 #include <QString>
 
+#include <system_error>
+
 namespace sonavo {
 
 /// Why an operation did not happen.
@@ -12,5 +14,11 @@ struct Failure
     /// As in errno; 0 where the reason is none of the operating system's.
     int error = 0;
 };
+
+/// The operating system's words for an error number.
+[[nodiscard]] inline QString errorText(int error)
+{
+    return QString::fromLocal8Bit(std::generic_category().message(error));
+}
 
 } // namespace sonavo

@@ -100,7 +100,7 @@ bool isOnDisk(const QByteArray &path)
     return ::statfs(path.constData(), &status) == 0 && std::ranges::find(DISKS, status.f_type) != DISKS.end();
 }
 
-bool isShownTwice(const KnownFile &a, const KnownFile &b)
+bool mayBeOneFile(const KnownFile &a, const KnownFile &b)
 {
     return a.snapshot.device != b.snapshot.device && traitsOf(a.snapshot) == traitsOf(b.snapshot) &&
            !(isOnDisk(a.path) && isOnDisk(b.path));
@@ -122,10 +122,10 @@ bool FileSet::contains(const FileIdentity &identity) const
            (file.hardLinks == 1 && m_nodes.contains({file.device, file.inode}));
 }
 
-bool FileSet::shows(const KnownFile &file) const
+bool FileSet::mayContain(const KnownFile &file) const
 {
     const auto [first, last] = m_files.equal_range(traitsOf(file.snapshot));
-    return std::any_of(first, last, [&file](const auto &entry) { return isShownTwice(file, entry.second); });
+    return std::any_of(first, last, [&file](const auto &entry) { return mayBeOneFile(file, entry.second); });
 }
 
 } // namespace sonavo

@@ -60,7 +60,7 @@ struct FileIdentity
 
 /// Whether two files with different identities are most likely one file, which an overlay, a network or the
 /// like shows a second time. Nobody can give two files the same time of the last change.
-[[nodiscard]] bool isShownTwice(const KnownFile &a, const KnownFile &b);
+[[nodiscard]] bool mayBeOneFile(const KnownFile &a, const KnownFile &b);
 
 /// Files by their identities.
 class FileSet
@@ -69,15 +69,15 @@ public:
     void insert(const FileIdentity &identity);
     /// Whether areOneFile() holds for the identity and one in the set.
     [[nodiscard]] bool contains(const FileIdentity &identity) const;
-    /// Whether isShownTwice() holds for the file and one in the set.
-    [[nodiscard]] bool shows(const KnownFile &file) const;
+    /// Whether mayBeOneFile() holds for the file and one in the set.
+    [[nodiscard]] bool mayContain(const KnownFile &file) const;
 
 private:
     using Node = std::pair<dev_t, ino_t>;
     QSet<FileEntry> m_entries;
     /// Of the files that have no other hard links.
     QSet<Node> m_nodes;
-    /// By what isShownTwice() compares.
+    /// By what mayBeOneFile() compares.
     std::multimap<std::tuple<qint64, qint64, qint64>, KnownFile> m_files;
 };
 

@@ -10,7 +10,6 @@
 
 #include <fcntl.h>
 #include <sys/stat.h>
-#include <system_error>
 #include <unistd.h>
 
 #include <cerrno>
@@ -174,12 +173,6 @@ MoveResult renameWithoutFlag(const QByteArray &from, const QByteArray &to, const
     return linked ? *linked : renameOverPlaceholder(old, to, options);
 }
 
-QByteArray targetOf(const QByteArray &link)
-{
-    std::error_code error;
-    return QByteArray(std::filesystem::read_symlink(link.constData(), error).c_str());
-}
-
 /// Creates a new symbolic link that leads to the same file from its new folder, and removes the old one.
 MoveResult moveLink(const KnownFile &old, const QByteArray &to, const MoveOptions &options)
 {
@@ -205,7 +198,7 @@ MoveResult moveLink(const KnownFile &old, const QByteArray &to, const MoveOption
         const bool isFree = creation != 0 && errorIfTaken(to) == 0;
         return isFree ? notMoved(creation) : finish(entry, uncertain(creation));
     }
-    if (creation != 0 && targetOf(to) != target.c_str())
+    if (creation != 0 && linkTarget(to) != target.c_str())
         return notMoved(creation);
     entry.made(made->snapshot);
     const int flushing = flushFolder(parentFolderOf(to));
@@ -301,11 +294,6 @@ MoveResult moveByCopying(const QByteArray &from, const QByteArray &to, const Mov
     return result;
 }
 
-QString describe(int error)
-{
-    return QString::fromLocal8Bit(std::generic_category().message(error));
-}
-
 } // namespace
 
 MoveResult renameWithoutReplacing(const QByteArray &from, const QByteArray &to, const MoveOptions &options)
@@ -346,13 +334,13 @@ MoveResult moveWithoutReplacing(const QByteArray &from, const QByteArray &to, co
 Failure toFailure(const MoveResult &result, const QByteArray &from, const QByteArray &to)
 {
     if (result.state != State::Uncertain)
-        return {describe(result.error), result.error};
+        return {errorText(result.error), result.error};
     QString places = QStringLiteral("%1 and at %2").arg(QFile::decodeName(from), QFile::decodeName(to));
     if (!result.leftAt.isEmpty())
         places +=
             QStringLiteral(", and for what was put in its place at %1").arg(QFile::decodeName(result.leftAt));
     return {QStringLiteral("It is not certain that the file was moved (%1). Look for it at %2.")
-                .arg(describe(result.error), places)};
+                .arg(errorText(result.error), places)};
 }
 
 MovedFile describeMove(const QByteArray &from, const QByteArray &to, const MoveResult &result)

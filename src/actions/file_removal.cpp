@@ -48,12 +48,6 @@ int unlinkFile(const QByteArray &path)
     return error != 0 && isNothingAt(path) ? 0 : error;
 }
 
-RemovalResult stillThere(const KnownFile &file, int error)
-{
-    const bool isKept = stateOfName(file) == FileState::Same;
-    return {isKept ? State::Kept : State::Uncertain, error != 0 ? error : EBUSY};
-}
-
 } // namespace
 
 QByteArray privateNameBeside(const QByteArray &path)
@@ -64,31 +58,42 @@ QByteArray privateNameBeside(const QByteArray &path)
            QByteArray::number(number, HEXADECIMAL).rightJustified(RANDOM_DIGITS, '0');
 }
 
-RemovalResult removeFile(const KnownFile &file, MoveJournal *journal)
+RemovalResult removeFileIf(const QByteArray &path, const std::function<bool(const QByteArray &)> &mayGo,
+                           MoveJournal *journal)
 {
-    if (isPrivateName(file.path)) {
-        const int error = unlinkFile(file.path);
-        return error == 0 ? RemovalResult() : stillThere(file, error);
-    }
-    const QByteArray aside = privateNameBeside(file.path);
-    auto entry = MoveJournal::recordIn(journal, {.kind = Leftover::Kind::PrivateName,
-                                                 .path = aside,
-                                                 .source = file.path,
-                                                 .sourceSnapshot = file.snapshot});
+    const QByteArray aside = privateNameBeside(path);
+    auto entry =
+        MoveJournal::recordIn(journal, {.kind = Leftover::Kind::PrivateName, .path = aside, .source = path});
     // Replaces nothing: nobody else has this name.
-    int error = ::rename(file.path.constData(), aside.constData()) == 0 ? 0 : errno;
-    if (isOnlyRenamed(lookAt(aside), file.snapshot)) {
+    int error = ::rename(path.constData(), aside.constData()) == 0 ? 0 : errno;
+    if (mayGo(aside)) {
         error = unlinkFile(aside);
         if (error == 0)
             return {};
     }
-    if (isNothingAt(aside))
-        return stillThere(file, error);
-    const MoveResult back = renameWithoutReplacing(aside, file.path, {.stop = {}, .journal = journal});
-    if (back.state == MoveResult::State::Moved || isNothingAt(aside))
-        return stillThere(file, error);
-    entry.keep();
-    return {State::Uncertain, error != 0 ? error : EBUSY, aside};
+    const bool isBack = isNothingAt(aside) ||
+                        renameWithoutReplacing(aside, path, {.stop = {}, .journal = journal}).state ==
+                            MoveResult::State::Moved ||
+                        isNothingAt(aside);
+    if (!isBack)
+        entry.keep();
+    return {isBack ? State::Kept : State::Uncertain, error != 0 ? error : EBUSY,
+            isBack ? QByteArray() : aside};
+}
+
+RemovalResult removeFile(const KnownFile &file, MoveJournal *journal)
+{
+    const auto isFile = [&file](const QByteArray &aside) {
+        return isOnlyRenamed(lookAt(aside), file.snapshot);
+    };
+    RemovalResult result;
+    if (!isPrivateName(file.path))
+        result = removeFileIf(file.path, isFile, journal);
+    else if (const int error = unlinkFile(file.path))
+        result = {State::Kept, error};
+    if (result.state == State::Kept && stateOfName(file) != FileState::Same)
+        result.state = State::Uncertain;
+    return result;
 }
 
 } // namespace sonavo

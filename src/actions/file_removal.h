@@ -4,6 +4,8 @@
 
 #include <QByteArray>
 
+#include <functional>
+
 namespace sonavo {
 
 class MoveJournal;
@@ -17,7 +19,7 @@ struct RemovalResult
     enum class State
     {
         Removed,
-        /// It is still there.
+        /// It is still there, under its own name.
         Kept,
         /// Something else is there, it was changed, or the file system does not tell.
         Uncertain,
@@ -35,5 +37,12 @@ struct RemovalResult
 /// @param file a name of our own is removed at once
 /// @param journal may be null
 [[nodiscard]] RemovalResult removeFile(const KnownFile &file, MoveJournal *journal);
+
+/// The same for what is recognised in another way.
+/// @param mayGo is asked about the file under its private name
+/// @return Kept, too, when nothing or something else is at the path; the error is EBUSY when `mayGo` said no
+[[nodiscard]] RemovalResult removeFileIf(const QByteArray &path,
+                                         const std::function<bool(const QByteArray &path)> &mayGo,
+                                         MoveJournal *journal);
 
 } // namespace sonavo

@@ -1,5 +1,7 @@
 #include "actions/file_snapshot.h"
 
+#include "actions/descriptor.h"
+
 #include <QHash>
 
 #include <fcntl.h>
@@ -146,15 +148,14 @@ std::variant<FileSnapshot, int> openAndTakeSnapshot(const QByteArray &path)
     const auto *listed = std::get_if<FileSnapshot>(&snapshot);
     if (!listed || !S_ISREG(listed->mode))
         return snapshot;
-    const int descriptor = ::open(path.constData(), O_RDONLY | O_NOFOLLOW | O_NONBLOCK | O_CLOEXEC);
-    if (descriptor < 0)
-        return errno;
-    snapshot = takeSnapshot(descriptor);
+    const Descriptor file(path, O_RDONLY | O_NOFOLLOW | O_NONBLOCK);
+    if (file.error() != 0)
+        return file.error();
+    snapshot = takeSnapshot(file.get());
     if (const auto *opened = std::get_if<FileSnapshot>(&snapshot)) {
-        if (const int error = tryReading(descriptor, opened->size))
+        if (const int error = tryReading(file.get(), opened->size))
             snapshot = error;
     }
-    ::close(descriptor);
     return snapshot;
 }
 

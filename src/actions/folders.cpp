@@ -1,26 +1,19 @@
 #include "actions/folders.h"
 
+#include "actions/descriptor.h"
+
 #include <fcntl.h>
 #include <sys/stat.h>
+#include <system_error>
 #include <unistd.h>
 
 #include <cerrno>
 #include <filesystem>
 
 namespace sonavo {
+namespace {
 
 namespace fs = std::filesystem;
-
-QString userDataFolder()
-{
-    QString dataHome = qEnvironmentVariable("XDG_DATA_HOME");
-    if (dataHome.startsWith(u'/'))
-        return dataHome;
-    const QString home = qEnvironmentVariable("HOME");
-    return home.startsWith(u'/') ? home + QStringLiteral("/.local/share") : QString();
-}
-
-namespace {
 
 /// @return 0 for a folder or a link to one
 int errorUnlessFolder(const QByteArray &path)
@@ -32,6 +25,15 @@ int errorUnlessFolder(const QByteArray &path)
 }
 
 } // namespace
+
+QString userDataFolder()
+{
+    const QString dataHome = qEnvironmentVariable("XDG_DATA_HOME");
+    if (dataHome.startsWith(u'/'))
+        return dataHome;
+    const QString home = qEnvironmentVariable("HOME");
+    return home.startsWith(u'/') ? home + QStringLiteral("/.local/share") : QString();
+}
 
 int makeFolders(const QByteArray &path, mode_t mode)
 {
@@ -50,12 +52,17 @@ int makeFolders(const QByteArray &path, mode_t mode)
 
 int flushFolder(const QByteArray &path)
 {
-    const int folder = ::open(path.constData(), O_RDONLY | O_DIRECTORY | O_CLOEXEC);
-    if (folder < 0)
-        return errno == EACCES ? 0 : errno;
-    const int error = ::fsync(folder) == 0 ? 0 : errno;
-    ::close(folder);
+    const Descriptor folder(path, O_RDONLY | O_DIRECTORY);
+    if (folder.error() != 0)
+        return folder.error() == EACCES ? 0 : folder.error();
+    const int error = ::fsync(folder.get()) == 0 ? 0 : errno;
     return error == EINVAL || error == ENOSYS || error == ENOTSUP ? 0 : error;
+}
+
+QByteArray linkTarget(const QByteArray &link)
+{
+    std::error_code error;
+    return QByteArray(fs::read_symlink(link.constData(), error).c_str());
 }
 
 QByteArray parentFolderOf(const QByteArray &path)

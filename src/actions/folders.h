@@ -21,6 +21,9 @@ namespace sonavo {
 /// that and the user may read the folder.
 [[nodiscard]] int flushFolder(const QByteArray &path);
 
+/// What a symbolic link says, which can be relative to its folder; empty for anything else.
+[[nodiscard]] QByteArray linkTarget(const QByteArray &link);
+
 /// The folder that holds a file or a folder: "a" for "a/b" and "a/b/", "." for "a".
 [[nodiscard]] QByteArray parentFolderOf(const QByteArray &path);
 

@@ -3,9 +3,7 @@
 #include "actions/folders.h"
 
 #include <QDataStream>
-#include <QDir>
 #include <QFile>
-#include <QFileInfo>
 #include <QIODevice>
 #include <QRandomGenerator>
 
@@ -22,7 +20,6 @@
 #include <utility>
 
 namespace sonavo {
-
 namespace {
 
 enum class RecordType : quint8
@@ -119,13 +116,6 @@ std::optional<quint64> readRecord(QDataStream &stream, std::map<quint64, MoveJou
     return id;
 }
 
-/// Makes a folder that only its owner can look into, and missing ones above it.
-void makePrivateFolder(const QString &folder)
-{
-    QDir().mkpath(QFileInfo(folder).path());
-    ::mkdir(QFile::encodeName(folder).constData(), 0700);
-}
-
 } // namespace
 
 MoveJournal::Entry::Entry(MoveJournal *journal, quint64 id)
@@ -201,7 +191,9 @@ bool MoveJournal::openFile()
 {
     if (m_folder.isEmpty())
         return false;
-    makePrivateFolder(m_folder);
+    constexpr mode_t OWNER_ONLY = 0700;
+    if (makeFolders(QFile::encodeName(m_folder), OWNER_ONLY) != 0)
+        return false;
     const QString name = QStringLiteral("/%1.moves").arg(QRandomGenerator::system()->generate64(), 0, 16);
     m_path = QFile::encodeName(m_folder + name);
     m_file = ::open(m_path.constData(), O_RDWR | O_CREAT | O_EXCL | O_APPEND | O_CLOEXEC, 0600);

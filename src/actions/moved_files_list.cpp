@@ -1,5 +1,6 @@
 #include "actions/moved_files_list.h"
 
+#include "actions/descriptor.h"
 #include "actions/folders.h"
 
 #include <QFile>
@@ -58,29 +59,20 @@ QList<QByteArray> linesIn(const QByteArray &content)
     return lines;
 }
 
-/// An open list; it is closed with the object.
+/// An open list.
 class OpenList
 {
 public:
-    explicit OpenList(int descriptor)
-        : m_descriptor(descriptor)
-    {}
     OpenList(const QByteArray &path, int flags)
-        : OpenList(::open(path.constData(), flags | O_NOFOLLOW | O_NONBLOCK | O_CLOEXEC, 0666))
+        : m_file(path, flags | O_NOFOLLOW | O_NONBLOCK, READABLE_BY_ALL)
     {}
-    ~OpenList()
-    {
-        if (m_descriptor >= 0)
-            ::close(m_descriptor);
-    }
-    Q_DISABLE_COPY_MOVE(OpenList)
 
-    [[nodiscard]] int get() const { return m_descriptor; }
-    [[nodiscard]] int release() { return std::exchange(m_descriptor, -1); }
+    /// As in errno; 0 if the list was opened.
+    [[nodiscard]] int error() const { return m_file.error(); }
 
     [[nodiscard]] std::optional<FileSnapshot> snapshot() const
     {
-        const auto snapshot = takeSnapshot(m_descriptor);
+        const auto snapshot = takeSnapshot(m_file.get());
         const auto *file = std::get_if<FileSnapshot>(&snapshot);
         return file && S_ISREG(file->mode) && contains(HEADER, 0) ? std::optional(*file) : std::nullopt;
     }
@@ -97,16 +89,16 @@ public:
     [[nodiscard]] bool cutTo(qint64 offset, const QByteArray &path) const
     {
         const bool isEmpty = offset == HEADER.size();
-        return (isEmpty ? ::unlink(path.constData()) : ::ftruncate(m_descriptor, offset)) == 0;
+        return (isEmpty ? ::unlink(path.constData()) : ::ftruncate(m_file.get(), offset)) == 0;
     }
 
     /// @return an error number, 0 for success
     [[nodiscard]] int append(const QByteArray &text) const
     {
-        const ssize_t size = ::write(m_descriptor, text.constData(), static_cast<std::size_t>(text.size()));
+        const ssize_t size = ::write(m_file.get(), text.constData(), static_cast<std::size_t>(text.size()));
         if (size != text.size())
             return size < 0 ? errno : ENOSPC;
-        return ::fdatasync(m_descriptor) == 0 ? 0 : errno;
+        return ::fdatasync(m_file.get()) == 0 ? 0 : errno;
     }
 
 private:
@@ -114,11 +106,20 @@ private:
     {
         QByteArray there(text.size(), '\0');
         const auto size = static_cast<std::size_t>(there.size());
-        return ::pread(m_descriptor, there.data(), size, offset) == there.size() && there == text;
+        return ::pread(m_file.get(), there.data(), size, offset) == there.size() && there == text;
     }
 
-    int m_descriptor;
+    static constexpr mode_t READABLE_BY_ALL = 0666;
+
+    Descriptor m_file;
 };
+
+/// Whether nobody else has changed or replaced a list.
+bool isAsLeft(const OpenList &list, const FileSnapshot &before)
+{
+    const auto now = list.snapshot();
+    return now && (!before.hasLastingInode || now->inode == before.inode) && now->size == before.size;
+}
 
 /// Removes the last line of a list, and the list with its only line.
 /// @return its size afterwards; nothing if its last line is another one or it could not be changed
@@ -183,8 +184,8 @@ std::variant<MoveJournal::Entry, int> MovedFilesList::add(const QByteArray &from
                                                           MoveJournal *journal)
 {
     m_lastLine = lineOf(from, to);
-    const OpenList list(openKnown());
-    if (list.get() < 0)
+    const OpenList list(m_file ? m_file->path : QByteArray(), O_RDWR | O_APPEND);
+    if (!m_file || !isAsLeft(list, m_file->snapshot))
         return create(from, to, journal);
     const qint64 offset = m_file->snapshot.size;
     MoveJournal::Entry entry = recordLine(m_file->path, m_lastLine, offset, from, to, journal);
@@ -198,20 +199,6 @@ std::variant<MoveJournal::Entry, int> MovedFilesList::add(const QByteArray &from
     return error;
 }
 
-int MovedFilesList::openKnown()
-{
-    if (!m_file)
-        return -1;
-    OpenList list(m_file->path, O_RDWR | O_APPEND);
-    const auto now = list.snapshot();
-    const FileSnapshot &old = m_file->snapshot;
-    const bool isFile = now && (!old.hasLastingInode || now->inode == old.inode);
-    if (isFile && now->size == old.size)
-        return list.release();
-    m_file.reset();
-    return -1;
-}
-
 std::variant<MoveJournal::Entry, int> MovedFilesList::create(const QByteArray &from, const QByteArray &to,
                                                              MoveJournal *journal)
 {
@@ -223,7 +210,7 @@ std::variant<MoveJournal::Entry, int> MovedFilesList::create(const QByteArray &f
         const QByteArray content = HEADER + m_lastLine;
         MoveJournal::Entry entry = recordLine(path, content, 0, from, to, journal);
         const OpenList list(path, O_RDWR | O_CREAT | O_EXCL | O_APPEND);
-        int error = list.get() < 0 ? errno : list.append(content);
+        int error = list.error() != 0 ? list.error() : list.append(content);
         if (error == EEXIST)
             continue;
         if (error == 0)
@@ -233,7 +220,7 @@ std::variant<MoveJournal::Entry, int> MovedFilesList::create(const QByteArray &f
             m_file = KnownFile{path, *made};
             return entry;
         }
-        if (list.get() < 0 ? isTaken(path) : ::unlink(path.constData()) != 0)
+        if (list.error() != 0 ? isTaken(path) : ::unlink(path.constData()) != 0)
             entry.keep();
         return error != 0 ? error : EIO;
     }

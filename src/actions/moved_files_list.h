@@ -54,8 +54,6 @@ public:
     static void remove(const QList<MovedFile> &files);
 
 private:
-    /// @return a descriptor; -1 when there is no list of ours or somebody has changed it
-    [[nodiscard]] int openKnown();
     [[nodiscard]] std::variant<MoveJournal::Entry, int> create(const QByteArray &from, const QByteArray &to,
                                                                MoveJournal *journal);
 

@@ -1,10 +1,10 @@
-#include "actions/file_move.h"
+#include "actions/put_back.h"
+
 #include "actions/folders.h"
 
 #include <QFile>
 
 #include <sys/vfs.h>
-#include <system_error>
 
 #include <linux/magic.h>
 
@@ -12,11 +12,6 @@ namespace sonavo {
 namespace {
 
 using State = PutBackResult::State;
-
-QString describe(int error)
-{
-    return QString::fromLocal8Bit(std::generic_category().message(error));
-}
 
 PutBackResult stays(const QString &reason)
 {
@@ -61,11 +56,11 @@ PutBackResult lookAtOldPath(const MovedFile &file, int error)
     if (error == 0)
         return stays(QStringLiteral("The file at %1 is not the one that was moved there").arg(path));
     if (!meansGone(error))
-        return stays(describe(error));
+        return stays(errorText(error));
     if (file.snapshot && !isDiskThere(file.path, file.snapshot->device))
         return stays(QStringLiteral("The disk of %1 is not there").arg(path));
     if (!now && !meansGone(std::get<int>(snapshot)))
-        return stays(describe(std::get<int>(snapshot)));
+        return stays(errorText(std::get<int>(snapshot)));
     return {State::Gone, QStringLiteral("The file is neither at %1 nor at %2 any more")
                              .arg(path, QFile::decodeName(file.originalPath))};
 }
@@ -78,11 +73,14 @@ PutBackResult moveBackWith(MoveResult (*move)(const QByteArray &, const QByteArr
     if (!now || !file.snapshot || !isSameFile(*now, *file.snapshot))
         return lookAtOldPath(file, now ? 0 : std::get<int>(snapshot));
     if (const int error = makeFolders(parentFolderOf(file.originalPath)))
-        return stays(describe(error));
+        return stays(errorText(error));
     const MoveResult result = move(file.path, file.originalPath, options);
     if (result.state != MoveResult::State::Moved)
         return stays(toFailure(result, file.path, file.originalPath).reason);
-    return {State::Back, {}, describeMove(file.path, file.originalPath, result).snapshot};
+    auto back = describeMove(file.path, file.originalPath, result).snapshot;
+    if (back && !isBack(*back, *file.snapshot))
+        back.reset(); // somebody has replaced it already
+    return {State::Back, {}, back};
 }
 
 } // namespace

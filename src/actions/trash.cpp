@@ -257,11 +257,6 @@ int freeNumber(const Trash &trash, const QString &name)
     return free;
 }
 
-QString describe(const std::error_code &error)
-{
-    return QString::fromLocal8Bit(error.message());
-}
-
 Failure unusableTrash(const QString &reason)
 {
     return {QStringLiteral("The Trash of this disk cannot be used: %1").arg(reason)};
@@ -348,7 +343,7 @@ std::variant<TrashedFile, Failure> moveInto(const Trash &trash, const fs::path &
         if (result.state != MoveResult::State::NotMoved || result.error != EEXIST)
             return toFailure(result, from, trashed.file.path);
     }
-    return Failure{describe(toErrorCode(EEXIST))};
+    return Failure{errorText(EEXIST)};
 }
 
 } // namespace
@@ -359,17 +354,17 @@ std::variant<TrashedFile, Failure> moveToTrash(const QString &path, const MoveOp
     const fs::path given = fs::absolute(nativePath(path), error);
     const fs::file_status status = fs::symlink_status(given, error);
     if (error)
-        return Failure{describe(error)};
+        return Failure{errorText(error.value())};
     if (!fs::is_regular_file(status) && !fs::is_symlink(status))
         return Failure{QStringLiteral("Not a file")};
     const fs::path folder = fs::canonical(given.parent_path(), error);
     if (error)
-        return Failure{describe(error)};
+        return Failure{errorText(error.value())};
 
     Trash trash;
     error = makeTrashFor(folder, trash);
     if (error)
-        return unusableTrash(describe(error));
+        return unusableTrash(errorText(error.value()));
     return moveInto(trash, folder / given.filename(), QFileInfo(path).fileName(), options);
 }
 

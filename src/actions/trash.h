@@ -2,6 +2,7 @@
 
 #include "actions/failure.h"
 #include "actions/file_move.h"
+#include "actions/put_back.h"
 
 #include <QByteArray>
 #include <QString>

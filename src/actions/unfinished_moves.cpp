@@ -8,14 +8,10 @@
 #include <QDir>
 #include <QFile>
 
-#include <fcntl.h>
 #include <sys/stat.h>
-#include <system_error>
 #include <unistd.h>
 
 #include <cerrno>
-#include <cstdio>
-#include <filesystem>
 #include <functional>
 #include <utility>
 
@@ -74,12 +70,6 @@ QByteArray contentOf(const QByteArray &path, qint64 maxSize)
     return file.open(QIODevice::ReadOnly | QIODevice::Unbuffered) ? file.read(maxSize) : QByteArray();
 }
 
-QByteArray targetOf(const QByteArray &link)
-{
-    std::error_code error;
-    return QByteArray(std::filesystem::read_symlink(link.constData(), error).c_str());
-}
-
 bool isMadeAfterRecord(const FileSnapshot &file, const MoveJournal::Unfinished &record)
 {
     return record.made ? isSameFileAfterRestart(file, *record.made)
@@ -113,7 +103,7 @@ bool isLeftover(const QByteArray &path, const MoveJournal::Unfinished &record)
     case Kind::SecondName:
         return file->hardLinks > 1 && isSameFileAfterRestart(*file, *leftover.sourceSnapshot);
     case Kind::NewLink:
-        return S_ISLNK(file->mode) && targetOf(path) == leftover.content;
+        return S_ISLNK(file->mode) && linkTarget(path) == leftover.content;
     case Kind::Note:
     case Kind::Line:
         return isWrittenBy(path, *file, record);
@@ -139,24 +129,17 @@ Outcome putBack(const QByteArray &privateName, const QByteArray &oldName, MoveJo
     return hasBoth && ::unlink(privateName.constData()) == 0 ? Outcome::Finished : Outcome::TryLater;
 }
 
-/// Removes a file if it may go, even where somebody puts another one in its place meanwhile: it is renamed,
-/// looked at once more, and only then removed.
+/// Removes a file if it may go.
 Outcome remove(const QByteArray &path, MoveJournal &journal,
                const std::function<bool(const QByteArray &)> &mayGo)
 {
     if (!mayGo(path))
         return Outcome::Finished;
-    const QByteArray privateName = privateNameBeside(path);
-    auto entry = journal.record({.kind = Kind::PrivateName, .path = privateName, .source = path});
-    const int error = ::rename(path.constData(), privateName.constData()) == 0 ? 0 : errno;
-    if (presenceOf(privateName) == Presence::NotThere)
-        return meansGone(error) ? Outcome::Finished : Outcome::TryLater;
-    if (mayGo(privateName) && ::unlink(privateName.constData()) == 0)
-        return Outcome::Finished;
-    if (putBack(privateName, path, journal) == Outcome::Finished)
-        return Outcome::Finished;
-    entry.keep();
-    return Outcome::TryLater;
+    const RemovalResult removal = removeFileIf(path, mayGo, &journal);
+    // Somebody has put another one in its place, or has removed it.
+    const bool isOther =
+        removal.state == RemovalResult::State::Kept && (removal.error == EBUSY || meansGone(removal.error));
+    return removal.state == RemovalResult::State::Removed || isOther ? Outcome::Finished : Outcome::TryLater;
 }
 
 /// Removes what stands beside the source: a copy, a second name, a link or an empty file.

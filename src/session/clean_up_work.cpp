@@ -53,7 +53,7 @@ Removal removalBy(const CleanUpOutcome &outcome, const QList<DuplicateGroup> &gr
     removal.members = removal.cleanedUp = removal.songs;
     for (const DuplicateGroup &group : groups) {
         if (group.duplicates.isEmpty())
-            removal.members.insert(group.original.id);
+            removal.cleanedUp.insert(group.original.id);
     }
     return removal;
 }

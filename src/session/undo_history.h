@@ -21,7 +21,7 @@ struct Removal
     QSet<QUuid> songs;
     /// Ids that are missing from the groups; a song without a file can be in its group still.
     QSet<QUuid> members;
-    /// Those among the members whose group is dropped, too, once only one song is left of it.
+    /// Ids whose group is dropped as soon, and as long, as only one song is left of it.
     QSet<QUuid> cleanedUp;
 };
 
