@@ -174,7 +174,7 @@ public:
     void meddleAtRest()
     {
         const fs::path file = any(false);
-        switch (file.empty() ? 7 : m_random.below(8)) {
+        switch (file.empty() ? 7 : m_random.below(14)) {
         case 0:
         case 1:
             contents.erase(contentOf(file));
@@ -291,6 +291,7 @@ protected:
         m_random = RandomSource(seed);
         m_disks.emplace(m_roots, seed + 1);
         m_areOthersThere = m_random.isOneIn(2);
+        m_areOthersBusy = m_areOthersThere && m_random.isOneIn(2);
         m_hasBeenDisturbed = false;
         m_moved.clear();
         m_log = "Seed " + std::to_string(seed) + ":\n";
@@ -396,7 +397,7 @@ private:
             m_session->showToast({}, DuplicateViewModel::ToastType::Info);
         m_toasts.clear();
         std::jthread others;
-        const bool isDisturbed = m_areOthersThere && m_random.isOneIn(3);
+        const bool isDisturbed = m_areOthersBusy && m_random.isOneIn(2);
         if (isDisturbed) {
             others = std::jthread([this](const std::stop_token &stop) {
                 while (!stop.stop_requested())
@@ -549,6 +550,8 @@ private:
     RandomSource m_random{0};
     std::optional<Disks> m_disks;
     bool m_areOthersThere = false;
+    /// Also while files are being moved.
+    bool m_areOthersBusy = false;
     bool m_hasBeenDisturbed = false;
     FakeDesktop m_desktop;
     std::optional<DuplicateViewModel> m_session;
