@@ -1,6 +1,7 @@
 #include "actions/duplicates_folder.h"
 
 #include "actions/folders.h"
+#include "actions/volume.h"
 #include "model/file_name.h"
 
 #include <QFile>
@@ -38,6 +39,7 @@ bool isTaken(const QByteArray &path)
 
 DuplicatesFolder::DuplicatesFolder(QString path)
     : m_path(std::move(path))
+    , m_top(volumeTopOf(QFile::encodeName(m_path)))
     , m_list(QFile::encodeName(m_path))
 {}
 
@@ -50,9 +52,19 @@ std::variant<DuplicatesFolder, Failure> DuplicatesFolder::create(const QString &
     return DuplicatesFolder(path);
 }
 
+void DuplicatesFolder::makeAgainIfRemoved()
+{
+    const QByteArray path = QFile::encodeName(m_path);
+    // Where its disk is missing, the folder would be made on another one.
+    if (isNothingAt(path) && volumeTopOf(path) == m_top && makeFolders(path) == 0)
+        m_nextNumbers.clear();
+}
+
 std::variant<MovedFile, Failure> DuplicatesFolder::moveHere(const QString &source, const MoveOptions &options)
 {
     const QByteArray from = QFile::encodeName(source);
+    makeAgainIfRemoved();
+    const QByteArray top = volumeTopOf(parentFolderOf(from));
     const QString name = fileNameOf(source).toString();
     for (int number = m_nextNumbers.value(name, 0);; ++number) {
         const QByteArray to = QFile::encodeName(m_path + u'/' + numberedName(name, number));
@@ -67,6 +79,7 @@ std::variant<MovedFile, Failure> DuplicatesFolder::moveHere(const QString &sourc
             m_nextNumbers.insert(name, number + 1);
             MovedFile moved = describeMove(from, to, result);
             moved.list = m_list.path();
+            moved.originalTop = top;
             return moved;
         }
         const bool isSettled = result.state == MoveResult::State::NotMoved && m_list.takeBack();

@@ -31,7 +31,8 @@ public:
 
     /// Moves a file here with moveWithoutReplacing(), under its own name or, where that is taken, as
     /// "Name (1).mp3", "Name (2).mp3" and so on; a name that gets too long is cut. Its line in the list is on
-    /// the disk before it moves; a file whose line cannot be written is not moved.
+    /// the disk before it moves; a file whose line cannot be written is not moved. Where an undo has removed
+    /// the folder, it is made again.
     /// @return where the file is now, for moveBack(); on failure it is still where it was, or the reason
     /// names the two places where it can be
     [[nodiscard]] std::variant<MovedFile, Failure> moveHere(const QString &source,
@@ -47,7 +48,11 @@ public:
 private:
     explicit DuplicatesFolder(QString path);
 
+    void makeAgainIfRemoved();
+
     QString m_path;
+    /// See volumeTopOf().
+    QByteArray m_top;
     /// The next number to try for a name that was taken before: many albums have a "01 - Intro.mp3".
     QHash<QString, int> m_nextNumbers;
     MovedFilesList m_list;

@@ -105,7 +105,7 @@ MoveResult renameOverPlaceholder(const KnownFile &old, const QByteArray &to, con
     Descriptor file(to, O_WRONLY | O_CREAT | O_EXCL | O_NOFOLLOW, OWNER_ONLY);
     const auto snapshot = takeSnapshot(file.get());
     if (file.error() != 0 || std::holds_alternative<int>(snapshot)) {
-        if (errorIfTaken(to) != 0)
+        if (!isNothingAt(to))
             entry.keep();
         return notMoved(file.error() != 0 ? file.error() : std::get<int>(snapshot));
     }
@@ -145,7 +145,7 @@ std::optional<MoveResult> linkAndRemove(const KnownFile &old, const QByteArray &
     const int error = ::link(old.path.constData(), to.constData()) == 0 ? 0 : errno;
     const auto made = fileAt(to);
     if (!made) {
-        if (error == 0 || errorIfTaken(to) != 0)
+        if (error == 0 || !isNothingAt(to))
             return finish(entry, uncertain(error));
         return hasNoHardLinks(error) ? std::nullopt : std::optional(notMoved(error));
     }
@@ -179,8 +179,9 @@ MoveResult moveLink(const KnownFile &old, const QByteArray &to, const MoveOption
     namespace fs = std::filesystem;
     const fs::path link(old.path.constData());
     std::error_code error;
-    fs::path target = fs::read_symlink(link, error);
-    if (!error && target.is_relative())
+    const fs::path before = fs::read_symlink(link, error);
+    fs::path target = options.linkTarget.isEmpty() ? before : options.linkTarget.constData();
+    if (!error && options.linkTarget.isEmpty() && target.is_relative())
         target = fs::canonical(parentFolderOf(old.path).constData(), error) / target;
     if (error)
         return notMoved(error.value());
@@ -195,15 +196,17 @@ MoveResult moveLink(const KnownFile &old, const QByteArray &to, const MoveOption
     const int creation = ::symlink(target.c_str(), to.constData()) == 0 ? 0 : errno;
     const auto made = fileAt(to);
     if (!made) {
-        const bool isFree = creation != 0 && errorIfTaken(to) == 0;
+        const bool isFree = creation != 0 && isNothingAt(to);
         return isFree ? notMoved(creation) : finish(entry, uncertain(creation));
     }
     if (creation != 0 && linkTarget(to) != target.c_str())
         return notMoved(creation);
     entry.made(made->snapshot);
     const int flushing = flushFolder(parentFolderOf(to));
-    return finish(entry, flushing == 0 ? removeOldName(old, *made, options)
-                                       : removeNewName(*made, flushing, options));
+    MoveResult result = finish(entry, flushing == 0 ? removeOldName(old, *made, options)
+                                                    : removeNewName(*made, flushing, options));
+    result.linkTarget = before.c_str();
+    return result;
 }
 
 /// A copy under a private name in the folder where it is to go. Unless it was placed there, it is removed
@@ -223,7 +226,7 @@ public:
     ~TemporaryCopy()
     {
         m_file.close();
-        if (!m_isPlaced && ::unlink(m_path.constData()) != 0 && errno != ENOENT)
+        if (!m_isPlaced && ::unlink(m_path.constData()) != 0 && !isNothingAt(m_path))
             m_entry.keep();
     }
     Q_DISABLE_COPY_MOVE(TemporaryCopy)
@@ -346,7 +349,11 @@ Failure toFailure(const MoveResult &result, const QByteArray &from, const QByteA
 MovedFile describeMove(const QByteArray &from, const QByteArray &to, const MoveResult &result)
 {
     const auto made = fileAt(to);
-    return {from, to, made ? std::optional(made->snapshot) : std::nullopt, result.lostAttributes};
+    return {.originalPath = from,
+            .path = to,
+            .snapshot = made ? std::optional(made->snapshot) : std::nullopt,
+            .lostAttributes = result.lostAttributes,
+            .linkTarget = result.linkTarget};
 }
 
 } // namespace sonavo

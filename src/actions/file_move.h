@@ -32,6 +32,8 @@ struct MoveOptions
     std::stop_token stop;
     /// Where the steps under way are recorded; nothing is recorded without one. Must outlive the move.
     MoveJournal *journal = nullptr;
+    /// What a symbolic link is to say under its new name; empty for what leads to the same file.
+    QByteArray linkTarget = {};
 };
 
 struct MoveResult
@@ -52,6 +54,8 @@ struct MoveResult
     /// If uncertain, a third path where a file can be: the old one was written to and removed in the same
     /// moment, and was taken again when what is there now was to get its name back. Empty otherwise.
     QByteArray leftAt = {};
+    /// What a symbolic link said that was replaced by another one.
+    QByteArray linkTarget = {};
 };
 
 /// Renames a file or a symbolic link itself, unless the new name is taken: then NotMoved with EEXIST.
@@ -81,6 +85,11 @@ struct MovedFile
     QStringList lostAttributes = {};
     /// The path of the list in its folder that has a line for it, if any; see MovedFilesList.
     QByteArray list = {};
+    /// See MoveResult.
+    QByteArray linkTarget = {};
+    /// The topmost folder of the volume that it was on, by which it is known whether that is mounted when the
+    /// file goes back; see volumeTopOf(). Empty where it has stayed on its volume.
+    QByteArray originalTop = {};
 };
 
 /// @param result of the move

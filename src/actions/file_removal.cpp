@@ -25,13 +25,6 @@ bool isPrivateName(const QByteArray &path)
     return name.startsWith(PRIVATE_PREFIX) && name.size() == PRIVATE_PREFIX.size() + RANDOM_DIGITS;
 }
 
-bool isNothingAt(const QByteArray &path)
-{
-    const auto snapshot = takeSnapshot(path);
-    const auto *error = std::get_if<int>(&snapshot);
-    return error && meansGone(*error);
-}
-
 /// Whether nothing was done to a file but giving it another name, which changes the time of the last change.
 bool isOnlyRenamed(const std::variant<FileSnapshot, int> &now, FileSnapshot before)
 {

@@ -1,6 +1,7 @@
 #include "actions/file_snapshot.h"
 
 #include "actions/descriptor.h"
+#include "actions/folders.h"
 
 #include <QHash>
 
@@ -94,10 +95,11 @@ int tryReading(int descriptor, qint64 size)
     return count == 1 ? 0 : EIO;
 }
 
-FileState compare(const std::variant<FileSnapshot, int> &snapshot, const FileSnapshot &before)
+FileState compare(const std::variant<FileSnapshot, int> &snapshot, const KnownFile &file)
 {
+    const FileSnapshot &before = file.snapshot;
     if (const auto *error = std::get_if<int>(&snapshot))
-        return meansGone(*error) ? FileState::Gone : FileState::Unknown;
+        return meansGone(*error) && isNothingAt(file.path) ? FileState::Gone : FileState::Unknown;
     const auto &now = std::get<FileSnapshot>(snapshot);
     const bool hasLostItsNames = now.hasLastingInode && now.hardLinks == 0 && before.hardLinks > 0;
     return isSameFile(now, before) && !hasLostItsNames ? FileState::Same : FileState::Unknown;
@@ -110,6 +112,12 @@ bool isSameFile(const FileSnapshot &a, const FileSnapshot &b)
     const bool haveInodes = a.hasLastingInode && b.hasLastingInode;
     return (!haveInodes || (a.device == b.device && a.inode == b.inode)) &&
            (a.mode & S_IFMT) == (b.mode & S_IFMT) && a.size == b.size && a.modified == b.modified;
+}
+
+bool isSameFileAfterRemount(const FileSnapshot &now, FileSnapshot before)
+{
+    before.device = now.device;
+    return isSameFile(now, before);
 }
 
 bool isUntouched(const FileSnapshot &a, const FileSnapshot &b)
@@ -171,14 +179,22 @@ bool meansGone(int error)
     return error == ENOENT || error == ENOTDIR;
 }
 
+bool isNothingAt(const QByteArray &path)
+{
+    const auto snapshot = takeSnapshot(path);
+    const auto *error = std::get_if<int>(&snapshot);
+    return error && meansGone(*error) &&
+           std::holds_alternative<FileSnapshot>(takeSnapshot(parentFolderOf(path) + "/."));
+}
+
 FileState stateOf(const KnownFile &file)
 {
-    return compare(openAndTakeSnapshot(file.path), file.snapshot);
+    return compare(openAndTakeSnapshot(file.path), file);
 }
 
 FileState stateOfName(const KnownFile &file)
 {
-    return compare(lookAt(file.path), file.snapshot);
+    return compare(lookAt(file.path), file);
 }
 
 bool isUntouched(const KnownFile &file)

@@ -34,6 +34,9 @@ struct FileSnapshot
 /// its type, its size and the time of its last modification decide.
 [[nodiscard]] bool isSameFile(const FileSnapshot &a, const FileSnapshot &b);
 
+/// The same for snapshots between which the disk may have been mounted anew, so that it has another number.
+[[nodiscard]] bool isSameFileAfterRemount(const FileSnapshot &now, FileSnapshot before);
+
 /// Whether nothing at all was done to a file between two snapshots, not even to its names or permissions, as
 /// far as its file system can tell.
 [[nodiscard]] bool isUntouched(const FileSnapshot &a, const FileSnapshot &b);
@@ -62,6 +65,10 @@ struct FileSnapshot
 /// Whether an error says that a path leads nowhere. All others, such as EIO, say nothing about that.
 [[nodiscard]] bool meansGone(int error);
 
+/// Whether a folder is there and something is not in it. When the folder is missing too, its disk may have
+/// been taken away, with all that is on it.
+[[nodiscard]] bool isNothingAt(const QByteArray &path);
+
 /// A file at a path, as it was at some time.
 struct KnownFile
 {
@@ -73,7 +80,7 @@ enum class FileState
 {
     /// It can be read at its path, and its content has not been written to.
     Same,
-    /// There is nothing at its path.
+    /// isNothingAt() its path.
     Gone,
     /// Another file is at its path, it was changed, or the file system does not tell.
     Unknown,

@@ -220,7 +220,7 @@ std::variant<MoveJournal::Entry, int> MovedFilesList::create(const QByteArray &f
             m_file = KnownFile{path, *made};
             return entry;
         }
-        if (list.error() != 0 ? isTaken(path) : ::unlink(path.constData()) != 0)
+        if (list.error() != 0 ? !isNothingAt(path) : ::unlink(path.constData()) != 0)
             entry.keep();
         return error != 0 ? error : EIO;
     }

@@ -1,10 +1,13 @@
 #include "actions/put_back.h"
 
 #include "actions/folders.h"
+#include "actions/volume.h"
 
 #include <QFile>
+#include <QList>
 
 #include <sys/vfs.h>
+#include <unistd.h>
 
 #include <linux/magic.h>
 
@@ -44,6 +47,29 @@ bool isDiskThere(const QByteArray &path, dev_t device)
     return isOverlay || (now && now->device == device);
 }
 
+/// Without this, a file could get to the folder on which its disk is to be mounted, and be hidden by that.
+bool isOriginalVolumeThere(const MovedFile &file)
+{
+    return file.originalTop.isEmpty() || volumeTopOf(file.originalPath) == file.originalTop;
+}
+
+PutBackResult missesDiskOf(const QByteArray &path)
+{
+    return stays(QStringLiteral("The disk of %1 is not there").arg(QFile::decodeName(path)));
+}
+
+/// The folders that are missing on the way to a file, the deepest first.
+QList<QByteArray> missingFoldersOf(const QByteArray &file)
+{
+    QList<QByteArray> missing;
+    QByteArray folder = parentFolderOf(file);
+    while (std::holds_alternative<int>(takeSnapshot(folder)) && folder != parentFolderOf(folder)) {
+        missing.append(folder);
+        folder = parentFolderOf(folder);
+    }
+    return missing;
+}
+
 /// When the file is not where it was moved to.
 /// @param error of looking there; 0 when another file is there
 PutBackResult lookAtOldPath(const MovedFile &file, int error)
@@ -58,7 +84,9 @@ PutBackResult lookAtOldPath(const MovedFile &file, int error)
     if (!meansGone(error))
         return stays(errorText(error));
     if (file.snapshot && !isDiskThere(file.path, file.snapshot->device))
-        return stays(QStringLiteral("The disk of %1 is not there").arg(path));
+        return missesDiskOf(file.path);
+    if (!isOriginalVolumeThere(file))
+        return missesDiskOf(file.originalPath);
     if (!now && !meansGone(std::get<int>(snapshot)))
         return stays(errorText(std::get<int>(snapshot)));
     return {State::Gone, QStringLiteral("The file is neither at %1 nor at %2 any more")
@@ -66,17 +94,24 @@ PutBackResult lookAtOldPath(const MovedFile &file, int error)
 }
 
 PutBackResult moveBackWith(MoveResult (*move)(const QByteArray &, const QByteArray &, const MoveOptions &),
-                           const MovedFile &file, const MoveOptions &options)
+                           const MovedFile &file, MoveOptions options)
 {
+    options.linkTarget = file.linkTarget;
     const auto snapshot = lookAt(file.path);
     const auto *now = std::get_if<FileSnapshot>(&snapshot);
-    if (!now || !file.snapshot || !isSameFile(*now, *file.snapshot))
+    if (!now || !file.snapshot || !isSameFileAfterRemount(*now, *file.snapshot))
         return lookAtOldPath(file, now ? 0 : std::get<int>(snapshot));
-    if (const int error = makeFolders(parentFolderOf(file.originalPath)))
-        return stays(errorText(error));
-    const MoveResult result = move(file.path, file.originalPath, options);
-    if (result.state != MoveResult::State::Moved)
+    if (!isOriginalVolumeThere(file))
+        return missesDiskOf(file.originalPath);
+    const QList<QByteArray> newFolders = missingFoldersOf(file.originalPath);
+    const int error = makeFolders(parentFolderOf(file.originalPath));
+    const MoveResult result = error == 0 ? move(file.path, file.originalPath, options)
+                                         : MoveResult{MoveResult::State::NotMoved, error};
+    if (result.state != MoveResult::State::Moved) {
+        for (const QByteArray &folder : newFolders)
+            ::rmdir(folder.constData()); // only if nothing is in it
         return stays(toFailure(result, file.path, file.originalPath).reason);
+    }
     auto back = describeMove(file.path, file.originalPath, result).snapshot;
     if (back && !isBack(*back, *file.snapshot))
         back.reset(); // somebody has replaced it already

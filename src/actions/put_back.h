@@ -29,8 +29,8 @@ struct PutBackResult
 };
 
 /// Move a file back to where it was, with renameWithoutReplacing() or moveWithoutReplacing(), and make the
-/// folders again that are missing there. The file stays when its old name is taken, or when what is at
-/// `file.path` is not the file that was moved there.
+/// folders again that are missing there. The file stays when its old name is taken, when the volume it was on
+/// is not mounted, or when what is at `file.path` is not the file that was moved there.
 [[nodiscard]] PutBackResult renameBack(const MovedFile &file, const MoveOptions &options = {});
 [[nodiscard]] PutBackResult moveBack(const MovedFile &file, const MoveOptions &options = {});
 

@@ -8,6 +8,7 @@
 
 #include "actions/folders.h"
 #include "actions/move_journal.h"
+#include "actions/volume.h"
 #include "model/file_name.h"
 
 #include <QDateTime>
@@ -58,52 +59,6 @@ std::error_code toErrorCode(int error)
 std::error_code lastError()
 {
     return toErrorCode(errno);
-}
-
-/// Within a volume, files can be renamed from any folder to any other; but not from one mount into another of
-/// the same disk, nor from one btrfs subvolume into another in the same mount.
-struct Volume
-{
-    quint64 mount = 0;
-    quint64 device = 0;
-    friend bool operator==(const Volume &, const Volume &) = default;
-};
-
-/// @return nothing on an error, which errno tells
-std::optional<Volume> volumeOf(const fs::path &folder)
-{
-    struct statx status = {};
-    if (::statx(AT_FDCWD, folder.c_str(), 0, STATX_MNT_ID, &status) != 0)
-        return std::nullopt;
-    const bool knowsMount = (status.stx_mask & STATX_MNT_ID) != 0; // since Linux 5.8
-    return Volume{knowsMount ? status.stx_mnt_id : 0,
-                  quint64{status.stx_dev_major} << 32 | status.stx_dev_minor};
-}
-
-/// The same for a folder that may not exist yet.
-std::optional<Volume> futureVolumeOf(fs::path folder)
-{
-    std::optional<Volume> volume = volumeOf(folder);
-    while (!volume && meansGone(errno) && folder.has_relative_path()) {
-        folder = folder.parent_path();
-        volume = volumeOf(folder);
-    }
-    return volume;
-}
-
-/// @param volume that the folder is on
-/// @return nothing on an error, which errno tells
-std::optional<fs::path> topOf(const Volume &volume, fs::path folder)
-{
-    while (folder.has_relative_path()) {
-        const std::optional<Volume> parentVolume = volumeOf(folder.parent_path());
-        if (!parentVolume)
-            return std::nullopt;
-        if (*parentVolume != volume)
-            break;
-        folder = folder.parent_path();
-    }
-    return folder;
 }
 
 QByteArray toBytes(const fs::path &path)
@@ -270,9 +225,7 @@ bool isProvenNotMoved(const std::variant<FileSnapshot, int> &before, const QByte
     const auto *old = std::get_if<FileSnapshot>(&before);
     const auto atOldPath = takeSnapshot(from);
     const auto *now = std::get_if<FileSnapshot>(&atOldPath);
-    const auto atNewPath = takeSnapshot(to);
-    const auto *error = std::get_if<int>(&atNewPath);
-    return old && now && isSameFile(*old, *now) && error && *error == ENOENT;
+    return old && now && isSameFile(*old, *now) && isNothingAt(to);
 }
 
 MoveJournal::Entry recordInfo(const TrashedFile &trashed, MoveJournal *journal)
@@ -286,9 +239,7 @@ MoveJournal::Entry recordInfo(const TrashedFile &trashed, MoveJournal *journal)
 
 void keepUnlessGone(const TrashedFile &trashed, MoveJournal::Entry &entry)
 {
-    const auto info = takeSnapshot(trashed.infoFile);
-    const auto *error = std::get_if<int>(&info);
-    if (!error || !meansGone(*error))
+    if (!isNothingAt(trashed.infoFile))
         entry.keep();
 }
 

@@ -39,19 +39,9 @@ constexpr qint64 COARSEST_TIME = 2'000'000'000;
 
 Presence presenceOf(const QByteArray &path)
 {
-    const auto snapshot = takeSnapshot(path);
-    const auto *error = std::get_if<int>(&snapshot);
-    if (!error)
+    if (std::holds_alternative<FileSnapshot>(takeSnapshot(path)))
         return Presence::There;
-    const bool hasFolder = std::holds_alternative<FileSnapshot>(takeSnapshot(parentFolderOf(path)));
-    return meansGone(*error) && hasFolder ? Presence::NotThere : Presence::Unknown;
-}
-
-/// A disk can get another device number when the machine starts.
-bool isSameFileAfterRestart(const FileSnapshot &now, FileSnapshot before)
-{
-    before.device = now.device;
-    return isSameFile(now, before);
+    return isNothingAt(path) ? Presence::NotThere : Presence::Unknown;
 }
 
 Presence presenceOfSource(const Leftover &leftover)
@@ -60,7 +50,7 @@ Presence presenceOfSource(const Leftover &leftover)
     const auto *now = std::get_if<FileSnapshot>(&snapshot);
     if (!now)
         return presenceOf(leftover.source) == Presence::NotThere ? Presence::NotThere : Presence::Unknown;
-    const bool isSame = leftover.sourceSnapshot && isSameFileAfterRestart(*now, *leftover.sourceSnapshot);
+    const bool isSame = leftover.sourceSnapshot && isSameFileAfterRemount(*now, *leftover.sourceSnapshot);
     return isSame ? Presence::There : Presence::NotThere;
 }
 
@@ -72,7 +62,7 @@ QByteArray contentOf(const QByteArray &path, qint64 maxSize)
 
 bool isMadeAfterRecord(const FileSnapshot &file, const MoveJournal::Unfinished &record)
 {
-    return record.made ? isSameFileAfterRestart(file, *record.made)
+    return record.made ? isSameFileAfterRemount(file, *record.made)
                        : file.modified >= record.recorded - COARSEST_TIME;
 }
 
@@ -96,12 +86,12 @@ bool isLeftover(const QByteArray &path, const MoveJournal::Unfinished &record)
         return false;
     switch (leftover.kind) {
     case Kind::Copy:
-        return S_ISREG(file->mode) && record.made && isSameFileAfterRestart(*file, *record.made) &&
+        return S_ISREG(file->mode) && record.made && isSameFileAfterRemount(*file, *record.made) &&
                file->size == leftover.sourceSnapshot->size;
     case Kind::Placeholder:
         return S_ISREG(file->mode) && file->size == 0 && isMadeAfterRecord(*file, record);
     case Kind::SecondName:
-        return file->hardLinks > 1 && isSameFileAfterRestart(*file, *leftover.sourceSnapshot);
+        return file->hardLinks > 1 && isSameFileAfterRemount(*file, *leftover.sourceSnapshot);
     case Kind::NewLink:
         return S_ISLNK(file->mode) && linkTarget(path) == leftover.content;
     case Kind::Note:

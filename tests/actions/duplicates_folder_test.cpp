@@ -153,6 +153,33 @@ TEST_F(DuplicatesFolderTest, TakesBackTheLinesOfFilesThatGoBackAndLeavesNothingB
     EXPECT_TRUE(fs::exists(parent) && !fs::exists(pathOf(folder)));
 }
 
+TEST_F(DuplicatesFolderTest, GivesNoFileBackToADiskThatIsNotThereAndLeavesNoFolderBehind)
+{
+    const fs::path disk = home.path("disk");
+    if (!PrivateMounts::areAllowed() || !mounts.mount(disk, "tmpfs"))
+        GTEST_SKIP() << "a disk cannot be mounted here";
+    const fs::path song = PrivateHome::addFile(disk / "album/a.mp3", "song");
+    DuplicatesFolder onOtherDisk = folderIn(other.path());
+    const auto moved = std::get<MovedFile>(onOtherDisk.moveHere(toQString(song)));
+    using State = PutBackResult::State;
+
+    ::umount2(disk.c_str(), MNT_DETACH);
+    EXPECT_EQ(DuplicatesFolder::moveBack(moved).state, State::Stays);
+    EXPECT_TRUE(fs::is_empty(disk)) << "the file would be hidden when the disk is mounted";
+
+    ASSERT_TRUE(mounts.mount(disk, "tmpfs"));
+    std::stop_source stopped;
+    stopped.request_stop();
+    EXPECT_EQ(DuplicatesFolder::moveBack(moved, {.stop = stopped.get_token()}).state, State::Stays);
+    EXPECT_TRUE(fs::is_empty(disk)) << "folders that were made for it";
+    EXPECT_EQ(DuplicatesFolder::moveBack(moved).state, State::Back);
+    EXPECT_EQ(contentOf(song), "song");
+
+    DuplicatesFolder::forget({moved});
+    EXPECT_FALSE(isAnythingAt(onOtherDisk.path().toStdString()));
+    EXPECT_TRUE(moves(onOtherDisk, song)) << "into a new folder";
+}
+
 TEST_F(DuplicatesFolderTest, LosesNothingWhenTwoFillItAtOnce)
 {
     constexpr int SONGS = 300;
@@ -176,14 +203,21 @@ TEST_F(DuplicatesFolderTest, LosesNothingWhenTwoFillItAtOnce)
 TEST_F(DuplicatesFolderTest, MovesALinkThatLeadsToTheSameFileAfterwards)
 {
     const fs::path real = home.add("music/real.mp3");
+    const fs::path link = home.path("music/link.mp3");
     for (const fs::path &target : {parent, other.path()}) {
         DuplicatesFolder links = folderIn(target);
+        std::map<std::string, MovedFile> movedByTarget;
         for (const fs::path &destination : {fs::path("real.mp3"), real}) {
-            fs::create_symlink(destination, home.path("music/link.mp3"));
-            EXPECT_TRUE(moves(links, home.path("music/link.mp3")));
+            fs::create_symlink(destination, link);
+            movedByTarget[destination] = std::get<MovedFile>(links.moveHere(toQString(link)));
         }
-        const std::string link = "-> " + real.string();
-        EXPECT_EQ(filesIn(pathOf(links)), (Files{{"link.mp3", link}, {"link (1).mp3", link}}));
+        const std::string toReal = "-> " + real.string();
+        EXPECT_EQ(filesIn(pathOf(links)), (Files{{"link.mp3", toReal}, {"link (1).mp3", toReal}}));
+        for (const auto &[destination, moved] : movedByTarget) {
+            EXPECT_EQ(DuplicatesFolder::moveBack(moved).state, PutBackResult::State::Back);
+            EXPECT_EQ(contentOf(link), "-> " + destination);
+            fs::remove(link);
+        }
     }
     EXPECT_EQ(filesIn(home.path("music")), (Files{{"real.mp3", "song"}}));
 }

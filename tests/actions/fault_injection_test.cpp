@@ -12,6 +12,7 @@
 
 #include <csignal>
 #include <sys/mman.h>
+#include <sys/mount.h>
 #include <sys/stat.h>
 #include <sys/syscall.h>
 #include <sys/xattr.h>
@@ -76,10 +77,14 @@ enum class Fault
     FailsAfterItsEffect,
     FailsAsDoAllThatFollow,
     EndsTheProcess,
+    // A disk is unmounted before the call, and is back before the next start.
+    TakesTheSongsAway,
+    TakesTheTargetAway,
 };
 
-constexpr std::array FAULTS{Fault::FailsWithoutEffect, Fault::FailsAfterItsEffect,
-                            Fault::FailsAsDoAllThatFollow, Fault::EndsTheProcess};
+constexpr std::array FAULTS{Fault::FailsWithoutEffect,     Fault::FailsAfterItsEffect,
+                            Fault::FailsAsDoAllThatFollow, Fault::EndsTheProcess,
+                            Fault::TakesTheSongsAway,      Fault::TakesTheTargetAway};
 
 /// By call, counted from 0.
 using Faults = std::map<int, Fault>;
@@ -173,6 +178,7 @@ protected:
             return fault.second == Fault::EndsTheProcess && fault.first < m_report->calls;
         });
         EXPECT_EQ(status, isKilled ? std::nullopt : std::optional(0)) << "it crashed";
+        mountDisks();
         if (faults.size() > 1)
             expectNoLoss();
         else
@@ -185,17 +191,43 @@ protected:
 
 private:
     const std::vector<fs::path> songs =
-        isThorough() ? std::vector{home.path("music/a.mp3"), home.path("music/link.mp3"),
-                                   home.path("music/album/a.mp3")}
-                     : std::vector{home.path("music/a.mp3")};
+        isThorough() ? std::vector{home.path("disk/music/a.mp3"), home.path("disk/music/link.mp3"),
+                                   home.path("disk/music/album/a.mp3")}
+                     : std::vector{home.path("disk/music/a.mp3")};
     const Disks disks = std::get<Disks>(GetParam());
     const Operation operation = std::get<Operation>(GetParam());
-    const fs::path parent = disks.areDifferent ? other.path("target") : home.path("target");
+    const fs::path parent = disks.areDifferent ? other.path("disk/target") : home.path("target");
+
+    [[nodiscard]] fs::path otherDisk() const { return parent.parent_path(); }
+
+    /// The disk that a fault takes away; empty if there is none. Folders that are missing when a file goes
+    /// back are made, so the disk of the songs may only be missing before that begins.
+    [[nodiscard]] fs::path diskOf(Fault fault) const
+    {
+        if (!disks.areDifferent || (operation.isUndo && fault == Fault::TakesTheSongsAway))
+            return {};
+        return fault == Fault::TakesTheTargetAway ? otherDisk() : home.path("disk");
+    }
+
+    /// Mounts those of both disks that are not there.
+    void mountDisks()
+    {
+        if (!disks.areDifferent || !PrivateMounts::areAllowed())
+            return;
+        for (const fs::path &disk : {home.path("disk"), otherDisk()}) {
+            const fs::path content = disk.string() + " content";
+            fs::create_directories(content);
+            const bool isThere = !fs::create_directories(disk) && fs::equivalent(disk, content);
+            EXPECT_TRUE(isThere || filesIn(disk).empty()) << "it would be hidden";
+            EXPECT_TRUE(isThere || mounts.mount(disk, nullptr, MS_BIND, content));
+        }
+    }
 
     /// Makes everything as it is before the operation, with files of others beside it.
     void prepare()
     {
-        for (const fs::path &root : {home.path("music"), parent, trash})
+        mountDisks();
+        for (const fs::path &root : {home.path("disk/music"), parent, trash})
             fs::remove_all(root);
         m_target = folderIn(parent);
         PrivateHome::addFile(folder() / "a.mp3", "another's");
@@ -282,12 +314,20 @@ private:
             return number == SYS_fsync ? listener.fail(call.id, 0) : listener.letThrough(call.id);
         m_report->hitCall = number;
         const auto lost = NAMING_CALLS.find(number);
-        if (last->second == Fault::EndsTheProcess)
+        switch (last->second) {
+        case Fault::EndsTheProcess:
             ::kill(::getpid(), SIGKILL);
-        else if (last->second == Fault::FailsAfterItsEffect)
-            listener.carryOut(call, lost != NAMING_CALLS.end() ? lost->second : EIO);
-        else
-            listener.fail(call.id, EIO);
+            break;
+        case Fault::TakesTheSongsAway:
+        case Fault::TakesTheTargetAway:
+            ::umount2(diskOf(last->second).c_str(), MNT_DETACH);
+            return listener.letThrough(call.id);
+        case Fault::FailsAfterItsEffect:
+            return listener.carryOut(call, lost != NAMING_CALLS.end() ? lost->second : EIO);
+        case Fault::FailsWithoutEffect:
+        case Fault::FailsAsDoAllThatFollow:
+            return listener.fail(call.id, EIO);
+        }
     }
     [[nodiscard]] Tree tree() const
     {
@@ -297,7 +337,7 @@ private:
             return QString::fromStdString(text).remove(numbers).toStdString();
         };
         Tree files;
-        for (const fs::path &root : {home.path("music"), parent, trash}) {
+        for (const fs::path &root : {home.path("disk/music"), parent, trash}) {
             for (const auto &[name, content] : filesIn(root))
                 files.emplace(withoutNumbers(root / name), withoutNumbers(content));
         }

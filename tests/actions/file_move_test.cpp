@@ -352,6 +352,9 @@ TEST_F(FileMove, KnowsWhereAFileIsThatIsToGoBack)
 
     if (!PrivateMounts::areAllowed() || !mounts.mount(home.path("disk"), "tmpfs"))
         GTEST_SKIP() << "a disk cannot be mounted here";
+    MovedFile remounted = moveFile(home.add("b.mp3"), home.path("disk/b.mp3"));
+    ++remounted.snapshot->device;
+    EXPECT_EQ(moveBack(remounted).state, BackState::Back) << "its disk has another number";
     const MovedFile moved = moveFile(home.add("a.mp3"), home.path("disk/a.mp3"));
     ::umount2(home.path("disk").c_str(), MNT_DETACH);
     EXPECT_EQ(moveBack(moved).state, BackState::Stays) << "the disk is not there";
