@@ -58,8 +58,9 @@ struct FileIdentity
 /// Whether a path is on a disk. Other file systems show the files of a disk or of a network.
 [[nodiscard]] bool isOnDisk(const QByteArray &path);
 
-/// Whether two files with different identities are most likely one file, which an overlay, a network or the
-/// like shows a second time. Nobody can give two files the same time of the last change.
+/// Whether two files with different identities can be one file, which an overlay, a network or the like shows
+/// a second time: they have the same size and times. Nobody can choose the time of the last change, but two
+/// files that are written within one tick of the clock have the same.
 [[nodiscard]] bool mayBeOneFile(const KnownFile &a, const KnownFile &b);
 
 /// Files by their identities.

@@ -7,7 +7,6 @@
 #include <QList>
 
 #include <sys/vfs.h>
-#include <system_error>
 #include <unistd.h>
 
 #include <linux/magic.h>

@@ -173,6 +173,9 @@ TEST_P(CleanUpTest, KeepsTheOnlyFileOfASongThatIsSeenThroughTwoFileSystems)
         GTEST_SKIP() << "an overlay cannot be mounted here";
     const Song real = song("music/album/a.mp3");
     const Song view = song("view/album/a.mp3");
+    // Files that are written within one tick of the clock have the same times.
+    fs::last_write_time(home.path("music/album/a.mp3"),
+                        fs::file_time_type::clock::now() - std::chrono::hours(1));
     // The other way round, nothing would be lost, but who knows.
     for (const QList<DuplicateGroup> &groups :
          {QList{group(view, {real, song("music/b.mp3")})}, QList{group(real, {view, song("music/c.mp3")})},
