@@ -34,6 +34,8 @@ QString groupedNumber(qint64 number)
 
 QString descriptionOf(const DuplicateTotals &duplicates, CleanUpTarget target)
 {
+    if (duplicates.count == 0)
+        return QStringLiteral("No duplicates to move");
     return QStringLiteral("Move %1 (%2) to %3")
         .arg(counted(duplicates.count, QStringLiteral("duplicate")), formattedByteCount(duplicates.bytes),
              target == CleanUpTarget::Trash ? QStringLiteral("the Trash") : QStringLiteral("a folder"));
