@@ -120,6 +120,8 @@ void WindowDriver::click(const QString &button) const
 
 void WindowDriver::press(Qt::Key key, Qt::KeyboardModifiers modifiers) const
 {
+    // A press at the time of the last release would be the repeat of a held key.
+    QTest::qSleep(2);
     QTest::keyClick(window, key, modifiers);
 }
 

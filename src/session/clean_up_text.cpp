@@ -34,6 +34,8 @@ QString groupedNumber(qint64 number)
 
 QString descriptionOf(const DuplicateTotals &duplicates, CleanUpTarget target)
 {
+    if (duplicates.count == 0)
+        return QStringLiteral("No duplicates to move");
     return QStringLiteral("Move %1 (%2) to %3")
         .arg(counted(duplicates.count, QStringLiteral("duplicate")), formattedByteCount(duplicates.bytes),
              target == CleanUpTarget::Trash ? QStringLiteral("the Trash") : QStringLiteral("a folder"));
@@ -96,7 +98,7 @@ QString undoAlertText(const QList<SongFailure> &failures)
     QStringList lines{counted(failures.size(), QStringLiteral("file")) +
                       QStringLiteral(" could not be put back:")};
     for (const SongFailure &failure : failures.first(std::min(failures.size(), MOST_NAMES)))
-        lines.append(QStringLiteral("%1: %2").arg(failure.song.name, failure.reason));
+        lines.append(QStringLiteral("\u2022 %1: %2").arg(failure.song.name, failure.reason));
     if (failures.size() > MOST_NAMES)
         lines.append(QStringLiteral("and %1 more").arg(groupedNumber(failures.size() - MOST_NAMES)));
     return lines.join(u'\n');

@@ -14,7 +14,7 @@ namespace sonavo {
 /// A number with a comma after thousands: "1,234".
 [[nodiscard]] QString groupedNumber(qint64 number);
 
-/// What a clean-up would do: "Move 344 duplicates (1.2 GB) to the Trash".
+/// What a clean-up would do: "Move 344 duplicates (1.2 GB) to the Trash" or "No duplicates to move".
 [[nodiscard]] QString descriptionOf(const DuplicateTotals &duplicates, CleanUpTarget target);
 
 /// The toast after a clean-up: "Moved 12 files to Trash \u2022 Saved 84.3 MB".

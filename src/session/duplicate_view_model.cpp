@@ -88,9 +88,8 @@ void DuplicateViewModel::announceNotices(const Notices::State &before)
     announce({
         {&DuplicateViewModel::alertMessageChanged, before.alertMessage != now.alertMessage},
         {&DuplicateViewModel::showAlertChanged, before.isAlertShown != now.isAlertShown},
-        {&DuplicateViewModel::toastChanged, before.toastMessage != now.toastMessage ||
-                                                before.toastType != now.toastType ||
-                                                before.toastAction != now.toastAction},
+        {&DuplicateViewModel::toastChanged,
+         before.toastNumber != now.toastNumber || before.toastAction != now.toastAction},
         {&DuplicateViewModel::showToastChanged, before.isToastShown != now.isToastShown},
     });
 }

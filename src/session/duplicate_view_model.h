@@ -62,6 +62,8 @@ class DuplicateViewModel : public QObject
     Q_PROPERTY(bool showToast READ showToast WRITE setShowToast NOTIFY showToastChanged)
     Q_PROPERTY(QString toastMessage READ toastMessage NOTIFY toastChanged)
     Q_PROPERTY(sonavo::Notices::ToastType toastType READ toastType NOTIFY toastChanged)
+    /// Counts the toasts.
+    Q_PROPERTY(int toastNumber READ toastNumber NOTIFY toastChanged)
     /// Text of the toast's button; empty without one.
     Q_PROPERTY(QString toastAction READ toastAction NOTIFY toastChanged)
     /// Files are being moved. Meanwhile everything that would change the session is ignored.
@@ -128,6 +130,7 @@ public:
     [[nodiscard]] bool showToast() const { return m_notices.state().isToastShown; }
     [[nodiscard]] const QString &toastMessage() const { return m_notices.state().toastMessage; }
     [[nodiscard]] ToastType toastType() const { return m_notices.state().toastType; }
+    [[nodiscard]] int toastNumber() const { return m_notices.state().toastNumber; }
     [[nodiscard]] const QString &toastAction() const { return m_notices.state().toastAction; }
     [[nodiscard]] QString cleanupAllDescription() const;
     [[nodiscard]] QString moveDuplicatesDescription() const;

@@ -36,13 +36,13 @@ void Notices::clearAlert()
 
 void Notices::showToast(const QString &message, ToastType type, const QString &action)
 {
-    ++m_toastNumber;
+    State state = m_state;
+    ++state.toastNumber;
     m_isToastOverdue = false;
     if (action.isEmpty())
         hideToastLater(this);
     else
-        endToastWithAction(this, m_toastNumber);
-    State state = m_state;
+        endToastWithAction(this, state.toastNumber);
     state.isToastShown = true;
     state.toastMessage = message;
     state.toastType = type;
@@ -58,11 +58,11 @@ QCoro::Task<> Notices::hideToastLater(QPointer<Notices> self)
         self->setToastShown(false);
 }
 
-QCoro::Task<> Notices::endToastWithAction(QPointer<Notices> self, quint64 number)
+QCoro::Task<> Notices::endToastWithAction(QPointer<Notices> self, int number)
 {
     const std::shared_ptr<Pauses> pauses = self->m_pauses;
     co_await pauses->wait(8s);
-    if (!self || self->m_toastNumber != number)
+    if (!self || self->m_state.toastNumber != number)
         co_return;
     self->m_isToastOverdue = true;
     self->hideOverdueToast();

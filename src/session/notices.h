@@ -32,6 +32,8 @@ public:
         bool isToastShown = false;
         QString toastMessage;
         ToastType toastType = ToastType::Info;
+        /// Counts the toasts, so that two of the same text are two.
+        int toastNumber = 0;
         /// Text of the toast's button; empty without one.
         QString toastAction;
 
@@ -63,14 +65,12 @@ Q_SIGNALS:
 
 private:
     static QCoro::Task<> hideToastLater(QPointer<Notices> self);
-    static QCoro::Task<> endToastWithAction(QPointer<Notices> self, quint64 number);
+    static QCoro::Task<> endToastWithAction(QPointer<Notices> self, int number);
     void hideOverdueToast();
     void set(State state);
 
     const std::shared_ptr<Pauses> m_pauses;
     State m_state;
-    /// Of the last toast.
-    quint64 m_toastNumber = 0;
     bool m_isToastHeld = false;
     /// Whether the time of a toast with a button is over and it only stays because it is held.
     bool m_isToastOverdue = false;

@@ -2,6 +2,7 @@
 
 #include "session/duplicate_view_model.h"
 #include "theme/theme_manager.h"
+#include "ui/held_key_filter.h"
 
 #include <QQmlApplicationEngine>
 #include <QQuickWindow>
@@ -23,7 +24,10 @@ QQuickWindow *loadMainWindow(QQmlApplicationEngine &engine, DuplicateViewModel &
     });
     engine.load(QUrl(QStringLiteral("qrc:/qt/qml/Sonavo/MainWindow.qml")));
     themeManager.applyTheme();
-    return qobject_cast<QQuickWindow *>(engine.rootObjects().value(0));
+    auto *window = qobject_cast<QQuickWindow *>(engine.rootObjects().value(0));
+    if (window)
+        window->installEventFilter(new HeldKeyFilter(window));
+    return window;
 }
 
 } // namespace sonavo

@@ -353,7 +353,7 @@ TEST_F(CleanUpTest, UndoesOlderStepsAlthoughFilesOfANewerOneCannotGoBack)
     EXPECT_EQ(toast(), "Error: 1 file put back \u2022 2 failed");
     EXPECT_THAT(notices.state().alertMessage.toStdString(),
                 testing::AllOf(testing::HasSubstr("2 files could not be put back:"),
-                               testing::HasSubstr("\n0.mp3: "), testing::HasSubstr("\n1.mp3: ")));
+                               testing::HasSubstr("\u2022 0.mp3: "), testing::HasSubstr("\u2022 1.mp3: ")));
     EXPECT_EQ(library.duplicateGroups().size(), 1);
     undo();
     EXPECT_EQ(toast(), "Error: 0 files put back \u2022 1 failed");

@@ -242,6 +242,15 @@ TEST_F(ResultsTest, DeletesOneSongForOnePressHoweverItIsMade)
         QKeyEvent again(QEvent::KeyPress, Qt::Key_Delete, Qt::NoModifier, QString(), true);
         QCoreApplication::sendEvent(window, &again);
     }
+    // X11 can send repeats as presses of their own, at the time of the release before.
+    for (int repeat = 1; repeat < 5; ++repeat) {
+        for (const QEvent::Type type : {QEvent::KeyRelease, QEvent::KeyPress}) {
+            QKeyEvent again(type, Qt::Key_Delete, Qt::NoModifier);
+            again.setTimestamp(static_cast<quint64>(repeat));
+            QCoreApplication::sendEvent(window, &again);
+        }
+        finishJob();
+    }
     QTest::keyRelease(window, Qt::Key_Delete);
     finishJob();
     EXPECT_EQ(trashed().size(), 2);
@@ -328,7 +337,7 @@ TEST_F(ResultsTest, ShowsHowFarACleanUpIsAndIgnoresWhatWouldChangeTheSession)
     const QString message = u"Moving 1 of 3 to the Trash"_s;
     ASSERT_TRUE(waitForText(message));
     EXPECT_EQ(focusedName(), u"Stop");
-    QAccessibleInterface *bar = find(QAccessible::ProgressBar, message);
+    QAccessibleInterface *bar = find(QAccessible::ProgressBar, u"Progress"_s);
     ASSERT_TRUE(bar && bar->valueInterface());
     EXPECT_EQ(bar->valueInterface()->currentValue().toDouble(), session.cleanUpFraction());
     clickRow(1);
@@ -387,6 +396,10 @@ TEST_F(ResultsTest, TakesBackByToastKeyAndSummaryWhatItHasDone)
     click(CLEAN_UP);
     EXPECT_TRUE(waitForText(u"3 files moved to the Trash \u2022 65 KB"_s));
     finishJob();
+    EXPECT_TRUE(waitFor([this] { return focusedName().startsWith(u"3 files moved"); }));
+    press(Qt::Key_Tab);
+    EXPECT_EQ(focusedName(), u"Undo Move to Trash");
+    EXPECT_EQ(find(QAccessible::Button, CLEAN_UP)->text(QAccessible::Description), u"No duplicates to move");
     // Until the toast stands still.
     QTest::qWait(700);
     QTest::mouseMove(window, rectOf(find(QAccessible::Button, u"Undo"_s)->object()).center());

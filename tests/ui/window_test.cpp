@@ -242,7 +242,7 @@ TEST_F(WindowTest, ShowsTheLatestToastUntilItIsClosed)
         EXPECT_TRUE(waitForText(LONG_TOAST));
         // Lays everything out.
         EXPECT_FALSE(window->grabWindow().isNull());
-        QAccessibleInterface *toast = find(QAccessible::AlertMessage, LONG_TOAST);
+        QAccessibleInterface *toast = find(QAccessible::Notification, LONG_TOAST);
         ASSERT_NE(toast, nullptr);
         EXPECT_LE(rectOf(toast->object()).width(), 500);
         expectAccessible();
@@ -256,6 +256,8 @@ TEST_F(WindowTest, ShowsTheLatestToastUntilItIsClosed)
     QTest::qWait(1);
     session.showToast(LONG_TOAST, ToastType::Success);
     EXPECT_TRUE(waitFor([] { return alerts == QStringList{u"One moment"_s, LONG_TOAST}; }));
+    session.showToast(LONG_TOAST, ToastType::Success);
+    EXPECT_TRUE(waitFor([] { return alerts.size() == 3; })) << "the same again is announced again";
 }
 
 TEST_F(WindowTest, ClosesWhatIsOnTopWithEscapeAndKeepsTheWorkingArea)

@@ -22,6 +22,7 @@ T.AbstractButton {
     PlainToolTip {
         text: control.toolTip
         isHovered: control.hovered
+        isPressed: control.down
     }
 
     contentItem: Item {

@@ -31,6 +31,7 @@ T.Button {
     PlainToolTip {
         text: control.description
         isHovered: control.hovered
+        isPressed: control.down
     }
 
     contentItem: Item {

@@ -9,9 +9,15 @@ Loader {
 
     required property string text
     required property bool isHovered
+    // Whether the item is pressed, if it is a button.
+    property bool isPressed: false
+    // A press hides the tooltip until the pointer comes again.
+    property bool wasPressed: false
 
     anchors.fill: parent
-    active: isHovered && text !== ""
+    active: isHovered && enabled && !wasPressed && text !== ""
+    onIsHoveredChanged: wasPressed = false
+    onIsPressedChanged: wasPressed = wasPressed || isPressed
 
     // The Loader of Qt 6.4 cannot create a bound component.
     // qmllint disable unqualified

@@ -16,8 +16,12 @@ void AccessibleAlert::raise(QQuickItem *notice)
         for (const QPointer<QQuickItem> &item : std::exchange(m_pending, {})) {
             if (!item)
                 continue;
-            QAccessibleEvent event(item, QAccessible::Alert);
-            QAccessible::updateAccessibility(&event);
+            // AT-SPI knows no alerts. It hears of an item that appears by itself, but not of a new text.
+            for (const auto type : {QAccessible::Alert, QAccessible::ObjectShow}) {
+                QAccessibleEvent event(item, type);
+                if (type == QAccessible::Alert || item->isVisible())
+                    QAccessible::updateAccessibility(&event);
+            }
         }
     };
     if (m_pending.size() == 1)

@@ -19,7 +19,8 @@ public:
     using QObject::QObject;
 
     /// Announces a notice at the next turn of the event loop, once for all calls until then.
-    /// @param notice an item with the role AlertMessage and an accessible name; null does nothing
+    /// @param notice an item with the role AlertMessage or Notification and an accessible name; null does
+    /// nothing
     Q_INVOKABLE void raise(QQuickItem *notice);
 
 private:

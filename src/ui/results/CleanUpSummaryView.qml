@@ -70,11 +70,15 @@ FocusScope {
                 spacing: 6
 
                 Line {
+                    // Where a screen reader begins, and the keyboard; not a button, which the next key would press.
+                    focus: !view.hasFailures
+                    KeyNavigation.tab: undoButton
                     text: view.viewModel.cleanUpHeadline
                     font.pixelSize: view.hasFailures ? 20 : 24
                     font.weight: Font.DemiBold
                     color: Colors.textPrimary
                     Accessible.role: Accessible.Heading
+                    Accessible.focusable: true
                 }
                 Line {
                     text: view.viewModel.cleanUpRemaining
@@ -115,6 +119,7 @@ FocusScope {
                 onClicked: view.back()
             }
             SummaryButton {
+                id: undoButton
                 visible: view.viewModel.undoText !== ""
                 symbol: "arrow.uturn.backward"
                 text: view.viewModel.undoText

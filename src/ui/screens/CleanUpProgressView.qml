@@ -12,10 +12,17 @@ FocusScope {
     // Out of sight it would keep the focus.
     enabled: visible
     onVisibleChanged: {
-        if (!visible)
-            return;
-        stopButton.forceActiveFocus(Qt.PopupFocusReason);
-        AccessibleAlert.raise(message);
+        if (visible)
+            stopButton.forceActiveFocus(Qt.PopupFocusReason);
+    }
+
+    // A screen reader would fall behind the number.
+    Timer {
+        interval: 5000
+        running: view.visible
+        repeat: true
+        triggeredOnStart: true
+        onTriggered: message.spokenText = message.text
     }
 
     // Short enough jobs end before they can be seen.
@@ -64,14 +71,17 @@ FocusScope {
 
             PlainText {
                 id: message
+
+                property string spokenText
+
                 Layout.fillWidth: true
                 wrapMode: Text.Wrap
                 text: view.viewModel.cleanUpMessage
                 font.pixelSize: 17
                 font.weight: Font.DemiBold
                 color: Colors.textPrimary
-                Accessible.role: Accessible.AlertMessage
-                Accessible.name: text
+                Accessible.role: Accessible.Notification
+                Accessible.name: spokenText
             }
 
             ThinProgressBar {
@@ -81,7 +91,7 @@ FocusScope {
                 color: Colors.accent
                 trackColor: Colors.track
                 Accessible.role: Accessible.ProgressBar
-                Accessible.name: view.viewModel.cleanUpMessage
+                Accessible.name: qsTr("Progress")
                 Accessible.description: percentage + "%"
             }
 
@@ -104,7 +114,7 @@ FocusScope {
                     enabled: !view.viewModel.isCleanUpStopping
                     symbol: "stop.fill"
                     symbolSize: 13
-                    text: enabled ? qsTr("Stop") : qsTr("Stopping\u2026")
+                    text: view.viewModel.isCleanUpStopping ? qsTr("Stopping\u2026") : qsTr("Stop")
                     font.pixelSize: 14
                     focus: true
                     onClicked: view.viewModel.stopCleanUp()

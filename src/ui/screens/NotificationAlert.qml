@@ -9,7 +9,7 @@ ModalSheet {
     required property DuplicateViewModel viewModel
 
     title: qsTr("Notification")
-    width: Math.min(440, parent ? parent.width - 40 : 440)
+    width: Math.min(520, parent ? parent.width - 40 : 520)
     visible: viewModel.showAlert
     onAboutToHide: viewModel.showAlert = false
     onOpened: {
@@ -33,13 +33,35 @@ ModalSheet {
             color: Colors.textPrimary
         }
 
-        PlainText {
-            id: message
+        Flickable {
+            id: scroll
+
+            function scrollBy(distance) {
+                contentY = Math.max(0, Math.min(contentY + distance, contentHeight - height));
+            }
+
             Layout.fillWidth: true
-            wrapMode: Text.Wrap
-            text: alert.viewModel.alertMessage
-            font.pixelSize: 14
-            color: Colors.textPrimary
+            Layout.preferredHeight: Math.min(message.implicitHeight, alert.parent ? alert.parent.height - 220 : 400)
+            contentHeight: message.implicitHeight
+            clip: true
+            boundsBehavior: Flickable.StopAtBounds
+
+            PlainText {
+                id: message
+                width: scroll.width - 14
+                wrapMode: Text.Wrap
+                text: alert.viewModel.alertMessage
+                font.pixelSize: 14
+                color: Colors.textPrimary
+            }
+
+            ThinScrollBar {
+                parent: scroll
+                flickable: scroll
+                anchors.top: parent.top
+                anchors.bottom: parent.bottom
+                anchors.right: parent.right
+            }
         }
 
         ScaleButtonStyle {
@@ -51,6 +73,8 @@ ModalSheet {
             text: qsTr("OK")
             font.pixelSize: 15
             onClicked: alert.close()
+            Keys.onUpPressed: scroll.scrollBy(-40)
+            Keys.onDownPressed: scroll.scrollBy(40)
         }
     }
 }

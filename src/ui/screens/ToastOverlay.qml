@@ -27,7 +27,6 @@ Item {
         onClosed: overlay.viewModel.showToast = false
         onActed: overlay.viewModel.performToastAction()
         onIsInUseChanged: overlay.viewModel.holdToast(isInUse)
-        onMessageChanged: announce()
 
         function announce() {
             if (overlay.isShowing)
@@ -49,6 +48,9 @@ Item {
         }
     }
 
+    // The next toast can have the same text.
+    readonly property int number: viewModel.toastNumber
+    onNumberChanged: toast.announce()
     onIsShowingChanged: toast.announce()
 
     Shortcut {

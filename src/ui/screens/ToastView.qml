@@ -34,7 +34,7 @@ Card {
     border.color: Qt.alpha(typeColor, 0.5)
     shadowRadius: 14
 
-    Accessible.role: Accessible.AlertMessage
+    Accessible.role: Accessible.Notification
     Accessible.name: message
 
     HoverHandler {
