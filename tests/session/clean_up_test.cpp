@@ -385,33 +385,5 @@ TEST_F(CleanUpTest, KeepsTheSongsThatAStoppedJobHasNotReached)
     EXPECT_EQ(shown(), before);
 }
 
-/// A thousand duplicates of two hundred songs; some originals and some duplicates vanish before.
-TEST_F(CleanUpTest, LeavesEveryFileOfALargeResultInOnePlace)
-{
-    for (const bool isMove : {true, false}) {
-        QDir(pathOf("music")).removeRecursively();
-        addGroups(200, 6);
-        QStringList lost;
-        for (int i = 0; i < 200; i += 5) {
-            const DuplicateGroup &group = library.duplicateGroups()[i];
-            lost.append(i % 10 == 0 ? group.original.path : group.duplicates[2].path);
-            ASSERT_TRUE(QFile::remove(lost.last()));
-        }
-
-        settle();
-        std::string outcome;
-        const auto connection = QObject::connect(&notices, &Notices::changed, &notices,
-                                                 [&] { outcome = outcome.empty() ? toast() : outcome; });
-        isMove ? moveDuplicates() : trashDuplicates();
-        QObject::disconnect(connection);
-        EXPECT_EQ(outcome, isMove ? "Error: Moved 880 files \u2022 120 failed"
-                                  : "Error: Moved 880 files to Trash \u2022 100 failed");
-        EXPECT_EQ(filesIn(isMove ? "target" : ".local/share/Trash/files").size(), 880);
-        EXPECT_EQ(filesIn("music").size(), 1'200 - lost.size() - 880);
-        for (const Song &original : library.songs())
-            EXPECT_EQ(QFileInfo::exists(original.path), !lost.contains(original.path));
-    }
-}
-
 } // namespace
 } // namespace sonavo
