@@ -561,7 +561,7 @@ private:
     QList<DuplicateGroup> m_scannedGroups;
     std::map<QUuid, std::string> m_scanned;
     /// What has ever left undisturbed, and from where.
-    Files m_moved;
+    std::set<Files::value_type> m_moved;
 };
 
 /// SONAVO_RANDOM_OPERATIONS says how many, SONAVO_RANDOM_SEED where to begin; the moments at which others do
