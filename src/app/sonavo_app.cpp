@@ -1,9 +1,7 @@
 #include "app/sonavo_app.h"
 
-#include "actions/move_journal.h"
-#include "actions/unfinished_moves.h"
+#include "session/clean_up_work.h"
 #include "session/event_loop_pauses.h"
-#include "session/file_job.h"
 #include "theme/palette.h"
 #include "theme/theme_manager.h"
 #include "ui/main_window.h"
@@ -24,7 +22,7 @@ SonavoApp::~SonavoApp() = default;
 bool SonavoApp::launch(const QList<QUrl> &items)
 {
     m_appDelegate.applicationDidFinishLaunching();
-    fileJobThread().start([] { cleanUpUnfinishedMoves(moveJournalFolder()); });
+    removeLeftoversLater();
     QQuickWindow *window = loadMainWindow(m_engine, m_viewModel, *ThemeManager::shared());
     if (!window)
         return false;

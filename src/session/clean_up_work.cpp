@@ -3,6 +3,7 @@
 #include "actions/file_identity.h"
 #include "actions/move_journal.h"
 #include "actions/unfinished_moves.h"
+#include "import/disk_task.h"
 #include "model/saturating.h"
 #include "session/clean_up_text.h"
 
@@ -13,11 +14,10 @@
 namespace sonavo {
 namespace {
 
-/// The journal of a job, after what an earlier process has left over was removed.
 class JobJournal
 {
 public:
-    JobJournal() { cleanUpUnfinishedMoves(moveJournalFolder()); }
+    JobJournal() { removeLeftoversLater(); }
 
     [[nodiscard]] CleanUpOptions options(const FileJob::Control &control, const FileNotes &notes)
     {
@@ -125,6 +125,11 @@ void summarize(const CleanUpOutcome &outcome, const CleanUpPlan &plan, CleanedUp
 }
 
 } // namespace
+
+void removeLeftoversLater()
+{
+    diskThreads().start([] { cleanUpUnfinishedMoves(moveJournalFolder()); });
+}
 
 CleanedUp cleanUp(const CleanUpPlan &plan, const FileJob::Control &control)
 {

@@ -21,6 +21,10 @@ namespace sonavo {
 // What the jobs of CleanUp do. They take as long as the disks do, and pass over all songs. They run in the
 // thread of the jobs and share their values with the session, which does not change them meanwhile.
 
+/// Removes what an earlier process has left over, in a thread that is abandoned when its disk hangs. Any
+/// thread may call it; every job begins with it.
+void removeLeftoversLater();
+
 /// What a job starts from.
 struct WorkBasis
 {
