@@ -14,6 +14,7 @@
 
 #include <algorithm>
 #include <cerrno>
+#include <cstdlib>
 #include <filesystem>
 #include <functional>
 #include <optional>
@@ -27,6 +28,11 @@ namespace sonavo {
 namespace {
 
 constexpr auto GONE = "does not exist any more";
+constexpr auto ORIGINAL_LOST = "The original of its group is gone or was changed";
+constexpr auto CHANGED_WHILE_MOVED = "The file was changed at the moment when it was moved";
+
+/// File systems round times, FAT to two seconds.
+constexpr qint64 COARSEST_TIME = 2'000'000'000;
 
 /// A file, or what is wrong with it in words that follow its name.
 using Look = std::variant<KnownFile, QString>;
@@ -87,6 +93,14 @@ QString pathOf(const DisposedFile &file)
     return QFile::decodeName(movedFile(file).path);
 }
 
+/// Somebody can have put another file in its place between the last look and the move.
+bool isAsLookedAt(const MovedFile &moved, const FileSnapshot &look)
+{
+    const auto &now = moved.snapshot;
+    return !now || S_ISLNK(now->mode) ||
+           (now->size == look.size && std::abs(now->modified - look.modified) <= COARSEST_TIME);
+}
+
 MoveOptions moveOptions(const CleanUpOptions &options)
 {
     return {options.stop, options.journal};
@@ -133,7 +147,7 @@ private:
     void passOverOrFail(const Song &song);
     void dispose(const Song &song, const FileIdentity &identity, const KnownFile &file);
     [[nodiscard]] QString whatIsWrongWithOriginal();
-    void putBack(const Moved &moved);
+    void putBack(const Moved &moved, const QString &why);
     void checkOriginalsAgain();
     [[nodiscard]] bool isSuspect(const FileSnapshot &original) const;
     [[nodiscard]] bool hasSurvived(const KnownFile &original) const;
@@ -248,24 +262,24 @@ void DuplicateRemover::dispose(const Song &song, const FileIdentity &identity, c
     m_devices.insert(file.snapshot.device);
     m_traits.insert({file.snapshot.device, file.snapshot.size, file.snapshot.modified});
     const Moved moved{song, std::get<DisposedFile>(result), *m_original};
+    if (!isAsLookedAt(movedFile(moved.file), file.snapshot))
+        return putBack(moved, QLatin1String(CHANGED_WHILE_MOVED));
     if (!hasSurvived(*m_original))
-        return putBack(moved);
+        return putBack(moved, QLatin1String(ORIGINAL_LOST));
     m_moved.push_back(moved);
     m_movedEntries.insert(identity.entry);
 }
 
-void DuplicateRemover::putBack(const Moved &moved)
+void DuplicateRemover::putBack(const Moved &moved, const QString &why)
 {
     const PutBackResult result = putFileBack(moved.file, unstoppable(m_options));
     if (result.state != PutBackResult::State::Back)
         return fail(
             moved.song,
-            QStringLiteral("The original of its group is gone or was changed. The file is at %1 now: %2")
-                .arg(pathOf(moved.file), result.reason));
+            QStringLiteral("%1. The file is at %2 now: %3").arg(why, pathOf(moved.file), result.reason));
     if (const auto *file = std::get_if<MovedFile>(&moved.file))
         m_movedBack.append(*file);
-    fail(moved.song,
-         QStringLiteral("The original of its group is gone or was changed, so the file was put back"));
+    fail(moved.song, QStringLiteral("%1, so the file was put back").arg(why));
 }
 
 /// The original of one group can vanish with a duplicate of another.
@@ -279,7 +293,7 @@ void DuplicateRemover::checkOriginalsAgain()
     const auto mustGoBack = [&](const Moved &moved) { return !hasStayed.value(moved.original.path); };
     std::for_each(m_moved.rbegin(), m_moved.rend(), [&](const Moved &moved) {
         if (mustGoBack(moved))
-            putBack(moved);
+            putBack(moved, QLatin1String(ORIGINAL_LOST));
     });
     std::erase_if(m_moved, mustGoBack);
     // With nothing in it, the folder would be removed, and its path is told to the user.
@@ -290,8 +304,6 @@ void DuplicateRemover::checkOriginalsAgain()
 /// Whether one of the moved files can be an original that another file system shows.
 bool DuplicateRemover::isSuspect(const FileSnapshot &original) const
 {
-    // File systems round times, FAT to two seconds.
-    constexpr qint64 COARSEST_TIME = 2'000'000'000;
     return std::ranges::any_of(m_devices, [&](dev_t device) {
         const auto moved = m_traits.lower_bound({device, original.size, original.modified - COARSEST_TIME});
         return device != original.device && moved != m_traits.end() &&
@@ -397,14 +409,16 @@ std::variant<DisposedSong, Failure> trashSong(const Song &song, const QList<Dupl
         const bool isOnOtherDevice = other.snapshot.device != file.snapshot.device;
         return isOnOtherDevice ? isUntouched(other) : stateOf(other) == FileState::Same;
     };
-    if (std::ranges::all_of(others, hasSurvived))
+    const bool isSame = isAsLookedAt(trashed.file, file.snapshot);
+    if (isSame && std::ranges::all_of(others, hasSurvived))
         return DisposedSong{song, trashed};
+    const QString why =
+        QLatin1String(isSame ? "Another song of this group was gone as well" : CHANGED_WHILE_MOVED);
     const PutBackResult back = restore(trashed, unstoppable(options));
     if (back.state != PutBackResult::State::Back)
-        return Failure{
-            QStringLiteral("Another song of this group was gone as well. The file is at %1 now: %2")
-                .arg(QFile::decodeName(trashed.file.path), back.reason)};
-    return Failure{QStringLiteral("Another song of this group was gone as well, so the file was put back.")};
+        return Failure{QStringLiteral("%1. The file is at %2 now: %3")
+                           .arg(why, QFile::decodeName(trashed.file.path), back.reason)};
+    return Failure{QStringLiteral("%1, so the file was put back.").arg(why)};
 }
 
 UndoOutcome putBack(const QList<DisposedSong> &songs, const CleanUpOptions &options)

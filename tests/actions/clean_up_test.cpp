@@ -300,6 +300,30 @@ TEST_P(CleanUpTest, PutsADuplicateBackWhoseOriginalIsNotAsItWasEvenIfStopped)
     }
 }
 
+TEST_P(CleanUpTest, PutsBackAFileThatTookThePlaceOfASongRightBeforeItsMove)
+{
+    const Song duplicate = song("music/b.mp3");
+    const QList<DuplicateGroup> groups{group(song("music/a.mp3"), {duplicate})};
+    const auto failsToDelete = [&] {
+        return GetParam() != Target::Trash || std::holds_alternative<Failure>(trashSong(duplicate, groups));
+    };
+    const auto failsToCleanUp = [&] { return failedFiles(cleanUp(groups)) == Names{"b.mp3"}; };
+    for (const std::function<bool()> &fails : {std::function<bool()>(failsToDelete), {failsToCleanUp}}) {
+        home.add("music/b.mp3", CONTENT);
+        const auto replace = [&](const SystemCallListener &listener, const seccomp_notif &call) {
+            if (contentOf(home.path("music/b.mp3")) == CONTENT)
+                fs::rename(home.add("new", "another song"), home.path("music/b.mp3"));
+            listener.letThrough(call.id);
+        };
+        const auto status = runInChild([&] { return fails() ? 0 : 1; }, {SYS_renameat2}, replace);
+        if (status == NOT_ALLOWED)
+            GTEST_SKIP() << "no right to filter system calls";
+        EXPECT_EQ(status, 0);
+        EXPECT_THAT(movedFiles(), IsEmpty());
+    }
+    EXPECT_EQ(contentOf(home.path("music/b.mp3")), "another song");
+}
+
 INSTANTIATE_TEST_SUITE_P(To, CleanUpTest, testing::Values(Target::Trash, Target::Folder, Target::OtherDisk));
 
 using MoveDuplicatesTest = SongTest;
