@@ -173,7 +173,7 @@ void CleanUp::deleteSong(const Song &song)
         return;
     const QPointer<CleanUp> self(this);
     // The caller's can be one that the preview drops here.
-    const Song deleted = song;
+    Song deleted = song;
     if (m_session.preview.isOf(deleted)) {
         m_session.preview.mute();
         m_session.preview.stop();
@@ -181,12 +181,13 @@ void CleanUp::deleteSong(const Song &song)
     if (!self)
         return;
     const WorkBasis basis = this->basis();
+    const auto work = [deleted, basis,
+                       groups = m_session.library.duplicateGroups()](const FileJob::Control &control) {
+        return sonavo::deleteSong(deleted, groups, basis, control);
+    };
     m_session.job.run<DeletedSong>(
-        QStringLiteral("Moving %1 of %2 to the Trash"), 1,
-        [deleted, basis, groups = m_session.library.duplicateGroups()](const FileJob::Control &control) {
-            return sonavo::deleteSong(deleted, groups, basis, control);
-        },
-        [self, deleted, scan = basis.scan.id](const DeletedSong &result) {
+        QStringLiteral("Moving %1 of %2 to the Trash"), 1, work,
+        [self, deleted = std::move(deleted), scan = basis.scan.id](const DeletedSong &result) {
             if (self)
                 self->publish(scan, deleted, result);
         });
