@@ -31,9 +31,6 @@ constexpr auto GONE = "does not exist any more";
 constexpr auto ORIGINAL_LOST = "The original of its group is gone or was changed";
 constexpr auto CHANGED_WHILE_MOVED = "The file was changed at the moment when it was moved";
 
-/// File systems round times, FAT to two seconds.
-constexpr qint64 COARSEST_TIME = 2'000'000'000;
-
 /// A file, or what is wrong with it in words that follow its name.
 using Look = std::variant<KnownFile, QString>;
 

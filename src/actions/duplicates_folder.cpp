@@ -17,8 +17,6 @@ namespace sonavo {
 namespace {
 
 const QString PREFIX = QStringLiteral("Duplicates_");
-/// What file systems allow, in bytes.
-constexpr qsizetype MAX_NAME = 255;
 
 /// @param number 0 for the name itself
 QString numberedName(const QString &name, int number)
@@ -27,12 +25,7 @@ QString numberedName(const QString &name, int number)
         return name;
     const QString extension = pathExtension(name).toString();
     const QString stem = extension.isNull() ? name : name.chopped(extension.size() + 1);
-    return joinedFileName(stem, QStringLiteral(" (%1).").arg(number) + extension, MAX_NAME);
-}
-
-bool isTaken(const QByteArray &path)
-{
-    return std::holds_alternative<FileSnapshot>(takeSnapshot(path));
+    return joinedFileName(stem, QStringLiteral(" (%1).").arg(number) + extension, MAX_FILE_NAME);
 }
 
 } // namespace

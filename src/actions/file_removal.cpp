@@ -14,7 +14,7 @@
 namespace sonavo {
 namespace {
 
-using State = RemovalResult::State;
+using RemovalState = RemovalResult::State;
 
 constexpr QByteArrayView PRIVATE_PREFIX = ".sonavo-";
 constexpr int RANDOM_DIGITS = 16;
@@ -70,7 +70,7 @@ RemovalResult removeFileIf(const QByteArray &path, const std::function<bool(cons
                         isNothingAt(aside);
     if (!isBack)
         entry.keep();
-    return {isBack ? State::Kept : State::Uncertain, error != 0 ? error : EBUSY,
+    return {isBack ? RemovalState::Kept : RemovalState::Uncertain, error != 0 ? error : EBUSY,
             isBack ? QByteArray() : aside};
 }
 
@@ -83,9 +83,9 @@ RemovalResult removeFile(const KnownFile &file, MoveJournal *journal)
     if (!isPrivateName(file.path))
         result = removeFileIf(file.path, isFile, journal);
     else if (const int error = unlinkFile(file.path))
-        result = {State::Kept, error};
-    if (result.state == State::Kept && stateOfName(file) != FileState::Same)
-        result.state = State::Uncertain;
+        result = {RemovalState::Kept, error};
+    if (result.state == RemovalState::Kept && stateOfName(file) != FileState::Same)
+        result.state = RemovalState::Uncertain;
     return result;
 }
 

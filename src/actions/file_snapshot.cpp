@@ -179,6 +179,11 @@ bool meansGone(int error)
     return error == ENOENT || error == ENOTDIR;
 }
 
+bool isTaken(const QByteArray &path)
+{
+    return std::holds_alternative<FileSnapshot>(takeSnapshot(path));
+}
+
 bool isNothingAt(const QByteArray &path)
 {
     const auto snapshot = takeSnapshot(path);

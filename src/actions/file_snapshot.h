@@ -11,6 +11,9 @@
 
 namespace sonavo {
 
+/// Nanoseconds. File systems round times, FAT down to two seconds.
+inline constexpr qint64 COARSEST_TIME = 2'000'000'000;
+
 /// What a file system reports about a file, to recognise it later. For a symbolic link, it describes the
 /// link, not its target.
 struct FileSnapshot
@@ -64,6 +67,9 @@ struct FileSnapshot
 
 /// Whether an error says that a path leads nowhere. All others, such as EIO, say nothing about that.
 [[nodiscard]] bool meansGone(int error);
+
+/// Whether a name is taken, by whatever it is.
+[[nodiscard]] bool isTaken(const QByteArray &path);
 
 /// Whether a folder is there and something is not in it. When the folder is missing too, its disk may have
 /// been taken away, with all that is on it.

@@ -28,7 +28,7 @@ int errorUnlessFolder(const QByteArray &path)
 
 QString userDataFolder()
 {
-    const QString dataHome = qEnvironmentVariable("XDG_DATA_HOME");
+    QString dataHome = qEnvironmentVariable("XDG_DATA_HOME");
     if (dataHome.startsWith(u'/'))
         return dataHome;
     const QString home = qEnvironmentVariable("HOME");

@@ -158,11 +158,6 @@ void rewrite(const QByteArray &path, const QSet<QByteArray> &unwanted)
         written.commit();
 }
 
-bool isTaken(const QByteArray &path)
-{
-    return std::holds_alternative<FileSnapshot>(takeSnapshot(path));
-}
-
 MoveJournal::Entry recordLine(const QByteArray &list, const QByteArray &line, qint64 offset,
                               const QByteArray &from, const QByteArray &to, MoveJournal *journal)
 {

@@ -14,11 +14,11 @@
 namespace sonavo {
 namespace {
 
-using State = PutBackResult::State;
+using PutBackState = PutBackResult::State;
 
 PutBackResult stays(const QString &reason)
 {
-    return {State::Stays, reason};
+    return {PutBackState::Stays, reason};
 }
 
 /// Whether a file is the one that was moved away, where it was before. It is another inode if it was on
@@ -78,7 +78,7 @@ PutBackResult lookAtOldPath(const MovedFile &file, int error)
     const auto snapshot = lookAt(file.originalPath);
     const auto *now = std::get_if<FileSnapshot>(&snapshot);
     if (now && file.snapshot && isBack(*now, *file.snapshot))
-        return {State::Back, {}, *now};
+        return {PutBackState::Back, {}, *now};
     if (error == 0)
         return stays(QStringLiteral("The file at %1 is not the one that was moved there").arg(path));
     if (!meansGone(error))
@@ -89,8 +89,8 @@ PutBackResult lookAtOldPath(const MovedFile &file, int error)
         return missesDiskOf(file.originalPath);
     if (!now && !meansGone(std::get<int>(snapshot)))
         return stays(errorText(std::get<int>(snapshot)));
-    return {State::Gone, QStringLiteral("The file is neither at %1 nor at %2 any more")
-                             .arg(path, QFile::decodeName(file.originalPath))};
+    return {PutBackState::Gone, QStringLiteral("The file is neither at %1 nor at %2 any more")
+                                    .arg(path, QFile::decodeName(file.originalPath))};
 }
 
 PutBackResult moveBackWith(MoveResult (*move)(const QByteArray &, const QByteArray &, const MoveOptions &),
@@ -115,7 +115,7 @@ PutBackResult moveBackWith(MoveResult (*move)(const QByteArray &, const QByteArr
     auto back = describeMove(file.path, file.originalPath, result).snapshot;
     if (back && !isBack(*back, *file.snapshot))
         back.reset(); // somebody has replaced it already
-    return {State::Back, {}, back};
+    return {PutBackState::Back, {}, back};
 }
 
 } // namespace

@@ -32,8 +32,6 @@ namespace fs = std::filesystem;
 
 constexpr mode_t OWNER_ONLY = 0700;
 constexpr QLatin1String INFO_EXTENSION(".trashinfo");
-/// What file systems allow, in bytes.
-constexpr qsizetype MAX_NAME = 255;
 /// With the dot, in characters; what is longer is no extension but part of the name.
 constexpr qsizetype MAX_EXTENSION = 8;
 /// Enough for any collection; ends the search on a file system that misbehaves.
@@ -144,7 +142,8 @@ QString nameInTrash(const QString &name, int number)
     const bool hasExtension = dot > 0 && name.size() - dot <= MAX_EXTENSION;
     const QString extension = (number > 1 ? QStringLiteral(".%1").arg(number) : QString()) +
                               (hasExtension ? name.sliced(dot) : QString());
-    return joinedFileName(hasExtension ? name.first(dot) : name, extension, MAX_NAME - INFO_EXTENSION.size());
+    return joinedFileName(hasExtension ? name.first(dot) : name, extension,
+                          MAX_FILE_NAME - INFO_EXTENSION.size());
 }
 
 /// The content of an info file.

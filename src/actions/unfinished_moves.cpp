@@ -34,9 +34,6 @@ enum class Presence
     Unknown,
 };
 
-/// FAT rounds times down to two seconds.
-constexpr qint64 COARSEST_TIME = 2'000'000'000;
-
 Presence presenceOf(const QByteArray &path)
 {
     if (std::holds_alternative<FileSnapshot>(takeSnapshot(path)))

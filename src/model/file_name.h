@@ -6,6 +6,9 @@
 
 namespace sonavo {
 
+/// What file systems allow, in bytes.
+inline constexpr qsizetype MAX_FILE_NAME = 255;
+
 /// The last component of a path.
 [[nodiscard]] inline QStringView fileNameOf(QStringView path)
 {
