@@ -136,18 +136,19 @@ TEST_F(PreviewPlayerTest, StaysAtTheEndUntilASeek)
 
 TEST_F(PreviewPlayerTest, CanBeDestroyedAtAnyTimeAndIsSilentBeforeTheNextIsHeard)
 {
-    auto player = openSong();
+    // Without its noise, whose peaks would be taken for two songs at once if a busy machine lets one play on.
+    auto player = openSong(u"song.flac"_s, u"-ss 13"_s);
     for (int i = 0; i < 40; ++i) {
         player = nullptr;
         player = open(u"song.flac"_s);
         if (i % 3 > 0)
-            player->seek(13 + i);
+            player->seek(i);
         if (i % 2 > 0)
             player->play();
         QTest::qWait(i * 8);
     }
     // Under load none of them may have played long enough to be heard.
-    player->seek(13);
+    player->seek(1);
     player->play();
     EXPECT_GE(nextStart(), 0);
     EXPECT_LT(m_sound->peak(), 1.2 * PEAK); // two songs at once would be louder
