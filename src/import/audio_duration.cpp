@@ -1,10 +1,15 @@
 #include "import/audio_duration.h"
 
-#include "import/audio_container.h"
-#include "model/audio_formats.h"
+#include "import/audio_detection.h"
+#include "import/audio_tags.h"
+#include "import/file_window.h"
+#include "import/flac_duration.h"
+#include "import/mp3_duration.h"
+#include "import/mp4_duration.h"
+#include "import/wave_duration.h"
 
-#include <array>
 #include <cstring>
+#include <string_view>
 
 namespace sonavo {
 namespace {
@@ -12,55 +17,61 @@ namespace {
 /// Seconds, about thirty years. A file that claims to be longer has no known duration.
 constexpr double MAX_DURATION = 1e9;
 
-/// Where a file's content begins: behind its ID3v2 tags, whose pictures can take megabytes.
-/// See "ID3 tag version 2.4.0 - Main Structure" (M. Nilsson, 2000).
-qint64 contentOffset(const RegularFile &file)
+/// Detecting a format takes longer than to read it, so its own first bytes are looked at before.
+std::optional<AudioFormat> obviousFormat(FileWindow &window, qint64 offset)
 {
-    constexpr std::uint8_t FOOTER_FLAG = 0x10;
-    constexpr qint64 HEADER_SIZE = 10;
-    constexpr int MAX_TAGS = 8;
-    qint64 offset = 0;
-    std::array<std::uint8_t, HEADER_SIZE> header{};
-    for (int tag = 0; tag < MAX_TAGS; ++tag) {
-        if (file.read(header, offset) != HEADER_SIZE || std::memcmp(header.data(), "ID3", 3) != 0)
-            break;
-        qint64 size = 0;
-        for (const std::size_t digit : {6U, 7U, 8U, 9U})
-            size = size << 7 | (header[digit] & 0x7F);
-        offset += HEADER_SIZE + size + ((header[5] & FOOTER_FLAG) != 0 ? HEADER_SIZE : 0);
+    // Frames that no random bytes look like.
+    constexpr int MPEG_FRAMES = 7;
+    constexpr int ADTS_FRAMES = 3;
+    constexpr std::size_t SIZE = 12;
+    const std::span<const std::uint8_t> start = window.at(offset, SIZE);
+    const auto hasText = [&](std::size_t position, std::string_view text) {
+        return start.size() >= SIZE && std::memcmp(&start[position], text.data(), text.size()) == 0;
+    };
+    if (hasText(0, "fLaC"))
+        return AudioFormat::Flac;
+    if (hasText(4, "ftyp"))
+        return AudioFormat::M4a;
+    if ((hasText(0, "RIFF") || hasText(0, "RF64")) && hasText(8, "WAVE"))
+        return AudioFormat::Wav;
+    if (startsWithFrames(window, Framing::Adts, offset, ADTS_FRAMES))
+        return AudioFormat::Aac;
+    if (startsWithFrames(window, Framing::Mpeg, offset, MPEG_FRAMES))
+        return AudioFormat::Mp3;
+    return std::nullopt;
+}
+
+std::optional<double> secondsOf(const std::optional<FrameTime> &time)
+{
+    return time ? std::optional(time->seconds()) : std::nullopt;
+}
+
+std::optional<double> durationInFormat(FileWindow &window, AudioFormat format, qint64 offset)
+{
+    switch (format) {
+    case AudioFormat::Mp3:
+        return secondsOf(mp3FrameTime(window, offset));
+    case AudioFormat::M4a:
+        return mp4Duration(window, offset);
+    case AudioFormat::Wav:
+        return waveDuration(window, offset);
+    case AudioFormat::Aac:
+        return secondsOf(countFrames(window, Framing::Adts, offset, window.fileSize()));
+    case AudioFormat::Flac:
+        return flacDuration(window, offset);
     }
-    return offset;
+    return std::nullopt;
 }
 
-bool startsWithMpegFrame(const RegularFile &file)
+std::optional<double> durationOf(FileWindow &window)
 {
-    std::array<std::uint8_t, 2> start{};
-    return file.read(start, contentOffset(file)) == static_cast<ssize_t>(start.size()) && start[0] == 0xFF &&
-           (start[1] & 0xE0) == 0xE0;
-}
-
-/// Trusts the file's extension. Detecting the format takes several times as long as reading a stored length,
-/// and only a header that no other format has stores one.
-std::optional<double> storedDurationInNamedFormat(const RegularFile &file, const std::stop_token &stop)
-{
-    const std::optional<AudioFormat> format = audioFormatOf(file.path());
-    // The MP3 demuxer searches 64 KB byte by byte when there is no frame at the start.
-    if (!format || (format == AudioFormat::Mp3 && !startsWithMpegFrame(file)))
-        return std::nullopt;
-    const AudioContainer container(file, *format, stop);
-    return container.hasAudio() ? container.storedDuration() : std::nullopt;
-}
-
-std::optional<double> durationInDetectedFormat(const RegularFile &file, const std::stop_token &stop)
-{
-    const std::optional<AudioFormat> format = detectAudioFormat(file, contentOffset(file));
+    const qint64 offset = skipId3Tags(window);
+    if (const std::optional<double> stored = storedMp3Duration(window, offset))
+        return stored;
+    std::optional<AudioFormat> format = obviousFormat(window, offset);
     if (!format)
-        return std::nullopt;
-    AudioContainer container(file, *format, stop);
-    if (!container.hasAudio())
-        return std::nullopt;
-    const std::optional<double> stored = container.storedDuration();
-    return stored ? stored : container.countedDuration();
+        format = detectAudioFormat(window, offset);
+    return format ? durationInFormat(window, *format, offset) : std::nullopt;
 }
 
 } // namespace
@@ -69,9 +80,8 @@ std::optional<double> readAudioDuration(const RegularFile &file, const std::stop
 {
     if (!file.isOpen())
         return std::nullopt;
-    std::optional<double> duration = storedDurationInNamedFormat(file, stop);
-    if (!duration)
-        duration = durationInDetectedFormat(file, stop);
+    FileWindow window(file, stop);
+    const std::optional<double> duration = durationOf(window);
     if (!duration || stop.stop_requested())
         return std::nullopt;
     return *duration < MAX_DURATION ? *duration : 0.0;

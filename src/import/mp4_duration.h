@@ -1,0 +1,21 @@
+#pragma once
+
+#include <QtGlobal>
+
+#include <optional>
+
+namespace sonavo {
+
+class FileWindow;
+
+/// The playing time of the first audio track of an MPEG-4 or QuickTime file (ISO/IEC 14496-12), from the
+/// boxes that tell it: "mdhd" and "stts", of which the shorter counts, "elst" and, where the movie comes in
+/// fragments, the durations of all samples in their "trun". Other boxes, such as the sound and pictures, are
+/// passed over.
+///
+/// Edit lists: silence counts that they add, and of the sound what they play.
+/// @param begin where the first box starts
+/// @return seconds, 0.0 where the length is unknown; nothing where there is no audio track or a read failed
+[[nodiscard]] std::optional<double> mp4Duration(FileWindow &window, qint64 begin);
+
+} // namespace sonavo
