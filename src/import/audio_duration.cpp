@@ -8,6 +8,7 @@
 #include "import/mp4_duration.h"
 #include "import/wave_duration.h"
 
+#include <algorithm>
 #include <cstring>
 #include <string_view>
 
@@ -17,12 +18,20 @@ namespace {
 /// Seconds, about thirty years. A file that claims to be longer has no known duration.
 constexpr double MAX_DURATION = 1e9;
 
-/// Detecting a format takes longer than to read it, so its own first bytes are looked at before.
-std::optional<AudioFormat> obviousFormat(FileWindow &window, qint64 offset)
+/// MP3 or AAC that starts with more frames in a row than random bytes ever look like.
+std::optional<AudioFormat> formatOfFrames(FileWindow &window, qint64 offset)
 {
-    // Frames that no random bytes look like.
-    constexpr int MPEG_FRAMES = 7;
+    constexpr int MPEG_FRAMES = 4;
     constexpr int ADTS_FRAMES = 3;
+    if (startsWithFrames(window, Framing::Adts, offset, ADTS_FRAMES))
+        return AudioFormat::Aac;
+    if (startsWithFrames(window, Framing::Mpeg, offset, MPEG_FRAMES))
+        return AudioFormat::Mp3;
+    return std::nullopt;
+}
+
+std::optional<AudioFormat> formatOfContainer(FileWindow &window, qint64 offset)
+{
     constexpr std::size_t SIZE = 12;
     const std::span<const std::uint8_t> start = window.at(offset, SIZE);
     const auto hasText = [&](std::size_t position, std::string_view text) {
@@ -34,11 +43,15 @@ std::optional<AudioFormat> obviousFormat(FileWindow &window, qint64 offset)
         return AudioFormat::M4a;
     if ((hasText(0, "RIFF") || hasText(0, "RF64")) && hasText(8, "WAVE"))
         return AudioFormat::Wav;
-    if (startsWithFrames(window, Framing::Adts, offset, ADTS_FRAMES))
-        return AudioFormat::Aac;
-    if (startsWithFrames(window, Framing::Mpeg, offset, MPEG_FRAMES))
-        return AudioFormat::Mp3;
     return std::nullopt;
+}
+
+/// Passes over zeros, which some programs leave behind a tag that they made shorter.
+qint64 skipZeros(FileWindow &window, qint64 offset)
+{
+    const std::span<const std::uint8_t> bytes = window.at(offset, FileWindow::MAX_SIZE);
+    return offset + (std::find_if(bytes.begin(), bytes.end(), [](std::uint8_t byte) { return byte != 0; }) -
+                     bytes.begin());
 }
 
 std::optional<double> secondsOf(const std::optional<FrameTime> &time)
@@ -68,7 +81,12 @@ std::optional<double> durationOf(FileWindow &window)
     const qint64 offset = skipId3Tags(window);
     if (const std::optional<double> stored = storedMp3Duration(window, offset))
         return stored;
-    std::optional<AudioFormat> format = obviousFormat(window, offset);
+    // Detection takes several times as long as the rest. It is for what does not start as it should.
+    std::optional<AudioFormat> format = formatOfContainer(window, offset);
+    if (!format)
+        format = formatOfFrames(window, offset);
+    if (!format)
+        format = formatOfFrames(window, skipZeros(window, offset));
     if (!format)
         format = detectAudioFormat(window, offset);
     return format ? durationInFormat(window, *format, offset) : std::nullopt;

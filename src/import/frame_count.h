@@ -33,13 +33,13 @@ private:
     qint64 m_ticks = 0;
 };
 
-/// The frame that starts at an offset and has another one of its stream, or the end, right behind it.
-/// @param end where the frames end, at most the end of the file
-[[nodiscard]] std::optional<AudioFrame> confirmedFrameAt(FileWindow &window, Framing framing, qint64 offset,
-                                                         qint64 end);
-
 /// Whether at least `count` frames of one stream follow each other at an offset.
 [[nodiscard]] bool startsWithFrames(FileWindow &window, Framing framing, qint64 offset, int count);
+
+/// Searches a megabyte for a frame that has another one of its stream, or the end of the file, right behind
+/// it. Tags are passed over.
+/// @return its offset
+[[nodiscard]] std::optional<qint64> findFrame(FileWindow &window, Framing framing, qint64 begin);
 
 /// The playing time of all frames, by walking from header to header. A last frame that is cut off counts.
 /// Tags are passed over. Anything else is searched for the next frame that has another one behind it; when a

@@ -107,7 +107,7 @@ public:
     /// @return the number of frames, nothing where a frame is not where it should be
     std::optional<qint64> count()
     {
-        constexpr int PARTS = 8;
+        constexpr int PARTS = 7;
         const qint64 lastLook = frameNumberAt(m_window.fileSize() - qint64{ID3V1_SIZE}) - FRAMES_PER_LOOK;
         for (int part = 0; part < PARTS - 1; ++part) {
             if (!findFrames(lastLook * part / (PARTS - 1)))
@@ -117,7 +117,7 @@ public:
     }
 
 private:
-    static constexpr int FRAMES_PER_LOOK = 3;
+    static constexpr int FRAMES_PER_LOOK = 2;
     static constexpr std::size_t ID3V1_SIZE = 128;
 
     /// The frame that should be at an offset or start in front of it.
@@ -235,13 +235,14 @@ std::optional<double> storedMp3Duration(FileWindow &window, qint64 begin)
 
 std::optional<FrameTime> mp3FrameTime(FileWindow &window, qint64 begin)
 {
-    const FrameStart start(window, begin);
-    if (const std::optional<AudioFrame> frame = start.frame()) {
-        const Mp3Header header = parseHeader(start, *frame);
-        // A frame without sound.
-        if (header.frames > 0 || header.size > 0)
-            begin += frame->size;
-    }
+    const std::optional<qint64> first = findFrame(window, Framing::Mpeg, begin);
+    if (!first)
+        return std::nullopt;
+    const FrameStart start(window, *first);
+    const std::optional<AudioFrame> frame = start.frame();
+    const Mp3Header header = frame ? parseHeader(start, *frame) : Mp3Header();
+    // A frame with a header has no sound.
+    begin = *first + (header.frames > 0 || header.size > 0 ? frame->size : 0);
     const std::optional<FrameTime> time = constantRateTime(window, begin);
     return time ? time : countFrames(window, Framing::Mpeg, begin, window.fileSize());
 }

@@ -181,10 +181,8 @@ void readEdits(BoxFields fields, Track &track)
         // A start of -1 stands for silence.
         const bool isSilence = (fields.number(size) >> (8 * size - 1)) != 0;
         fields.skip(4);
-        if (isSilence)
-            track.silence = saturatingSum(track.silence, length);
-        else
-            track.played = saturatingSum(track.played.value_or(0), length);
+        track.silence = saturatingSum(track.silence, isSilence ? length : 0);
+        track.played = saturatingSum(track.played.value_or(0), isSilence ? 0 : length);
     }
 }
 
