@@ -1,13 +1,13 @@
 #!/usr/bin/env bash
 # Installs what is missing, builds Sonavo and its benchmarks and runs them: all of them, or the one that is named
-# (analysis, import, memory, response, results or clean_up) with the given options.
+# (analysis, import, memory, reading, response, results or clean_up) with the given options.
 #
 #     scripts/bench.sh [NAME [OPTION...]]
 set -euo pipefail
 source "$(dirname -- "${BASH_SOURCE[0]}")/prepare.sh"
 
 case ${1-all} in
-all | analysis | import | memory | response | results | clean_up) ;;
+all | analysis | import | memory | reading | response | results | clean_up) ;;
 *)
     echo "There is no benchmark called $1" >&2
     exit 2
@@ -24,6 +24,7 @@ run() {
     case $name in
     analysis) "$benchmarks/bench_analysis" "$@" ;;
     import | memory) "$benchmarks/bench_import" "$name" "$benchmarks/sonavo" "$@" ;;
+    reading) "$benchmarks/bench_reading" "$@" ;;
     response) "$benchmarks/bench_response" "$@" ;;
     results) "$benchmarks/bench_results" "$@" ;;
     clean_up) "$benchmarks/bench_clean_up" "$@" ;;
@@ -33,7 +34,7 @@ run() {
 if (($# > 0)); then
     run "$@"
 else
-    for benchmark in analysis import memory response results clean_up; do
+    for benchmark in analysis import memory reading response results clean_up; do
         echo
         echo "== $benchmark"
         run "$benchmark"

@@ -35,7 +35,7 @@ TEST_PACKAGES=(
     # A disk with subvolumes.
     btrfs-progs
 )
-BENCH_PACKAGES=(libbenchmark-dev)
+BENCH_PACKAGES=(libbenchmark-dev ffmpeg)
 
 # install_packages NAME... installs the distribution's packages that are not there yet.
 install_packages() {

@@ -107,8 +107,9 @@ public:
     /// @return the number of frames, nothing where a frame is not where it should be
     std::optional<qint64> count()
     {
-        constexpr int PARTS = 7;
-        const qint64 lastLook = frameNumberAt(m_window.fileSize() - qint64{ID3V1_SIZE}) - FRAMES_PER_LOOK;
+        constexpr int PARTS = 6;
+        constexpr int LAST_FRAMES = 2;
+        const qint64 lastLook = frameNumberAt(m_window.fileSize() - qint64{ID3V1_SIZE}) - LAST_FRAMES;
         for (int part = 0; part < PARTS - 1; ++part) {
             if (!findFrames(lastLook * part / (PARTS - 1)))
                 return std::nullopt;
@@ -117,7 +118,6 @@ public:
     }
 
 private:
-    static constexpr int FRAMES_PER_LOOK = 2;
     static constexpr std::size_t ID3V1_SIZE = 128;
 
     /// The frame that should be at an offset or start in front of it.
@@ -156,16 +156,22 @@ private:
         return m_minRounding <= m_maxRounding;
     }
 
+    /// Whether a frame and those behind it, as far as they are in memory then, lie where they should.
     bool findFrames(qint64 number)
     {
-        std::optional<qint64> offset = findFrame(number);
-        for (int i = 0; i < FRAMES_PER_LOOK && offset; ++i) {
-            const std::optional<AudioFrame> frame = frameAt(*offset);
-            if (!frame || !fits(number + i, *offset))
+        const std::optional<qint64> first = findFrame(number);
+        if (!first)
+            return false;
+        constexpr auto HEADER_SIZE = static_cast<qint64>(MAX_FRAME_HEADER_SIZE);
+        const qint64 end =
+            *first + static_cast<qint64>(m_window.at(*first, MAX_FRAME_HEADER_SIZE).size()) - HEADER_SIZE;
+        for (qint64 offset = *first; offset <= end; ++number) {
+            const std::optional<AudioFrame> frame = frameAt(offset);
+            if (!frame || !fits(number, offset))
                 return false;
-            *offset += frame->size;
+            offset += frame->size;
         }
-        return offset.has_value();
+        return true;
     }
 
     static bool isLastTag(std::span<const std::uint8_t> bytes)

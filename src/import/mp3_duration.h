@@ -14,7 +14,7 @@ namespace sonavo {
 
 /// The playing time of the frames of an MP3, without reading all of them where their bit rate is constant:
 /// then frame n starts n times the mean frame size, rounded by the same rule, behind the first one (ISO/IEC
-/// 11172-3, 2.4.2.3 on padding). Frames in seven parts of the file are looked at. If all lie where they
+/// 11172-3, 2.4.2.3 on padding). Frames in six parts of the file are looked at. If all lie where they
 /// should, and the last one ends at the end of the file or at an ID3v1 tag, so do those in between. Otherwise
 /// countFrames() counts.
 /// @param begin where the first frame is searched for
