@@ -20,21 +20,8 @@ Integer number(Bytes bytes, std::size_t offset)
     return offset + sizeof(Integer) <= bytes.size() ? qFromLittleEndian<Integer>(&bytes[offset]) : Integer{0};
 }
 
-/// What the "fmt " chunk states. Zeros where it is cut off.
-struct WaveFormat
-{
-    int codec = 0;
-    int channels = 0;
-    qint64 sampleRate = 0;
-    /// Bytes of a sample of all channels, or of a compressed block.
-    int blockSize = 0;
-    int bitsPerSample = 0;
-    /// Samples of a compressed block, where its codec states them.
-    int blockSamples = 0;
-};
-
 /// As "fmt " numbers them.
-enum Codec : int
+enum class Codec
 {
     Pcm = 1,
     MsAdpcm = 2,
@@ -47,19 +34,32 @@ enum Codec : int
     Extensible = 0xFFFE
 };
 
+/// What the "fmt " chunk states. Zeros where it is cut off.
+struct WaveFormat
+{
+    Codec codec = Codec::Pcm;
+    int channels = 0;
+    qint64 sampleRate = 0;
+    /// Bytes of a sample of all channels, or of a compressed block.
+    int blockSize = 0;
+    int bitsPerSample = 0;
+    /// Samples of a compressed block, where its codec states them.
+    int blockSamples = 0;
+};
+
 WaveFormat parseFormat(Bytes chunk)
 {
     constexpr std::size_t EXTENSION_OFFSET = 18;
     constexpr std::size_t SUBFORMAT_OFFSET = 24;
     WaveFormat format;
-    format.codec = number<std::uint16_t>(chunk, 0);
+    format.codec = static_cast<Codec>(number<std::uint16_t>(chunk, 0));
     format.channels = number<std::uint16_t>(chunk, 2);
     format.sampleRate = number<std::uint32_t>(chunk, 4);
     format.blockSize = number<std::uint16_t>(chunk, 12);
     format.bitsPerSample = number<std::uint16_t>(chunk, 14);
-    if (format.codec == Extensible)
-        format.codec = number<std::uint16_t>(chunk, SUBFORMAT_OFFSET);
-    else if (format.codec == MsAdpcm || format.codec == ImaAdpcm)
+    if (format.codec == Codec::Extensible)
+        format.codec = static_cast<Codec>(number<std::uint16_t>(chunk, SUBFORMAT_OFFSET));
+    else if (format.codec == Codec::MsAdpcm || format.codec == Codec::ImaAdpcm)
         format.blockSamples = number<std::uint16_t>(chunk, EXTENSION_OFFSET);
     return format;
 }
@@ -91,7 +91,7 @@ public:
         if (!m_format || m_dataOffset == 0 || m_format->channels == 0 || m_window.hasFailed())
             return std::nullopt;
         const qint64 samples = hasFixedSize() ? uncompressedSamples() : compressedSamples();
-        if (samples == 0 && (m_format->codec == Mp3 || m_format->codec == Mpeg))
+        if (samples == 0 && (m_format->codec == Codec::Mp3 || m_format->codec == Codec::Mpeg))
             return mpegDuration();
         return m_format->sampleRate == 0
                    ? 0.0
@@ -136,8 +136,9 @@ private:
 
     [[nodiscard]] bool hasFixedSize() const
     {
-        const int codec = m_format->codec;
-        return codec == Pcm || codec == FloatPcm || codec == ALaw || codec == MuLaw;
+        const Codec codec = m_format->codec;
+        return codec == Codec::Pcm || codec == Codec::FloatPcm || codec == Codec::ALaw ||
+               codec == Codec::MuLaw;
     }
 
     [[nodiscard]] bool isCutOff() const

@@ -1,4 +1,5 @@
 #include "import/audio_duration.h"
+#include "libav_duration.h"
 #include "testing/audio_fixtures.h"
 #include "testing/open_watch.h"
 
@@ -29,30 +30,46 @@ protected:
     {
         return writeFile(m_folder.filePath(name), content);
     }
-    static void expectDuration(const QString &path, double seconds)
+    static void expectDuration(const QString &path, double seconds, ReadCounter *reads = nullptr)
     {
-        EXPECT_NEAR(readAudioDuration(RegularFile(path)).value_or(-1), seconds, 0.05) << path.toStdString();
+        EXPECT_NEAR(readAudioDuration(RegularFile(path, reads)).value_or(-1), seconds, 0.06)
+            << path.toStdString();
     }
 
     const QTemporaryDir m_folder;
 };
 
-TEST_F(ReadAudioDuration, TakesTheLengthFromTheHeaderOfEveryFormatOrCountsPackets)
+TEST_F(ReadAudioDuration, TakesTheStoredLengthOrCountsAsLibavformatDoes)
 {
     const Encodings cases = {
         {u"mp3"_s, u"-b:a 128k"_s},
         {u"mp3"_s, u"-q:a 4 -ar 48000 -ac 2"_s},
+        {u"mp3"_s, u"-b:a 320k -ac 2 -write_xing 0"_s}, // one bit rate
+        {u"mp3"_s, u"-b:a 256k -ar 48000 -ac 2 -write_xing 0"_s},
+        {u"mp3"_s, u"-b:a 160k -ar 22050 -write_xing 0 -write_id3v1 1 -metadata title=Noise"_s},
+        {u"mp3"_s, u"-q:a 1 -ac 2 -write_xing 0"_s},
         {u"m4a"_s, u"-c:a aac"_s},
+        {u"m4a"_s, u"-c:a aac -use_editlist 0 -movflags +faststart"_s},
         {u"m4a"_s, u"-c:a aac -movflags +empty_moov+default_base_moof -frag_duration 1000000"_s},
+        {u"m4a"_s, u"-c:a aac -movflags +frag_keyframe -frag_duration 1000000"_s},
         {u"wav"_s, u""_s},
-        {u"wav"_s, u"-seekable 0"_s}, // the header is written without a length
+        {u"wav"_s, u"-c:a pcm_s24le -ac 2 -rf64 always"_s},
+        {u"wav"_s, u"-c:a pcm_f32le -seekable 0"_s}, // the header is written without a length
+        {u"wav"_s, u"-c:a adpcm_ima_wav"_s},
+        {u"wav"_s, u"-c:a libmp3lame -seekable 0"_s},
+        {u"aac"_s, u"-ar 32000"_s},
         {u"flac"_s, u"-ar 96000 -ac 2"_s},
         {u"flac"_s, u"-seekable 0"_s},
     };
     for (const auto &[type, options] : cases) {
-        SCOPED_TRACE((type + u' ' + options).toStdString());
-        for (const double length : {1.1, SECONDS})
-            expectDuration(write(u"x."_s + type, audioContent(type, length, options)), length);
+        for (const double length : {1.1, 11.3}) {
+            SCOPED_TRACE((type + u' ' + options).toStdString());
+            const QString path = write(u"x."_s + type, audioContent(type, length, options));
+            const double duration = readAudioDuration(RegularFile(path)).value_or(-1);
+            EXPECT_EQ(duration, libavDuration(path));
+            // Encoders add a frame or two at the start and pad the last one.
+            EXPECT_NEAR(duration, length + 0.04, 0.05);
+        }
     }
 }
 
@@ -147,6 +164,59 @@ TEST_F(ReadAudioDuration, OpensOnlyRegularFiles)
     for (const QString &name : {u"pipe.mp3"_s, u"link.wav"_s, u"device.mp3"_s, u"folder.mp3"_s})
         EXPECT_FALSE(readAudioDuration(RegularFile(m_folder.filePath(name)))) << name.toStdString();
     EXPECT_FALSE(watch.sawOpening());
+}
+
+TEST_F(ReadAudioDuration, EndsSoonWhereNothingFollows)
+{
+    constexpr qint64 TERABYTE = qint64{1} << 40;
+    constexpr quint64 MAX_READS = 60;
+    const Encodings cases = {
+        {u"mp3"_s, u"-b:a 128k"_s},
+        {u"mp3"_s, u"-b:a 128k -write_xing 0"_s},
+        {u"m4a"_s, u"-c:a aac"_s},
+        {u"m4a"_s, u"-c:a aac -movflags +empty_moov -frag_duration 1000000"_s},
+        {u"wav"_s, u""_s},
+        {u"wav"_s, u"-c:a adpcm_ima_wav"_s},
+        {u"aac"_s, u""_s},
+        {u"flac"_s, u""_s},
+        {u"flac"_s, u"-seekable 0"_s},
+    };
+    for (const auto &[type, options] : cases) {
+        SCOPED_TRACE((type + u' ' + options).toStdString());
+        const QString path = write(u"x."_s + type, audioContent(type, SECONDS, options));
+        ASSERT_TRUE(QFile::resize(path, QFile(path).size() + 1));
+        ASSERT_TRUE(QFile::resize(path, TERABYTE));
+        ReadCounter reads = 0;
+        expectDuration(path, SECONDS, &reads);
+        EXPECT_LT(reads, MAX_READS);
+    }
+}
+
+TEST_F(ReadAudioDuration, PassesOverPicturesAndStopsAtBoxesWithoutEnd)
+{
+    // A metadata block of 16 MB that is not the last one, and a box that is only a header.
+    const QByteArray picture = QByteArray::fromHex("06ffffff");
+    const QByteArray empty = QByteArray::fromHex("0000000866726565");
+    constexpr int PICTURES = 40;
+    const QByteArray content = audioContent(u"flac"_s, SECONDS, u"-seekable 0"_s);
+    constexpr qsizetype FIRST_BLOCKS_END = 42;
+    QFile file(write(u"x.flac"_s, content.first(FIRST_BLOCKS_END)));
+    ASSERT_TRUE(file.open(QIODevice::ReadWrite));
+    qint64 end = FIRST_BLOCKS_END;
+    for (int i = 0; i < PICTURES; ++i, end += 4 + 0xFFFFFF)
+        ASSERT_TRUE(file.seek(end) && file.write(picture) == picture.size());
+    ASSERT_TRUE(file.seek(end) && file.write(content.sliced(FIRST_BLOCKS_END)) > 0 && file.flush());
+    ReadCounter reads = 0;
+    expectDuration(file.fileName(), SECONDS, &reads);
+    EXPECT_LT(reads, 100U);
+
+    const QByteArray song = audioContent(u"m4a"_s, 1.1);
+    constexpr qsizetype FILE_TYPE_SIZE = 28;
+    reads = 0;
+    const QString boxes =
+        write(u"x.m4a"_s, song.first(FILE_TYPE_SIZE) + empty.repeated(500'000) + song.sliced(FILE_TYPE_SIZE));
+    EXPECT_FALSE(readAudioDuration(RegularFile(boxes, &reads)));
+    EXPECT_LT(reads, 100U);
 }
 
 } // namespace
