@@ -21,25 +21,24 @@ new_seeds() {
     mkdir -p "$seeds"
 }
 
-# Each song as a whole, and only the part that holds its format and length: see song_reading_fuzzer.cpp.
+# Each song as a whole, once and repeated, and only the part that holds its format and length: see
+# song_reading_fuzzer.cpp.
 seed_song_reading() {
-    local format=0 number=0 extension song index
+    local number=0 song index
     new_seeds song_reading
-    for extension in mp3 m4a wav aac flac; do
-        for song in */*."$extension"; do
-            number=$((number + 1))
-            { printf '%b' "\\x$format" && cat -- "$song"; } >"$seeds/$number"
-            {
-                printf '%b' "\\x$format"
-                if [[ $extension == m4a ]]; then
-                    index=$(grep --only-matching --byte-offset --text moov -- "$song" | tail -n 1 | cut -d : -f 1)
-                    tail --bytes=+$((index - 3)) -- "$song"
-                else
-                    head --bytes=1500 -- "$song"
-                fi
-            } >"$seeds/$number.head"
-        done
-        format=$((format + 1))
+    for song in */*.{mp3,m4a,wav,aac,flac}; do
+        number=$((number + 1))
+        { printf '\0' && cat -- "$song"; } >"$seeds/$number"
+        { printf '\1' && cat -- "$song"; } >"$seeds/$number.repeated"
+        {
+            printf '\0'
+            if [[ $song == *.m4a ]]; then
+                index=$(grep --only-matching --byte-offset --text moov -- "$song" | tail -n 1 | cut -d : -f 1)
+                tail --bytes=+$((index - 3)) -- "$song"
+            else
+                head --bytes=1500 -- "$song"
+            fi
+        } >"$seeds/$number.head"
     done
 }
 

@@ -55,7 +55,8 @@ TEST_F(ReadAudioDuration, TakesTheStoredLengthOrCountsAsLibavformatDoes)
         {u"wav"_s, u""_s},
         {u"wav"_s, u"-c:a pcm_s24le -ac 2 -rf64 always"_s},
         {u"wav"_s, u"-c:a pcm_f32le -seekable 0"_s}, // the header is written without a length
-        {u"wav"_s, u"-c:a adpcm_ima_wav"_s},
+        {u"wav"_s, u"-c:a ac3"_s},
+        {u"wav"_s, u"-c:a adpcm_ima_wav -seekable 0"_s},
         {u"wav"_s, u"-c:a libmp3lame -seekable 0"_s},
         {u"aac"_s, u"-ar 32000"_s},
         {u"flac"_s, u"-ar 96000 -ac 2"_s},

@@ -152,6 +152,8 @@ TEST_F(FrameCount, LooksAtAFewFramesOfAConstantBitRateAndAtAllWhereOneIsElsewher
     const QByteArray others[] = {
         frames(HALF) + frames(HALF, BitRate::High),
         frames(HALF) + frames(9, BitRate::Middle) + frames(HALF - 9),
+        // As long as a whole number of the other frames, so that those behind it lie where they would.
+        frames(1470) + frames(980, BitRate::High) + frames(COUNT - 1470 - 980),
         frames(HALF) + id3v2(QByteArray(1000, 'p')) + frames(HALF),
         frames(COUNT, BitRate::Low, Padding::Never),
         frames(COUNT) + QByteArray(1000, '\0'),
