@@ -243,6 +243,7 @@ private:
         if (!m_hasFragments || !m_audio)
             return;
         m_fragmentsEnd = m_audio->sampleLength;
+        m_fragmentsLength = m_audio->sampleLength;
         readFragmentDefaults(*fragments);
     }
 
@@ -350,7 +351,9 @@ private:
                 time.skip(3);
                 start = limited(time.number(size));
             } else if (box.type == boxType("trun") && isOfTrack) {
-                const qint64 end = saturatingSum(start, runLength(box, sampleLength));
+                const qint64 length = runLength(box, sampleLength);
+                const qint64 end = saturatingSum(start, length);
+                m_fragmentsLength = saturatingSum(m_fragmentsLength, length);
                 m_fragmentsStart = std::min(m_fragmentsStart.value_or(start), start);
                 m_fragmentsEnd = std::max(m_fragmentsEnd, end);
                 start = end;
@@ -393,8 +396,11 @@ private:
     [[nodiscard]] qint64 trackLength() const
     {
         const Track &track = *m_audio;
-        if (m_fragmentsStart)
-            return m_fragmentsEnd - (track.sampleLength > 0 ? 0 : *m_fragmentsStart);
+        if (m_fragmentsStart) {
+            // Fragments that are there twice have one time; a damaged time is not followed by sound.
+            const qint64 start = track.sampleLength > 0 ? 0 : *m_fragmentsStart;
+            return std::min(m_fragmentsEnd - start, m_fragmentsLength);
+        }
         const bool isBoth = track.statedLength > 0 && track.sampleLength > 0;
         const qint64 length = isBoth ? std::min(track.statedLength, track.sampleLength)
                                      : std::max(track.statedLength, track.sampleLength);
@@ -414,6 +420,8 @@ private:
     /// When the earliest sample of all fragments starts, and the last one ends.
     std::optional<qint64> m_fragmentsStart;
     qint64 m_fragmentsEnd = 0;
+    /// Sum over all samples.
+    qint64 m_fragmentsLength = 0;
 };
 
 } // namespace
