@@ -96,7 +96,7 @@ private:
 
     bool skipTag()
     {
-        constexpr int MAX_TAGS = 64;
+        constexpr int MAX_TAGS = 4096;
         const std::optional<qint64> size =
             m_tags < MAX_TAGS ? tagSizeAt(m_window, m_offset) : std::optional<qint64>();
         if (size) {
