@@ -8,15 +8,16 @@
 namespace sonavo {
 
 /// Reads the playing time of an audio file: MP3, MPEG-4 audio, WAV, FLAC or raw AAC (ADTS), detected by its
-/// content. The length that the container stores is taken where there is one; otherwise the packets are
-/// counted. Nothing is estimated from a bit rate.
+/// content, whatever its extension. The length that the container stores is taken where there is one;
+/// otherwise the frames are counted, or computed where looks across an MP3 find that all of them have one bit
+/// rate.
 ///
-/// MPEG-4: edit lists are honoured. MP3: the encoder's delay does not count where the file states it, up to
-/// one frame of padding at the end (26 ms at 44.1 kHz) does. A truncated file keeps the length that it
-/// stores.
+/// Reads a few pages where a length is stored or computed, and at most a megabyte behind the last frame where
+/// frames are counted; memory is 64 KB for each thread. MPEG-4: edit lists are honoured. MP3: the encoder's
+/// delay does not count where the file states it, up to one frame of padding at the end (26 ms at 44.1 kHz)
+/// does. A truncated file keeps the length that it stores.
 ///
 /// No other file or address that a file refers to is opened. Waits for the disk; any thread may call it.
-/// @param file its extension decides which format is tried first
 /// @param stop ends the reading before its next read
 /// @return seconds, zero or more, 0.0 where the length is unknown; nothing when the file is not open,
 /// cannot be read as audio or stop was requested
