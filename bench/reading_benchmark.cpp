@@ -54,7 +54,7 @@ std::vector<Kind> kinds()
 
 QString encode(const Kind &kind, const QString &folder)
 {
-    const QString path = folder + u"/0."_s + kind.type;
+    QString path = folder + u"/0."_s + kind.type;
     const QString source = u"aevalsrc=0.6*random(0)-0.3|0.3*sin(2000*t):s=44100:d=%1"_s.arg(kind.length);
     const QStringList arguments = u"-nostdin -y -loglevel error -f lavfi -i"_s.split(u' ') +
                                   QStringList{source} + kind.encoding.split(u' ', Qt::SkipEmptyParts) +
