@@ -20,7 +20,60 @@ constexpr std::size_t symbolOf(char character)
     return character == ' ' ? 36 : static_cast<std::size_t>(character - '0') + 26;
 }
 
-void removeCommonEnds(std::string_view &a, std::string_view &b)
+/// For each character, the rows of one block in which it stands, as bits.
+template <typename Character>
+class RowsOfCharacters;
+
+template <>
+class RowsOfCharacters<char>
+{
+public:
+    void add(char character, std::size_t row) { m_rows[symbolOf(character)] |= std::uint64_t{1} << row; }
+    [[nodiscard]] std::uint64_t operator[](char character) const { return m_rows[symbolOf(character)]; }
+
+private:
+    std::array<std::uint64_t, ALPHABET> m_rows{};
+};
+
+/// A hash table with linear probing; a block has fewer characters than the table has slots.
+template <>
+class RowsOfCharacters<char32_t>
+{
+public:
+    void add(char32_t character, std::size_t row)
+    {
+        Slot &slot = m_slots[slotOf(character)];
+        slot.character = character;
+        slot.rows |= std::uint64_t{1} << row;
+    }
+    [[nodiscard]] std::uint64_t operator[](char32_t character) const
+    {
+        return m_slots[slotOf(character)].rows;
+    }
+
+private:
+    struct Slot
+    {
+        char32_t character = 0;
+        std::uint64_t rows = 0;
+    };
+
+    [[nodiscard]] std::size_t slotOf(char32_t character) const
+    {
+        std::size_t slot = character % m_slots.size();
+        while (m_slots[slot].rows != 0 && m_slots[slot].character != character)
+            slot = (slot + 1) % m_slots.size();
+        return slot;
+    }
+
+    std::array<Slot, 2 * WORD_BITS> m_slots{};
+};
+
+template <typename Character>
+using TextView = std::basic_string_view<Character>;
+
+template <typename Character>
+void removeCommonEnds(TextView<Character> &a, TextView<Character> &b)
 {
     const auto [endA, endB] = std::mismatch(a.begin(), a.end(), b.begin(), b.end());
     a.remove_prefix(static_cast<std::size_t>(endA - a.begin()));
@@ -65,18 +118,19 @@ Carry advance(Column &column, std::uint64_t equal, Carry above, std::uint64_t la
 }
 
 /// For texts of which `rows` has 1 to 64 characters.
-std::size_t distanceInOneBlock(std::string_view rows, std::string_view columns, std::size_t limit)
+template <typename Character>
+std::size_t distanceInOneBlock(TextView<Character> rows, TextView<Character> columns, std::size_t limit)
 {
-    std::array<std::uint64_t, ALPHABET> positions{};
+    RowsOfCharacters<Character> positions;
     for (std::size_t i = 0; i < rows.size(); ++i)
-        positions[symbolOf(rows[i])] |= std::uint64_t{1} << i;
+        positions.add(rows[i], i);
 
     Column column;
     const std::uint64_t last = std::uint64_t{1} << (rows.size() - 1);
     std::size_t distance = rows.size();
     std::size_t columnsLeft = columns.size();
-    for (const char character : columns) {
-        distance += static_cast<std::size_t>(advance(column, positions[symbolOf(character)], 1, last));
+    for (const Character character : columns) {
+        distance += static_cast<std::size_t>(advance(column, positions[character], 1, last));
         // Each column to come lowers the distance by at most one.
         if (distance > limit + --columnsLeft)
             return limit + 1;
@@ -84,23 +138,23 @@ std::size_t distanceInOneBlock(std::string_view rows, std::string_view columns, 
     return distance;
 }
 
-std::size_t distanceInBlocks(std::string_view rows, std::string_view columns, std::size_t limit)
+template <typename Character>
+std::size_t distanceInBlocks(TextView<Character> rows, TextView<Character> columns, std::size_t limit)
 {
     const std::size_t blockCount = (rows.size() + WORD_BITS - 1) / WORD_BITS;
-    std::vector<std::array<std::uint64_t, ALPHABET>> positions(blockCount);
+    std::vector<RowsOfCharacters<Character>> positions(blockCount);
     for (std::size_t i = 0; i < rows.size(); ++i)
-        positions[i / WORD_BITS][symbolOf(rows[i])] |= std::uint64_t{1} << (i % WORD_BITS);
+        positions[i / WORD_BITS].add(rows[i], i % WORD_BITS);
 
     std::vector<Column> blocks(blockCount);
     const std::uint64_t lastOfBlock = std::uint64_t{1} << (WORD_BITS - 1);
     const std::uint64_t lastOfAll = std::uint64_t{1} << ((rows.size() - 1) % WORD_BITS);
     std::size_t distance = rows.size();
     std::size_t columnsLeft = columns.size();
-    for (const char character : columns) {
-        const std::size_t symbol = symbolOf(character);
+    for (const Character character : columns) {
         Carry carry = 1;
         for (std::size_t block = 0; block < blockCount; ++block)
-            carry = advance(blocks[block], positions[block][symbol], carry,
+            carry = advance(blocks[block], positions[block][character], carry,
                             block + 1 < blockCount ? lastOfBlock : lastOfAll);
         distance += static_cast<std::size_t>(carry);
         if (distance > limit + --columnsLeft)
@@ -109,9 +163,8 @@ std::size_t distanceInBlocks(std::string_view rows, std::string_view columns, st
     return distance;
 }
 
-} // namespace
-
-std::size_t levenshteinDistance(std::string_view a, std::string_view b, std::size_t limit)
+template <typename Character>
+std::size_t distanceWithin(TextView<Character> a, TextView<Character> b, std::size_t limit)
 {
     removeCommonEnds(a, b);
     if (a.size() > b.size())
@@ -124,7 +177,8 @@ std::size_t levenshteinDistance(std::string_view a, std::string_view b, std::siz
     return a.size() <= WORD_BITS ? distanceInOneBlock(a, b, limit) : distanceInBlocks(a, b, limit);
 }
 
-double calculateSimilarity(std::string_view a, std::string_view b, double least)
+template <typename Character>
+double similarityOf(TextView<Character> a, TextView<Character> b, double least)
 {
     const std::size_t longer = std::max(a.size(), b.size());
     Q_ASSERT(longer > 0);
@@ -133,21 +187,57 @@ double calculateSimilarity(std::string_view a, std::string_view b, double least)
     return distance > limit ? 0.0 : 1.0 - static_cast<double>(distance) / static_cast<double>(longer);
 }
 
-std::uint64_t characterBag(std::string_view text)
+/// @param symbolOfCharacter a number below 36 for each character but the blank
+template <typename Character, typename SymbolOfCharacter>
+std::uint64_t bagOf(TextView<Character> text, SymbolOfCharacter symbolOfCharacter)
 {
     constexpr std::size_t SINGLE_BITS = 36;
     constexpr std::size_t DOUBLE_BITS = WORD_BITS - SINGLE_BITS;
     std::uint64_t once = 0;
     std::uint64_t twice = 0;
-    for (const char character : text) {
+    for (const Character character : text) {
         if (character == ' ')
             continue;
-        const std::uint64_t bit = std::uint64_t{1} << symbolOf(character);
+        const std::uint64_t bit = std::uint64_t{1} << symbolOfCharacter(character);
         twice |= once & bit;
         once |= bit;
     }
     // The other 28 bits are enough for the letters, 0 and 1 only.
     return once | (twice & ((std::uint64_t{1} << DOUBLE_BITS) - 1)) << SINGLE_BITS;
+}
+
+} // namespace
+
+std::size_t levenshteinDistance(std::string_view a, std::string_view b, std::size_t limit)
+{
+    return distanceWithin(a, b, limit);
+}
+
+std::size_t levenshteinDistance(std::u32string_view a, std::u32string_view b, std::size_t limit)
+{
+    return distanceWithin(a, b, limit);
+}
+
+double calculateSimilarity(std::string_view a, std::string_view b, double least)
+{
+    return similarityOf(a, b, least);
+}
+
+double calculateSimilarity(std::u32string_view a, std::u32string_view b, double least)
+{
+    return similarityOf(a, b, least);
+}
+
+std::uint64_t characterBag(std::string_view text)
+{
+    return bagOf(text, symbolOf);
+}
+
+std::uint64_t characterBag(std::u32string_view text)
+{
+    return bagOf(text, [](char32_t character) {
+        return character < 0x80 ? symbolOf(static_cast<char>(character)) : character % (ALPHABET - 1);
+    });
 }
 
 } // namespace sonavo

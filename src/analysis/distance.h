@@ -6,8 +6,9 @@
 
 namespace sonavo {
 
-// All texts here are normalised (see normalizeString()), so that a byte is a character; other bytes are a
-// programming error. Everything is pure; any thread may call it.
+// All texts here are normalised. In those of bytes (see normalizeString()) a byte is a character, and bytes
+// that are no letter, digit or blank are a programming error; the others (see normalizeAllScripts()) hold
+// code points. Everything is pure; any thread may call it.
 
 /// Edit distance after Levenshtein (1966): insertions, deletions and substitutions cost 1 each.
 ///
@@ -19,11 +20,14 @@ namespace sonavo {
 /// @return the distance if it is at most `limit`, otherwise some number above `limit`
 [[nodiscard]] std::size_t levenshteinDistance(std::string_view a, std::string_view b,
                                               std::size_t limit = SIZE_MAX);
+[[nodiscard]] std::size_t levenshteinDistance(std::u32string_view a, std::u32string_view b,
+                                              std::size_t limit = SIZE_MAX);
 
 /// 1 - distance / length of the longer text, for two texts of which at least one is not empty.
 /// @param least the similarity that matters to the caller, between 0.0 and 1.0
 /// @return the similarity if it is at least `least`, otherwise some number below `least`
 [[nodiscard]] double calculateSimilarity(std::string_view a, std::string_view b, double least = 0.0);
+[[nodiscard]] double calculateSimilarity(std::u32string_view a, std::u32string_view b, double least = 0.0);
 
 /// Texts at a larger distance than this are not similar.
 /// @param length characters of the longer text
@@ -36,8 +40,10 @@ namespace sonavo {
 }
 
 /// One bit for each letter and digit that a text contains, and another for each letter, 0 and 1 that it
-/// contains at least twice. An edit changes at most two bits, so texts at distance d differ in at most 2 d.
+/// contains at least twice; other characters share these bits. An edit changes at most two bits, so texts at
+/// distance d differ in at most 2 d.
 [[nodiscard]] std::uint64_t characterBag(std::string_view text);
+[[nodiscard]] std::uint64_t characterBag(std::u32string_view text);
 
 /// In how many bits two bags differ.
 [[nodiscard]] constexpr std::size_t bagDifference(std::uint64_t a, std::uint64_t b)

@@ -15,12 +15,25 @@ constexpr bool isKept(char16_t c)
     return (c >= u'a' && c <= u'z') || (c >= u'0' && c <= u'9');
 }
 
+bool isAscii(const QString &text)
+{
+    return std::all_of(text.cbegin(), text.cend(), [](QChar c) { return c.unicode() < 0x80; });
+}
+
+/// Accents and vowel points that many scripts share; voicing marks make another letter of a kana.
+bool isAccent(char32_t character)
+{
+    constexpr char32_t VOICED_SOUND_MARK = 0x3099;
+    constexpr char32_t SEMI_VOICED_SOUND_MARK = 0x309A;
+    return QChar::isMark(character) && QChar::script(character) == QChar::Script_Inherited &&
+           character != VOICED_SOUND_MARK && character != SEMI_VOICED_SOUND_MARK;
+}
+
 } // namespace
 
 void lowerInto(QString &result, const QString &text)
 {
-    const bool isAscii = std::all_of(text.cbegin(), text.cend(), [](QChar c) { return c.unicode() < 0x80; });
-    if (!isAscii) {
+    if (!isAscii(text)) {
         result = text.toLower();
         return;
     }
@@ -59,6 +72,53 @@ std::string normalizeString(QStringView text)
     std::string result;
     normalizeLoweredInto(result, lowered);
     return result;
+}
+
+std::u32string normalizeAllScripts(const QString &text)
+{
+    if (isAscii(text)) {
+        const std::string normalized = normalizeString(text);
+        return {normalized.begin(), normalized.end()};
+    }
+
+    // Folding can decompose what was composed, and compatibility forms can hide capitals.
+    const QString folded = text.normalized(QString::NormalizationForm_KD)
+                               .toCaseFolded()
+                               .normalized(QString::NormalizationForm_KD);
+    QList<char32_t> kept;
+    bool isSeparated = false;
+    for (const char32_t character : folded.toUcs4()) {
+        if (isAccent(character) || (character < 0x80 && isBracket(static_cast<char16_t>(character))))
+            continue;
+        if (!QChar::isLetterOrNumber(character) && !QChar::isMark(character)) {
+            isSeparated = true;
+            continue;
+        }
+        if (isSeparated && !kept.isEmpty())
+            kept.append(U' ');
+        isSeparated = false;
+        kept.append(character);
+    }
+    const QList<uint> composed =
+        QString::fromUcs4(kept.constData(), kept.size()).normalized(QString::NormalizationForm_C).toUcs4();
+    return {composed.begin(), composed.end()};
+}
+
+bool isOfScriptWithShortWords(char32_t character)
+{
+    switch (QChar::script(character)) {
+    case QChar::Script_Han:
+    case QChar::Script_Hiragana:
+    case QChar::Script_Katakana:
+    case QChar::Script_Hangul:
+    case QChar::Script_Thai:
+    case QChar::Script_Lao:
+    case QChar::Script_Khmer:
+    case QChar::Script_Myanmar:
+        return true;
+    default:
+        return false;
+    }
 }
 
 } // namespace sonavo

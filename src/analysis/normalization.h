@@ -22,12 +22,26 @@ namespace sonavo {
 void lowerInto(QString &result, const QString &text);
 void normalizeLoweredInto(std::string &result, QStringView loweredText);
 
+/// normalizeString() for every script: compatibility forms and accents are taken off (NFKD of the Unicode
+/// Standard Annex #15), letter case is folded, brackets are removed, and every other run of characters that
+/// are not letters, digits or vowel signs is turned into one blank; no blank at either end. "Café (ＬＩＶＥ)"
+/// gives "cafe live", "Й" gives "и". Marks that make another letter of a kana stay, and so do the vowel signs
+/// of scripts that write vowels as marks.
+///
+/// The result holds code points and may be empty; it is composed (NFC), so that a syllable of Hangul is one.
+/// Pure; any thread may call it.
+[[nodiscard]] std::u32string normalizeAllScripts(const QString &text);
+
+/// Whether a character belongs to a script in which a word can be one character long or words are not
+/// separated: Han, kana, Hangul, Thai, Lao, Khmer and Burmese.
+[[nodiscard]] bool isOfScriptWithShortWords(char32_t character);
+
 /// Calls `visit` with each word of a normalised text, in order: its pieces between blanks, never empty.
-template <typename Visit>
-void forEachWord(std::string_view normalized, Visit visit)
+template <typename Character, typename Visit>
+void forEachWord(std::basic_string_view<Character> normalized, Visit visit)
 {
     while (!normalized.empty()) {
-        const std::size_t end = std::min(normalized.find(' '), normalized.size());
+        const std::size_t end = std::min(normalized.find(Character{' '}), normalized.size());
         if (end > 0)
             visit(normalized.substr(0, end));
         normalized.remove_prefix(std::min(end + 1, normalized.size()));

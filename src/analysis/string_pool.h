@@ -12,14 +12,17 @@
 namespace sonavo {
 
 /// Interned strings: each is kept once, under an id.
-class StringPool
+template <typename Character>
+class BasicStringPool
 {
 public:
+    using View = std::basic_string_view<Character>;
+
     /// The id of a string, which is kept if it is new. Ids count up from 0.
-    std::uint32_t add(std::string_view string)
+    std::uint32_t add(View string)
     {
         const std::size_t known = m_ids.size();
-        const std::uint32_t id = m_ids.idOf(std::hash<std::string_view>{}(string),
+        const std::uint32_t id = m_ids.idOf(std::hash<View>{}(string),
                                             [&](std::uint32_t other) { return (*this)[other] == string; });
         if (id == known) {
             m_characters.append(string);
@@ -36,18 +39,20 @@ public:
     }
 
     /// Valid until the next add().
-    [[nodiscard]] std::string_view operator[](std::uint32_t id) const
+    [[nodiscard]] View operator[](std::uint32_t id) const
     {
         const std::size_t start = id == 0 ? 0 : m_ends[id - 1];
-        return std::string_view(m_characters).substr(start, m_ends[id] - start);
+        return View(m_characters).substr(start, m_ends[id] - start);
     }
 
     [[nodiscard]] std::size_t size() const { return m_ends.size(); }
 
 private:
     IdTable m_ids;
-    std::string m_characters;
+    std::basic_string<Character> m_characters;
     std::vector<std::size_t> m_ends;
 };
+
+using StringPool = BasicStringPool<char>;
 
 } // namespace sonavo
