@@ -20,12 +20,13 @@ QString helpText()
 {
     return QStringLiteral(
         "Usage: sonavo [PATH...]\n"
-        "       sonavo --report [--json] PATH...\n"
+        "       sonavo --report [--further] [--json] PATH...\n"
         "\n"
         "Finds the songs that a music folder holds more than once and helps to remove them. Opens\n"
         "a window, in which the files and folders PATH... are scanned at once.\n"
         "\n"
         "  --report       print the duplicate songs among PATH... instead, changing nothing\n"
+        "  --further      compare every song with every other, in every script: finds more\n"
         "  --json         print them as JSON\n"
         "  -h, --help     print this text\n"
         "  -v, --version  print the version\n"
@@ -89,8 +90,9 @@ CommandLine parseCommandLine(std::span<char *const> arguments)
     const QCommandLineOption help(QStringList{QStringLiteral("h"), QStringLiteral("help")});
     const QCommandLineOption version(QStringList{QStringLiteral("v"), QStringLiteral("version")});
     const QCommandLineOption report(QStringLiteral("report"));
+    const QCommandLineOption further(QStringLiteral("further"));
     const QCommandLineOption json(QStringLiteral("json"));
-    parser.addOptions({help, version, report, json});
+    parser.addOptions({help, version, report, further, json});
 
     const auto unusable = [&commandLine](const QString &reason) {
         commandLine.request = UnusableArguments{reason};
@@ -107,8 +109,10 @@ CommandLine parseCommandLine(std::span<char *const> arguments)
         return commandLine;
     }
     const bool isReport = parser.isSet(report);
-    if (!isReport && parser.isSet(json))
-        return unusable(QStringLiteral("--json needs --report"));
+    for (const QCommandLineOption &option : {further, json}) {
+        if (!isReport && parser.isSet(option))
+            return unusable(QStringLiteral("--%1 needs --report").arg(option.names().constFirst()));
+    }
 
     QList<QUrl> items;
     for (const QString &path : parser.positionalArguments()) {
@@ -122,7 +126,8 @@ CommandLine parseCommandLine(std::span<char *const> arguments)
         return unusable(QStringLiteral("--report needs at least one PATH"));
     } else {
         commandLine.request =
-            ReportRequest{items, parser.isSet(json) ? ReportFormat::Json : ReportFormat::Text};
+            ReportRequest{items, parser.isSet(json) ? ReportFormat::Json : ReportFormat::Text,
+                          parser.isSet(further) ? SearchDepth::Further : SearchDepth::FourPasses};
     }
     return commandLine;
 }

@@ -18,6 +18,7 @@ struct ReportRequest
     /// File URLs with absolute paths.
     QList<QUrl> items;
     ReportFormat format = ReportFormat::Text;
+    SearchDepth depth = SearchDepth::FourPasses;
 };
 
 /// Open the window.

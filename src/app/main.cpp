@@ -45,7 +45,7 @@ int main(int argc, char *argv[])
             [&](const ReportRequest &request) {
                 const QCoreApplication application(argc, argv);
                 exitAtOnceOnInterrupt();
-                const ExitStatus status = printReport(request.items, request.format)
+                const ExitStatus status = printReport(request.items, request.format, request.depth)
                                               ? ExitStatus::Success
                                               : ExitStatus::NothingReported;
                 forceExitAfter(std::chrono::seconds(5), status);

@@ -1,6 +1,7 @@
 #include "report/print_report.h"
 
 #include "actions/headless_desktop.h"
+#include "analysis/find_further.h"
 #include "report/progress_line.h"
 #include "report/report_writers.h"
 #include "session/duplicate_view_model.h"
@@ -18,15 +19,27 @@
 namespace sonavo {
 namespace {
 
-bool writeReport(const DuplicateViewModel &session, ReportFormat format)
+struct Findings
+{
+    QList<DuplicateGroup> groups;
+    OnlyFurther onlyFurther;
+};
+
+Findings lookFurther(const DuplicateViewModel &session, ProgressLine &progressLine)
+{
+    const QString message = QStringLiteral("Comparing every song with every other...");
+    const auto showProgress = [&](double fraction) { progressLine.show(message, fraction); };
+    const auto groups = findFurther(session.songs(), {}, showProgress).value_or(QList<DuplicateGroup>());
+    return {groups, foundOnlyFurther(groups, session.duplicateGroups())};
+}
+
+bool writeReport(const QList<Song> &songs, const Findings &findings, ReportFormat format)
 {
     QFile output;
     if (!output.open(stdout, QIODevice::WriteOnly))
         return false;
-    const bool isWritten = format == ReportFormat::Json
-                               ? writeJsonReport(output, session.songs(), session.duplicateGroups())
-                               : writeTextReport(output, session.songs(), session.duplicateGroups());
-    return isWritten && output.flush();
+    const auto write = format == ReportFormat::Json ? writeJsonReport : writeTextReport;
+    return write(output, songs, findings.groups, findings.onlyFurther) && output.flush();
 }
 
 void printError(const QString &text)
@@ -36,7 +49,7 @@ void printError(const QString &text)
 
 } // namespace
 
-bool printReport(const QList<QUrl> &items, ReportFormat format)
+bool printReport(const QList<QUrl> &items, ReportFormat format, SearchDepth depth)
 {
     QSettings settings;
     const ThemeManager themeManager(settings);
@@ -44,6 +57,7 @@ bool printReport(const QList<QUrl> &items, ReportFormat format)
     DuplicateViewModel session(desktop, std::make_shared<EventLoopPauses>(),
                                groupColors(themeManager.currentTheme()));
 
+    Findings findings;
     {
         ProgressLine progressLine;
         QObject context;
@@ -57,13 +71,15 @@ bool printReport(const QList<QUrl> &items, ReportFormat format)
         session.startScan(items);
         while (session.isScanning())
             loop.exec();
+        findings = depth == SearchDepth::Further ? lookFurther(session, progressLine)
+                                                 : Findings{session.duplicateGroups(), std::nullopt};
     }
 
     if (session.showAlert()) {
         printError(session.alertMessage());
         return false;
     }
-    if (!writeReport(session, format)) {
+    if (!writeReport(session.songs(), findings, format)) {
         printError(QStringLiteral("the report could not be written"));
         return false;
     }

@@ -70,11 +70,18 @@ Row rowOf(const Song &song, const QString &badge)
             escapedForTerminal(song.folderName)};
 }
 
-void addGroup(BufferedWriter &writer, const DuplicateGroup &group)
+bool isOnlyFurther(const Song &duplicate, const OnlyFurther &onlyFurther)
+{
+    return onlyFurther && onlyFurther->contains(duplicate.id);
+}
+
+void addGroup(BufferedWriter &writer, const DuplicateGroup &group, const OnlyFurther &onlyFurther)
 {
     QList<Row> rows{rowOf(group.original, QStringLiteral("ORIGINAL"))};
-    for (const Song &duplicate : group.duplicates)
-        rows.append(rowOf(duplicate, QStringLiteral("DUPLICATE")));
+    for (const Song &duplicate : group.duplicates) {
+        rows.append(rowOf(duplicate, isOnlyFurther(duplicate, onlyFurther) ? QStringLiteral("DUPLICATE*")
+                                                                           : QStringLiteral("DUPLICATE")));
+    }
 
     const auto widthOf = [&rows](QString Row::*column) {
         qsizetype width = 0;
@@ -115,16 +122,27 @@ QByteArray jsonOf(const Song &song)
     return QJsonDocument(object).toJson(QJsonDocument::Compact);
 }
 
-QByteArray jsonOf(const DuplicateGroup &group, const QHash<QUuid, qsizetype> &indexes)
+QByteArray jsonOf(const DuplicateGroup &group, const QHash<QUuid, qsizetype> &indexes,
+                  const OnlyFurther &onlyFurther)
 {
     QJsonArray duplicates;
-    for (const Song &duplicate : group.duplicates)
-        duplicates.append(indexes.value(duplicate.id));
-    const QJsonObject object{
+    QJsonArray onlyFurtherDuplicates;
+    for (const Song &duplicate : group.duplicates) {
+        const qsizetype index = indexes.value(duplicate.id);
+        duplicates.append(index);
+        if (isOnlyFurther(duplicate, onlyFurther))
+            onlyFurtherDuplicates.append(index);
+    }
+    QJsonObject object{
         {QStringLiteral("original"), indexes.value(group.original.id)},
         {QStringLiteral("duplicates"), duplicates},
         {QStringLiteral("color"), group.color},
     };
+    if (onlyFurther) {
+        object.insert(QStringLiteral("foundBy"),
+                      onlyFurtherDuplicates.isEmpty() ? QStringLiteral("passes") : QStringLiteral("further"));
+        object.insert(QStringLiteral("onlyFurther"), onlyFurtherDuplicates);
+    }
     return QJsonDocument(object).toJson(QJsonDocument::Compact);
 }
 
@@ -138,13 +156,14 @@ void addItems(BufferedWriter &writer, const List &items, ToJson toJson)
 
 } // namespace
 
-bool writeTextReport(QIODevice &device, const QList<Song> &songs, const QList<DuplicateGroup> &groups)
+bool writeTextReport(QIODevice &device, const QList<Song> &songs, const QList<DuplicateGroup> &groups,
+                     const OnlyFurther &onlyFurther)
 {
     BufferedWriter writer(device);
     qsizetype duplicateCount = 0;
     qint64 duplicateBytes = 0;
     for (const DuplicateGroup &group : groups) {
-        addGroup(writer, group);
+        addGroup(writer, group, onlyFurther);
         duplicateCount += group.duplicates.size();
         for (const Song &duplicate : group.duplicates)
             duplicateBytes += duplicate.size;
@@ -156,10 +175,16 @@ bool writeTextReport(QIODevice &device, const QList<Song> &songs, const QList<Du
         counted(songs.size(), QStringLiteral("song scanned"), QStringLiteral("songs scanned")),
     };
     writer.addLine(totals.join(QStringLiteral(" \u2022 ")));
+    if (onlyFurther && !onlyFurther->isEmpty()) {
+        writer.addLine(QStringLiteral("* %1 only by looking further: listen before you delete")
+                           .arg(counted(onlyFurther->size(), QStringLiteral("duplicate found"),
+                                        QStringLiteral("duplicates found"))));
+    }
     return writer.finish();
 }
 
-bool writeJsonReport(QIODevice &device, const QList<Song> &songs, const QList<DuplicateGroup> &groups)
+bool writeJsonReport(QIODevice &device, const QList<Song> &songs, const QList<DuplicateGroup> &groups,
+                     const OnlyFurther &onlyFurther)
 {
     BufferedWriter writer(device);
     // One song at a time: a QJsonDocument of half a million songs would take more memory than the songs.
@@ -172,7 +197,7 @@ bool writeJsonReport(QIODevice &device, const QList<Song> &songs, const QList<Du
         for (qsizetype i = 0; i < songs.size(); ++i)
             indexes.insert(songs[i].id, i);
     }
-    addItems(writer, groups, [&](qsizetype i) { return jsonOf(groups[i], indexes); });
+    addItems(writer, groups, [&](qsizetype i) { return jsonOf(groups[i], indexes, onlyFurther); });
     writer.add("\n]}\n");
     return writer.finish();
 }
