@@ -1,3 +1,4 @@
+#include "analysis/find_further.h"
 #include "bench/direct_finder.h"
 #include "generators/library_generator.h"
 
@@ -20,7 +21,8 @@ using Seconds = std::chrono::duration<double>;
 enum class Way
 {
     Fast,
-    Direct
+    Direct,
+    Further
 };
 
 struct Case
@@ -38,13 +40,19 @@ constexpr std::size_t LARGE = 500'000;
 
 // Cases of one library stand together, so that only one library is held at a time.
 constexpr Case CASES[] = {
+    {"realistic, 10,000 songs, further", LibraryKind::Realistic, SMALL, Way::Further, 25},
     {"realistic, 10,000 songs", LibraryKind::Realistic, SMALL, Way::Fast, 25},
     {"realistic, 100,000 songs", LibraryKind::Realistic, MIDDLE, Way::Fast, 9},
+    {"realistic, 100,000 songs, further", LibraryKind::Realistic, MIDDLE, Way::Further, 9},
     {"realistic, 100,000 songs, direct", LibraryKind::Realistic, MIDDLE, Way::Direct, 1},
     {"realistic, 500,000 songs", LibraryKind::Realistic, LARGE, Way::Fast, 5},
+    {"realistic, 500,000 songs, further", LibraryKind::Realistic, LARGE, Way::Further, 5},
     {"numbered tracks, 500,000 songs", LibraryKind::NumberedTracks, LARGE, Way::Fast, 3},
+    {"numbered tracks, 500,000 songs, further", LibraryKind::NumberedTracks, LARGE, Way::Further, 3},
     {"one artist, 500,000 songs", LibraryKind::OneArtist, LARGE, Way::Fast, 3},
+    {"one artist, 500,000 songs, further", LibraryKind::OneArtist, LARGE, Way::Further, 3},
     {"the same ten seconds, 500,000 songs", LibraryKind::TenSeconds, LARGE, Way::Fast, 3},
+    {"the same ten seconds, 500,000 songs, further", LibraryKind::TenSeconds, LARGE, Way::Further, 3},
 };
 
 struct Result
@@ -93,6 +101,26 @@ Seconds run(const QList<Song> &songs, QList<DuplicateGroup> &groups)
     return std::chrono::steady_clock::now() - start;
 }
 
+Seconds runFurther(const QList<Song> &songs, QList<DuplicateGroup> &groups)
+{
+    const auto start = std::chrono::steady_clock::now();
+    groups = findFurther(songs, {}, [](double) {}).value_or(QList<DuplicateGroup>());
+    return std::chrono::steady_clock::now() - start;
+}
+
+Seconds runWay(Way way, const QList<Song> &songs, QList<DuplicateGroup> &groups)
+{
+    switch (way) {
+    case Way::Fast:
+        return run<DuplicateFinder>(songs, groups);
+    case Way::Direct:
+        return run<DirectFinder>(songs, groups);
+    case Way::Further:
+        break;
+    }
+    return runFurther(songs, groups);
+}
+
 void runCase(benchmark::State &state, std::size_t index)
 {
     const Case &which = CASES[index];
@@ -100,8 +128,7 @@ void runCase(benchmark::State &state, std::size_t index)
     Result result;
     for ([[maybe_unused]] auto iteration : state) {
         result.groups = {};
-        const Seconds time = which.way == Way::Fast ? run<DuplicateFinder>(songs, result.groups)
-                                                    : run<DirectFinder>(songs, result.groups);
+        const Seconds time = runWay(which.way, songs, result.groups);
         state.SetIterationTime(time.count());
         result.times.push_back(time);
     }
@@ -139,9 +166,9 @@ void printRatio(const char *name, const Result *dividend, const Result *divisor)
 /// @return whether the direct and the fast way found the same groups, as far as both were run
 bool printSummary()
 {
-    std::printf("\n%-40s %12s %12s\n", "analysis without pauses", "seconds", "groups");
+    std::printf("\n%-46s %12s %12s\n", "analysis without pauses", "seconds", "groups");
     for (const auto &[index, result] : results())
-        std::printf("%-40s %12.4f %12lld\n", CASES[index].name, result.median(),
+        std::printf("%-46s %12.4f %12lld\n", CASES[index].name, result.median(),
                     static_cast<long long>(result.groups.size()));
 
     const Result *middle = find(LibraryKind::Realistic, MIDDLE, Way::Fast);
@@ -150,6 +177,8 @@ bool printSummary()
     std::printf("\n%-60s %8s\n", "in this run", "times");
     printRatio("direct / fast, 100,000 songs", direct, middle);
     printRatio("500,000 songs / 100,000 songs", large, middle);
+    printRatio("further / the four passes, 500,000 songs", find(LibraryKind::Realistic, LARGE, Way::Further),
+               large);
     printRatio("numbered tracks / realistic, 500,000 songs",
                find(LibraryKind::NumberedTracks, LARGE, Way::Fast), large);
     printRatio("one artist / realistic, 500,000 songs", find(LibraryKind::OneArtist, LARGE, Way::Fast),

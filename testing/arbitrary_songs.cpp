@@ -17,11 +17,26 @@ using namespace Qt::StringLiterals;
 const std::vector<QString> ARTISTS = {
     u""_s,        u"Sonomirage"_s,  u"Sonomirago"_s, u"Queen"_s, u"Queen & Tredigra"_s,
     u"Beatles"_s, u"The Beatles"_s, u"Kino"_s,       u"Кино"_s,  u"椎名林檎"_s,
-    u"!!!"_s,     u"U2"_s};
-const std::vector<QString> TITLES = {
-    u""_s,         u"Love Song"_s, u"Love Song"_s,  u"Love Song in the Dark"_s, u"Love"_s,
-    u"Sun King"_s, u"Go"_s,        u"Up, up, up"_s, u"Café del Mar"_s,          u"Песня love"_s,
-    u"Песня"_s,    u"Ωmega Sun"_s, u"夜に駆ける"_s};
+    u"!!!"_s,     u"U2"_s,          u"Ποίμης"_s,     u"نجوى"_s};
+const std::vector<QString> TITLES = {u""_s,
+                                     u"Love Song"_s,
+                                     u"Love Song"_s,
+                                     u"Love Song in the Dark"_s,
+                                     u"Love"_s,
+                                     u"Sun King"_s,
+                                     u"Go"_s,
+                                     u"Up, up, up"_s,
+                                     u"Café del Mar"_s,
+                                     u"Песня love"_s,
+                                     u"Песня"_s,
+                                     u"Ωmega Sun"_s,
+                                     u"夜に駆ける"_s,
+                                     u"夜"_s,
+                                     u"사랑"_s,
+                                     u"012 Love"_s,
+                                     u"รัก"_s,
+                                     u"がか"_s,
+                                     u"𐌰𐌱𐌲 𐌳𐌴𐌵𐌶𐌷𐌸"_s};
 /// On both sides of a whole second, five seconds and a little more apart, and fractions of either sign.
 const std::vector<double> DURATIONS = {180.0, 179.9, 180.6, 184.9, 185.0, 185.0000001, 189.95, 0.4, -0.6};
 
@@ -37,8 +52,8 @@ QString variantOf(const QString &text)
 {
     const QString unusualLetters = QString(text).replace(u'K', u'\u212A').replace(u'i', u'\u0130');
     return *gen::element(text, text, text, withTypos(text), withTypos(text), text.toUpper(),
-                         text + u" (Live)"_s, u"["_s + text + u"]! (1)"_s, QString(text).replace(u' ', u'_'),
-                         unusualLetters);
+                         text + u" (Live)"_s, u"7 "_s + text, u"The "_s + text, u"["_s + text + u"]! (1)"_s,
+                         QString(text).replace(u' ', u'_'), unusualLetters);
 }
 
 Song copyOf(Song song)

@@ -1,5 +1,7 @@
 #include "analysis/normalization.h"
 
+#include <QList>
+
 #include <algorithm>
 
 namespace sonavo {
@@ -81,11 +83,13 @@ std::u32string normalizeAllScripts(const QString &text)
         return {normalized.begin(), normalized.end()};
     }
 
-    // Folding can decompose what was composed, and compatibility forms can hide capitals.
+    // Compatibility forms can hide capitals, and folding can compose what was decomposed. Upper case comes
+    // first because folding alone leaves "ß" as it is.
     const QString folded = text.normalized(QString::NormalizationForm_KD)
+                               .toUpper()
                                .toCaseFolded()
                                .normalized(QString::NormalizationForm_KD);
-    QList<char32_t> kept;
+    std::u32string kept;
     bool isSeparated = false;
     for (const char32_t character : folded.toUcs4()) {
         if (isAccent(character) || (character < 0x80 && isBracket(static_cast<char16_t>(character))))
@@ -94,13 +98,13 @@ std::u32string normalizeAllScripts(const QString &text)
             isSeparated = true;
             continue;
         }
-        if (isSeparated && !kept.isEmpty())
-            kept.append(U' ');
+        if (isSeparated && !kept.empty())
+            kept += U' ';
         isSeparated = false;
-        kept.append(character);
+        kept += character;
     }
     const QList<uint> composed =
-        QString::fromUcs4(kept.constData(), kept.size()).normalized(QString::NormalizationForm_C).toUcs4();
+        QString::fromStdU32String(kept).normalized(QString::NormalizationForm_C).toUcs4();
     return {composed.begin(), composed.end()};
 }
 

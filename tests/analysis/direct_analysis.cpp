@@ -21,7 +21,8 @@ double similarity(const QString &a, const QString &b)
 {
     if (a.isEmpty() && b.isEmpty())
         return 1.0;
-    return 1.0 - double(levenshteinDistance(a, b)) / double(std::max(a.size(), b.size()));
+    const auto longer = std::max(a.toUcs4().size(), b.toUcs4().size());
+    return 1.0 - double(levenshteinDistance(a, b)) / double(longer);
 }
 
 QSet<QString> wordsOf(const QString &text, qsizetype leastLength)
@@ -105,6 +106,51 @@ struct Run
     }
 };
 
+QSet<QString> furtherTitleWordsOf(const QString &title)
+{
+    static const QRegularExpression shortWords(
+        u"[\\p{Han}\\p{Hiragana}\\p{Katakana}\\p{Hangul}\\p{Thai}\\p{Lao}\\p{Khmer}\\p{Myanmar}]"_s);
+    QSet<QString> words;
+    for (const QString &word : title.split(u' ', Qt::SkipEmptyParts)) {
+        if (word.toUcs4().size() >= 3 || word.contains(shortWords))
+            words << word;
+    }
+    return words;
+}
+
+QString withoutTrackNumber(const QString &title)
+{
+    static const QRegularExpression number(u"^[0-9]{1,3} "_s);
+    return QString(title).remove(number);
+}
+
+bool containsWords(const QString &text, const QString &words)
+{
+    return (u' ' + text + u' ').contains(u' ' + words + u' ');
+}
+
+bool songsMatchFurther(const Song &a, const Song &b)
+{
+    if (!(std::abs(a.duration - b.duration) <= 5.0))
+        return false;
+
+    static const QRegularExpression the(u"^the "_s);
+    const QString artistA = normalizeAllScripts(a.artist).remove(the);
+    const QString artistB = normalizeAllScripts(b.artist).remove(the);
+    QString titleA = normalizeAllScripts(a.title);
+    QString titleB = normalizeAllScripts(b.title);
+    const bool haveCommonWord = furtherTitleWordsOf(titleA).intersects(furtherTitleWordsOf(titleB));
+    if ((titleA == withoutTrackNumber(titleA)) != (titleB == withoutTrackNumber(titleB))) {
+        titleA = withoutTrackNumber(titleA);
+        titleB = withoutTrackNumber(titleB);
+    }
+    const QString fullA = (artistA + u' ' + titleA).trimmed();
+    const QString fullB = (artistB + u' ' + titleB).trimmed();
+    return haveCommonWord && similarity(artistA, artistB) >= 0.7 &&
+           (containsWords(titleA, titleB) || containsWords(titleB, titleA) ||
+            similarity(fullA, fullB) >= 0.9);
+}
+
 } // namespace
 
 QString normalizeString(const QString &text)
@@ -116,8 +162,10 @@ QString normalizeString(const QString &text)
     return QString(lower).remove(brackets).replace(separators, u" "_s).simplified();
 }
 
-int levenshteinDistance(const QString &a, const QString &b)
+int levenshteinDistance(const QString &textA, const QString &textB)
 {
+    const QList<uint> a = textA.toUcs4();
+    const QList<uint> b = textB.toUcs4();
     QList<QList<int>> table(a.size() + 1, QList<int>(b.size() + 1));
     for (int i = 0; i <= a.size(); ++i)
         table[i][0] = i;
@@ -177,6 +225,71 @@ QList<DuplicateGroup> analyzeDuplicates(const QList<Song> &songs)
     for (const QList<Song> &bucket : bucketsOf(run.unplaced(songs), seconds))
         run.makeGroups(bucket, false);
     return run.groups;
+}
+
+QString normalizeAllScripts(const QString &text)
+{
+    static const QRegularExpression brackets(uR"([\(\)\[\]\{\}])"_s);
+    static const QRegularExpression accents(uR"((?=\p{Inherited})(?![\x{3099}\x{309A}])\p{M})"_s);
+    static const QRegularExpression separators(u"[^\\p{L}\\p{N}\\p{M}]+"_s);
+    const QString folded = QString::fromUtf8(text.toUtf8())
+                               .normalized(QString::NormalizationForm_KD)
+                               .toUpper()
+                               .toCaseFolded()
+                               .normalized(QString::NormalizationForm_KD);
+    const QString bare = QString(folded).remove(brackets).remove(accents);
+    return QString(bare).replace(separators, u" "_s).trimmed().normalized(QString::NormalizationForm_C);
+}
+
+QList<DuplicateGroup> findFurther(const QList<Song> &songs)
+{
+    QSet<QString> paths;
+    QList<Song> left;
+    for (const Song &song : songs) {
+        if (!paths.contains(song.path))
+            left << song;
+        paths << song.path;
+    }
+    const auto matchesOf = [&left](const Song &song) {
+        QList<Song> matches = left;
+        matches.removeIf([&](const Song &s) { return s.id == song.id || !songsMatchFurther(s, song); });
+        return matches;
+    };
+    QHash<QUuid, qsizetype> counts;
+    for (const Song &song : left)
+        counts[song.id] = std::min<qsizetype>(matchesOf(song).size(), 100);
+    QList<Song> centres = left;
+    std::stable_sort(centres.begin(), centres.end(),
+                     [&](const Song &a, const Song &b) { return counts[a.id] > counts[b.id]; });
+
+    QHash<qsizetype, DuplicateGroup> groups;
+    for (const Song &centre : centres) {
+        if (!left.contains(centre))
+            continue;
+        const QList<Song> star = QList<Song>{centre} + matchesOf(centre);
+        const Song original =
+            *std::max_element(star.begin(), star.end(), [](auto &a, auto &b) { return a.size < b.size; });
+        QList<Song> duplicates = star;
+        duplicates.removeIf(
+            [&](const Song &s) { return s.id == original.id || !songsMatchFurther(s, original); });
+        if (duplicates.isEmpty())
+            continue;
+        const DuplicateGroup group{{}, original, duplicates, 0};
+        qsizetype first = songs.size();
+        for (const Song &song : membersOf(group)) {
+            first = std::min(first, songs.indexOf(song));
+            left.removeOne(song);
+        }
+        groups[first] = group;
+    }
+    QList<qsizetype> order = groups.keys();
+    std::sort(order.begin(), order.end());
+    QList<DuplicateGroup> result;
+    for (const qsizetype first : order) {
+        result << groups[first];
+        result.last().color = int((result.size() - 1) % 6);
+    }
+    return result;
 }
 
 } // namespace sonavo::direct

@@ -13,11 +13,14 @@
 namespace sonavo::direct {
 
 [[nodiscard]] QString normalizeString(const QString &text);
-/// For normalised texts.
+/// For normalised texts; counts code points.
 [[nodiscard]] int levenshteinDistance(const QString &a, const QString &b);
 [[nodiscard]] bool songsMatch(const Song &seed, const Song &candidate);
 [[nodiscard]] bool artistsCompatible(const Song &duplicate, const Song &original);
 /// Buckets are visited in the order in which their keys first appear.
 [[nodiscard]] QList<DuplicateGroup> analyzeDuplicates(const QList<Song> &songs);
+
+[[nodiscard]] QString normalizeAllScripts(const QString &text);
+[[nodiscard]] QList<DuplicateGroup> findFurther(const QList<Song> &songs);
 
 } // namespace sonavo::direct

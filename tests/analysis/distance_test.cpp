@@ -28,6 +28,17 @@ RC_GTEST_PROP(LevenshteinDistance, IsThatOfTheFullTableUpToItsLimit, ())
          {std::size_t{0}, distance / 2, distance - std::min<std::size_t>(distance, 1)})
         RC_ASSERT(distance == limit || levenshteinDistance(a, b, limit) > limit);
     RC_ASSERT(mayBeWithin(distance, a.size(), b.size(), characterBag(a), characterBag(b)));
+
+    // The same with code points of which two pairs share a slot and a bit.
+    const auto widened = [](const std::string &narrow) {
+        std::u32string wide(narrow.begin(), narrow.end());
+        std::replace(wide.begin(), wide.end(), U'b', static_cast<char32_t>(U'a' + 128 * 36));
+        std::replace(wide.begin(), wide.end(), U'0', U'\U00010330');
+        return wide;
+    };
+    RC_ASSERT(levenshteinDistance(widened(a), widened(b)) == distance);
+    RC_ASSERT(levenshteinDistance(widened(b), widened(a), distance) == distance);
+    RC_ASSERT(mayBeWithin(distance, a.size(), b.size(), characterBag(widened(a)), characterBag(widened(b))));
 }
 
 TEST(LargestDistance, IsTheLastOneThatIsSimilarEnough)

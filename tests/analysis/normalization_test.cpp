@@ -1,3 +1,4 @@
+#include "analysis/direct_analysis.h"
 #include "analysis/normalization.h"
 
 #include <gtest/gtest.h>
@@ -26,6 +27,27 @@ TEST(NormalizeString, LeavesOnlyLowerCaseWordsAndDigits)
     };
     for (const auto &[text, expected] : cases)
         EXPECT_EQ(normalizeString(text), expected);
+}
+
+TEST(NormalizeAllScripts, KeepsLettersOfEveryScriptAndTakesOffCaseAccentsAndForms)
+{
+    const std::pair<QString, std::u32string> cases[] = {
+        {QStringLiteral("  Hello,   World!! (Live) "), U"hello world live"},
+        {QStringLiteral("Caf\u00e9 \u00dcBER Stra\u00dfe"), U"cafe uber strasse"},
+        {QStringLiteral("\uff2c\uff29\uff36\uff25\uff08\uff11\uff09 \u210c\ufb03"), U"live1 hffi"},
+        {QStringLiteral("\u0130zmir"), U"izmir"},
+        {QStringLiteral("\u0399\u03a3 \u03cc\u03c2"), U"\u03b9\u03c3 \u03bf\u03c3"},
+        {QStringLiteral("\u0419\u041e\u0301\u0433\u0430"), U"\u0438\u043e\u0433\u0430"},
+        {QStringLiteral("\uff76\uff9e\u30fb\u304b"), U"\u30ac \u304b"},
+        {QStringLiteral("\ud55c\uae00"), U"\ud55c\uae00"},
+        {QStringLiteral("\u0643\u064e\u062a\u064e\u0628"), U"\u0643\u062a\u0628"},
+        {QStringLiteral("\u0e23\u0e31\u0e01"), U"\u0e23\u0e31\u0e01"},
+        {QString(QChar(0xd801)) + u'a' + QChar(0xdc00) + u'z', U"a z"},
+    };
+    for (const auto &[text, expected] : cases) {
+        EXPECT_EQ(normalizeAllScripts(text), expected) << text.toStdString();
+        EXPECT_EQ(direct::normalizeAllScripts(text).toStdU32String(), expected) << text.toStdString();
+    }
 }
 
 } // namespace

@@ -1,0 +1,152 @@
+#include "analysis/direct_analysis.h"
+#include "analysis/find_further.h"
+#include "generators/library_generator.h"
+#include "testing/arbitrary_songs.h"
+
+#include <gmock/gmock.h>
+#include <rapidcheck/gtest.h>
+
+#include <algorithm>
+#include <vector>
+
+namespace sonavo {
+namespace {
+
+using namespace Qt::StringLiterals;
+
+QList<DuplicateGroup> further(const QList<Song> &songs)
+{
+    return findFurther(songs, {}, [](double) {}).value();
+}
+
+/// Ids are fresh for each group.
+bool areAlike(const QList<DuplicateGroup> &a, const QList<DuplicateGroup> &b)
+{
+    return std::equal(a.begin(), a.end(), b.begin(), b.end(), [](const auto &left, const auto &right) {
+        return left.original == right.original && left.duplicates == right.duplicates &&
+               left.color == right.color && left.id != right.id;
+    });
+}
+
+RC_GTEST_PROP(FindFurther, AgreesWithTheDirectWay, ())
+{
+    const QList<Song> songs = *library(30);
+    RC_ASSERT(areAlike(further(songs), direct::findFurther(songs)));
+}
+
+TEST(FindFurther, AgreesWithTheDirectWayOnLibrariesAsUsersHaveThem)
+{
+    // Many of the last are similar to more others than are counted, in windows of playing times that overlap.
+    QList<Song> dense;
+    for (int i = 0; i < 140; ++i) {
+        dense << songOf(u""_s, u"Track %1 of the Complete Collection"_s.arg(i * 37 % 140, 4, 10, QChar(u'0')),
+                        180.0 + 0.06 * (i * 91 % 140));
+        dense.last().size = i * 53 % 140;
+    }
+    QList<QList<Song>> libraries{dense};
+    for (const LibraryKind kind : {LibraryKind::Realistic, LibraryKind::NumberedTracks,
+                                   LibraryKind::OneArtist, LibraryKind::TenSeconds})
+        libraries << generateLibrary({.songs = 200, .kind = kind, .seed = 7});
+    for (const QList<Song> &songs : libraries) {
+        const QList<DuplicateGroup> expected = direct::findFurther(songs);
+        EXPECT_GE(expected.size(), 2);
+        EXPECT_TRUE(areAlike(further(songs), expected));
+    }
+}
+
+TEST(FindFurther, TellsSameFromDifferentInEveryScript)
+{
+    const struct
+    {
+        QString artistA, titleA, artistB, titleB;
+        bool isSame;
+    } cases[] = {
+        {u"Кино"_s, u"Группа крови"_s, u"КИНО"_s, u"Группа крови (Live)"_s, true},
+        {u"Кино"_s, u"Группа крови"_s, u"Кино"_s, u"Звезда по имени"_s, false},
+        {u"椎名林檎"_s, u"夜"_s, u"椎名林檎"_s, u"夜 (live)"_s, true},
+        {u"椎名林檎"_s, u"夜"_s, u"椎名林檎"_s, u"朝"_s, false},
+        {u"Beyoncé"_s, u"Déjà Vu"_s, u"Beyonce"_s, u"Deja Vu"_s, true},
+        {u"Queen"_s, u"Go"_s, u"Queen"_s, u"Go"_s, false},
+        {u"Queen"_s, u"He Said"_s, u"Queen"_s, u"The Sad Said No"_s, false},
+        // "The" before an artist and a track number that only one title has do not count.
+        {u"The Enchanted"_s, u"Portal"_s, u"Enchanted"_s, u"Portal (Demo)"_s, true},
+        {u"Queen"_s, u"003-Night Song"_s, u"Queen"_s, u"Night Song - Best of"_s, true},
+        {u"Queen"_s, u"003-Night"_s, u"Queen"_s, u"014-Night"_s, false},
+        // One of ten characters may differ; each of these is one, though not one unit of UTF-16.
+        {u""_s, u"𐌰𐌱𐌲𐌳𐌴𐌵 live"_s, u""_s, u"𐌰𐌱𐌲𐌳𐌴𐌶 live"_s, true},
+        {u""_s, u"𐌰𐌱𐌲𐌳𐌴𐌵 live"_s, u""_s, u"𐌰𐌱𐌲𐌳𐌷𐌶 live"_s, false},
+    };
+    for (const auto &[artistA, titleA, artistB, titleB, isSame] : cases) {
+        const QList<Song> songs{songOf(artistA, titleA, 180.0), songOf(artistB, titleB, 185.0)};
+        EXPECT_EQ(further(songs).size(), isSame ? 1 : 0) << (titleA + u" / "_s + titleB).toStdString();
+    }
+}
+
+/// Songs of the same length, each similar only to its neighbours.
+QList<Song> chain()
+{
+    QList<Song> songs;
+    for (const char16_t *title : {u"Night Song 000", u"Night Song 001", u"Night Song 011", u"Night Song 111"})
+        songs << songOf(u"Q"_s, QString::fromUtf16(title));
+    return songs;
+}
+
+QList<int> positionsOf(const QList<Song> &songs, const DuplicateGroup &group)
+{
+    QList<int> positions;
+    for (const Song &song : membersOf(group))
+        positions << int(songs.indexOf(song));
+    return positions;
+}
+
+TEST(FindFurther, DoesNotChainAndKeepsOnlyWhatMatchesTheLargestFile)
+{
+    QList<Song> songs = chain();
+    ASSERT_EQ(further(songs).size(), 1);
+    EXPECT_EQ(positionsOf(songs, further(songs)[0]), (QList{1, 0, 2}));
+
+    // The first song does not match the largest of its star, and nothing else is left to match it.
+    songs[2].size *= 2;
+    EXPECT_EQ(positionsOf(songs, further(songs)[0]), (QList{2, 1}));
+    EXPECT_EQ(further(songs).size(), 1);
+}
+
+TEST(FindFurther, NeverTakesAFileForItsOwnCopy)
+{
+    QList<Song> songs{songOf(u"Queen"_s, u"Love"_s), songOf(u"Queen"_s, u"Love"_s)};
+    songs[1].path = songs[0].path;
+    EXPECT_TRUE(further(songs).isEmpty());
+}
+
+TEST(FindFurther, ReportsGrowingProgressAndStopsWhenAsked)
+{
+    const QList<Song> songs = generateLibrary({.songs = 5000});
+    std::vector<double> reported;
+    ASSERT_TRUE(findFurther(songs, {}, [&](double fraction) { reported.push_back(fraction); }));
+    EXPECT_TRUE(std::is_sorted(reported.begin(), reported.end()));
+    EXPECT_EQ(reported.front(), 0.0);
+    EXPECT_EQ(reported.back(), 1.0);
+
+    for (const double when : {reported[0], reported[1], reported[3], reported[reported.size() - 2]}) {
+        std::stop_source stop;
+        const auto stopThen = [&](double fraction) {
+            if (fraction >= when)
+                stop.request_stop();
+        };
+        EXPECT_FALSE(findFurther(songs, stop.get_token(), stopThen)) << when;
+    }
+}
+
+TEST(FoundOnlyFurther, LeavesOutWhatThePassesCallADuplicateOrGroupWithItsOriginal)
+{
+    const QList<Song> s = chain();
+    const DuplicateGroup further{QUuid::createUuid(), s[0], {s[1], s[2]}, 0};
+    EXPECT_EQ(foundOnlyFurther({further}, {}), (QSet{s[1].id, s[2].id}));
+    EXPECT_EQ(foundOnlyFurther({further}, {{QUuid::createUuid(), s[1], {s[0]}, 0}}), QSet{s[2].id});
+    EXPECT_EQ(foundOnlyFurther({further}, {{QUuid::createUuid(), s[3], {s[1]}, 0}}), QSet{s[2].id});
+    EXPECT_EQ(foundOnlyFurther({further}, {{QUuid::createUuid(), s[1], {s[3]}, 0}}),
+              (QSet{s[1].id, s[2].id}));
+}
+
+} // namespace
+} // namespace sonavo
