@@ -2,6 +2,7 @@
 #include "analysis/direct_analysis.h"
 #include "analysis/distance.h"
 #include "analysis/duplicate_finder.h"
+#include "analysis/find_further.h"
 #include "analysis/matching.h"
 #include "analysis/normalization.h"
 #include "fuzz/fuzzer.h"
@@ -111,6 +112,12 @@ void checkGroups(const QList<Song> &songs)
     };
     require(std::equal(groups.begin(), groups.end(), expected.begin(), expected.end(), isSame),
             "the groups are those of the direct analysis");
+
+    const QList<DuplicateGroup> further = findFurther(songs, {}, [](double) {}).value();
+    const QList<DuplicateGroup> expectedFurther = direct::findFurther(songs);
+    require(
+        std::equal(further.begin(), further.end(), expectedFurther.begin(), expectedFurther.end(), isSame),
+        "the groups of looking further are those of the direct way");
 }
 
 } // namespace

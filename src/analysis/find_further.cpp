@@ -7,6 +7,7 @@
 
 #include <algorithm>
 #include <limits>
+#include <span>
 #include <vector>
 
 namespace sonavo {
@@ -41,12 +42,57 @@ bool forEachUpTo(std::size_t count, double from, double to, const std::stop_toke
     return !stop.stop_requested();
 }
 
-/// The star of a song, or the part of it that matches its original.
-/// @return the original first; alone if nothing matches the song
-Star starOf(const QList<Song> &songs, const FurtherSongs &prepared, FurtherMatches &matches, Position centre)
+/// How many others each song matches, and which, where they are few.
+class MatchCounts
 {
-    const auto found = matches.matchesOf(centre, std::numeric_limits<std::size_t>::max());
-    Star star(found.begin(), found.end());
+public:
+    explicit MatchCounts(std::size_t songs) { m_songs.resize(songs); }
+
+    void set(Position song, std::span<const Position> matches)
+    {
+        m_songs[song] = {m_kept.size(), matches.size()};
+        if (matches.size() <= MOST_MATCHES_KEPT)
+            m_kept.insert(m_kept.end(), matches.begin(), matches.end());
+    }
+
+    [[nodiscard]] std::size_t operator[](Position song) const { return m_songs[song].count; }
+
+    /// All that match a song and are not removed, in no particular order.
+    [[nodiscard]] std::vector<Position> matchesOf(Position song, FurtherMatches &matches) const
+    {
+        const auto [begin, count] = m_songs[song];
+        if (count > MOST_MATCHES_KEPT) {
+            const auto found = matches.matchesOf(song, std::numeric_limits<std::size_t>::max());
+            return {found.begin(), found.end()};
+        }
+        std::vector<Position> found;
+        for (const Position match : std::span(m_kept).subspan(begin, count)) {
+            if (!matches.isRemoved(match))
+                found.push_back(match);
+        }
+        return found;
+    }
+
+private:
+    /// Nearly all songs match fewer others; the rest are looked for again. Limits memory, not what is found.
+    static constexpr std::size_t MOST_MATCHES_KEPT = 8;
+
+    struct Entry
+    {
+        /// The song's part of m_kept.
+        std::size_t begin = 0;
+        std::size_t count = 0;
+    };
+
+    std::vector<Entry> m_songs;
+    std::vector<Position> m_kept;
+};
+
+/// A centre and the songs that match it, or those of them that match their original.
+/// @param star the songs that match the centre
+/// @return the original first; alone if nothing matches the song
+Star starOf(const QList<Song> &songs, const FurtherSongs &prepared, Position centre, Star star)
+{
     std::sort(star.begin(), star.end(),
               [&](Position a, Position b) { return prepared[a].index < prepared[b].index; });
     star.insert(star.begin(), centre);
@@ -106,11 +152,11 @@ std::optional<QList<DuplicateGroup>> findFurther(const QList<Song> &songs, const
     reportProgress(AFTER_PREPARING);
     FurtherMatches matches(prepared);
 
-    std::vector<std::size_t> counts(prepared.size());
+    MatchCounts counts(prepared.size());
     std::vector<Position> centres;
     const auto count = [&](std::size_t i) {
         const auto song = static_cast<Position>(i);
-        counts[song] = matches.matchesOf(song, MOST_MATCHES_COUNTED).size();
+        counts.set(song, matches.matchesOf(song, MOST_MATCHES_COUNTED));
         if (counts[song] > 0)
             centres.push_back(song);
     };
@@ -124,7 +170,7 @@ std::optional<QList<DuplicateGroup>> findFurther(const QList<Song> &songs, const
     const auto makeStar = [&](std::size_t i) {
         if (matches.isRemoved(centres[i]))
             return;
-        Star star = starOf(songs, prepared, matches, centres[i]);
+        Star star = starOf(songs, prepared, centres[i], counts.matchesOf(centres[i], matches));
         if (star.size() < 2)
             return;
         for (const Position song : star)

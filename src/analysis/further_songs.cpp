@@ -68,7 +68,7 @@ bool containsWords(std::u32string_view text, std::u32string_view words)
     return false;
 }
 
-bool furtherArtistsMatch(const FurtherSongs &songs, const FurtherSong &a, const FurtherSong &b)
+bool artistsMatchFurther(const FurtherSongs &songs, const FurtherSong &a, const FurtherSong &b)
 {
     if (a.artistId == b.artistId)
         return true;
@@ -79,24 +79,34 @@ bool furtherArtistsMatch(const FurtherSongs &songs, const FurtherSong &a, const 
                MATCH_ARTIST_SIMILARITY;
 }
 
+/// A quick test before oneTitleContainsTheOther().
+bool mayOneTitleContainTheOther(const FurtherSong &a, const FurtherSong &b)
+{
+    return (a.titleBigrams & ~b.titleBigrams) == 0 || (b.titleBigrams & ~a.titleBigrams) == 0;
+}
+
 bool oneTitleContainsTheOther(const FurtherSongs &songs, const FurtherSong &a, const FurtherSong &b,
                               TrackNumber number)
 {
-    if ((a.titleBigrams & ~b.titleBigrams) != 0 && (b.titleBigrams & ~a.titleBigrams) != 0)
-        return false;
     const std::u32string_view titleA = songs.titleOf(a, number);
     const std::u32string_view titleB = songs.titleOf(b, number);
     return titleA.size() >= titleB.size() ? containsWords(titleA, titleB) : containsWords(titleB, titleA);
 }
 
-bool furtherFullTextsSimilar(const FurtherSongs &songs, const FurtherSong &a, const FurtherSong &b,
-                             TrackNumber number)
+/// A quick test before areFullTextsSimilarFurther().
+bool mayFullTextsBeSimilar(const FurtherSong &a, const FurtherSong &b, TrackNumber number)
 {
-    const FurtherSong::FullText &fullA = a.fullText(number);
-    const FurtherSong::FullText &fullB = b.fullText(number);
-    const std::size_t limit = largestDistance(std::max(fullA.length, fullB.length), MATCH_TITLE_SIMILARITY);
-    if (!mayBeWithin(limit, fullA.length, fullB.length, fullA.bag, fullB.bag))
-        return false;
+    const std::uint32_t lengthA = a.fullLength(number);
+    const std::uint32_t lengthB = b.fullLength(number);
+    const std::size_t limit = largestDistance(std::max(lengthA, lengthB), MATCH_TITLE_SIMILARITY);
+    // The bags hold the number, too.
+    const std::uint64_t otherBag = number == TrackNumber::Kept ? b.fullBag : a.fullBag;
+    return mayBeWithin(limit, lengthA, lengthB, a.fullBag, otherBag);
+}
+
+bool areFullTextsSimilarFurther(const FurtherSongs &songs, const FurtherSong &a, const FurtherSong &b,
+                                TrackNumber number)
+{
     std::u32string textA;
     std::u32string textB;
     songs.fullTextInto(textA, a, number);
@@ -130,27 +140,28 @@ void FurtherSongs::add(const Song &song, std::uint32_t index)
     const std::u32string title = normalizeAllScripts(song.title);
     if (!hasTitleWord(title))
         return;
-    std::u32string artist = normalizeAllScripts(song.artist);
-    dropLeadingThe(artist);
+    // Neighbours in a folder are mostly by one artist.
+    if (m_songs.empty() || song.artist != m_lastArtist)
+        readArtist(song.artist);
+    m_last.duration = song.duration;
+    m_last.titleId = m_titles.add(title);
+    m_last.numberLength = numberLengthOf(title);
+    m_last.titleBigrams = bigramBitsOf(titleOf(m_last, TrackNumber::Dropped));
+    fullTextInto(m_text, m_last, TrackNumber::Kept);
+    m_last.fullBag = characterBag(m_text);
+    m_last.wholeLength = static_cast<std::uint32_t>(m_text.size());
+    m_last.index = index;
+    m_songs.push_back(m_last);
+}
 
-    FurtherSong prepared;
-    prepared.duration = song.duration;
-    prepared.artistBag = characterBag(artist);
-    prepared.artistLength = static_cast<std::uint32_t>(artist.size());
-    prepared.artistId = m_artists.add(artist);
-    prepared.titleId = m_titles.add(title);
-    prepared.numberLength = numberLengthOf(title);
-    prepared.titleBigrams = bigramBitsOf(titleOf(prepared, TrackNumber::Dropped));
-    prepared.index = index;
-
-    std::u32string full;
-    const auto describe = [&](TrackNumber number) {
-        fullTextInto(full, prepared, number);
-        return FurtherSong::FullText{characterBag(full), static_cast<std::uint32_t>(full.size())};
-    };
-    prepared.whole = describe(TrackNumber::Kept);
-    prepared.withoutNumber = prepared.isNumbered() ? describe(TrackNumber::Dropped) : prepared.whole;
-    m_songs.push_back(prepared);
+void FurtherSongs::readArtist(const QString &artist)
+{
+    m_lastArtist = artist;
+    m_text = normalizeAllScripts(artist);
+    dropLeadingThe(m_text);
+    m_last.artistBag = characterBag(m_text);
+    m_last.artistLength = static_cast<std::uint32_t>(m_text.size());
+    m_last.artistId = m_artists.add(m_text);
 }
 
 void FurtherSongs::fullTextInto(std::u32string &result, const FurtherSong &song, TrackNumber number) const
@@ -170,11 +181,14 @@ bool isTitleWord(std::u32string_view word)
 bool songsMatchFurther(const FurtherSongs &songs, const FurtherSong &a, const FurtherSong &b)
 {
     // The order changes only the speed: the sooner a condition fails, the less there is to do.
-    if (!(std::abs(a.duration - b.duration) <= MATCH_DURATION_DIFF) || !furtherArtistsMatch(songs, a, b))
+    if (!(std::abs(a.duration - b.duration) <= MATCH_DURATION_DIFF))
         return false;
     const TrackNumber number = a.isNumbered() == b.isNumbered() ? TrackNumber::Kept : TrackNumber::Dropped;
-    return (a.titleId == b.titleId || oneTitleContainsTheOther(songs, a, b, number) ||
-            furtherFullTextsSimilar(songs, a, b, number)) &&
+    const bool mayContain = mayOneTitleContainTheOther(a, b);
+    const bool mayBeSimilar = mayFullTextsBeSimilar(a, b, number);
+    return (mayContain || mayBeSimilar) && artistsMatchFurther(songs, a, b) &&
+           ((mayContain && oneTitleContainsTheOther(songs, a, b, number)) ||
+            (mayBeSimilar && areFullTextsSimilarFurther(songs, a, b, number))) &&
            haveTitleWordInCommon(songs.titleOf(a, TrackNumber::Kept), songs.titleOf(b, TrackNumber::Kept));
 }
 

@@ -25,31 +25,25 @@ enum class TrackNumber
 /// their texts.
 struct FurtherSong
 {
-    /// Of artist and title joined.
-    struct FullText
-    {
-        std::uint64_t bag = 0;
-        std::uint32_t length = 0;
-    };
-
-    [[nodiscard]] const FullText &fullText(TrackNumber number) const
-    {
-        return number == TrackNumber::Kept ? whole : withoutNumber;
-    }
     [[nodiscard]] bool isNumbered() const { return numberLength > 0; }
+    /// Characters of artist and title joined.
+    [[nodiscard]] std::uint32_t fullLength(TrackNumber number) const
+    {
+        return number == TrackNumber::Kept ? wholeLength : wholeLength - numberLength;
+    }
 
     /// Seconds.
     double duration = 0.0;
-    /// characterBag() of the artist.
+    /// characterBag() of the artist, and of artist and title joined.
     std::uint64_t artistBag = 0;
-    /// Equal where the title has no track number.
-    FullText whole;
-    FullText withoutNumber;
+    std::uint64_t fullBag = 0;
     /// One bit for each pair of neighbouring characters of the title without its number; different pairs can
     /// share a bit. A title that contains another has all of its bits.
     std::uint64_t titleBigrams = 0;
+    /// Characters of the artist, of artist and title joined, and of the track number with the blank behind
+    /// it.
     std::uint32_t artistLength = 0;
-    /// Characters of the track number and the blank behind it.
+    std::uint32_t wholeLength = 0;
     std::uint32_t numberLength = 0;
     /// Equal for songs whose prepared artists are equal, and the same for titles.
     std::uint32_t artistId = 0;
@@ -96,10 +90,15 @@ public:
 
 private:
     void add(const Song &song, std::uint32_t index);
+    void readArtist(const QString &artist);
 
     BasicStringPool<char32_t> m_artists;
     BasicStringPool<char32_t> m_titles;
     std::vector<FurtherSong> m_songs;
+    /// The song that was read last, and the artist that it names.
+    FurtherSong m_last;
+    QString m_lastArtist;
+    std::u32string m_text;
 };
 
 /// Whether two titles that share this word can be those of one recording: it has at least three characters,

@@ -67,6 +67,7 @@ protected:
 const QString SAMPLES = QStringLiteral(SONAVO_SAMPLES);
 const QString REPORT = QStringLiteral("--report");
 const QString JSON = QStringLiteral("--json");
+const QString FURTHER = QStringLiteral("--further");
 
 TEST_F(ProgramTest, FindsTheDuplicatesOfTheSampleLibraryInAllFourWays)
 {
@@ -80,6 +81,17 @@ TEST_F(ProgramTest, FindsTheDuplicatesOfTheSampleLibraryInAllFourWays)
     EXPECT_EQ(report[QStringLiteral("songs")].toArray().size(), 21);
     EXPECT_EQ(report[QStringLiteral("groups")].toArray().size(), 6);
     EXPECT_EQ(errors(), "");
+}
+
+TEST_F(ProgramTest, FindsWhatOnlyLookingFurtherCanSee)
+{
+    const QByteArray song = audioContent(QStringLiteral("mp3"), 0.2);
+    for (const char *name : {"Кино - Группа крови.mp3", "Кино - Группа крови (Live).mp3"})
+        writeFile(m_folder.filePath(QString::fromUtf8(name)), song);
+    ASSERT_EQ(run({REPORT, m_folder.path()}), 0);
+    EXPECT_THAT(output(), testing::StartsWith("0 groups"));
+    ASSERT_EQ(run({REPORT, FURTHER, m_folder.path()}), 0);
+    EXPECT_THAT(output(), testing::StartsWith("Group of 2 songs"));
 }
 
 TEST_F(ProgramTest, TellsApartSuccessNothingFoundAndUnusableArguments)
@@ -101,6 +113,7 @@ TEST_F(ProgramTest, TellsApartSuccessNothingFoundAndUnusableArguments)
         {{REPORT, QString()}, 2, "", "sonavo: no such file or folder"},
         {{REPORT}, 2, "", "sonavo: --report needs"},
         {{JSON, SAMPLES}, 2, "", "sonavo: --json needs"},
+        {{FURTHER, SAMPLES}, 2, "", "sonavo: --further needs"},
         {{REPORT, QStringLiteral("--loud"), SAMPLES}, 2, "", "sonavo: "},
         {{}, 1, "", "sonavo: there is no display"},
         {{QStringLiteral("--help")}, 0, "Usage: sonavo", ""},

@@ -51,6 +51,28 @@ TEST_F(ReportTest, AlignsTheRowsOfAGroupAndAddsUp)
               "1 group \u2022 2 duplicate files \u2022 5 MB to free \u2022 3 songs scanned\n");
 }
 
+TEST_F(ReportTest, TellsWhatOnlyLookingFurtherFound)
+{
+    const OnlyFurther onlyFurther = QSet{songs[1].id};
+    ASSERT_TRUE(writeTextReport(output, songs, {groups[0]}, onlyFurther));
+    const std::string text = output.data().toStdString();
+    EXPECT_NE(text.find("  DUPLICATE   a.mp3 "), text.npos) << text;
+    EXPECT_NE(text.find("  DUPLICATE*  二.mp3 "), text.npos) << text;
+    EXPECT_TRUE(text.ends_with("\n* 1 duplicate found only by looking further: listen before you delete\n"));
+
+    const auto firstGroup = [this](const OnlyFurther &only) {
+        QBuffer json;
+        json.open(QIODevice::WriteOnly);
+        EXPECT_TRUE(writeJsonReport(json, songs, groups, only));
+        return QJsonDocument::fromJson(json.data())[u"groups"_s][0].toObject();
+    };
+    EXPECT_EQ(firstGroup(onlyFurther)[u"foundBy"_s], u"further"_s);
+    EXPECT_EQ(firstGroup(onlyFurther)[u"onlyFurther"_s].toArray(), QJsonArray{1});
+    EXPECT_EQ(firstGroup(QSet<QUuid>())[u"foundBy"_s], u"passes"_s);
+    EXPECT_EQ(firstGroup(QSet<QUuid>())[u"onlyFurther"_s].toArray(), QJsonArray());
+    EXPECT_FALSE(firstGroup(std::nullopt).contains(u"foundBy"_s));
+}
+
 TEST_F(ReportTest, WritesJsonThatReadsBackExactly)
 {
     ASSERT_TRUE(writeJsonReport(output, songs, groups));
