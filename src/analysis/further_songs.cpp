@@ -107,6 +107,13 @@ bool mayFullTextsBeSimilar(const FurtherSong &a, const FurtherSong &b, TrackNumb
 bool areFullTextsSimilarFurther(const FurtherSongs &songs, const FurtherSong &a, const FurtherSong &b,
                                 TrackNumber number)
 {
+    if (a.artistId == b.artistId) {
+        // What two texts begin with alike does not change their distance.
+        const std::uint32_t longer = std::max(a.fullLength(number), b.fullLength(number));
+        const std::size_t distance = levenshteinDistance(songs.titleOf(a, number), songs.titleOf(b, number),
+                                                         largestDistance(longer, MATCH_TITLE_SIMILARITY));
+        return 1.0 - static_cast<double>(distance) / longer >= MATCH_TITLE_SIMILARITY;
+    }
     std::u32string textA;
     std::u32string textB;
     songs.fullTextInto(textA, a, number);

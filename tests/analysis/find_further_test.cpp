@@ -67,7 +67,7 @@ TEST(FindFurther, TellsSameFromDifferentInEveryScript)
         {u"椎名林檎"_s, u"夜"_s, u"椎名林檎"_s, u"朝"_s, false},
         {u"Beyoncé"_s, u"Déjà Vu"_s, u"Beyonce"_s, u"Deja Vu"_s, true},
         {u"Queen"_s, u"Go"_s, u"Queen"_s, u"Go"_s, false},
-        {u"Queen"_s, u"He Said"_s, u"Queen"_s, u"The Sad Said No"_s, false},
+        {u"Queen"_s, u"He Said"_s, u"Queen"_s, u"The Said Thing"_s, false},
         // "The" before an artist and a track number that only one title has do not count.
         {u"The Enchanted"_s, u"Portal"_s, u"Enchanted"_s, u"Portal (Demo)"_s, true},
         {u"Queen"_s, u"003-Night Song"_s, u"Queen"_s, u"Night Song - Best of"_s, true},
