@@ -52,8 +52,7 @@ Look readableFile(const QString &path)
     if (const auto *reason = std::get_if<int>(&snapshot))
         return unreadable(*reason);
     const auto &file = std::get<FileSnapshot>(snapshot);
-    const bool hasLostItsName = file.hardLinks == 0 && file.hasLastingInode;
-    if (!S_ISREG(file.mode) || hasLostItsName)
+    if (!S_ISREG(file.mode) || hasLostItsNames(file))
         return QLatin1String(GONE);
     return KnownFile{resolved, file};
 }

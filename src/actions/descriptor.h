@@ -27,11 +27,23 @@ public:
     /// As in errno; 0 if the file was opened.
     [[nodiscard]] int error() const { return m_error; }
 
-    void close()
+    /// Writes all of it at the current position.
+    /// @return an error number, 0 for success; ENOSPC if only a part could be written, which stays
+    [[nodiscard]] int write(const QByteArray &content) const
     {
-        if (m_descriptor >= 0)
-            ::close(m_descriptor);
+        const ssize_t written =
+            ::write(m_descriptor, content.constData(), static_cast<size_t>(content.size()));
+        if (written < 0)
+            return errno;
+        return written == content.size() ? 0 : ENOSPC;
+    }
+
+    /// @return an error number, 0 for success: network file systems may tell only now that a disk is full
+    int close()
+    {
+        const int result = m_descriptor >= 0 ? ::close(m_descriptor) : 0;
         m_descriptor = -1;
+        return result == 0 ? 0 : errno;
     }
 
 private:

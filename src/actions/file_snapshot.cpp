@@ -101,8 +101,8 @@ FileState compare(const std::variant<FileSnapshot, int> &snapshot, const KnownFi
     if (const auto *error = std::get_if<int>(&snapshot))
         return meansGone(*error) && isNothingAt(file.path) ? FileState::Gone : FileState::Unknown;
     const auto &now = std::get<FileSnapshot>(snapshot);
-    const bool hasLostItsNames = now.hasLastingInode && now.hardLinks == 0 && before.hardLinks > 0;
-    return isSameFile(now, before) && !hasLostItsNames ? FileState::Same : FileState::Unknown;
+    const bool wasRemoved = hasLostItsNames(now) && before.hardLinks > 0;
+    return isSameFile(now, before) && !wasRemoved ? FileState::Same : FileState::Unknown;
 }
 
 } // namespace
@@ -126,6 +126,11 @@ bool isUntouched(const FileSnapshot &a, const FileSnapshot &b)
     const bool haveInodes = a.hasLastingInode && b.hasLastingInode;
     return isSameFile(a, b) &&
            (!haveInodes || (a.mode == b.mode && a.changed == b.changed && a.hardLinks == b.hardLinks));
+}
+
+bool hasLostItsNames(const FileSnapshot &snapshot)
+{
+    return snapshot.hasLastingInode && snapshot.hardLinks == 0;
 }
 
 FileNote noteOf(const FileSnapshot &snapshot)

@@ -44,6 +44,9 @@ struct FileSnapshot
 /// far as its file system can tell.
 [[nodiscard]] bool isUntouched(const FileSnapshot &a, const FileSnapshot &b);
 
+/// Whether a file that is still open has no name any more.
+[[nodiscard]] bool hasLostItsNames(const FileSnapshot &snapshot);
+
 [[nodiscard]] FileNote noteOf(const FileSnapshot &snapshot);
 
 /// Whether a file is the one that was noted, with the same content. The rule of isSameFile().

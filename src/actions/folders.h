@@ -11,7 +11,7 @@ namespace sonavo {
 // these.
 
 /// The user's folder for data of programs, $XDG_DATA_HOME or $HOME/.local/share; empty when there is no home.
-/// Relative paths do not count, as the XDG Base Directory Specification demands.
+/// Relative paths do not count, as freedesktop.org's rules for base directories demand.
 [[nodiscard]] QString userDataFolder();
 
 /// Makes a folder and all missing ones above it, so that they survive a loss of power. It may exist.

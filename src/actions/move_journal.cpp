@@ -194,18 +194,21 @@ bool MoveJournal::openFile()
     constexpr mode_t OWNER_ONLY = 0700;
     if (makeFolders(QFile::encodeName(m_folder), OWNER_ONLY) != 0)
         return false;
-    const QString name = QStringLiteral("/%1.moves").arg(QRandomGenerator::system()->generate64(), 0, 16);
-    m_path = QFile::encodeName(m_folder + name);
-    m_file = ::open(m_path.constData(), O_RDWR | O_CREAT | O_EXCL | O_APPEND | O_CLOEXEC, 0600);
-    if (m_file < 0)
-        return false;
-    // Another process can have taken it for that of one that has ended, before it was locked.
-    struct stat status = {};
-    if (::flock(m_file, LOCK_EX | LOCK_NB) == 0 && ::fstat(m_file, &status) == 0 && status.st_nlink > 0)
-        return true;
-    ::unlink(m_path.constData());
-    ::close(std::exchange(m_file, -1));
-    m_folder.clear(); // not once for every file
+    // Whoever looks for journals of processes that have ended can find one before it is locked, and takes it.
+    constexpr int MAX_ATTEMPTS = 20;
+    for (int i = 0; i < MAX_ATTEMPTS; ++i) {
+        const QString name = QStringLiteral("/%1.moves").arg(QRandomGenerator::system()->generate64(), 0, 16);
+        m_path = QFile::encodeName(m_folder + name);
+        m_file = ::open(m_path.constData(), O_RDWR | O_CREAT | O_EXCL | O_APPEND | O_CLOEXEC, 0600);
+        if (m_file < 0)
+            return false;
+        struct stat status = {};
+        if (::flock(m_file, LOCK_EX | LOCK_NB) == 0 && ::fstat(m_file, &status) == 0 && status.st_nlink > 0)
+            return true;
+        ::unlink(m_path.constData());
+        ::close(std::exchange(m_file, -1));
+    }
+    m_folder.clear(); // not once for every file: a file system without locks
     return false;
 }
 

@@ -95,9 +95,8 @@ public:
     /// @return an error number, 0 for success
     [[nodiscard]] int append(const QByteArray &text) const
     {
-        const ssize_t size = ::write(m_file.get(), text.constData(), static_cast<std::size_t>(text.size()));
-        if (size != text.size())
-            return size < 0 ? errno : ENOSPC;
+        if (const int error = m_file.write(text))
+            return error;
         return ::fdatasync(m_file.get()) == 0 ? 0 : errno;
     }
 

@@ -6,6 +6,7 @@
 
 #include "actions/trash.h"
 
+#include "actions/descriptor.h"
 #include "actions/folders.h"
 #include "actions/move_journal.h"
 #include "actions/volume.h"
@@ -155,22 +156,20 @@ QByteArray trashInfo(const fs::path &file, const Trash &trash)
 }
 
 /// Writes a new file and flushes it to the disk.
-std::error_code writeNew(const fs::path &path, QByteArrayView content)
+/// @return an error number, 0 for success
+int writeNew(const fs::path &path, const QByteArray &content)
 {
-    const int file = ::open(path.c_str(), O_WRONLY | O_CREAT | O_EXCL | O_CLOEXEC, 0600);
-    if (file < 0)
-        return lastError();
-    const ssize_t written = ::write(file, content.data(), static_cast<std::size_t>(content.size()));
-    std::error_code error = written < 0 ? lastError() : std::error_code();
-    if (written >= 0 && written < content.size())
-        error = std::make_error_code(std::errc::no_space_on_device);
-    if (!error && ::fsync(file) != 0)
-        error = lastError();
-    if (::close(file) != 0 && !error) // where network file systems tell of a full disk
-        error = lastError();
-    if (!error)
-        error = toErrorCode(flushFolder(toBytes(path.parent_path())));
-    if (error)
+    Descriptor file(toBytes(path), O_WRONLY | O_CREAT | O_EXCL, 0600);
+    if (file.error() != 0)
+        return file.error();
+    int error = file.write(content);
+    if (error == 0 && ::fsync(file.get()) != 0)
+        error = errno;
+    if (const int closingError = file.close(); error == 0)
+        error = closingError;
+    if (error == 0)
+        error = flushFolder(toBytes(path.parent_path()));
+    if (error != 0)
         ::unlink(path.c_str());
     return error;
 }
@@ -257,10 +256,10 @@ MoveResult fillSlot(TrashedFile &trashed, const MoveOptions &options)
     const QByteArray from = trashed.file.originalPath;
     const QByteArray to = trashed.file.path;
     MoveJournal::Entry entry = recordInfo(trashed, options.journal);
-    if (const std::error_code error = writeNew(trashed.infoFile.constData(), trashed.info)) {
-        if (error != std::errc::file_exists)
+    if (const int error = writeNew(trashed.infoFile.constData(), trashed.info)) {
+        if (error != EEXIST)
             keepUnlessGone(trashed, entry);
-        return {.state = MoveResult::State::NotMoved, .error = error.value()};
+        return {.state = MoveResult::State::NotMoved, .error = error};
     }
     const auto before = takeSnapshot(from);
     MoveResult result = renameWithoutReplacing(from, to, options);

@@ -14,22 +14,11 @@
 namespace sonavo {
 namespace {
 
-class JobJournal
+CleanUpOptions optionsFor(MoveJournal &journal, const FileJob::Control &control, const FileNotes &notes)
 {
-public:
-    JobJournal() { removeLeftoversLater(); }
-
-    [[nodiscard]] CleanUpOptions options(const FileJob::Control &control, const FileNotes &notes)
-    {
-        return {.stop = control.stop,
-                .journal = &m_journal,
-                .notes = notes,
-                .reportProgress = control.reportProgress};
-    }
-
-private:
-    MoveJournal m_journal{moveJournalFolder()};
-};
+    return {
+        .stop = control.stop, .journal = &journal, .notes = notes, .reportProgress = control.reportProgress};
+}
 
 QSet<QUuid> idsOf(const QList<Song> &songs)
 {
@@ -147,8 +136,9 @@ CleanedUp cleanUp(const CleanUpPlan &plan, const FileJob::Control &control)
             std::make_shared<DuplicatesFolder>(std::get<DuplicatesFolder>(std::move(folder)));
     }
 
-    JobJournal journal;
-    const CleanUpOptions options = journal.options(control, plan.basis.notes);
+    removeLeftoversLater();
+    MoveJournal journal(moveJournalFolder());
+    const CleanUpOptions options = optionsFor(journal, control, plan.basis.notes);
     const CleanUpOutcome outcome = plan.target == CleanUpTarget::Folder
                                        ? moveDuplicates(plan.groups, *result.summary.folder, options)
                                        : trashDuplicates(plan.groups, options);
@@ -175,7 +165,8 @@ DeletedSong deleteSong(const Song &song, const QList<DuplicateGroup> &groups, co
 {
     DeletedSong result;
     result.history = basis.history;
-    JobJournal journal;
+    removeLeftoversLater();
+    MoveJournal journal(moveJournalFolder());
     if (isGone(song.path)) {
         result.wasGone = true;
         result.history.addRemoval(basis.scan.id, {.songs = {song.id}, .members = {}, .cleanedUp = {}});
@@ -185,7 +176,7 @@ DeletedSong deleteSong(const Song &song, const QList<DuplicateGroup> &groups, co
     QList<DuplicateGroup> groupsOfSong;
     std::ranges::copy_if(groups, std::back_inserter(groupsOfSong),
                          [&song](const DuplicateGroup &group) { return isMember(group, song.id); });
-    const auto trashed = trashSong(song, groupsOfSong, journal.options(control, basis.notes));
+    const auto trashed = trashSong(song, groupsOfSong, optionsFor(journal, control, basis.notes));
     if (const auto *failure = std::get_if<Failure>(&trashed)) {
         result.failure = *failure;
         return result;
@@ -206,8 +197,9 @@ DeletedSong deleteSong(const Song &song, const QList<DuplicateGroup> &groups, co
 UndoneStep undoNext(const WorkBasis &basis, const FileJob::Control &control)
 {
     const std::shared_ptr<const UndoStep> step = basis.history.next();
-    JobJournal journal;
-    const UndoOutcome outcome = putBack(step->files, journal.options(control, {}));
+    removeLeftoversLater();
+    MoveJournal journal(moveJournalFolder());
+    const UndoOutcome outcome = putBack(step->files, optionsFor(journal, control, {}));
 
     UndoneStep result;
     result.history = basis.history;

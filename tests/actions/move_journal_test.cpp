@@ -6,7 +6,9 @@
 #include <sys/wait.h>
 #include <unistd.h>
 
+#include <algorithm>
 #include <functional>
+#include <thread>
 
 namespace sonavo {
 namespace {
@@ -122,6 +124,23 @@ TEST_F(MoveJournalTest, LeavesAloneWhatALivingProcessHasRecorded)
     }
     const fs::path journal = fs::directory_iterator(moveJournalFolder().toStdString())->path();
     EXPECT_EQ(fs::file_size(journal), 0U);
+}
+
+TEST_F(MoveJournalTest, RecordsEverythingWhileOthersLookForJournals)
+{
+    const std::jthread others([](const std::stop_token &stop) {
+        while (!stop.stop_requested())
+            cleanUpUnfinishedMoves(moveJournalFolder());
+    });
+    int recorded = 0;
+    constexpr int JOURNALS = 8000;
+    for (int i = 0; i < JOURNALS; ++i) {
+        MoveJournal journal(moveJournalFolder());
+        const auto entry = journal.record(leftover(Kind::Copy, "new/.copy"));
+        const fs::directory_iterator files(moveJournalFolder().toStdString());
+        recorded += std::ranges::any_of(files, [](const auto &file) { return file.file_size() > 0; });
+    }
+    EXPECT_EQ(recorded, JOURNALS);
 }
 
 TEST_F(MoveJournalTest, WaitsForADiskThatIsNotThere)
