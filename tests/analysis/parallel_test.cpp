@@ -18,7 +18,7 @@ TEST(Parallel, DoesEachPieceOnceOnSeveralThreadsWithAStateForEach)
     for (const std::size_t count : {std::size_t{0}, std::size_t{1}, std::size_t{7}, std::size_t{100'001}}) {
         std::vector<std::atomic<int>> calls(count);
         EXPECT_TRUE(forEachInParallel(
-            count, 8, {}, [] { return QThread::currentThread(); },
+            count, 8, {}, [](std::size_t) { return QThread::currentThread(); },
             [&](QThread *thread, std::size_t i) {
                 calls[i] += thread == QThread::currentThread() ? 1 : 100;
             }));
