@@ -19,17 +19,23 @@ QString separator()
     return QStringLiteral(" \u2022 ");
 }
 
-/// "1 file", "1,234 files"
-QString counted(qint64 number, const QString &noun)
-{
-    return groupedNumber(number) + u' ' + noun + (number == 1 ? QString() : QStringLiteral("s"));
-}
-
 } // namespace
 
 QString groupedNumber(qint64 number)
 {
     return QLocale(QLocale::English, QLocale::UnitedStates).toString(number);
+}
+
+QString counted(qint64 number, const QString &noun)
+{
+    return groupedNumber(number) + u' ' + noun + (number == 1 ? QString() : QStringLiteral("s"));
+}
+
+QString moreFoundText(qint64 duplicates)
+{
+    const QString found = duplicates == 0 ? QStringLiteral("No more duplicates")
+                                          : counted(duplicates, QStringLiteral("more duplicate"));
+    return found + QStringLiteral(" found");
 }
 
 QString descriptionOf(const DuplicateTotals &duplicates, CleanUpTarget target)

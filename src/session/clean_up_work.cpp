@@ -126,6 +126,23 @@ void summarize(const CleanUpOutcome &outcome, const CleanUpPlan &plan, CleanedUp
 
 } // namespace
 
+WorkBasis basisOf(const Library &library)
+{
+    return {library.scanResult(), library.notes(), library.history(), library.duplicateGroups()};
+}
+
+QSet<QUuid> songsHidden(const QList<DuplicateGroup> &before, const QList<DuplicateGroup> &after)
+{
+    QSet<QUuid> ids;
+    for (const DuplicateGroup &group : before)
+        ids.unite(idsOf(membersOf(group)));
+    for (const DuplicateGroup &group : after) {
+        if (!group.duplicates.isEmpty())
+            ids.subtract(idsOf(membersOf(group)));
+    }
+    return ids;
+}
+
 void removeLeftoversLater()
 {
     diskThreads().start([] { cleanUpUnfinishedMoves(moveJournalFolder()); });
@@ -170,8 +187,7 @@ CleanedUp cleanUp(const CleanUpPlan &plan, const FileJob::Control &control)
     return result;
 }
 
-DeletedSong deleteSong(const Song &song, const QList<DuplicateGroup> &groups, const WorkBasis &basis,
-                       const FileJob::Control &control)
+DeletedSong deleteSong(const Song &song, const WorkBasis &basis, const FileJob::Control &control)
 {
     DeletedSong result;
     result.history = basis.history;
@@ -183,7 +199,7 @@ DeletedSong deleteSong(const Song &song, const QList<DuplicateGroup> &groups, co
         return result;
     }
     QList<DuplicateGroup> groupsOfSong;
-    std::ranges::copy_if(groups, std::back_inserter(groupsOfSong),
+    std::ranges::copy_if(basis.groups, std::back_inserter(groupsOfSong),
                          [&song](const DuplicateGroup &group) { return isMember(group, song.id); });
     const auto trashed = trashSong(song, groupsOfSong, journal.options(control, basis.notes));
     if (const auto *failure = std::get_if<Failure>(&trashed)) {
@@ -206,8 +222,11 @@ DeletedSong deleteSong(const Song &song, const QList<DuplicateGroup> &groups, co
 UndoneStep undoNext(const WorkBasis &basis, const FileJob::Control &control)
 {
     const std::shared_ptr<const UndoStep> step = basis.history.next();
-    JobJournal journal;
-    const UndoOutcome outcome = putBack(step->files, journal.options(control, {}));
+    UndoOutcome outcome;
+    if (!step->files.isEmpty()) {
+        JobJournal journal;
+        outcome = putBack(step->files, journal.options(control, {}));
+    }
 
     UndoneStep result;
     result.history = basis.history;
@@ -218,9 +237,11 @@ UndoneStep undoNext(const WorkBasis &basis, const FileJob::Control &control)
     result.failures = outcome.failures + outcome.gone;
     result.notReached = step->files.size() - result.restored - result.failures.size();
     result.summaryBefore = step->summaryBefore;
-    result.changesLists = step->scan == basis.scan.id && result.restored > 0;
-    if (result.changesLists)
+    result.changesLists = step->scan == basis.scan.id && (result.restored > 0 || step->files.isEmpty());
+    if (result.changesLists) {
         result.lists = result.history.applyTo(basis.scan);
+        result.hidden = songsHidden(basis.groups, result.lists.groups);
+    }
     return result;
 }
 

@@ -28,7 +28,7 @@ QCoro::Task<QStringList> discoverFiles(QList<QUrl> urls, std::shared_ptr<Pauses>
     co_return co_await discovery.result();
 }
 
-/// The others are not kept: only songs in groups can be cleaned up.
+/// The others are not needed yet: only songs in groups can be cleaned up.
 FileNotes notesOfMembers(const QList<DuplicateGroup> &groups, const ReadSongs &read)
 {
     FileNotes notes;
@@ -86,10 +86,10 @@ public:
             state.message = message;
         });
     }
-    void publishSongs(const QList<Song> &songs) const
+    void publishSongs(const ReadSongs &read) const
     {
         if (isCurrent())
-            m_scan->m_library.setSongs(songs);
+            m_scan->m_library.setSongs(read.songs, read.notes);
     }
     void publishGroups(const QList<DuplicateGroup> &groups, const FileNotes &notes) const
     {
@@ -176,7 +176,7 @@ QCoro::Task<> Scan::scan(Run run, QList<QUrl> urls, std::shared_ptr<Pauses> paus
         co_await readSongs(std::exchange(files, {}), pauses, run.stop(), showProgress);
     if (!read)
         co_return;
-    run.publishSongs(read->songs);
+    run.publishSongs(*read);
     if (!run.showStep(0.33, QStringLiteral("Step 2/4: Preparing for duplicate analysis...")))
         co_return;
     if (read->songs.isEmpty()) {
