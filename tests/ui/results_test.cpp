@@ -420,6 +420,39 @@ TEST_F(ResultsTest, TakesBackByToastKeyAndSummaryWhatItHasDone)
     EXPECT_TRUE(waitFor(isAsBefore)) << "while the list has the focus";
 }
 
+TEST_F(ResultsTest, FindsMoreAndMarksWhatOnlyThatHasFound)
+{
+    scan(SAMPLES);
+    const QString firstHint = u"Found 7 duplicate files \u2022 Use speaker icon to verify before deleting"_s;
+    ASSERT_TRUE(waitForText(firstHint));
+    const std::vector<std::string> before = names();
+    press(Qt::Key_F, Qt::ControlModifier | Qt::ShiftModifier);
+    ASSERT_TRUE(waitForText(u"Found 8 duplicate files \u2022 1 more duplicate found \u2022 "
+                            "Use speaker icon to verify before deleting"_s));
+    EXPECT_TRUE(waitForText(u"1 more duplicate found"_s));
+    const QString reason =
+        u"Found only by comparing every song with every other. Listen before you delete it."_s;
+    EXPECT_EQ(rows()[2].node->text(QAccessible::Name),
+              u"Duplicate, Ada Finch - Glass Road.flac, FLAC, 0:01, 22 KB, Albums, "_s + reason);
+    EXPECT_FALSE(rows()[1].node->text(QAccessible::Name).contains(reason));
+    for (const int x : {70, 71})
+        QTest::mouseMove(window, QPoint(x, rows()[2].rect.center().y()));
+    EXPECT_TRUE(waitFor([&] { return find(QAccessible::ToolTip, reason) != nullptr; }));
+
+    for (int stops = 0; stops < 20 && focusedName() != u"Return to First Result"; ++stops)
+        press(Qt::Key_Tab);
+    press(Qt::Key_Return);
+    EXPECT_TRUE(waitForText(firstHint));
+    EXPECT_EQ(names(), before);
+    EXPECT_EQ(focusedName(), u"Find More Duplicates");
+
+    scan({QUrl::fromLocalFile(QStringLiteral(SONAVO_SAMPLES "/Laptop"))});
+    ASSERT_TRUE(waitForText(u"Perfect! No Duplicates Found"_s));
+    click(u"Find More Duplicates"_s);
+    EXPECT_TRUE(waitForText(u"No more duplicates found"_s));
+    EXPECT_TRUE(shows(u"Perfect! No Duplicates Found"_s));
+}
+
 TEST_F(ResultsTest, NamesTheFilesThatACleanUpCouldNotMove)
 {
     showGroups({2, 2});

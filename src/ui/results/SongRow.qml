@@ -8,6 +8,7 @@ Item {
     required property var song
     required property bool isPlaying
     required property bool isOriginal
+    required property string furtherReason
     required property string durationText
     required property string sizeText
     required property string description
@@ -91,13 +92,11 @@ Item {
         onClicked: row.play()
     }
 
-    PlainText {
-        x: TableColumns.badgeX
+    SongBadge {
+        x: TableColumns.badgeX - markWidth
         anchors.verticalCenter: parent.verticalCenter
-        text: row.isOriginal ? "ORIGINAL   " : "DUPLICATE"
-        font: TableColumns.badgeFont
-        color: row.isOriginal ? Colors.original : Colors.duplicate
-        Accessible.ignored: true
+        isOriginal: row.isOriginal
+        furtherReason: row.furtherReason
     }
 
     Cell {

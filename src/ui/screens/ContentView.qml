@@ -56,7 +56,12 @@ FocusScope {
     Timer {
         interval: 0
         running: view.Window.activeFocusItem === view
-        onTriggered: (results.visible ? results : progress.visible ? progress : welcome).forceActiveFocus()
+        onTriggered: {
+            if (results.visible)
+                results.focusContent();
+            else
+                (progress.visible ? progress : welcome).forceActiveFocus();
+        }
     }
 
     Connections {

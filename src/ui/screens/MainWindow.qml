@@ -12,6 +12,7 @@ ApplicationWindow {
     required property ThemeManager themeManager
 
     readonly property bool canChange: !viewModel.isCleaningUp
+    readonly property bool hasResult: viewModel.songCount > 0 && !viewModel.isScanning
 
     title: qsTr("Sonavo")
     width: 1100
@@ -36,6 +37,18 @@ ApplicationWindow {
                     shortcut: "Ctrl+L"
                     enabled: window.canChange
                     onTriggered: window.viewModel.clearAll()
+                }
+                ThemedMenuSeparator {}
+                Action {
+                    text: qsTr("Find More Duplicates")
+                    shortcut: "Ctrl+Shift+F"
+                    enabled: window.canChange && window.hasResult && !window.viewModel.isFurtherResult
+                    onTriggered: window.viewModel.findMore()
+                }
+                Action {
+                    text: qsTr("Return to First Result")
+                    enabled: window.canChange && window.hasResult && window.viewModel.isFurtherResult
+                    onTriggered: window.viewModel.returnToFirstResult()
                 }
                 ThemedMenuSeparator {}
                 Action {
