@@ -245,6 +245,7 @@ TEST_F(WindowTest, ShowsTheLatestToastUntilItIsClosed)
         QAccessibleInterface *toast = find(QAccessible::Notification, LONG_TOAST);
         ASSERT_NE(toast, nullptr);
         EXPECT_LE(rectOf(toast->object()).width(), 500);
+        EXPECT_TRUE(waitFor([&] { return rectOf(toast->object()).bottom() < window->height() - 40; }));
         expectAccessible();
         EXPECT_THAT(alerts, ElementsAre(LONG_TOAST)) << "announced once";
         alerts.clear();
@@ -258,6 +259,22 @@ TEST_F(WindowTest, ShowsTheLatestToastUntilItIsClosed)
     EXPECT_TRUE(waitFor([] { return alerts == QStringList{u"One moment"_s, LONG_TOAST}; }));
     session.showToast(LONG_TOAST, ToastType::Success);
     EXPECT_TRUE(waitFor([] { return alerts.size() == 3; })) << "the same again is announced again";
+}
+
+TEST_F(WindowTest, SlidesAToastInAndFadesItOutWhereItIs)
+{
+    session.showToast(u"One moment"_s, ToastType::Info);
+    ASSERT_TRUE(waitFor([this] { return find(QAccessible::Notification, u"One moment"_s) != nullptr; }));
+    const auto *toast =
+        qobject_cast<QQuickItem *>(find(QAccessible::Notification, u"One moment"_s)->object());
+    const double start = toast->y();
+    EXPECT_TRUE(waitFor([&] { return toast->opacity() == 1.0 && toast->y() < start - 40; })) << start;
+    QTest::qWait(700);
+    const double rest = toast->y();
+    session.setShowToast(false);
+    EXPECT_TRUE(waitFor([&] { return toast->opacity() < 0.5; }));
+    EXPECT_EQ(toast->y(), rest);
+    EXPECT_TRUE(waitFor([&] { return !toast->isVisible(); }));
 }
 
 TEST_F(WindowTest, ClosesWhatIsOnTopWithEscapeAndKeepsTheWorkingArea)
@@ -348,7 +365,12 @@ TEST_F(WindowTest, LetsTheKeyboardReachEveryButtonAndShowsWhereItIs)
 
 TEST_F(WindowTest, HasMenusAThemeButtonAndAnAboutSheet)
 {
-    activate(TO_DARK);
+    QTest::mouseMove(window, rectOf(find(QAccessible::Button, TO_DARK)->object()).center());
+    EXPECT_TRUE(waitForText(TO_DARK));
+    click(TO_DARK);
+    QTest::qWait(700);
+    EXPECT_EQ(find(QAccessible::ToolTip, u"Switch to the light theme"_s), nullptr)
+        << "until the pointer returns";
     EXPECT_EQ(ThemeManager::shared()->currentTheme(), AppTheme::Dark);
     for (const auto &[menu, entry] : {std::pair(u"File"_s, u"Quit"_s), std::pair(u"Window"_s, u"Minimize"_s),
                                       std::pair(u"Help"_s, u"About Sonavo"_s)}) {
