@@ -76,6 +76,7 @@ Rectangle {
             id: toolTip
             text: themeButton.isDark ? qsTr("Switch to the light theme") : qsTr("Switch to the dark theme")
             isHovered: themeButton.hovered
+            isPressed: themeButton.down
         }
     }
 
