@@ -1,5 +1,6 @@
 #include "session/clean_up.h"
 
+#include "model/visible_controls.h"
 #include "session/clean_up_text.h"
 #include "session/release.h"
 
@@ -207,7 +208,8 @@ void CleanUp::publish(quint64 scan, const Song &song, const DeletedSong &deleted
     }
     if (!self || deleted.wasGone)
         return;
-    notices.showToast(QStringLiteral("Moved to Trash: %1").arg(song.name), ToastType::Success, undoAction());
+    notices.showToast(QStringLiteral("Moved to Trash: %1").arg(withVisibleControls(song.name)),
+                      ToastType::Success, undoAction());
     if (self && isShown(scan))
         library.show(deleted.lists);
     // The user can have started one meanwhile that has no row any more.

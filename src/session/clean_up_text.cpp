@@ -1,6 +1,7 @@
 #include "session/clean_up_text.h"
 
 #include "model/byte_count.h"
+#include "model/visible_controls.h"
 
 #include <QLocale>
 #include <QStringList>
@@ -104,7 +105,8 @@ QString undoAlertText(const QList<SongFailure> &failures)
     QStringList lines{counted(failures.size(), QStringLiteral("file")) +
                       QStringLiteral(" could not be put back:")};
     for (const SongFailure &failure : failures.first(std::min(failures.size(), MOST_NAMES)))
-        lines.append(QStringLiteral("\u2022 %1: %2").arg(failure.song.name, failure.reason));
+        lines.append(QStringLiteral("\u2022 %1: %2")
+                         .arg(withVisibleControls(failure.song.name), withVisibleControls(failure.reason)));
     if (failures.size() > MOST_NAMES)
         lines.append(QStringLiteral("and %1 more").arg(groupedNumber(failures.size() - MOST_NAMES)));
     return lines.join(u'\n');

@@ -1,5 +1,6 @@
 #include "session/duplicate_view_model.h"
 
+#include "model/visible_controls.h"
 #include "session/clean_up_text.h"
 
 #include <QFileInfo>
@@ -179,6 +180,11 @@ QString DuplicateViewModel::moreFoundDescription() const
 void DuplicateViewModel::keepCopiesInFolderOf(const Song &song)
 {
     m_review.keepCopiesIn(QFileInfo(song.path).path());
+}
+
+QString DuplicateViewModel::playingName() const
+{
+    return currentlyPlayingSong() ? withVisibleControls(currentlyPlayingSong()->name) : QString();
 }
 
 QString DuplicateViewModel::cleanUpHeadline() const

@@ -56,6 +56,8 @@ class DuplicateViewModel : public QObject
     /// Undefined without a preview.
     Q_PROPERTY(
         QVariant currentlyPlayingSong READ currentlyPlayingSongVariant NOTIFY currentlyPlayingSongChanged)
+    /// Name of that song as it is shown; empty without a preview.
+    Q_PROPERTY(QString playingName READ playingName NOTIFY currentlyPlayingSongChanged)
     /// Whether the user must be asked about the import of pendingImportURLs. Set to false when the question
     /// is closed.
     Q_PROPERTY(
@@ -135,6 +137,7 @@ public:
     [[nodiscard]] const QString &alertMessage() const { return m_notices.state().alertMessage; }
     [[nodiscard]] PreviewPlayer *player() const { return m_preview.state().player; }
     [[nodiscard]] const std::optional<Song> &currentlyPlayingSong() const { return m_preview.state().song; }
+    [[nodiscard]] QString playingName() const;
     [[nodiscard]] bool showLimitWarning() const { return m_importer.state().isAsking; }
     [[nodiscard]] const QList<QUrl> &pendingImportURLs() const { return m_importer.state().pendingUrls; }
     [[nodiscard]] bool showToast() const { return m_notices.state().isToastShown; }

@@ -92,5 +92,27 @@ TEST_F(PlainTextTest, ShowsNamesAsTheyAreWritten)
     EXPECT_FALSE(picture.sawOpening());
 }
 
+TEST_F(PlainTextTest, ShowsControlsInNamesAndEveryNameBesideItsBadge)
+{
+    const PrivateHome home;
+    const MusicFolder music;
+    for (const QString &folder : {u"a"_s, u"b"_s})
+        music.addSong(folder + u"/\u05d0\u05d1 - A\nB\u202egpj.flac"_s);
+    scan(music.urls());
+    const QString shown = u"\u05d0\u05d1 - A\\nB\\u202egpj.flac"_s;
+    ASSERT_TRUE(waitForText(shown));
+    for (const QQuickItem *item : textItems()) {
+        EXPECT_TRUE(item->property("text") != shown ||
+                    item->property("effectiveHorizontalAlignment").toInt() == Qt::AlignLeft);
+    }
+    EXPECT_NE(find(QAccessible::ListItem, u"Original, %1, FLAC, 0:01, 22 KB, a"_s.arg(shown)), nullptr);
+    session.togglePlayback(session.songs().constFirst());
+    session.cleanupAll();
+    EXPECT_TRUE(waitForText(u"1 file moved to the Trash \u2022 22 KB"_s));
+    EXPECT_TRUE(shows(shown)) << "the song that plays";
+    session.deleteSong(session.songs().constFirst());
+    EXPECT_TRUE(waitForText(u"Moved to Trash: "_s + shown));
+}
+
 } // namespace
 } // namespace sonavo

@@ -6,11 +6,15 @@ Item {
     id: row
 
     required property var song
+    required property string name
+    required property string fileType
     required property bool isPlaying
     required property bool isOriginal
     required property string furtherReason
-    required property string durationText
-    required property string sizeText
+    required property string duration
+    required property string size
+    required property string folder
+    required property string path
     required property string description
     // Whether this is the current row, and the list has keyboard focus.
     required property bool isCurrent
@@ -102,20 +106,20 @@ Item {
     Cell {
         x: TableColumns.badgeX + TableColumns.badgeWidth + TableColumns.spacing
         width: row.width - x - TableColumns.nameEndOffset
-        text: row.song.name
+        text: row.name
         font.pixelSize: 14
         font.weight: Font.Medium
     }
     Cell {
         x: row.width - TableColumns.typeOffset
         width: TableColumns.typeWidth
-        text: row.song.fileType
+        text: row.fileType
     }
     Cell {
         x: row.width - TableColumns.durationOffset
         width: TableColumns.durationWidth
         horizontalAlignment: Text.AlignRight
-        text: row.durationText
+        text: row.duration
     }
     Cell {
         x: row.width - TableColumns.sizeOffset
@@ -123,13 +127,13 @@ Item {
         horizontalAlignment: Text.AlignRight
         fontSizeMode: Text.HorizontalFit
         minimumPixelSize: 10
-        text: row.sizeText
+        text: row.size
     }
     Cell {
         x: row.width - TableColumns.folderOffset
         width: TableColumns.folderWidth
-        text: row.song.folderName
-        fullText: row.song.path
+        text: row.folder
+        fullText: row.path
         color: Colors.textSecondary
     }
 

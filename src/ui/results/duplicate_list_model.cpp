@@ -1,6 +1,7 @@
 #include "ui/results/duplicate_list_model.h"
 
 #include "model/byte_count.h"
+#include "model/visible_controls.h"
 #include "theme/palette.h"
 
 #include <algorithm>
@@ -71,8 +72,12 @@ QHash<int, QByteArray> DuplicateListModel::roleNames() const
         {SongRole, "song"},
         {IsOriginalRole, "isOriginal"},
         {IsPlayingRole, "isPlaying"},
+        {NameRole, "name"},
+        {FileTypeRole, "fileType"},
         {DurationRole, "duration"},
         {SizeRole, "size"},
+        {FolderRole, "folder"},
+        {PathRole, "path"},
         {DescriptionRole, "description"},
         {FurtherReasonRole, "furtherReason"},
     };
@@ -116,16 +121,24 @@ QVariant DuplicateListModel::songData(const Entry &entry, int role) const
         return isOriginal;
     case IsPlayingRole:
         return song.id == m_playingId;
+    case NameRole:
+        return withVisibleControls(song.name);
+    case FileTypeRole:
+        return song.fileType;
     case DurationRole:
         return song.formattedDuration();
     case SizeRole:
         return formattedByteCount(song.size);
     case FurtherReasonRole:
         return furtherReason(song);
+    case FolderRole:
+        return withVisibleControls(song.folderName);
+    case PathRole:
+        return withVisibleControls(song.path);
     case DescriptionRole: {
-        QStringList parts{
-            badgeText(isOriginal),         song.name,       song.fileType,      song.formattedDuration(),
-            formattedByteCount(song.size), song.folderName, furtherReason(song)};
+        QStringList parts{badgeText(isOriginal),    withVisibleControls(song.name), song.fileType,
+                          song.formattedDuration(), formattedByteCount(song.size),
+                          withVisibleControls(song.folderName), furtherReason(song)};
         parts.removeAll(QString());
         return parts.join(QStringLiteral(", "));
     }

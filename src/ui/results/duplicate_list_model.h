@@ -45,9 +45,14 @@ public:
         IsPlayingRole,
         /// Why the song is called a duplicate, where only looking further has found it; empty otherwise.
         FurtherReasonRole,
-        /// Playing time and file size as text.
+        /// The cells of a song row as text.
+        NameRole,
+        FileTypeRole,
         DurationRole,
         SizeRole,
+        FolderRole,
+        /// Where its file is.
+        PathRole,
         /// The whole row as one line of text, for screen readers.
         DescriptionRole,
     };
