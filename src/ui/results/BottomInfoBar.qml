@@ -24,7 +24,7 @@ Rectangle {
               ? qsTr("Found %1 duplicate files \u2022 %2 \u2022 Use speaker icon to verify before deleting").arg(bar.duplicateCount).arg(bar.viewModel.moreFoundDescription)
               : qsTr("Found %1 duplicate files \u2022 Use speaker icon to verify before deleting").arg(bar.duplicateCount)
         font.pixelSize: 12
-        color: bar.duplicateCount === 0 ? Colors.textSecondary : Colors.textPrimary
+        color: bar.duplicateCount === 0 ? Colors.mutedText : Colors.textPrimary
         Accessible.role: Accessible.StaticText
         Accessible.name: text
     }

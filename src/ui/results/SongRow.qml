@@ -34,8 +34,14 @@ Item {
     Accessible.focusable: true
     Accessible.focused: isCurrent
     Accessible.selected: isCurrent
+    Accessible.onPressAction: play()
 
     onIsPlayingChanged: clickPosition = Qt.point(-1, -1)
+
+    Rectangle {
+        anchors.fill: parent
+        color: Colors.section
+    }
 
     Rectangle {
         anchors.fill: parent
@@ -44,9 +50,10 @@ Item {
         anchors.topMargin: 1
         anchors.bottomMargin: 1
         radius: 6
-        color: row.isPlaying ? Qt.alpha(Colors.accent, 0.15) : pointer.containsMouse ? Qt.alpha(Colors.row, 0.6) : "transparent"
+        color: row.isPlaying ? Qt.tint(Colors.row, Qt.alpha(Colors.accent, 0.15))
+             : pointer.containsMouse ? Qt.tint(Colors.row, Qt.alpha(Colors.textPrimary, 0.06)) : Colors.row
         border.width: row.isCurrent ? 2 : row.isPlaying ? 1 : 0
-        border.color: row.isCurrent ? Colors.accent : Qt.alpha(Colors.accent, 0.5)
+        border.color: row.isCurrent ? Colors.focusRing : Qt.alpha(Colors.accent, 0.5)
 
         Rectangle {
             visible: row.isPlaying && row.clickPosition.x >= 0
@@ -91,9 +98,20 @@ Item {
         anchors.verticalCenter: parent.verticalCenter
         symbol: row.isPlaying ? "speaker.wave.3.fill" : "speaker.wave.2.fill"
         symbolSize: 16
-        tint: row.isPlaying ? Colors.accent : Colors.textSecondary
-        toolTip: qsTr("Click to listen and verify this song")
+        tint: row.isPlaying ? Colors.accentText : Colors.mutedText
+        toolTip: row.isPlaying ? qsTr("Stop listening") : qsTr("Click to listen and verify this song")
+        description: row.name
         onClicked: row.play()
+    }
+
+    // The badge's colours are legible on this surface, not on the row's.
+    Rectangle {
+        x: TableColumns.badgeX - 5
+        anchors.verticalCenter: parent.verticalCenter
+        width: TableColumns.badgeWidth + 10
+        height: 20
+        radius: 5
+        color: Colors.background
     }
 
     SongBadge {
@@ -134,7 +152,7 @@ Item {
         width: TableColumns.folderWidth
         text: row.folder
         fullText: row.path
-        color: Colors.textSecondary
+        color: Colors.mutedText
     }
 
     IconButton {
@@ -144,6 +162,7 @@ Item {
         symbolSize: 14
         tint: Colors.error
         toolTip: qsTr("Delete this song")
+        description: qsTr("Moves %1 to the Trash").arg(row.name)
         onClicked: row.remove()
     }
 
