@@ -77,6 +77,7 @@ FocusScope {
     }
 
     FileDropArea {
+        id: dropArea
         anchors.fill: parent
         enabled: !view.viewModel.isCleaningUp
         onFilesDropped: urls => view.handleDrop(urls)
@@ -108,6 +109,15 @@ FocusScope {
         visible: view.hasAddedSongs && !view.isScanning
         focus: visible
         viewModel: view.viewModel
+    }
+
+    // Files over the window can be dropped anywhere.
+    Rectangle {
+        anchors.fill: parent
+        visible: dropArea.containsDrag
+        color: Qt.alpha(Colors.accent, 0.12)
+        border.width: 3
+        border.color: Colors.accent
     }
 
     CleanUpProgressView {

@@ -18,7 +18,8 @@ ApplicationWindow {
     width: 1100
     height: 740
     minimumWidth: 900
-    minimumHeight: 600
+    // The content alone has 900 by 600 points.
+    minimumHeight: 600 + header.implicitHeight
     visible: true
 
     header: WindowHeader {
