@@ -4,7 +4,15 @@
 
 namespace sonavo {
 
-std::vector<Cluster> DirectFinder::clustersOf(const Bucket &bucket)
+std::vector<std::vector<Cluster>> DirectFinder::clustersOf(std::span<const Bucket> buckets)
+{
+    std::vector<std::vector<Cluster>> clusters;
+    for (const Bucket &bucket : buckets)
+        clusters.push_back(clustersOfOne(bucket));
+    return clusters;
+}
+
+std::vector<Cluster> DirectFinder::clustersOfOne(const Bucket &bucket) const
 {
     std::vector<Cluster> clusters;
     std::vector<SongIndex> rest(bucket.begin(), bucket.end());

@@ -1,3 +1,4 @@
+#include "bench/goal.h"
 #include "import/song_reading.h"
 
 #include <QFile>
@@ -16,6 +17,7 @@
 #include <exception>
 #include <optional>
 #include <stdexcept>
+#include <string>
 #include <vector>
 
 namespace sonavo {
@@ -101,12 +103,6 @@ QStringList linkOften(const QString &path, const QString &type)
     return paths;
 }
 
-void print(const char *name, double value, double goal, const char *unit)
-{
-    std::printf("%-32s %9.4f %s   goal %9.4f   %s\n", name, value, unit, goal,
-                value <= goal ? "met" : "MISSED");
-}
-
 void measureKinds()
 {
     std::optional<Milliseconds> first;
@@ -116,11 +112,11 @@ void measureKinds()
         const Milliseconds time = timeOfReading(linkOften(encode(kind, folder.path()), kind.type));
         if (!first) {
             first = time;
-            std::printf("%-32s %9.4f ms\n", kind.name, time.count());
+            printFigure(kind.name, time.count(), "ms");
             continue;
         }
         const Milliseconds goal = kind.goal ? *kind.goal : *first * *kind.goalRatio;
-        print(kind.name, time.count(), goal.count(), "ms");
+        printGoal(kind.name, time.count(), "ms", goal.count());
     }
 }
 
@@ -137,13 +133,13 @@ void measureEndlessFiles()
 {
     constexpr qint64 TERABYTE = qint64{1} << 40;
     constexpr double GOAL = 20.0;
-    std::printf("CPU time of reading the same with a terabyte of zeros behind it\n");
     for (const Kind &kind : kinds()) {
         const QTemporaryDir folder;
         const QString path = encode(kind, folder.path());
         if (!QFile::resize(path, TERABYTE))
             throw std::runtime_error("cannot make a sparse file");
-        print(kind.name, timeOfReading({path}).count(), GOAL, "ms");
+        const std::string name = std::string(kind.name) + ", then a terabyte of zeros";
+        printGoal(name.c_str(), timeOfReading({path}).count(), "ms", GOAL);
     }
 }
 
@@ -153,7 +149,7 @@ void measureAll()
     const double memoryBefore = peakMemory();
     measureKinds();
     measureEndlessFiles();
-    print("memory for all of them", peakMemory() - memoryBefore, MEMORY_GOAL, "MB");
+    printGoal("peak memory of reading all of these", peakMemory() - memoryBefore, "MB", MEMORY_GOAL);
 }
 
 } // namespace

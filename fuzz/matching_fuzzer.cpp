@@ -86,9 +86,10 @@ void checkArtistIndex(const PreparedSongs &songs)
         bucket.push_back(songs[song]);
     ArtistIndex index(songs);
     index.build(bucket);
+    ArtistIndex::Query query;
     for (const PreparedSong &song : bucket) {
         std::vector<bool> isFound(bucket.size());
-        for (const std::uint32_t artist : index.matchingArtists(song)) {
+        for (const std::uint32_t artist : index.matchingArtists(song, query)) {
             for (const BucketPosition position : index.songsOf(artist))
                 isFound[position] = true;
         }

@@ -33,10 +33,15 @@ run() {
 
 if (($# > 0)); then
     run "$@"
-else
-    for benchmark in analysis import memory reading response results clean_up; do
-        echo
-        echo "== $benchmark"
-        run "$benchmark"
-    done
+    exit
 fi
+figures=$(mktemp)
+trap 'rm -f "$figures"' EXIT
+for benchmark in analysis import memory reading response results clean_up; do
+    echo
+    echo "== $benchmark"
+    run "$benchmark" | tee -a "$figures"
+done
+echo
+echo "== goals that were missed"
+grep 'MISSED$' "$figures" || echo none

@@ -120,6 +120,12 @@ QList<Screen> scanScreens(const QString &songs)
              scene.session.importDroppedItems(QList<QUrl>(500'001, song));
          }},
         {u"results"_s, [songs](Scene &scene) { scene.scan(songs); }},
+        {u"further"_s,
+         [songs](Scene &scene) {
+             scene.scan(songs);
+             scene.session.findMore();
+             scene.finishJob();
+         }},
         {u"playing"_s,
          [songs, click](Scene &scene) {
              scene.scan(songs);

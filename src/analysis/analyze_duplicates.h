@@ -11,6 +11,7 @@
 #include <functional>
 #include <memory>
 #include <optional>
+#include <stop_token>
 
 namespace sonavo {
 
@@ -25,15 +26,24 @@ struct AnalysisProgress
 
 using AnalysisProgressSink = std::function<void(const AnalysisProgress &)>;
 
+/// Does work in another thread, and suspends the caller until it is done; the caller resumes in the thread
+/// that it was suspended in. Never fails.
+using BackgroundThread = std::function<QCoro::Task<>(std::function<void()> work)>;
+
 /// Groups songs that are the same recording, in four steps of increasing cost: by title, by file name, by
 /// artist and title, and by whole seconds of playing time.
 ///
-/// Runs in the caller's thread, which is free only during the pauses, and cannot be cancelled. The
-/// same songs in the same order always give the same groups.
+/// Everything that takes long is done in the background thread, and with the help of all cores. The same
+/// songs in the same order always give the same groups.
 /// @param songs distinct ids, finite durations; several songs may have the same path
+/// @param background one piece of work at a time
+/// @param stop ends the work early; pauses and reports go on
 /// @param reportProgress called in the caller's thread before each step and at the end
-/// @return the groups in the order in which they were made; a song is in at most one of them
+/// @return the groups in the order in which they were made; a song is in at most one of them. When it was
+/// stopped,
+///     no more than some of them
 [[nodiscard]] QCoro::Task<QList<DuplicateGroup>>
-analyzeDuplicates(QList<Song> songs, std::shared_ptr<Pauses> pauses, AnalysisProgressSink reportProgress);
+analyzeDuplicates(QList<Song> songs, std::shared_ptr<Pauses> pauses, BackgroundThread background,
+                  std::stop_token stop, AnalysisProgressSink reportProgress);
 
 } // namespace sonavo

@@ -43,7 +43,7 @@ void ArtistIndex::build(std::span<const PreparedSong> bucket)
     m_entries.resize(bucket.size());
     for (BucketPosition i = 0; i < bucket.size(); ++i)
         m_entries[m_artists[m_artistNumbers[bucket[i].artistId]].end++] = i;
-    m_matching.assign(m_artists.size(), {});
+    ++m_buildCount;
 }
 
 bool ArtistIndex::match(const Artist &a, const Artist &b) const
@@ -53,13 +53,33 @@ bool ArtistIndex::match(const Artist &a, const Artist &b) const
            artistsMatch(m_songs, m_bucket[a.song], m_bucket[b.song]);
 }
 
-const std::vector<std::uint32_t> &ArtistIndex::matchingArtists(const PreparedSong &song)
+const std::vector<std::uint32_t> &ArtistIndex::matchingArtists(const PreparedSong &song, Query &query) const
 {
+    // Where many artists are alike, the lists of all of them would grow with the square of their number.
+    constexpr std::size_t MOST_KNOWN = 1 << 22;
+    if (query.buildCount != m_buildCount) {
+        query.buildCount = m_buildCount;
+        query.known.clear();
+        query.known.resize(m_artists.size());
+        query.knownSize = 0;
+    }
     const std::uint32_t self = m_artistNumbers[song.artistId];
-    std::vector<std::uint32_t> &matching = m_matching[self];
-    if (!matching.empty())
-        return matching;
+    std::vector<std::uint32_t> &known = query.known[self];
+    if (!known.empty())
+        return known;
+    const bool isAskedAgain = m_artists[self].end - m_artists[self].begin > 1;
+    if (!isAskedAgain || query.knownSize > MOST_KNOWN) {
+        findMatching(self, query.last);
+        return query.last;
+    }
+    findMatching(self, known);
+    query.knownSize += known.size();
+    return known;
+}
 
+void ArtistIndex::findMatching(std::uint32_t self, std::vector<std::uint32_t> &matching) const
+{
+    matching.clear();
     // Outwards from the artist itself until the lengths alone differ too much: each further character adds
     // one to the difference, but less than one to the allowed distance.
     const Artist &artist = m_artists[self];
@@ -78,7 +98,6 @@ const std::vector<std::uint32_t> &ArtistIndex::matchingArtists(const PreparedSon
         if (match(artist, longer))
             matching.push_back(i);
     }
-    return matching;
 }
 
 std::span<const BucketPosition> ArtistIndex::songsOf(std::uint32_t artist) const

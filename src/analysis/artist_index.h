@@ -12,11 +12,25 @@ namespace sonavo {
 /// The position of a song in its bucket.
 using BucketPosition = std::uint32_t;
 
-/// The songs of one bucket by artist. Finds all songs whose artists match a song's (see artistsMatch());
-/// the matches of each artist are computed only once.
+/// The songs of one bucket by artist. Finds all songs whose artists match a song's (see artistsMatch()).
 class ArtistIndex
 {
 public:
+    /// What one thread needs to ask. It keeps what it has found for each artist, as far as that needs little
+    /// memory.
+    class Query
+    {
+    private:
+        friend class ArtistIndex;
+
+        /// By artist; empty until asked for.
+        std::vector<std::vector<std::uint32_t>> known;
+        std::size_t knownSize = 0;
+        /// The index that they are of, as a count.
+        std::uint64_t buildCount = 0;
+        std::vector<std::uint32_t> last;
+    };
+
     /// @param songs must outlive the index
     explicit ArtistIndex(const PreparedSongs &songs);
 
@@ -28,7 +42,10 @@ public:
     [[nodiscard]] std::size_t artistCount() const { return m_artists.size(); }
 
     /// The artists that match the one of a song of the bucket, its own among them, as numbers for songsOf().
-    [[nodiscard]] const std::vector<std::uint32_t> &matchingArtists(const PreparedSong &song);
+    /// Several threads may ask at a time, each with a query of its own, which serves one index only.
+    /// @return valid until the query is used again
+    [[nodiscard]] const std::vector<std::uint32_t> &matchingArtists(const PreparedSong &song,
+                                                                    Query &query) const;
 
     /// The songs of one artist as positions in the bucket, ascending.
     [[nodiscard]] std::span<const BucketPosition> songsOf(std::uint32_t artist) const;
@@ -46,6 +63,7 @@ private:
     };
 
     [[nodiscard]] bool match(const Artist &a, const Artist &b) const;
+    void findMatching(std::uint32_t self, std::vector<std::uint32_t> &matching) const;
 
     const PreparedSongs &m_songs;
     std::span<const PreparedSong> m_bucket;
@@ -54,8 +72,7 @@ private:
     /// By artist id, the index in m_artists; valid for artists of the bucket only.
     std::vector<std::uint32_t> m_artistNumbers;
     std::vector<BucketPosition> m_entries;
-    /// By artist; empty until asked for.
-    std::vector<std::vector<std::uint32_t>> m_matching;
+    std::uint64_t m_buildCount = 0;
 };
 
 } // namespace sonavo

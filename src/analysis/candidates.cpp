@@ -1,14 +1,19 @@
 #include "analysis/candidates.h"
 
+#include "analysis/matching.h"
+
+#include <algorithm>
+#include <numeric>
+
 namespace sonavo {
 namespace {
 
-/// If a seed has more songs to check than this, indexing the bucket's artists pays off.
+/// If a seed can have more songs to check than this, indexing the bucket's artists pays off.
 constexpr std::size_t ARTIST_INDEX_THRESHOLD = 256;
 /// How many artists can be compared in the time that it takes to check one song.
 constexpr std::size_t ARTISTS_PER_SONG = 4;
-/// How many word-list entries cost as much as one entry of an artist; word lists shrink as they are read.
-constexpr std::size_t WORD_ENTRIES_PER_ARTIST_ENTRY = 2;
+/// How many songs of a window are gone through in the time that it takes to propose and check one.
+constexpr std::size_t WINDOW_SONGS_PER_SONG = 1;
 
 } // namespace
 
@@ -20,17 +25,49 @@ CandidateIndex::CandidateIndex(const PreparedSongs &songs)
 
 void CandidateIndex::build(std::span<const SongIndex> bucket)
 {
-    for (const std::uint32_t word : m_bucketWords)
-        m_wordLists[word] = {};
-    m_bucketWords.clear();
-    m_hasArtists = false;
+    sort(bucket);
+    m_isRemoved.assign(m_bucket.size(), 0);
+    listWords();
+    const auto length = [this](std::uint32_t word) {
+        return m_wordLists[word].end - m_wordLists[word].begin;
+    };
+    m_hasArtists = std::any_of(m_bucketWords.begin(), m_bucketWords.end(),
+                               [&](std::uint32_t word) { return length(word) > ARTIST_INDEX_THRESHOLD; });
+    if (m_hasArtists)
+        m_artists.build(m_bucket);
+}
+
+void CandidateIndex::sort(std::span<const SongIndex> bucket)
+{
+    m_order.resize(bucket.size());
+    std::iota(m_order.begin(), m_order.end(), BucketPosition{0});
     m_bucket.clear();
     for (const SongIndex song : bucket)
         m_bucket.push_back(m_songs[song]);
-    m_isRemoved.assign(m_bucket.size(), false);
-    m_lastQuery.assign(m_bucket.size(), 0);
-    m_query = 0;
+    const auto isShorter = [](const PreparedSong &a, const PreparedSong &b) {
+        return a.duration < b.duration;
+    };
+    const auto [shortest, longest] = std::minmax_element(m_bucket.begin(), m_bucket.end(), isShorter);
+    m_isSorted = !m_bucket.empty() && longest->duration - shortest->duration > MATCH_DURATION_DIFF;
+    if (!m_isSorted)
+        return;
+    std::vector<BucketPosition> sorted = m_order;
+    std::sort(sorted.begin(), sorted.end(), [&](BucketPosition a, BucketPosition b) {
+        const double durationA = m_bucket[a].duration;
+        const double durationB = m_bucket[b].duration;
+        return durationA != durationB ? durationA < durationB : a < b;
+    });
+    for (BucketPosition i = 0; i < sorted.size(); ++i) {
+        m_order[sorted[i]] = i;
+        m_bucket[i] = m_songs[bucket[sorted[i]]];
+    }
+}
 
+void CandidateIndex::listWords()
+{
+    for (const std::uint32_t word : m_bucketWords)
+        m_wordLists[word] = {};
+    m_bucketWords.clear();
     // Count, lay out, fill: one array holds all lists.
     for (const PreparedSong &song : m_bucket) {
         for (const std::uint32_t word : m_songs.titleWordsOf(song)) {
@@ -51,69 +88,98 @@ void CandidateIndex::build(std::span<const SongIndex> bucket)
     }
 }
 
-std::span<const BucketPosition> CandidateIndex::candidatesFor(BucketPosition seed)
+std::span<const BucketPosition> CandidateIndex::candidatesFor(BucketPosition seed, Query &query) const
 {
-    m_candidates.clear();
-    const std::size_t byWords = countByWords(m_bucket[seed]);
+    query.candidates.clear();
+    const Window window = windowOf(m_bucket[seed]);
+    const std::size_t byWords = countByWords(m_bucket[seed], window);
     if (byWords == 0)
         return {};
-    if (!m_hasArtists && byWords > ARTIST_INDEX_THRESHOLD) {
-        m_artists.build(m_bucket);
-        m_hasArtists = true;
-    }
+    const std::size_t byWindow = (window.end - window.begin) / WINDOW_SONGS_PER_SONG;
+    const std::size_t least = std::min(byWords, byWindow);
     // Finding the matching artists takes a look at every artist.
-    if (m_hasArtists && byWords > m_artists.artistCount() / ARTISTS_PER_SONG &&
-        countByArtists(m_bucket[seed]) * WORD_ENTRIES_PER_ARTIST_ENTRY < byWords)
-        proposeByArtists(seed);
+    if (m_hasArtists && least > m_artists.artistCount() / ARTISTS_PER_SONG &&
+        proposeByArtists(seed, window, least, query))
+        return query.candidates;
+    if (byWindow < byWords)
+        proposeWindow(seed, window, query);
     else
-        proposeByWords(seed);
-    return m_candidates;
+        proposeByWords(seed, window, query);
+    return query.candidates;
 }
 
-std::size_t CandidateIndex::countByWords(const PreparedSong &seed) const
+CandidateIndex::Window CandidateIndex::windowOf(const PreparedSong &seed) const
+{
+    if (!m_isSorted)
+        return {0, static_cast<BucketPosition>(m_bucket.size())};
+    // The same differences as in songsMatch(), so that rounding leaves nobody out.
+    const auto begin = std::partition_point(m_bucket.begin(), m_bucket.end(), [&](const PreparedSong &song) {
+        return seed.duration - song.duration > MATCH_DURATION_DIFF;
+    });
+    const auto end = std::partition_point(begin, m_bucket.end(), [&](const PreparedSong &song) {
+        return song.duration - seed.duration <= MATCH_DURATION_DIFF;
+    });
+    return {static_cast<BucketPosition>(begin - m_bucket.begin()),
+            static_cast<BucketPosition>(end - m_bucket.begin())};
+}
+
+std::span<const BucketPosition> CandidateIndex::songsWith(std::uint32_t word, Window window) const
+{
+    const WordList list = m_wordLists[word];
+    const auto songs = std::span(m_entries).subspan(list.begin, list.end - list.begin);
+    if (!m_isSorted)
+        return songs;
+    const auto begin = std::lower_bound(songs.begin(), songs.end(), window.begin);
+    return {begin, std::lower_bound(begin, songs.end(), window.end)};
+}
+
+std::size_t CandidateIndex::countByWords(const PreparedSong &seed, Window window) const
 {
     std::size_t count = 0;
     for (const std::uint32_t word : m_songs.titleWordsOf(seed))
-        count += m_wordLists[word].end - m_wordLists[word].begin;
+        count += songsWith(word, window).size();
     return count;
 }
 
-std::size_t CandidateIndex::countByArtists(const PreparedSong &seed)
+void CandidateIndex::proposeByWords(BucketPosition seed, Window window, Query &query) const
 {
-    std::size_t count = 0;
-    for (const std::uint32_t artist : m_artists.matchingArtists(seed))
-        count += m_artists.songsOf(artist).size();
-    return count;
-}
-
-void CandidateIndex::proposeByWords(BucketPosition seed)
-{
-    m_lastQuery[seed] = ++m_query;
+    query.lastSeeds.resize(std::max(query.lastSeeds.size(), m_bucket.size()));
+    query.lastSeeds[seed] = ++query.seedCount;
     for (const std::uint32_t word : m_songs.titleWordsOf(m_bucket[seed])) {
-        WordList &list = m_wordLists[word];
-        std::uint32_t kept = list.begin;
-        for (std::uint32_t i = list.begin; i < list.end; ++i) {
-            const BucketPosition position = m_entries[i];
-            if (m_isRemoved[position])
+        for (const BucketPosition position : songsWith(word, window)) {
+            if (isRemoved(position) || query.lastSeeds[position] == query.seedCount)
                 continue;
-            m_entries[kept++] = position;
-            if (m_lastQuery[position] != m_query) {
-                m_lastQuery[position] = m_query;
-                m_candidates.push_back(position);
-            }
+            query.lastSeeds[position] = query.seedCount;
+            query.candidates.push_back(position);
         }
-        list.end = kept;
     }
 }
 
-void CandidateIndex::proposeByArtists(BucketPosition seed)
+void CandidateIndex::proposeWindow(BucketPosition seed, Window window, Query &query) const
 {
-    for (const std::uint32_t artist : m_artists.matchingArtists(m_bucket[seed])) {
-        for (const BucketPosition position : m_artists.songsOf(artist)) {
-            if (!m_isRemoved[position] && position != seed)
-                m_candidates.push_back(position);
+    for (BucketPosition position = window.begin; position < window.end; ++position) {
+        if (!isRemoved(position) && position != seed)
+            query.candidates.push_back(position);
+    }
+}
+
+bool CandidateIndex::proposeByArtists(BucketPosition seed, Window window, std::size_t most,
+                                      Query &query) const
+{
+    for (const std::uint32_t artist : m_artists.matchingArtists(m_bucket[seed], query.artists)) {
+        const auto songs = m_artists.songsOf(artist);
+        const auto begin = std::lower_bound(songs.begin(), songs.end(), window.begin);
+        const auto end = std::lower_bound(begin, songs.end(), window.end);
+        for (auto position = begin; position != end; ++position) {
+            if (!isRemoved(*position) && *position != seed)
+                query.candidates.push_back(*position);
+        }
+        if (query.candidates.size() > most) {
+            query.candidates.clear();
+            return false;
         }
     }
+    return true;
 }
 
 } // namespace sonavo

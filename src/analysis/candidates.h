@@ -21,14 +21,16 @@ namespace sonavo {
 /// by songsMatch() alone. Proposing too many costs time and never changes a result; proposing too few loses
 /// duplicates.
 ///
-/// 1. Candidates (this class). There are two indexes, and each alone finds every match:
-///    - By title word. Matching songs share a word of at least MATCH_WORD_LENGTH characters, so each match
-///      is in the list of one of the seed's words. Removed songs are dropped from a list when it is read.
-///      Slow where nearly all titles share a word ("Track 0001").
-///    - By artist (ArtistIndex). Matching songs have matching artists. These are found once for each artist
-///      of the bucket, among the artists of about the same length: lengths that differ by more than the
-///      distance that is allowed cannot match. Slow where most songs are by one artist, or by none.
-///    The index with fewer songs to check is used. The constants behind that choice are estimates of cost:
+/// 1. Candidates (this class). Matching songs play for about as long. The bucket is sorted by playing time,
+/// so
+///    that they are a window of neighbours. Of the songs in it, one of three proposes, each of which finds
+///    every match alone:
+///    - The title words. Matching songs share a word of at least MATCH_WORD_LENGTH characters, so each match
+///      is in the list of one of the seed's words. Slow where nearly all titles share a word ("Track 0001").
+///    - The artists (ArtistIndex). Matching songs have matching artists. Slow where most songs are by one
+///      artist, or by none, or where there are very many artists.
+///    - The window itself.
+///    The one with the fewest songs to check is used. The constants behind that choice are estimates of cost:
 ///    any values give the same clusters.
 ///
 /// 2. Quick tests (in songsMatch()). PreparedSong holds ids in place of texts and a few bits of each text:
@@ -42,34 +44,57 @@ namespace sonavo {
 /// # Changing a rule
 ///
 /// The thresholds can be changed freely: everything above is derived from the constants of matching.h. A new
-/// condition, or a stricter one, needs no change here. Weakening the fourth condition (a shared word) breaks
-/// the first index, and weakening the third (the artists) breaks the second: that index must then be adapted
+/// condition, or a stricter one, needs no change here. Weakening the first condition (the durations) breaks
+/// the windows, the fourth (a shared word) the words, and the third (the artists) the artists: what is broken
+/// must then be adapted
 /// or removed. tests/analysis/direct_analysis.cpp states the rule a second time without any index; the tests
 /// and the fuzzer compare the program with it.
 class CandidateIndex
 {
 public:
+    /// What one thread needs to ask.
+    class Query
+    {
+    private:
+        friend class CandidateIndex;
+
+        std::vector<BucketPosition> candidates;
+        /// For each song the last seed that it was proposed to, as a count.
+        std::vector<std::uint32_t> lastSeeds;
+        std::uint32_t seedCount = 0;
+        ArtistIndex::Query artists;
+    };
+
     /// @param songs must outlive the index
     explicit CandidateIndex(const PreparedSongs &songs);
 
-    /// Replaces what the index holds.
-    /// @param bucket each song once
+    /// Replaces what the index holds, and removes nothing yet.
+    /// @param bucket each song once, in any order
     void build(std::span<const SongIndex> bucket);
 
     /// How many songs the bucket was built of.
     [[nodiscard]] std::size_t size() const { return m_bucket.size(); }
     [[nodiscard]] const PreparedSong &operator[](BucketPosition position) const { return m_bucket[position]; }
+    /// The positions of the songs in the order in which they were given.
+    [[nodiscard]] std::span<const BucketPosition> order() const { return m_order; }
 
-    /// Takes a song out of the bucket: it is no longer proposed.
-    void remove(BucketPosition position) { m_isRemoved[position] = true; }
-    [[nodiscard]] bool isRemoved(BucketPosition position) const { return m_isRemoved[position]; }
+    /// Takes a song out of the bucket: it is no longer proposed. Must not overlap with candidatesFor().
+    void remove(BucketPosition position) { m_isRemoved[position] = 1; }
+    [[nodiscard]] bool isRemoved(BucketPosition position) const { return m_isRemoved[position] != 0; }
 
     /// All other songs of the bucket that match the seed and are not removed, each once, in no particular
-    /// order. Songs that do not match may be among them.
-    /// @return valid until the next call
-    [[nodiscard]] std::span<const BucketPosition> candidatesFor(BucketPosition seed);
+    /// order. Songs that do not match may be among them. Several threads may ask at a time, each with a query
+    /// of its own, which it keeps from one seed to the next.
+    /// @return valid until the query is used again
+    [[nodiscard]] std::span<const BucketPosition> candidatesFor(BucketPosition seed, Query &query) const;
 
 private:
+    /// Positions from `begin` to before `end`.
+    struct Window
+    {
+        BucketPosition begin = 0;
+        BucketPosition end = 0;
+    };
     /// Part of m_entries: the songs whose titles hold one word.
     struct WordList
     {
@@ -77,26 +102,32 @@ private:
         std::uint32_t end = 0;
     };
 
-    [[nodiscard]] std::size_t countByWords(const PreparedSong &seed) const;
-    [[nodiscard]] std::size_t countByArtists(const PreparedSong &seed);
-    void proposeByWords(BucketPosition seed);
-    void proposeByArtists(BucketPosition seed);
+    void sort(std::span<const SongIndex> bucket);
+    void listWords();
+    [[nodiscard]] Window windowOf(const PreparedSong &seed) const;
+    [[nodiscard]] std::span<const BucketPosition> songsWith(std::uint32_t word, Window window) const;
+    [[nodiscard]] std::size_t countByWords(const PreparedSong &seed, Window window) const;
+    void proposeByWords(BucketPosition seed, Window window, Query &query) const;
+    void proposeWindow(BucketPosition seed, Window window, Query &query) const;
+    [[nodiscard]] bool proposeByArtists(BucketPosition seed, Window window, std::size_t most,
+                                        Query &query) const;
 
     const PreparedSongs &m_songs;
+    /// By playing time where that differs by more than matching songs may, else in the order given.
     /// Contiguous copies, which are read faster than the scattered originals.
     std::vector<PreparedSong> m_bucket;
-    std::vector<bool> m_isRemoved;
+    std::vector<BucketPosition> m_order;
+    bool m_isSorted = false;
+    std::vector<char> m_isRemoved;
     /// By word id; empty for words that the bucket does not have.
     std::vector<WordList> m_wordLists;
     std::vector<std::uint32_t> m_bucketWords;
     std::vector<BucketPosition> m_entries;
-    /// For each song the last query that it was proposed to.
-    std::vector<std::uint32_t> m_lastQuery;
-    std::uint32_t m_query = 0;
+    /// Built only where a seed can have many songs to go through.
     ArtistIndex m_artists;
-    /// Built only for a seed that has many songs to go through.
     bool m_hasArtists = false;
-    std::vector<BucketPosition> m_candidates;
+    /// Tells one bucket from the next.
+    std::uint32_t m_buildCount = 0;
 };
 
 } // namespace sonavo

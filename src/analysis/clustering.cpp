@@ -1,34 +1,130 @@
 #include "analysis/clustering.h"
 
 #include "analysis/matching.h"
+#include "analysis/parallel.h"
 
 #include <algorithm>
+#include <utility>
 
 namespace sonavo {
+namespace {
 
-std::vector<Cluster> clusterSongs(const PreparedSongs &songs, const Bucket &bucket,
-                                  CandidateIndex &candidates)
+/// Smaller buckets are done before another thread would have woken up.
+constexpr std::size_t LARGE_BUCKET = 4096;
+/// Comparisons after which the threads of a round may meet.
+constexpr std::size_t ENOUGH_COMPARISONS = 100'000;
+constexpr std::size_t MOST_SEEDS = 256;
+
+} // namespace
+
+// Seeds are compared with the bucket side by side, a round of them at a time, and then gather their songs in
+// turn: a song that two of them match goes to the first, and a seed that another has gathered is dropped.
+// That gives the same clusters as one seed after the other.
+
+Clustering::Clustering(const PreparedSongs &songs, std::stop_token stop)
+    : m_songs(songs)
+    , m_stop(std::move(stop))
+    , m_candidates(songs)
+    , m_queries(computingThreads())
+{}
+
+std::vector<Cluster> Clustering::clustersOf(const Bucket &bucket)
 {
     std::vector<Cluster> clusters;
-    candidates.build(bucket);
-    for (BucketPosition seed = 0; seed < candidates.size(); ++seed) {
-        if (candidates.isRemoved(seed))
+    start(bucket);
+    m_mostSeeds = 1;
+    while (m_next < m_bucket.size() && !m_stop.stop_requested()) {
+        takeSeeds();
+        compareSeeds();
+        gather(clusters);
+        if (m_removed > m_bucket.size() / 2)
+            dropRemoved();
+    }
+    return clusters;
+}
+
+void Clustering::start(const Bucket &bucket)
+{
+    m_bucket = bucket;
+    m_candidates.build(m_bucket);
+    m_next = 0;
+    m_removed = 0;
+}
+
+void Clustering::dropRemoved()
+{
+    constexpr std::size_t WORTH_INDEXING_AGAIN = 64;
+    if (m_bucket.size() < WORTH_INDEXING_AGAIN)
+        return;
+    Bucket left;
+    for (std::size_t i = m_next; i < m_bucket.size(); ++i) {
+        if (!m_candidates.isRemoved(m_candidates.order()[i]))
+            left.push_back(m_bucket[i]);
+    }
+    start(left);
+}
+
+void Clustering::takeSeeds()
+{
+    m_seeds.resize(std::max(m_seeds.size(), m_mostSeeds));
+    m_seedCount = 0;
+    for (; m_next < m_bucket.size() && m_seedCount < m_mostSeeds; ++m_next) {
+        const BucketPosition position = m_candidates.order()[m_next];
+        if (!m_candidates.isRemoved(position))
+            m_seeds[m_seedCount++].position = position;
+    }
+}
+
+void Clustering::compareSeeds()
+{
+    const auto queryOf = [this](std::size_t thread) { return &m_queries[thread]; };
+    forEachInParallel(m_seedCount, 1, {}, queryOf, [this](CandidateIndex::Query *query, std::size_t i) {
+        Seed &seed = m_seeds[i];
+        const auto candidates = m_candidates.candidatesFor(seed.position, *query);
+        seed.comparisons = candidates.size();
+        seed.matches.clear();
+        for (const BucketPosition candidate : candidates) {
+            if (songsMatch(m_songs, m_candidates[seed.position], m_candidates[candidate]))
+                seed.matches.push_back(candidate);
+        }
+    });
+}
+
+void Clustering::gather(std::vector<Cluster> &clusters)
+{
+    std::size_t comparisons = 0;
+    std::size_t gathered = 0;
+    for (const Seed &seed : std::span(m_seeds).first(m_seedCount)) {
+        comparisons += seed.comparisons;
+        if (m_candidates.isRemoved(seed.position)) {
+            ++gathered;
             continue;
-        candidates.remove(seed);
+        }
+        remove(seed.position);
         Cluster cluster;
-        for (const BucketPosition candidate : candidates.candidatesFor(seed)) {
-            if (songsMatch(songs, candidates[seed], candidates[candidate])) {
-                candidates.remove(candidate);
-                cluster.push_back(bucket[candidate]);
-            }
+        for (const BucketPosition match : seed.matches) {
+            if (m_candidates.isRemoved(match))
+                continue;
+            remove(match);
+            cluster.push_back(m_candidates[match].index);
         }
         if (cluster.empty())
             continue;
         std::sort(cluster.begin(), cluster.end());
-        cluster.insert(cluster.begin(), bucket[seed]);
+        cluster.insert(cluster.begin(), m_candidates[seed.position].index);
         clusters.push_back(std::move(cluster));
     }
-    return clusters;
+    // Seeds that others gather were compared in vain.
+    if (gathered * 8 > m_seedCount)
+        m_mostSeeds = std::max<std::size_t>(m_mostSeeds / 2, 1);
+    else if (m_bucket.size() >= LARGE_BUCKET && comparisons < ENOUGH_COMPARISONS)
+        m_mostSeeds = std::min(m_mostSeeds * 2, MOST_SEEDS);
+}
+
+void Clustering::remove(BucketPosition position)
+{
+    m_candidates.remove(position);
+    ++m_removed;
 }
 
 } // namespace sonavo

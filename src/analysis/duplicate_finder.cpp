@@ -2,6 +2,7 @@
 
 #include "analysis/id_table.h"
 #include "analysis/matching.h"
+#include "analysis/parallel.h"
 
 #include <QHashFunctions>
 
@@ -51,25 +52,6 @@ std::vector<Bucket> bucketsOf(const std::vector<SongIndex> &songs, KeyOf keyOf)
     return buckets;
 }
 
-/// For each song the id of its path.
-std::vector<std::uint32_t> pathIdsOf(const PreparedSongs &songs)
-{
-    IdTable table;
-    QList<QStringView> paths;
-    std::vector<std::uint32_t> ids;
-    paths.reserve(static_cast<qsizetype>(songs.size()));
-    ids.reserve(songs.size());
-    for (SongIndex song = 0; song < songs.size(); ++song) {
-        const QStringView path = songs.song(song).path;
-        const std::uint32_t id =
-            table.idOf(::qHash(path), [&](std::uint32_t other) { return paths[other] == path; });
-        if (id == paths.size())
-            paths.append(path);
-        ids.push_back(id);
-    }
-    return ids;
-}
-
 std::vector<SongIndex> allOf(const PreparedSongs &songs)
 {
     std::vector<SongIndex> all(songs.size());
@@ -79,18 +61,20 @@ std::vector<SongIndex> allOf(const PreparedSongs &songs)
 
 } // namespace
 
-DuplicateFinder::DuplicateFinder(QList<Song> songs)
-    : m_songs(std::move(songs))
-    , m_candidates(m_songs)
-    , m_pathIds(pathIdsOf(m_songs))
+DuplicateFinder::DuplicateFinder(QList<Song> songs, std::stop_token stop)
+    : m_stop(std::move(stop))
+    , m_songs(std::move(songs), m_stop)
+    , m_clusterings(computingThreads())
     , m_isPathPlaced(m_songs.size(), false)
 {}
 
 void DuplicateFinder::groupByTitle()
 {
+    if (m_stop.stop_requested())
+        return;
     const auto buckets = bucketsOf(allOf(m_songs), [this](SongIndex song) { return m_songs[song].titleId; });
-    for (const Bucket &bucket : buckets) {
-        for (const Cluster &cluster : clustersOf(bucket)) {
+    for (const std::vector<Cluster> &clusters : clustersOf(buckets)) {
+        for (const Cluster &cluster : clusters) {
             if (!makeGroup(cluster, ArtistFilter::On))
                 break;
         }
@@ -99,21 +83,33 @@ void DuplicateFinder::groupByTitle()
 
 void DuplicateFinder::groupByFileName()
 {
+    if (m_stop.stop_requested())
+        return;
     auto buckets = bucketsOf(allOf(m_songs), [this](SongIndex song) { return m_songs.nameIdOf(song); });
-    for (Bucket &bucket : buckets) {
-        std::erase_if(bucket, [this](SongIndex song) { return isPlaced(song); });
-        groupBucket(bucket);
+    const auto erasePlaced = [this](Bucket &bucket) {
+        return std::erase_if(bucket, [this](SongIndex song) { return isPlaced(song); });
+    };
+    std::for_each(buckets.begin(), buckets.end(), erasePlaced);
+    const auto clusters = clustersOf(buckets);
+    for (std::size_t i = 0; i < buckets.size(); ++i) {
+        // Songs of one path can have several names: then an earlier bucket places songs of a later one.
+        if (erasePlaced(buckets[i]) > 0)
+            groupBuckets(std::span(buckets).subspan(i, 1));
+        else
+            makeGroups(clusters[i]);
     }
 }
 
 void DuplicateFinder::prepareBatches()
 {
-    m_waitingForBatches = unplacedSongs();
+    m_waitingForBatches = m_stop.stop_requested() ? std::vector<SongIndex>() : unplacedSongs();
     m_nextBatch = 0;
 }
 
 DuplicateFinder::Batches DuplicateFinder::groupNextBatchByArtistAndTitle()
 {
+    if (m_stop.stop_requested())
+        return Batches::Done;
     const std::size_t end = std::min(m_nextBatch + BATCH_SIZE, m_waitingForBatches.size());
     const auto at = [this](std::size_t index) {
         return m_waitingForBatches.cbegin() + static_cast<std::ptrdiff_t>(index);
@@ -124,17 +120,17 @@ DuplicateFinder::Batches DuplicateFinder::groupNextBatchByArtistAndTitle()
     const auto buckets = bucketsOf(batch, [this](SongIndex song) {
         return quint64{m_songs[song].artistId} << 32 | m_songs[song].titleId;
     });
-    for (const Bucket &bucket : buckets)
-        groupBucket(bucket);
+    groupBuckets(buckets);
     return m_nextBatch < m_waitingForBatches.size() ? Batches::MoreToCome : Batches::Done;
 }
 
 void DuplicateFinder::groupByWholeSeconds()
 {
+    if (m_stop.stop_requested())
+        return;
     const auto buckets =
         bucketsOf(unplacedSongs(), [this](SongIndex song) { return wholeSeconds(m_songs[song].duration); });
-    for (const Bucket &bucket : buckets)
-        groupBucket(bucket);
+    groupBuckets(buckets);
 }
 
 QList<DuplicateGroup> DuplicateFinder::takeGroups()
@@ -142,9 +138,20 @@ QList<DuplicateGroup> DuplicateFinder::takeGroups()
     return std::exchange(m_groups, {});
 }
 
-std::vector<Cluster> DuplicateFinder::clustersOf(const Bucket &bucket)
+std::vector<std::vector<Cluster>> DuplicateFinder::clustersOf(std::span<const Bucket> buckets)
 {
-    return clusterSongs(m_songs, bucket, m_candidates);
+    // Most buckets are small.
+    constexpr std::size_t BUCKETS_AT_A_TIME = 16;
+    std::vector<std::vector<Cluster>> clusters(buckets.size());
+    const auto clusteringOf = [this](std::size_t thread) {
+        if (!m_clusterings[thread])
+            m_clusterings[thread] = std::make_unique<Clustering>(m_songs, m_stop);
+        return m_clusterings[thread].get();
+    };
+    forEachInParallel(
+        buckets.size(), BUCKETS_AT_A_TIME, m_stop, clusteringOf,
+        [&](Clustering *clustering, std::size_t i) { clusters[i] = clustering->clustersOf(buckets[i]); });
+    return clusters;
 }
 
 std::vector<SongIndex> DuplicateFinder::unplacedSongs() const
@@ -154,9 +161,15 @@ std::vector<SongIndex> DuplicateFinder::unplacedSongs() const
     return unplaced;
 }
 
-void DuplicateFinder::groupBucket(const Bucket &bucket)
+void DuplicateFinder::groupBuckets(std::span<const Bucket> buckets)
 {
-    for (const Cluster &cluster : clustersOf(bucket))
+    for (const std::vector<Cluster> &clusters : clustersOf(buckets))
+        makeGroups(clusters);
+}
+
+void DuplicateFinder::makeGroups(std::span<const Cluster> clusters)
+{
+    for (const Cluster &cluster : clusters)
         makeGroup(cluster, ArtistFilter::Off);
 }
 

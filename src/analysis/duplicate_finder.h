@@ -1,6 +1,5 @@
 #pragma once
 
-#include "analysis/candidates.h"
 #include "analysis/clustering.h"
 #include "analysis/prepared_songs.h"
 #include "model/duplicate_group.h"
@@ -10,6 +9,9 @@
 
 #include <cstddef>
 #include <cstdint>
+#include <memory>
+#include <span>
+#include <stop_token>
 #include <vector>
 
 namespace sonavo {
@@ -20,6 +22,8 @@ namespace sonavo {
 ///
 /// A song in a group is placed, and with it every song of the same path: placed songs take no part in later
 /// steps.
+///
+/// Works on all cores, one step at a time. For one thread at a time, which can be any.
 class DuplicateFinder
 {
 public:
@@ -31,7 +35,8 @@ public:
         MoreToCome
     };
 
-    explicit DuplicateFinder(QList<Song> songs);
+    /// @param stop ends the steps early; then there is no result
+    explicit DuplicateFinder(QList<Song> songs, std::stop_token stop = {});
     virtual ~DuplicateFinder() = default;
     Q_DISABLE_COPY_MOVE(DuplicateFinder)
 
@@ -55,8 +60,8 @@ public:
 protected:
     [[nodiscard]] const PreparedSongs &songs() const { return m_songs; }
 
-    /// clusterSongs() of one bucket. Benchmarks put a slower way in its place.
-    [[nodiscard]] virtual std::vector<Cluster> clustersOf(const Bucket &bucket);
+    /// The clusters of each bucket (see Clustering). Benchmarks put a slower way in its place.
+    [[nodiscard]] virtual std::vector<std::vector<Cluster>> clustersOf(std::span<const Bucket> buckets);
 
 private:
     enum class ArtistFilter
@@ -65,17 +70,18 @@ private:
         On
     };
 
-    [[nodiscard]] bool isPlaced(SongIndex song) const { return m_isPathPlaced[m_pathIds[song]]; }
-    void markPlaced(SongIndex song) { m_isPathPlaced[m_pathIds[song]] = true; }
+    [[nodiscard]] bool isPlaced(SongIndex song) const { return m_isPathPlaced[m_songs.pathIdOf(song)]; }
+    void markPlaced(SongIndex song) { m_isPathPlaced[m_songs.pathIdOf(song)] = true; }
     [[nodiscard]] std::vector<SongIndex> unplacedSongs() const;
-    void groupBucket(const Bucket &bucket);
+    void groupBuckets(std::span<const Bucket> buckets);
+    void makeGroups(std::span<const Cluster> clusters);
     /// @return whether a group was made: the filter can leave a cluster without duplicates
     bool makeGroup(const Cluster &cluster, ArtistFilter filter);
 
+    const std::stop_token m_stop;
     const PreparedSongs m_songs;
-    CandidateIndex m_candidates;
-    /// Equal for songs of the same path.
-    std::vector<std::uint32_t> m_pathIds;
+    /// One for each thread, made when it is needed.
+    std::vector<std::unique_ptr<Clustering>> m_clusterings;
     /// By path id.
     std::vector<bool> m_isPathPlaced;
     std::vector<SongIndex> m_waitingForBatches;

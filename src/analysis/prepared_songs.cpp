@@ -1,13 +1,20 @@
 #include "analysis/prepared_songs.h"
 
 #include "analysis/distance.h"
+#include "analysis/id_table.h"
 #include "analysis/matching.h"
 #include "analysis/normalization.h"
+#include "analysis/parallel.h"
+
+#include <QHashFunctions>
 
 #include <algorithm>
 
 namespace sonavo {
 namespace {
+
+constexpr std::size_t SONGS_PER_PART = 1024;
+constexpr std::size_t PARTS_AT_A_TIME = 64;
 
 /// As normalising "artist - title" would give it.
 void joinInto(std::string &result, std::string_view artist, std::string_view title)
@@ -20,53 +27,148 @@ void joinInto(std::string &result, std::string_view artist, std::string_view tit
 
 } // namespace
 
-PreparedSongs::PreparedSongs(QList<Song> songs)
+/// The normalised texts of some neighbours.
+struct PreparedSongs::Texts
+{
+    void clear(SongIndex newBegin)
+    {
+        begin = newBegin;
+        characters.clear();
+        ends.clear();
+    }
+    void add(std::string_view text)
+    {
+        characters += text;
+        ends.push_back(characters.size());
+    }
+    [[nodiscard]] SongIndex songCount() const { return static_cast<SongIndex>(ends.size() / 3); }
+    [[nodiscard]] std::string_view artistOf(SongIndex i) const { return at(std::size_t{i} * 3); }
+    [[nodiscard]] std::string_view titleOf(SongIndex i) const { return at(std::size_t{i} * 3 + 1); }
+    [[nodiscard]] std::string_view nameOf(SongIndex i) const { return at(std::size_t{i} * 3 + 2); }
+
+    /// The first of them.
+    SongIndex begin = 0;
+
+private:
+    [[nodiscard]] std::string_view at(std::size_t i) const
+    {
+        const std::size_t start = i == 0 ? 0 : ends[i - 1];
+        return std::string_view(characters).substr(start, ends[i] - start);
+    }
+
+    std::string characters;
+    /// Of artist, title and name of each song in turn.
+    std::vector<std::size_t> ends;
+};
+
+PreparedSongs::PreparedSongs(QList<Song> songs, const std::stop_token &stop)
     : m_songs(std::move(songs))
 {
     const auto count = static_cast<std::size_t>(m_songs.size());
-    m_prepared.reserve(count);
+    m_prepared.resize(count);
     m_nameIds.reserve(count);
+    m_pathIds.reserve(count);
     m_titles.reserve(count);
     StringPool names;
     names.reserve(count);
+    IdTable paths;
+    paths.reserve(count);
+    std::vector<SongIndex> firstOfPath;
 
+    const auto addNames = [&](std::span<const Texts> parts) {
+        for (const Texts &part : parts) {
+            for (SongIndex i = 0; i < part.songCount(); ++i)
+                m_nameIds.push_back(names.add(part.nameOf(i)));
+        }
+    };
+    const auto addPaths = [&](std::span<const Texts> parts) {
+        for (SongIndex i = parts.front().begin; i < parts.back().begin + parts.back().songCount(); ++i) {
+            const QString &path = song(i).path;
+            const std::uint32_t id = paths.idOf(
+                ::qHash(path), [&](std::uint32_t other) { return song(firstOfPath[other]).path == path; });
+            if (id == firstOfPath.size())
+                firstOfPath.push_back(i);
+            m_pathIds.push_back(id);
+        }
+    };
+
+    // Normalising takes the longest and is done for a few at a time, so that their texts need little memory.
+    std::vector<Texts> parts(PARTS_AT_A_TIME);
+    for (std::size_t begin = 0; begin < count && !stop.stop_requested();) {
+        const std::size_t partCount =
+            std::min(PARTS_AT_A_TIME, (count - begin + SONGS_PER_PART - 1) / SONGS_PER_PART);
+        forEachInParallel(partCount, 1, stop, [&](std::size_t i) {
+            prepare(static_cast<SongIndex>(begin + i * SONGS_PER_PART), parts[i]);
+        });
+        if (stop.stop_requested())
+            return;
+        const auto ready = std::span<const Texts>(parts).first(partCount);
+        forEachInParallel(3, 1, {}, [&](std::size_t i) {
+            if (i == 0)
+                addArtistsAndTitles(ready);
+            else if (i == 1)
+                addNames(ready);
+            else
+                addPaths(ready);
+        });
+        begin += partCount * SONGS_PER_PART;
+    }
+}
+
+void PreparedSongs::prepare(SongIndex begin, Texts &texts)
+{
+    texts.clear(begin);
     QString lowered;
     std::string artist;
     std::string title;
-    std::string joined;
-    std::string name;
+    std::string text;
     PreparedSong prepared;
     const QString *previousArtist = nullptr;
-    for (const Song &song : m_songs) {
+    const std::size_t end = std::min(begin + SONGS_PER_PART, size());
+    for (SongIndex index = begin; index < end; ++index) {
+        const Song &song = this->song(index);
+        prepared.index = index;
         prepared.duration = song.duration;
 
         // Neighbours in a folder are mostly by one artist.
         if (!previousArtist || song.artist != *previousArtist) {
             previousArtist = &song.artist;
             artist = normalizeString(song.artist);
-            prepared.artistId = m_artists.add(artist);
             prepared.artistLength = static_cast<std::uint32_t>(artist.size());
             prepared.artistBag = characterBag(artist);
         }
+        texts.add(artist);
 
         lowerInto(lowered, song.title);
         prepared.titleLength = static_cast<std::uint32_t>(lowered.size());
         prepared.titleBigrams = bigramsOf(lowered);
         normalizeLoweredInto(title, lowered);
-        prepared.titleId = addTitle(title);
+        texts.add(title);
 
-        joinInto(joined, artist, title);
-        prepared.fullLength = static_cast<std::uint32_t>(joined.size());
-        prepared.fullBag = characterBag(joined);
+        joinInto(text, artist, title);
+        prepared.fullLength = static_cast<std::uint32_t>(text.size());
+        prepared.fullBag = characterBag(text);
 
         lowerInto(lowered, song.name);
         prepared.nameLength = static_cast<std::uint32_t>(lowered.size());
         prepared.nameBigrams = bigramsOf(lowered);
-        normalizeLoweredInto(name, lowered);
-        m_nameIds.push_back(names.add(name));
+        normalizeLoweredInto(text, lowered);
+        texts.add(text);
 
-        m_prepared.push_back(prepared);
-        ++prepared.index;
+        m_prepared[index] = prepared;
+    }
+}
+
+void PreparedSongs::addArtistsAndTitles(std::span<const Texts> parts)
+{
+    for (const Texts &part : parts) {
+        for (SongIndex i = 0; i < part.songCount(); ++i) {
+            PreparedSong &song = m_prepared[part.begin + i];
+            const bool isSameArtist = i > 0 && part.artistOf(i) == part.artistOf(i - 1);
+            song.artistId =
+                isSameArtist ? m_prepared[part.begin + i - 1].artistId : m_artists.add(part.artistOf(i));
+            song.titleId = addTitle(part.titleOf(i));
+        }
     }
 }
 

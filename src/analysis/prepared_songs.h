@@ -9,6 +9,7 @@
 #include <cstddef>
 #include <cstdint>
 #include <span>
+#include <stop_token>
 #include <string>
 #include <string_view>
 #include <vector>
@@ -46,8 +47,10 @@ struct PreparedSong
 class PreparedSongs
 {
 public:
+    /// Works on all cores.
     /// @param songs fewer than 2^32, with finite durations
-    explicit PreparedSongs(QList<Song> songs);
+    /// @param stop ends it early; then only its destructor may be called
+    explicit PreparedSongs(QList<Song> songs, const std::stop_token &stop = {});
 
     [[nodiscard]] std::size_t size() const { return m_prepared.size(); }
     [[nodiscard]] const PreparedSong &operator[](SongIndex index) const { return m_prepared[index]; }
@@ -63,6 +66,8 @@ public:
     [[nodiscard]] std::size_t artistCount() const { return m_artists.size(); }
     /// Equal for songs whose normalised file names are equal.
     [[nodiscard]] std::uint32_t nameIdOf(SongIndex index) const { return m_nameIds[index]; }
+    /// Equal for songs whose paths are equal; below the number of songs.
+    [[nodiscard]] std::uint32_t pathIdOf(SongIndex index) const { return m_pathIds[index]; }
 
     /// Ids of the title's words of at least MATCH_WORD_LENGTH characters, ascending, each once.
     [[nodiscard]] std::span<const std::uint32_t> titleWordsOf(const PreparedSong &song) const;
@@ -70,11 +75,16 @@ public:
     [[nodiscard]] std::size_t wordCount() const { return m_words.size(); }
 
 private:
+    struct Texts;
+
+    void prepare(SongIndex begin, Texts &texts);
+    void addArtistsAndTitles(std::span<const Texts> parts);
     std::uint32_t addTitle(std::string_view normalizedTitle);
 
     const QList<Song> m_songs;
     std::vector<PreparedSong> m_prepared;
     std::vector<std::uint32_t> m_nameIds;
+    std::vector<std::uint32_t> m_pathIds;
     StringPool m_artists;
     StringPool m_titles;
     StringPool m_words;

@@ -1,6 +1,6 @@
 #include "app/command_line.h"
 
-#include "report/terminal_text.h"
+#include "model/visible_controls.h"
 
 #include <QCommandLineParser>
 #include <QFile>
@@ -52,7 +52,7 @@ QStringList decodedArguments(std::span<char *const> arguments, QStringList &warn
             texts.append(*text);
         } else {
             warnings.append(QStringLiteral("skipped, its name is not valid UTF-8: %1")
-                                .arg(escapedForTerminal(QString::fromUtf8(argument))));
+                                .arg(withVisibleControls(QString::fromUtf8(argument))));
         }
     }
     return texts;
@@ -99,7 +99,7 @@ CommandLine parseCommandLine(std::span<char *const> arguments)
         return commandLine;
     };
     if (!parser.parse(texts))
-        return unusable(escapedForTerminal(parser.errorText()));
+        return unusable(withVisibleControls(parser.errorText()));
     if (parser.isSet(help)) {
         commandLine.request = TextRequest{helpText()};
         return commandLine;
@@ -117,7 +117,7 @@ CommandLine parseCommandLine(std::span<char *const> arguments)
     QList<QUrl> items;
     for (const QString &path : parser.positionalArguments()) {
         if (!exists(path))
-            return unusable(QStringLiteral("no such file or folder: %1").arg(escapedForTerminal(path)));
+            return unusable(QStringLiteral("no such file or folder: %1").arg(withVisibleControls(path)));
         items.append(fileUrlOf(path));
     }
     if (!isReport) {

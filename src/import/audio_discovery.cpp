@@ -12,12 +12,13 @@ namespace {
 constexpr std::size_t MAX_SAMPLED_ENTRIES = 101;
 constexpr qint64 EXTRAPOLATION_FACTOR = 10;
 
+/// Empty unless it is absolute: "file:a.mp3" names no folder.
 QString localPath(const QUrl &url)
 {
     QString path = url.toLocalFile();
     while (path.size() > 1 && path.endsWith(u'/'))
         path.chop(1);
-    return path;
+    return path.startsWith(u'/') ? path : QString();
 }
 
 bool isFolder(const QString &path)

@@ -11,6 +11,7 @@
 #include <algorithm>
 #include <array>
 #include <filesystem>
+#include <iterator>
 #include <string>
 #include <vector>
 
@@ -47,12 +48,11 @@ bool isPackage(const QString &folder)
     });
 }
 
-/// A file name as text, null when its bytes are not valid UTF-8: no text would lead back to that file.
+/// A file name as text, with a byte order mark at its start if it has one.
 QString decodedName(const std::string &name)
 {
     QStringDecoder decoder(QStringDecoder::Utf8, QStringConverter::Flag::ConvertInitialBom);
-    const QString text = decoder(QByteArrayView(name.data(), static_cast<qsizetype>(name.size())));
-    return decoder.hasError() ? QString() : text;
+    return decoder(QByteArrayView(name.data(), std::ssize(name)));
 }
 
 OpenFolder openFolder(const QString &path, std::size_t maxEntries)
@@ -63,7 +63,7 @@ OpenFolder openFolder(const QString &path, std::size_t maxEntries)
     for (; !error && entry != fs::directory_iterator() && folder.entries.size() < maxEntries;
          entry.increment(error)) {
         std::string name = entry->path().filename().native();
-        if (name.starts_with('.'))
+        if (name.starts_with('.') || !QUtf8StringView(name.data(), std::ssize(name)).isValidUtf8())
             continue;
         std::error_code unreadable;
         const bool isFolder = !entry->is_symlink(unreadable) && entry->is_directory(unreadable);
@@ -94,10 +94,7 @@ void enumerateFolder(const QString &folder, const EnumerationOptions &options,
             continue;
         }
         const Entry &entry = current.entries[current.next++];
-        const QString name = decodedName(entry.name);
-        if (name.isNull())
-            continue;
-        const QString path = pathInFolder(current.path, name);
+        const QString path = pathInFolder(current.path, decodedName(entry.name));
         if (!visit(path))
             return;
         if (entry.isFolder && (options.packages == EnumerationOptions::Packages::Enter || !isPackage(path)))

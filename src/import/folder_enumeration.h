@@ -18,7 +18,8 @@ struct EnumerationOptions
 
     /// Whether to enter packages: folders that desktops show as one document, such as "Song.band".
     Packages packages = Packages::Skip;
-    /// How many entries of each folder are read at most, in the order in which the file system lists them.
+    /// How many entries of each folder that are not left out are read at most, in the order in which the file
+    /// system lists them.
     std::size_t maxEntriesPerFolder = std::numeric_limits<std::size_t>::max();
 };
 

@@ -1,5 +1,7 @@
 #pragma once
 
+#include "session/scan_result.h"
+
 #include <QList>
 #include <QUrl>
 
@@ -9,15 +11,6 @@ enum class ReportFormat
 {
     Text,
     Json
-};
-
-/// How duplicates are looked for.
-enum class SearchDepth
-{
-    /// By the four passes of a scan.
-    FourPasses,
-    /// By comparing every song with every other (see findFurther()).
-    Further
 };
 
 /// Scans files and folders and prints a report of their duplicates on standard output. Progress is shown on

@@ -1,6 +1,7 @@
 #include "report/report_writers.h"
 
 #include "model/byte_count.h"
+#include "model/visible_controls.h"
 #include "report/terminal_text.h"
 
 #include <QHash>
@@ -63,11 +64,11 @@ struct Row
 Row rowOf(const Song &song, const QString &badge)
 {
     return {badge,
-            escapedForTerminal(song.name),
-            escapedForTerminal(song.fileType),
+            withVisibleControls(song.name),
+            withVisibleControls(song.fileType),
             song.formattedDuration(),
             formattedByteCount(song.size),
-            escapedForTerminal(song.folderName)};
+            withVisibleControls(song.folderName)};
 }
 
 bool isOnlyFurther(const Song &duplicate, const OnlyFurther &onlyFurther)
@@ -160,18 +161,13 @@ bool writeTextReport(QIODevice &device, const QList<Song> &songs, const QList<Du
                      const OnlyFurther &onlyFurther)
 {
     BufferedWriter writer(device);
-    qsizetype duplicateCount = 0;
-    qint64 duplicateBytes = 0;
-    for (const DuplicateGroup &group : groups) {
+    for (const DuplicateGroup &group : groups)
         addGroup(writer, group, onlyFurther);
-        duplicateCount += group.duplicates.size();
-        for (const Song &duplicate : group.duplicates)
-            duplicateBytes += duplicate.size;
-    }
+    const DuplicateTotals duplicates = totalsOf(groups);
     const QStringList totals{
         counted(groups.size(), QStringLiteral("group"), QStringLiteral("groups")),
-        counted(duplicateCount, QStringLiteral("duplicate file"), QStringLiteral("duplicate files")),
-        QStringLiteral("%1 to free").arg(formattedByteCount(duplicateBytes)),
+        counted(duplicates.count, QStringLiteral("duplicate file"), QStringLiteral("duplicate files")),
+        QStringLiteral("%1 to free").arg(formattedByteCount(duplicates.bytes)),
         counted(songs.size(), QStringLiteral("song scanned"), QStringLiteral("songs scanned")),
     };
     writer.addLine(totals.join(QStringLiteral(" \u2022 ")));

@@ -4,10 +4,6 @@
 
 namespace sonavo {
 
-/// Text that is safe to print on a terminal: control characters, line separators and characters that change
-/// the writing direction are replaced by escapes such as "\n" or "\x1b".
-[[nodiscard]] QString escapedForTerminal(const QString &text);
-
 /// The number of columns that a text takes on a terminal. Needs a UTF-8 locale (see useUtf8Locale()).
 [[nodiscard]] qsizetype terminalWidth(const QString &text);
 

@@ -1,5 +1,6 @@
 #include "session/clean_up.h"
 
+#include "model/visible_controls.h"
 #include "session/clean_up_text.h"
 #include "session/release.h"
 
@@ -38,14 +39,9 @@ bool CleanUp::isBusy() const
     return m_session.job.state().isRunning || m_session.scan.state().isRunning;
 }
 
-WorkBasis CleanUp::basis() const
-{
-    return {m_session.library.scanResult(), m_session.library.notes(), m_history};
-}
-
 CleanUpPlan CleanUp::plan(CleanUpTarget target) const
 {
-    return {.basis = basis(),
+    return {.basis = basisOf(m_session.library),
             .target = target,
             .groups = m_session.library.duplicateGroups(),
             .files = m_session.library.duplicateTotals().count,
@@ -135,11 +131,13 @@ void CleanUp::publish(quint64 scan, const CleanedUp &cleaned)
         m_session.preview.stop();
     if (self && isShown(scan)) {
         m_summaryScan = scan;
-        setHistory(cleaned.history, cleaned.total);
+        m_session.library.setHistory(cleaned.history);
+        if (self && isShown(scan))
+            setSummary(cleaned.total);
         if (self && isShown(scan))
             m_session.library.show(cleaned.lists);
     } else if (self) {
-        setHistory(cleaned.history);
+        m_session.library.setHistory(cleaned.history);
     }
     if (!self)
         return;
@@ -151,7 +149,7 @@ void CleanUp::publish(quint64 scan, const CleanedUp &cleaned)
     notices.showToast(toastText(summary), type, isUndoable ? undoAction() : QString());
     if (self && summary.folder) {
         m_session.desktop.copyToClipboard(summary.folder->path());
-        announceCopiedPath(this, m_pauses, isUndoable ? m_history.next() : nullptr);
+        announceCopiedPath(this, m_pauses, isUndoable ? m_session.library.history().next() : nullptr);
     }
 }
 
@@ -161,7 +159,7 @@ QCoro::Task<> CleanUp::announceCopiedPath(QPointer<CleanUp> self, std::shared_pt
     co_await pauses->wait(1s);
     if (!self)
         co_return;
-    const auto next = self->m_history.next();
+    const auto next = self->m_session.library.history().next();
     const bool isUndoable = next && next == step.lock() && !self->isBusy();
     self->m_session.notices.showToast(QStringLiteral("Folder path copied to clipboard"), ToastType::Info,
                                       isUndoable ? undoAction() : QString());
@@ -180,10 +178,9 @@ void CleanUp::deleteSong(const Song &song)
     }
     if (!self)
         return;
-    const WorkBasis basis = this->basis();
-    const auto work = [deleted, basis,
-                       groups = m_session.library.duplicateGroups()](const FileJob::Control &control) {
-        return sonavo::deleteSong(deleted, groups, basis, control);
+    const WorkBasis basis = basisOf(m_session.library);
+    const auto work = [deleted, basis](const FileJob::Control &control) {
+        return sonavo::deleteSong(deleted, basis, control);
     };
     m_session.job.run<DeletedSong>(
         QStringLiteral("Moving %1 of %2 to the Trash"), 1, work,
@@ -203,12 +200,16 @@ void CleanUp::publish(quint64 scan, const Song &song, const DeletedSong &deleted
     }
     const QPointer<CleanUp> self(this);
     Library &library = m_session.library;
-    setHistory(deleted.history);
-    if (self && isShown(scan))
-        library.show({deleted.lists.songs, library.duplicateGroups(), library.duplicateTotals()});
+    library.setHistory(deleted.history);
+    if (self && isShown(scan)) {
+        SongLists lists = library.lists();
+        lists.songs = deleted.lists.songs;
+        library.show(lists);
+    }
     if (!self || deleted.wasGone)
         return;
-    notices.showToast(QStringLiteral("Moved to Trash: %1").arg(song.name), ToastType::Success, undoAction());
+    notices.showToast(QStringLiteral("Moved to Trash: %1").arg(withVisibleControls(song.name)),
+                      ToastType::Success, undoAction());
     if (self && isShown(scan))
         library.show(deleted.lists);
     // The user can have started one meanwhile that has no row any more.
@@ -219,35 +220,45 @@ void CleanUp::publish(quint64 scan, const Song &song, const DeletedSong &deleted
 
 void CleanUp::undo()
 {
-    if (isBusy() || !m_history.next())
+    if (isBusy() || !m_session.library.history().next())
         return;
     const QPointer<CleanUp> self(this);
     m_session.notices.removeToastAction();
     if (!self || isBusy())
         return;
-    const WorkBasis basis = this->basis();
+    const WorkBasis basis = basisOf(m_session.library);
+    const std::shared_ptr<const UndoStep> step = basis.history.next();
     m_session.job.run<UndoneStep>(
-        QStringLiteral("Putting back %1 of %2"), basis.history.next()->files.size(),
+        step->files.isEmpty() ? step->name : QStringLiteral("Putting back %1 of %2"), step->files.size(),
         [basis](const FileJob::Control &control) { return undoNext(basis, control); },
-        [self, scan = basis.scan.id](const UndoneStep &undone) {
+        [self, scan = basis.scan.id, step](const UndoneStep &undone) {
             if (self)
-                self->publish(scan, undone);
+                self->publish(scan, *step, undone);
         });
 }
 
-void CleanUp::publish(quint64 scan, const UndoneStep &undone)
+void CleanUp::publish(quint64 scan, const UndoStep &step, const UndoneStep &undone)
 {
     const QPointer<CleanUp> self(this);
     if (undone.changesLists && isShown(scan)) {
         m_session.library.setNotes(undone.notes);
-        setHistory(undone.history, undone.summaryBefore);
+        m_session.library.setHistory(undone.history);
+        if (self && isShown(scan) && undone.summaryBefore)
+            setSummary(*undone.summaryBefore);
         if (self && isShown(scan))
             m_session.library.show(undone.lists);
     } else {
-        setHistory(undone.history);
+        m_session.library.setHistory(undone.history);
     }
+    const auto &played = self ? m_session.preview.state().song : std::nullopt;
+    if (played && undone.hidden.contains(played->id))
+        m_session.preview.stop();
     if (!self)
         return;
+    if (step.files.isEmpty()) {
+        m_session.notices.showToast(QStringLiteral("Undone: %1").arg(step.name), ToastType::Success);
+        return;
+    }
     const bool isDone = undone.failures.isEmpty();
     m_session.notices.showToast(undoToastText(undone.restored, undone.failures.size(), undone.notReached),
                                 !isDone                 ? ToastType::Error
@@ -257,14 +268,10 @@ void CleanUp::publish(quint64 scan, const UndoneStep &undone)
         m_session.notices.raiseAlert(undoAlertText(undone.failures));
 }
 
-void CleanUp::setHistory(const UndoHistory &history,
-                         const std::optional<std::shared_ptr<const CleanUpSummary>> &summary)
+void CleanUp::setSummary(const std::shared_ptr<const CleanUpSummary> &summary)
 {
-    releaseLater(std::exchange(m_history, history));
     State state = m_state;
-    const auto next = m_history.next();
-    state.undoText = next ? QStringLiteral("Undo %1").arg(next->name) : QString();
-    state.summary = summary.value_or(state.summary);
+    state.summary = summary;
     set(std::move(state));
 }
 

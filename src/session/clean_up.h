@@ -26,8 +26,6 @@ class CleanUp : public QObject
 public:
     struct State
     {
-        /// As "Undo Move to Trash"; empty when there is nothing to undo.
-        QString undoText;
         /// Of the last clean-up of all duplicates, until songs are scanned anew or it is undone; may be null.
         std::shared_ptr<const CleanUpSummary> summary;
 
@@ -67,7 +65,8 @@ public:
     void deleteSong(const Song &song);
 
     /// Puts the files of the last step back where they were, and the songs into the library, unless it holds
-    /// those of another scan by now. What could not be put back is named in an alert.
+    /// those of another scan by now. What could not be put back is named in an alert. A step that has moved
+    /// no files is taken back.
     void undo();
 
 Q_SIGNALS:
@@ -79,7 +78,6 @@ private:
 
     [[nodiscard]] bool isBusy() const;
     [[nodiscard]] bool isShown(quint64 scan) const { return m_session.library.scanResult().id == scan; }
-    [[nodiscard]] WorkBasis basis() const;
     [[nodiscard]] CleanUpPlan plan(CleanUpTarget target) const;
     void stopPreviewOfDuplicates();
     void start(const CleanUpPlan &plan);
@@ -87,17 +85,14 @@ private:
     // What a job has done. The library can hold the songs of another scan by then, or none.
     void publish(quint64 scan, const CleanedUp &cleaned);
     void publish(quint64 scan, const Song &song, const DeletedSong &deleted);
-    void publish(quint64 scan, const UndoneStep &undone);
+    void publish(quint64 scan, const UndoStep &step, const UndoneStep &undone);
 
-    /// @param summary the new one, if it changes
-    void setHistory(const UndoHistory &history,
-                    const std::optional<std::shared_ptr<const CleanUpSummary>> &summary = {});
+    void setSummary(const std::shared_ptr<const CleanUpSummary> &summary);
     void forgetSummaryOfOtherScan();
     void set(State state);
 
     const Session m_session;
     const std::shared_ptr<Pauses> m_pauses;
-    UndoHistory m_history;
     State m_state;
     /// The scan that the summary is about.
     quint64 m_summaryScan = 0;

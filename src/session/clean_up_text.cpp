@@ -1,6 +1,7 @@
 #include "session/clean_up_text.h"
 
 #include "model/byte_count.h"
+#include "model/visible_controls.h"
 
 #include <QLocale>
 #include <QStringList>
@@ -19,17 +20,23 @@ QString separator()
     return QStringLiteral(" \u2022 ");
 }
 
-/// "1 file", "1,234 files"
-QString counted(qint64 number, const QString &noun)
-{
-    return groupedNumber(number) + u' ' + noun + (number == 1 ? QString() : QStringLiteral("s"));
-}
-
 } // namespace
 
 QString groupedNumber(qint64 number)
 {
     return QLocale(QLocale::English, QLocale::UnitedStates).toString(number);
+}
+
+QString counted(qint64 number, const QString &noun)
+{
+    return groupedNumber(number) + u' ' + noun + (number == 1 ? QString() : QStringLiteral("s"));
+}
+
+QString moreFoundText(qint64 duplicates)
+{
+    const QString found = duplicates == 0 ? QStringLiteral("No more duplicates")
+                                          : counted(duplicates, QStringLiteral("more duplicate"));
+    return found + QStringLiteral(" found");
 }
 
 QString descriptionOf(const DuplicateTotals &duplicates, CleanUpTarget target)
@@ -98,7 +105,8 @@ QString undoAlertText(const QList<SongFailure> &failures)
     QStringList lines{counted(failures.size(), QStringLiteral("file")) +
                       QStringLiteral(" could not be put back:")};
     for (const SongFailure &failure : failures.first(std::min(failures.size(), MOST_NAMES)))
-        lines.append(QStringLiteral("\u2022 %1: %2").arg(failure.song.name, failure.reason));
+        lines.append(QStringLiteral("\u2022 %1: %2")
+                         .arg(withVisibleControls(failure.song.name), withVisibleControls(failure.reason)));
     if (failures.size() > MOST_NAMES)
         lines.append(QStringLiteral("and %1 more").arg(groupedNumber(failures.size() - MOST_NAMES)));
     return lines.join(u'\n');

@@ -115,6 +115,23 @@ void summarize(const CleanUpOutcome &outcome, const CleanUpPlan &plan, CleanedUp
 
 } // namespace
 
+WorkBasis basisOf(const Library &library)
+{
+    return {library.scanResult(), library.notes(), library.history(), library.duplicateGroups()};
+}
+
+QSet<QUuid> songsHidden(const QList<DuplicateGroup> &before, const QList<DuplicateGroup> &after)
+{
+    QSet<QUuid> ids;
+    for (const DuplicateGroup &group : before)
+        ids.unite(idsOf(membersOf(group)));
+    for (const DuplicateGroup &group : after) {
+        if (!group.duplicates.isEmpty())
+            ids.subtract(idsOf(membersOf(group)));
+    }
+    return ids;
+}
+
 void removeLeftoversLater()
 {
     diskThreads().start([] { cleanUpUnfinishedMoves(moveJournalFolder()); });
@@ -160,8 +177,7 @@ CleanedUp cleanUp(const CleanUpPlan &plan, const FileJob::Control &control)
     return result;
 }
 
-DeletedSong deleteSong(const Song &song, const QList<DuplicateGroup> &groups, const WorkBasis &basis,
-                       const FileJob::Control &control)
+DeletedSong deleteSong(const Song &song, const WorkBasis &basis, const FileJob::Control &control)
 {
     DeletedSong result;
     result.history = basis.history;
@@ -174,7 +190,7 @@ DeletedSong deleteSong(const Song &song, const QList<DuplicateGroup> &groups, co
         return result;
     }
     QList<DuplicateGroup> groupsOfSong;
-    std::ranges::copy_if(groups, std::back_inserter(groupsOfSong),
+    std::ranges::copy_if(basis.groups, std::back_inserter(groupsOfSong),
                          [&song](const DuplicateGroup &group) { return isMember(group, song.id); });
     const auto trashed = trashSong(song, groupsOfSong, optionsFor(journal, control, basis.notes));
     if (const auto *failure = std::get_if<Failure>(&trashed)) {
@@ -197,9 +213,12 @@ DeletedSong deleteSong(const Song &song, const QList<DuplicateGroup> &groups, co
 UndoneStep undoNext(const WorkBasis &basis, const FileJob::Control &control)
 {
     const std::shared_ptr<const UndoStep> step = basis.history.next();
-    removeLeftoversLater();
-    MoveJournal journal(moveJournalFolder());
-    const UndoOutcome outcome = putBack(step->files, optionsFor(journal, control, {}));
+    UndoOutcome outcome;
+    if (!step->files.isEmpty()) {
+        removeLeftoversLater();
+        MoveJournal journal(moveJournalFolder());
+        outcome = putBack(step->files, optionsFor(journal, control, {}));
+    }
 
     UndoneStep result;
     result.history = basis.history;
@@ -210,9 +229,11 @@ UndoneStep undoNext(const WorkBasis &basis, const FileJob::Control &control)
     result.failures = outcome.failures + outcome.gone;
     result.notReached = step->files.size() - result.restored - result.failures.size();
     result.summaryBefore = step->summaryBefore;
-    result.changesLists = step->scan == basis.scan.id && result.restored > 0;
-    if (result.changesLists)
+    result.changesLists = step->scan == basis.scan.id && (result.restored > 0 || step->files.isEmpty());
+    if (result.changesLists) {
         result.lists = result.history.applyTo(basis.scan);
+        result.hidden = songsHidden(basis.groups, result.lists.groups);
+    }
     return result;
 }
 

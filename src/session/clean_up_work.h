@@ -31,7 +31,15 @@ struct WorkBasis
     ScanResult scan;
     FileNotes notes;
     UndoHistory history;
+    /// The groups that are shown.
+    QList<DuplicateGroup> groups;
 };
+
+[[nodiscard]] WorkBasis basisOf(const Library &library);
+
+/// Ids of the songs that have a row in the list no longer when other groups are shown.
+[[nodiscard]] QSet<QUuid> songsHidden(const QList<DuplicateGroup> &before,
+                                      const QList<DuplicateGroup> &after);
 
 /// What a job leaves.
 struct WorkResult
@@ -44,6 +52,7 @@ struct CleanUpPlan
 {
     WorkBasis basis;
     CleanUpTarget target = CleanUpTarget::Trash;
+    /// Those that are cleaned up.
     QList<DuplicateGroup> groups;
     /// Duplicates in the groups.
     qint64 files = 0;
@@ -81,9 +90,8 @@ struct DeletedSong : WorkResult
 };
 
 /// Moves one song's file to the Trash.
-/// @param groups all that are shown
-[[nodiscard]] DeletedSong deleteSong(const Song &song, const QList<DuplicateGroup> &groups,
-                                     const WorkBasis &basis, const FileJob::Control &control);
+[[nodiscard]] DeletedSong deleteSong(const Song &song, const WorkBasis &basis,
+                                     const FileJob::Control &control);
 
 struct UndoneStep : WorkResult
 {
@@ -95,11 +103,13 @@ struct UndoneStep : WorkResult
     QList<SongFailure> failures;
     /// Whether the step has changed the lists of this scan, and has not been undone in vain.
     bool changesLists = false;
+    /// Ids of the songs that leave the groups shown.
+    QSet<QUuid> hidden;
     /// See UndoStep.
     std::optional<std::shared_ptr<const CleanUpSummary>> summaryBefore;
 };
 
-/// Puts the files of the next step back. There must be one.
+/// Puts the files of the next step back, or takes back what it has decided. There must be one.
 [[nodiscard]] UndoneStep undoNext(const WorkBasis &basis, const FileJob::Control &control);
 
 } // namespace sonavo

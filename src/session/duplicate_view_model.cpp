@@ -1,7 +1,9 @@
 #include "session/duplicate_view_model.h"
 
+#include "model/visible_controls.h"
 #include "session/clean_up_text.h"
 
+#include <QFileInfo>
 #include <QPointer>
 #include <QSignalBlocker>
 
@@ -17,10 +19,12 @@ DuplicateViewModel::DuplicateViewModel(Desktop &desktop, const std::shared_ptr<P
     , m_scan(m_library, m_notices, pauses)
     , m_importer(desktop, m_library, m_job, m_scan, m_notices)
     , m_cleanUp({desktop, m_library, m_preview, m_notices, m_scan, m_job}, pauses)
+    , m_review({m_library, m_preview, m_notices, m_scan, m_job})
 {
     Q_ASSERT(!m_colors.isEmpty());
     connect(&m_library, &Library::songsChanged, this, &DuplicateViewModel::songsChanged);
     connect(&m_library, &Library::duplicateGroupsChanged, this, &DuplicateViewModel::duplicateGroupsChanged);
+    connect(&m_library, &Library::historyChanged, this, &DuplicateViewModel::undoTextChanged);
     connect(&m_scan, &Scan::changed, this, &DuplicateViewModel::announceScan);
     connect(&m_notices, &Notices::changed, this, &DuplicateViewModel::announceNotices);
     connect(&m_preview, &Preview::changed, this, &DuplicateViewModel::announcePreview);
@@ -125,7 +129,6 @@ void DuplicateViewModel::announceCleanUp(const CleanUp::State &before)
 {
     const CleanUp::State &now = m_cleanUp.state();
     announce({
-        {&DuplicateViewModel::undoTextChanged, before.undoText != now.undoText},
         {&DuplicateViewModel::cleanUpSummaryChanged, before.summary != now.summary},
     });
 }
@@ -167,6 +170,21 @@ QString DuplicateViewModel::cleanupAllDescription() const
 QString DuplicateViewModel::moveDuplicatesDescription() const
 {
     return descriptionOf(m_library.duplicateTotals(), CleanUpTarget::Folder);
+}
+
+QString DuplicateViewModel::moreFoundDescription() const
+{
+    return isFurtherResult() ? moreFoundText(onlyFurther().size()) : QString();
+}
+
+void DuplicateViewModel::keepCopiesInFolderOf(const Song &song)
+{
+    m_review.keepCopiesIn(QFileInfo(song.path).path());
+}
+
+QString DuplicateViewModel::playingName() const
+{
+    return currentlyPlayingSong() ? withVisibleControls(currentlyPlayingSong()->name) : QString();
 }
 
 QString DuplicateViewModel::cleanUpHeadline() const

@@ -7,6 +7,7 @@
 #include "session/library.h"
 #include "session/notices.h"
 #include "session/preview.h"
+#include "session/review.h"
 #include "session/scan.h"
 
 #include <QList>
@@ -37,6 +38,10 @@ class DuplicateViewModel : public QObject
     /// What the buttons for all duplicates will do, as "Move 344 duplicates (1.2 GB) to the Trash".
     Q_PROPERTY(QString cleanupAllDescription READ cleanupAllDescription NOTIFY duplicateGroupsChanged)
     Q_PROPERTY(QString moveDuplicatesDescription READ moveDuplicatesDescription NOTIFY duplicateGroupsChanged)
+    /// Whether the groups are those that looking further has found.
+    Q_PROPERTY(bool isFurtherResult READ isFurtherResult NOTIFY duplicateGroupsChanged)
+    /// What that has added, as "14 more duplicates found"; empty when it is the first result that is shown.
+    Q_PROPERTY(QString moreFoundDescription READ moreFoundDescription NOTIFY duplicateGroupsChanged)
     /// See Scan::State.
     Q_PROPERTY(bool isScanning READ isScanning NOTIFY isScanningChanged)
     Q_PROPERTY(double progress READ progress NOTIFY progressChanged)
@@ -51,6 +56,8 @@ class DuplicateViewModel : public QObject
     /// Undefined without a preview.
     Q_PROPERTY(
         QVariant currentlyPlayingSong READ currentlyPlayingSongVariant NOTIFY currentlyPlayingSongChanged)
+    /// Name of that song as it is shown; empty without a preview.
+    Q_PROPERTY(QString playingName READ playingName NOTIFY currentlyPlayingSongChanged)
     /// Whether the user must be asked about the import of pendingImportURLs. Set to false when the question
     /// is closed.
     Q_PROPERTY(
@@ -66,7 +73,8 @@ class DuplicateViewModel : public QObject
     Q_PROPERTY(int toastNumber READ toastNumber NOTIFY toastChanged)
     /// Text of the toast's button; empty without one.
     Q_PROPERTY(QString toastAction READ toastAction NOTIFY toastChanged)
-    /// Files are being moved. Meanwhile everything that would change the session is ignored.
+    /// Files are being moved, or the groups changed. Meanwhile everything that would change the session is
+    /// ignored.
     Q_PROPERTY(bool isCleaningUp READ isCleaningUp NOTIFY isCleaningUpChanged)
     /// Whether that has taken long enough to show how far it is.
     Q_PROPERTY(bool showCleanUpProgress READ showCleanUpProgress NOTIFY cleanUpProgressChanged)
@@ -78,7 +86,7 @@ class DuplicateViewModel : public QObject
     Q_PROPERTY(QString cleanUpTimeLeft READ cleanUpTimeLeft NOTIFY cleanUpProgressChanged)
     /// It was asked to stop, and still ends the file at hand.
     Q_PROPERTY(bool isCleanUpStopping READ isCleanUpStopping NOTIFY cleanUpProgressChanged)
-    /// As "Undo Move to Trash"; empty when there is nothing to undo.
+    /// See UndoHistory::nextText().
     Q_PROPERTY(QString undoText READ undoText NOTIFY undoTextChanged)
     /// What the last clean-up of all duplicates has done, until the next scan or its undo.
     Q_PROPERTY(bool hasCleanUpSummary READ hasCleanUpSummary NOTIFY cleanUpSummaryChanged)
@@ -116,6 +124,10 @@ public:
     [[nodiscard]] const QList<DuplicateGroup> &duplicateGroups() const { return m_library.duplicateGroups(); }
     [[nodiscard]] int duplicateGroupCount() const { return static_cast<int>(duplicateGroups().size()); }
     [[nodiscard]] int duplicateCount() const { return m_library.duplicateTotals().count; }
+    [[nodiscard]] bool isFurtherResult() const { return m_library.lists().depth == SearchDepth::Further; }
+    [[nodiscard]] QString moreFoundDescription() const;
+    /// Ids of the duplicates that only looking further has found.
+    [[nodiscard]] const QSet<QUuid> &onlyFurther() const { return m_library.lists().onlyFurther; }
     [[nodiscard]] bool isScanning() const { return m_scan.state().isRunning; }
     [[nodiscard]] double progress() const { return m_scan.state().progress; }
     [[nodiscard]] qint64 processedFiles() const { return m_scan.state().processedFiles; }
@@ -125,6 +137,7 @@ public:
     [[nodiscard]] const QString &alertMessage() const { return m_notices.state().alertMessage; }
     [[nodiscard]] PreviewPlayer *player() const { return m_preview.state().player; }
     [[nodiscard]] const std::optional<Song> &currentlyPlayingSong() const { return m_preview.state().song; }
+    [[nodiscard]] QString playingName() const;
     [[nodiscard]] bool showLimitWarning() const { return m_importer.state().isAsking; }
     [[nodiscard]] const QList<QUrl> &pendingImportURLs() const { return m_importer.state().pendingUrls; }
     [[nodiscard]] bool showToast() const { return m_notices.state().isToastShown; }
@@ -140,7 +153,7 @@ public:
     [[nodiscard]] double cleanUpFraction() const { return m_job.state().fraction; }
     [[nodiscard]] const QString &cleanUpTimeLeft() const { return m_job.state().timeLeft; }
     [[nodiscard]] bool isCleanUpStopping() const { return m_job.state().isStopping; }
-    [[nodiscard]] const QString &undoText() const { return m_cleanUp.state().undoText; }
+    [[nodiscard]] QString undoText() const { return m_library.history().nextText(); }
     [[nodiscard]] bool hasCleanUpSummary() const { return m_cleanUp.state().summary != nullptr; }
     [[nodiscard]] QString cleanUpHeadline() const;
     [[nodiscard]] QString cleanUpRemaining() const;
@@ -179,10 +192,18 @@ public:
     Q_INVOKABLE void deleteSong(const sonavo::Song &song) { m_cleanUp.deleteSong(song); }
     /// Tries again to move the songs that the last clean-up could not move.
     Q_INVOKABLE void retryCleanUp() { m_cleanUp.retry(); }
-    /// Puts back the files of the last step that can be undone.
+    /// Takes back the last step that can be undone.
     Q_INVOKABLE void undo() { m_cleanUp.undo(); }
-    /// Ends a clean-up or an undo after the file at hand.
+    /// Ends a clean-up or an undo after the file at hand, and looking further at once.
     Q_INVOKABLE void stopCleanUp() { m_job.requestStop(); }
+
+    /// See Review.
+    Q_INVOKABLE void findMore() { m_review.findMore(); }
+    Q_INVOKABLE void returnToFirstResult() { m_review.returnToFirstResult(); }
+    Q_INVOKABLE void keepSong(const sonavo::Song &song) { m_review.keepSong(song); }
+    /// Keeps the copies in a song's folder, and below it.
+    Q_INVOKABLE void keepCopiesInFolderOf(const sonavo::Song &song);
+    Q_INVOKABLE void excludeFromDuplicates(const sonavo::Song &song) { m_review.excludeFromDuplicates(song); }
 
     /// Does what the toast's button says.
     Q_INVOKABLE void performToastAction();
@@ -243,6 +264,7 @@ private:
     Scan m_scan;
     Importer m_importer;
     CleanUp m_cleanUp;
+    Review m_review;
 };
 
 } // namespace sonavo

@@ -83,7 +83,9 @@ void FileJob::update()
     const qint64 done = std::min<qint64>(m_progress->done, m_files);
     State state = m_state;
     state.isShown = true;
-    state.message = m_message.arg(groupedNumber(std::min(done + 1, m_files)), groupedNumber(m_files));
+    state.message = m_message;
+    if (m_message.contains(u"%1"))
+        state.message = m_message.arg(groupedNumber(std::min(done + 1, m_files)), groupedNumber(m_files));
     state.fraction = m_files > 0 ? static_cast<double>(done) / static_cast<double>(m_files) : 0.0;
     state.timeLeft = timeLeftText(elapsed, done, m_files);
     set(std::move(state));

@@ -21,7 +21,8 @@
 
 namespace sonavo {
 
-/// Moves files in a thread of its own, one job at a time, and says how far it is. Main thread only.
+/// Moves files, or changes the result, in a thread of its own, one job at a time, and says how far it is.
+/// Main thread only.
 class FileJob : public QObject
 {
     Q_OBJECT
@@ -61,8 +62,8 @@ public:
     [[nodiscard]] const State &state() const { return m_state; }
 
     /// Does work in the other thread and then publishes its outcome in this one. Only when no job is running.
-    /// @param message with %1 for the number of the file at hand and %2 for that of all
-    /// @param files how many
+    /// @param message with %1 for the number of the file at hand and %2 for that of all, or without either
+    /// @param files how many, or into how many parts other work is divided
     /// @param work must own what it uses, since it can outlive the session
     /// @param publish the job counts as running until it returns
     template <typename Outcome>

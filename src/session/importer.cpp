@@ -2,6 +2,7 @@
 
 #include "import/audio_discovery.h"
 #include "model/saturating.h"
+#include "model/visible_controls.h"
 
 #include <QDir>
 #include <QPointer>
@@ -72,7 +73,7 @@ bool Importer::importDrop(const QList<QUrl> &urls)
         m_notices.showToast(
             QStringLiteral("Only \u201c%1\u201d is being scanned. Use \u201cAdd Song\u201d to choose several "
                            "items together.")
-                .arg(QDir(started.last().toLocalFile()).dirName()),
+                .arg(withVisibleControls(QDir(started.last().toLocalFile()).dirName())),
             Notices::ToastType::Info);
     }
     return !started.isEmpty();

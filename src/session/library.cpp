@@ -8,23 +8,53 @@
 
 namespace sonavo {
 
-void Library::setSongs(const QList<Song> &songs)
+void Library::setSongs(const QList<Song> &songs, const QList<FileNote> &notes)
 {
-    releaseLater(std::exchange(m_scanResult, {.id = ++m_lastScanId, .songs = songs, .groups = {}}));
-    show({.songs = songs, .groups = m_lists.groups, .totals = m_lists.totals});
+    ScanResult result;
+    result.id = ++m_lastScanId;
+    result.songs = songs;
+    result.notes = notes;
+    releaseLater(std::exchange(m_scanResult, std::move(result)));
+    SongLists lists = m_lists;
+    lists.songs = songs;
+    showOther(lists);
 }
 
 void Library::setDuplicateGroups(const QList<DuplicateGroup> &groups)
 {
     releaseLater(std::exchange(m_scanResult.groups, groups));
-    show({.songs = m_lists.songs, .groups = groups, .totals = totalsOf(groups)});
+    SongLists lists;
+    lists.songs = m_lists.songs;
+    lists.groups = groups;
+    lists.totals = totalsOf(groups);
+    show(lists);
+}
+
+void Library::setFurtherGroups(const QList<DuplicateGroup> &groups)
+{
+    releaseLater(std::exchange(m_scanResult.furtherGroups, groups));
 }
 
 void Library::clear()
 {
     releaseLater(std::exchange(m_scanResult, {}));
     setNotes({});
-    show({});
+    showOther({});
+}
+
+void Library::showOther(const SongLists &lists)
+{
+    m_history = m_history.keptFor(m_scanResult.id);
+    const QPointer<Library> self(this);
+    show(lists);
+    if (self)
+        Q_EMIT historyChanged();
+}
+
+void Library::setHistory(const UndoHistory &history)
+{
+    releaseLater(std::exchange(m_history, history.keptFor(m_scanResult.id)));
+    Q_EMIT historyChanged();
 }
 
 void Library::setNotes(const FileNotes &notes)

@@ -3,10 +3,13 @@
 #include "analysis/analyze_duplicates.h"
 #include "import/audio_discovery.h"
 #include "import/disk_task.h"
+#include "session/background.h"
 #include "session/read_songs.h"
+#include "session/release.h"
 
 #include <QCoroFuture>
 
+#include <tuple>
 #include <utility>
 
 namespace sonavo {
@@ -25,7 +28,7 @@ QCoro::Task<QStringList> discoverFiles(QList<QUrl> urls, std::shared_ptr<Pauses>
     co_return co_await discovery.result();
 }
 
-/// The others are not kept: only songs in groups can be cleaned up.
+/// The others are not needed yet: only songs in groups can be cleaned up.
 FileNotes notesOfMembers(const QList<DuplicateGroup> &groups, const ReadSongs &read)
 {
     FileNotes notes;
@@ -83,10 +86,10 @@ public:
             state.message = message;
         });
     }
-    void publishSongs(const QList<Song> &songs) const
+    void publishSongs(const ReadSongs &read) const
     {
         if (isCurrent())
-            m_scan->m_library.setSongs(songs);
+            m_scan->m_library.setSongs(read.songs, read.notes);
     }
     void publishGroups(const QList<DuplicateGroup> &groups, const FileNotes &notes) const
     {
@@ -122,6 +125,11 @@ Scan::Scan(Library &library, Notices &notices, std::shared_ptr<Pauses> pauses, Q
     , m_pauses(std::move(pauses))
 {}
 
+Scan::~Scan()
+{
+    m_stop.request_stop();
+}
+
 void Scan::start(QList<QUrl> urls)
 {
     m_stop.request_stop();
@@ -147,7 +155,7 @@ QCoro::Task<> Scan::scan(Run run, QList<QUrl> urls, std::shared_ptr<Pauses> paus
 {
     if (!run.showStep(0.0, QStringLiteral("Step 1/4: Discovering audio files...")))
         co_return;
-    const QStringList files = co_await discoverFiles(urls, pauses, run.stop());
+    QStringList files = co_await discoverFiles(urls, pauses, run.stop());
     if (!run.isCurrent())
         co_return;
     if (files.isEmpty()) {
@@ -164,10 +172,11 @@ QCoro::Task<> Scan::scan(Run run, QList<QUrl> urls, std::shared_ptr<Pauses> paus
             processed, total,
             QStringLiteral("Step 1/4: Processing audio files (%1 of %2)").arg(processed).arg(total));
     };
-    const std::optional<ReadSongs> read = co_await readSongs(files, pauses, run.stop(), showProgress);
+    std::optional<ReadSongs> read =
+        co_await readSongs(std::exchange(files, {}), pauses, run.stop(), showProgress);
     if (!read)
         co_return;
-    run.publishSongs(read->songs);
+    run.publishSongs(*read);
     if (!run.showStep(0.33, QStringLiteral("Step 2/4: Preparing for duplicate analysis...")))
         co_return;
     if (read->songs.isEmpty()) {
@@ -184,9 +193,14 @@ QCoro::Task<> Scan::scan(Run run, QList<QUrl> urls, std::shared_ptr<Pauses> paus
             state.message = analysis.message.value_or(state.message);
         });
     };
-    const QList<DuplicateGroup> groups = co_await analyzeDuplicates(read->songs, pauses, showAnalysis);
-    run.publishGroups(groups, notesOfMembers(groups, *read));
+    QList<DuplicateGroup> groups =
+        co_await analyzeDuplicates(read->songs, pauses, runInBackground, run.stop(), showAnalysis);
+    FileNotes notes;
+    co_await runInBackground([&] { notes = notesOfMembers(groups, *read); });
+    run.publishGroups(groups, notes);
     run.end(1.0);
+    // A cancelled scan is the last to hold them.
+    releaseLater(std::tuple(std::move(groups), std::move(notes), std::move(read)));
 }
 
 void Scan::set(State state)

@@ -16,8 +16,8 @@
 namespace sonavo {
 
 /// Finds the audio files among files and folders, reads them into the songs of the library and finds the
-/// duplicates among them. Works a step at a time between turns of the event loop; what waits for a disk runs
-/// in other threads. Main thread only.
+/// duplicates among them. Works a step at a time between turns of the event loop; what waits for a disk and
+/// what computes for long run in other threads. Main thread only.
 class Scan : public QObject
 {
     Q_OBJECT
@@ -40,6 +40,9 @@ public:
     /// @param library receives the songs once all are read, and then the groups; must outlive the scan
     /// @param notices told when nothing was found; must outlive the scan
     Scan(Library &library, Notices &notices, std::shared_ptr<Pauses> pauses, QObject *parent = nullptr);
+    /// Cancels a running scan.
+    ~Scan() override;
+    Q_DISABLE_COPY_MOVE(Scan)
 
     [[nodiscard]] const State &state() const { return m_state; }
 

@@ -1,5 +1,9 @@
 #include "session/undo_history.h"
 
+#include "analysis/find_further.h"
+
+#include <QHash>
+
 #include <algorithm>
 #include <utility>
 
@@ -22,11 +26,77 @@ QSet<QUuid> idsOf(const auto &entries)
     return ids;
 }
 
+auto isIn(const QSet<QUuid> &ids)
+{
+    return [&ids](const Song &song) { return ids.contains(song.id); };
+}
+
+bool isKept(const Song &song, const KeptSong &kept)
+{
+    return song.id == kept.id;
+}
+
+bool isKept(const Song &song, const KeptFolder &kept)
+{
+    return song.path.size() > kept.path.size() && song.path.startsWith(kept.path) &&
+           (kept.path.endsWith(u'/') || song.path[kept.path.size()] == u'/');
+}
+
+/// Moves the songs that are to be kept to the front, the largest first. The others follow as they were: so it
+/// makes no difference whether songs leave the group before or after.
+void moveToFront(DuplicateGroup &group, const auto &kept)
+{
+    const auto isFirst = [&kept](const Song &song) { return isKept(song, kept); };
+    if (!isFirst(group.original) && std::ranges::none_of(group.duplicates, isFirst))
+        return;
+    QList<Song> members = membersOf(group);
+    const auto rest = std::stable_partition(members.begin(), members.end(), isFirst);
+    std::stable_sort(members.begin(), rest, [](const Song &a, const Song &b) { return a.size > b.size; });
+    group.original = members.takeFirst();
+    group.duplicates = members;
+}
+
+/// Lets groups have the originals that were chosen one after the other.
+class Originals
+{
+public:
+    explicit Originals(QList<DuplicateGroup> &groups)
+        : m_groups(groups)
+    {}
+
+    void operator()(const KeptSong &kept)
+    {
+        if (m_groupOf.isEmpty()) {
+            for (qsizetype i = 0; i < m_groups.size(); ++i) {
+                for (const Song &song : membersOf(m_groups[i]))
+                    m_groupOf.insert(song.id, i);
+            }
+        }
+        if (const auto group = m_groupOf.constFind(kept.id); group != m_groupOf.cend())
+            moveToFront(m_groups[*group], kept);
+    }
+    void operator()(const KeptFolder &kept)
+    {
+        for (DuplicateGroup &group : m_groups)
+            moveToFront(group, kept);
+    }
+
+private:
+    QList<DuplicateGroup> &m_groups;
+    /// By the ids of its songs; made when it is first needed.
+    QHash<QUuid, qsizetype> m_groupOf;
+};
+
 } // namespace
 
 std::shared_ptr<const UndoStep> UndoHistory::next() const
 {
     return m_steps.isEmpty() ? nullptr : m_steps.last();
+}
+
+QString UndoHistory::nextText() const
+{
+    return m_steps.isEmpty() ? QString() : QStringLiteral("Undo %1").arg(m_steps.last()->name);
 }
 
 void UndoHistory::add(UndoStep step)
@@ -44,6 +114,8 @@ void UndoHistory::addRemoval(quint64 scan, const Removal &removal)
 void UndoHistory::undone(const UndoOutcome &outcome, quint64 scan)
 {
     const std::shared_ptr<const UndoStep> step = m_steps.takeLast();
+    if (step->files.isEmpty())
+        return;
     if (outcome.restored.isEmpty() && outcome.gone.isEmpty()) {
         m_steps.insert(outcome.failures.isEmpty() ? m_steps.size() : 0, step);
         return;
@@ -77,21 +149,53 @@ Removal UndoHistory::removalFrom(quint64 scan) const
     return removal;
 }
 
-SongLists UndoHistory::applyTo(const ScanResult &scan) const
+SearchDepth UndoHistory::depthOf(quint64 scan) const
 {
-    const Removal removal = removalFrom(scan.id);
-    const auto isIn = [](const QSet<QUuid> &ids) {
-        return [&ids](const Song &song) { return ids.contains(song.id); };
-    };
-    const auto isCleanedUp = [&](const DuplicateGroup &group) {
+    SearchDepth depth = SearchDepth::FourPasses;
+    for (const auto &step : m_steps) {
+        if (step->scan == scan)
+            depth = step->depth.value_or(depth);
+    }
+    return depth;
+}
+
+UndoHistory UndoHistory::keptFor(quint64 scan) const
+{
+    UndoHistory rest = *this;
+    rest.m_steps.removeIf([scan](const auto &step) { return step->scan != scan && step->files.isEmpty(); });
+    return rest;
+}
+
+QList<DuplicateGroup> UndoHistory::applyTo(const QList<DuplicateGroup> &groups, quint64 scan) const
+{
+    const Removal removal = removalFrom(scan);
+    QList<DuplicateGroup> rest = groups;
+    Originals originals(rest);
+    for (const auto &step : m_steps) {
+        if (step->scan == scan && step->kept)
+            std::visit(originals, *step->kept);
+    }
+    rest.removeIf([&](const DuplicateGroup &group) {
         const QList<Song> members = membersOf(group);
         return std::ranges::any_of(members, isIn(removal.cleanedUp)) &&
                members.size() - std::ranges::count_if(members, isIn(removal.members)) < 2;
-    };
-    SongLists lists{.songs = scan.songs, .groups = scan.groups, .totals = {}};
+    });
+    return withoutSongs(rest, removal.members);
+}
+
+SongLists UndoHistory::applyTo(const ScanResult &scan) const
+{
+    const Removal removal = removalFrom(scan.id);
+    SongLists lists;
+    lists.songs = scan.songs;
     lists.songs.removeIf(isIn(removal.songs));
-    lists.groups.removeIf(isCleanedUp);
-    lists.groups = withoutSongs(lists.groups, removal.members);
+    lists.groups = applyTo(scan.groups, scan.id);
+    lists.depth = depthOf(scan.id);
+    if (lists.depth == SearchDepth::Further && scan.furtherGroups) {
+        const QList<DuplicateGroup> further = applyTo(*scan.furtherGroups, scan.id);
+        lists.onlyFurther = foundOnlyFurther(further, lists.groups);
+        lists.groups = further;
+    }
     lists.totals = totalsOf(lists.groups);
     return lists;
 }

@@ -8,6 +8,13 @@ double darknessOf(const ThemeManager &manager)
     return manager.isDark() ? 1.0 : 0.0;
 }
 
+QColor mixed(const QColor &from, const QColor &to, float share)
+{
+    const auto mix = [share](float a, float b) { return a + (b - a) * share; };
+    return QColor::fromRgbF(mix(from.redF(), to.redF()), mix(from.greenF(), to.greenF()),
+                            mix(from.blueF(), to.blueF()));
+}
+
 } // namespace
 
 ThemeColors::ThemeColors(const ThemeManager &manager, QObject *parent)
@@ -28,14 +35,25 @@ ThemeColors::ThemeColors(const ThemeManager &manager, QObject *parent)
     });
 }
 
-QColor ThemeColors::blended(PaletteColor role) const
+QColor ThemeColors::blended(PaletteColor inLight, PaletteColor inDark) const
 {
-    const Color light = paletteColor(role, AppTheme::Light);
-    const Color dark = paletteColor(role, AppTheme::Dark);
-    const double share = m_darkness.currentValue().toDouble();
-    const auto mix = [share](double from, double to) { return from + (to - from) * share; };
-    return toQColor(
-        {mix(light.red, dark.red), mix(light.green, dark.green), mix(light.blue, dark.blue), 1.0});
+    return mixed(toQColor(paletteColor(inLight, AppTheme::Light)),
+                 toQColor(paletteColor(inDark, AppTheme::Dark)), m_darkness.currentValue().toFloat());
+}
+
+QColor ThemeColors::accentText() const
+{
+    return mixed(blended(PaletteColor::AccentDark, PaletteColor::AccentLight), textPrimary(), 0.15F);
+}
+
+QColor ThemeColors::errorText() const
+{
+    return mixed(error(), textPrimary(), 0.3F);
+}
+
+QColor ThemeColors::mutedText() const
+{
+    return mixed(textSecondary(), textPrimary(), 0.3F);
 }
 
 QList<QColor> ThemeColors::groupTints() const

@@ -25,13 +25,21 @@ class ThemeColors : public QObject
     Q_PROPERTY(QColor error READ error NOTIFY changed)
     Q_PROPERTY(QColor neutral READ neutral NOTIFY changed)
 
+    // Text that keeps a contrast of 4.5 to 1 on every surface (WCAG 2.2, 1.4.3), where the plain colours do
+    // not.
+    Q_PROPERTY(QColor accentText READ accentText NOTIFY changed)
+    Q_PROPERTY(QColor errorText READ errorText NOTIFY changed)
+    /// Secondary text on rows and on the bar below them.
+    Q_PROPERTY(QColor mutedText READ mutedText NOTIFY changed)
+
     /// Tints of duplicate groups, opaque, indexed by DuplicateGroup::color.
     Q_PROPERTY(QList<QColor> groupTints READ groupTints NOTIFY changed)
 
     // Aliases for particular parts of the interface.
+    Q_PROPERTY(QColor focusRing READ accentText NOTIFY changed)
     Q_PROPERTY(QColor info READ accent NOTIFY changed)
     Q_PROPERTY(QColor original READ success NOTIFY changed)
-    Q_PROPERTY(QColor duplicate READ accent NOTIFY changed)
+    Q_PROPERTY(QColor duplicate READ accentText NOTIFY changed)
     Q_PROPERTY(QColor track READ tertiaryBackground NOTIFY changed)
     Q_PROPERTY(QColor hint READ textSecondary NOTIFY changed)
     Q_PROPERTY(QColor card READ secondaryBackground NOTIFY changed)
@@ -40,6 +48,7 @@ class ThemeColors : public QObject
     Q_PROPERTY(QColor toolbar READ secondaryBackground NOTIFY changed)
     Q_PROPERTY(QColor tableHeader READ secondaryBackground NOTIFY changed)
     Q_PROPERTY(QColor infoBar READ tertiaryBackground NOTIFY changed)
+    Q_PROPERTY(QColor section READ secondaryBackground NOTIFY changed)
     Q_PROPERTY(QColor row READ tertiaryBackground NOTIFY changed)
 
 public:
@@ -57,6 +66,10 @@ public:
     [[nodiscard]] QColor error() const { return blended(PaletteColor::Error); }
     [[nodiscard]] QColor neutral() const { return blended(PaletteColor::Neutral); }
 
+    [[nodiscard]] QColor accentText() const;
+    [[nodiscard]] QColor errorText() const;
+    [[nodiscard]] QColor mutedText() const;
+
     [[nodiscard]] QList<QColor> groupTints() const;
 
 Q_SIGNALS:
@@ -64,7 +77,8 @@ Q_SIGNALS:
 
 private:
     /// The colour at this moment of the fade.
-    [[nodiscard]] QColor blended(PaletteColor role) const;
+    [[nodiscard]] QColor blended(PaletteColor role) const { return blended(role, role); }
+    [[nodiscard]] QColor blended(PaletteColor inLight, PaletteColor inDark) const;
 
     /// 0.0 is the light theme, 1.0 the dark one, anything between a moment of the fade.
     QVariantAnimation m_darkness;

@@ -10,6 +10,7 @@
 
 #include <algorithm>
 #include <chrono>
+#include <functional>
 #include <memory>
 #include <string>
 #include <vector>
@@ -48,7 +49,12 @@ Outcome analyze(const QList<Song> &songs)
         const QString line = QString::number(progress.fraction) + u' ' + progress.message.value_or(u"-"_s);
         log->push_back(line.toStdString());
     };
-    const auto run = analyzeDuplicates(songs, pauses, report).then([&](const auto &made) { groups = made; });
+    const auto here = [](std::function<void()> work) -> QCoro::Task<> {
+        work();
+        co_return;
+    };
+    const auto run =
+        analyzeDuplicates(songs, pauses, here, {}, report).then([&](const auto &made) { groups = made; });
     EXPECT_TRUE(run.isReady());
     return {groups, pauses->log};
 }

@@ -70,7 +70,9 @@ TEST_F(AudioDiscovery, KeepsTheOrderOfItemsAndListsTwiceWhatIsReachedTwiceUntilS
     const Names items{"z", "b.FLAC", "song.ogg", "z/a.mp3", "z/", "vanished", ""};
     EXPECT_THAT(discovered(items),
                 ElementsAre("z/a.mp3", "b.FLAC", "z/a.mp3", "z/a.mp3", "b.FLAC", "z/a.mp3"));
-    EXPECT_TRUE(discoverAudioFiles({QUrl(QStringLiteral("https://example.org/a.mp3")), QUrl()}).isEmpty());
+    EXPECT_TRUE(discoverAudioFiles({QUrl(QStringLiteral("https://example.org/a.mp3")),
+                                    QUrl(QStringLiteral("file:a.mp3")), QUrl()})
+                    .isEmpty());
     std::stop_source stop;
     stop.request_stop();
     EXPECT_LE(discovered({"", "z"}, stop.get_token()).size(), 1U);
@@ -104,17 +106,18 @@ TEST_F(AudioDiscovery, ListsNothingInUnreadableFolders)
 
 TEST_F(AudioDiscovery, EstimatesByCountingAHundredEntriesAndMultipliesTheWholeCountFromThere)
 {
-    add({"one.mp3", "song.ogg", "hidden/a.mp3", "hidden/.c/d.mp3", "packages/Song.band/a.mp3"});
+    add({"one.mp3", "song.ogg", "hidden/a.mp3", "hidden/.c/d.mp3", "packages/Song.band/a.mp3",
+         "bytes/a.mp3"});
     for (int i = 0; i < 101; ++i) {
         const std::string name = std::to_string(i);
-        add({"many/" + name + ".mp3", "other/" + name + ".txt"});
+        add({"many/" + name + ".mp3", "other/" + name + ".txt", "bytes/\xFF" + name});
         if (i < 100)
             add({"hundred/" + name + ".mp3", "nested/inner/" + name + ".mp3"});
     }
     const std::pair<Names, qint64> cases[] = {
         {{}, 0},
         {{"one.mp3", "song.ogg", "one.mp3", "vanished"}, 2},
-        {{"hidden", "packages"}, 2},
+        {{"hidden", "packages", "bytes"}, 3},
         {{"many", "hundred"}, 1110},
         {{"nested"}, 1000},
         {{"one.mp3", "other"}, 10},
@@ -122,6 +125,8 @@ TEST_F(AudioDiscovery, EstimatesByCountingAHundredEntriesAndMultipliesTheWholeCo
     };
     for (const auto &[names, count] : cases)
         EXPECT_EQ(estimateSongCount(urls(names)), count) << testing::PrintToString(names);
+    // QTemporaryDir cannot.
+    fs::remove_all(home.path("bytes"));
 }
 
 } // namespace

@@ -9,6 +9,7 @@
 #include <gtest/gtest.h>
 
 #include <clocale>
+#include <limits>
 
 namespace sonavo {
 namespace {
@@ -49,6 +50,10 @@ TEST_F(ReportTest, AlignsTheRowsOfAGroupAndAddsUp)
               "  DUPLICATE  二.mp3                 MP3   0:00       5 MB  music\n"
               "\n"
               "1 group \u2022 2 duplicate files \u2022 5 MB to free \u2022 3 songs scanned\n");
+    output.buffer().clear();
+    groups[0].duplicates[0].size = std::numeric_limits<qint64>::max();
+    ASSERT_TRUE(writeTextReport(output, songs, {groups[0]}));
+    EXPECT_TRUE(output.data().contains("9.22 EB to free")) << output.data().toStdString();
 }
 
 TEST_F(ReportTest, TellsWhatOnlyLookingFurtherFound)

@@ -233,7 +233,7 @@ TEST_F(CleanUpTest, KeepsEveryFileThatTheTrashDoesNotTake)
 
     trashDuplicates();
     EXPECT_EQ(toast(), "Success: Moved 0 files to Trash \u2022 Saved Zero KB");
-    EXPECT_EQ(cleanUp.state().undoText, QString());
+    EXPECT_EQ(library.history().nextText(), QString());
 
     // They are tried again, and that can be undone; the summary is of both.
     const auto failed = cleanUp.state().summary;
@@ -303,7 +303,7 @@ TEST_F(CleanUpTest, UndoesStepByStepWhatItHasDone)
         before.push_back(shown());
         step();
     }
-    EXPECT_EQ(cleanUp.state().undoText, u"Undo Move to Folder"_s);
+    EXPECT_EQ(library.history().nextText(), u"Undo Move to Folder"_s);
     EXPECT_EQ(library.songs().size(), 3);
     for (const std::size_t step : {4U, 1U, 0U}) {
         undo();
@@ -311,7 +311,7 @@ TEST_F(CleanUpTest, UndoesStepByStepWhatItHasDone)
         EXPECT_EQ(notices.state().toastAction, QString());
     }
     EXPECT_EQ(toast(), "Success: 1 file put back");
-    EXPECT_EQ(cleanUp.state().undoText, QString());
+    EXPECT_EQ(library.history().nextText(), QString());
     EXPECT_EQ(cleanUp.state().summary, nullptr);
     EXPECT_TRUE(QDir(pathOf("target")).isEmpty()) << "the folder is removed";
     EXPECT_THAT(filesIn(".local/share/Trash"), IsEmpty());
@@ -362,7 +362,7 @@ TEST_F(CleanUpTest, UndoesOlderStepsAlthoughFilesOfANewerOneCannotGoBack)
     EXPECT_EQ(group().duplicates, QList{deleted});
     ASSERT_TRUE(QFile::remove(blocked.path));
     undo();
-    EXPECT_EQ(cleanUp.state().undoText, QString());
+    EXPECT_EQ(library.history().nextText(), QString());
     std::vector<std::string> expected = before;
     std::erase_if(expected, [&](const std::string &line) { return line.ends_with(lost.path.toStdString()); });
     EXPECT_EQ(shown(), expected);

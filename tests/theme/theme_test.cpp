@@ -10,6 +10,8 @@
 
 #include <gtest/gtest.h>
 
+#include <algorithm>
+#include <cmath>
 #include <utility>
 
 namespace sonavo {
@@ -66,6 +68,62 @@ TEST_F(ThemeTest, FadesAllColorsAndGroupTintsToTheNewThemeTogether)
     for (int i = 0; i < 3; ++i)
         manager.toggleTheme();
     EXPECT_TRUE(become(0xFAF9F6, 0x9B9B9B));
+}
+
+/// WCAG 2.2, "relative luminance" and "contrast ratio".
+double contrast(const QColor &a, const QColor &b)
+{
+    const auto luminance = [](const QColor &color) {
+        const auto linear = [](float part) {
+            return part <= 0.04045F ? part / 12.92 : std::pow((part + 0.055) / 1.055, 2.4);
+        };
+        return 0.2126 * linear(color.redF()) + 0.7152 * linear(color.greenF()) +
+               0.0722 * linear(color.blueF());
+    };
+    const auto [darker, lighter] = std::minmax(luminance(a), luminance(b));
+    return (lighter + 0.05) / (darker + 0.05);
+}
+
+QColor over(const QColor &surface, const QColor &tint, float alpha)
+{
+    const auto mix = [alpha](float below, float above) { return below + (above - below) * alpha; };
+    return QColor::fromRgbF(mix(surface.redF(), tint.redF()), mix(surface.greenF(), tint.greenF()),
+                            mix(surface.blueF(), tint.blueF()));
+}
+
+TEST_F(ThemeTest, KeepsTextAndMarksLegibleInBothThemes)
+{
+    constexpr double TEXT = 4.5;
+    constexpr double MARK = 3.0;
+    ThemeManager manager(settings);
+    for (const char *theme : {"light", "dark"}) {
+        const ThemeColors colors(manager);
+        const QColor row = colors.tertiaryBackground();
+        const QColor playing = over(row, colors.accent(), 0.15F);
+        const QColor hovered = over(row, colors.textPrimary(), 0.06F);
+        const QColor raised = colors.secondaryBackground();
+        const auto expect = [theme](const char *what, double least, const QColor &color,
+                                    const QList<QColor> &surfaces) {
+            for (const QColor &surface : surfaces)
+                EXPECT_GE(contrast(color, surface), least)
+                    << what << " on " << surface.name().toStdString() << ", " << theme;
+        };
+        expect("text", TEXT, colors.textPrimary(), {colors.background(), raised, row, playing, hovered});
+        expect("secondary text", TEXT, colors.textSecondary(), {colors.background(), raised});
+        expect("muted text", TEXT, colors.mutedText(), {row, playing, hovered});
+        expect("accent text", TEXT, colors.accentText(), {colors.background(), raised});
+        expect("original", TEXT, colors.success(), {colors.background()});
+        expect("error text", TEXT, colors.errorText(), {raised});
+        expect("outlines", MARK, colors.accent(), {colors.background(), raised});
+        expect("outline of Clear List", MARK, colors.textSecondary(), {raised});
+        expect("playing speaker", MARK, colors.accentText(), {playing});
+        for (const QColor &tint : colors.groupTints()) {
+            const QList<QColor> headers{over(raised, tint, 0.3F), over(raised, tint, 0.38F)};
+            expect("title of a group", TEXT, colors.textPrimary(), headers);
+            expect("focus ring", MARK, colors.accentText(), headers);
+        }
+        manager.toggleTheme();
+    }
 }
 
 } // namespace

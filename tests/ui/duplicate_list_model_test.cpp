@@ -74,7 +74,7 @@ QList<std::pair<QString, QUuid>> expectedRows(const DuplicateViewModel &session,
     return rows;
 }
 
-TEST(DuplicateListModel, FollowsAnyCourseOfDeletesAndUndosRowByRow)
+TEST(DuplicateListModel, FollowsAnyCourseOfStepsAndUndosRowByRow)
 {
     const MusicFolder music;
     music.addGroups({2, 5, 3, 2, 4, 3, 2});
@@ -111,7 +111,11 @@ TEST(DuplicateListModel, FollowsAnyCourseOfDeletesAndUndosRowByRow)
             session.undo();
             ASSERT_TRUE(finishJob());
         } else if (song.isValid()) {
-            session.deleteSong(song.value<Song>());
+            const auto step = random() % 8;
+            step == 0   ? session.keepSong(song.value<Song>())
+            : step == 1 ? session.excludeFromDuplicates(song.value<Song>())
+            : step == 2 ? session.keepCopiesInFolderOf(song.value<Song>())
+                        : session.deleteSong(song.value<Song>());
             ASSERT_TRUE(finishJob());
         } else {
             const QUuid group = expectedRows(session, collapsed).value(row).second;

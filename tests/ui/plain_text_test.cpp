@@ -67,7 +67,7 @@ TEST_F(PlainTextTest, ShowsNamesAsTheyAreWritten)
 
     const QString path = music.pathOf(FOLDER + u'/' + LONG_NAME);
     QPoint place;
-    for (const auto &[cell, toolTip] : {std::pair(LONG_NAME, LONG_NAME), std::pair(FOLDER, path)}) {
+    for (const auto &[cell, toolTip] : {std::pair(FOLDER, path), std::pair(LONG_NAME, LONG_NAME)}) {
         for (const QQuickItem *item : textItems()) {
             if (item->property("text") == cell)
                 place = rectOf(item).center();
@@ -76,7 +76,7 @@ TEST_F(PlainTextTest, ShowsNamesAsTheyAreWritten)
         QTest::qWait(20);
         QTest::mouseMove(window, place + QPoint(1, 0));
         const auto isShown = [this, &text = toolTip] { return find(QAccessible::ToolTip, text) != nullptr; };
-        EXPECT_TRUE(waitFor(isShown)) << toolTip.toStdString();
+        EXPECT_TRUE(waitFor(isShown) && shows(toolTip)) << toolTip.toStdString();
         EXPECT_THAT(richTexts(), IsEmpty());
     }
     QTest::mouseClick(window, Qt::RightButton, {}, place);
@@ -90,6 +90,28 @@ TEST_F(PlainTextTest, ShowsNamesAsTheyAreWritten)
     EXPECT_FALSE(session.importDroppedItems(QList<QUrl>(500'001, song)));
     EXPECT_THAT(richTexts(), IsEmpty());
     EXPECT_FALSE(picture.sawOpening());
+}
+
+TEST_F(PlainTextTest, ShowsControlsInNamesAndEveryNameBesideItsBadge)
+{
+    const PrivateHome home;
+    const MusicFolder music;
+    for (const QString &folder : {u"a"_s, u"b"_s})
+        music.addSong(folder + u"/\u05d0\u05d1 - A\nB\u202egpj.flac"_s);
+    scan(music.urls());
+    const QString shown = u"\u05d0\u05d1 - A\\nB\\u202egpj.flac"_s;
+    ASSERT_TRUE(waitForText(shown));
+    for (const QQuickItem *item : textItems()) {
+        EXPECT_TRUE(item->property("text") != shown ||
+                    item->property("effectiveHorizontalAlignment").toInt() == Qt::AlignLeft);
+    }
+    EXPECT_NE(find(QAccessible::ListItem, u"Original, %1, FLAC, 0:01, 22 KB, a"_s.arg(shown)), nullptr);
+    session.togglePlayback(session.songs().constFirst());
+    session.cleanupAll();
+    EXPECT_TRUE(waitForText(u"1 file moved to the Trash \u2022 22 KB"_s));
+    EXPECT_TRUE(shows(shown)) << "the song that plays";
+    session.deleteSong(session.songs().constFirst());
+    EXPECT_TRUE(waitForText(u"Moved to Trash: "_s + shown));
 }
 
 } // namespace

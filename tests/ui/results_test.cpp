@@ -167,9 +167,16 @@ TEST_F(ResultsTest, ShowsGroupsToAScreenReaderAndDoesWhatItPresses)
     EXPECT_EQ(rows().size(), 7U);
     activate(buttonInRow(PLAY, 1));
     EXPECT_EQ(playing(), "0/Artist0 - Title0.flac");
+    activate(buttonInRow(u"Stop listening"_s, 1));
+    EXPECT_EQ(playing(), "");
+    activate(rows()[1].node);
+    EXPECT_EQ(playing(), "0/Artist0 - Title0.flac");
+    EXPECT_EQ(buttonInRow(DELETE, 2)->text(QAccessible::Description),
+              u"Moves Artist0 - Title0.flac to the Trash");
     activate(buttonInRow(DELETE, 2));
     finishJob();
     EXPECT_THAT(names(), ElementsAre("Group of 3 songs", "Original 1/0", "Duplicate 1/1", "Duplicate 1/2"));
+    EXPECT_TRUE(shows(u"2 duplicates"_s));
     activate(CLEAN_UP);
     EXPECT_TRUE(waitForText(u"Moved 2 files to Trash \u2022 Saved 43 KB"_s));
     EXPECT_TRUE(waitForText(u"2 files moved to the Trash \u2022 43 KB"_s));
@@ -201,7 +208,7 @@ TEST_F(ResultsTest, PlaysOneSongAtATimeAndSeeksOnlyInItsRow)
     clickInRow(PLAY, 2);
     EXPECT_EQ(playing(), "1/Artist0 - Title0.flac");
     EXPECT_TRUE(waitFor([&] { return window->grabWindow().copy(playingRow) != lit; }));
-    clickInRow(PLAY, 2);
+    clickInRow(u"Stop listening"_s, 2);
     EXPECT_EQ(playing(), "");
 }
 
@@ -215,6 +222,7 @@ TEST_F(ResultsTest, DeletesSongsAndLeavesEverythingElseInPlace)
     EXPECT_TRUE(waitForText(u"Moved to Trash: Artist0 - Title0.flac"_s));
     EXPECT_TRUE(shows(u"2 duplicates"_s));
     deleteRow(1);
+    EXPECT_TRUE(shows(u"1 duplicate"_s));
     EXPECT_THAT(names(), ElementsAre("Group of 2 songs", "Original 1/0", "Duplicate 1/1"));
     EXPECT_EQ(playing(), "0/Artist1 - Title1.flac");
 
@@ -315,7 +323,7 @@ TEST_F(ResultsTest, OffersWhatCanBeDoneWithASongInItsMenu)
     choose(u"Stop"_s);
     EXPECT_EQ(playing(), "");
     clickRow(2, Qt::RightButton);
-    choose(u"Delete"_s);
+    choose(u"Move to Trash"_s);
     finishJob();
     EXPECT_EQ(trashed().size(), 1);
 }
@@ -418,6 +426,39 @@ TEST_F(ResultsTest, TakesBackByToastKeyAndSummaryWhatItHasDone)
     EXPECT_EQ(trashed().size(), 1);
     press(Qt::Key_Z, Qt::ControlModifier);
     EXPECT_TRUE(waitFor(isAsBefore)) << "while the list has the focus";
+}
+
+TEST_F(ResultsTest, FindsMoreAndMarksWhatOnlyThatHasFound)
+{
+    scan(SAMPLES);
+    const QString firstHint = u"Found 7 duplicate files \u2022 Use speaker icon to verify before deleting"_s;
+    ASSERT_TRUE(waitForText(firstHint));
+    const std::vector<std::string> before = names();
+    press(Qt::Key_F, Qt::ControlModifier | Qt::ShiftModifier);
+    ASSERT_TRUE(waitForText(u"Found 8 duplicate files \u2022 1 more duplicate found \u2022 "
+                            "Use speaker icon to verify before deleting"_s));
+    EXPECT_TRUE(waitForText(u"1 more duplicate found"_s));
+    const QString reason =
+        u"Found only by comparing every song with every other. Listen before you delete it."_s;
+    EXPECT_EQ(rows()[2].node->text(QAccessible::Name),
+              u"Duplicate, Ada Finch - Glass Road.flac, FLAC, 0:01, 22 KB, Albums, "_s + reason);
+    EXPECT_FALSE(rows()[1].node->text(QAccessible::Name).contains(reason));
+    for (const int x : {70, 71})
+        QTest::mouseMove(window, QPoint(x, rows()[2].rect.center().y()));
+    EXPECT_TRUE(waitFor([&] { return find(QAccessible::ToolTip, reason) != nullptr; }));
+
+    for (int stops = 0; stops < 20 && focusedName() != u"Return to First Result"; ++stops)
+        press(Qt::Key_Tab);
+    press(Qt::Key_Return);
+    EXPECT_TRUE(waitForText(firstHint));
+    EXPECT_EQ(names(), before);
+    EXPECT_EQ(focusedName(), u"Find More Duplicates");
+
+    scan({QUrl::fromLocalFile(QStringLiteral(SONAVO_SAMPLES "/Laptop"))});
+    ASSERT_TRUE(waitForText(u"Perfect! No Duplicates Found"_s));
+    click(u"Find More Duplicates"_s);
+    EXPECT_TRUE(waitForText(u"No more duplicates found"_s));
+    EXPECT_TRUE(shows(u"Perfect! No Duplicates Found"_s));
 }
 
 TEST_F(ResultsTest, NamesTheFilesThatACleanUpCouldNotMove)

@@ -149,7 +149,7 @@ protected:
 
 TEST_F(WindowTest, ShowsAScanFromItsStartAndTheResultsAfterwards)
 {
-    EXPECT_EQ(window->size(), QSize(900, 600));
+    EXPECT_EQ(window->size(), QSize(900, 636)) << "with the header";
     EXPECT_TRUE(shows(WELCOME));
     EXPECT_THAT(buttons(), ElementsAre(BROWSE, TO_DARK));
     expectAccessible();
@@ -245,6 +245,7 @@ TEST_F(WindowTest, ShowsTheLatestToastUntilItIsClosed)
         QAccessibleInterface *toast = find(QAccessible::Notification, LONG_TOAST);
         ASSERT_NE(toast, nullptr);
         EXPECT_LE(rectOf(toast->object()).width(), 500);
+        EXPECT_TRUE(waitFor([&] { return rectOf(toast->object()).bottom() < window->height() - 40; }));
         expectAccessible();
         EXPECT_THAT(alerts, ElementsAre(LONG_TOAST)) << "announced once";
         alerts.clear();
@@ -258,6 +259,22 @@ TEST_F(WindowTest, ShowsTheLatestToastUntilItIsClosed)
     EXPECT_TRUE(waitFor([] { return alerts == QStringList{u"One moment"_s, LONG_TOAST}; }));
     session.showToast(LONG_TOAST, ToastType::Success);
     EXPECT_TRUE(waitFor([] { return alerts.size() == 3; })) << "the same again is announced again";
+}
+
+TEST_F(WindowTest, SlidesAToastInAndFadesItOutWhereItIs)
+{
+    session.showToast(u"One moment"_s, ToastType::Info);
+    ASSERT_TRUE(waitFor([this] { return find(QAccessible::Notification, u"One moment"_s) != nullptr; }));
+    const auto *toast =
+        qobject_cast<QQuickItem *>(find(QAccessible::Notification, u"One moment"_s)->object());
+    const double start = toast->y();
+    EXPECT_TRUE(waitFor([&] { return toast->opacity() == 1.0 && toast->y() < start - 40; })) << start;
+    QTest::qWait(700);
+    const double rest = toast->y();
+    session.setShowToast(false);
+    EXPECT_TRUE(waitFor([&] { return toast->opacity() < 0.5; }));
+    EXPECT_EQ(toast->y(), rest);
+    EXPECT_TRUE(waitFor([&] { return !toast->isVisible(); }));
 }
 
 TEST_F(WindowTest, ClosesWhatIsOnTopWithEscapeAndKeepsTheWorkingArea)
@@ -312,6 +329,9 @@ TEST_F(WindowTest, LightsUpUnderFilesAndImportsThemOnceWhereverTheyAreDropped)
     EXPECT_TRUE(goOnUntil([this] { return !session.isScanning(); }));
     // Over results. Each item is imported by itself, and the last one stands.
     const QUrl phone = QUrl::fromLocalFile(QStringLiteral(SONAVO_SAMPLES "/Phone"));
+    const QImage results = window->grabWindow();
+    EXPECT_EQ(drag(corner(), files), Qt::CopyAction);
+    EXPECT_TRUE(waitFor([&] { return window->grabWindow() != results; })) << "the drop can be seen to work";
     drop(corner(), {QUrl::fromLocalFile(QStringLiteral(SONAVO_SAMPLES "/Albums")), phone});
     EXPECT_TRUE(
         waitForText(u"Only “Phone” is being scanned. Use “Add Song” to choose several items together."_s));
@@ -348,12 +368,17 @@ TEST_F(WindowTest, LetsTheKeyboardReachEveryButtonAndShowsWhereItIs)
 
 TEST_F(WindowTest, HasMenusAThemeButtonAndAnAboutSheet)
 {
-    activate(TO_DARK);
+    QTest::mouseMove(window, rectOf(find(QAccessible::Button, TO_DARK)->object()).center());
+    EXPECT_TRUE(waitForText(TO_DARK));
+    click(TO_DARK);
+    QTest::qWait(700);
+    EXPECT_EQ(find(QAccessible::ToolTip, u"Switch to the light theme"_s), nullptr)
+        << "until the pointer returns";
     EXPECT_EQ(ThemeManager::shared()->currentTheme(), AppTheme::Dark);
     for (const auto &[menu, entry] : {std::pair(u"File"_s, u"Quit"_s), std::pair(u"Window"_s, u"Minimize"_s),
                                       std::pair(u"Help"_s, u"About Sonavo"_s)}) {
         press(Qt::Key_Escape);
-        activate(find(QAccessible::MenuBar, menu));
+        activate(find(QAccessible::MenuItem, menu));
         ASSERT_TRUE(waitForText(entry));
         expectAccessible();
     }

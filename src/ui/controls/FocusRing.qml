@@ -11,6 +11,6 @@ Rectangle {
     color: "transparent"
     radius: 10
     border.width: 2
-    border.color: Colors.accent
+    border.color: Colors.focusRing
     visible: control.visualFocus
 }

@@ -8,6 +8,8 @@ T.AbstractButton {
 
     required property string symbol
     required property string toolTip
+    // What it will be done to, for screen readers.
+    property string description
     property real symbolSize: 14
     property color tint: Colors.textSecondary
 
@@ -17,6 +19,7 @@ T.AbstractButton {
     focusPolicy: Qt.NoFocus
     Accessible.role: Accessible.Button
     Accessible.name: toolTip
+    Accessible.description: description
     Accessible.onPressAction: clicked()
 
     PlainToolTip {

@@ -73,7 +73,7 @@ T.Button {
         radius: 8
         color: control.hovered && control.enabled ? Qt.alpha(control.tint, 0.12) : "transparent"
         border.width: 1
-        border.color: control.enabled ? Qt.alpha(control.tint, 0.6) : Colors.border
+        border.color: control.enabled ? control.tint : Colors.border
 
         FocusRing { control: control }
     }

@@ -25,13 +25,21 @@ Loader {
         id: toolTip
 
         delay: 500
-        visible: loader.active
+        // For screen readers.
         text: loader.text
+        // Only now that everything else is set: Qt does not always take a text that comes during the delay.
+        Component.onCompleted: open()
         contentItem: PlainText {
             wrapMode: Text.Wrap
-            text: toolTip.text
-            font: toolTip.font
-            color: toolTip.palette.toolTipText
+            text: loader.text
+            font.pixelSize: 12
+            color: Colors.textPrimary
+        }
+        background: Rectangle {
+            radius: 6
+            color: Colors.secondaryBackground
+            border.width: 1
+            border.color: Colors.border
         }
     }
     // qmllint enable unqualified

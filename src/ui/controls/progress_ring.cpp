@@ -35,9 +35,13 @@ void ProgressRing::paint(QPainter *painter)
     const double span = filledShare() * FULL_CIRCLE;
     if (span <= 0.0)
         return;
-    painter->setPen(
-        QPen(ringGradient(circle.center(), m_gradientRotation), m_lineWidth, Qt::SolidLine, Qt::FlatCap));
-    painter->drawArc(circle, static_cast<int>(TOP * ANGLE_UNITS), -static_cast<int>(span * ANGLE_UNITS));
+    const auto drawFilled = [&](const QBrush &brush, double width) {
+        painter->setPen(QPen(brush, width, Qt::SolidLine, Qt::FlatCap));
+        painter->drawArc(circle, static_cast<int>(TOP * ANGLE_UNITS), -static_cast<int>(span * ANGLE_UNITS));
+    };
+    constexpr double EDGE = 1.0;
+    drawFilled(m_edgeColor, m_lineWidth);
+    drawFilled(ringGradient(circle.center(), m_gradientRotation), m_lineWidth - 2.0 * EDGE);
 }
 
 } // namespace sonavo

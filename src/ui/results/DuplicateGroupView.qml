@@ -27,6 +27,13 @@ T.AbstractButton {
     Accessible.onPressAction: clicked()
     Accessible.onToggleAction: clicked()
 
+    background: Item {
+        Rectangle {
+            anchors.fill: parent
+            anchors.topMargin: 4
+            color: Colors.section
+        }
+    }
     contentItem: Item {
         Rectangle {
             anchors.fill: parent
@@ -34,7 +41,7 @@ T.AbstractButton {
             radius: 6
             color: Qt.alpha(header.tintColor, header.hovered ? 0.38 : 0.3)
             border.width: header.isCurrent ? 2 : 0
-            border.color: Colors.accent
+            border.color: Colors.focusRing
 
             SymbolLabel {
                 anchors.verticalCenter: parent.verticalCenter
@@ -45,7 +52,7 @@ T.AbstractButton {
                 text: header.title
                 font.pixelSize: 12
                 color: Colors.textPrimary
-                symbolColor: Colors.textSecondary
+                symbolColor: Colors.mutedText
             }
         }
 

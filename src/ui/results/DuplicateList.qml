@@ -114,12 +114,8 @@ FocusScope {
                     id: songRow
 
                     required property int index
-                    required property string duration
-                    required property string size
 
                     width: list.rowWidth
-                    durationText: duration
-                    sizeText: size
                     isCurrent: list.showsCurrent && list.currentIndex === index
                     onSelect: {
                         list.currentIndex = index;

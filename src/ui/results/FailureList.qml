@@ -24,7 +24,7 @@ FocusScope {
         text: failures.title
         font.pixelSize: 14
         font.weight: Font.DemiBold
-        color: Colors.error
+        color: Colors.errorText
         Accessible.role: Accessible.StaticText
         Accessible.name: text
     }
@@ -98,7 +98,7 @@ FocusScope {
                 color: "transparent"
                 visible: row.isCurrent
                 border.width: 2
-                border.color: Colors.accent
+                border.color: Colors.focusRing
             }
 
             Cell {

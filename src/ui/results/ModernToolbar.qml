@@ -50,9 +50,10 @@ Rectangle {
         SymbolLabel {
             symbol: "doc.on.doc.fill"
             symbolSize: 14
-            text: qsTr("%1 duplicates").arg(toolbar.viewModel.duplicateCount)
+            text: toolbar.viewModel.duplicateCount === 1
+                  ? qsTr("1 duplicate") : qsTr("%1 duplicates").arg(toolbar.viewModel.duplicateCount)
             font.pixelSize: 13
-            color: Colors.accent
+            color: Colors.accentText
             rightPadding: 6
             Accessible.role: Accessible.StaticText
             Accessible.name: text
@@ -71,7 +72,7 @@ Rectangle {
 
         ToolbarButton {
             symbol: "arrow.clockwise.circle.fill"
-            tint: Colors.neutral
+            tint: Colors.textSecondary
             text: qsTr("Clear List")
             onClicked: toolbar.viewModel.clearAll()
         }

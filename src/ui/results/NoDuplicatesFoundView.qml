@@ -5,8 +5,7 @@ import Sonavo
 Rectangle {
     id: view
 
-    // Number of songs scanned.
-    required property int songCount
+    required property DuplicateViewModel viewModel
 
     property real iconScale
     property real iconOpacity
@@ -91,12 +90,18 @@ Rectangle {
 
             Pill {
                 symbol: "music.note"
-                text: qsTr("%1 songs scanned").arg(view.songCount)
+                text: qsTr("%1 songs scanned").arg(view.viewModel.songCount)
             }
             Pill {
                 symbol: "sparkles"
                 text: qsTr("All unique")
             }
+        }
+
+        FindMoreButton {
+            anchors.horizontalCenter: parent.horizontalCenter
+            visible: !view.viewModel.isFurtherResult
+            viewModel: view.viewModel
         }
     }
 

@@ -7,9 +7,8 @@ Rectangle {
     id: bar
 
     required property DuplicateViewModel viewModel
-    readonly property var song: viewModel.currentlyPlayingSong
 
-    visible: song !== undefined
+    visible: viewModel.currentlyPlayingSong !== undefined
     enabled: visible
     implicitWidth: row.implicitWidth + 24
     implicitHeight: row.implicitHeight + 12
@@ -34,7 +33,7 @@ Rectangle {
         ElidedText {
             id: name
             Layout.fillWidth: true
-            text: bar.song ? bar.song.name : ""
+            text: bar.viewModel.playingName
             font.pixelSize: 14
             color: Colors.textPrimary
             Accessible.role: Accessible.StaticText

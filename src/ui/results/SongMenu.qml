@@ -27,7 +27,7 @@ ThemedMenu {
     }
     ThemedMenuSeparator {}
     ThemedMenuItem {
-        text: qsTr("Delete")
+        text: qsTr("Move to Trash")
         enabled: !menu.viewModel.isCleaningUp
         onTriggered: menu.remove(menu.song)
     }

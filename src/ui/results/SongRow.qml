@@ -6,10 +6,15 @@ Item {
     id: row
 
     required property var song
+    required property string name
+    required property string fileType
     required property bool isPlaying
     required property bool isOriginal
-    required property string durationText
-    required property string sizeText
+    required property string furtherReason
+    required property string duration
+    required property string size
+    required property string folder
+    required property string path
     required property string description
     // Whether this is the current row, and the list has keyboard focus.
     required property bool isCurrent
@@ -29,8 +34,14 @@ Item {
     Accessible.focusable: true
     Accessible.focused: isCurrent
     Accessible.selected: isCurrent
+    Accessible.onPressAction: play()
 
     onIsPlayingChanged: clickPosition = Qt.point(-1, -1)
+
+    Rectangle {
+        anchors.fill: parent
+        color: Colors.section
+    }
 
     Rectangle {
         anchors.fill: parent
@@ -39,9 +50,10 @@ Item {
         anchors.topMargin: 1
         anchors.bottomMargin: 1
         radius: 6
-        color: row.isPlaying ? Qt.alpha(Colors.accent, 0.15) : pointer.containsMouse ? Qt.alpha(Colors.row, 0.6) : "transparent"
+        color: row.isPlaying ? Qt.tint(Colors.row, Qt.alpha(Colors.accent, 0.15))
+             : pointer.containsMouse ? Qt.tint(Colors.row, Qt.alpha(Colors.textPrimary, 0.06)) : Colors.row
         border.width: row.isCurrent ? 2 : row.isPlaying ? 1 : 0
-        border.color: row.isCurrent ? Colors.accent : Qt.alpha(Colors.accent, 0.5)
+        border.color: row.isCurrent ? Colors.focusRing : Qt.alpha(Colors.accent, 0.5)
 
         Rectangle {
             visible: row.isPlaying && row.clickPosition.x >= 0
@@ -86,37 +98,46 @@ Item {
         anchors.verticalCenter: parent.verticalCenter
         symbol: row.isPlaying ? "speaker.wave.3.fill" : "speaker.wave.2.fill"
         symbolSize: 16
-        tint: row.isPlaying ? Colors.accent : Colors.textSecondary
-        toolTip: qsTr("Click to listen and verify this song")
+        tint: row.isPlaying ? Colors.accentText : Colors.mutedText
+        toolTip: row.isPlaying ? qsTr("Stop listening") : qsTr("Click to listen and verify this song")
+        description: row.name
         onClicked: row.play()
     }
 
-    PlainText {
-        x: TableColumns.badgeX
+    // The badge's colours are legible on this surface, not on the row's.
+    Rectangle {
+        x: TableColumns.badgeX - 5
         anchors.verticalCenter: parent.verticalCenter
-        text: row.isOriginal ? "ORIGINAL   " : "DUPLICATE"
-        font: TableColumns.badgeFont
-        color: row.isOriginal ? Colors.original : Colors.duplicate
-        Accessible.ignored: true
+        width: TableColumns.badgeWidth + 10
+        height: 20
+        radius: 5
+        color: Colors.background
+    }
+
+    SongBadge {
+        x: TableColumns.badgeX - markWidth
+        anchors.verticalCenter: parent.verticalCenter
+        isOriginal: row.isOriginal
+        furtherReason: row.furtherReason
     }
 
     Cell {
         x: TableColumns.badgeX + TableColumns.badgeWidth + TableColumns.spacing
         width: row.width - x - TableColumns.nameEndOffset
-        text: row.song.name
+        text: row.name
         font.pixelSize: 14
         font.weight: Font.Medium
     }
     Cell {
         x: row.width - TableColumns.typeOffset
         width: TableColumns.typeWidth
-        text: row.song.fileType
+        text: row.fileType
     }
     Cell {
         x: row.width - TableColumns.durationOffset
         width: TableColumns.durationWidth
         horizontalAlignment: Text.AlignRight
-        text: row.durationText
+        text: row.duration
     }
     Cell {
         x: row.width - TableColumns.sizeOffset
@@ -124,14 +145,14 @@ Item {
         horizontalAlignment: Text.AlignRight
         fontSizeMode: Text.HorizontalFit
         minimumPixelSize: 10
-        text: row.sizeText
+        text: row.size
     }
     Cell {
         x: row.width - TableColumns.folderOffset
         width: TableColumns.folderWidth
-        text: row.song.folderName
-        fullText: row.song.path
-        color: Colors.textSecondary
+        text: row.folder
+        fullText: row.path
+        color: Colors.mutedText
     }
 
     IconButton {
@@ -141,6 +162,7 @@ Item {
         symbolSize: 14
         tint: Colors.error
         toolTip: qsTr("Delete this song")
+        description: qsTr("Moves %1 to the Trash").arg(row.name)
         onClicked: row.remove()
     }
 

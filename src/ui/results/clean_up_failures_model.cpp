@@ -1,5 +1,7 @@
 #include "ui/results/clean_up_failures_model.h"
 
+#include "model/visible_controls.h"
+
 #include <QLocale>
 
 namespace sonavo {
@@ -42,9 +44,9 @@ QVariant CleanUpFailuresModel::data(const QModelIndex &index, int role) const
     const SongFailure &failure = m_failures.at(index.row());
     switch (role) {
     case PathRole:
-        return failure.song.path;
+        return withVisibleControls(failure.song.path);
     case ReasonRole:
-        return failure.reason;
+        return withVisibleControls(failure.reason);
     default:
         return {};
     }

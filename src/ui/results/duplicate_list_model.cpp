@@ -1,6 +1,7 @@
 #include "ui/results/duplicate_list_model.h"
 
 #include "model/byte_count.h"
+#include "model/visible_controls.h"
 #include "theme/palette.h"
 
 #include <algorithm>
@@ -64,11 +65,21 @@ int DuplicateListModel::rowCount(const QModelIndex &parent) const
 QHash<int, QByteArray> DuplicateListModel::roleNames() const
 {
     return {
-        {KindRole, "kind"},           {TintRole, "tint"},
-        {TitleRole, "title"},         {IsExpandedRole, "isExpanded"},
-        {SongRole, "song"},           {IsOriginalRole, "isOriginal"},
-        {IsPlayingRole, "isPlaying"}, {DurationRole, "duration"},
-        {SizeRole, "size"},           {DescriptionRole, "description"},
+        {KindRole, "kind"},
+        {TintRole, "tint"},
+        {TitleRole, "title"},
+        {IsExpandedRole, "isExpanded"},
+        {SongRole, "song"},
+        {IsOriginalRole, "isOriginal"},
+        {IsPlayingRole, "isPlaying"},
+        {NameRole, "name"},
+        {FileTypeRole, "fileType"},
+        {DurationRole, "duration"},
+        {SizeRole, "size"},
+        {FolderRole, "folder"},
+        {PathRole, "path"},
+        {DescriptionRole, "description"},
+        {FurtherReasonRole, "furtherReason"},
     };
 }
 
@@ -110,18 +121,37 @@ QVariant DuplicateListModel::songData(const Entry &entry, int role) const
         return isOriginal;
     case IsPlayingRole:
         return song.id == m_playingId;
+    case NameRole:
+        return withVisibleControls(song.name);
+    case FileTypeRole:
+        return song.fileType;
     case DurationRole:
         return song.formattedDuration();
     case SizeRole:
         return formattedByteCount(song.size);
-    case DescriptionRole:
-        return QStringList{
-            badgeText(isOriginal),         song.name,      song.fileType, song.formattedDuration(),
-            formattedByteCount(song.size), song.folderName}
-            .join(QStringLiteral(", "));
+    case FurtherReasonRole:
+        return furtherReason(song);
+    case FolderRole:
+        return withVisibleControls(song.folderName);
+    case PathRole:
+        return withVisibleControls(song.path);
+    case DescriptionRole: {
+        QStringList parts{badgeText(isOriginal),    withVisibleControls(song.name), song.fileType,
+                          song.formattedDuration(), formattedByteCount(song.size),
+                          withVisibleControls(song.folderName), furtherReason(song)};
+        parts.removeAll(QString());
+        return parts.join(QStringLiteral(", "));
+    }
     default:
         return {};
     }
+}
+
+QString DuplicateListModel::furtherReason(const Song &song) const
+{
+    if (!m_viewModel || !m_viewModel->onlyFurther().contains(song.id))
+        return {};
+    return tr("Found only by comparing every song with every other. Listen before you delete it.");
 }
 
 int DuplicateListModel::headerRow(int row) const
@@ -217,8 +247,17 @@ void DuplicateListModel::updateGroups()
         replaceGroups(groups);
     else if (m_viewModel->isScanning() || m_viewModel->songCount() == 0)
         reset(groups);
+    updateMarks();
     if (std::exchange(m_isEmpty, isEmpty) != isEmpty)
         Q_EMIT isEmptyChanged();
+}
+
+void DuplicateListModel::updateMarks()
+{
+    const bool hasMarks = !m_viewModel->onlyFurther().isEmpty();
+    // A song can get a mark when another group changes. Only rows in sight are read again.
+    if ((std::exchange(m_hasMarks, hasMarks) || hasMarks) && count() > 0)
+        Q_EMIT dataChanged(index(0), index(count() - 1), {FurtherReasonRole, DescriptionRole});
 }
 
 void DuplicateListModel::replaceGroups(const QList<DuplicateGroup> &groups)
@@ -232,6 +271,8 @@ void DuplicateListModel::replaceGroups(const QList<DuplicateGroup> &groups)
     const auto oldCount = static_cast<std::size_t>(oldRest.base() - oldFirst);
     const auto newCount = static_cast<std::size_t>(newRest.base() - newFirst);
     if (oldCount == 0 && newCount == 0)
+        return;
+    if (oldCount == newCount && reorderMembers(first, oldCount, groups))
         return;
     if (oldCount == static_cast<std::size_t>(m_groups.size()) && oldCount != 1) {
         reset(groups);
@@ -298,6 +339,23 @@ bool DuplicateListModel::updateMembers(std::size_t group, const QList<DuplicateG
     if (isShown && row == header + 1)
         Q_EMIT dataChanged(index(row), index(row + insertedCount), {IsOriginalRole, DescriptionRole});
     Q_EMIT countChanged();
+    return true;
+}
+
+bool DuplicateListModel::reorderMembers(std::size_t first, std::size_t count,
+                                        const QList<DuplicateGroup> &groups)
+{
+    const auto begin = static_cast<qsizetype>(first);
+    const auto end = static_cast<qsizetype>(first + count);
+    const bool haveSameRows =
+        std::equal(m_groups.cbegin() + begin, m_groups.cbegin() + end, groups.cbegin() + begin,
+                   groups.cbegin() + end, [](const DuplicateGroup &a, const DuplicateGroup &b) {
+                       return a.id == b.id && a.duplicates.size() == b.duplicates.size();
+                   });
+    if (!haveSameRows)
+        return false;
+    m_groups = groups;
+    Q_EMIT dataChanged(index(m_headerRows[first]), index(m_headerRows[first + count] - 1));
     return true;
 }
 

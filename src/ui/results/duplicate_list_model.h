@@ -43,9 +43,16 @@ public:
         SongRole,
         IsOriginalRole,
         IsPlayingRole,
-        /// Playing time and file size as text.
+        /// Why the song is called a duplicate, where only looking further has found it; empty otherwise.
+        FurtherReasonRole,
+        /// The cells of a song row as text.
+        NameRole,
+        FileTypeRole,
         DurationRole,
         SizeRole,
+        FolderRole,
+        /// Where its file is.
+        PathRole,
         /// The whole row as one line of text, for screen readers.
         DescriptionRole,
     };
@@ -92,8 +99,10 @@ private:
     [[nodiscard]] bool isCollapsed(std::size_t group) const;
     [[nodiscard]] bool isCollapsed(const DuplicateGroup &group) const;
     [[nodiscard]] int rowCountOf(const DuplicateGroup &group) const;
+    [[nodiscard]] QString furtherReason(const Song &song) const;
 
     void updateGroups();
+    void updateMarks();
     void replaceGroups(const QList<DuplicateGroup> &groups);
     /// Sets the groups, of which a number has come in addition to those that have rows now.
     /// @param first the first of them
@@ -101,6 +110,11 @@ private:
     /// Sets the groups, of which one has more members than now, or fewer.
     /// @return false if it differs in another way; then nothing is done
     [[nodiscard]] bool updateMembers(std::size_t group, const QList<DuplicateGroup> &groups);
+    /// Sets the groups, of which a number has as many members as now, in another order.
+    /// @param first the first of them
+    /// @return false if they differ in another way; then nothing is done
+    [[nodiscard]] bool reorderMembers(std::size_t first, std::size_t count,
+                                      const QList<DuplicateGroup> &groups);
     void reset(const QList<DuplicateGroup> &groups);
     void updatePlaying();
     void emitPlayingChanged(const QUuid &songId);
@@ -115,6 +129,8 @@ private:
     QSet<QUuid> m_collapsed;
     QUuid m_playingId;
     bool m_isEmpty = true;
+    /// Whether some songs were found only by looking further.
+    bool m_hasMarks = false;
 };
 
 } // namespace sonavo

@@ -53,6 +53,7 @@ FocusScope {
                     gradientRotation: view.rotationAngle
                     lineWidth: 15
                     trackColor: Colors.track
+                    edgeColor: Colors.textSecondary
 
                     Accessible.role: Accessible.ProgressBar
                     Accessible.name: view.message
@@ -78,7 +79,7 @@ FocusScope {
                         text: qsTr("of this step")
                         font.pixelSize: 14
                         font.weight: Font.Medium
-                        color: Colors.accent
+                        color: Colors.accentText
                         Accessible.role: Accessible.StaticText
                         Accessible.name: text
                     }

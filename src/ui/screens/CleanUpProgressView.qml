@@ -2,7 +2,7 @@ import QtQuick
 import QtQuick.Layouts
 import Sonavo
 
-// How far a clean-up or an undo is, with a button that stops it. The screen below can still be scrolled and listened to.
+// How far a clean-up, an undo or looking further is, with a button that stops it. The screen below can still be scrolled and listened to.
 FocusScope {
     id: view
 

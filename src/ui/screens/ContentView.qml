@@ -56,7 +56,12 @@ FocusScope {
     Timer {
         interval: 0
         running: view.Window.activeFocusItem === view
-        onTriggered: (results.visible ? results : progress.visible ? progress : welcome).forceActiveFocus()
+        onTriggered: {
+            if (results.visible)
+                results.focusContent();
+            else
+                (progress.visible ? progress : welcome).forceActiveFocus();
+        }
     }
 
     Connections {
@@ -72,6 +77,7 @@ FocusScope {
     }
 
     FileDropArea {
+        id: dropArea
         anchors.fill: parent
         enabled: !view.viewModel.isCleaningUp
         onFilesDropped: urls => view.handleDrop(urls)
@@ -103,6 +109,15 @@ FocusScope {
         visible: view.hasAddedSongs && !view.isScanning
         focus: visible
         viewModel: view.viewModel
+    }
+
+    // Files over the window can be dropped anywhere.
+    Rectangle {
+        anchors.fill: parent
+        visible: dropArea.containsDrag
+        color: Qt.alpha(Colors.accent, 0.12)
+        border.width: 3
+        border.color: Colors.accent
     }
 
     CleanUpProgressView {

@@ -12,7 +12,7 @@ Rectangle {
 
     implicitHeight: stack.implicitHeight + 60
     radius: 16
-    color: Qt.alpha(Colors.accent, isDropTargeted ? 0.18 : 0.05)
+    color: Qt.alpha(Colors.accent, isDropTargeted ? 0.18 : 0)
     border.width: isDropTargeted ? 2.5 : 1.5
     border.color: Colors.accent
 

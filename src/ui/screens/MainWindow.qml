@@ -12,12 +12,14 @@ ApplicationWindow {
     required property ThemeManager themeManager
 
     readonly property bool canChange: !viewModel.isCleaningUp
+    readonly property bool hasResult: viewModel.songCount > 0 && !viewModel.isScanning
 
     title: qsTr("Sonavo")
     width: 1100
     height: 740
     minimumWidth: 900
-    minimumHeight: 600
+    // The content alone has 900 by 600 points.
+    minimumHeight: 600 + header.implicitHeight
     visible: true
 
     header: WindowHeader {
@@ -36,6 +38,18 @@ ApplicationWindow {
                     shortcut: "Ctrl+L"
                     enabled: window.canChange
                     onTriggered: window.viewModel.clearAll()
+                }
+                ThemedMenuSeparator {}
+                Action {
+                    text: qsTr("Find More Duplicates")
+                    shortcut: "Ctrl+Shift+F"
+                    enabled: window.canChange && window.hasResult && !window.viewModel.isFurtherResult
+                    onTriggered: window.viewModel.findMore()
+                }
+                Action {
+                    text: qsTr("Return to First Result")
+                    enabled: window.canChange && window.hasResult && window.viewModel.isFurtherResult
+                    onTriggered: window.viewModel.returnToFirstResult()
                 }
                 ThemedMenuSeparator {}
                 Action {

@@ -13,6 +13,11 @@ FocusScope {
 
     onHasSummaryChanged: prefersSummary = false
 
+    // Not what had the focus last, which can be a button beside them.
+    function focusContent() {
+        (list.visible ? list : summary.visible ? summary : view).forceActiveFocus();
+    }
+
     ColumnLayout {
         anchors.fill: parent
         spacing: 0
@@ -54,13 +59,13 @@ FocusScope {
             NoDuplicatesFoundView {
                 anchors.fill: parent
                 visible: !list.visible && !summary.visible
-                songCount: view.viewModel.songCount
+                viewModel: view.viewModel
             }
         }
 
         BottomInfoBar {
             Layout.fillWidth: true
-            duplicateCount: view.viewModel.duplicateCount
+            viewModel: view.viewModel
         }
     }
 }

@@ -12,14 +12,14 @@ Item {
     ToastView {
         id: toast
 
-        property real offset: overlay.isShowing ? 0 : overlay.hiddenOffset
+        property real offset: overlay.hiddenOffset
 
         anchors.horizontalCenter: parent.horizontalCenter
         anchors.bottom: parent.bottom
         anchors.bottomMargin: 40 - offset
         message: overlay.viewModel.toastMessage
         type: overlay.viewModel.toastType
-        opacity: overlay.isShowing ? 1 : 0
+        opacity: 0
         visible: opacity > 0
         enabled: overlay.isShowing
         action: overlay.viewModel.toastAction
@@ -33,19 +33,37 @@ Item {
                 AccessibleAlert.raise(toast);
         }
 
-        Behavior on offset {
-            enabled: overlay.isShowing
-            ResponseSpring {
-                response: 0.5
-                dampingFraction: 0.8
+        states: State {
+            when: overlay.isShowing
+            PropertyChanges {
+                target: toast
+                offset: 0
+                opacity: 1
             }
         }
-        Behavior on opacity {
-            NumberAnimation {
-                duration: 300
-                easing.type: Easing.OutQuad
+        transitions: [
+            Transition {
+                to: ""
+                SequentialAnimation {
+                    Fade {}
+                    PropertyAction { property: "offset" }
+                }
+            },
+            Transition {
+                ResponseSpring {
+                    property: "offset"
+                    response: 0.5
+                    dampingFraction: 0.8
+                }
+                Fade {}
             }
-        }
+        ]
+    }
+
+    component Fade: NumberAnimation {
+        property: "opacity"
+        duration: 300
+        easing.type: Easing.OutQuad
     }
 
     // The next toast can have the same text.

@@ -76,7 +76,7 @@ Card {
                 text: actionButton.text
                 font.pixelSize: 14
                 font.weight: Font.DemiBold
-                color: Colors.accent
+                color: Colors.accentText
                 Accessible.ignored: true
             }
         }

@@ -24,12 +24,15 @@ Rectangle {
             verticalPadding: 4
             horizontalPadding: 10
             font.pixelSize: 13
-            Accessible.name: item.text.replace("&", "")
-            Accessible.onPressAction: clicked()
+            // Qt takes it for a menu bar of its own, whatever role it is given.
+            Accessible.ignored: true
             contentItem: PlainText {
-                text: item.Accessible.name
+                text: item.text.replace("&", "")
                 font: item.font
                 color: Colors.textPrimary
+                Accessible.role: Accessible.MenuItem
+                Accessible.name: text
+                Accessible.onPressAction: item.clicked()
             }
             background: Rectangle {
                 radius: 6
@@ -76,6 +79,7 @@ Rectangle {
             id: toolTip
             text: themeButton.isDark ? qsTr("Switch to the light theme") : qsTr("Switch to the dark theme")
             isHovered: themeButton.hovered
+            isPressed: themeButton.down
         }
     }
 

@@ -1,0 +1,108 @@
+#include "session/review.h"
+
+#include "session/clean_up_text.h"
+
+#include <QPointer>
+
+#include <utility>
+
+namespace sonavo {
+
+using ToastType = Notices::ToastType;
+
+namespace {
+
+QString changingMessage()
+{
+    return QStringLiteral("Changing the groups...");
+}
+
+QString originalsText(qint64 groups)
+{
+    return groups == 0
+               ? QStringLiteral("No original has changed")
+               : QStringLiteral("Changed the original in %1").arg(counted(groups, QStringLiteral("group")));
+}
+
+} // namespace
+
+Review::Review(const Session &session, QObject *parent)
+    : QObject(parent)
+    , m_session(session)
+{}
+
+void Review::findMore()
+{
+    if (m_session.library.songs().isEmpty() || m_session.library.lists().depth == SearchDepth::Further)
+        return;
+    take({.name = QStringLiteral("Find More Duplicates"), .depth = SearchDepth::Further},
+         QStringLiteral("Comparing every song with every other..."), moreFoundText);
+}
+
+void Review::returnToFirstResult()
+{
+    if (m_session.library.lists().depth == SearchDepth::FourPasses)
+        return;
+    take({.name = QStringLiteral("Return to First Result"), .depth = SearchDepth::FourPasses},
+         changingMessage(), [](qint64) { return QStringLiteral("Returned to the first result"); });
+}
+
+void Review::keepSong(const Song &song)
+{
+    take({.name = QStringLiteral("Keep This One"), .kept = KeptSong{song.id}}, changingMessage(),
+         originalsText);
+}
+
+void Review::keepCopiesIn(const QString &path)
+{
+    take({.name = QStringLiteral("Keep Copies in This Folder"), .kept = KeptFolder{path}}, changingMessage(),
+         originalsText);
+}
+
+void Review::excludeFromDuplicates(const Song &song)
+{
+    take({.name = QStringLiteral("Not a Duplicate"),
+          .removal = {.songs = {}, .members = {song.id}, .cleanedUp = {song.id}}},
+         changingMessage(),
+         [name = song.name](qint64) { return QStringLiteral("Not a duplicate: %1").arg(name); });
+}
+
+void Review::take(UndoStep step, const QString &message, const ToastText &toast)
+{
+    if (m_session.job.state().isRunning || m_session.scan.state().isRunning)
+        return;
+    const WorkBasis basis = basisOf(m_session.library);
+    step.scan = basis.scan.id;
+    m_session.job.run<std::optional<Reviewed>>(
+        message, FURTHER_PARTS,
+        [basis, step](const FileJob::Control &control) { return reviewed(basis, step, control); },
+        [self = QPointer<Review>(this), step, toast](const std::optional<Reviewed> &result) {
+            if (self && result && self->isShown(step.scan))
+                self->publish(step, *result, toast);
+        });
+}
+
+void Review::publish(const UndoStep &step, const Reviewed &result, const ToastText &toast)
+{
+    const QPointer<Review> self(this);
+    Library &library = m_session.library;
+    if (result.furtherGroups)
+        library.setFurtherGroups(*result.furtherGroups);
+    if (result.isTaken) {
+        library.setNotes(result.notes);
+        library.setHistory(result.history);
+        if (self && isShown(step.scan))
+            library.show(result.lists);
+        const auto &played = self ? m_session.preview.state().song : std::nullopt;
+        if (played && result.hidden.contains(played->id))
+            m_session.preview.stop();
+    }
+    if (!self)
+        return;
+    if (result.isTaken)
+        m_session.notices.showToast(toast(result.count), ToastType::Success, QStringLiteral("Undo"));
+    else
+        m_session.notices.showToast(toast(result.count), ToastType::Info);
+}
+
+} // namespace sonavo

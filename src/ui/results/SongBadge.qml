@@ -1,0 +1,50 @@
+import QtQuick
+import Sonavo
+
+// Says whether a song is the original of its group or a duplicate, and marks one that only looking further has found.
+Item {
+    id: badge
+
+    required property bool isOriginal
+    // Why the song is marked; empty for the others.
+    required property string furtherReason
+    readonly property bool isMarked: furtherReason !== ""
+    // The room for the mark, before the badge.
+    readonly property real markWidth: 10
+
+    width: markWidth + TableColumns.badgeWidth
+    height: 24
+
+    PlainText {
+        x: badge.markWidth
+        anchors.verticalCenter: parent.verticalCenter
+        text: badge.isOriginal ? "ORIGINAL   " : "DUPLICATE"
+        font.pixelSize: TableColumns.badgeFont.pixelSize
+        font.weight: TableColumns.badgeFont.weight
+        font.italic: badge.isMarked
+        color: badge.isOriginal ? Colors.original : Colors.duplicate
+        Accessible.ignored: true
+    }
+
+    // A small ring.
+    Rectangle {
+        visible: badge.isMarked
+        anchors.verticalCenter: parent.verticalCenter
+        width: 6
+        height: 6
+        radius: 3
+        color: "transparent"
+        border.width: 1.5
+        border.color: Colors.duplicate
+    }
+
+    HoverHandler {
+        id: pointer
+        enabled: badge.isMarked
+    }
+
+    PlainToolTip {
+        text: badge.furtherReason
+        isHovered: pointer.hovered
+    }
+}
