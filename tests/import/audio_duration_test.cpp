@@ -58,6 +58,7 @@ TEST_F(ReadAudioDuration, TakesTheStoredLengthOrCountsAsLibavformatDoes)
         {u"wav"_s, u"-c:a ac3"_s},
         {u"wav"_s, u"-c:a adpcm_ima_wav -seekable 0"_s},
         {u"wav"_s, u"-c:a libmp3lame -seekable 0"_s},
+        {u"wav"_s, u"-c:a g726 -ar 8000 -ac 1 -seekable 0"_s}, // only its average rate tells the length
         {u"aac"_s, u"-ar 32000"_s},
         {u"flac"_s, u"-ar 96000 -ac 2"_s},
         {u"flac"_s, u"-seekable 0"_s},
@@ -97,6 +98,17 @@ TEST_F(ReadAudioDuration, CountsFramesWithoutAHeaderAlsoBehindAPictureAndOfATrun
         const double rest = readAudioDuration(RegularFile(write(u"half."_s + type, half))).value_or(-1);
         EXPECT_NEAR(rest, whole / 2, options.contains(u"-b:a") ? 0.05 : 0.8);
     }
+}
+
+TEST_F(ReadAudioDuration, CountsFlacFramesOfOneSamplingRateOnly)
+{
+    const QByteArray song = audioContent(u"flac"_s, SECONDS, u"-seekable 0"_s);
+    expectDuration(write(u"x.flac"_s, song + audioContent(u"flac"_s, 2, u"-ar 192000 -seekable 0"_s)),
+                   SECONDS);
+    QByteArray damaged = song;
+    // The sampling rate of the first metadata block.
+    damaged[19] = '\x15';
+    expectDuration(write(u"x.flac"_s, damaged), SECONDS);
 }
 
 TEST_F(ReadAudioDuration, HonoursEditListsButNoLengthOfThirtyYears)
