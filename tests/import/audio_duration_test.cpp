@@ -111,6 +111,29 @@ TEST_F(ReadAudioDuration, CountsFlacFramesOfOneSamplingRateOnly)
     expectDuration(write(u"x.flac"_s, damaged), SECONDS);
 }
 
+TEST_F(ReadAudioDuration, LooksAtAFewFragmentsOfAnIndexAndAtAllWhereOneDoesNotFit)
+{
+    constexpr quint64 FEW_READS = 16;
+    const QString options = u"-f mov -c:a pcm_s32le -ar 96000 -movflags +empty_moov -frag_duration 400000"_s;
+    const QByteArray song = audioContent(u"m4a"_s, 11.3, options);
+    const auto expectReads = [&](const QByteArray &content, bool areFew) {
+        const QString path = write(u"x.m4a"_s, content);
+        ReadCounter reads = 0;
+        EXPECT_EQ(readAudioDuration(RegularFile(path, &reads)), libavDuration(path));
+        EXPECT_EQ(reads <= FEW_READS, areFew) << reads;
+    };
+    expectReads(song, true);
+    expectReads(song + QByteArray(8, '\0'), false);
+    // Its entries are two numbers of eight bytes and three of one, and a box of 16 bytes follows them.
+    constexpr qsizetype ENTRY_SIZE = 19;
+    const qsizetype lastEntry = song.size() - 16 - ENTRY_SIZE;
+    for (const qsizetype number : {7, 15}) {
+        QByteArray damaged = song;
+        damaged[lastEntry + number] = static_cast<char>(damaged[lastEntry + number] ^ 1);
+        expectReads(damaged, false);
+    }
+}
+
 TEST_F(ReadAudioDuration, HonoursEditListsButNoLengthOfThirtyYears)
 {
     QByteArray content = audioContent(u"m4a"_s, SECONDS, u"-c:a alac"_s);
