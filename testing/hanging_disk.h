@@ -12,12 +12,13 @@
 
 namespace sonavo {
 
-/// A disk that does not answer: reads of some files block in the kernel until they are released. Affects the
-/// thread that calls start(), and the threads and processes that it starts afterwards. Once per process.
+/// A disk that does not answer: reads of some files and folders block in the kernel until they are released.
+/// Affects the thread that calls start(), and the threads and processes that it starts afterwards. Once per
+/// process.
 class HangingDisk
 {
 public:
-    /// @param marker reads of files hang whose path ends with it
+    /// @param marker reads of files and folders hang whose path ends with it
     explicit HangingDisk(QByteArray marker)
         : m_marker(std::move(marker))
     {}
@@ -28,7 +29,8 @@ public:
     /// @return whether this process may do that
     [[nodiscard]] bool start()
     {
-        return m_listener.start({SYS_pread64}, [this](const seccomp_notif &call) { handle(call); });
+        return m_listener.start({SYS_pread64, SYS_getdents64},
+                                [this](const seccomp_notif &call) { handle(call); });
     }
 
     /// How many reads hang now.

@@ -3,6 +3,8 @@
 #include <QCoreApplication>
 
 #include <atomic>
+#include <future>
+#include <thread>
 
 namespace sonavo {
 namespace {
@@ -27,6 +29,21 @@ QThreadPool &diskThreads()
     // Leaked: its destructor would wait for every thread.
     static QThreadPool *const pool = createPool();
     return *pool;
+}
+
+bool waitForDisk(std::function<void(ReadCounter &answers)> work, std::chrono::milliseconds timeout)
+{
+    const auto answers = std::make_shared<ReadCounter>(0);
+    std::packaged_task<void()> task([answers, work = std::move(work)] { work(*answers); });
+    const std::future<void> end = task.get_future();
+    // Not one of diskThreads(), which can have much to do.
+    std::thread(std::move(task)).detach();
+    AnswerWatch watch;
+    while (end.wait_for(timeout / AnswerWatch::LOOKS_PER_TIMEOUT) != std::future_status::ready) {
+        if (watch.isHanging(*answers))
+            return false;
+    }
+    return true;
 }
 
 void DiskTaskState::start()

@@ -1,9 +1,12 @@
 #pragma once
 
+#include "import/regular_file.h"
+
 #include <QFuture>
 #include <QPromise>
 #include <QThreadPool>
 
+#include <chrono>
 #include <functional>
 #include <memory>
 #include <mutex>
@@ -17,6 +20,37 @@ namespace sonavo {
 /// place. The pool is never destroyed; at the end of the application its threads get a second to finish.
 /// Any thread may call it.
 [[nodiscard]] QThreadPool &diskThreads();
+
+/// Tells a disk that hangs from a slow one, by a count of its answers that is looked at at regular intervals.
+/// Looks are counted because a clock keeps running while the computer sleeps or the program is suspended.
+class AnswerWatch
+{
+public:
+    /// How long a disk may take for one answer; one that spins up takes some eight seconds.
+    static constexpr std::chrono::seconds TIMEOUT{10};
+    static constexpr int LOOKS_PER_TIMEOUT = 5;
+
+    /// @param answers so far
+    /// @param isWaiting whether an answer is being waited for
+    /// @return whether none came during the last LOOKS_PER_TIMEOUT calls
+    [[nodiscard]] bool isHanging(quint64 answers, bool isWaiting = true)
+    {
+        m_looks = isWaiting && answers == m_lastAnswers ? m_looks + 1 : 0;
+        m_lastAnswers = answers;
+        return m_looks >= LOOKS_PER_TIMEOUT;
+    }
+
+private:
+    quint64 m_lastAnswers = 0;
+    int m_looks = 0;
+};
+
+/// Does work that waits for a disk in a thread of its own, and waits for it as long as the disk answers.
+/// @param work increments the counter after every answer; can outlive the call
+/// @param timeout how long a single answer may take
+/// @return whether the work has ended
+[[nodiscard]] bool waitForDisk(std::function<void(ReadCounter &answers)> work,
+                               std::chrono::milliseconds timeout = AnswerWatch::TIMEOUT);
 
 /// The life of a DiskTask: decides whether its thread or its owner sets the result, and replaces threads that
 /// are abandoned. Any thread may call it.

@@ -18,6 +18,8 @@ using Bytes = std::span<const std::uint8_t>;
 struct FlacFrame
 {
     int samples = 0;
+    /// Samples per second, 0 where only the metadata states them.
+    int sampleRate = 0;
     /// Of the frame, or of its first sample where the sizes of frames vary.
     qint64 number = 0;
     /// Of the frame behind it.
@@ -58,6 +60,10 @@ std::optional<std::pair<qint64, std::size_t>> codedNumber(Bytes bytes)
     return std::pair(number, size);
 }
 
+/// RFC 9639, 9.1.2.
+constexpr std::array<int, 16> RATES{0,     88200, 176400, 192000, 8000, 16000, 22050, 24000,
+                                    32000, 44100, 48000,  96000,  0,    0,     0,     0};
+
 /// RFC 9639, 9.1.
 std::optional<FlacFrame> parseFlacFrame(const std::array<std::uint8_t, MAX_HEADER_SIZE> &header)
 {
@@ -82,7 +88,14 @@ std::optional<FlacFrame> parseFlacFrame(const std::array<std::uint8_t, MAX_HEADE
     } else {
         frame.samples = sizeCode == 1 ? 192 : sizeCode < 6 ? 144 << sizeCode : 1 << sizeCode;
     }
-    offset += rateCode == 12 ? 1 : rateCode > 12 ? 2 : 0;
+    frame.sampleRate = RATES[static_cast<std::size_t>(rateCode)];
+    if (rateCode == 12) {
+        frame.sampleRate = bytes[offset] * 1000;
+        offset += 1;
+    } else if (rateCode > 12) {
+        frame.sampleRate = qFromBigEndian<std::uint16_t>(&bytes[offset]) * (rateCode == 14 ? 10 : 1);
+        offset += 2;
+    }
     if (checksum(bytes.first(offset)) != bytes[offset])
         return std::nullopt;
     const bool hasVariableSizes = (bytes[1] & 1) != 0;
@@ -96,12 +109,15 @@ std::optional<FlacFrame> parseFlacFrame(const std::array<std::uint8_t, MAX_HEADE
 class FlacFrames
 {
 public:
-    FlacFrames(FileWindow &window, qint64 begin)
+    /// @param sampleRate for frames that do not state theirs
+    FlacFrames(FileWindow &window, qint64 begin, int sampleRate)
         : m_window(window)
         , m_offset(begin)
+        , m_sampleRate(sampleRate)
     {}
 
-    qint64 countSamples()
+    /// @return seconds
+    double duration()
     {
         constexpr qint64 MAX_SEARCH = 1 << 20;
         qint64 lastFrame = m_offset;
@@ -121,7 +137,7 @@ public:
                 lastFrame = m_offset;
             m_offset += frame ? static_cast<qint64>(frame->headerSize) : 1;
         }
-        return m_samples;
+        return static_cast<double>(m_samples) / m_sampleRate;
     }
 
 private:
@@ -129,6 +145,9 @@ private:
     /// bytes can be sound that looks like a header.
     bool add(const FlacFrame &frame)
     {
+        const int sampleRate = frame.sampleRate != 0 ? frame.sampleRate : m_sampleRate;
+        if (m_samples > 0 && sampleRate != m_sampleRate)
+            return false;
         if (frame.number != m_nextNumber && (!m_doubtful || frame.number != m_doubtful->nextNumber)) {
             m_doubtful = frame;
             return false;
@@ -137,12 +156,15 @@ private:
             m_samples += m_doubtful->samples;
         m_samples += frame.samples;
         m_nextNumber = frame.nextNumber;
+        m_sampleRate = sampleRate;
         m_doubtful.reset();
         return true;
     }
 
     FileWindow &m_window;
     qint64 m_offset;
+    /// Of all frames, once there is one.
+    int m_sampleRate;
     qint64 m_samples = 0;
     qint64 m_nextNumber = 0;
     std::optional<FlacFrame> m_doubtful;
@@ -180,15 +202,15 @@ std::optional<double> flacDuration(FileWindow &window, qint64 begin)
     if (start.size() < START_SIZE || (start[FIRST_BLOCK] & 0x7F) != 0)
         return std::nullopt;
     const auto fields = qFromBigEndian<std::uint64_t>(&start[LENGTH_OFFSET]);
-    const auto sampleRate = static_cast<double>(fields >> 44);
-    auto samples = static_cast<qint64>(fields & 0xF'FFFF'FFFF);
-    if (sampleRate == 0.0)
+    const auto sampleRate = static_cast<int>(fields >> 44);
+    const auto samples = static_cast<qint64>(fields & 0xF'FFFF'FFFF);
+    if (sampleRate == 0)
         return 0.0;
-    if (samples == 0) {
-        if (const std::optional<qint64> frames = skipMetadata(window, begin + FIRST_BLOCK))
-            samples = FlacFrames(window, *frames).countSamples();
-    }
-    return window.hasFailed() ? std::nullopt : std::optional(static_cast<double>(samples) / sampleRate);
+    if (samples > 0)
+        return static_cast<double>(samples) / sampleRate;
+    const std::optional<qint64> frames = skipMetadata(window, begin + FIRST_BLOCK);
+    const double duration = frames ? FlacFrames(window, *frames, sampleRate).duration() : 0.0;
+    return window.hasFailed() ? std::nullopt : std::optional(duration);
 }
 
 } // namespace sonavo

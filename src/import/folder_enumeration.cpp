@@ -12,28 +12,11 @@
 #include <array>
 #include <filesystem>
 #include <iterator>
-#include <string>
-#include <vector>
 
 namespace sonavo {
 namespace {
 
 namespace fs = std::filesystem;
-
-struct Entry
-{
-    std::string name;
-    bool isFolder;
-};
-
-/// A folder whose entries are being visited.
-struct OpenFolder
-{
-    QString path;
-    std::vector<Entry> entries;
-    /// Index of the next entry.
-    std::size_t next = 0;
-};
 
 /// Extensions of the packages that music collections contain: projects, libraries, plug-ins, applications.
 bool isPackage(const QString &folder)
@@ -55,13 +38,22 @@ QString decodedName(const std::string &name)
     return decoder(QByteArrayView(name.data(), std::ssize(name)));
 }
 
-OpenFolder openFolder(const QString &path, std::size_t maxEntries)
+QString pathInFolder(const QString &folder, const QString &name)
 {
-    OpenFolder folder{path, {}};
+    return folder.endsWith(u'/') ? folder + name : folder + u'/' + name;
+}
+
+} // namespace
+
+FolderEntries readFolder(const QString &path, std::size_t maxEntries, ReadCounter *answers)
+{
+    FolderEntries folder{path, {}};
     std::error_code error;
     fs::directory_iterator entry(QFile::encodeName(path).toStdString(), error);
     for (; !error && entry != fs::directory_iterator() && folder.entries.size() < maxEntries;
          entry.increment(error)) {
+        if (answers)
+            ++*answers;
         std::string name = entry->path().filename().native();
         if (name.starts_with('.') || !QUtf8StringView(name.data(), std::ssize(name)).isValidUtf8())
             continue;
@@ -70,35 +62,35 @@ OpenFolder openFolder(const QString &path, std::size_t maxEntries)
         folder.entries.push_back({std::move(name), isFolder});
     }
     std::sort(folder.entries.begin(), folder.entries.end(),
-              [](const Entry &a, const Entry &b) { return a.name < b.name; });
+              [](const FolderEntries::Entry &a, const FolderEntries::Entry &b) { return a.name < b.name; });
     return folder;
 }
 
-QString pathInFolder(const QString &folder, const QString &name)
+std::optional<FolderWalk::Step> FolderWalk::next()
 {
-    return folder.endsWith(u'/') ? folder + name : folder + u'/' + name;
-}
-
-} // namespace
-
-void enumerateFolder(const QString &folder, const EnumerationOptions &options,
-                     const std::function<bool(const QString &path)> &visit)
-{
-    // An explicit stack: folders can be nested deeper than recursion could follow.
-    std::vector<OpenFolder> stack;
-    stack.push_back(openFolder(folder, options.maxEntriesPerFolder));
-    while (!stack.empty()) {
-        OpenFolder &current = stack.back();
-        if (current.next == current.entries.size()) {
-            stack.pop_back();
+    while (!m_folders.empty()) {
+        OpenFolder &current = m_folders.back();
+        if (current.next == current.folder.entries.size()) {
+            m_folders.pop_back();
             continue;
         }
-        const Entry &entry = current.entries[current.next++];
-        const QString path = pathInFolder(current.path, decodedName(entry.name));
-        if (!visit(path))
-            return;
-        if (entry.isFolder && (options.packages == EnumerationOptions::Packages::Enter || !isPackage(path)))
-            stack.push_back(openFolder(path, options.maxEntriesPerFolder));
+        const FolderEntries::Entry &entry = current.folder.entries[current.next++];
+        QString path = pathInFolder(current.folder.path, decodedName(entry.name));
+        const bool isEntered =
+            entry.isFolder && (m_options.packages == EnumerationOptions::Packages::Enter || !isPackage(path));
+        return Step{std::move(path), isEntered};
+    }
+    return std::nullopt;
+}
+
+void enumerateFolder(const QString &folder, const EnumerationOptions &options,
+                     const std::function<bool(const QString &path)> &visit, ReadCounter *answers)
+{
+    FolderWalk walk(options);
+    walk.enter(readFolder(folder, options.maxEntriesPerFolder, answers));
+    for (std::optional<FolderWalk::Step> step = walk.next(); step && visit(step->path); step = walk.next()) {
+        if (step->isEntered)
+            walk.enter(readFolder(step->path, options.maxEntriesPerFolder, answers));
     }
 }
 

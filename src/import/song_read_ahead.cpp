@@ -13,10 +13,6 @@ constexpr qsizetype FILES_PER_BATCH = 20;
 /// Enough that all cores have work through a pause, few enough that their results take little memory.
 constexpr std::size_t MAX_BATCHES = 40;
 
-/// How often progress is checked within a timeout. Checks are counted because a clock keeps running while the
-/// computer sleeps or the program is suspended.
-constexpr int CHECKS_PER_TIMEOUT = 5;
-
 } // namespace
 
 /// Consecutive files that one task reads one after the other.
@@ -33,17 +29,17 @@ public:
     [[nodiscard]] QFuture<Results> results() const { return m_task.result(); }
     /// Finishes without results.
     void abandon() { m_task.abandon({}); }
-
-    /// To be called at regular intervals.
-    /// @return whether no read has returned during the last `checks` calls
-    [[nodiscard]] bool isHanging(int checks)
+    /// Finishes with the files that are read; the others count as unreadable.
+    void abandonUnreadFiles()
     {
-        const quint64 reads = m_reading->reads;
-        const bool isStalled = m_task.isRunning() && reads == m_lastReads;
-        m_lastReads = reads;
-        m_stalledChecks = isStalled ? m_stalledChecks + 1 : 0;
-        return m_stalledChecks >= checks;
+        Results results = m_reading->resultsSoFar();
+        results.resize(m_files.size());
+        m_task.abandon(std::move(results));
     }
+
+    [[nodiscard]] quint64 reads() const { return m_reading->reads; }
+    /// To be called at regular intervals.
+    [[nodiscard]] bool isHanging() { return m_watch.isHanging(reads(), m_task.isRunning()); }
 
     /// Finishes with the files that are read and the one that hangs, which counts as unreadable.
     /// @return the files after it; empty when the read returned just now
@@ -88,8 +84,7 @@ private:
     const QStringList m_files;
     const std::shared_ptr<Reading> m_reading = std::make_shared<Reading>();
     DiskTask<Results> m_task;
-    quint64 m_lastReads = 0;
-    int m_stalledChecks = 0;
+    AnswerWatch m_watch;
 };
 
 SongReadAhead::SongReadAhead(QStringList files, std::stop_token stop, std::chrono::milliseconds timeout)
@@ -101,7 +96,7 @@ SongReadAhead::SongReadAhead(QStringList files, std::stop_token stop, std::chron
     })
 {
     QObject::connect(&m_hangTimer, &QTimer::timeout, &m_hangTimer, [this] { abandonHangingFiles(); });
-    m_hangTimer.start(timeout / CHECKS_PER_TIMEOUT);
+    m_hangTimer.start(timeout / AnswerWatch::LOOKS_PER_TIMEOUT);
 }
 
 SongReadAhead::~SongReadAhead() = default;
@@ -132,12 +127,32 @@ void SongReadAhead::startBatches()
 
 void SongReadAhead::abandonHangingFiles()
 {
+    if (m_watch.isHanging(readsSoFar(), !DiskTaskState::canReplaceThread())) {
+        endReading();
+        return;
+    }
     for (auto batch = m_batches.begin(); batch != m_batches.end(); ++batch) {
-        if (!batch->isHanging(CHECKS_PER_TIMEOUT) || !DiskTaskState::canReplaceThread())
+        if (!batch->isHanging() || !DiskTaskState::canReplaceThread())
             continue;
         if (QStringList rest = batch->abandonHangingFile(); !rest.isEmpty())
             m_batches.emplace(std::next(batch), std::move(rest));
     }
+}
+
+quint64 SongReadAhead::readsSoFar() const
+{
+    quint64 reads = 0;
+    for (const Batch &batch : m_batches)
+        reads += batch.reads();
+    return reads;
+}
+
+void SongReadAhead::endReading()
+{
+    if (m_nextFile < m_files.size())
+        m_batches.emplace_back(m_files.mid(std::exchange(m_nextFile, m_files.size())));
+    for (Batch &batch : m_batches)
+        batch.abandonUnreadFiles();
 }
 
 } // namespace sonavo

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "import/disk_task.h"
 #include "import/song_reading.h"
 
 #include <QFuture>
@@ -17,8 +18,9 @@
 namespace sonavo {
 
 /// Reads audio files on diskThreads(), a bounded number ahead of the caller, and hands over the results in
-/// the order of the files. A file whose disk does not answer in time counts as unreadable. Used from one
-/// thread with an event loop. Destroying it, or requesting stop, abandons the reading at once.
+/// the order of the files. A file whose disk does not answer in time counts as unreadable; once so many hang
+/// that no thread is left, so do all that are not read yet. Used from one thread with an event loop.
+/// Destroying it, or requesting stop, abandons the reading at once.
 class SongReadAhead
 {
 public:
@@ -26,9 +28,9 @@ public:
     /// requested.
     using Results = QList<std::optional<AudioFileInfo>>;
 
-    /// @param timeout how long a single read may take; a disk that spins up takes some eight seconds
+    /// @param timeout how long a single read may take
     SongReadAhead(QStringList files, std::stop_token stop,
-                  std::chrono::milliseconds timeout = std::chrono::seconds(10));
+                  std::chrono::milliseconds timeout = AnswerWatch::TIMEOUT);
     ~SongReadAhead();
     Q_DISABLE_COPY_MOVE(SongReadAhead)
 
@@ -43,6 +45,8 @@ private:
 
     void startBatches();
     void abandonHangingFiles();
+    [[nodiscard]] quint64 readsSoFar() const;
+    void endReading();
 
     const QStringList m_files;
     const std::stop_token m_stop;
@@ -51,6 +55,7 @@ private:
     /// Batches that are read or wait for a thread. The first one is handed out already when m_isFirstTaken.
     std::list<Batch> m_batches;
     bool m_isFirstTaken = false;
+    AnswerWatch m_watch;
     QTimer m_hangTimer;
     std::stop_callback<std::function<void()>> m_onStop;
 };

@@ -40,6 +40,8 @@ struct WaveFormat
     Codec codec = Codec::Pcm;
     int channels = 0;
     qint64 sampleRate = 0;
+    /// Bytes of a second, on average.
+    qint64 byteRate = 0;
     /// Bytes of a sample of all channels, or of a compressed block.
     int blockSize = 0;
     int bitsPerSample = 0;
@@ -55,6 +57,7 @@ WaveFormat parseFormat(Bytes chunk)
     format.codec = static_cast<Codec>(number<std::uint16_t>(chunk, 0));
     format.channels = number<std::uint16_t>(chunk, 2);
     format.sampleRate = number<std::uint32_t>(chunk, 4);
+    format.byteRate = number<std::uint32_t>(chunk, 8);
     format.blockSize = number<std::uint16_t>(chunk, 12);
     format.bitsPerSample = number<std::uint16_t>(chunk, 14);
     if (format.codec == Codec::Extensible)
@@ -93,9 +96,9 @@ public:
         const qint64 samples = hasFixedSize() ? uncompressedSamples() : compressedSamples();
         if (samples == 0 && (m_format->codec == Codec::Mp3 || m_format->codec == Codec::Mpeg))
             return mpegDuration();
-        return m_format->sampleRate == 0
-                   ? 0.0
-                   : static_cast<double>(samples) / static_cast<double>(m_format->sampleRate);
+        if (samples == 0 || m_format->sampleRate == 0)
+            return averageDuration();
+        return static_cast<double>(samples) / static_cast<double>(m_format->sampleRate);
     }
 
 private:
@@ -176,6 +179,13 @@ private:
     {
         const qint64 bits = m_dataSize > 0 ? m_dataSize / m_format->channels * 8 : 0;
         return m_samples > 0 && bits / m_samples <= m_format->bitsPerSample + 1 ? m_samples : 0;
+    }
+
+    [[nodiscard]] double averageDuration() const
+    {
+        return m_format->byteRate == 0
+                   ? 0.0
+                   : static_cast<double>(dataSize()) / static_cast<double>(m_format->byteRate);
     }
 
     [[nodiscard]] std::optional<double> mpegDuration() const

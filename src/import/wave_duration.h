@@ -13,7 +13,8 @@ class FileWindow;
 ///
 /// Samples of a fixed size are computed from the size of the data that the file states and holds. Data that
 /// is cut off, or whose size is not stated, reaches to the end of the file. Compressed sound has a chunk that
-/// counts the samples. Without it, blocks that tell their samples and MPEG frames are counted.
+/// counts the samples. Without it, blocks that tell their samples and MPEG frames are counted, and for other
+/// sound the average bytes of a second tell the length.
 /// @param begin where "RIFF" or "RF64" stands
 /// @return seconds, 0.0 where the length is unknown; nothing where there is no sound or a read failed
 [[nodiscard]] std::optional<double> waveDuration(FileWindow &window, qint64 begin);

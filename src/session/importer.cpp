@@ -7,6 +7,11 @@
 #include <QDir>
 #include <QPointer>
 
+#include <algorithm>
+#include <atomic>
+#include <functional>
+#include <iterator>
+#include <memory>
 #include <utility>
 
 namespace sonavo {
@@ -27,6 +32,33 @@ QString openPanelRefusal()
 {
     return QStringLiteral("Cannot import more than %1 songs.\nPlease select a smaller folder.")
         .arg(Importer::MAXIMUM_LIMIT);
+}
+
+/// What is known of an item before it is scanned. One whose disk does not answer may well be importable.
+struct DroppedItem
+{
+    bool isImportable = true;
+    qint64 songs = 0;
+};
+
+/// Of a disk that does not answer nothing is known. The scan leaves out what hangs.
+QList<DroppedItem> lookAt(const QList<QUrl> &urls)
+{
+    const auto items = std::make_shared<QList<DroppedItem>>();
+    const bool hasEnded = waitForDisk([urls, items](ReadCounter &answers) {
+        for (const QUrl &url : urls)
+            items->append({isImportable(url), estimateSongCount({url}, &answers)});
+    });
+    return hasEnded ? *items : QList<DroppedItem>(urls.size());
+}
+
+/// @return 0 where the disk does not answer
+qint64 songCountOf(const QList<QUrl> &urls)
+{
+    const auto count = std::make_shared<std::atomic<qint64>>(0);
+    static_cast<void>(
+        waitForDisk([urls, count](ReadCounter &answers) { *count = estimateSongCount(urls, &answers); }));
+    return *count;
 }
 
 } // namespace
@@ -53,21 +85,22 @@ void Importer::setPendingUrls(const QList<QUrl> &urls)
 
 bool Importer::importDroppedItems(const QList<QUrl> &urls)
 {
-    return importWithinLimits(urls, droppedItemsRefusal());
+    return importWithinLimits(urls, songCountOf(urls), droppedItemsRefusal());
 }
 
 bool Importer::importDrop(const QList<QUrl> &urls)
 {
     if (m_job.state().isRunning)
         return false;
+    QList<QUrl> local;
+    std::copy_if(urls.begin(), urls.end(), std::back_inserter(local), std::mem_fn(&QUrl::isLocalFile));
+    const QList<DroppedItem> items = lookAt(local);
     QList<QUrl> started;
     qsizetype importable = 0;
-    for (const QUrl &url : urls) {
-        if (!url.isLocalFile())
-            continue;
-        importable += isImportable(url) ? 1 : 0;
-        if (importDroppedItems({url}))
-            started.append(url);
+    for (qsizetype i = 0; i < local.size(); ++i) {
+        importable += items[i].isImportable ? 1 : 0;
+        if (importWithinLimits({local[i]}, items[i].songs, droppedItemsRefusal()))
+            started.append(local[i]);
     }
     if (importable > 1 && !started.isEmpty()) {
         m_notices.showToast(
@@ -81,7 +114,7 @@ bool Importer::importDrop(const QList<QUrl> &urls)
 
 bool Importer::importChosenItems(const QList<QUrl> &urls)
 {
-    return importWithinLimits(urls, openPanelRefusal());
+    return importWithinLimits(urls, songCountOf(urls), openPanelRefusal());
 }
 
 bool Importer::importWithOpenPanel()
@@ -96,12 +129,12 @@ bool Importer::importWithOpenPanel()
     return importChosenItems(urls);
 }
 
-bool Importer::importWithinLimits(const QList<QUrl> &urls, const QString &refusal)
+bool Importer::importWithinLimits(const QList<QUrl> &urls, qint64 songs, const QString &refusal)
 {
     if (m_job.state().isRunning)
         return false;
     // The songs of the session count although a scan replaces them: the limit is on the safe side.
-    const qint64 total = saturatingSum(m_library.songs().size(), estimateSongCount(urls));
+    const qint64 total = saturatingSum(m_library.songs().size(), songs);
     if (total > MAXIMUM_LIMIT) {
         m_notices.raiseAlert(refusal);
         return false;

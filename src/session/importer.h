@@ -43,7 +43,8 @@ public:
 
     // Each returns whether a scan was started. An import beyond MAXIMUM_LIMIT raises an alert, one beyond
     // OPTIMAL_LIMIT waits for the user's answer. Songs already in the session count towards both limits.
-    // Nothing is imported while a job moves files.
+    // Nothing is imported while a job moves files. The disk is waited for as long as it answers; a count that
+    // hangs is 0.
 
     /// Imports file URLs that were dropped as one item.
     bool importDroppedItems(const QList<QUrl> &urls);
@@ -68,7 +69,7 @@ Q_SIGNALS:
     void changed(const sonavo::Importer::State &before);
 
 private:
-    bool importWithinLimits(const QList<QUrl> &urls, const QString &refusal);
+    bool importWithinLimits(const QList<QUrl> &urls, qint64 songs, const QString &refusal);
     void set(State state);
 
     Desktop &m_desktop;

@@ -2,7 +2,6 @@
 
 #include "analysis/analyze_duplicates.h"
 #include "import/audio_discovery.h"
-#include "import/disk_task.h"
 #include "session/background.h"
 #include "session/read_songs.h"
 #include "session/release.h"
@@ -21,9 +20,8 @@ namespace {
 /// Walks the folders while a pause lets the views show that a scan has begun.
 QCoro::Task<QStringList> discoverFiles(QList<QUrl> urls, std::shared_ptr<Pauses> pauses, std::stop_token stop)
 {
-    DiskTask<QStringList> discovery(
-        [urls](const std::stop_token &end) { return discoverAudioFiles(urls, end); });
-    const std::stop_callback abandonDiscovery(stop, [&discovery] { discovery.abandon({}); });
+    AudioDiscovery discovery(urls);
+    const std::stop_callback abandonDiscovery(stop, [&discovery] { discovery.abandon(); });
     co_await pauses->wait(200ms);
     co_return co_await discovery.result();
 }

@@ -17,7 +17,7 @@ namespace fs = std::filesystem;
 using testing::ElementsAre;
 using Names = std::vector<std::string>;
 
-class AudioDiscovery : public testing::Test
+class AudioDiscoveryTest : public testing::Test
 {
 protected:
     void add(const Names &files) const
@@ -32,10 +32,10 @@ protected:
             urls += QUrl::fromLocalFile(QString::fromStdString(home.path(name)));
         return urls;
     }
-    Names discovered(const Names &names = {""}, const std::stop_token &stop = {}) const
+    Names discovered(const Names &names = {""}) const
     {
         Names found;
-        for (const QString &file : discoverAudioFiles(urls(names), stop))
+        for (const QString &file : AudioDiscovery(urls(names)).result().result())
             found.push_back(fs::path(file.toStdString()).lexically_relative(home.path()));
         return found;
     }
@@ -43,7 +43,7 @@ protected:
     const PrivateHome home;
 };
 
-TEST_F(AudioDiscovery, ListsAudioExtensionsInByteOrderWithoutNamesThatAreNotUtf8)
+TEST_F(AudioDiscoveryTest, ListsAudioExtensionsInByteOrderWithoutNamesThatAreNotUtf8)
 {
     add({"b.mp3", "a-.wav", "a/z.FLAC", "a/b/c.aac", "B.Mp3", "song.ogg", "mp3", "song.mp3.txt", "song.",
          "album.mp3/inner.m4a", "n\u0303.mp3", "\u00f1.mp3", "\uff5e.m4a", "\U0001F600.aac", "\ufeff.mp3",
@@ -55,7 +55,7 @@ TEST_F(AudioDiscovery, ListsAudioExtensionsInByteOrderWithoutNamesThatAreNotUtf8
     EXPECT_THAT(discovered(), testing::ElementsAreArray(listed));
 }
 
-TEST_F(AudioDiscovery, SkipsHiddenFilesAndPackageContentsUnlessTheyAreGiven)
+TEST_F(AudioDiscoveryTest, SkipsHiddenFilesAndPackageContentsUnlessTheyAreGiven)
 {
     add({"a.mp3", ".hidden.mp3", ".mp3", ".folder/a.mp3", "Song.band/Media/b.mp3", "Album.ITLP/c.mp3",
          "bands/d.mp3", "x.band.old/e.mp3"});
@@ -64,21 +64,18 @@ TEST_F(AudioDiscovery, SkipsHiddenFilesAndPackageContentsUnlessTheyAreGiven)
                 ElementsAre("Song.band/Media/b.mp3", ".folder/a.mp3", ".hidden.mp3"));
 }
 
-TEST_F(AudioDiscovery, KeepsTheOrderOfItemsAndListsTwiceWhatIsReachedTwiceUntilStopped)
+TEST_F(AudioDiscoveryTest, KeepsTheOrderOfItemsAndListsTwiceWhatIsReachedTwice)
 {
     add({"b.FLAC", "z/a.mp3", "song.ogg"});
     const Names items{"z", "b.FLAC", "song.ogg", "z/a.mp3", "z/", "vanished", ""};
     EXPECT_THAT(discovered(items),
                 ElementsAre("z/a.mp3", "b.FLAC", "z/a.mp3", "z/a.mp3", "b.FLAC", "z/a.mp3"));
-    EXPECT_TRUE(discoverAudioFiles({QUrl(QStringLiteral("https://example.org/a.mp3")),
-                                    QUrl(QStringLiteral("file:a.mp3")), QUrl()})
-                    .isEmpty());
-    std::stop_source stop;
-    stop.request_stop();
-    EXPECT_LE(discovered({"", "z"}, stop.get_token()).size(), 1U);
+    const QList<QUrl> others{QUrl(QStringLiteral("https://example.org/a.mp3")),
+                             QUrl(QStringLiteral("file:a.mp3")), QUrl()};
+    EXPECT_TRUE(AudioDiscovery(others).result().result().isEmpty());
 }
 
-TEST_F(AudioDiscovery, ListsLinksByNameAndFollowsOnlyAGivenLinkToAFolder)
+TEST_F(AudioDiscoveryTest, ListsLinksByNameAndFollowsOnlyAGivenLinkToAFolder)
 {
     add({"real.mp3", "sub/in.mp3"});
     fs::create_symlink("real.mp3", home.path("link.mp3"));
@@ -90,7 +87,7 @@ TEST_F(AudioDiscovery, ListsLinksByNameAndFollowsOnlyAGivenLinkToAFolder)
                 ElementsAre("to_sub.mp3/in.mp3", "link.mp3", "broken.mp3"));
 }
 
-TEST_F(AudioDiscovery, ListsNothingInUnreadableFolders)
+TEST_F(AudioDiscoveryTest, ListsNothingInUnreadableFolders)
 {
     add({"a.mp3", "locked/b.mp3", "z.mp3"});
     ASSERT_EQ(::chmod(home.path().c_str(), 0755), 0);
@@ -104,7 +101,7 @@ TEST_F(AudioDiscovery, ListsNothingInUnreadableFolders)
     ASSERT_EQ(::chmod(home.path("locked").c_str(), 0700), 0);
 }
 
-TEST_F(AudioDiscovery, EstimatesByCountingAHundredEntriesAndMultipliesTheWholeCountFromThere)
+TEST_F(AudioDiscoveryTest, EstimatesByCountingAHundredEntriesAndMultipliesTheWholeCountFromThere)
 {
     add({"one.mp3", "song.ogg", "hidden/a.mp3", "hidden/.c/d.mp3", "packages/Song.band/a.mp3",
          "bytes/a.mp3"});

@@ -58,6 +58,7 @@ TEST_F(ReadAudioDuration, TakesTheStoredLengthOrCountsAsLibavformatDoes)
         {u"wav"_s, u"-c:a ac3"_s},
         {u"wav"_s, u"-c:a adpcm_ima_wav -seekable 0"_s},
         {u"wav"_s, u"-c:a libmp3lame -seekable 0"_s},
+        {u"wav"_s, u"-c:a g726 -ar 8000 -ac 1 -seekable 0"_s}, // only its average rate tells the length
         {u"aac"_s, u"-ar 32000"_s},
         {u"flac"_s, u"-ar 96000 -ac 2"_s},
         {u"flac"_s, u"-seekable 0"_s},
@@ -96,6 +97,40 @@ TEST_F(ReadAudioDuration, CountsFramesWithoutAHeaderAlsoBehindAPictureAndOfATrun
         const QByteArray half = content.first(content.size() / 2);
         const double rest = readAudioDuration(RegularFile(write(u"half."_s + type, half))).value_or(-1);
         EXPECT_NEAR(rest, whole / 2, options.contains(u"-b:a") ? 0.05 : 0.8);
+    }
+}
+
+TEST_F(ReadAudioDuration, CountsFlacFramesOfOneSamplingRateOnly)
+{
+    const QByteArray song = audioContent(u"flac"_s, SECONDS, u"-seekable 0"_s);
+    expectDuration(write(u"x.flac"_s, song + audioContent(u"flac"_s, 2, u"-ar 192000 -seekable 0"_s)),
+                   SECONDS);
+    QByteArray damaged = song;
+    // The sampling rate of the first metadata block.
+    damaged[19] = '\x15';
+    expectDuration(write(u"x.flac"_s, damaged), SECONDS);
+}
+
+TEST_F(ReadAudioDuration, LooksAtAFewFragmentsOfAnIndexAndAtAllWhereOneDoesNotFit)
+{
+    constexpr quint64 FEW_READS = 16;
+    const QString options = u"-f mov -c:a pcm_s32le -ar 96000 -movflags +empty_moov -frag_duration 400000"_s;
+    const QByteArray song = audioContent(u"m4a"_s, 11.3, options);
+    const auto expectReads = [&](const QByteArray &content, bool areFew) {
+        const QString path = write(u"x.m4a"_s, content);
+        ReadCounter reads = 0;
+        EXPECT_EQ(readAudioDuration(RegularFile(path, &reads)), libavDuration(path));
+        EXPECT_EQ(reads <= FEW_READS, areFew) << reads;
+    };
+    expectReads(song, true);
+    expectReads(song + QByteArray(8, '\0'), false);
+    // Its entries are two numbers of eight bytes and three of one, and a box of 16 bytes follows them.
+    constexpr qsizetype ENTRY_SIZE = 19;
+    const qsizetype lastEntry = song.size() - 16 - ENTRY_SIZE;
+    for (const qsizetype number : {7, 15}) {
+        QByteArray damaged = song;
+        damaged[lastEntry + number] = static_cast<char>(damaged[lastEntry + number] ^ 1);
+        expectReads(damaged, false);
     }
 }
 

@@ -1,9 +1,10 @@
-#include "import/disk_task.h"
+#include "import/audio_discovery.h"
 #include "import/song_read_ahead.h"
 #include "testing/audio_fixtures.h"
 #include "testing/hanging_disk.h"
 #include "testing/open_watch.h"
 
+#include <QDir>
 #include <QSemaphore>
 #include <QTemporaryDir>
 #include <QTest>
@@ -100,8 +101,8 @@ protected:
         return files;
     }
 
-    const QTemporaryDir m_folder;
     HangingDisk m_disk{"hangs"};
+    const QTemporaryDir m_folder;
 };
 
 TEST_F(HangingDiskTest, OnlyTheFilesThatHangCountAsUnreadable)
@@ -121,6 +122,52 @@ TEST_F(HangingDiskTest, OnlyTheFilesThatHangCountAsUnreadable)
     EXPECT_EQ(diskThreads().activeThreadCount(), QThread::idealThreadCount());
     busy.release(1000);
     EXPECT_TRUE(diskThreads().waitForDone(10'000));
+}
+
+TEST_F(HangingDiskTest, EveryFileThatIsLeftCountsAsUnreadableOnceNoThreadIsLeft)
+{
+    constexpr std::size_t HANGING = 100;
+    constexpr std::size_t FIRST = 20;
+    std::vector<bool> readable(2000, true);
+    std::fill_n(readable.begin() + FIRST, HANGING, false);
+    const std::vector<bool> result = readAll(files(readable), 200ms);
+    EXPECT_EQ(result.size(), readable.size());
+    EXPECT_TRUE(result.at(FIRST - 1));
+    EXPECT_FALSE(result.back());
+    EXPECT_LT(m_disk.hangingReads(), HANGING);
+}
+
+TEST_F(HangingDiskTest, FoldersThatHangAreLeftOutAndAfterEightOfThemTheWalkEnds)
+{
+    constexpr int MANY = 20;
+    QDir folder(m_folder.path());
+    const auto add = [&folder](const QString &name) {
+        folder.mkpath(name);
+        writeFile(folder.filePath(name + QStringLiteral("/x.mp3")), "");
+    };
+    const auto discovered = [&folder](std::initializer_list<const char *> names) {
+        QList<QUrl> urls;
+        for (const char *const name : names)
+            urls += QUrl::fromLocalFile(folder.filePath(QString::fromLatin1(name)));
+        const AudioDiscovery discovery(urls, 200ms);
+        if (!QTest::qWaitFor([&discovery] { return discovery.result().isFinished(); }, 30'000))
+            throw std::runtime_error("the walk does not end");
+        return discovery.result().result().join(u' ').remove(folder.path() + u'/').toStdString();
+    };
+    for (const char *const name : {"a", "a/it hangs", "a/later", "it hangs", "z"})
+        add(QString::fromLatin1(name));
+    for (int i = 0; i < MANY; ++i)
+        add(QStringLiteral("many/%1 hangs").arg(i));
+    EXPECT_EQ(discovered({"a", "it hangs", "z"}), "a/later/x.mp3 a/x.mp3 z/x.mp3");
+    EXPECT_EQ(m_disk.hangingReads(), 2U);
+    EXPECT_EQ(discovered({"a/later", "many", "z"}), "a/later/x.mp3");
+    EXPECT_EQ(m_disk.hangingReads(), 11U);
+
+    const QList<QUrl> hanging{QUrl::fromLocalFile(folder.filePath(QStringLiteral("it hangs")))};
+    const auto estimate = [hanging](ReadCounter &answers) {
+        std::ignore = estimateSongCount(hanging, &answers);
+    };
+    EXPECT_FALSE(waitForDisk(estimate, 200ms));
 }
 
 TEST_F(HangingDiskTest, CanBeStoppedOrDestroyedWithoutWaiting)
