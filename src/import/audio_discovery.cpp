@@ -121,8 +121,9 @@ private:
     }
     void addIfAudio(const QString &path)
     {
+        // A copy has no memory to spare, unlike a text that was put together.
         if (hasAudioExtension(path))
-            m_files.append(path);
+            m_files.append(QString(path.constData(), path.size()));
     }
     void finish(const QStringList &files)
     {

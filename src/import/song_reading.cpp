@@ -7,6 +7,8 @@
 
 #include <sys/stat.h>
 
+#include <utility>
+
 namespace sonavo {
 namespace {
 
@@ -17,6 +19,15 @@ std::optional<qint64> entrySize(const QString &path)
     if (::lstat(QFile::encodeName(path).constData(), &status) != 0)
         return std::nullopt;
     return status.st_size;
+}
+
+/// The end of a text, sharing its memory: half a million names of their own take 55 MB.
+QString sharedEnd(const QString &text, qsizetype start)
+{
+    QString::DataPointer end = text.data_ptr();
+    end.setBegin(end.data() + start);
+    end.size -= start;
+    return QString(std::move(end));
 }
 
 /// The file name without its last extension.
@@ -73,14 +84,16 @@ Song SongBuilder::build(const QString &path, const AudioFileInfo &info)
     Song song;
     song.id = QUuid::createUuid();
     song.path = path;
-    song.name = path.sliced(slash + 1);
+    song.name = sharedEnd(path, slash + 1);
     song.duration = info.duration;
     song.size = info.size;
     song.fileType = m_fileType;
     const QString base = baseName(song.name);
     const qsizetype hyphen = base.indexOf(u'-');
     if (hyphen >= 0) {
-        song.artist = trimmed(QStringView(base).first(hyphen));
+        if (const QString artist = trimmed(QStringView(base).first(hyphen)); artist != m_artist)
+            m_artist = artist;
+        song.artist = m_artist;
         song.title = trimmed(QStringView(base).sliced(hyphen + 1));
     } else {
         song.title = base;

@@ -31,8 +31,8 @@ struct AudioFileInfo
 readAudioFile(const QString &path, const std::stop_token &stop = {}, ReadCounter *counter = nullptr);
 
 /// Makes songs of audio files. Artist and title are the parts of the file name before and after its first
-/// hyphen; tags inside a file do not count. Songs that follow each other share the memory of equal folder
-/// names and types.
+/// hyphen; tags inside a file do not count. Songs that follow each other share the memory of equal artists,
+/// folder names and types, and a name shares that of its path.
 class SongBuilder
 {
 public:
@@ -41,6 +41,7 @@ public:
     [[nodiscard]] Song build(const QString &path, const AudioFileInfo &info);
 
 private:
+    QString m_artist;
     QString m_folder;
     QString m_folderName;
     QString m_fileType;
