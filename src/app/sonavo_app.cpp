@@ -6,8 +6,6 @@
 #include "theme/theme_manager.h"
 #include "ui/main_window.h"
 
-#include <QQuickWindow>
-
 namespace sonavo {
 
 SonavoApp::SonavoApp()
@@ -23,13 +21,24 @@ bool SonavoApp::launch(const QList<QUrl> &items)
 {
     m_appDelegate.applicationDidFinishLaunching();
     removeLeftoversLater();
-    QQuickWindow *window = loadMainWindow(m_engine, m_viewModel, *ThemeManager::shared());
-    if (!window)
+    m_window = loadMainWindow(m_engine, m_viewModel, *ThemeManager::shared());
+    if (!m_window)
         return false;
-    window->installEventFilter(&m_sceneDelegate);
+    m_window->installEventFilter(&m_sceneDelegate);
     if (!items.isEmpty())
         m_viewModel.importChosenItems(items);
     return true;
+}
+
+bool SonavoApp::open(const OpenRequest &request)
+{
+    if (m_window) {
+        // Where Qt looks for it when the window is activated.
+        if (!request.activationToken.isEmpty())
+            qputenv("XDG_ACTIVATION_TOKEN", request.activationToken.toUtf8());
+        QMetaObject::invokeMethod(m_window, "showMainWindow");
+    }
+    return request.items.isEmpty() || m_viewModel.openItems(request.items);
 }
 
 } // namespace sonavo

@@ -1,12 +1,15 @@
 #pragma once
 
 #include "app/app_delegate.h"
+#include "app/application_service.h"
 #include "app/scene_delegate.h"
 #include "desktop/system_desktop.h"
 #include "session/duplicate_view_model.h"
 
 #include <QList>
+#include <QPointer>
 #include <QQmlApplicationEngine>
+#include <QQuickWindow>
 #include <QUrl>
 
 namespace sonavo {
@@ -25,6 +28,11 @@ public:
     /// @return whether the window could be opened
     [[nodiscard]] bool launch(const QList<QUrl> &items);
 
+    /// Brings the window to the front and imports what another process asks for. The user is asked first
+    /// whether a result with duplicates may be replaced.
+    /// @return false when files are being moved and nothing can be imported
+    [[nodiscard]] bool open(const OpenRequest &request);
+
 private:
     SystemDesktop m_desktop;
     DuplicateViewModel m_viewModel;
@@ -32,6 +40,7 @@ private:
     SceneDelegate m_sceneDelegate;
     // Last, so that the views are destroyed before what they show.
     QQmlApplicationEngine m_engine;
+    QPointer<QQuickWindow> m_window;
 };
 
 } // namespace sonavo
