@@ -25,6 +25,9 @@ bool SonavoApp::launch(const QList<QUrl> &items)
     if (!m_window)
         return false;
     m_window->installEventFilter(&m_sceneDelegate);
+    m_longWork = std::make_unique<LongWork>(m_viewModel, *m_window);
+    QObject::connect(m_longWork.get(), &LongWork::activated,
+                     [this](const QString &token) { bringToFront(token); });
     if (!items.isEmpty())
         m_viewModel.importChosenItems(items);
     return true;
@@ -32,13 +35,18 @@ bool SonavoApp::launch(const QList<QUrl> &items)
 
 bool SonavoApp::open(const OpenRequest &request)
 {
-    if (m_window) {
-        // Where Qt looks for it when the window is activated.
-        if (!request.activationToken.isEmpty())
-            qputenv("XDG_ACTIVATION_TOKEN", request.activationToken.toUtf8());
-        QMetaObject::invokeMethod(m_window, "showMainWindow");
-    }
+    bringToFront(request.activationToken);
     return request.items.isEmpty() || m_viewModel.openItems(request.items);
+}
+
+void SonavoApp::bringToFront(const QString &activationToken)
+{
+    if (!m_window)
+        return;
+    // Where Qt looks for it when the window is activated.
+    if (!activationToken.isEmpty())
+        qputenv("XDG_ACTIVATION_TOKEN", activationToken.toUtf8());
+    QMetaObject::invokeMethod(m_window, "showMainWindow");
 }
 
 } // namespace sonavo

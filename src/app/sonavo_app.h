@@ -2,6 +2,7 @@
 
 #include "app/app_delegate.h"
 #include "app/application_service.h"
+#include "app/long_work.h"
 #include "app/scene_delegate.h"
 #include "desktop/system_desktop.h"
 #include "session/duplicate_view_model.h"
@@ -11,6 +12,8 @@
 #include <QQmlApplicationEngine>
 #include <QQuickWindow>
 #include <QUrl>
+
+#include <memory>
 
 namespace sonavo {
 
@@ -34,13 +37,16 @@ public:
     [[nodiscard]] bool open(const OpenRequest &request);
 
 private:
+    void bringToFront(const QString &activationToken);
+
     SystemDesktop m_desktop;
     DuplicateViewModel m_viewModel;
     AppDelegate m_appDelegate;
     SceneDelegate m_sceneDelegate;
-    // Last, so that the views are destroyed before what they show.
+    // Behind what the views show, so that they are destroyed before it.
     QQmlApplicationEngine m_engine;
     QPointer<QQuickWindow> m_window;
+    std::unique_ptr<LongWork> m_longWork;
 };
 
 } // namespace sonavo
