@@ -19,21 +19,23 @@ namespace fs = std::filesystem;
 QString helpText()
 {
     return QStringLiteral(
-        "Usage: sonavo [PATH...]\n"
+        "Usage: sonavo [--new-window] [PATH...]\n"
         "       sonavo --report [--further] [--json] PATH...\n"
         "\n"
         "Finds the songs that a music folder holds more than once and helps to remove them. Opens\n"
-        "a window, in which the files and folders PATH... are scanned at once.\n"
+        "a window, in which the files and folders PATH... are scanned at once. If the window is\n"
+        "open already, it comes to the front and scans them.\n"
         "\n"
+        "  --new-window   open a window although there is one\n"
         "  --report       print the duplicate songs among PATH... instead, changing nothing\n"
         "  --further      compare every song with every other, in every script: finds more\n"
         "  --json         print them as JSON\n"
         "  -h, --help     print this text\n"
         "  -v, --version  print the version\n"
         "\n"
-        "Exit status: 0 when the window was closed or a report was printed, 1 when there was\n"
-        "nothing to report or no window could be opened, 2 for unusable arguments, 130 after\n"
-        "Ctrl-C during a report.\n");
+        "Exit status: 0 when the window was closed, the open one took over, or a report was\n"
+        "printed, 1 when there was nothing to report, no window could be opened, or the open one\n"
+        "is busy moving files, 2 for unusable arguments, 130 after Ctrl-C during a report.\n");
 }
 
 std::optional<QString> decoded(const char *argument)
@@ -92,7 +94,8 @@ CommandLine parseCommandLine(std::span<char *const> arguments)
     const QCommandLineOption report(QStringLiteral("report"));
     const QCommandLineOption further(QStringLiteral("further"));
     const QCommandLineOption json(QStringLiteral("json"));
-    parser.addOptions({help, version, report, further, json});
+    const QCommandLineOption newWindow(QStringLiteral("new-window"));
+    parser.addOptions({help, version, report, further, json, newWindow});
 
     const auto unusable = [&commandLine](const QString &reason) {
         commandLine.request = UnusableArguments{reason};
@@ -113,6 +116,8 @@ CommandLine parseCommandLine(std::span<char *const> arguments)
         if (!isReport && parser.isSet(option))
             return unusable(QStringLiteral("--%1 needs --report").arg(option.names().constFirst()));
     }
+    if (isReport && parser.isSet(newWindow))
+        return unusable(QStringLiteral("--report opens no window"));
 
     QList<QUrl> items;
     for (const QString &path : parser.positionalArguments()) {
@@ -121,7 +126,8 @@ CommandLine parseCommandLine(std::span<char *const> arguments)
         items.append(fileUrlOf(path));
     }
     if (!isReport) {
-        commandLine.request = WindowRequest{items};
+        commandLine.request =
+            WindowRequest{items, parser.isSet(newWindow) ? WindowChoice::New : WindowChoice::Shared};
     } else if (items.isEmpty()) {
         return unusable(QStringLiteral("--report needs at least one PATH"));
     } else {

@@ -21,11 +21,19 @@ struct ReportRequest
     SearchDepth depth = SearchDepth::FourPasses;
 };
 
+enum class WindowChoice
+{
+    /// The window that is open, if there is one.
+    Shared,
+    New,
+};
+
 /// Open the window.
 struct WindowRequest
 {
     /// File URLs with absolute paths, to import at once; may be empty.
     QList<QUrl> items;
+    WindowChoice window = WindowChoice::Shared;
 };
 
 /// Print the help or the version.

@@ -12,6 +12,7 @@ enum class ExitStatus : int
     Success = 0,
     NothingReported = 1,
     NoWindow = 1,
+    WindowBusy = 1,
     UnusableArguments = 2,
     Interrupted = 130,
 };

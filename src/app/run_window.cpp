@@ -1,7 +1,9 @@
 #include "app/run_window.h"
 
+#include "app/application_service.h"
 #include "app/process_exit.h"
 #include "app/sonavo_app.h"
+#include "desktop/session_bus.h"
 #include "session/file_job.h"
 
 #include <QApplication>
@@ -12,6 +14,7 @@
 #include <algorithm>
 #include <array>
 #include <cstdio>
+#include <optional>
 
 namespace sonavo {
 
@@ -27,6 +30,30 @@ bool hasDisplay()
                        [](const char *variable) { return !qEnvironmentVariableIsEmpty(variable); });
 }
 
+/// Makes this process the one whose window others use, or leaves the request to the one that is.
+/// @return the exit status when nothing is left to do
+std::optional<ExitStatus> shareWindow(ApplicationService &service, const WindowRequest &request)
+{
+    if (!doesSessionBusAnswer(1s)) {
+        // Qt would wait for it, or start one.
+        qputenv("DBUS_SESSION_BUS_ADDRESS", "disabled:");
+        return {};
+    }
+    const std::optional<QDBusConnection> bus = isInstalled() ? waitForSessionBus(1s) : std::nullopt;
+    if (!bus || service.claimName(*bus) || request.window == WindowChoice::New)
+        return {};
+    switch (handOver(*bus, request.items, 5s)) {
+    case HandOver::Accepted:
+        return ExitStatus::Success;
+    case HandOver::Refused:
+        std::fputs("sonavo: the window is moving files and can scan nothing until that is done\n", stderr);
+        return ExitStatus::WindowBusy;
+    case HandOver::Failed:
+        break;
+    }
+    return {};
+}
+
 } // namespace
 
 ExitStatus runWindow(int &argc, char **argv, const WindowRequest &request)
@@ -35,6 +62,9 @@ ExitStatus runWindow(int &argc, char **argv, const WindowRequest &request)
         std::fputs("sonavo: there is no display to open a window on; --report needs none\n", stderr);
         return ExitStatus::NoWindow;
     }
+    ApplicationService service;
+    if (const std::optional<ExitStatus> status = shareWindow(service, request))
+        return *status;
     // For the file dialogs: unlike the style of some desktops, this one takes the theme's colours.
     QApplication::setStyle(QStyleFactory::create(QStringLiteral("Fusion")));
     const QApplication application(argc, argv);
@@ -46,7 +76,10 @@ ExitStatus runWindow(int &argc, char **argv, const WindowRequest &request)
     SonavoApp app;
     if (!app.launch(request.items))
         return ExitStatus::NoWindow;
+    service.setHandler([&app](const OpenRequest &opened) { return app.open(opened); });
     const ExitStatus status = QApplication::exec() == 0 ? ExitStatus::Success : ExitStatus::NoWindow;
+    service.setHandler({});
+    service.releaseName();
     // The window goes at once, but a file that is being moved is moved to the end.
     for (QWindow *window : QApplication::topLevelWindows())
         window->hide();

@@ -6,8 +6,6 @@
 #include "theme/theme_manager.h"
 #include "ui/main_window.h"
 
-#include <QQuickWindow>
-
 namespace sonavo {
 
 SonavoApp::SonavoApp()
@@ -23,13 +21,32 @@ bool SonavoApp::launch(const QList<QUrl> &items)
 {
     m_appDelegate.applicationDidFinishLaunching();
     removeLeftoversLater();
-    QQuickWindow *window = loadMainWindow(m_engine, m_viewModel, *ThemeManager::shared());
-    if (!window)
+    m_window = loadMainWindow(m_engine, m_viewModel, *ThemeManager::shared());
+    if (!m_window)
         return false;
-    window->installEventFilter(&m_sceneDelegate);
+    m_window->installEventFilter(&m_sceneDelegate);
+    m_longWork = std::make_unique<LongWork>(m_viewModel, *m_window);
+    QObject::connect(m_longWork.get(), &LongWork::activated,
+                     [this](const QString &token) { bringToFront(token); });
     if (!items.isEmpty())
         m_viewModel.importChosenItems(items);
     return true;
+}
+
+bool SonavoApp::open(const OpenRequest &request)
+{
+    bringToFront(request.activationToken);
+    return request.items.isEmpty() || m_viewModel.openItems(request.items);
+}
+
+void SonavoApp::bringToFront(const QString &activationToken)
+{
+    if (!m_window)
+        return;
+    // Where Qt looks for it when the window is activated.
+    if (!activationToken.isEmpty())
+        qputenv("XDG_ACTIVATION_TOKEN", activationToken.toUtf8());
+    QMetaObject::invokeMethod(m_window, "showMainWindow");
 }
 
 } // namespace sonavo

@@ -1,13 +1,19 @@
 #pragma once
 
 #include "app/app_delegate.h"
+#include "app/application_service.h"
+#include "app/long_work.h"
 #include "app/scene_delegate.h"
 #include "desktop/system_desktop.h"
 #include "session/duplicate_view_model.h"
 
 #include <QList>
+#include <QPointer>
 #include <QQmlApplicationEngine>
+#include <QQuickWindow>
 #include <QUrl>
+
+#include <memory>
 
 namespace sonavo {
 
@@ -25,13 +31,22 @@ public:
     /// @return whether the window could be opened
     [[nodiscard]] bool launch(const QList<QUrl> &items);
 
+    /// Brings the window to the front and imports what another process asks for. The user is asked first
+    /// whether a result with duplicates may be replaced.
+    /// @return false when files are being moved and nothing can be imported
+    [[nodiscard]] bool open(const OpenRequest &request);
+
 private:
+    void bringToFront(const QString &activationToken);
+
     SystemDesktop m_desktop;
     DuplicateViewModel m_viewModel;
     AppDelegate m_appDelegate;
     SceneDelegate m_sceneDelegate;
-    // Last, so that the views are destroyed before what they show.
+    // Behind what the views show, so that they are destroyed before it.
     QQmlApplicationEngine m_engine;
+    QPointer<QQuickWindow> m_window;
+    std::unique_ptr<LongWork> m_longWork;
 };
 
 } // namespace sonavo

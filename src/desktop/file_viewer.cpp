@@ -1,5 +1,7 @@
 #include "desktop/file_viewer.h"
 
+#include "desktop/session_bus.h"
+
 #include <QDBusConnection>
 #include <QDBusError>
 #include <QDBusMessage>
@@ -10,10 +12,8 @@
 #include <QGuiApplication>
 #include <QProcess>
 #include <QProcessEnvironment>
-#include <QThreadPool>
 #include <QTimer>
 #include <QUrl>
-#include <QtConcurrentRun>
 
 #include <limits>
 
@@ -28,18 +28,6 @@ QDBusMessage showItemsMessage(const QUrl &file)
     const QString noStartupId;
     message << QStringList{QString::fromLatin1(file.toEncoded())} << noStartupId;
     return message;
-}
-
-/// Connecting to the bus waits for its answer, which may never come, and a pool's destructor would wait with
-/// it: this one is never deleted. One thread is enough, since sessionBus() keeps its connection.
-QThreadPool &connectPool()
-{
-    static QThreadPool *const pool = [] {
-        auto *newPool = new QThreadPool;
-        newPool->setMaxThreadCount(1);
-        return newPool;
-    }();
-    return *pool;
 }
 
 /// Asks for the application that opens folders, in the same way as xdg-open does: where nothing else does,
@@ -78,7 +66,7 @@ public:
         m_timer.setSingleShot(true);
         m_timer.start(timeout);
         connect(&m_connection, &QFutureWatcherBase::finished, this, [this] { send(m_connection.result()); });
-        m_connection.setFuture(QtConcurrent::run(&connectPool(), &QDBusConnection::sessionBus));
+        m_connection.setFuture(connectToSessionBus());
     }
 
 private:

@@ -113,6 +113,7 @@ void DuplicateViewModel::announceImporter(const Importer::State &before)
     announce({
         {&DuplicateViewModel::pendingImportURLsChanged, before.pendingUrls != now.pendingUrls},
         {&DuplicateViewModel::showLimitWarningChanged, before.isAsking != now.isAsking},
+        {&DuplicateViewModel::openQuestionChanged, before.openedUrls != now.openedUrls},
     });
 }
 
@@ -145,6 +146,7 @@ void DuplicateViewModel::announceEverything()
         {&DuplicateViewModel::alertMessageChanged, true},
         {&DuplicateViewModel::pendingImportURLsChanged, true},
         {&DuplicateViewModel::showLimitWarningChanged, true},
+        {&DuplicateViewModel::openQuestionChanged, true},
         {&DuplicateViewModel::isScanningChanged, true},
         {&DuplicateViewModel::cleanUpProgressChanged, true},
         {&DuplicateViewModel::isCleaningUpChanged, true},

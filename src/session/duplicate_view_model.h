@@ -65,6 +65,8 @@ class DuplicateViewModel : public QObject
     /// Emptied when the answer is no.
     Q_PROPERTY(QList<QUrl> pendingImportURLs READ pendingImportURLs WRITE setPendingImportURLs NOTIFY
                    pendingImportURLsChanged)
+    /// Whether items from another program may replace the result; empty when there is nothing to ask.
+    Q_PROPERTY(QString openQuestion READ openQuestion NOTIFY openQuestionChanged)
     /// Set to false when the user closes the toast.
     Q_PROPERTY(bool showToast READ showToast WRITE setShowToast NOTIFY showToastChanged)
     Q_PROPERTY(QString toastMessage READ toastMessage NOTIFY toastChanged)
@@ -140,6 +142,7 @@ public:
     [[nodiscard]] QString playingName() const;
     [[nodiscard]] bool showLimitWarning() const { return m_importer.state().isAsking; }
     [[nodiscard]] const QList<QUrl> &pendingImportURLs() const { return m_importer.state().pendingUrls; }
+    [[nodiscard]] QString openQuestion() const { return m_importer.openQuestion(); }
     [[nodiscard]] bool showToast() const { return m_notices.state().isToastShown; }
     [[nodiscard]] const QString &toastMessage() const { return m_notices.state().toastMessage; }
     [[nodiscard]] ToastType toastType() const { return m_notices.state().toastType; }
@@ -179,6 +182,9 @@ public:
     Q_INVOKABLE bool importDrop(const QList<QUrl> &urls) { return m_importer.importDrop(urls); }
     bool importChosenItems(const QList<QUrl> &urls) { return m_importer.importChosenItems(urls); }
     Q_INVOKABLE bool importWithOpenPanel() { return m_importer.importWithOpenPanel(); }
+    bool openItems(const QList<QUrl> &urls) { return m_importer.openItems(urls); }
+    Q_INVOKABLE bool acceptOpenedItems() { return m_importer.acceptOpenedItems(); }
+    Q_INVOKABLE void declineOpenedItems() { m_importer.declineOpenedItems(); }
     Q_INVOKABLE void startScan(const QList<QUrl> &urls) { m_importer.startScan(urls); }
 
     /// See Preview.
@@ -233,6 +239,7 @@ Q_SIGNALS:
     void currentlyPlayingSongChanged();
     void showLimitWarningChanged();
     void pendingImportURLsChanged();
+    void openQuestionChanged();
     void showToastChanged();
     void toastChanged();
     void isCleaningUpChanged();

@@ -61,6 +61,12 @@ qint64 songCountOf(const QList<QUrl> &urls)
     return *count;
 }
 
+QString nameOf(const QList<QUrl> &urls)
+{
+    return urls.size() == 1 ? QStringLiteral("\u201c%1\u201d").arg(QDir(urls.first().toLocalFile()).dirName())
+                            : QStringLiteral("these %L1 items").arg(urls.size());
+}
+
 } // namespace
 
 Importer::Importer(Desktop &desktop, const Library &library, const FileJob &job, Scan &scan, Notices &notices,
@@ -75,12 +81,16 @@ Importer::Importer(Desktop &desktop, const Library &library, const FileJob &job,
 
 void Importer::setAsking(bool isAsking)
 {
-    set({.isAsking = isAsking, .pendingUrls = m_state.pendingUrls});
+    State state = m_state;
+    state.isAsking = isAsking;
+    set(std::move(state));
 }
 
 void Importer::setPendingUrls(const QList<QUrl> &urls)
 {
-    set({.isAsking = m_state.isAsking, .pendingUrls = urls});
+    State state = m_state;
+    state.pendingUrls = urls;
+    set(std::move(state));
 }
 
 bool Importer::importDroppedItems(const QList<QUrl> &urls)
@@ -129,6 +139,46 @@ bool Importer::importWithOpenPanel()
     return importChosenItems(urls);
 }
 
+bool Importer::openItems(const QList<QUrl> &urls)
+{
+    if (m_job.state().isRunning) {
+        m_notices.showToast(
+            QStringLiteral("Files are being moved. Open %1 again when that is done.").arg(nameOf(urls)),
+            Notices::ToastType::Info);
+        return false;
+    }
+    set({}); // what was asked before is out of date
+    if (m_library.duplicateTotals().count > 0 && !m_scan.state().isRunning)
+        set({.isAsking = false, .pendingUrls = {}, .openedUrls = urls});
+    else
+        importChosenItems(urls);
+    return true;
+}
+
+QString Importer::openQuestion() const
+{
+    if (m_state.openedUrls.isEmpty())
+        return {};
+    const int count = m_library.duplicateTotals().count;
+    return QStringLiteral("Scanning %1 replaces this list, which still has %2.")
+        .arg(nameOf(m_state.openedUrls),
+             count == 1 ? QStringLiteral("1 duplicate") : QStringLiteral("%L1 duplicates").arg(count));
+}
+
+bool Importer::acceptOpenedItems()
+{
+    const QList<QUrl> urls = m_state.openedUrls;
+    declineOpenedItems();
+    return importChosenItems(urls);
+}
+
+void Importer::declineOpenedItems()
+{
+    State state = m_state;
+    state.openedUrls.clear();
+    set(std::move(state));
+}
+
 bool Importer::importWithinLimits(const QList<QUrl> &urls, qint64 songs, const QString &refusal)
 {
     if (m_job.state().isRunning)
@@ -140,7 +190,7 @@ bool Importer::importWithinLimits(const QList<QUrl> &urls, qint64 songs, const Q
         return false;
     }
     if (total > OPTIMAL_LIMIT) {
-        set({.isAsking = true, .pendingUrls = urls});
+        set({.isAsking = true, .pendingUrls = urls, .openedUrls = {}});
         return false;
     }
     startScan(urls);
@@ -152,7 +202,8 @@ void Importer::startScan(QList<QUrl> urls)
     if (urls.isEmpty() || m_job.state().isRunning)
         return;
     // Announced only after the scan has started, so that nothing here overrides what a listener does.
-    const State before = std::exchange(m_state, {.isAsking = m_state.isAsking, .pendingUrls = {}});
+    const State before =
+        std::exchange(m_state, {.isAsking = m_state.isAsking, .pendingUrls = {}, .openedUrls = {}});
     const QPointer<Importer> self(this);
     m_scan.start(std::move(urls));
     if (self && before != m_state)

@@ -29,6 +29,8 @@ public:
         bool isAsking = false;
         /// The items of that import.
         QList<QUrl> pendingUrls;
+        /// Items from another program, when the user must be asked whether they may replace the result.
+        QList<QUrl> openedUrls = {};
 
         friend bool operator==(const State &, const State &) = default;
     };
@@ -56,6 +58,15 @@ public:
     /// Lets the user choose files and folders in a dialog, and imports them. The event loop runs meanwhile;
     /// nothing is imported if the session is cleared by then.
     bool importWithOpenPanel();
+
+    /// Imports file URLs that another program hands over. A result that still has duplicates is replaced only
+    /// when the user agrees. @return false, with a toast, when a job moves files
+    bool openItems(const QList<QUrl> &urls);
+    /// What the user is asked about openedUrls; empty when nothing is.
+    [[nodiscard]] QString openQuestion() const;
+    /// The user's answers.
+    bool acceptOpenedItems();
+    void declineOpenedItems();
 
     /// Scans without asking, in place of a scan that may be running; nothing is pending then. An empty list
     /// does nothing, nor does any while a job moves files.

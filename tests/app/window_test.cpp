@@ -1,16 +1,13 @@
 #include "testing/audio_fixtures.h"
 #include "testing/music_folder.h"
 #include "testing/open_watch.h"
-#include "testing/private_home.h"
+#include "testing/program_window.h"
 #include "testing/system_call_listener.h"
 
 #include <QElapsedTimer>
-#include <QProcess>
 #include <QTest>
 
-#include <csignal>
 #include <gtest/gtest.h>
-#include <sys/prctl.h>
 #include <sys/syscall.h>
 
 #include <atomic>
@@ -19,53 +16,6 @@ namespace sonavo {
 namespace {
 
 using namespace Qt::Literals::StringLiterals;
-
-constexpr int TIMEOUT_MS = 30'000;
-
-void start(QProcess &process, const QString &program, const QStringList &arguments)
-{
-    process.setChildProcessModifier([] { ::prctl(PR_SET_PDEATHSIG, SIGKILL); });
-    process.start(program, arguments);
-}
-
-/// Retries until it works: windows that come and go make xdotool fail.
-[[nodiscard]] bool xdotool(const QStringList &commands)
-{
-    return QTest::qWaitFor([&] { return QProcess::execute(u"xdotool"_s, commands) == 0; }, TIMEOUT_MS);
-}
-
-/// The real program on a screen of its own.
-class ProgramWindow : public testing::Test
-{
-protected:
-    void SetUp() override
-    {
-        qunsetenv("QT_QPA_PLATFORM");
-        qunsetenv("WAYLAND_DISPLAY");
-        qputenv("XDG_RUNTIME_DIR", home.path().c_str());
-        // GLib gives up tables of names on purpose, and a scan that is cut short leaves everything as it is.
-        qputenv("ASAN_OPTIONS", "detect_leaks=0");
-        start(screen, u"Xvfb"_s, {u"-displayfd"_s, u"1"_s, u"-nolisten"_s, u"tcp"_s, u"-noreset"_s});
-        if (!QTest::qWaitFor([&] { return screen.canReadLine(); }, TIMEOUT_MS)) {
-            ASSERT_FALSE(qEnvironmentVariableIsSet("SONAVO_REQUIRE_DISPLAY"));
-            GTEST_SKIP() << "Xvfb does not start";
-        }
-        qputenv("DISPLAY", ':' + screen.readLine().trimmed());
-        start(windowManager, u"openbox"_s, {u"--sm-disable"_s});
-    }
-    void TearDown() override
-    {
-        for (QProcess *process : {&windowManager, &screen}) {
-            process->terminate();
-            process->waitForFinished();
-        }
-    }
-
-    const QStringList visibleWindow{u"search"_s, u"--onlyvisible"_s, u"--name"_s, u"^Sonavo$"_s};
-    const PrivateHome home;
-    QProcess screen;
-    QProcess windowManager;
-};
 
 TEST_F(ProgramWindow, EndsOnlyWhenTheFileAtHandIsMoved)
 {

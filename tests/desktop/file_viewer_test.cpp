@@ -1,4 +1,5 @@
 #include "desktop/file_viewer.h"
+#include "testing/message_bus.h"
 #include "testing/private_home.h"
 
 #include <QDBusConnection>
@@ -16,6 +17,7 @@
 
 #include <chrono>
 #include <filesystem>
+#include <optional>
 #include <string>
 #include <utility>
 
@@ -60,8 +62,7 @@ protected:
     ~FileViewerTest() override
     {
         // Disconnecting from a bus that is still alive can race with its own thread.
-        m_daemon.kill();
-        m_daemon.waitForFinished();
+        m_bus.reset();
         QTest::qWait(10);
         QDBusConnection::disconnectFromBus(u"manager"_s);
     }
@@ -96,14 +97,7 @@ protected:
     /// Starts a file manager on a bus that starts no programs.
     void startFileManager()
     {
-        const auto config =
-            home.add("bus.conf", "<busconfig><type>session</type><listen>" + m_address.toStdString() +
-                                     "</listen><policy context='default'><allow own='*'/>"
-                                     "<allow send_destination='*'/><allow receive_sender='*'/></policy>"
-                                     "</busconfig>");
-        m_daemon.start(u"dbus-daemon"_s, {u"--nofork"_s, u"--print-address"_s,
-                                          u"--config-file="_s + QString::fromStdString(config)});
-        ASSERT_TRUE(m_daemon.waitForReadyRead(10'000)) << m_daemon.errorString().toStdString();
+        ASSERT_TRUE(m_bus.emplace().start(home));
         QDBusConnection bus = QDBusConnection::connectToBus(m_address, u"manager"_s);
         ASSERT_TRUE(bus.registerObject(u"/org/freedesktop/FileManager1"_s, &manager,
                                        QDBusConnection::ExportAllSlots));
@@ -115,7 +109,7 @@ protected:
 
 private:
     const QString m_address = qEnvironmentVariable("DBUS_SESSION_BUS_ADDRESS");
-    QProcess m_daemon;
+    std::optional<MessageBus> m_bus;
 };
 
 TEST_P(FileViewerTest, ShowsAFileByItsUriOrOpensItsFolderOnceWithoutBlocking)

@@ -77,5 +77,28 @@ TEST_F(ImporterTest, ImportsWhatIsChosenUnlessTheSessionWasClearedMeanwhile)
     EXPECT_TRUE(importer.state().pendingUrls.isEmpty()) << "the later import replaces the pending one";
 }
 
+TEST_F(ImporterTest, AsksBeforeWhatAnotherProgramOpensReplacesDuplicates)
+{
+    EXPECT_TRUE(importer.openItems({song}));
+    EXPECT_TRUE(scan.state().isRunning) << "nothing is lost";
+    EXPECT_EQ(importer.openQuestion(), QString());
+    scan.reset();
+
+    DuplicateGroup group;
+    group.duplicates = {Song(), Song()};
+    library.setDuplicateGroups({group});
+    importer.setAsking(true);
+    EXPECT_TRUE(importer.openItems({song}));
+    EXPECT_FALSE(scan.state().isRunning || importer.state().isAsking);
+    EXPECT_EQ(importer.openQuestion(),
+              u"Scanning \u201cCora Lind - Go.mp3\u201d replaces this list, which still has 2 duplicates."_s);
+    importer.declineOpenedItems();
+    EXPECT_FALSE(scan.state().isRunning);
+    EXPECT_TRUE(importer.openItems({song, song}));
+    EXPECT_TRUE(importer.acceptOpenedItems());
+    EXPECT_TRUE(scan.state().isRunning);
+    EXPECT_EQ(importer.openQuestion(), QString());
+}
+
 } // namespace
 } // namespace sonavo

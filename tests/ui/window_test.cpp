@@ -221,6 +221,23 @@ TEST_F(WindowTest, AsksBeforeALargeImportEveryTime)
     EXPECT_TRUE(goOnUntil([this] { return session.totalFiles() == MANY.size(); }));
 }
 
+TEST_F(WindowTest, AsksBeforeAnotherProgramReplacesTheDuplicates)
+{
+    scan(SAMPLES);
+    const QString title = u"Replace the List?"_s;
+    for (const bool isReplaced : {false, true}) {
+        EXPECT_TRUE(session.openItems(SAMPLES));
+        ASSERT_TRUE(waitForText(title));
+        ASSERT_TRUE(waitFor([this] { return focusedName() == u"Cancel"; }));
+        EXPECT_TRUE(shows(session.openQuestion()));
+        EXPECT_NE(find(QAccessible::AlertMessage, title), nullptr);
+        isReplaced ? click(u"Scan"_s) : press(Qt::Key_Return);
+        EXPECT_TRUE(waitForNoText(title));
+        EXPECT_EQ(session.isScanning(), isReplaced);
+        EXPECT_EQ(session.openQuestion(), QString());
+    }
+}
+
 TEST_F(WindowTest, ShowsAnAlertUntilItIsDismissed)
 {
     for (const bool isPressedByKey : {true, false}) {

@@ -134,6 +134,10 @@ FocusScope {
         viewModel: view.viewModel
     }
 
+    ReplaceResultSheet {
+        viewModel: view.viewModel
+    }
+
     SongLimitWarningView {
         viewModel: view.viewModel
         isPresented: view.showLimitSheet

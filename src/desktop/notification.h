@@ -1,0 +1,43 @@
+#pragma once
+
+#include <QDBusConnection>
+#include <QObject>
+#include <QString>
+
+namespace sonavo {
+
+/// The program's notification on the desktop (org.freedesktop.Notifications), one at a time. Nothing here
+/// waits for an answer. Main thread only.
+class Notification : public QObject
+{
+    Q_OBJECT
+
+public:
+    /// @param bus must be connected
+    explicit Notification(const QDBusConnection &bus, QObject *parent = nullptr);
+    /// Takes the notification away.
+    ~Notification() override;
+    Q_DISABLE_COPY_MOVE(Notification)
+
+    /// Shows a plain text, in place of the one before.
+    void show(const QString &text);
+    /// Takes the notification away.
+    void withdraw();
+
+Q_SIGNALS:
+    /// The user has clicked it.
+    /// @param activationToken with which a window may come to the front; empty where the desktop has none
+    void activated(const QString &activationToken);
+
+private Q_SLOTS:
+    void keepToken(uint id, const QString &token);
+    void activate(uint id, const QString &action);
+
+private:
+    QDBusConnection m_bus;
+    /// 0 without one.
+    uint m_id = 0;
+    QString m_token;
+};
+
+} // namespace sonavo
