@@ -143,6 +143,8 @@ TEST_F(ReadAudioDuration, HonoursEditListsButNoLengthOfThirtyYears)
     ASSERT_EQ(content.mid(edit, 8).toHex(), "000014b400000000");
     content.replace(edit, 8, QByteArray::fromHex("000007d00000ac44"));
     expectDuration(write(u"cut.m4a"_s, content), 2.0);
+    content.replace(edit, 8, QByteArray(8, '\0'));
+    expectDuration(write(u"whole.m4a"_s, content), SECONDS);
     expectDuration(
         write(u"delayed.m4a"_s, audioContent(u"m4a"_s, SECONDS, u"-c:a aac -output_ts_offset 2.5"_s)),
         SECONDS + 2.5);
