@@ -153,6 +153,15 @@ TEST_F(ReadAudioDuration, HonoursEditListsButNoLengthOfThirtyYears)
     expectDuration(write(u"x.flac"_s, header + QByteArray(16, '\0')), 0.0);
 }
 
+TEST_F(ReadAudioDuration, DoesNotBelieveAWaveThatStatesFewSamplesForEndlessData)
+{
+    QByteArray content = audioContent(u"wav"_s, SECONDS, u"-c:a adpcm_ima_wav -rf64 always"_s);
+    constexpr qsizetype DATA_SIZE_OFFSET = 28;
+    // A size whose product with eight overflows, and a hundred seconds.
+    content.replace(DATA_SIZE_OFFSET, 16, QByteArray::fromHex("0000000000000040d04a430000000000"));
+    expectDuration(write(u"x.wav"_s, content), SECONDS);
+}
+
 TEST_F(ReadAudioDuration, DetectsTheFormatUnderAnyExtensionAndGivesNothingOnceStopped)
 {
     std::stop_source stop;
