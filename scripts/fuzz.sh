@@ -40,6 +40,12 @@ seed_song_reading() {
             fi
         } >"$seeds/$number.head"
     done
+    # Enough fragments that not all of them are looked at.
+    {
+        printf '\0'
+        ffmpeg -nostdin -loglevel error -f lavfi -i anullsrc=r=8000:cl=mono -t 4 -c:a aac \
+            -f mp4 -movflags +empty_moov -frag_duration 130000 pipe:1
+    } >"$seeds/fragments"
 }
 
 # The file names of each folder, as they are and four times as long: see matching_fuzzer.cpp.

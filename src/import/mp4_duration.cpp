@@ -71,10 +71,13 @@ void readEdits(BoxFields fields, TableBudget &budget, Track &track)
     fields.skip(3);
     const qint64 count = fields.number32();
     for (qint64 left = budget.take(std::min(count, fields.entriesLeft(entrySize))); left > 0; --left) {
-        const qint64 length = fields.time(size);
+        qint64 length = fields.time(size);
         // A start of -1 stands for silence.
         const bool isSilence = (fields.number(size) >> (8 * size - 1)) != 0;
         fields.skip(4);
+        // All that is there, as writers of fragments leave it.
+        if (length == 0 && !isSilence)
+            length = std::numeric_limits<qint64>::max();
         track.silence = saturatingSum(track.silence, isSilence ? length : 0);
         track.played = saturatingSum(track.played.value_or(0), isSilence ? 0 : length);
     }

@@ -10,8 +10,9 @@ class FileWindow;
 
 /// The playing time of the first audio track of an MPEG-4 or QuickTime file (ISO/IEC 14496-12), from the
 /// boxes that tell it: "mdhd" and "stts", of which the shorter counts, "elst" and, where the movie comes in
-/// fragments, the durations of all samples in their "trun". Other boxes, such as the sound and pictures, are
-/// passed over.
+/// fragments, their "tfdt" and the durations of the samples in their "trun"; where an index of many fragments
+/// ("mfra") fits a handful of them, only of those. Other boxes, such as the sound and pictures, are passed
+/// over.
 ///
 /// Edit lists: silence counts that they add, and of the sound what they play.
 /// @param begin where the first box starts

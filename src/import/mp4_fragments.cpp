@@ -101,23 +101,22 @@ std::optional<qint64> Mp4Fragments::skipToLast(const Box &first)
     const Index index(m_window, m_track.id);
     if (index.size() < MIN_SIZE || index[0].offset != first.begin - HEADER_SIZE)
         return std::nullopt;
-    // The index can start its times elsewhere, by the delay of the encoder.
-    std::optional<qint64> shift;
+    // The index can state other times than the fragments, all by the encoder's delay.
+    std::optional<qint64> delay;
     Part last;
     qint64 offset = 0;
     for (qint64 look = 1; look <= LOOKS; ++look) {
         const qint64 number = (index.size() - 1) * look / LOOKS;
         const Index::Entry entry = index[number];
-        const std::optional<qint64> end =
-            look < LOOKS ? std::optional(index[number + 1].time) : std::optional<qint64>();
         const std::optional<Box> box = Boxes(m_window, entry.offset, m_window.fileSize()).next();
         const std::optional<Part> part = box && box->type == boxType("moof") ? read(*box) : std::nullopt;
         if (!part || part->length != part->end - part->start || entry.offset <= offset)
             return std::nullopt;
-        if (part->start - entry.time != shift.value_or(part->start - entry.time) ||
-            (end && part->end - *end != part->start - entry.time))
+        const qint64 difference = part->start - entry.time;
+        const bool isFollowed = look == LOOKS || part->end - index[number + 1].time == difference;
+        if (difference != delay.value_or(difference) || !isFollowed)
             return std::nullopt;
-        shift = part->start - entry.time;
+        delay = difference;
         offset = entry.offset;
         last = *part;
     }

@@ -2,6 +2,7 @@
 
 #include "import/file_window.h"
 #include "import/frame_count.h"
+#include "model/saturating.h"
 
 #include <QtEndian>
 
@@ -177,7 +178,7 @@ private:
     /// The number of samples that a chunk states, 0 where it states none, or fewer than the data is for.
     [[nodiscard]] qint64 statedSamples() const
     {
-        const qint64 bits = m_dataSize > 0 ? m_dataSize / m_format->channels * 8 : 0;
+        const qint64 bits = m_dataSize > 0 ? saturatingProduct(m_dataSize / m_format->channels, 8) : 0;
         return m_samples > 0 && bits / m_samples <= m_format->bitsPerSample + 1 ? m_samples : 0;
     }
 

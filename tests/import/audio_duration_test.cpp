@@ -143,12 +143,23 @@ TEST_F(ReadAudioDuration, HonoursEditListsButNoLengthOfThirtyYears)
     ASSERT_EQ(content.mid(edit, 8).toHex(), "000014b400000000");
     content.replace(edit, 8, QByteArray::fromHex("000007d00000ac44"));
     expectDuration(write(u"cut.m4a"_s, content), 2.0);
+    content.replace(edit, 8, QByteArray(8, '\0'));
+    expectDuration(write(u"whole.m4a"_s, content), SECONDS);
     expectDuration(
         write(u"delayed.m4a"_s, audioContent(u"m4a"_s, SECONDS, u"-c:a aac -output_ts_offset 2.5"_s)),
         SECONDS + 2.5);
     // A FLAC header with one sample a second and the most samples that it can count.
     const QByteArray header = QByteArray::fromHex("664c614380000022ffffffff0000000000000000107fffffffff");
     expectDuration(write(u"x.flac"_s, header + QByteArray(16, '\0')), 0.0);
+}
+
+TEST_F(ReadAudioDuration, DoesNotBelieveAWaveThatStatesFewSamplesForEndlessData)
+{
+    QByteArray content = audioContent(u"wav"_s, SECONDS, u"-c:a adpcm_ima_wav -rf64 always"_s);
+    constexpr qsizetype DATA_SIZE_OFFSET = 28;
+    // A size whose product with eight overflows, and a hundred seconds.
+    content.replace(DATA_SIZE_OFFSET, 16, QByteArray::fromHex("0000000000000040d04a430000000000"));
+    expectDuration(write(u"x.wav"_s, content), SECONDS);
 }
 
 TEST_F(ReadAudioDuration, DetectsTheFormatUnderAnyExtensionAndGivesNothingOnceStopped)
