@@ -1,5 +1,6 @@
 #include "analysis/find_further.h"
 #include "bench/direct_finder.h"
+#include "bench/goal.h"
 #include "generators/library_generator.h"
 
 #include <algorithm>
@@ -157,10 +158,15 @@ const Result *find(LibraryKind kind, std::size_t songs, Way way)
     return nullptr;
 }
 
+double ratioOf(const Result *dividend, const Result *divisor)
+{
+    return dividend->median() / divisor->median();
+}
+
 void printRatio(const char *name, const Result *dividend, const Result *divisor)
 {
     if (dividend && divisor)
-        std::printf("%-60s %8.2f\n", name, dividend->median() / divisor->median());
+        printFigure(name, ratioOf(dividend, divisor), "times");
 }
 
 /// @return whether the direct and the fast way found the same groups, as far as both were run
@@ -174,17 +180,20 @@ bool printSummary()
     const Result *middle = find(LibraryKind::Realistic, MIDDLE, Way::Fast);
     const Result *direct = find(LibraryKind::Realistic, MIDDLE, Way::Direct);
     const Result *large = find(LibraryKind::Realistic, LARGE, Way::Fast);
-    std::printf("\n%-60s %8s\n", "in this run", "times");
-    printRatio("direct / fast, 100,000 songs", direct, middle);
-    printRatio("500,000 songs / 100,000 songs", large, middle);
+    std::printf("\n");
+    if (direct && middle)
+        printGoalAtLeast("direct / fast, 100,000 songs", ratioOf(direct, middle), "times", 200.0);
+    if (large)
+        printGoal("500,000 songs", large->median(), "s", 1.2);
+    if (large && middle)
+        printGoal("500,000 songs / 100,000 songs", ratioOf(large, middle), "times", 6.0);
     printRatio("further / the four passes, 500,000 songs", find(LibraryKind::Realistic, LARGE, Way::Further),
                large);
-    printRatio("numbered tracks / realistic, 500,000 songs",
-               find(LibraryKind::NumberedTracks, LARGE, Way::Fast), large);
-    printRatio("one artist / realistic, 500,000 songs", find(LibraryKind::OneArtist, LARGE, Way::Fast),
-               large);
-    printRatio("the same ten seconds / realistic, 500,000 songs",
-               find(LibraryKind::TenSeconds, LARGE, Way::Fast), large);
+    for (const auto &[kind, name] : {std::pair(LibraryKind::NumberedTracks, "numbered tracks"),
+                                     std::pair(LibraryKind::OneArtist, "one artist"),
+                                     std::pair(LibraryKind::TenSeconds, "the same ten seconds")})
+        printRatio((std::string(name) + " / realistic, 500,000 songs").c_str(), find(kind, LARGE, Way::Fast),
+                   large);
     if (!direct || !middle)
         return true;
     const bool isSame = areEqual(direct->groups, middle->groups);

@@ -1,67 +1,101 @@
 #include "actions/headless_desktop.h"
+#include "bench/goal.h"
 #include "generators/library_files.h"
 #include "generators/library_generator.h"
 #include "session/duplicate_view_model.h"
 #include "session/event_loop_pauses.h"
 
+#include <QAbstractEventDispatcher>
 #include <QCoreApplication>
-#include <QElapsedTimer>
 #include <QEventLoop>
 #include <QTemporaryDir>
-#include <QTimer>
 
 #include <algorithm>
 #include <clocale>
 #include <cmath>
 #include <cstdio>
 #include <cstdlib>
+#include <ctime>
 #include <exception>
 #include <stdexcept>
+#include <string>
+#include <utility>
 #include <vector>
 
 namespace sonavo {
 namespace {
 
-/// A time for which the event loop was blocked.
-struct Gap
+double threadMilliseconds()
 {
-    /// Milliseconds.
+    timespec time{};
+    clock_gettime(CLOCK_THREAD_CPUTIME_ID, &time);
+    return static_cast<double>(time.tv_sec) * 1e3 + static_cast<double>(time.tv_nsec) * 1e-6;
+}
+
+/// A turn of the event loop.
+struct Turn
+{
+    /// Milliseconds that the thread has computed for.
     double length = 0.0;
     /// The scan's message before and after it.
     QString before;
     QString after;
 };
 
-/// Scans a folder and finds the longest time between two timeouts of a timer of one millisecond.
-Gap longestGap(const QString &folder, QList<Song> &songs)
+/// Measures the turns of this thread's event loop, apart from the time for which it waits or other programs
+/// run.
+class TurnWatch
+{
+public:
+    explicit TurnWatch(const DuplicateViewModel &session)
+        : m_session(session)
+    {
+        QAbstractEventDispatcher *dispatcher = QAbstractEventDispatcher::instance();
+        QObject::connect(dispatcher, &QAbstractEventDispatcher::awake, &m_context, [this] { update(); });
+        QObject::connect(dispatcher, &QAbstractEventDispatcher::aboutToBlock, &m_context,
+                         [this] { update(); });
+    }
+
+    /// Shortest first.
+    [[nodiscard]] std::vector<Turn> take()
+    {
+        update();
+        std::sort(m_turns.begin(), m_turns.end(),
+                  [](const Turn &a, const Turn &b) { return a.length < b.length; });
+        return std::exchange(m_turns, {});
+    }
+
+private:
+    void update()
+    {
+        const double now = threadMilliseconds();
+        m_turns.push_back({now - m_start, m_message, m_session.scanMessage()});
+        m_message = m_session.scanMessage();
+        m_start = threadMilliseconds();
+    }
+
+    const DuplicateViewModel &m_session;
+    QObject m_context;
+    std::vector<Turn> m_turns;
+    double m_start = threadMilliseconds();
+    QString m_message;
+};
+
+/// Scans a folder.
+/// @return all turns, shortest first
+std::vector<Turn> turnsOfScan(const QString &folder, QList<Song> &songs)
 {
     HeadlessDesktop desktop;
     DuplicateViewModel session(desktop, std::make_shared<EventLoopPauses>(), {Color{}});
-    Gap longest;
-    QString lastMessage;
-    QElapsedTimer sinceTimeout;
-    QTimer timer;
-    timer.setTimerType(Qt::PreciseTimer);
-    const auto updateGap = [&] {
-        const double length = static_cast<double>(sinceTimeout.nsecsElapsed()) / 1e6;
-        if (length > longest.length)
-            longest = {length, lastMessage, session.scanMessage()};
-        lastMessage = session.scanMessage();
-        sinceTimeout.start();
-    };
-    QObject::connect(&timer, &QTimer::timeout, &timer, updateGap);
-
     QEventLoop loop;
     QObject::connect(&session, &DuplicateViewModel::isScanningChanged, &loop, &QEventLoop::quit,
                      Qt::QueuedConnection);
-    sinceTimeout.start();
-    timer.start(1);
+    TurnWatch watch(session);
     session.startScan({QUrl::fromLocalFile(folder)});
     while (session.isScanning())
         loop.exec();
-    updateGap();
     songs = session.songs();
-    return longest;
+    return watch.take();
 }
 
 /// Throws unless the songs that were written are the ones that were read.
@@ -76,27 +110,24 @@ void requireSame(const QList<Song> &written, const QList<Song> &read)
         throw std::runtime_error("the songs that were read differ from those that were written");
 }
 
-void measure(std::size_t songCount, std::size_t runs)
+void measure(std::size_t songCount)
 {
+    constexpr double LONGEST_FRAME = 16.0;
     const QTemporaryDir folder;
     if (!folder.isValid())
         throw std::runtime_error("cannot create a temporary folder");
     const QList<Song> written =
         writeLibrary(generateLibrary({.songs = songCount, .root = folder.path()}), LibraryFiles::Linked);
+    QList<Song> read;
+    const std::vector<Turn> turns = turnsOfScan(folder.path(), read);
+    requireSame(written, read);
 
-    std::vector<Gap> gaps;
-    for (std::size_t run = 0; run < runs; ++run) {
-        QList<Song> read;
-        gaps.push_back(longestGap(folder.path(), read));
-        if (run == 0)
-            requireSame(written, read);
-    }
-    std::sort(gaps.begin(), gaps.end(), [](const Gap &a, const Gap &b) { return a.length < b.length; });
-    const Gap &median = gaps[gaps.size() / 2];
-    std::printf("%8zu songs: %.1f ms (%.1f to %.1f in %zu runs)\n    from \"%s\"\n    to   \"%s\"\n",
-                songCount, median.length, gaps.front().length, gaps.back().length, runs,
-                qPrintable(median.before), qPrintable(median.after));
-    std::fflush(stdout);
+    const std::string name = std::to_string(songCount) + " songs, main thread in one turn of its loop, ";
+    const auto rank = static_cast<std::size_t>(0.999 * static_cast<double>(turns.size() - 1));
+    printGoal((name + "99.9 %").c_str(), turns[rank].length, "ms", LONGEST_FRAME);
+    printFigure((name + "longest").c_str(), turns.back().length, "ms");
+    std::printf("    from \"%s\"\n    to   \"%s\"\n", qPrintable(turns.back().before),
+                qPrintable(turns.back().after));
 }
 
 } // namespace
@@ -108,9 +139,8 @@ int main(int argc, char **argv)
     qputenv("LC_ALL", "C.UTF-8");
     const QCoreApplication application(argc, argv);
     try {
-        std::printf("longest time for which a scan blocks the event loop, median\n");
-        sonavo::measure(10'000, 9);
-        sonavo::measure(100'000, 5);
+        for (const std::size_t songs : {std::size_t{10'000}, std::size_t{100'000}, std::size_t{500'000}})
+            sonavo::measure(songs);
     } catch (const std::exception &error) {
         std::fprintf(stderr, "%s\n", error.what());
         return EXIT_FAILURE;

@@ -1,13 +1,15 @@
 #!/usr/bin/env bash
 # Installs what is missing, builds Sonavo and its benchmarks and runs them: all of them, or the one that is named
-# (analysis, import, memory, reading, response, results or clean_up) with the given options.
+# (analysis, import, memory, reading, response, results, clean_up or slowest) with the given options. "slowest" searches
+# for the library that the analysis takes longest for, and runs only when it is named: scripts/bench.sh slowest [MINUTES
+# [SEED]].
 #
 #     scripts/bench.sh [NAME [OPTION...]]
 set -euo pipefail
 source "$(dirname -- "${BASH_SOURCE[0]}")/prepare.sh"
 
 case ${1-all} in
-all | analysis | import | memory | reading | response | results | clean_up) ;;
+all | analysis | import | memory | reading | response | results | clean_up | slowest) ;;
 *)
     echo "There is no benchmark called $1" >&2
     exit 2
@@ -28,6 +30,7 @@ run() {
     response) "$benchmarks/bench_response" "$@" ;;
     results) "$benchmarks/bench_results" "$@" ;;
     clean_up) "$benchmarks/bench_clean_up" "$@" ;;
+    slowest) "$benchmarks/bench_slowest" "$@" ;;
     esac
 }
 

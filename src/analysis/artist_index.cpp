@@ -23,13 +23,21 @@ void ArtistIndex::build(std::span<const PreparedSong> bucket)
         std::uint32_t &number = m_artistNumbers[bucket[i].artistId];
         if (number == NONE) {
             number = 0;
-            m_artists.push_back({bucket[i].artistBag, bucket[i].artistLength, i});
+            m_artists.push_back({bucket[i].artistLength, i});
         }
     }
     std::sort(m_artists.begin(), m_artists.end(),
               [](const Artist &a, const Artist &b) { return a.length < b.length; });
-    for (std::uint32_t i = 0; i < m_artists.size(); ++i)
-        m_artistNumbers[bucket[m_artists[i].song].artistId] = i;
+    m_pairs.clear();
+    m_lengthBegins.clear();
+    for (std::uint32_t i = 0; i < m_artists.size(); ++i) {
+        const PreparedSong &song = bucket[m_artists[i].song];
+        m_artistNumbers[song.artistId] = i;
+        m_pairs.push_back(song.artistPairs);
+        if (i == 0 || m_artists[i - 1].length != song.artistLength)
+            m_lengthBegins.push_back(i);
+    }
+    m_lengthBegins.push_back(static_cast<std::uint32_t>(m_artists.size()));
 
     // Count, lay out, fill: one array holds the songs of all artists.
     for (const PreparedSong &song : bucket)
@@ -44,13 +52,6 @@ void ArtistIndex::build(std::span<const PreparedSong> bucket)
     for (BucketPosition i = 0; i < bucket.size(); ++i)
         m_entries[m_artists[m_artistNumbers[bucket[i].artistId]].end++] = i;
     ++m_buildCount;
-}
-
-bool ArtistIndex::match(const Artist &a, const Artist &b) const
-{
-    const std::size_t limit = largestDistance(std::max(a.length, b.length), MATCH_ARTIST_SIMILARITY);
-    return mayBeWithin(limit, a.length, b.length, a.bag, b.bag) &&
-           artistsMatch(m_songs, m_bucket[a.song], m_bucket[b.song]);
 }
 
 const std::vector<std::uint32_t> &ArtistIndex::matchingArtists(const PreparedSong &song, Query &query) const
@@ -80,24 +81,20 @@ const std::vector<std::uint32_t> &ArtistIndex::matchingArtists(const PreparedSon
 void ArtistIndex::findMatching(std::uint32_t self, std::vector<std::uint32_t> &matching) const
 {
     matching.clear();
-    // Outwards from the artist itself until the lengths alone differ too much: each further character adds
-    // one to the difference, but less than one to the allowed distance.
-    const Artist &artist = m_artists[self];
-    matching.push_back(self);
-    for (std::uint32_t i = self; i-- > 0;) {
-        const Artist &shorter = m_artists[i];
-        if (artist.length - shorter.length > largestDistance(artist.length, MATCH_ARTIST_SIMILARITY))
-            break;
-        if (match(artist, shorter))
-            matching.push_back(i);
+    const std::size_t length = m_artists[self].length;
+    const std::uint64_t pairs = m_pairs[self];
+    for (std::size_t i = 0; i + 1 < m_lengthBegins.size(); ++i) {
+        const std::uint32_t begin = m_lengthBegins[i];
+        const std::size_t other = m_artists[begin].length;
+        const std::size_t limit = largestDistance(std::max(length, other), MATCH_ARTIST_SIMILARITY);
+        if (std::max(length, other) - std::min(length, other) <= limit)
+            appendNear(matching, begin, std::span(m_pairs).subspan(begin, m_lengthBegins[i + 1] - begin),
+                       pairs, limit);
     }
-    for (std::uint32_t i = self + 1; i < m_artists.size(); ++i) {
-        const Artist &longer = m_artists[i];
-        if (longer.length - artist.length > largestDistance(longer.length, MATCH_ARTIST_SIMILARITY))
-            break;
-        if (match(artist, longer))
-            matching.push_back(i);
-    }
+    const PreparedSong &song = m_bucket[m_artists[self].song];
+    std::erase_if(matching, [&](std::uint32_t artist) {
+        return artist != self && !artistsMatch(m_songs, song, m_bucket[m_artists[artist].song]);
+    });
 }
 
 std::span<const BucketPosition> ArtistIndex::songsOf(std::uint32_t artist) const

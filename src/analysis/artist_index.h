@@ -53,7 +53,6 @@ public:
 private:
     struct Artist
     {
-        std::uint64_t bag = 0;
         std::uint32_t length = 0;
         /// One of the artist's songs, as good as any.
         BucketPosition song = 0;
@@ -62,13 +61,16 @@ private:
         std::uint32_t end = 0;
     };
 
-    [[nodiscard]] bool match(const Artist &a, const Artist &b) const;
     void findMatching(std::uint32_t self, std::vector<std::uint32_t> &matching) const;
 
     const PreparedSongs &m_songs;
     std::span<const PreparedSong> m_bucket;
     /// Those of the bucket, shortest first.
     std::vector<Artist> m_artists;
+    /// For each artist the characterPairs() of its name: apart from the rest, to be read fast.
+    std::vector<std::uint64_t> m_pairs;
+    /// Where the artists of one length begin, and at last where those of the longest end.
+    std::vector<std::uint32_t> m_lengthBegins;
     /// By artist id, the index in m_artists; valid for artists of the bucket only.
     std::vector<std::uint32_t> m_artistNumbers;
     std::vector<BucketPosition> m_entries;

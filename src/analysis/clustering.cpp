@@ -10,7 +10,7 @@ namespace sonavo {
 namespace {
 
 /// Smaller buckets are done before another thread would have woken up.
-constexpr std::size_t LARGE_BUCKET = 4096;
+constexpr std::size_t LARGE_BUCKET = 512;
 /// Comparisons after which the threads of a round may meet.
 constexpr std::size_t ENOUGH_COMPARISONS = 100'000;
 constexpr std::size_t MOST_SEEDS = 256;

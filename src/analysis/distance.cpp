@@ -206,6 +206,36 @@ std::uint64_t bagOf(TextView<Character> text, SymbolOfCharacter symbolOfCharacte
     return once | (twice & ((std::uint64_t{1} << DOUBLE_BITS) - 1)) << SINGLE_BITS;
 }
 
+// Written without a branch, which the processor could not predict.
+
+/// @param places as large as `all`
+/// @return how many were found
+std::size_t selectNear(std::span<std::uint32_t> places, std::uint32_t first,
+                       std::span<const std::uint64_t> all, std::uint64_t pairs, std::size_t mostBits)
+{
+    std::uint32_t count = 0;
+    for (std::size_t i = 0; i < all.size(); ++i) {
+        places[count] = first + static_cast<std::uint32_t>(i);
+        count += bagDifference(all[i], pairs) <= mostBits ? 1U : 0U;
+    }
+    return count;
+}
+
+#ifdef __x86_64__
+/// The same for processors that count bits in one instruction.
+[[gnu::target("popcnt")]] std::size_t selectWithPopcnt(std::span<std::uint32_t> places, std::uint32_t first,
+                                                       std::span<const std::uint64_t> all,
+                                                       std::uint64_t pairs, std::size_t mostBits)
+{
+    std::uint32_t count = 0;
+    for (std::size_t i = 0; i < all.size(); ++i) {
+        places[count] = first + static_cast<std::uint32_t>(i);
+        count += static_cast<std::size_t>(__builtin_popcountll(all[i] ^ pairs)) <= mostBits ? 1U : 0U;
+    }
+    return count;
+}
+#endif
+
 } // namespace
 
 std::size_t levenshteinDistance(std::string_view a, std::string_view b, std::size_t limit)
@@ -231,6 +261,35 @@ double calculateSimilarity(std::u32string_view a, std::u32string_view b, double 
 std::uint64_t characterBag(std::string_view text)
 {
     return bagOf(text, symbolOf);
+}
+
+std::uint64_t characterPairs(std::string_view text)
+{
+    // Multiplicative hashing (D. E. Knuth, "The Art of Computer Programming", volume 3, section 6.4).
+    constexpr std::uint32_t MULTIPLIER = 2654435769U;
+    constexpr int SIX_BITS = 32 - 6;
+    std::uint64_t pairs = 0;
+    std::uint32_t pair = 0;
+    for (std::size_t i = 0; i < text.size(); ++i) {
+        pair = (pair << 8 | static_cast<unsigned char>(text[i])) & 0xFFFF;
+        if (i > 0)
+            pairs |= std::uint64_t{1} << (pair * MULTIPLIER >> SIX_BITS);
+    }
+    return pairs;
+}
+
+void appendNear(std::vector<std::uint32_t> &places, std::uint32_t first, std::span<const std::uint64_t> all,
+                std::uint64_t pairs, std::size_t limit)
+{
+    const std::size_t begin = places.size();
+    places.resize(begin + all.size());
+#ifdef __x86_64__
+    static const bool canCountBits = __builtin_cpu_supports("popcnt") != 0;
+    const auto select = canCountBits ? selectWithPopcnt : selectNear;
+#else
+    const auto select = selectNear;
+#endif
+    places.resize(begin + select(std::span(places).subspan(begin), first, all, pairs, 4 * limit));
 }
 
 std::uint64_t characterBag(std::u32string_view text)

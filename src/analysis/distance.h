@@ -2,7 +2,9 @@
 
 #include <cstddef>
 #include <cstdint>
+#include <span>
 #include <string_view>
+#include <vector>
 
 namespace sonavo {
 
@@ -45,6 +47,12 @@ namespace sonavo {
 [[nodiscard]] std::uint64_t characterBag(std::string_view text);
 [[nodiscard]] std::uint64_t characterBag(std::u32string_view text);
 
+/// One bit for each pair of neighbouring characters that a text contains; different pairs can share a bit. An
+/// edit takes at most two pairs from a text and adds at most two, so the pairs of texts at distance d differ
+/// in at most 4 d bits. Tells more texts apart than characterBag() where there are few characters, as in
+/// numbers.
+[[nodiscard]] std::uint64_t characterPairs(std::string_view text);
+
 /// In how many bits two bags differ.
 [[nodiscard]] constexpr std::size_t bagDifference(std::uint64_t a, std::uint64_t b)
 {
@@ -64,5 +72,16 @@ namespace sonavo {
     const std::size_t difference = lengthA > lengthB ? lengthA - lengthB : lengthB - lengthA;
     return difference <= limit && bagDifference(bagA, bagB) <= 2 * limit;
 }
+
+/// The same by characterPairs().
+[[nodiscard]] constexpr bool mayBeWithin(std::size_t limit, std::uint64_t pairsA, std::uint64_t pairsB)
+{
+    return bagDifference(pairsA, pairsB) <= 4 * limit;
+}
+
+/// Appends the places in `all` whose pairs may be those of a text within `limit` of one with these pairs.
+/// @param first the number of the first place
+void appendNear(std::vector<std::uint32_t> &places, std::uint32_t first, std::span<const std::uint64_t> all,
+                std::uint64_t pairs, std::size_t limit);
 
 } // namespace sonavo

@@ -78,6 +78,7 @@ bool artistsMatch(const PreparedSongs &songs, const PreparedSong &a, const Prepa
     const std::size_t limit =
         largestDistance(std::max(a.artistLength, b.artistLength), MATCH_ARTIST_SIMILARITY);
     return mayBeWithin(limit, a.artistLength, b.artistLength, a.artistBag, b.artistBag) &&
+           mayBeWithin(limit, a.artistPairs, b.artistPairs) &&
            calculateSimilarity(songs.artistOf(a), songs.artistOf(b), MATCH_ARTIST_SIMILARITY) >=
                MATCH_ARTIST_SIMILARITY;
 }

@@ -136,6 +136,7 @@ void PreparedSongs::prepare(SongIndex begin, Texts &texts)
             artist = normalizeString(song.artist);
             prepared.artistLength = static_cast<std::uint32_t>(artist.size());
             prepared.artistBag = characterBag(artist);
+            prepared.artistPairs = characterPairs(artist);
         }
         texts.add(artist);
 

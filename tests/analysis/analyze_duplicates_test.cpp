@@ -12,6 +12,7 @@
 #include <chrono>
 #include <functional>
 #include <memory>
+#include <stop_token>
 #include <string>
 #include <vector>
 
@@ -41,7 +42,7 @@ struct Outcome
     Lines log;
 };
 
-Outcome analyze(const QList<Song> &songs)
+Outcome analyze(const QList<Song> &songs, const std::stop_token &stop = {})
 {
     QList<DuplicateGroup> groups;
     const auto pauses = std::make_shared<LoggedPauses>();
@@ -54,7 +55,7 @@ Outcome analyze(const QList<Song> &songs)
         co_return;
     };
     const auto run =
-        analyzeDuplicates(songs, pauses, here, {}, report).then([&](const auto &made) { groups = made; });
+        analyzeDuplicates(songs, pauses, here, stop, report).then([&](const auto &made) { groups = made; });
     EXPECT_TRUE(run.isReady());
     return {groups, pauses->log};
 }
@@ -103,6 +104,16 @@ TEST(AnalyzeDuplicates, ComparesUnplacedSongsByArtistAndTitleInBatchesOf5000)
         EXPECT_TRUE(areEqualButForIds(outcome.groups, direct::analyzeDuplicates(songs)));
         EXPECT_EQ(std::count(outcome.log.begin(), outcome.log.end(), "paused 10"), batchPauses);
     }
+}
+
+TEST(AnalyzeDuplicates, ComparesNothingOnceItIsStopped)
+{
+    std::stop_source stop;
+    stop.request_stop();
+    const QList<Song> songs(20'000, songOf(u"Queen"_s, u"Love"_s, 90.0));
+    const Outcome outcome = analyze(songs, stop.get_token());
+    EXPECT_TRUE(outcome.groups.isEmpty());
+    EXPECT_EQ(outcome.log.back(), "1 -");
 }
 
 RC_GTEST_PROP(AnalyzeDuplicates, AgreesWithTheDirectAnalysis, ())
