@@ -35,8 +35,8 @@ FurtherIndex::Sketch sketchFrom(const FurtherSong &song)
     const auto saturated = [](std::uint32_t length) {
         return static_cast<std::uint16_t>(std::min<std::uint32_t>(length, UINT16_MAX));
     };
-    return {song.artistBag,    song.fullBag,  saturated(song.artistLength), saturated(song.wholeLength),
-            song.isNumbered(), song.hasTail()};
+    return {song.artistCounts,           song.fullCounts,   saturated(song.artistLength),
+            saturated(song.wholeLength), song.isNumbered(), song.hasTail()};
 }
 
 template <typename Visit>
@@ -227,21 +227,23 @@ void FurtherMatches::proposeContained()
     }
 }
 
-bool FurtherMatches::mayMatch(const FurtherIndex::Sketch &candidate, Reason reason) const
+bool FurtherMatches::mayArtistsMatch(const FurtherIndex::Sketch &candidate) const
 {
     const FurtherIndex::Sketch &song = m_index.sketchOf(m_song);
-    const auto mayBeSimilar = [](std::uint16_t lengthA, std::uint16_t lengthB, std::uint64_t bagA,
-                                 std::uint64_t bagB, double least) {
-        return mayBeWithin(largestDistance(std::max(lengthA, lengthB), least), lengthA, lengthB, bagA, bagB);
-    };
-    if (!mayBeSimilar(song.artistLength, candidate.artistLength, song.artistBag, candidate.artistBag,
-                      MATCH_ARTIST_SIMILARITY))
-        return false;
-    // Where only one song has a number or a tail, the bags say nothing.
-    return reason == Reason::Contains || song.isNumbered != candidate.isNumbered ||
-           song.hasTail != candidate.hasTail ||
-           mayBeSimilar(song.fullLength, candidate.fullLength, song.fullBag, candidate.fullBag,
-                        MATCH_TITLE_SIMILARITY);
+    const std::uint16_t length = std::max(song.artistLength, candidate.artistLength);
+    return mayBeWithin(largestDistance(length, MATCH_ARTIST_SIMILARITY), song.artistLength,
+                       candidate.artistLength, song.artistCounts, candidate.artistCounts);
+}
+
+bool FurtherMatches::mayFullTextsMatch(const FurtherIndex::Sketch &candidate) const
+{
+    const FurtherIndex::Sketch &song = m_index.sketchOf(m_song);
+    // Where only one song has a number or a tail, the counts say nothing.
+    if (song.isNumbered != candidate.isNumbered || song.hasTail != candidate.hasTail)
+        return true;
+    const std::uint16_t length = std::max(song.fullLength, candidate.fullLength);
+    return mayBeWithin(largestDistance(length, MATCH_TITLE_SIMILARITY), song.fullLength, candidate.fullLength,
+                       song.fullCounts, candidate.fullCounts);
 }
 
 void FurtherMatches::compareWithProposed()
@@ -264,7 +266,15 @@ void FurtherMatches::compareWithProposed()
 void FurtherMatches::compareWith(Position candidate, Reason reason)
 {
     std::uint32_t &lastQuery = m_lastQueries[candidate];
-    if (lastQuery >= m_query || candidate == m_song || !mayMatch(m_index.sketchOf(candidate), reason))
+    if (lastQuery >= m_query || candidate == m_song)
+        return;
+    const FurtherIndex::Sketch &sketch = m_index.sketchOf(candidate);
+    if (!mayArtistsMatch(sketch)) {
+        lastQuery = m_query;
+        return;
+    }
+    // It may be proposed for another reason, too.
+    if (reason == Reason::Similar && !mayFullTextsMatch(sketch))
         return;
     lastQuery = m_query;
     if (songsMatchFurther(m_index.songs()[m_song], m_index.songs()[candidate]))

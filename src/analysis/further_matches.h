@@ -22,8 +22,8 @@ public:
     /// processor's caches. Most candidates are rejected by it.
     struct Sketch
     {
-        std::uint64_t artistBag = 0;
-        std::uint64_t fullBag = 0;
+        CharacterCounts artistCounts;
+        CharacterCounts fullCounts;
         /// Saturated, which rejects nothing more.
         std::uint16_t artistLength = 0;
         std::uint16_t fullLength = 0;
@@ -116,7 +116,8 @@ private:
         Reason reason = Reason::Similar;
     };
 
-    [[nodiscard]] bool mayMatch(const FurtherIndex::Sketch &candidate, Reason reason) const;
+    [[nodiscard]] bool mayArtistsMatch(const FurtherIndex::Sketch &candidate) const;
+    [[nodiscard]] bool mayFullTextsMatch(const FurtherIndex::Sketch &candidate) const;
     /// About how many songs a key proposes.
     [[nodiscard]] std::size_t countOf(Hash key) const;
     void propose(Hash key, Reason reason);

@@ -109,7 +109,7 @@ bool artistsMatchFurther(const FurtherSong &a, const FurtherSong &b)
         return true;
     const std::size_t limit =
         largestDistance(std::max(a.artistLength, b.artistLength), MATCH_ARTIST_SIMILARITY);
-    return mayBeWithin(limit, a.artistLength, b.artistLength, a.artistBag, b.artistBag) &&
+    return mayBeWithin(limit, a.artistLength, b.artistLength, a.artistCounts, b.artistCounts) &&
            calculateSimilarity(artistOf(a), artistOf(b), MATCH_ARTIST_SIMILARITY) >= MATCH_ARTIST_SIMILARITY;
 }
 
@@ -157,9 +157,9 @@ bool mayFullTextsBeSimilar(const FurtherSong &a, const FurtherSong &b, TrackNumb
     const std::uint32_t lengthA = a.fullLength(number, tail);
     const std::uint32_t lengthB = b.fullLength(number, tail);
     const std::size_t limit = largestDistance(std::max(lengthA, lengthB), MATCH_TITLE_SIMILARITY);
-    // The bags are those of the whole texts.
+    // The counts are those of the whole texts.
     const bool areWhole = number == TrackNumber::Kept && tail == Tail::Kept;
-    return mayBeWithin(limit, lengthA, lengthB, a.fullBag, areWhole ? b.fullBag : a.fullBag);
+    return mayBeWithin(limit, lengthA, lengthB, a.fullCounts, areWhole ? b.fullCounts : a.fullCounts);
 }
 
 bool areFullTextsSimilarFurther(const FurtherSong &a, const FurtherSong &b, TrackNumber number, Tail tail)
@@ -193,12 +193,12 @@ public:
         std::u32string text = normalizeAllScripts(song.artist);
         dropLeadingThe(text);
         prepared.artistHash = std::hash<std::u32string>{}(text);
-        prepared.artistBag = characterBag(text);
+        prepared.artistCounts = CharacterCounts(text);
         prepared.artistLength = static_cast<std::uint32_t>(text.size());
         if (!text.empty())
             text += U' ';
         text += title;
-        prepared.fullBag = characterBag(text);
+        prepared.fullCounts = CharacterCounts(text);
         prepared.wholeLength = static_cast<std::uint32_t>(text.size());
         prepared.numberLength = numberLengthOf(title);
         prepared.tailLength = tailLengthOf(song.title, title, prepared.numberLength);

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "analysis/character_counts.h"
 #include "model/song.h"
 
 #include <QList>
@@ -51,9 +52,9 @@ struct FurtherSong
     const char32_t *text = nullptr;
     /// Of the artist; different artists can share it.
     std::uint64_t artistHash = 0;
-    /// characterBag() of the artist, and of artist and title joined.
-    std::uint64_t artistBag = 0;
-    std::uint64_t fullBag = 0;
+    /// Of the artist, and of artist and title joined.
+    CharacterCounts artistCounts;
+    CharacterCounts fullCounts;
     /// One bit for each pair of neighbouring characters of the title without its number; different pairs can
     /// share a bit. A title that contains another has all of its bits.
     std::uint64_t titleBigrams = 0;
