@@ -1,13 +1,14 @@
 #!/usr/bin/env bash
 # Installs what is missing, builds Sonavo and its benchmarks and runs them: all of them, or the one that is named
-# (analysis, import, memory, reading, response, results or clean_up) with the given options.
+# (analysis, import, memory, reading, response, results or clean_up) with the given options. "accuracy FILE" is run only
+# when it is named: docs/accuracy.md tells where its file is from.
 #
 #     scripts/bench.sh [NAME [OPTION...]]
 set -euo pipefail
 source "$(dirname -- "${BASH_SOURCE[0]}")/prepare.sh"
 
 case ${1-all} in
-all | analysis | import | memory | reading | response | results | clean_up) ;;
+all | accuracy | analysis | import | memory | reading | response | results | clean_up) ;;
 *)
     echo "There is no benchmark called $1" >&2
     exit 2
@@ -22,6 +23,7 @@ run() {
     local name=$1
     shift
     case $name in
+    accuracy) "$benchmarks/bench_accuracy" "$@" ;;
     analysis) "$benchmarks/bench_analysis" "$@" ;;
     import | memory) "$benchmarks/bench_import" "$name" "$benchmarks/sonavo" "$@" ;;
     reading) "$benchmarks/bench_reading" "$@" ;;
