@@ -23,6 +23,7 @@ public:
     using Hash = std::uint64_t;
 
     static constexpr std::size_t GRAM_LENGTH = 4;
+    static constexpr std::size_t ARTIST_GRAM_LENGTH = 2;
 
     /// Replaces the song that is held.
     /// @param number what of a song with a track number is read: Kept to compare it with others that have
@@ -54,6 +55,9 @@ public:
     /// The scopes in which those are that have matching numbers.
     [[nodiscard]] const std::vector<Hash> &scopesOfMatches() const { return m_scopesOfMatches; }
 
+    /// The pairs of neighbouring characters of the artist, with a blank at either end, in order.
+    [[nodiscard]] const std::vector<Hash> &artistGrams() const { return m_artistGrams; }
+
     /// The title of a song without its track number. In no scope.
     [[nodiscard]] static Hash titleKeyOf(const FurtherSong &song);
     /// The same for each row of words of the held song's title, itself included.
@@ -61,6 +65,7 @@ public:
 
 private:
     void readGrams(TrackNumber number);
+    void readArtistGrams();
     void readWords();
     void readScopes(TrackNumber number);
 
@@ -68,6 +73,7 @@ private:
     std::vector<Hash> m_grams;
     std::size_t m_gramsBeforeTail = 0;
     std::size_t m_gramsOfTitle = 0;
+    std::vector<Hash> m_artistGrams;
     std::vector<Hash> m_words;
     std::vector<Hash> m_titleWords;
     std::vector<Hash> m_scopes;

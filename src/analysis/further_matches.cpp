@@ -8,6 +8,7 @@
 #include <bit>
 #include <iterator>
 #include <limits>
+#include <utility>
 
 namespace sonavo {
 namespace {
@@ -56,24 +57,42 @@ void forEachKey(FurtherKeys &keys, const FurtherSong &song, Visit visit)
     visit(FurtherKeys::titleKeyOf(song));
 }
 
+/// Calls `visit` with each key that is combined with grams of the artist where it is common.
+template <typename Visit>
+void forEachKeyWithArtist(FurtherKeys &keys, const FurtherSong &song, Visit visit)
+{
+    for (const TrackNumber number : {TrackNumber::Dropped, TrackNumber::Kept}) {
+        if (number == TrackNumber::Kept && !song.isNumbered())
+            continue;
+        keys.read(song, number);
+        for (const FurtherKeys::Hash word : keys.words()) {
+            for (const FurtherKeys::Hash scope : keys.scopes())
+                visit(FurtherKeys::inScope(word, scope));
+        }
+    }
+    visit(FurtherKeys::titleKeyOf(song));
+}
+
 /// The edit distance within which every similar text lies.
 /// @param length characters of the text
-std::size_t largestDistanceToSimilar(std::size_t length)
+/// @param least the similarity that is asked for
+std::size_t largestDistanceToSimilar(std::size_t length, double least)
 {
     // The longer of the two texts decides, which is the other one here.
     std::size_t longest = length;
-    while (longest + 1 - length <= largestDistance(longest + 1, MATCH_TITLE_SIMILARITY))
+    while (longest + 1 - length <= largestDistance(longest + 1, least))
         ++longest;
-    return largestDistance(longest, MATCH_TITLE_SIMILARITY);
+    return largestDistance(longest, least);
 }
 
 /// Chooses grams of a text that do not overlap and whose counts have the least sum.
 /// @param counts of the gram at each place
+/// @param gramLength characters
 /// @param needed how many to choose; the text has room for them
 /// @param table kept for its memory
 /// @param chosen the places
 /// @return the sum
-std::size_t chooseRarestGrams(std::span<const std::size_t> counts, std::size_t needed,
+std::size_t chooseRarestGrams(std::span<const std::size_t> counts, std::size_t gramLength, std::size_t needed,
                               std::vector<std::size_t> &table, std::vector<std::size_t> &chosen)
 {
     constexpr std::size_t IMPOSSIBLE = std::numeric_limits<std::size_t>::max() / 2;
@@ -85,8 +104,7 @@ std::size_t chooseRarestGrams(std::span<const std::size_t> counts, std::size_t n
         const std::size_t *above = &table[(row - 1) * columns];
         std::size_t *sums = &table[row * columns];
         for (std::size_t column = 1; column < columns; ++column) {
-            const std::size_t before =
-                column > FurtherKeys::GRAM_LENGTH ? column - FurtherKeys::GRAM_LENGTH : 0;
+            const std::size_t before = column > gramLength ? column - gramLength : 0;
             sums[column] = std::min(sums[column - 1], above[before] + counts[column - 1]);
         }
     }
@@ -96,7 +114,7 @@ std::size_t chooseRarestGrams(std::span<const std::size_t> counts, std::size_t n
         while (table[row * columns + column] == table[row * columns + column - 1])
             --column;
         chosen.push_back(column - 1);
-        column = column > FurtherKeys::GRAM_LENGTH ? column - FurtherKeys::GRAM_LENGTH : 0;
+        column = column > gramLength ? column - gramLength : 0;
     }
     return table.back();
 }
@@ -121,16 +139,29 @@ void FurtherIndex::countKeys()
     // The counts only decide which of several keys is used, so some songs are enough.
     const std::size_t step = 1 + m_songs.size() / 30'000;
     FurtherKeys keys;
-    for (std::size_t song = 0; song < m_songs.size(); song += step)
-        forEachKey(keys, m_songs[static_cast<Position>(song)],
-                   [this](FurtherKeys::Hash key) { m_byKey.count(key); });
+    const auto count = [this](FurtherKeys::Hash key) { m_byKey.count(key); };
+    for (std::size_t song = 0; song < m_songs.size(); song += step) {
+        forEachKey(keys, m_songs[static_cast<Position>(song)], count);
+        std::for_each(keys.artistGrams().begin(), keys.artistGrams().end(), count);
+        ++m_countedSongs;
+    }
+    constexpr std::size_t LEAST_COMMON_COUNT = 50;
+    m_commonCount = std::max(LEAST_COMMON_COUNT, m_countedSongs / 100);
     for (const FurtherSong &song : m_songs)
         m_hasTitle[placeOf(FurtherKeys::titleKeyOf(song))] = true;
 }
 
 void FurtherIndex::fillBlock(FurtherKeys &keys, std::size_t block)
 {
-    m_byKey.fill(block, [&](Position song, auto visit) { forEachKey(keys, m_songs[song], visit); });
+    m_byKey.fill(block, [&](Position song, auto visit) {
+        forEachKey(keys, m_songs[song], visit);
+        forEachKeyWithArtist(keys, m_songs[song], [&](FurtherKeys::Hash key) {
+            if (!isCommon(key))
+                return;
+            for (const FurtherKeys::Hash artistGram : keys.artistGrams())
+                visit(withArtist(key, artistGram));
+        });
+    });
 }
 
 std::span<const Position> FurtherMatches::matchesOf(Position position, std::size_t most)
@@ -154,6 +185,7 @@ std::span<const Position> FurtherMatches::matchesOf(Position position, std::size
         if (number == TrackNumber::Dropped && !song.isNumbered())
             continue;
         m_keys.read(song, number);
+        chooseArtistGrams(song.artistLength);
         const std::span<const Hash> grams = m_keys.grams();
         proposeSimilar(grams, song.fullLength(number, Tail::Kept));
         if (song.hasTail())
@@ -165,18 +197,61 @@ std::span<const Position> FurtherMatches::matchesOf(Position position, std::size
     return m_matches;
 }
 
-std::size_t FurtherMatches::countOf(Hash key) const
+void FurtherMatches::chooseArtistGrams(std::uint32_t artistLength)
 {
-    std::size_t count = 0;
-    for (const Hash scope : m_keys.scopesOfMatches())
-        count += m_index.byKey().countOf(FurtherKeys::inScope(key, scope));
-    return count;
+    const std::vector<Hash> &grams = m_keys.artistGrams();
+    m_counts.resize(grams.size());
+    std::transform(grams.begin(), grams.end(), m_counts.begin(),
+                   [this](Hash gram) { return m_index.byKey().countOf(gram); });
+    const std::size_t needed = largestDistanceToSimilar(artistLength, MATCH_ARTIST_SIMILARITY) + 1;
+    (void)chooseRarestGrams(m_counts, FurtherKeys::ARTIST_GRAM_LENGTH, needed, m_sums, m_chosen);
+    m_artistGrams.clear();
+    m_artistShare = 0.0;
+    for (const std::size_t place : m_chosen) {
+        m_artistGrams.push_back(grams[place]);
+        m_artistShare += m_index.shareOf(grams[place]);
+    }
 }
 
-void FurtherMatches::propose(Hash key, Reason reason)
+std::size_t FurtherMatches::costOfGram(Hash gram) const
+{
+    std::size_t cost = 0;
+    for (const Hash scope : m_keys.scopesOfMatches())
+        cost += m_index.byKey().countOf(FurtherKeys::inScope(gram, scope));
+    return cost;
+}
+
+std::size_t FurtherMatches::costOfWord(Hash word) const
+{
+    std::size_t cost = 0;
+    for (const Hash scope : m_keys.scopesOfMatches()) {
+        const Hash key = FurtherKeys::inScope(word, scope);
+        const double share = m_index.isCommon(key) ? std::min(m_artistShare, 1.0) : 1.0;
+        cost += static_cast<std::size_t>(share * static_cast<double>(m_index.byKey().countOf(key)));
+    }
+    return cost;
+}
+
+void FurtherMatches::proposeGram(Hash gram, Reason reason)
 {
     for (const Hash scope : m_keys.scopesOfMatches())
-        m_proposals.push_back({FurtherKeys::inScope(key, scope), reason});
+        m_proposals.push_back({FurtherKeys::inScope(gram, scope), reason});
+}
+
+void FurtherMatches::proposeWord(Hash word, Reason reason)
+{
+    for (const Hash scope : m_keys.scopesOfMatches())
+        proposeWithArtist(FurtherKeys::inScope(word, scope), reason);
+}
+
+void FurtherMatches::proposeWithArtist(Hash key, Reason reason)
+{
+    if (m_artistShare >= 1.0 || !m_index.isCommon(key)) {
+        m_proposals.push_back({key, reason});
+        return;
+    }
+    for (const Hash artistGram : m_artistGrams)
+        m_proposals.push_back({FurtherIndex::withArtist(key, artistGram), reason});
 }
 
 void FurtherMatches::proposeSimilar(std::span<const Hash> grams, std::size_t length)
@@ -185,45 +260,47 @@ void FurtherMatches::proposeSimilar(std::span<const Hash> grams, std::size_t len
     if (grams.empty())
         return;
     m_counts.resize(grams.size());
-    std::transform(grams.begin(), grams.end(), m_counts.begin(), [this](Hash gram) { return countOf(gram); });
+    std::transform(grams.begin(), grams.end(), m_counts.begin(),
+                   [this](Hash gram) { return costOfGram(gram); });
     // There is room for them: the distance is little more than a tenth of the length.
-    const std::size_t needed = largestDistanceToSimilar(length) + 1;
-    const std::size_t gramCount = chooseRarestGrams(m_counts, needed, m_sums, m_chosen);
+    const std::size_t needed = largestDistanceToSimilar(length, MATCH_TITLE_SIMILARITY) + 1;
+    const std::size_t gramCost =
+        chooseRarestGrams(m_counts, FurtherKeys::GRAM_LENGTH, needed, m_sums, m_chosen);
 
-    std::size_t wordCount = 0;
+    std::size_t wordCost = 0;
     for (const Hash word : m_keys.titleWords())
-        wordCount += countOf(word);
-    if (wordCount < gramCount) {
+        wordCost += costOfWord(word);
+    if (wordCost < gramCost) {
         for (const Hash word : m_keys.titleWords())
-            propose(word, Reason::Similar);
+            proposeWord(word, Reason::Similar);
     } else {
         for (const std::size_t place : m_chosen)
-            propose(grams[place], Reason::Similar);
+            proposeGram(grams[place], Reason::Similar);
     }
 }
 
 void FurtherMatches::proposeContaining()
 {
-    Hash rarest = 0;
-    std::size_t least = std::numeric_limits<std::size_t>::max();
-    const auto consider = [&](Hash key) {
-        if (const std::size_t count = countOf(key); count < least) {
-            least = count;
-            rarest = key;
-        }
+    static constexpr auto LARGEST = std::numeric_limits<std::size_t>::max();
+    const auto rarestOf = [](std::span<const Hash> keys, auto costOf) {
+        std::pair<std::size_t, Hash> rarest(LARGEST, 0);
+        for (const Hash key : keys)
+            rarest = std::min(rarest, std::pair(costOf(key), key));
+        return rarest;
     };
-    const auto words = m_keys.wordsBehindNumber();
-    std::for_each(words.begin(), words.end(), consider);
-    const auto ofTitle = m_keys.gramsOfTitle();
-    std::for_each(ofTitle.begin(), ofTitle.end(), consider);
-    propose(rarest, Reason::Contains);
+    const auto word = rarestOf(m_keys.wordsBehindNumber(), [this](Hash key) { return costOfWord(key); });
+    const auto gram = rarestOf(m_keys.gramsOfTitle(), [this](Hash key) { return costOfGram(key); });
+    if (word.first <= gram.first)
+        proposeWord(word.second, Reason::Contains);
+    else
+        proposeGram(gram.second, Reason::Contains);
 }
 
 void FurtherMatches::proposeContained()
 {
     for (const Hash title : m_keys.titlesInTitle()) {
         if (m_index.mayHaveTitle(title))
-            m_proposals.push_back({title, Reason::Contains});
+            proposeWithArtist(title, Reason::Contains);
     }
 }
 

@@ -40,6 +40,18 @@ public:
     /// Under the keys of FurtherKeys.
     [[nodiscard]] const WindowIndex &byKey() const { return m_byKey; }
     [[nodiscard]] const Sketch &sketchOf(Position song) const { return m_sketches[song]; }
+    /// Whether a key belongs to so many songs that they also stand under the key combined with each of their
+    /// artist grams (see withArtist()).
+    [[nodiscard]] bool isCommon(FurtherKeys::Hash key) const { return m_byKey.countOf(key) >= m_commonCount; }
+    [[nodiscard]] static FurtherKeys::Hash withArtist(FurtherKeys::Hash key, FurtherKeys::Hash artistGram)
+    {
+        return key ^ artistGram;
+    }
+    /// About which share of all songs has an artist gram.
+    [[nodiscard]] double shareOf(FurtherKeys::Hash artistGram) const
+    {
+        return static_cast<double>(m_byKey.countOf(artistGram)) / static_cast<double>(m_countedSongs);
+    }
     /// Whether any song can have this title; see FurtherKeys::titleKeyOf().
     [[nodiscard]] bool mayHaveTitle(FurtherKeys::Hash title) const { return m_hasTitle[placeOf(title)]; }
 
@@ -55,6 +67,9 @@ private:
     WindowIndex m_byKey;
     std::vector<Sketch> m_sketches;
     std::vector<bool> m_hasTitle;
+    /// The songs whose keys were counted, and how often common keys are among those at least.
+    std::size_t m_countedSongs = 0;
+    std::size_t m_commonCount = 0;
 };
 
 /// Finds, for a song, all songs that match it (see songsMatchFurther()). Each thread needs its own.
@@ -72,6 +87,9 @@ private:
 ///   fourth condition, the other has one of them.
 /// - The other title contains this one. It has all of its words and grams, the rarest among them.
 /// - This title contains the other one. The other is a row of words of this one: each row is looked up.
+///
+/// Words and titles that very many songs have are combined with grams of the artist (two characters): by the
+/// third condition the artists are similar, so the same principle holds for them.
 ///
 /// Track numbers: where one title contains another with their numbers, it does so without. A similar text is
 /// looked for with the song's number and without; a song with a number is in the index with the keys of
@@ -118,9 +136,16 @@ private:
 
     [[nodiscard]] bool mayArtistsMatch(const FurtherIndex::Sketch &candidate) const;
     [[nodiscard]] bool mayFullTextsMatch(const FurtherIndex::Sketch &candidate) const;
-    /// About how many songs a key proposes.
-    [[nodiscard]] std::size_t countOf(Hash key) const;
-    void propose(Hash key, Reason reason);
+    /// Chooses the artist grams of which each song with a similar artist has one.
+    void chooseArtistGrams(std::uint32_t artistLength);
+    /// About how many songs a gram of the full text proposes.
+    [[nodiscard]] std::size_t costOfGram(Hash gram) const;
+    /// The same for a word of the title.
+    [[nodiscard]] std::size_t costOfWord(Hash word) const;
+    void proposeGram(Hash gram, Reason reason);
+    void proposeWord(Hash word, Reason reason);
+    /// @param key a word or title, in its scope
+    void proposeWithArtist(Hash key, Reason reason);
     void proposeSimilar(std::span<const Hash> grams, std::size_t length);
     void proposeContaining();
     void proposeContained();
@@ -135,6 +160,9 @@ private:
     // The query that is running.
     Position m_song = 0;
     FurtherKeys m_keys;
+    std::vector<Hash> m_artistGrams;
+    /// About which share of all songs has one of them.
+    double m_artistShare = 1.0;
     std::vector<Proposal> m_proposals;
     Position m_windowBegin = 0;
     Position m_windowEnd = 0;

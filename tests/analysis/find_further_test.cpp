@@ -44,7 +44,14 @@ TEST(FindFurther, AgreesWithTheDirectWayOnLibrariesAsUsersHaveThem)
                         180.0 + 0.06 * (i * 91 % 140));
         dense.last().size = i * 53 % 140;
     }
-    QList<QList<Song>> libraries{dense};
+    // One title by artists of whom some are similar.
+    QList<Song> covers;
+    for (int i = 0; i < 140; ++i) {
+        const QString artist =
+            u"%1no%2rage%3"_s.arg(QChar(u'a' + i % 7), QChar(u'a' + i % 3), QString(i % 5, u'x'));
+        covers << songOf(artist, i % 4 == 0 ? u"Night Song (Live)"_s : u"Night Song"_s, 180.0 + 0.1 * i);
+    }
+    QList<QList<Song>> libraries{dense, covers};
     for (const LibraryKind kind : {LibraryKind::Realistic, LibraryKind::NumberedTracks,
                                    LibraryKind::OneArtist, LibraryKind::TenSeconds})
         libraries << generateLibrary({.songs = 200, .kind = kind, .seed = 7});
