@@ -1,15 +1,15 @@
 #!/usr/bin/env bash
 # Installs what is missing, builds Sonavo and its benchmarks and runs them: all of them, or the one that is named
-# (analysis, import, memory, reading, response, results, clean_up or slowest) with the given options. "slowest" searches
-# for the library that the analysis takes longest for, and runs only when it is named: scripts/bench.sh slowest [MINUTES
-# [SEED]].
+# (analysis, import, memory, reading, response, results or clean_up) with the given options. Two run only when they are
+# named: "slowest [MINUTES [SEED]]" searches for the library that the analysis takes longest for, and "accuracy FILE"
+# measures how much is found among labelled records; docs/accuracy.md tells where its file is from.
 #
 #     scripts/bench.sh [NAME [OPTION...]]
 set -euo pipefail
 source "$(dirname -- "${BASH_SOURCE[0]}")/prepare.sh"
 
 case ${1-all} in
-all | analysis | import | memory | reading | response | results | clean_up | slowest) ;;
+all | accuracy | analysis | import | memory | reading | response | results | clean_up | slowest) ;;
 *)
     echo "There is no benchmark called $1" >&2
     exit 2
@@ -24,6 +24,7 @@ run() {
     local name=$1
     shift
     case $name in
+    accuracy) "$benchmarks/bench_accuracy" "$@" ;;
     analysis) "$benchmarks/bench_analysis" "$@" ;;
     import | memory) "$benchmarks/bench_import" "$name" "$benchmarks/sonavo" "$@" ;;
     reading) "$benchmarks/bench_reading" "$@" ;;

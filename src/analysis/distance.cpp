@@ -21,11 +21,12 @@ constexpr std::size_t symbolOf(char character)
 }
 
 /// For each character, the rows of one block in which it stands, as bits.
-template <typename Character>
+/// @tparam MOST rows
+template <typename Character, std::size_t MOST = WORD_BITS>
 class RowsOfCharacters;
 
-template <>
-class RowsOfCharacters<char>
+template <std::size_t MOST>
+class RowsOfCharacters<char, MOST>
 {
 public:
     void add(char character, std::size_t row) { m_rows[symbolOf(character)] |= std::uint64_t{1} << row; }
@@ -36,8 +37,8 @@ private:
 };
 
 /// A hash table with linear probing; a block has fewer characters than the table has slots.
-template <>
-class RowsOfCharacters<char32_t>
+template <std::size_t MOST>
+class RowsOfCharacters<char32_t, MOST>
 {
 public:
     void add(char32_t character, std::size_t row)
@@ -66,7 +67,7 @@ private:
         return slot;
     }
 
-    std::array<Slot, 2 * WORD_BITS> m_slots{};
+    std::array<Slot, 2 * MOST> m_slots{};
 };
 
 template <typename Character>
@@ -117,11 +118,11 @@ Carry advance(Column &column, std::uint64_t equal, Carry above, std::uint64_t la
     return below;
 }
 
-/// For texts of which `rows` has 1 to 64 characters.
-template <typename Character>
+/// For texts of which `rows` has 1 to MOST characters, at most WORD_BITS.
+template <std::size_t MOST, typename Character>
 std::size_t distanceInOneBlock(TextView<Character> rows, TextView<Character> columns, std::size_t limit)
 {
-    RowsOfCharacters<Character> positions;
+    RowsOfCharacters<Character, MOST> positions;
     for (std::size_t i = 0; i < rows.size(); ++i)
         positions.add(rows[i], i);
 
@@ -174,7 +175,11 @@ std::size_t distanceWithin(TextView<Character> a, TextView<Character> b, std::si
         return limit + 1;
     if (a.empty())
         return b.size();
-    return a.size() <= WORD_BITS ? distanceInOneBlock(a, b, limit) : distanceInBlocks(a, b, limit);
+    // What differs is mostly short, and clearing a table for more takes longer than the search.
+    constexpr std::size_t FEW = 8;
+    if (a.size() <= FEW)
+        return distanceInOneBlock<FEW>(a, b, limit);
+    return a.size() <= WORD_BITS ? distanceInOneBlock<WORD_BITS>(a, b, limit) : distanceInBlocks(a, b, limit);
 }
 
 template <typename Character>

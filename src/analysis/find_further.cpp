@@ -2,12 +2,17 @@
 
 #include "analysis/further_matches.h"
 #include "analysis/further_songs.h"
+#include "analysis/parallel.h"
 
 #include <QHash>
 
 #include <algorithm>
+#include <array>
+#include <atomic>
 #include <limits>
 #include <span>
+#include <thread>
+#include <utility>
 #include <vector>
 
 namespace sonavo {
@@ -17,42 +22,28 @@ using Position = FurtherSongs::Position;
 /// A centre and the songs that match it, in the order of the list.
 using Star = std::vector<Position>;
 
-/// Songs between two looks at the stop token.
-constexpr std::size_t SONGS_PER_REPORT = 1024;
+/// Songs that are taken at a time: between two looks at the stop token, and by one thread.
+constexpr std::size_t SONGS_PER_PART = 512;
 
 /// How much of the work is done after each part of it, as measured on large libraries.
 constexpr double AFTER_PREPARING = 0.25;
 constexpr double AFTER_INDEXING = 0.4;
 constexpr double AFTER_COUNTING = 0.9;
 
-/// Calls `step` with every number below `count` in turn.
-/// @return whether it was not stopped
-template <typename Step>
-bool forEachUpTo(std::size_t count, double from, double to, const std::stop_token &stop,
-                 const FurtherProgressSink &reportProgress, Step step)
-{
-    for (std::size_t i = 0; i < count; ++i) {
-        if (i % SONGS_PER_REPORT == 0) {
-            if (stop.stop_requested())
-                return false;
-            reportProgress(from + (to - from) * static_cast<double>(i) / static_cast<double>(count));
-        }
-        step(i);
-    }
-    return !stop.stop_requested();
-}
-
 /// How many others each song matches, and which, where they are few.
 class MatchCounts
 {
 public:
-    explicit MatchCounts(std::size_t songs) { m_songs.resize(songs); }
+    explicit MatchCounts(std::size_t songs)
+        : m_songs(songs)
+    {}
 
+    /// Threads may set different songs at the same time.
     void set(Position song, std::span<const Position> matches)
     {
-        m_songs[song] = {m_kept.size(), matches.size()};
+        m_songs[song].count = static_cast<std::uint32_t>(matches.size());
         if (matches.size() <= MOST_MATCHES_KEPT)
-            m_kept.insert(m_kept.end(), matches.begin(), matches.end());
+            std::copy(matches.begin(), matches.end(), m_songs[song].matches.begin());
     }
 
     [[nodiscard]] std::size_t operator[](Position song) const { return m_songs[song].count; }
@@ -60,13 +51,13 @@ public:
     /// All that match a song and are not removed, in no particular order.
     [[nodiscard]] std::vector<Position> matchesOf(Position song, FurtherMatches &matches) const
     {
-        const auto [begin, count] = m_songs[song];
-        if (count > MOST_MATCHES_KEPT) {
+        const Entry &entry = m_songs[song];
+        if (entry.count > MOST_MATCHES_KEPT) {
             const auto found = matches.matchesOf(song, std::numeric_limits<std::size_t>::max());
             return {found.begin(), found.end()};
         }
         std::vector<Position> found;
-        for (const Position match : std::span(m_kept).subspan(begin, count)) {
+        for (const Position match : std::span(entry.matches).first(entry.count)) {
             if (!matches.isRemoved(match))
                 found.push_back(match);
         }
@@ -79,14 +70,74 @@ private:
 
     struct Entry
     {
-        /// The song's part of m_kept.
-        std::size_t begin = 0;
-        std::size_t count = 0;
+        std::uint32_t count = 0;
+        std::array<Position, MOST_MATCHES_KEPT> matches{};
     };
 
     std::vector<Entry> m_songs;
-    std::vector<Position> m_kept;
 };
+
+/// Part of the work, as a sink of what is done of it.
+class Progress
+{
+public:
+    Progress(const FurtherProgressSink &report, double from, double to)
+        : m_report(report)
+        , m_from(from)
+        , m_to(to)
+    {}
+
+    /// Any thread may call it; only the one that made this reports.
+    /// @param fraction of this part, never less in a later call of the same thread
+    void set(double fraction) const
+    {
+        if (std::this_thread::get_id() == m_thread)
+            m_report(m_from + (m_to - m_from) * fraction);
+    }
+
+private:
+    const FurtherProgressSink &m_report;
+    const double m_from;
+    const double m_to;
+    const std::thread::id m_thread = std::this_thread::get_id();
+};
+
+/// Counts on all cores.
+/// @return nothing if it was stopped
+std::optional<MatchCounts> countMatches(const FurtherIndex &index, const std::stop_token &stop,
+                                        const Progress &progress)
+{
+    const std::size_t songs = index.songs().size();
+    const std::size_t parts = (songs + SONGS_PER_PART - 1) / SONGS_PER_PART;
+    MatchCounts counts(songs);
+    std::atomic<std::size_t> begun = 0;
+    const auto countPart = [&](FurtherMatches &matches, std::size_t part) {
+        progress.set(static_cast<double>(begun++) / static_cast<double>(parts));
+        const std::size_t end = std::min((part + 1) * SONGS_PER_PART, songs);
+        for (std::size_t i = part * SONGS_PER_PART; i < end; ++i) {
+            const auto song = static_cast<Position>(i);
+            counts.set(song, matches.matchesOf(song, MOST_MATCHES_COUNTED));
+        }
+    };
+    const auto makeMatches = [&index](std::size_t) { return FurtherMatches(index); };
+    if (!forEachInParallel(parts, 1, stop, makeMatches, countPart))
+        return std::nullopt;
+    return counts;
+}
+
+/// The songs that match another one: most matches first, then in the order of the list.
+std::vector<Position> centresIn(const FurtherSongs &prepared, const MatchCounts &counts)
+{
+    std::vector<Position> centres;
+    for (Position song = 0; song < prepared.size(); ++song) {
+        if (counts[song] > 0)
+            centres.push_back(song);
+    }
+    std::sort(centres.begin(), centres.end(), [&](Position a, Position b) {
+        return counts[a] != counts[b] ? counts[a] > counts[b] : prepared[a].index < prepared[b].index;
+    });
+    return centres;
+}
 
 /// A centre and the songs that match it, or those of them that match their original.
 /// @param star the songs that match the centre
@@ -102,9 +153,7 @@ Star starOf(const QList<Song> &songs, const FurtherSongs &prepared, Position cen
     });
     std::rotate(star.begin(), original, original + 1);
     const FurtherSong &first = prepared[star.front()];
-    const auto isStranger = [&](Position song) {
-        return !songsMatchFurther(prepared, first, prepared[song]);
-    };
+    const auto isStranger = [&](Position song) { return !songsMatchFurther(first, prepared[song]); };
     star.erase(std::remove_if(star.begin() + 1, star.end(), isStranger), star.end());
     return star;
 }
@@ -150,34 +199,34 @@ std::optional<QList<DuplicateGroup>> findFurther(const QList<Song> &songs, const
     if (stop.stop_requested())
         return std::nullopt;
     reportProgress(AFTER_PREPARING);
-    FurtherMatches matches(prepared);
-
-    MatchCounts counts(prepared.size());
-    std::vector<Position> centres;
-    const auto count = [&](std::size_t i) {
-        const auto song = static_cast<Position>(i);
-        counts.set(song, matches.matchesOf(song, MOST_MATCHES_COUNTED));
-        if (counts[song] > 0)
-            centres.push_back(song);
-    };
-    if (!forEachUpTo(prepared.size(), AFTER_INDEXING, AFTER_COUNTING, stop, reportProgress, count))
+    const FurtherIndex index(prepared, stop);
+    if (stop.stop_requested())
         return std::nullopt;
-    std::sort(centres.begin(), centres.end(), [&](Position a, Position b) {
-        return counts[a] != counts[b] ? counts[a] > counts[b] : prepared[a].index < prepared[b].index;
-    });
+    const std::optional<MatchCounts> counts =
+        countMatches(index, stop, Progress(reportProgress, AFTER_INDEXING, AFTER_COUNTING));
+    if (!counts)
+        return std::nullopt;
 
+    FurtherMatches matches(index);
+    const std::vector<Position> centres = centresIn(prepared, *counts);
+    const Progress progress(reportProgress, AFTER_COUNTING, 1.0);
     std::vector<Star> stars;
-    const auto makeStar = [&](std::size_t i) {
+    for (std::size_t i = 0; i < centres.size(); ++i) {
+        if (i % SONGS_PER_PART == 0) {
+            if (stop.stop_requested())
+                return std::nullopt;
+            progress.set(static_cast<double>(i) / static_cast<double>(centres.size()));
+        }
         if (matches.isRemoved(centres[i]))
-            return;
-        Star star = starOf(songs, prepared, centres[i], counts.matchesOf(centres[i], matches));
+            continue;
+        Star star = starOf(songs, prepared, centres[i], counts->matchesOf(centres[i], matches));
         if (star.size() < 2)
-            return;
+            continue;
         for (const Position song : star)
             matches.remove(song);
         stars.push_back(std::move(star));
-    };
-    if (!forEachUpTo(centres.size(), AFTER_COUNTING, 1.0, stop, reportProgress, makeStar))
+    }
+    if (stop.stop_requested())
         return std::nullopt;
     reportProgress(1.0);
     return groupsOf(songs, prepared, std::move(stars));

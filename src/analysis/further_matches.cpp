@@ -2,72 +2,97 @@
 
 #include "analysis/distance.h"
 #include "analysis/matching.h"
-#include "analysis/normalization.h"
+#include "analysis/parallel.h"
 
 #include <algorithm>
+#include <bit>
 #include <iterator>
 #include <limits>
+#include <utility>
 
 namespace sonavo {
 namespace {
 
-constexpr std::size_t GRAM_LENGTH = 4;
+using Position = FurtherSongs::Position;
 
-/// What a key of the index is made of.
-enum class KeyKind : std::uint64_t
-{
-    /// GRAM_LENGTH characters of the full text, with the track number or without it.
-    Gram = 0xCBF29CE484222325,
-    /// A word of the title without its track number.
-    Word = 0x9E3779B97F4A7C15,
-    /// The title without its track number.
-    Title = 0xC2B2AE3D27D4EB4F
-};
-
-/// FNV-1a (Fowler, Noll and Vo), a character at a time, from a start for each kind.
-constexpr std::uint64_t hashedWith(std::uint64_t hash, char32_t character)
-{
-    return (hash ^ character) * 1099511628211ULL;
-}
-
-std::uint64_t hashOf(KeyKind kind, std::u32string_view text)
-{
-    auto hash = static_cast<std::uint64_t>(kind);
-    for (const char32_t character : text)
-        hash = hashedWith(hash, character);
-    return hash;
-}
-
-/// Where the block of songs ends that begins at a position: it spans as much as the window of a song, so that
-/// a window needs few blocks.
-FurtherSongs::Position endOfBlock(const FurtherSongs &songs, FurtherSongs::Position begin)
+/// Blocks span as much as the window of a song, so that a window needs few of them.
+std::vector<Position> blockEndsOf(const FurtherSongs &songs)
 {
     constexpr double SPAN = 2 * MATCH_DURATION_DIFF;
-    FurtherSongs::Position end = begin;
-    while (end < songs.size() && end - begin < WindowIndex::MOST_SONGS_IN_BLOCK &&
-           songs[end].duration - songs[begin].duration <= SPAN)
-        ++end;
-    return end;
+    std::vector<Position> ends;
+    Position begin = 0;
+    for (Position song = 1; song <= songs.size(); ++song) {
+        if (song == songs.size() || song - begin == WindowIndex::MOST_SONGS_IN_BLOCK ||
+            songs[song].duration - songs[begin].duration > SPAN) {
+            ends.push_back(song);
+            begin = song;
+        }
+    }
+    return ends;
+}
+
+FurtherIndex::Sketch sketchFrom(const FurtherSong &song)
+{
+    const auto saturated = [](std::uint32_t length) {
+        return static_cast<std::uint16_t>(std::min<std::uint32_t>(length, UINT16_MAX));
+    };
+    return {song.artistCounts,           song.fullCounts,   saturated(song.artistLength),
+            saturated(song.wholeLength), song.isNumbered(), song.hasTail()};
+}
+
+template <typename Visit>
+void forEachKey(FurtherKeys &keys, const FurtherSong &song, Visit visit)
+{
+    const auto visitInScopes = [&](FurtherKeys::Hash key) {
+        for (const FurtherKeys::Hash scope : keys.scopes())
+            visit(FurtherKeys::inScope(key, scope));
+    };
+    for (const TrackNumber number : {TrackNumber::Dropped, TrackNumber::Kept}) {
+        if (number == TrackNumber::Kept && !song.isNumbered())
+            continue;
+        keys.read(song, number);
+        std::for_each(keys.grams().begin(), keys.grams().end(), visitInScopes);
+        std::for_each(keys.words().begin(), keys.words().end(), visitInScopes);
+    }
+    visit(FurtherKeys::titleKeyOf(song));
+}
+
+/// Calls `visit` with each key that is combined with grams of the artist where it is common.
+template <typename Visit>
+void forEachKeyWithArtist(FurtherKeys &keys, const FurtherSong &song, Visit visit)
+{
+    for (const TrackNumber number : {TrackNumber::Dropped, TrackNumber::Kept}) {
+        if (number == TrackNumber::Kept && !song.isNumbered())
+            continue;
+        keys.read(song, number);
+        for (const FurtherKeys::Hash word : keys.words()) {
+            for (const FurtherKeys::Hash scope : keys.scopes())
+                visit(FurtherKeys::inScope(word, scope));
+        }
+    }
+    visit(FurtherKeys::titleKeyOf(song));
 }
 
 /// The edit distance within which every similar text lies.
 /// @param length characters of the text
-std::size_t largestDistanceToSimilar(std::size_t length)
+/// @param least the similarity that is asked for
+std::size_t largestDistanceToSimilar(std::size_t length, double least)
 {
     // The longer of the two texts decides, which is the other one here.
     std::size_t longest = length;
-    while (longest + 1 - length <= largestDistance(longest + 1, MATCH_TITLE_SIMILARITY))
+    while (longest + 1 - length <= largestDistance(longest + 1, least))
         ++longest;
-    return largestDistance(longest, MATCH_TITLE_SIMILARITY);
+    return largestDistance(longest, least);
 }
 
 /// Chooses grams of a text that do not overlap and whose counts have the least sum.
 /// @param counts of the gram at each place
+/// @param gramLength characters
 /// @param needed how many to choose; the text has room for them
 /// @param table kept for its memory
 /// @param chosen the places
 /// @return the sum
-std::size_t chooseRarestGrams(std::span<const std::size_t> counts, std::size_t needed,
+std::size_t chooseRarestGrams(std::span<const std::size_t> counts, std::size_t gramLength, std::size_t needed,
                               std::vector<std::size_t> &table, std::vector<std::size_t> &chosen)
 {
     constexpr std::size_t IMPOSSIBLE = std::numeric_limits<std::size_t>::max() / 2;
@@ -79,7 +104,7 @@ std::size_t chooseRarestGrams(std::span<const std::size_t> counts, std::size_t n
         const std::size_t *above = &table[(row - 1) * columns];
         std::size_t *sums = &table[row * columns];
         for (std::size_t column = 1; column < columns; ++column) {
-            const std::size_t before = column > GRAM_LENGTH ? column - GRAM_LENGTH : 0;
+            const std::size_t before = column > gramLength ? column - gramLength : 0;
             sums[column] = std::min(sums[column - 1], above[before] + counts[column - 1]);
         }
     }
@@ -89,173 +114,224 @@ std::size_t chooseRarestGrams(std::span<const std::size_t> counts, std::size_t n
         while (table[row * columns + column] == table[row * columns + column - 1])
             --column;
         chosen.push_back(column - 1);
-        column = column > GRAM_LENGTH ? column - GRAM_LENGTH : 0;
+        column = column > gramLength ? column - gramLength : 0;
     }
     return table.back();
 }
 
 } // namespace
 
-FurtherMatches::FurtherMatches(const FurtherSongs &songs)
+FurtherIndex::FurtherIndex(const FurtherSongs &songs, const std::stop_token &stop)
     : m_songs(songs)
+    , m_byKey(blockEndsOf(songs))
+    , m_hasTitle(std::bit_ceil(songs.size() * 16 + 1))
 {
     m_sketches.reserve(songs.size());
-    std::transform(songs.begin(), songs.end(), std::back_inserter(m_sketches), sketchOf);
-    for (Position begin = 0; begin < songs.size();) {
-        const Position end = endOfBlock(songs, begin);
-        m_index.addBlock(end, [this](Position song, auto visit) { forEachKey(m_songs[song], visit); });
-        begin = end;
+    std::transform(songs.begin(), songs.end(), std::back_inserter(m_sketches), sketchFrom);
+    countKeys();
+    (void)forEachInParallel(
+        m_byKey.blockCount(), 1, stop, [](std::size_t) { return FurtherKeys(); },
+        [this](FurtherKeys &keys, std::size_t block) { fillBlock(keys, block); });
+}
+
+void FurtherIndex::countKeys()
+{
+    // The counts only decide which of several keys is used, so some songs are enough.
+    const std::size_t step = 1 + m_songs.size() / 30'000;
+    FurtherKeys keys;
+    const auto count = [this](FurtherKeys::Hash key) { m_byKey.count(key); };
+    for (std::size_t song = 0; song < m_songs.size(); song += step) {
+        forEachKey(keys, m_songs[static_cast<Position>(song)], count);
+        std::for_each(keys.artistGrams().begin(), keys.artistGrams().end(), count);
+        ++m_countedSongs;
     }
+    constexpr std::size_t LEAST_COMMON_COUNT = 50;
+    m_commonCount = std::max(LEAST_COMMON_COUNT, m_countedSongs / 100);
+    for (const FurtherSong &song : m_songs)
+        m_hasTitle[placeOf(FurtherKeys::titleKeyOf(song))] = true;
 }
 
-template <typename Visit>
-void FurtherMatches::forEachKey(const FurtherSong &song, Visit visit)
+void FurtherIndex::fillBlock(FurtherKeys &keys, std::size_t block)
 {
-    readGrams(song, TrackNumber::Kept);
-    std::for_each(m_grams.begin(), m_grams.end(), visit);
-    if (song.isNumbered()) {
-        readGrams(song, TrackNumber::Dropped);
-        std::for_each(m_grams.begin(), m_grams.end(), visit);
-    }
-    visit(hashOf(KeyKind::Title, m_songs.titleOf(song, TrackNumber::Dropped)));
-    forEachWord(m_songs.titleOf(song, TrackNumber::Kept),
-                [&](std::u32string_view word) { visit(hashOf(KeyKind::Word, word)); });
+    m_byKey.fill(block, [&](Position song, auto visit) {
+        forEachKey(keys, m_songs[song], visit);
+        forEachKeyWithArtist(keys, m_songs[song], [&](FurtherKeys::Hash key) {
+            if (!isCommon(key))
+                return;
+            for (const FurtherKeys::Hash artistGram : keys.artistGrams())
+                visit(withArtist(key, artistGram));
+        });
+    });
 }
 
-void FurtherMatches::readGrams(const FurtherSong &song, TrackNumber number)
+std::span<const Position> FurtherMatches::matchesOf(Position position, std::size_t most)
 {
-    m_songs.fullTextInto(m_text, song, number);
-    m_text.insert(m_text.begin(), U' ');
-    m_text += U' ';
-    if (m_text.size() < GRAM_LENGTH)
-        m_text.resize(GRAM_LENGTH, U' ');
-    m_grams.clear();
-    for (std::size_t i = 0; i + GRAM_LENGTH <= m_text.size(); ++i)
-        m_grams.push_back(hashOf(KeyKind::Gram, std::u32string_view(m_text).substr(i, GRAM_LENGTH)));
-}
-
-std::span<const FurtherMatches::Position> FurtherMatches::matchesOf(Position position, std::size_t most)
-{
-    const FurtherSong &song = m_songs[position];
+    const FurtherSongs &songs = m_index.songs();
+    const FurtherSong &song = songs[position];
     const auto isBefore = [](const FurtherSong &a, const FurtherSong &b) {
         return b.duration - a.duration > MATCH_DURATION_DIFF;
     };
-    const auto begin = std::lower_bound(m_songs.begin(), m_songs.end(), song, isBefore);
-    const auto end = std::upper_bound(begin, m_songs.end(), song, isBefore);
-    m_windowBegin = static_cast<Position>(begin - m_songs.begin());
-    m_windowEnd = static_cast<Position>(end - m_songs.begin());
+    const auto begin = std::lower_bound(songs.begin(), songs.end(), song, isBefore);
+    const auto end = std::upper_bound(begin, songs.end(), song, isBefore);
+    m_windowBegin = static_cast<Position>(begin - songs.begin());
+    m_windowEnd = static_cast<Position>(end - songs.begin());
     m_song = position;
     m_most = most;
     m_matches.clear();
     m_proposals.clear();
-    m_sketch = sketchOf(song);
     ++m_query;
 
-    proposeContained(song);
-    proposeSimilar(song, TrackNumber::Kept);
-    if (song.isNumbered())
-        proposeSimilar(song, TrackNumber::Dropped);
-    proposeContaining(song);
+    for (const TrackNumber number : {TrackNumber::Kept, TrackNumber::Dropped}) {
+        if (number == TrackNumber::Dropped && !song.isNumbered())
+            continue;
+        m_keys.read(song, number);
+        chooseArtistGrams(song.artistLength);
+        const std::span<const Hash> grams = m_keys.grams();
+        proposeSimilar(grams, song.fullLength(number, Tail::Kept));
+        if (song.hasTail())
+            proposeSimilar(grams.first(m_keys.gramsBeforeTail()), song.fullLength(number, Tail::Dropped));
+        proposeContaining();
+    }
+    proposeContained();
     compareWithProposed();
     return m_matches;
 }
 
-void FurtherMatches::proposeSimilar(const FurtherSong &song, TrackNumber number)
+void FurtherMatches::chooseArtistGrams(std::uint32_t artistLength)
 {
-    readGrams(song, number);
-    m_counts.resize(m_grams.size());
-    std::transform(m_grams.begin(), m_grams.end(), m_counts.begin(),
-                   [this](Hash gram) { return m_index.countOf(gram); });
-    // There is room for them: the distance is little more than a tenth of the length.
-    const std::size_t needed = largestDistanceToSimilar(song.fullLength(number)) + 1;
-    const std::size_t gramCount = chooseRarestGrams(m_counts, needed, m_sums, m_chosen);
+    const std::vector<Hash> &grams = m_keys.artistGrams();
+    m_counts.resize(grams.size());
+    std::transform(grams.begin(), grams.end(), m_counts.begin(),
+                   [this](Hash gram) { return m_index.byKey().countOf(gram); });
+    const std::size_t needed = largestDistanceToSimilar(artistLength, MATCH_ARTIST_SIMILARITY) + 1;
+    (void)chooseRarestGrams(m_counts, FurtherKeys::ARTIST_GRAM_LENGTH, needed, m_sums, m_chosen);
+    m_artistGrams.clear();
+    m_artistShare = 0.0;
+    for (const std::size_t place : m_chosen) {
+        m_artistGrams.push_back(grams[place]);
+        m_artistShare += m_index.shareOf(grams[place]);
+    }
+}
 
-    std::size_t wordCount = 0;
-    forEachTitleWord(song, [&](Hash word) { wordCount += m_index.countOf(word); });
-    if (wordCount < gramCount) {
-        forEachTitleWord(song, [this](Hash word) { m_proposals.push_back({word, Reason::Similar}); });
+std::size_t FurtherMatches::costOfGram(Hash gram) const
+{
+    std::size_t cost = 0;
+    for (const Hash scope : m_keys.scopesOfMatches())
+        cost += m_index.byKey().countOf(FurtherKeys::inScope(gram, scope));
+    return cost;
+}
+
+std::size_t FurtherMatches::costOfWord(Hash word) const
+{
+    std::size_t cost = 0;
+    for (const Hash scope : m_keys.scopesOfMatches()) {
+        const Hash key = FurtherKeys::inScope(word, scope);
+        const double share = m_index.isCommon(key) ? std::min(m_artistShare, 1.0) : 1.0;
+        cost += static_cast<std::size_t>(share * static_cast<double>(m_index.byKey().countOf(key)));
+    }
+    return cost;
+}
+
+void FurtherMatches::proposeGram(Hash gram, Reason reason)
+{
+    for (const Hash scope : m_keys.scopesOfMatches())
+        m_proposals.push_back({FurtherKeys::inScope(gram, scope), reason});
+}
+
+void FurtherMatches::proposeWord(Hash word, Reason reason)
+{
+    for (const Hash scope : m_keys.scopesOfMatches())
+        proposeWithArtist(FurtherKeys::inScope(word, scope), reason);
+}
+
+void FurtherMatches::proposeWithArtist(Hash key, Reason reason)
+{
+    if (m_artistShare >= 1.0 || !m_index.isCommon(key)) {
+        m_proposals.push_back({key, reason});
+        return;
+    }
+    for (const Hash artistGram : m_artistGrams)
+        m_proposals.push_back({FurtherIndex::withArtist(key, artistGram), reason});
+}
+
+void FurtherMatches::proposeSimilar(std::span<const Hash> grams, std::size_t length)
+{
+    // So short a text is similar only to an equal one, whose title contains this one.
+    if (grams.empty())
+        return;
+    m_counts.resize(grams.size());
+    std::transform(grams.begin(), grams.end(), m_counts.begin(),
+                   [this](Hash gram) { return costOfGram(gram); });
+    // There is room for them: the distance is little more than a tenth of the length.
+    const std::size_t needed = largestDistanceToSimilar(length, MATCH_TITLE_SIMILARITY) + 1;
+    const std::size_t gramCost =
+        chooseRarestGrams(m_counts, FurtherKeys::GRAM_LENGTH, needed, m_sums, m_chosen);
+
+    std::size_t wordCost = 0;
+    for (const Hash word : m_keys.titleWords())
+        wordCost += costOfWord(word);
+    if (wordCost < gramCost) {
+        for (const Hash word : m_keys.titleWords())
+            proposeWord(word, Reason::Similar);
     } else {
         for (const std::size_t place : m_chosen)
-            m_proposals.push_back({m_grams[place], Reason::Similar});
+            proposeGram(grams[place], Reason::Similar);
     }
 }
 
-void FurtherMatches::proposeContaining(const FurtherSong &song)
+void FurtherMatches::proposeContaining()
 {
-    const std::u32string_view title = m_songs.titleOf(song, TrackNumber::Dropped);
-    Hash rarest = 0;
-    std::size_t least = std::numeric_limits<std::size_t>::max();
-    const auto consider = [&](Hash key) {
-        if (const std::size_t count = m_index.countOf(key); count < least) {
-            least = count;
-            rarest = key;
-        }
+    static constexpr auto LARGEST = std::numeric_limits<std::size_t>::max();
+    const auto rarestOf = [](std::span<const Hash> keys, auto costOf) {
+        std::pair<std::size_t, Hash> rarest(LARGEST, 0);
+        for (const Hash key : keys)
+            rarest = std::min(rarest, std::pair(costOf(key), key));
+        return rarest;
     };
-    forEachWord(title, [&](std::u32string_view word) { consider(hashOf(KeyKind::Word, word)); });
-    if (title.size() + 2 >= GRAM_LENGTH) {
-        readGrams(song, TrackNumber::Dropped);
-        const auto ofTitle = std::span(m_grams).last(title.size() + 3 - GRAM_LENGTH);
-        std::for_each(ofTitle.begin(), ofTitle.end(), consider);
-    }
-    m_proposals.push_back({rarest, Reason::Contains});
+    const auto word = rarestOf(m_keys.wordsBehindNumber(), [this](Hash key) { return costOfWord(key); });
+    const auto gram = rarestOf(m_keys.gramsOfTitle(), [this](Hash key) { return costOfGram(key); });
+    if (word.first <= gram.first)
+        proposeWord(word.second, Reason::Contains);
+    else
+        proposeGram(gram.second, Reason::Contains);
 }
 
-void FurtherMatches::proposeContained(const FurtherSong &song)
+void FurtherMatches::proposeContained()
 {
-    const std::u32string_view title = m_songs.titleOf(song, TrackNumber::Dropped);
-    for (std::size_t begin = 0; begin < title.size(); ++begin) {
-        if (begin > 0 && title[begin - 1] != U' ')
-            continue;
-        auto hash = static_cast<Hash>(KeyKind::Title);
-        for (std::size_t end = begin; end < title.size(); ++end) {
-            hash = hashedWith(hash, title[end]);
-            if (end + 1 == title.size() || title[end + 1] == U' ')
-                m_proposals.push_back({hash, Reason::Contains});
-        }
+    for (const Hash title : m_keys.titlesInTitle()) {
+        if (m_index.mayHaveTitle(title))
+            proposeWithArtist(title, Reason::Contains);
     }
 }
 
-template <typename Visit>
-void FurtherMatches::forEachTitleWord(const FurtherSong &song, Visit visit) const
+bool FurtherMatches::mayArtistsMatch(const FurtherIndex::Sketch &candidate) const
 {
-    forEachWord(m_songs.titleOf(song, TrackNumber::Kept), [&](std::u32string_view word) {
-        if (isTitleWord(word))
-            visit(hashOf(KeyKind::Word, word));
-    });
+    const FurtherIndex::Sketch &song = m_index.sketchOf(m_song);
+    const std::uint16_t length = std::max(song.artistLength, candidate.artistLength);
+    return mayBeWithin(largestDistance(length, MATCH_ARTIST_SIMILARITY), song.artistLength,
+                       candidate.artistLength, song.artistCounts, candidate.artistCounts);
 }
 
-FurtherMatches::Sketch FurtherMatches::sketchOf(const FurtherSong &song)
+bool FurtherMatches::mayFullTextsMatch(const FurtherIndex::Sketch &candidate) const
 {
-    const auto saturated = [](std::uint32_t length) {
-        return static_cast<std::uint16_t>(std::min<std::uint32_t>(length, UINT16_MAX));
-    };
-    // Where one of two songs has a number, the bags of their texts say nothing.
-    const std::uint16_t fullLength = song.isNumbered() ? 0 : saturated(song.wholeLength);
-    return {song.artistBag, song.fullBag, saturated(song.artistLength), fullLength, 0};
-}
-
-bool FurtherMatches::mayMatch(const Sketch &candidate, Reason reason) const
-{
-    const auto mayBeSimilar = [](std::uint16_t lengthA, std::uint16_t lengthB, std::uint64_t bagA,
-                                 std::uint64_t bagB, double least) {
-        return mayBeWithin(largestDistance(std::max(lengthA, lengthB), least), lengthA, lengthB, bagA, bagB);
-    };
-    if (!mayBeSimilar(m_sketch.artistLength, candidate.artistLength, m_sketch.artistBag, candidate.artistBag,
-                      MATCH_ARTIST_SIMILARITY))
-        return false;
-    return reason == Reason::Contains || m_sketch.fullLength == 0 || candidate.fullLength == 0 ||
-           mayBeSimilar(m_sketch.fullLength, candidate.fullLength, m_sketch.fullBag, candidate.fullBag,
-                        MATCH_TITLE_SIMILARITY);
+    const FurtherIndex::Sketch &song = m_index.sketchOf(m_song);
+    // Where only one song has a number or a tail, the counts say nothing.
+    if (song.isNumbered != candidate.isNumbered || song.hasTail != candidate.hasTail)
+        return true;
+    const std::uint16_t length = std::max(song.fullLength, candidate.fullLength);
+    return mayBeWithin(largestDistance(length, MATCH_TITLE_SIMILARITY), song.fullLength, candidate.fullLength,
+                       song.fullCounts, candidate.fullCounts);
 }
 
 void FurtherMatches::compareWithProposed()
 {
+    const WindowIndex &index = m_index.byKey();
     for (const Proposal &proposal : m_proposals)
-        m_index.prefetchList(proposal.key, m_windowBegin, m_windowEnd);
+        index.prefetchList(proposal.key, m_windowBegin, m_windowEnd);
     for (const Proposal &proposal : m_proposals)
-        m_index.prefetchSongs(proposal.key, m_windowBegin, m_windowEnd);
+        index.prefetchSongs(proposal.key, m_windowBegin, m_windowEnd);
     for (const Proposal &proposal : m_proposals) {
-        m_index.forEachSongWith(proposal.key, m_windowBegin, m_windowEnd, [&](Position candidate) {
+        index.forEachSongWith(proposal.key, m_windowBegin, m_windowEnd, [&](Position candidate) {
             compareWith(candidate, proposal.reason);
             return m_matches.size() < m_most;
         });
@@ -266,11 +342,19 @@ void FurtherMatches::compareWithProposed()
 
 void FurtherMatches::compareWith(Position candidate, Reason reason)
 {
-    Sketch &sketch = m_sketches[candidate];
-    if (sketch.lastQuery >= m_query || candidate == m_song || !mayMatch(sketch, reason))
+    std::uint32_t &lastQuery = m_lastQueries[candidate];
+    if (lastQuery >= m_query || candidate == m_song)
         return;
-    sketch.lastQuery = m_query;
-    if (songsMatchFurther(m_songs, m_songs[m_song], m_songs[candidate]))
+    const FurtherIndex::Sketch &sketch = m_index.sketchOf(candidate);
+    if (!mayArtistsMatch(sketch)) {
+        lastQuery = m_query;
+        return;
+    }
+    // It may be proposed for another reason, too.
+    if (reason == Reason::Similar && !mayFullTextsMatch(sketch))
+        return;
+    lastQuery = m_query;
+    if (songsMatchFurther(m_index.songs()[m_song], m_index.songs()[candidate]))
         m_matches.push_back(candidate);
 }
 

@@ -1,18 +1,78 @@
 #pragma once
 
+#include "analysis/further_keys.h"
 #include "analysis/further_songs.h"
 #include "analysis/window_index.h"
 
 #include <cstddef>
 #include <cstdint>
 #include <span>
-#include <string>
-#include <string_view>
+#include <stop_token>
 #include <vector>
 
 namespace sonavo {
 
-/// Finds, for a song, all songs that match it (see songsMatchFurther()).
+/// Where FurtherMatches looks songs up. Immutable; any thread may read it.
+class FurtherIndex
+{
+public:
+    using Position = FurtherSongs::Position;
+
+    /// What is read of a candidate before its FurtherSong: small, so that those of a window stay in the
+    /// processor's caches. Most candidates are rejected by it.
+    struct Sketch
+    {
+        CharacterCounts artistCounts;
+        CharacterCounts fullCounts;
+        /// Saturated, which rejects nothing more.
+        std::uint16_t artistLength = 0;
+        std::uint16_t fullLength = 0;
+        bool isNumbered = false;
+        bool hasTail = false;
+    };
+
+    /// Builds the index on all cores.
+    /// @param songs must outlive the index
+    /// @param stop leaves the index incomplete once a stop is requested
+    FurtherIndex(const FurtherSongs &songs, const std::stop_token &stop);
+
+    [[nodiscard]] const FurtherSongs &songs() const { return m_songs; }
+    /// Under the keys of FurtherKeys.
+    [[nodiscard]] const WindowIndex &byKey() const { return m_byKey; }
+    [[nodiscard]] const Sketch &sketchOf(Position song) const { return m_sketches[song]; }
+    /// Whether a key belongs to so many songs that they also stand under the key combined with each of their
+    /// artist grams (see withArtist()).
+    [[nodiscard]] bool isCommon(FurtherKeys::Hash key) const { return m_byKey.countOf(key) >= m_commonCount; }
+    [[nodiscard]] static FurtherKeys::Hash withArtist(FurtherKeys::Hash key, FurtherKeys::Hash artistGram)
+    {
+        return key ^ artistGram;
+    }
+    /// About which share of all songs has an artist gram.
+    [[nodiscard]] double shareOf(FurtherKeys::Hash artistGram) const
+    {
+        return static_cast<double>(m_byKey.countOf(artistGram)) / static_cast<double>(m_countedSongs);
+    }
+    /// Whether any song can have this title; see FurtherKeys::titleKeyOf().
+    [[nodiscard]] bool mayHaveTitle(FurtherKeys::Hash title) const { return m_hasTitle[placeOf(title)]; }
+
+private:
+    [[nodiscard]] std::size_t placeOf(FurtherKeys::Hash title) const
+    {
+        return title >> 32 & (m_hasTitle.size() - 1);
+    }
+    void countKeys();
+    void fillBlock(FurtherKeys &keys, std::size_t block);
+
+    const FurtherSongs &m_songs;
+    WindowIndex m_byKey;
+    std::vector<Sketch> m_sketches;
+    std::vector<bool> m_hasTitle;
+    /// The songs whose keys were counted, and how often common keys are among those at least.
+    std::size_t m_countedSongs = 0;
+    std::size_t m_commonCount = 0;
+};
+
+/// Finds, for a song, all songs that match it (see songsMatchFurther()). Each thread needs its own.
 ///
 /// # Why no match is missed
 ///
@@ -28,20 +88,28 @@ namespace sonavo {
 /// - The other title contains this one. It has all of its words and grams, the rarest among them.
 /// - This title contains the other one. The other is a row of words of this one: each row is looked up.
 ///
+/// Words and titles that very many songs have are combined with grams of the artist (two characters): by the
+/// third condition the artists are similar, so the same principle holds for them.
+///
 /// Track numbers: where one title contains another with their numbers, it does so without. A similar text is
-/// looked for with the song's number and without; a song with a number is in the index with the grams of
-/// both.
+/// looked for with the song's number and without; a song with a number is in the index with the keys of
+/// both. Tails: a similar text is looked for with the song's tail and without; a text has the grams of the
+/// same one without its tail. Other numbers: of two songs that match, one has no number, or they have one in
+/// common; see the scopes of FurtherKeys.
 class FurtherMatches
 {
 public:
     using Position = FurtherSongs::Position;
 
-    /// @param songs must outlive this
-    explicit FurtherMatches(const FurtherSongs &songs);
+    /// @param index must outlive this
+    explicit FurtherMatches(const FurtherIndex &index)
+        : m_index(index)
+        , m_lastQueries(index.songs().size())
+    {}
 
     /// Takes a song out: it is no longer found.
-    void remove(Position song) { m_sketches[song].lastQuery = REMOVED; }
-    [[nodiscard]] bool isRemoved(Position song) const { return m_sketches[song].lastQuery == REMOVED; }
+    void remove(Position song) { m_lastQueries[song] = REMOVED; }
+    [[nodiscard]] bool isRemoved(Position song) const { return m_lastQueries[song] == REMOVED; }
 
     /// All other songs that match this one and are not removed, in no particular order.
     /// @param most no more than that many are looked for
@@ -49,22 +117,10 @@ public:
     [[nodiscard]] std::span<const Position> matchesOf(Position song, std::size_t most);
 
 private:
-    using Hash = WindowIndex::Hash;
+    using Hash = FurtherKeys::Hash;
 
     static constexpr std::uint32_t REMOVED = UINT32_MAX;
 
-    /// What is read of a candidate before its FurtherSong: small, so that those of a window stay in the
-    /// processor's caches. Most candidates are rejected by it.
-    struct Sketch
-    {
-        std::uint64_t artistBag = 0;
-        std::uint64_t fullBag = 0;
-        /// Saturated, which rejects nothing more.
-        std::uint16_t artistLength = 0;
-        std::uint16_t fullLength = 0;
-        /// The last query in which the song was compared.
-        std::uint32_t lastQuery = 0;
-    };
     /// Which condition a candidate is proposed for.
     enum class Reason
     {
@@ -78,27 +134,35 @@ private:
         Reason reason = Reason::Similar;
     };
 
-    [[nodiscard]] static Sketch sketchOf(const FurtherSong &song);
-    [[nodiscard]] bool mayMatch(const Sketch &candidate, Reason reason) const;
-    template <typename Visit>
-    void forEachKey(const FurtherSong &song, Visit visit);
-    template <typename Visit>
-    void forEachTitleWord(const FurtherSong &song, Visit visit) const;
-    void readGrams(const FurtherSong &song, TrackNumber number);
-    void proposeSimilar(const FurtherSong &song, TrackNumber number);
-    void proposeContaining(const FurtherSong &song);
-    void proposeContained(const FurtherSong &song);
+    [[nodiscard]] bool mayArtistsMatch(const FurtherIndex::Sketch &candidate) const;
+    [[nodiscard]] bool mayFullTextsMatch(const FurtherIndex::Sketch &candidate) const;
+    /// Chooses the artist grams of which each song with a similar artist has one.
+    void chooseArtistGrams(std::uint32_t artistLength);
+    /// About how many songs a gram of the full text proposes.
+    [[nodiscard]] std::size_t costOfGram(Hash gram) const;
+    /// The same for a word of the title.
+    [[nodiscard]] std::size_t costOfWord(Hash word) const;
+    void proposeGram(Hash gram, Reason reason);
+    void proposeWord(Hash word, Reason reason);
+    /// @param key a word or title, in its scope
+    void proposeWithArtist(Hash key, Reason reason);
+    void proposeSimilar(std::span<const Hash> grams, std::size_t length);
+    void proposeContaining();
+    void proposeContained();
     void compareWithProposed();
     void compareWith(Position candidate, Reason reason);
 
-    const FurtherSongs &m_songs;
-    WindowIndex m_index;
-    std::vector<Sketch> m_sketches;
+    const FurtherIndex &m_index;
+    /// By song: the last query in which it was compared.
+    std::vector<std::uint32_t> m_lastQueries;
     std::uint32_t m_query = 0;
 
     // The query that is running.
     Position m_song = 0;
-    Sketch m_sketch;
+    FurtherKeys m_keys;
+    std::vector<Hash> m_artistGrams;
+    /// About which share of all songs has one of them.
+    double m_artistShare = 1.0;
     std::vector<Proposal> m_proposals;
     Position m_windowBegin = 0;
     Position m_windowEnd = 0;
@@ -106,8 +170,6 @@ private:
     std::vector<Position> m_matches;
 
     // Kept for their memory.
-    std::u32string m_text;
-    std::vector<Hash> m_grams;
     std::vector<std::size_t> m_counts;
     std::vector<std::size_t> m_sums;
     std::vector<std::size_t> m_chosen;

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "analysis/string_pool.h"
+#include "analysis/character_counts.h"
 #include "model/song.h"
 
 #include <QList>
@@ -21,33 +21,52 @@ enum class TrackNumber
     Dropped
 };
 
+/// Whether a title is compared with what stands behind it in brackets or behind a dash.
+enum class Tail
+{
+    Kept,
+    Dropped
+};
+
 /// What a comparison of two songs checks first when looking further: most pairs are rejected without reading
 /// their texts.
 struct FurtherSong
 {
     [[nodiscard]] bool isNumbered() const { return numberLength > 0; }
+    [[nodiscard]] bool hasTail() const { return tailLength > 0; }
     /// Characters of artist and title joined.
-    [[nodiscard]] std::uint32_t fullLength(TrackNumber number) const
+    [[nodiscard]] std::uint32_t fullLength(TrackNumber number, Tail tail) const
     {
-        return number == TrackNumber::Kept ? wholeLength : wholeLength - numberLength;
+        return wholeLength - (number == TrackNumber::Kept ? 0 : numberLength) -
+               (tail == Tail::Kept ? 0 : tailLength);
+    }
+    /// One bit for each number in the title; different numbers can share a bit.
+    [[nodiscard]] std::uint64_t numberBits(TrackNumber number) const
+    {
+        return number == TrackNumber::Kept ? otherNumberBits | trackNumberBit : otherNumberBits;
     }
 
     /// Seconds.
     double duration = 0.0;
-    /// characterBag() of the artist, and of artist and title joined.
-    std::uint64_t artistBag = 0;
-    std::uint64_t fullBag = 0;
+    /// Artist and title joined.
+    const char32_t *text = nullptr;
+    /// Of the artist; different artists can share it.
+    std::uint64_t artistHash = 0;
+    /// Of the artist, and of artist and title joined.
+    CharacterCounts artistCounts;
+    CharacterCounts fullCounts;
     /// One bit for each pair of neighbouring characters of the title without its number; different pairs can
     /// share a bit. A title that contains another has all of its bits.
     std::uint64_t titleBigrams = 0;
-    /// Characters of the artist, of artist and title joined, and of the track number with the blank behind
-    /// it.
+    /// See numberBits().
+    std::uint64_t otherNumberBits = 0;
+    std::uint64_t trackNumberBit = 0;
+    /// Characters of the artist, of artist and title joined, of the track number with the blank behind it,
+    /// and of the tail with the blank before it.
     std::uint32_t artistLength = 0;
     std::uint32_t wholeLength = 0;
     std::uint32_t numberLength = 0;
-    /// Equal for songs whose prepared artists are equal, and the same for titles.
-    std::uint32_t artistId = 0;
-    std::uint32_t titleId = 0;
+    std::uint32_t tailLength = 0;
     /// Where the song stands in the list.
     std::uint32_t index = 0;
 };
@@ -57,8 +76,9 @@ struct FurtherSong
 /// - letters and digits of every script count (see normalizeAllScripts());
 /// - "The" before an artist is dropped;
 /// - a title that begins with one to three digits and a blank has a track number, which is compared only
-/// where
-///   the other title has one, too.
+///   where the other title has one, too;
+/// - a title that ends in brackets, or else holds a dash between blanks, has a tail: the brackets, or the
+///   last dash and what follows.
 ///
 /// Songs that can match no other are left out: those without a title word (see isTitleWord()), and those of a
 /// path that an earlier song has, since one file is no copy of itself. Immutable; any thread may read it.
@@ -68,6 +88,7 @@ public:
     /// The position of a song among those that are compared.
     using Position = std::uint32_t;
 
+    /// Prepares the texts on all cores.
     /// @param songs fewer than 2^32, with finite durations
     /// @param stop leaves some songs out once a stop is requested
     FurtherSongs(const QList<Song> &songs, const std::stop_token &stop);
@@ -77,40 +98,47 @@ public:
     [[nodiscard]] auto begin() const { return m_songs.begin(); }
     [[nodiscard]] auto end() const { return m_songs.end(); }
 
-    [[nodiscard]] std::u32string_view artistOf(const FurtherSong &song) const
-    {
-        return m_artists[song.artistId];
-    }
-    [[nodiscard]] std::u32string_view titleOf(const FurtherSong &song, TrackNumber number) const
-    {
-        return m_titles[song.titleId].substr(number == TrackNumber::Kept ? 0 : song.numberLength);
-    }
-    /// Artist and title joined by a blank.
-    void fullTextInto(std::u32string &result, const FurtherSong &song, TrackNumber number) const;
-
 private:
-    void add(const Song &song, std::uint32_t index);
-    void readArtist(const QString &artist);
-
-    BasicStringPool<char32_t> m_artists;
-    BasicStringPool<char32_t> m_titles;
     std::vector<FurtherSong> m_songs;
-    /// The song that was read last, and the artist that it names.
-    FurtherSong m_last;
-    QString m_lastArtist;
-    std::u32string m_text;
+    /// The songs point into them.
+    std::vector<std::u32string> m_texts;
 };
+
+[[nodiscard]] std::u32string_view artistOf(const FurtherSong &song);
+[[nodiscard]] std::u32string_view titleOf(const FurtherSong &song, TrackNumber number, Tail tail);
+/// Artist and title joined by a blank. Overwrites `result` and reuses its memory.
+void fullTextInto(std::u32string &result, const FurtherSong &song, TrackNumber number, Tail tail);
+
+/// Calls `visit` with each number in a text, in order: its runs of the digits 0 to 9, without leading zeros.
+template <typename Visit>
+void forEachNumber(std::u32string_view text, Visit visit)
+{
+    constexpr std::u32string_view DIGITS = U"0123456789";
+    std::size_t end = 0;
+    for (std::size_t begin = text.find_first_of(DIGITS); begin < text.size();
+         begin = text.find_first_of(DIGITS, end)) {
+        end = text.find_first_not_of(DIGITS, begin);
+        end = end < text.size() ? end : text.size();
+        while (begin + 1 < end && text[begin] == U'0')
+            ++begin;
+        visit(text.substr(begin, end - begin));
+    }
+}
 
 /// Whether two titles that share this word can be those of one recording: it has at least three characters,
 /// or one of a script in which words are short.
 [[nodiscard]] bool isTitleWord(std::u32string_view word);
 
-/// Whether two songs are the same recording when looking further: the four conditions of songsMatch(), over
-/// the texts of FurtherSongs. One title contains another where it has all of its words in a row. File names
-/// are not compared: artist and title are read from them.
+/// Whether two songs are the same recording when looking further: the four conditions of songsMatch() over
+/// the texts of FurtherSongs, and one more.
+/// - One title contains another where it has all of its words in a row. File names are not compared: artist
+///   and title are read from them.
+/// - Where only one title has a tail, the texts may also be similar without it.
+/// - Titles with different numbers are different songs ("Part 1" and "Part 2"): one of them must hold all
+///   numbers of the other.
 ///
 /// Symmetric and pure, but not transitive; any thread may call it. FurtherMatches relies on the second
-/// condition.
-[[nodiscard]] bool songsMatchFurther(const FurtherSongs &songs, const FurtherSong &a, const FurtherSong &b);
+/// condition and on that of the numbers.
+[[nodiscard]] bool songsMatchFurther(const FurtherSong &a, const FurtherSong &b);
 
 } // namespace sonavo

@@ -5,7 +5,7 @@
 #include <bit>
 #include <cstddef>
 #include <cstdint>
-#include <span>
+#include <numeric>
 #include <vector>
 
 namespace sonavo {
@@ -24,40 +24,48 @@ public:
 
     static constexpr std::size_t MOST_SONGS_IN_BLOCK = 1 << 15;
 
-    /// Adds the next block of songs.
-    /// @param end songs from the end of the last block to before this one, at most MOST_SONGS_IN_BLOCK
-    /// @param forEachKey calls its second argument with the hash of each key of the song at a position
-    template <typename ForEachKey>
-    void addBlock(Position end, ForEachKey forEachKey)
+    /// @param blockEnds where each block ends: at most MOST_SONGS_IN_BLOCK positions behind the last one
+    explicit WindowIndex(const std::vector<Position> &blockEnds)
     {
-        m_keys.clear();
-        for (Position song = m_end; song < end; ++song) {
-            forEachKey(song, [&](Hash hash) {
-                m_keys.push_back({spread(hash), static_cast<std::uint16_t>(song - m_end)});
-                ++m_counts[spread(hash) >> (64 - COUNT_BITS)];
-            });
+        for (const Position end : blockEnds) {
+            m_blocks.push_back({m_end, 0, {}, {}});
+            m_end = end;
         }
-        const auto listBits = static_cast<int>(std::bit_width(m_keys.size() / KEYS_PER_LIST));
-        const Block block{m_end, m_starts.size(), 64 - std::max(listBits, 1)};
-        m_end = end;
-        m_blocks.push_back(block);
-
-        // Count, lay out, fill: one array holds all lists.
-        m_starts.resize(m_starts.size() + (std::size_t{1} << (64 - block.shift)) + 1);
-        for (const Key &key : m_keys)
-            ++m_starts[listOf(block, key.spread)];
-        auto start = static_cast<std::uint32_t>(m_entries.size());
-        for (std::size_t list = block.firstList; list < m_starts.size(); ++list) {
-            start += m_starts[list];
-            m_starts[list] = start;
-        }
-        m_entries.resize(start);
-        for (std::size_t i = m_keys.size(); i-- > 0;)
-            m_entries[--m_starts[listOf(block, m_keys[i].spread)]] = {m_keys[i].song,
-                                                                      tagOf(m_keys[i].spread)};
     }
 
-    /// About how many songs have a key; it can be more of them, never fewer.
+    [[nodiscard]] std::size_t blockCount() const { return m_blocks.size(); }
+
+    /// Fills one block, once. Threads may fill different blocks at the same time.
+    /// @param forEachKey calls its second argument with the hash of each key of the song at a position
+    template <typename ForEachKey>
+    void fill(std::size_t number, ForEachKey forEachKey)
+    {
+        Block &block = m_blocks[number];
+        const Position end = number + 1 < m_blocks.size() ? m_blocks[number + 1].begin : m_end;
+        std::vector<Key> keys;
+        for (Position song = block.begin; song < end; ++song) {
+            forEachKey(song, [&](Hash hash) {
+                keys.push_back({spread(hash), static_cast<std::uint16_t>(song - block.begin)});
+            });
+        }
+        const auto listBits = static_cast<int>(std::bit_width(keys.size() / KEYS_PER_LIST));
+        block.shift = 64 - std::max(listBits, 1);
+
+        // Count, lay out, fill: one array holds all lists.
+        block.starts.resize((std::size_t{1} << (64 - block.shift)) + 1);
+        for (const Key &key : keys)
+            ++block.starts[listOf(block, key.spread)];
+        std::partial_sum(block.starts.begin(), block.starts.end(), block.starts.begin());
+        block.entries.resize(keys.size());
+        for (std::size_t i = keys.size(); i-- > 0;)
+            block.entries[--block.starts[listOf(block, keys[i].spread)]] = {keys[i].song,
+                                                                            tagOf(keys[i].spread)};
+    }
+
+    /// Counts a key for countOf().
+    void count(Hash hash) { ++m_counts[spread(hash) >> (64 - COUNT_BITS)]; }
+
+    /// About how often a key was counted.
     [[nodiscard]] std::size_t countOf(Hash hash) const { return m_counts[spread(hash) >> (64 - COUNT_BITS)]; }
 
     /// Hints to the processor that the songs of a key will be asked for: call the first for all keys, then
@@ -65,15 +73,15 @@ public:
     /// once.
     void prefetchList(Hash hash, Position first, Position last) const
     {
-        forEachList(hash, first, last, [this](const Block &, std::size_t list) {
-            __builtin_prefetch(&m_starts[list]);
+        forEachList(hash, first, last, [](const Block &block, std::size_t list) {
+            __builtin_prefetch(&block.starts[list]);
             return true;
         });
     }
     void prefetchSongs(Hash hash, Position first, Position last) const
     {
-        forEachList(hash, first, last, [this](const Block &, std::size_t list) {
-            __builtin_prefetch(m_entries.data() + m_starts[list]);
+        forEachList(hash, first, last, [](const Block &block, std::size_t list) {
+            __builtin_prefetch(block.entries.data() + block.starts[list]);
             return true;
         });
     }
@@ -84,9 +92,11 @@ public:
     void forEachSongWith(Hash hash, Position first, Position last, Visit visit) const
     {
         forEachList(hash, first, last, [&](const Block &block, std::size_t list) {
-            for (std::uint32_t i = m_starts[list]; i < m_starts[list + 1]; ++i) {
-                const Position song = block.begin + m_entries[i].song;
-                if (m_entries[i].tag == tagOf(spread(hash)) && song >= first && song < last && !visit(song))
+            const std::uint16_t tag = tagOf(spread(hash));
+            for (std::uint32_t i = block.starts[list]; i < block.starts[list + 1]; ++i) {
+                const Entry entry = block.entries[i];
+                const Position song = block.begin + entry.song;
+                if (entry.tag == tag && song >= first && song < last && !visit(song))
                     return false;
             }
             return true;
@@ -97,13 +107,6 @@ private:
     static constexpr int COUNT_BITS = 16;
     static constexpr std::size_t KEYS_PER_LIST = 4;
 
-    struct Block
-    {
-        Position begin = 0;
-        /// The block's part of m_starts.
-        std::size_t firstList = 0;
-        int shift = 0;
-    };
     struct Key
     {
         Hash spread = 0;
@@ -116,13 +119,21 @@ private:
         /// Tells keys of one list apart.
         std::uint16_t tag = 0;
     };
+    struct Block
+    {
+        Position begin = 0;
+        int shift = 0;
+        /// Where each list begins in `entries`, and where the last one ends.
+        std::vector<std::uint32_t> starts;
+        std::vector<Entry> entries;
+    };
 
     /// Fibonacci hashing (D. E. Knuth, "The Art of Computer Programming", volume 3, section 6.4): the high
     /// bits are good.
     [[nodiscard]] static constexpr Hash spread(Hash hash) { return hash * 11400714819323198485ULL; }
     [[nodiscard]] static std::size_t listOf(const Block &block, Hash spread)
     {
-        return block.firstList + static_cast<std::size_t>(spread >> block.shift);
+        return static_cast<std::size_t>(spread >> block.shift);
     }
     [[nodiscard]] static std::uint16_t tagOf(Hash spread) { return static_cast<std::uint16_t>(spread >> 24); }
 
@@ -140,12 +151,7 @@ private:
 
     std::vector<Block> m_blocks;
     Position m_end = 0;
-    /// Where each list begins in m_entries, and for each block where its last one ends.
-    std::vector<std::uint32_t> m_starts;
-    std::vector<Entry> m_entries;
     std::array<std::uint32_t, std::size_t{1} << COUNT_BITS> m_counts{};
-    /// Kept for its memory.
-    std::vector<Key> m_keys;
 };
 
 } // namespace sonavo

@@ -124,6 +124,32 @@ QString withoutTrackNumber(const QString &title)
     return QString(title).remove(number);
 }
 
+QString withoutTail(const QString &title)
+{
+    static const QRegularExpression brackets(uR"([(\[][^(\[]*[)\]]\s*$)"_s);
+    const qsizetype begin = title.contains(brackets) ? title.indexOf(brackets) : title.lastIndexOf(u" - ");
+    const QString before = normalizeAllScripts(title.first(std::max<qsizetype>(begin, 0)));
+    const bool isTail = !withoutTrackNumber(before + u' ').trimmed().isEmpty() &&
+                        normalizeAllScripts(title).startsWith(before + u' ');
+    return isTail ? before : normalizeAllScripts(title);
+}
+
+bool haveCompatibleNumbers(const QString &a, const QString &b)
+{
+    const auto numbersOf = [](const QString &title) {
+        static const QRegularExpression number(u"0*([0-9]+)"_s);
+        QList<QString> numbers;
+        for (auto match = number.globalMatch(title); match.hasNext();)
+            numbers << match.next().captured(1);
+        std::sort(numbers.begin(), numbers.end());
+        return numbers;
+    };
+    const auto numbersA = numbersOf(a);
+    const auto numbersB = numbersOf(b);
+    return std::includes(numbersA.begin(), numbersA.end(), numbersB.begin(), numbersB.end()) ||
+           std::includes(numbersB.begin(), numbersB.end(), numbersA.begin(), numbersA.end());
+}
+
 bool containsWords(const QString &text, const QString &words)
 {
     return (u' ' + text + u' ').contains(u' ' + words + u' ');
@@ -137,18 +163,22 @@ bool songsMatchFurther(const Song &a, const Song &b)
     static const QRegularExpression the(u"^the "_s);
     const QString artistA = normalizeAllScripts(a.artist).remove(the);
     const QString artistB = normalizeAllScripts(b.artist).remove(the);
-    QString titleA = normalizeAllScripts(a.title);
-    QString titleB = normalizeAllScripts(b.title);
-    const bool haveCommonWord = furtherTitleWordsOf(titleA).intersects(furtherTitleWordsOf(titleB));
-    if ((titleA == withoutTrackNumber(titleA)) != (titleB == withoutTrackNumber(titleB))) {
-        titleA = withoutTrackNumber(titleA);
-        titleB = withoutTrackNumber(titleB);
-    }
-    const QString fullA = (artistA + u' ' + titleA).trimmed();
-    const QString fullB = (artistB + u' ' + titleB).trimmed();
-    return haveCommonWord && similarity(artistA, artistB) >= 0.7 &&
-           (containsWords(titleA, titleB) || containsWords(titleB, titleA) ||
-            similarity(fullA, fullB) >= 0.9);
+    const QString wholeA = normalizeAllScripts(a.title);
+    const QString wholeB = normalizeAllScripts(b.title);
+    const bool areOfOneKind =
+        (wholeA == withoutTrackNumber(wholeA)) == (wholeB == withoutTrackNumber(wholeB));
+    const auto compared = [&](const QString &t) { return areOfOneKind ? t : withoutTrackNumber(t); };
+    const QString titleA = compared(wholeA);
+    const QString titleB = compared(wholeB);
+    const QString shortA = compared(withoutTail(a.title.trimmed()));
+    const QString shortB = compared(withoutTail(b.title.trimmed()));
+    const auto areSimilar = [&](const QString &x, const QString &y) {
+        return similarity((artistA + u' ' + x).trimmed(), (artistB + u' ' + y).trimmed()) >= 0.9;
+    };
+    return furtherTitleWordsOf(wholeA).intersects(furtherTitleWordsOf(wholeB)) &&
+           similarity(artistA, artistB) >= 0.7 && haveCompatibleNumbers(titleA, titleB) &&
+           (containsWords(titleA, titleB) || containsWords(titleB, titleA) || areSimilar(titleA, titleB) ||
+            ((shortA == titleA) != (shortB == titleB) && areSimilar(shortA, shortB)));
 }
 
 } // namespace

@@ -1,0 +1,128 @@
+#include "analysis/further_keys.h"
+
+#include "analysis/normalization.h"
+
+#include <algorithm>
+
+namespace sonavo {
+namespace {
+
+using Hash = FurtherKeys::Hash;
+
+/// What a key is made of.
+enum class KeyKind : Hash
+{
+    Gram = 0xCBF29CE484222325,
+    ArtistGram = 0x94D049BB133111EB,
+    Word = 0x9E3779B97F4A7C15,
+    Title = 0xC2B2AE3D27D4EB4F,
+    Number = 0x165667B19E3779F9
+};
+
+/// The scope of all songs with numbers.
+constexpr Hash WITH_NUMBERS = 0x27D4EB2F165667C5;
+
+/// FNV-1a (Fowler, Noll and Vo), a character at a time, from a start for each kind.
+constexpr Hash hashedWith(Hash hash, char32_t character)
+{
+    return (hash ^ character) * 1099511628211ULL;
+}
+
+Hash hashOf(KeyKind kind, std::u32string_view text)
+{
+    auto hash = static_cast<Hash>(kind);
+    for (const char32_t character : text)
+        hash = hashedWith(hash, character);
+    return hash;
+}
+
+} // namespace
+
+void FurtherKeys::read(const FurtherSong &song, TrackNumber number)
+{
+    m_song = &song;
+    readGrams(number);
+    readArtistGrams();
+    readWords();
+    readScopes(number);
+}
+
+void FurtherKeys::readGrams(TrackNumber number)
+{
+    fullTextInto(m_text, *m_song, number, Tail::Kept);
+    m_text.insert(m_text.begin(), U' ');
+    m_text += U' ';
+    if (m_text.size() < GRAM_LENGTH)
+        m_text.resize(GRAM_LENGTH, U' ');
+    m_grams.clear();
+    for (std::size_t i = 0; i + GRAM_LENGTH <= m_text.size(); ++i)
+        m_grams.push_back(hashOf(KeyKind::Gram, std::u32string_view(m_text).substr(i, GRAM_LENGTH)));
+    m_gramsBeforeTail = m_grams.size() - std::min<std::size_t>(m_song->tailLength, m_grams.size());
+    const std::size_t titleLength = titleOf(*m_song, TrackNumber::Dropped, Tail::Kept).size();
+    m_gramsOfTitle = std::max(titleLength + 2, GRAM_LENGTH) - GRAM_LENGTH;
+}
+
+void FurtherKeys::readArtistGrams()
+{
+    const std::u32string_view artist = artistOf(*m_song);
+    m_text.assign(1, U' ');
+    m_text += artist;
+    m_text += U' ';
+    m_artistGrams.clear();
+    for (std::size_t i = 0; i + ARTIST_GRAM_LENGTH <= m_text.size(); ++i)
+        m_artistGrams.push_back(
+            hashOf(KeyKind::ArtistGram, std::u32string_view(m_text).substr(i, ARTIST_GRAM_LENGTH)));
+}
+
+void FurtherKeys::readWords()
+{
+    m_words.clear();
+    m_titleWords.clear();
+    forEachWord(titleOf(*m_song, TrackNumber::Kept, Tail::Kept), [this](std::u32string_view word) {
+        m_words.push_back(hashOf(KeyKind::Word, word));
+        if (isTitleWord(word))
+            m_titleWords.push_back(m_words.back());
+    });
+}
+
+void FurtherKeys::readScopes(TrackNumber number)
+{
+    m_scopesOfMatches.assign(1, 0);
+    if (m_song->numberBits(number) == 0) {
+        m_scopes.assign(1, 0);
+        m_scopesOfMatches.push_back(WITH_NUMBERS);
+        return;
+    }
+    m_scopes.assign(1, WITH_NUMBERS);
+    forEachNumber(titleOf(*m_song, number, Tail::Kept), [this](std::u32string_view digits) {
+        const Hash scope = hashOf(KeyKind::Number, digits);
+        if (std::find(m_scopes.begin(), m_scopes.end(), scope) == m_scopes.end()) {
+            m_scopes.push_back(scope);
+            m_scopesOfMatches.push_back(scope);
+        }
+    });
+}
+
+Hash FurtherKeys::titleKeyOf(const FurtherSong &song)
+{
+    return hashOf(KeyKind::Title, titleOf(song, TrackNumber::Dropped, Tail::Kept));
+}
+
+const std::vector<Hash> &FurtherKeys::titlesInTitle()
+{
+    const std::u32string_view title = titleOf(*m_song, TrackNumber::Dropped, Tail::Kept);
+    m_titles.clear();
+    for (std::size_t begin = 0; begin < title.size(); ++begin) {
+        if (begin > 0 && title[begin - 1] != U' ')
+            continue;
+        auto hash = static_cast<Hash>(KeyKind::Title);
+        for (std::size_t end = begin; end < title.size(); ++end) {
+            hash = hashedWith(hash, title[end]);
+            if (end + 1 == title.size() || title[end + 1] == U' ')
+                m_titles.push_back(hash);
+        }
+    }
+    return m_titles;
+}
+
+} // namespace sonavo

@@ -1,0 +1,86 @@
+#pragma once
+
+#include "analysis/further_songs.h"
+
+#include <cstddef>
+#include <cstdint>
+#include <span>
+#include <string>
+#include <string_view>
+#include <vector>
+
+namespace sonavo {
+
+/// What an index finds a song by when looking further, as hashes. Holds one song at a time, so each thread
+/// needs its own.
+///
+/// Songs of different numbers do not match, so keys are combined with the numbers of the title: a song that
+/// has none is in the index with its bare keys, another one with each key in the scope of each of its
+/// numbers, and in one scope that all songs with numbers share.
+class FurtherKeys
+{
+public:
+    using Hash = std::uint64_t;
+
+    static constexpr std::size_t GRAM_LENGTH = 4;
+    static constexpr std::size_t ARTIST_GRAM_LENGTH = 2;
+
+    /// Replaces the song that is held.
+    /// @param number what of a song with a track number is read: Kept to compare it with others that have
+    /// one,
+    ///     Dropped to compare it with those that have none
+    void read(const FurtherSong &song, TrackNumber number);
+
+    /// The runs of GRAM_LENGTH characters of the full text, with a blank at either end, in order.
+    [[nodiscard]] const std::vector<Hash> &grams() const { return m_grams; }
+    /// How many of them, from the first on, are also those of the full text without its tail.
+    [[nodiscard]] std::size_t gramsBeforeTail() const { return m_gramsBeforeTail; }
+    /// Those that lie in the title without its track number, the blank behind it included.
+    [[nodiscard]] std::span<const Hash> gramsOfTitle() const
+    {
+        return std::span(m_grams).last(m_gramsOfTitle);
+    }
+    /// The words of the title, those of them that are title words, and those but for the track number.
+    [[nodiscard]] const std::vector<Hash> &words() const { return m_words; }
+    [[nodiscard]] const std::vector<Hash> &titleWords() const { return m_titleWords; }
+    [[nodiscard]] std::span<const Hash> wordsBehindNumber() const
+    {
+        return std::span(m_words).subspan(m_song->isNumbered() ? 1 : 0);
+    }
+
+    /// A key in a scope; the scope 0 is that of bare keys.
+    [[nodiscard]] static Hash inScope(Hash key, Hash scope) { return key ^ scope; }
+    /// The scopes in which the song is in the index.
+    [[nodiscard]] const std::vector<Hash> &scopes() const { return m_scopes; }
+    /// The scopes in which those are that have matching numbers.
+    [[nodiscard]] const std::vector<Hash> &scopesOfMatches() const { return m_scopesOfMatches; }
+
+    /// The pairs of neighbouring characters of the artist, with a blank at either end, in order.
+    [[nodiscard]] const std::vector<Hash> &artistGrams() const { return m_artistGrams; }
+
+    /// The title of a song without its track number. In no scope.
+    [[nodiscard]] static Hash titleKeyOf(const FurtherSong &song);
+    /// The same for each row of words of the held song's title, itself included.
+    [[nodiscard]] const std::vector<Hash> &titlesInTitle();
+
+private:
+    void readGrams(TrackNumber number);
+    void readArtistGrams();
+    void readWords();
+    void readScopes(TrackNumber number);
+
+    const FurtherSong *m_song = nullptr;
+    std::vector<Hash> m_grams;
+    std::size_t m_gramsBeforeTail = 0;
+    std::size_t m_gramsOfTitle = 0;
+    std::vector<Hash> m_artistGrams;
+    std::vector<Hash> m_words;
+    std::vector<Hash> m_titleWords;
+    std::vector<Hash> m_scopes;
+    std::vector<Hash> m_scopesOfMatches;
+    std::vector<Hash> m_titles;
+    /// Kept for its memory.
+    std::u32string m_text;
+};
+
+} // namespace sonavo
