@@ -2,6 +2,7 @@
 #include "generators/library_generator.h"
 #include "session/clean_up.h"
 #include "session/event_loop_pauses.h"
+#include "session/review.h"
 
 #include <QAbstractEventDispatcher>
 #include <QCoreApplication>
@@ -20,6 +21,7 @@
 #include <cstdlib>
 #include <exception>
 #include <filesystem>
+#include <functional>
 #include <stdexcept>
 #include <string>
 #include <thread>
@@ -100,21 +102,31 @@ public:
 
     void measure(const std::string &what, void (CleanUp::*operation)(), int duplicatesLeft)
     {
+        measure(what, [&] { (m_cleanUp.*operation)(); });
+        if (m_library.duplicateTotals().count != duplicatesLeft)
+            throw std::runtime_error(m_notices.state().toastMessage.toStdString());
+    }
+
+    void measure(const std::string &what, void (Review::*operation)())
+    {
+        measure(what, [&] { (m_review.*operation)(); });
+    }
+
+private:
+    void measure(const std::string &what, const std::function<void()> &operation)
+    {
         TurnTimes times;
         QElapsedTimer timer;
         timer.start();
         QEventLoop loop;
         QObject::connect(&m_job, &FileJob::changed, &loop, &QEventLoop::quit, Qt::QueuedConnection);
-        (m_cleanUp.*operation)();
+        operation();
         while (m_job.state().isRunning)
             loop.exec();
         loop.processEvents();
         times.print(what, static_cast<double>(timer.elapsed()) / 1e3);
-        if (m_library.duplicateTotals().count != duplicatesLeft)
-            throw std::runtime_error(m_notices.state().toastMessage.toStdString());
     }
 
-private:
     static Song write(const QString &path)
     {
         std::filesystem::create_directories(
@@ -137,6 +149,7 @@ private:
     Scan m_scan{m_library, m_notices, m_pauses};
     FileJob m_job;
     CleanUp m_cleanUp{{m_desktop, m_library, m_preview, m_notices, m_scan, m_job}, m_pauses};
+    Review m_review{{m_library, m_preview, m_notices, m_scan, m_job}};
 };
 
 void measure(const std::string &what, int duplicates, std::size_t otherSongs)
@@ -146,6 +159,11 @@ void measure(const std::string &what, int duplicates, std::size_t otherSongs)
     Session session(home.path(), duplicates, otherSongs);
     session.measure(what + ", to the Trash", &CleanUp::trashDuplicates, 0);
     session.measure(what + ", back", &CleanUp::undo, duplicates);
+    if (otherSongs == 0)
+        return;
+    const std::string songs = " " + std::to_string(otherSongs) + " songs";
+    session.measure("find more among" + songs, &Review::findMore);
+    session.measure("return to the first result of" + songs, &Review::returnToFirstResult);
 }
 
 } // namespace

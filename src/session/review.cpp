@@ -63,8 +63,10 @@ void Review::excludeFromDuplicates(const Song &song)
 {
     take({.name = QStringLiteral("Not a Duplicate"),
           .removal = {.songs = {}, .members = {song.id}, .cleanedUp = {song.id}}},
-         changingMessage(),
-         [name = song.name](qint64) { return QStringLiteral("Not a duplicate: %1").arg(name); });
+         changingMessage(), [name = song.name](qint64 songs) {
+             return songs == 0 ? QStringLiteral("No group has changed")
+                               : QStringLiteral("Not a duplicate: %1").arg(name);
+         });
 }
 
 void Review::take(UndoStep step, const QString &message, const ToastText &toast)

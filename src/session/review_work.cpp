@@ -63,8 +63,9 @@ std::optional<Reviewed> reviewed(const WorkBasis &basis, const UndoStep &step,
         result.count = result.lists.onlyFurther.size();
     else if (step.kept)
         result.count = changedOriginals(basis.groups, result.lists.groups);
-    const bool isCounted = step.depth == SearchDepth::Further || step.kept;
-    result.isTaken = isCounted ? result.count > 0 : step.depth || !result.hidden.isEmpty();
+    else
+        result.count = result.hidden.size();
+    result.isTaken = result.count > 0 || step.depth == SearchDepth::FourPasses;
     return result;
 }
 

@@ -22,7 +22,8 @@ struct Reviewed : WorkResult
 {
     /// Whether the step has changed anything. Otherwise it is not taken.
     bool isTaken = false;
-    /// Originals that are others than before, or duplicates that only looking further has found.
+    /// Duplicates that only looking further has found, originals that are others than before, or songs that
+    /// leave the list.
     qint64 count = 0;
     /// What looking further has found, when that was not known yet.
     std::optional<QList<DuplicateGroup>> furtherGroups;

@@ -1,3 +1,4 @@
+#include "analysis/find_further.h"
 #include "generators/random_source.h"
 #include "generators/small_audio.h"
 #include "session/duplicate_view_model.h"
@@ -93,6 +94,14 @@ std::string linesOf(const QList<Song> &songs, const QList<DuplicateGroup> &group
     }
     return lines;
 }
+
+/// What a user says about a result: how it is found, which song is kept, or which is no duplicate.
+struct Decision
+{
+    std::optional<SearchDepth> depth = {};
+    QUuid kept = {};
+    QUuid excluded = {};
+};
 
 /// Two disks with music, and what other programs and the user's other hand do there. What these remove goes
 /// to an attic: no content is destroyed unnoticed.
@@ -325,7 +334,7 @@ private:
             songs += membersOf(group);
         }
         const fs::path target = m_roots[m_random.below(m_roots.size())] / "target";
-        switch (m_random.weighted({8, 2, 2, 8, 2, 1})) {
+        switch (m_random.weighted({8, 2, 2, 8, 2, 1, 5})) {
         case 0:
             if (const Song song = songs.value(static_cast<qsizetype>(m_random.below(60)));
                 !song.path.isEmpty())
@@ -343,11 +352,42 @@ private:
             for (const SongFailure &failure : m_session->cleanUpFailures())
                 duplicates.append(failure.song);
             return remove("Try Again", duplicates, [this] { m_session->retryCleanUp(); });
-        default:
+        case 5:
             if (m_random.isOneIn(2))
                 m_session->clearAll();
-            scan();
+            return scan();
+        default:
+            decide(songs.value(static_cast<qsizetype>(m_random.below(24))));
         }
+    }
+
+    void decide(const Song &song)
+    {
+        const bool isFurther = m_session->isFurtherResult();
+        switch (m_random.below(3)) {
+        case 0:
+            return decide("Look elsewhere",
+                          {.depth = isFurther ? SearchDepth::FourPasses : SearchDepth::Further},
+                          [&] { isFurther ? m_session->returnToFirstResult() : m_session->findMore(); });
+        case 1:
+            return decide("Keep " + song.path.toStdString(), {.kept = song.id},
+                          [&] { m_session->keepSong(song); });
+        default:
+            return decide("Exclude " + song.path.toStdString(), {.excluded = song.id},
+                          [&] { m_session->excludeFromDuplicates(song); });
+        }
+    }
+
+    void decide(const std::string &name, const Decision &decision, const std::function<void()> &operation)
+    {
+        const Files before = m_disks->files();
+        const bool isQuiet = perform(name, operation);
+        const Files after = m_disks->files();
+        EXPECT_TRUE(!isQuiet || after == before) << "it has touched files";
+        // Nothing is said of what was stopped.
+        if (!m_toasts.empty() && !m_toasts.starts_with("No "))
+            m_decisions.push_back(decision);
+        check(after);
     }
 
     void scan()
@@ -364,6 +404,8 @@ private:
         }
         m_scannedSongs = m_session->songs();
         m_scannedGroups = m_session->duplicateGroups();
+        m_furtherGroups = findFurther(m_scannedSongs, {}, [](double) {}).value();
+        m_decisions.clear();
         m_scanned.clear();
         const Files files = m_disks->files();
         for (const Song &song : m_scannedSongs)
@@ -378,8 +420,12 @@ private:
         m_session->moveDuplicatesToFolder();
         m_session->retryCleanUp();
         m_session->undo();
-        if (m_session->songCount() > 0)
+        m_session->findMore();
+        m_session->returnToFirstResult();
+        if (m_session->songCount() > 0) {
             m_session->deleteSong(m_session->songs().first());
+            m_session->keepSong(m_session->songs().last());
+        }
         if (m_session->isCleaningUp()) {
             m_session->clearAll();
             m_session->startScan({QUrl::fromLocalFile(u"/"_s)});
@@ -425,6 +471,8 @@ private:
     void remove(const std::string &name, const QList<Song> &songs, const std::function<void()> &operation)
     {
         const Files before = m_disks->files();
+        if (name != "Try Again")
+            m_cleanedGroups = m_session->duplicateGroups();
         const bool isQuiet = perform(name, operation);
         const Files after = m_disks->files();
         check(after);
@@ -451,7 +499,7 @@ private:
             EXPECT_EQ(m_session->cleanUpFailureCount(),
                       failed + (name == "Try Again" ? said("([0-9]+) not moved") : 0));
         }
-        for (const DuplicateGroup &group : m_scannedGroups) {
+        for (const DuplicateGroup &group : m_cleanedGroups) {
             const QList<Song> members = membersOf(group);
             EXPECT_TRUE(
                 name.starts_with("Delete") ||
@@ -470,6 +518,8 @@ private:
             m_session->toastAction().isEmpty() ? m_session->undo() : m_session->performToastAction();
         });
         const Files after = m_disks->files();
+        if (m_toasts.find("Undone: ") != std::string::npos)
+            m_decisions.pop_back();
         check(after);
         if (!isQuiet)
             return;
@@ -502,15 +552,28 @@ private:
         const auto isGone = [&files](const Song &song) { return !files.contains(pathOf(song)); };
         QList<Song> songs = m_scannedSongs;
         songs.removeIf(isGone);
+        SearchDepth depth = SearchDepth::FourPasses;
+        for (const Decision &decision : m_decisions)
+            depth = decision.depth.value_or(depth);
+        const bool isFurther = depth == SearchDepth::Further;
         QList<DuplicateGroup> groups;
-        for (const DuplicateGroup &group : m_scannedGroups) {
+        for (const DuplicateGroup &group : isFurther ? m_furtherGroups : m_scannedGroups) {
             QList<Song> members = membersOf(group);
-            members.removeIf(isGone);
+            for (const Decision &decision : m_decisions) {
+                const auto kept = std::ranges::find(members, decision.kept, &Song::id);
+                if (kept != members.end())
+                    std::rotate(members.begin(), kept, kept + 1);
+            }
+            members.removeIf([&](const Song &song) {
+                return isGone(song) || std::ranges::count(m_decisions, song.id, &Decision::excluded) > 0;
+            });
             if (members.size() > 1)
-                groups.append({group.id, members.takeFirst(), members, group.color});
+                groups.append({isFurther ? QUuid() : group.id, members.takeFirst(), members, group.color});
         }
         QList<DuplicateGroup> shown = m_session->duplicateGroups();
         shown.removeIf([](const DuplicateGroup &group) { return group.duplicates.isEmpty(); });
+        for (DuplicateGroup &group : shown)
+            group.id = isFurther ? QUuid() : group.id;
         EXPECT_EQ(linesOf(m_session->songs(), shown), linesOf(songs, groups));
     }
 
@@ -528,7 +591,7 @@ private:
     void undoEverything(const Files &atFirst)
     {
         m_disks->unblock();
-        for (int i = 0; i < 30 && !m_session->undoText().isEmpty() && !HasFailure(); ++i)
+        for (int i = 0; i < 60 && !m_session->undoText().isEmpty() && !HasFailure(); ++i)
             undo();
         if (m_areOthersThere)
             return;
@@ -559,6 +622,11 @@ private:
     std::string m_log;
     QList<Song> m_scannedSongs;
     QList<DuplicateGroup> m_scannedGroups;
+    QList<DuplicateGroup> m_furtherGroups;
+    /// Those that the last clean-up began with.
+    QList<DuplicateGroup> m_cleanedGroups;
+    /// Without those that were undone.
+    std::vector<Decision> m_decisions;
     std::map<QUuid, std::string> m_scanned;
     /// What has ever left undisturbed, and from where.
     std::set<Files::value_type> m_moved;
