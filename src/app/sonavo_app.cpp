@@ -10,7 +10,7 @@ namespace sonavo {
 
 SonavoApp::SonavoApp()
     : m_viewModel(m_desktop, std::make_shared<EventLoopPauses>(),
-                  groupColors(ThemeManager::shared()->currentTheme()))
+                  groupColors(ThemeManager::shared()->currentTheme()), std::make_shared<KnownDurations>())
     , m_appDelegate(&m_viewModel)
     , m_sceneDelegate(&m_viewModel)
 {}

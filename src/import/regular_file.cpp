@@ -12,11 +12,16 @@
 namespace sonavo {
 namespace {
 
-FileNote noteOf(const struct stat &status)
+qint64 nanoseconds(const struct timespec &time)
 {
     constexpr qint64 NANOSECONDS_PER_SECOND = 1'000'000'000;
-    return {status.st_dev, status.st_ino, status.st_size,
-            status.st_mtim.tv_sec * NANOSECONDS_PER_SECOND + status.st_mtim.tv_nsec};
+    return time.tv_sec * NANOSECONDS_PER_SECOND + time.tv_nsec;
+}
+
+FileVersion versionOf(const struct stat &status)
+{
+    return {{status.st_dev, status.st_ino, status.st_size, nanoseconds(status.st_mtim)},
+            nanoseconds(status.st_ctim)};
 }
 
 } // namespace
@@ -33,7 +38,7 @@ RegularFile::RegularFile(QString path, ReadCounter *counter)
     // The name can have been given to another file in between.
     if (m_descriptor >= 0 && (::fstat(m_descriptor, &status) != 0 || !S_ISREG(status.st_mode)))
         close();
-    m_note = noteOf(status);
+    m_version = versionOf(status);
 }
 
 RegularFile::~RegularFile()

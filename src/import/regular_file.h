@@ -16,6 +16,17 @@ namespace sonavo {
 /// hanging.
 using ReadCounter = std::atomic<quint64>;
 
+/// What a file system reports of a file that is open. Equal ones show the same file with the same content,
+/// as far as the file system can tell.
+struct FileVersion
+{
+    FileNote note = {};
+    /// Time of the last change of content, names, owner or permissions, in nanoseconds since the epoch.
+    qint64 changed = 0;
+
+    friend bool operator==(const FileVersion &, const FileVersion &) = default;
+};
+
 /// A regular file, open for reading. Opening follows links, never waits for the writer of a pipe and never
 /// touches a device. Any thread may use it, but only one at a time.
 class RegularFile
@@ -32,9 +43,9 @@ public:
     [[nodiscard]] const QString &path() const { return m_path; }
 
     /// What the file was when it was opened.
-    [[nodiscard]] const FileNote &note() const { return m_note; }
+    [[nodiscard]] const FileVersion &version() const { return m_version; }
     /// Size in bytes when the file was opened.
-    [[nodiscard]] qint64 size() const { return m_note.size; }
+    [[nodiscard]] qint64 size() const { return m_version.note.size; }
 
     /// Waits for the disk.
     /// @param offset bytes from the start of the file
@@ -47,7 +58,7 @@ private:
     const QString m_path;
     ReadCounter *const m_counter;
     int m_descriptor = -1;
-    FileNote m_note;
+    FileVersion m_version;
 };
 
 } // namespace sonavo

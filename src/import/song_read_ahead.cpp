@@ -19,8 +19,9 @@ constexpr std::size_t MAX_BATCHES = 40;
 class SongReadAhead::Batch
 {
 public:
-    explicit Batch(QStringList files)
+    Batch(QStringList files, std::shared_ptr<KnownDurations> known)
         : m_files(std::move(files))
+        , m_reading(std::make_shared<Reading>(std::move(known)))
         , m_task([reading = m_reading, list = m_files](const std::stop_token &stop) {
             return reading->readAll(list, stop);
         })
@@ -57,12 +58,16 @@ private:
     /// Shared by the thread that reads and the one that checks for progress.
     struct Reading
     {
+        explicit Reading(std::shared_ptr<KnownDurations> knownDurations)
+            : known(std::move(knownDurations))
+        {}
+
         Results readAll(const QStringList &files, const std::stop_token &stop)
         {
             for (const QString &file : files) {
                 if (stop.stop_requested())
                     break;
-                const std::optional<AudioFileInfo> info = readAudioFile(file, stop, &reads);
+                const std::optional<AudioFileInfo> info = readAudioFile(file, stop, &reads, known.get());
                 const std::lock_guard lock(mutex);
                 results.append(info);
                 ++reads;
@@ -76,20 +81,23 @@ private:
             return results;
         }
 
+        const std::shared_ptr<KnownDurations> known;
         std::mutex mutex;
         Results results;
         ReadCounter reads = 0;
     };
 
     const QStringList m_files;
-    const std::shared_ptr<Reading> m_reading = std::make_shared<Reading>();
+    const std::shared_ptr<Reading> m_reading;
     DiskTask<Results> m_task;
     AnswerWatch m_watch;
 };
 
-SongReadAhead::SongReadAhead(QStringList files, std::stop_token stop, std::chrono::milliseconds timeout)
+SongReadAhead::SongReadAhead(QStringList files, std::stop_token stop, std::shared_ptr<KnownDurations> known,
+                             std::chrono::milliseconds timeout)
     : m_files(std::move(files))
     , m_stop(std::move(stop))
+    , m_known(std::move(known))
     , m_onStop(m_stop, [this] {
         for (Batch &batch : m_batches)
             batch.abandon();
@@ -118,7 +126,7 @@ QFuture<SongReadAhead::Results> SongReadAhead::next()
 void SongReadAhead::startBatches()
 {
     while (m_nextFile < m_files.size() && m_batches.size() < MAX_BATCHES) {
-        m_batches.emplace_back(m_files.mid(m_nextFile, FILES_PER_BATCH));
+        m_batches.emplace_back(m_files.mid(m_nextFile, FILES_PER_BATCH), m_known);
         if (m_stop.stop_requested())
             m_batches.back().abandon();
         m_nextFile = std::min(m_nextFile + FILES_PER_BATCH, m_files.size());
@@ -135,7 +143,7 @@ void SongReadAhead::abandonHangingFiles()
         if (!batch->isHanging() || !DiskTaskState::canReplaceThread())
             continue;
         if (QStringList rest = batch->abandonHangingFile(); !rest.isEmpty())
-            m_batches.emplace(std::next(batch), std::move(rest));
+            m_batches.emplace(std::next(batch), std::move(rest), m_known);
     }
 }
 
@@ -150,7 +158,7 @@ quint64 SongReadAhead::readsSoFar() const
 void SongReadAhead::endReading()
 {
     if (m_nextFile < m_files.size())
-        m_batches.emplace_back(m_files.mid(std::exchange(m_nextFile, m_files.size())));
+        m_batches.emplace_back(m_files.mid(std::exchange(m_nextFile, m_files.size())), m_known);
     for (Batch &batch : m_batches)
         batch.abandonUnreadFiles();
 }

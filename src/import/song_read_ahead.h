@@ -28,8 +28,9 @@ public:
     /// requested.
     using Results = QList<std::optional<AudioFileInfo>>;
 
+    /// @param known asked before a file is read, and told its playing time; may be null
     /// @param timeout how long a single read may take
-    SongReadAhead(QStringList files, std::stop_token stop,
+    SongReadAhead(QStringList files, std::stop_token stop, std::shared_ptr<KnownDurations> known = {},
                   std::chrono::milliseconds timeout = AnswerWatch::TIMEOUT);
     ~SongReadAhead();
     Q_DISABLE_COPY_MOVE(SongReadAhead)
@@ -50,6 +51,7 @@ private:
 
     const QStringList m_files;
     const std::stop_token m_stop;
+    const std::shared_ptr<KnownDurations> m_known;
     /// Index of the first file that is in no batch yet.
     qsizetype m_nextFile = 0;
     /// Batches that are read or wait for a thread. The first one is handed out already when m_isFirstTaken.

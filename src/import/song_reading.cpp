@@ -7,6 +7,7 @@
 
 #include <sys/stat.h>
 
+#include <chrono>
 #include <utility>
 
 namespace sonavo {
@@ -53,21 +54,41 @@ QString folderNameOf(QStringView folder)
     return folder.isEmpty() ? QStringLiteral("/") : folder.sliced(folder.lastIndexOf(u'/') + 1).toString();
 }
 
+qint64 nanosecondsNow()
+{
+    const auto time = std::chrono::system_clock::now().time_since_epoch();
+    return std::chrono::nanoseconds(time).count();
+}
+
+std::optional<double> knownOrReadDuration(const RegularFile &file, const std::stop_token &stop,
+                                          KnownDurations *known)
+{
+    if (!known || !file.isOpen())
+        return readAudioDuration(file, stop);
+    if (const std::optional<double> duration = known->find(file.path(), file.version()))
+        return duration;
+    const qint64 opened = nanosecondsNow();
+    const std::optional<double> duration = readAudioDuration(file, stop);
+    if (duration)
+        known->add(file.path(), file.version(), opened, *duration);
+    return duration;
+}
+
 } // namespace
 
 std::optional<AudioFileInfo> readAudioFile(const QString &path, const std::stop_token &stop,
-                                           ReadCounter *counter)
+                                           ReadCounter *counter, KnownDurations *known)
 {
     if (pathExtension(path).compare(u"ds_store", Qt::CaseInsensitive) == 0)
         return std::nullopt;
     const RegularFile file(path, counter);
-    const std::optional<double> duration = readAudioDuration(file, stop);
+    const std::optional<double> duration = knownOrReadDuration(file, stop, known);
     if (!duration)
         return std::nullopt;
     const std::optional<qint64> size = entrySize(path);
     if (!size)
         return std::nullopt;
-    return AudioFileInfo{*duration, *size, file.note()};
+    return AudioFileInfo{*duration, *size, file.version().note};
 }
 
 Song SongBuilder::build(const QString &path, const AudioFileInfo &info)

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "import/known_durations.h"
 #include "import/regular_file.h"
 #include "model/file_note.h"
 #include "model/song.h"
@@ -26,9 +27,12 @@ struct AudioFileInfo
 /// Reads an audio file's playing time and size. Waits for the disk; any thread may call it.
 /// @param stop ends the reading before its next read
 /// @param counter incremented after every read, if given
+/// @param known asked before the file is read, and told its playing time, if given
 /// @return nothing when the file cannot be read as audio or stop was requested
-[[nodiscard]] std::optional<AudioFileInfo>
-readAudioFile(const QString &path, const std::stop_token &stop = {}, ReadCounter *counter = nullptr);
+[[nodiscard]] std::optional<AudioFileInfo> readAudioFile(const QString &path,
+                                                         const std::stop_token &stop = {},
+                                                         ReadCounter *counter = nullptr,
+                                                         KnownDurations *known = nullptr);
 
 /// Makes songs of audio files. Artist and title are the parts of the file name before and after its first
 /// hyphen; tags inside a file do not count. Songs that follow each other share the memory of equal artists,

@@ -10,13 +10,14 @@
 namespace sonavo {
 
 DuplicateViewModel::DuplicateViewModel(Desktop &desktop, const std::shared_ptr<Pauses> &pauses,
-                                       QList<Color> colors, QObject *parent)
+                                       QList<Color> colors, std::shared_ptr<KnownDurations> known,
+                                       QObject *parent)
     : QObject(parent)
     , m_desktop(desktop)
     , m_colors(std::move(colors))
     , m_notices(pauses)
     , m_preview(desktop)
-    , m_scan(m_library, m_notices, pauses)
+    , m_scan(m_library, m_notices, pauses, std::move(known))
     , m_importer(desktop, m_library, m_job, m_scan, m_notices)
     , m_cleanUp({desktop, m_library, m_preview, m_notices, m_scan, m_job}, pauses)
     , m_review({m_library, m_preview, m_notices, m_scan, m_job})

@@ -116,8 +116,9 @@ public:
 
     /// @param desktop must outlive the session
     /// @param colors background tints of the groups, one for each slot
+    /// @param known makes the next scan read only the files that have changed; may be null
     DuplicateViewModel(Desktop &desktop, const std::shared_ptr<Pauses> &pauses, QList<Color> colors,
-                       QObject *parent = nullptr);
+                       std::shared_ptr<KnownDurations> known = {}, QObject *parent = nullptr);
     /// Cancels nothing: what still runs notices that the session is gone.
     ~DuplicateViewModel() override;
 

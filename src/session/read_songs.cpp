@@ -13,11 +13,11 @@ constexpr std::chrono::milliseconds PAUSE{10};
 
 } // namespace
 
-QCoro::Task<std::optional<ReadSongs>> readSongs(QStringList files, std::shared_ptr<Pauses> pauses,
-                                                std::stop_token stop,
+QCoro::Task<std::optional<ReadSongs>> readSongs(QStringList files, std::shared_ptr<KnownDurations> known,
+                                                std::shared_ptr<Pauses> pauses, std::stop_token stop,
                                                 std::function<void(qint64 processed)> reportProgress)
 {
-    SongReadAhead readAhead(files, stop);
+    SongReadAhead readAhead(files, stop, known);
     ReadSongs result;
     result.songs.reserve(files.size());
     result.notes.reserve(files.size());

@@ -116,11 +116,13 @@ private:
     std::stop_token m_stop;
 };
 
-Scan::Scan(Library &library, Notices &notices, std::shared_ptr<Pauses> pauses, QObject *parent)
+Scan::Scan(Library &library, Notices &notices, std::shared_ptr<Pauses> pauses,
+           std::shared_ptr<KnownDurations> known, QObject *parent)
     : QObject(parent)
     , m_library(library)
     , m_notices(notices)
     , m_pauses(std::move(pauses))
+    , m_known(std::move(known))
 {}
 
 Scan::~Scan()
@@ -134,7 +136,10 @@ void Scan::start(QList<QUrl> urls)
     m_stop = std::stop_source();
     const Run run(this, m_stop.get_token());
     QMetaObject::invokeMethod(
-        this, [run, items = std::move(urls), pauses = m_pauses] { scan(run, items, pauses); },
+        this,
+        [run, items = std::move(urls), known = m_known, pauses = m_pauses] {
+            scan(run, items, known, pauses);
+        },
         Qt::QueuedConnection);
     run.update([](State &state) {
         state.isRunning = true;
@@ -149,7 +154,8 @@ void Scan::reset()
     set({});
 }
 
-QCoro::Task<> Scan::scan(Run run, QList<QUrl> urls, std::shared_ptr<Pauses> pauses)
+QCoro::Task<> Scan::scan(Run run, QList<QUrl> urls, std::shared_ptr<KnownDurations> known,
+                         std::shared_ptr<Pauses> pauses)
 {
     if (!run.showStep(0.0, QStringLiteral("Step 1/4: Discovering audio files...")))
         co_return;
@@ -171,7 +177,7 @@ QCoro::Task<> Scan::scan(Run run, QList<QUrl> urls, std::shared_ptr<Pauses> paus
             QStringLiteral("Step 1/4: Processing audio files (%1 of %2)").arg(processed).arg(total));
     };
     std::optional<ReadSongs> read =
-        co_await readSongs(std::exchange(files, {}), pauses, run.stop(), showProgress);
+        co_await readSongs(std::exchange(files, {}), known, pauses, run.stop(), showProgress);
     if (!read)
         co_return;
     run.publishSongs(*read);
@@ -194,7 +200,11 @@ QCoro::Task<> Scan::scan(Run run, QList<QUrl> urls, std::shared_ptr<Pauses> paus
     QList<DuplicateGroup> groups =
         co_await analyzeDuplicates(read->songs, pauses, runInBackground, run.stop(), showAnalysis);
     FileNotes notes;
-    co_await runInBackground([&] { notes = notesOfMembers(groups, *read); });
+    co_await runInBackground([&] {
+        notes = notesOfMembers(groups, *read);
+        if (known && !run.stop().stop_requested())
+            known->forgetUnused();
+    });
     run.publishGroups(groups, notes);
     run.end(1.0);
     // A cancelled scan is the last to hold them.

@@ -1,6 +1,7 @@
 #pragma once
 
 #include "analysis/pauses.h"
+#include "import/known_durations.h"
 #include "session/library.h"
 #include "session/notices.h"
 
@@ -39,7 +40,9 @@ public:
 
     /// @param library receives the songs once all are read, and then the groups; must outlive the scan
     /// @param notices told when nothing was found; must outlive the scan
-    Scan(Library &library, Notices &notices, std::shared_ptr<Pauses> pauses, QObject *parent = nullptr);
+    /// @param known makes the next scan read only the files that have changed; may be null
+    Scan(Library &library, Notices &notices, std::shared_ptr<Pauses> pauses,
+         std::shared_ptr<KnownDurations> known = {}, QObject *parent = nullptr);
     /// Cancels a running scan.
     ~Scan() override;
     Q_DISABLE_COPY_MOVE(Scan)
@@ -59,12 +62,14 @@ Q_SIGNALS:
 private:
     class Run;
 
-    static QCoro::Task<> scan(Run run, QList<QUrl> urls, std::shared_ptr<Pauses> pauses);
+    static QCoro::Task<> scan(Run run, QList<QUrl> urls, std::shared_ptr<KnownDurations> known,
+                              std::shared_ptr<Pauses> pauses);
     void set(State state);
 
     Library &m_library;
     Notices &m_notices;
     const std::shared_ptr<Pauses> m_pauses;
+    const std::shared_ptr<KnownDurations> m_known;
     State m_state;
     /// Cancels the running scan, or the last one.
     std::stop_source m_stop{std::nostopstate};

@@ -19,7 +19,7 @@ using namespace std::chrono_literals;
 /// Which files can be read.
 std::vector<bool> readAll(const QStringList &files, std::chrono::milliseconds timeout)
 {
-    SongReadAhead readAhead(files, {}, timeout);
+    SongReadAhead readAhead(files, {}, {}, timeout);
     std::vector<bool> readable;
     while (readAhead.hasMore()) {
         const QFuture<SongReadAhead::Results> results = readAhead.next();
@@ -174,13 +174,13 @@ TEST_F(HangingDiskTest, CanBeStoppedOrDestroyedWithoutWaiting)
 {
     const QStringList songs = files({false, false, false});
     std::stop_source stop;
-    SongReadAhead stopped(songs, stop.get_token(), 1h);
+    SongReadAhead stopped(songs, stop.get_token(), {}, 1h);
     const QFuture<SongReadAhead::Results> results = stopped.next();
     EXPECT_TRUE(QTest::qWaitFor([this] { return m_disk.hangingReads() == 1; }));
     stop.request_stop();
     EXPECT_TRUE(results.isFinished());
 
-    auto gone = std::make_unique<SongReadAhead>(songs, std::stop_token(), 1h);
+    auto gone = std::make_unique<SongReadAhead>(songs, std::stop_token(), nullptr, 1h);
     const QFuture<SongReadAhead::Results> nothing = gone->next();
     EXPECT_TRUE(QTest::qWaitFor([this] { return m_disk.hangingReads() == 2; }));
     gone.reset();

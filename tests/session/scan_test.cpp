@@ -7,6 +7,7 @@
 #include <gmock/gmock.h>
 
 #include <functional>
+#include <limits>
 #include <string>
 #include <vector>
 
@@ -21,10 +22,11 @@ struct ScanSession
 {
     explicit ScanSession(const std::shared_ptr<Pauses> &pauses)
         : notices(pauses)
-        , scan(library, notices, pauses)
+        , scan(library, notices, pauses, known)
     {}
     Library library;
     Notices notices;
+    const std::shared_ptr<KnownDurations> known = std::make_shared<KnownDurations>();
     Scan scan;
 };
 
@@ -121,6 +123,28 @@ TEST_F(ScanTest, PublishesItsStepsInOrderSongsInThatOfTheFilesAndNotesOfThoseInG
                             "running 0.05 250/250 Step 1/4: Grouping by exact title...",
                             "running 1 250/250 Step 4/4: Deep comparison of remaining songs...", "1 groups",
                             "idle 1 250/250 "));
+}
+
+TEST_F(ScanTest, TakesThePlayingTimesThatTheLastScanLeftUntilOneOfOtherFiles)
+{
+    const MusicFolder folder;
+    const MusicFolder other;
+    for (const MusicFolder *music : {&folder, &other})
+        music->addSong(u"Ada - One.flac"_s);
+    const QString path = folder.pathOf(u"Ada - One.flac"_s);
+    const FileVersion version = RegularFile(path).version();
+    constexpr double KNOWN = 77.0;
+    session->known->add(path, version, std::numeric_limits<qint64>::max(), KNOWN);
+    std::vector<QUuid> ids;
+    for (int run = 0; run < 2; ++run) {
+        scan(folder.urls());
+        ASSERT_EQ(session->library.songs().size(), 1);
+        EXPECT_EQ(session->library.songs().front().duration, KNOWN);
+        ids.push_back(session->library.songs().front().id);
+    }
+    EXPECT_NE(ids[0], ids[1]);
+    scan(other.urls());
+    EXPECT_FALSE(session->known->find(path, version));
 }
 
 /// A scan that makes every kind of change and pause, and those that end in an alert.
