@@ -1,7 +1,15 @@
 #include "analysis/duplicate_finder.h"
+#include "bench/bench_window.h"
+#include "bench/cold_reading.h"
+#include "bench/goal.h"
+#include "bench/song_files.h"
 #include "generators/library_files.h"
 #include "generators/library_generator.h"
+#include "import/song_reading.h"
 
+#include <QApplication>
+#include <QDir>
+#include <QFileInfo>
 #include <QTemporaryDir>
 
 #include <fcntl.h>
@@ -14,11 +22,13 @@
 #include <cstdio>
 #include <cstdlib>
 #include <exception>
+#include <functional>
 #include <optional>
 #include <span>
 #include <stdexcept>
 #include <string>
 #include <string_view>
+#include <utility>
 #include <vector>
 
 namespace sonavo {
@@ -29,6 +39,7 @@ using Seconds = std::chrono::duration<double>;
 /// Figures of a library on disk.
 struct LibraryStats
 {
+    std::size_t songs = 0;
     /// Length of all paths together, in bytes.
     std::size_t pathBytes = 0;
     /// Batches of songs that the analysis compares by artist and title.
@@ -47,14 +58,24 @@ std::size_t countBatches(const QList<Song> &songs)
     return batches;
 }
 
-LibraryStats write(const LibraryPlan &plan, LibraryFiles files)
+LibraryStats statsOf(const QList<Song> &songs)
 {
-    const QList<Song> songs = writeLibrary(generateLibrary(plan), files);
     LibraryStats stats;
     for (const Song &song : songs)
         stats.pathBytes += static_cast<std::size_t>(song.path.toUtf8().size());
+    stats.songs = static_cast<std::size_t>(songs.size());
     stats.batches = countBatches(songs);
     return stats;
+}
+
+QList<Song> load(const QStringList &paths)
+{
+    QList<Song> songs;
+    for (const QString &path : paths) {
+        if (std::optional<Song> song = loadSong(path))
+            songs.append(std::move(*song));
+    }
+    return songs;
 }
 
 int exitStatusOf(int status)
@@ -63,7 +84,7 @@ int exitStatusOf(int status)
 }
 
 /// Writes a library in a process of its own: peak memory is inherited from the process that starts a program.
-LibraryStats writeInChildProcess(const LibraryPlan &plan, LibraryFiles files)
+LibraryStats writeInChildProcess(const std::function<QList<Song>()> &write)
 {
     int ends[2];
     if (::pipe(ends) != 0)
@@ -71,7 +92,7 @@ LibraryStats writeInChildProcess(const LibraryPlan &plan, LibraryFiles files)
     const pid_t writer = ::fork();
     if (writer == 0) {
         try {
-            const LibraryStats stats = write(plan, files);
+            const LibraryStats stats = statsOf(write());
             ::_exit(::write(ends[1], &stats, sizeof stats) == sizeof stats ? EXIT_SUCCESS : EXIT_FAILURE);
         } catch (const std::exception &error) {
             std::fprintf(stderr, "%s\n", error.what());
@@ -102,8 +123,9 @@ Seconds secondsOf(const struct timeval &time)
     return std::chrono::seconds(time.tv_sec) + std::chrono::microseconds(time.tv_usec);
 }
 
-/// Runs the program's report on a folder, without its output.
-Run runReport(const char *program, const std::string &folder)
+/// Runs a program to its end, without its output.
+/// @param option "--report" or "window"
+Run run(const char *program, const char *option, const std::string &folder)
 {
     const auto start = std::chrono::steady_clock::now();
     const pid_t child = ::fork();
@@ -111,7 +133,7 @@ Run runReport(const char *program, const std::string &folder)
         const int devNull = ::open("/dev/null", O_WRONLY);
         ::dup2(devNull, STDOUT_FILENO);
         ::dup2(devNull, STDERR_FILENO);
-        ::execl(program, program, "--report", folder.c_str(), nullptr);
+        ::execl(program, program, option, folder.c_str(), nullptr);
         ::_exit(EXIT_FAILURE);
     }
     int status = 0;
@@ -130,39 +152,113 @@ Seconds pausesOf(std::size_t songs, std::size_t batches)
     return 200ms + songs / 200 * 10ms + 4 * 100ms + (batches - 1) * 10ms;
 }
 
-void measure(const char *program, LibraryPlan plan, LibraryFiles files, int runs)
+/// Runs a program several times; a first run warms up the caches.
+std::vector<Run> runSorted(const char *program, const char *option, const std::string &folder)
+{
+    constexpr int RUNS = 3;
+    std::vector<Run> runs;
+    for (int i = 0; i <= RUNS; ++i)
+        runs.push_back(run(program, option, folder));
+    runs.erase(runs.begin());
+    std::sort(runs.begin(), runs.end(), [](const Run &a, const Run &b) { return a.time < b.time; });
+    return runs;
+}
+
+struct Library
+{
+    std::string name;
+    /// Writes it into a folder.
+    std::function<QList<Song>(const QString &folder)> write;
+    /// Times the pauses.
+    double goal = 0.0;
+    /// Megabytes.
+    std::optional<double> memoryGoal;
+};
+
+void measure(const char *program, const char *option, const Library &library, const QString &folder,
+             const LibraryStats &stats)
+{
+    const Seconds pauses = pausesOf(stats.songs, stats.batches);
+    const std::vector<Run> runs = runSorted(program, option, folder.toStdString());
+    const Run &median = runs[runs.size() / 2];
+    const std::string name = library.name + ", " + (option[0] == '-' ? "report" : option);
+    printFigure((name + ", CPU time of all cores").c_str(), median.cpuTime.count(), "s");
+    printFigure((name + ", median").c_str(), median.time.count(), "s");
+    printGoal((name + " / its pauses").c_str(), median.time / pauses, "", library.goal);
+    if (library.memoryGoal) {
+        const auto isLess = [](const Run &a, const Run &b) { return a.peakMemory < b.peakMemory; };
+        const double peak = std::max_element(runs.begin(), runs.end(), isLess)->peakMemory;
+        printGoal((name + ", peak memory").c_str(), peak / 1e6, "MB", *library.memoryGoal);
+    }
+}
+
+/// The report, and the window where memory does not matter.
+void measure(const char *program, const Library &library)
 {
     const QTemporaryDir folder;
-    if (!folder.isValid())
+    const QString music = folder.filePath(QStringLiteral("music"));
+    if (!folder.isValid() || !QDir().mkpath(music))
         throw std::runtime_error("cannot create a temporary folder");
-    plan.root = folder.path();
-    std::fprintf(stderr, "Writing %zu songs\n", plan.songs);
-    const LibraryStats stats = writeInChildProcess(plan, files);
+    std::fprintf(stderr, "Writing %s\n", library.name.c_str());
+    const LibraryStats stats = writeInChildProcess([&] { return library.write(music); });
+    std::printf("%s: paths of %.0f bytes, pauses of %.2f s\n", library.name.c_str(),
+                static_cast<double>(stats.pathBytes) / static_cast<double>(stats.songs),
+                pausesOf(stats.songs, stats.batches).count());
+    measure(program, "--report", library, music, stats);
+    measure("/proc/self/exe", "window", library, music, stats);
+}
 
-    const std::string root = folder.path().toStdString();
-    // A first run warms up the caches.
-    if (runs > 1)
-        static_cast<void>(runReport(program, root));
-    std::vector<Run> results;
-    results.reserve(static_cast<std::size_t>(runs));
-    for (int i = 0; i < runs; ++i)
-        results.push_back(runReport(program, root));
-    std::sort(results.begin(), results.end(), [](const Run &a, const Run &b) { return a.time < b.time; });
-    const Run &median = results[results.size() / 2];
-    const double peak = std::max_element(results.begin(), results.end(), [](const Run &a, const Run &b) {
-                            return a.peakMemory < b.peakMemory;
-                        })->peakMemory;
+Library linkedLibrary(const std::string &name, std::size_t songs, const QList<SongKind> &kinds, double goal)
+{
+    return {std::to_string(songs) + ' ' + name,
+            [=](const QString &folder) {
+                const QList<Song> names = generateLibrary({.songs = songs, .root = folder});
+                return load(linkSongs(names, QFileInfo(folder).path(), kinds));
+            },
+            goal, std::nullopt};
+}
 
-    const Seconds pauses = pausesOf(plan.songs, stats.batches);
-    std::printf("%zu %s, paths of %.0f bytes, runs: %d\n", plan.songs,
-                files == LibraryFiles::Linked ? "links" : "files",
-                static_cast<double>(stats.pathBytes) / static_cast<double>(plan.songs), runs);
-    std::printf("report, median            %8.3f s (%.3f to %.3f)\n", median.time.count(),
-                results.front().time.count(), results.back().time.count());
-    std::printf("the pauses of its scan    %8.3f s\n", pauses.count());
-    std::printf("report / pauses           %8.3f\n", median.time / pauses);
-    std::printf("CPU time of all cores     %8.3f s\n", median.cpuTime.count());
-    std::printf("peak resident memory      %8.1f MB\n", peak / 1e6);
+Library smallLibrary(std::size_t songs)
+{
+    return {std::to_string(songs) + " small files",
+            [songs](const QString &folder) {
+                return writeLibrary(generateLibrary({.songs = songs, .root = folder, .pathLength = 100}),
+                                    LibraryFiles::Linked);
+            },
+            1.15, 400.0};
+}
+
+/// Reads separate files of 4 MB from the disk.
+void measureCold(int argc, char **argv)
+{
+    constexpr int FILES = 400;
+    constexpr double GOAL = 1.1;
+    const QCoreApplication application(argc, argv);
+    const QTemporaryDir folder;
+    const QStringList links =
+        linkSongs(generateLibrary({.songs = FILES, .root = folder.path() + QStringLiteral("/links")}),
+                  folder.path(), allKinds());
+    QStringList files;
+    for (const QString &link : links) {
+        files +=
+            QStringLiteral("%1/%2.%3").arg(folder.path()).arg(files.size()).arg(QFileInfo(link).suffix());
+        if (!QFile::copy(link, files.back()))
+            throw std::runtime_error("cannot copy " + link.toStdString());
+    }
+    const ColdTimes times = measureColdReading(files);
+    printFigure("400 files of all kinds, cold, reading", times.reading, "s");
+    printGoal("400 files of all kinds, cold / reading the same bytes", times.reading / times.sameBytes, "",
+              GOAL);
+    printFigure("400 files of all kinds, cold, unchanged since the last scan", times.known, "s");
+}
+
+void showInWindow(int argc, char **argv, const char *folder)
+{
+    useOffscreenWindows();
+    const QTemporaryDir settings;
+    qputenv("XDG_CONFIG_HOME", QFile::encodeName(settings.path()));
+    const QApplication application(argc, argv);
+    BenchWindow().showResults(QFile::decodeName(folder));
 }
 
 } // namespace
@@ -173,18 +269,20 @@ int main(int argc, char **argv)
     using namespace sonavo;
     const std::span arguments(argv, static_cast<std::size_t>(argc));
     const std::string_view kind = arguments.size() > 1 ? arguments[1] : "";
-    if (arguments.size() < 3 || arguments.size() > 4 || (kind != "import" && kind != "memory")) {
-        std::fprintf(stderr, "usage: bench_import import|memory PROGRAM [SONGS]\n");
+    if (arguments.size() != 3 || (kind != "import" && kind != "memory" && kind != "window")) {
+        std::fprintf(stderr, "usage: bench_import import|memory PROGRAM\n");
         return EXIT_FAILURE;
     }
     try {
-        const std::optional<std::size_t> songs =
-            arguments.size() > 3 ? std::optional(std::stoul(arguments[3])) : std::nullopt;
-        if (kind == "import")
-            measure(arguments[2], {.songs = songs.value_or(100'000)}, LibraryFiles::Separate, 5);
-        else
-            measure(arguments[2], {.songs = songs.value_or(500'000), .pathLength = 100}, LibraryFiles::Linked,
-                    1);
+        if (kind == "window") {
+            showInWindow(argc, argv, arguments[2]);
+        } else if (kind == "memory") {
+            measure(arguments[2], smallLibrary(500'000));
+        } else {
+            measure(arguments[2], linkedLibrary("files of all kinds", 100'000, allKinds(), 1.25));
+            measure(arguments[2], linkedLibrary("old MP3s", 10'000, {SongKind::OldMp3}, 1.15));
+            measureCold(argc, argv);
+        }
     } catch (const std::exception &error) {
         std::fprintf(stderr, "%s\n", error.what());
         return EXIT_FAILURE;

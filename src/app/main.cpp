@@ -6,6 +6,8 @@
 
 #include <QCoreApplication>
 
+#include <malloc.h>
+
 #include <chrono>
 #include <cstdio>
 #include <variant>
@@ -31,6 +33,9 @@ int main(int argc, char *argv[])
 {
     using namespace sonavo;
 
+    // The default of glibc, but fixed: when it grows, large blocks that are freed stay with the process.
+    constexpr int LARGE_BLOCK = 128 * 1024;
+    ::mallopt(M_MMAP_THRESHOLD, LARGE_BLOCK);
     useUtf8Locale();
     QCoreApplication::setApplicationName(QStringLiteral("sonavo"));
     QCoreApplication::setApplicationVersion(QStringLiteral(SONAVO_VERSION));

@@ -1,0 +1,48 @@
+#pragma once
+
+#include "actions/headless_desktop.h"
+#include "session/duplicate_view_model.h"
+
+#include <QElapsedTimer>
+#include <QQmlApplicationEngine>
+#include <QQuickItem>
+#include <QQuickWindow>
+#include <QString>
+
+#include <cstddef>
+#include <vector>
+
+namespace sonavo {
+
+/// Qt on the software renderer, without a screen. To be called before there is a QApplication.
+void useOffscreenWindows();
+
+/// The real window with a session of its own. Needs a QApplication.
+class BenchWindow
+{
+public:
+    BenchWindow();
+
+    /// Scans a folder and shows the result.
+    /// @return milliseconds from the groups to the first frame that shows them
+    double showResults(const QString &folder);
+
+    /// Scrolls from the first row to the last.
+    /// @return milliseconds of each frame
+    [[nodiscard]] std::vector<double> scroll(int frames);
+
+    [[nodiscard]] std::size_t itemCount() const;
+
+private:
+    void waitForFrame();
+    [[nodiscard]] QQuickItem *list() const;
+
+    HeadlessDesktop m_desktop;
+    DuplicateViewModel m_session;
+    QQmlApplicationEngine m_engine;
+    QQuickWindow *m_window = nullptr;
+    QElapsedTimer m_sinceGroups;
+    int m_frames = 0;
+};
+
+} // namespace sonavo
