@@ -5,6 +5,10 @@
 # The project's folder.
 root=$(cd -- "$(dirname -- "${BASH_SOURCE[0]}")/.." && pwd)
 
+# The time that resources and packages carry instead of that of the build, so that the same source gives the same bytes.
+SOURCE_DATE_EPOCH=$(date --utc --date "$(grep -oP 'SONAVO_RELEASE_DATE \K[0-9-]+' "$root/packaging/CMakeLists.txt")" +%s)
+export SOURCE_DATE_EPOCH
+
 BUILD_PACKAGES=(
     g++ cmake ninja-build pkg-config
     qt6-base-dev qcoro-qt6-dev
