@@ -32,6 +32,8 @@ check_installation() {
     quietly "$tree/install.log" cmake --install "$tree" --prefix "$tree/installed/usr"
     desktop-file-validate "$tree"/installed/usr/share/applications/*.desktop
     # Without network: the pictures' addresses are not checked.
+    quietly "$tree/appstream.log" appstreamcli validate --pedantic --no-net \
+        "$tree"/installed/usr/share/metainfo/*.xml
     quietly "$tree/appstream.log" appstreamcli validate-tree --no-net "$tree/installed"
 }
 

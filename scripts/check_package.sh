@@ -1,13 +1,31 @@
 #!/usr/bin/env bash
-# Checks the Debian package in a minimal system of this machine's release: apt alone installs it with all that it needs,
-# the report works, and so do the window and playback, on a virtual screen and a sound server without a device. Takes
-# root, and some five minutes.
+# Checks the Debian package in minimal systems: it builds in one with nothing but what the build installs, apt alone
+# installs it in another with all that it needs, the report works, and so do the window and playback, on a virtual screen
+# and a sound server without a device. Tries what is committed. Takes root, and some fifteen minutes.
+#
+#     scripts/check_package.sh [bookworm|trixie]
+#
+# Without a codename it is this machine's release.
 set -euo pipefail
 source "$(dirname -- "${BASH_SOURCE[0]}")/prepare.sh"
 source "$root/scripts/minimal_root.sh"
 
-package=$("$root/scripts/package.sh")
-use_minimal_root ""
+codename=${1-}
+install_packages git
+use_minimal_root "$codename"
+
+echo "== building"
+checkout=/srv/user/sonavo
+mkdir "$system$checkout"
+git -C "$root" archive HEAD | tar --extract --directory "$system$checkout"
+chroot "$system" chown -R user: /srv/user
+package=$(inside "$system" "$checkout/scripts/package.sh" 2>"$system/package.log") ||
+    { tail -n 30 "$system/package.log"; exit 1; }
+mkdir -p "$root/build"
+cp "$system$package" "$root/build/"
+package=$root/build/${package##*/}
+rm -rf --one-file-system "$system"
+new_minimal_root "$system" "$codename"
 
 home=$system/srv/user
 cp "$package" "$home/sonavo.deb"
@@ -23,7 +41,8 @@ install_inside() {
 echo "== installing"
 inside "$system" sudo apt-get update >/dev/null
 install_inside ./sonavo.deb
-inside "$system" bash -c 'sonavo --version && test -e /usr/share/applications/org.sonavo.Sonavo.desktop'
+inside "$system" bash -c 'sonavo --version && test -e /usr/share/applications/org.sonavo.Sonavo.desktop &&
+    grep "^Exec=/usr/bin/sonavo$" /usr/share/dbus-1/services/org.sonavo.Sonavo.service'
 
 echo "== report"
 inside "$system" sonavo --report Music | grep '6 groups'

@@ -5,10 +5,14 @@
 # The project's folder.
 root=$(cd -- "$(dirname -- "${BASH_SOURCE[0]}")/.." && pwd)
 
+# The time that resources and packages carry instead of that of the build, so that the same source gives the same bytes.
+SOURCE_DATE_EPOCH=$(date --utc --date "$(grep -oP 'SONAVO_RELEASE_DATE \K[0-9-]+' "$root/packaging/CMakeLists.txt")" +%s)
+export SOURCE_DATE_EPOCH
+
 BUILD_PACKAGES=(
     g++ cmake ninja-build pkg-config
     qt6-base-dev qcoro-qt6-dev
-    qt6-declarative-dev qt6-declarative-dev-tools qt6-svg-dev qt6-qpa-plugins
+    qt6-declarative-dev qt6-declarative-dev-tools qt6-svg-dev qt6-qpa-plugins qt6-wayland
     qml6-module-qtquick qml6-module-qtquick-controls qml6-module-qtquick-layouts
     qml6-module-qtquick-templates qml6-module-qtquick-window qml6-module-qtqml qml6-module-qtqml-models
     qml6-module-qtqml-workerscript qml6-module-qt-labs-qmlmodels
@@ -26,7 +30,7 @@ TEST_PACKAGES=(
     # The compiler, the runtime and the symbolizer of the sanitizers. The other build uses g++.
     clang libclang-rt-dev llvm
     # A desktop for the program's window: screen, window manager, and mouse.
-    xvfb openbox xdotool dbus-daemon
+    xvfb openbox xdotool dbus-daemon weston
     # Turns accessibility on in windows without a desktop.
     qt6-base-private-dev
     desktop-file-utils appstream

@@ -7,6 +7,7 @@
 #include <sys/syscall.h>
 
 #include <mutex>
+#include <set>
 #include <utility>
 #include <vector>
 
@@ -29,8 +30,14 @@ public:
     /// @return whether this process may do that
     [[nodiscard]] bool start()
     {
-        return m_listener.start({SYS_pread64, SYS_getdents64},
+        return m_listener.start({SYS_pread64, SYS_getdents64, SYS_socket},
                                 [this](const seccomp_notif &call) { handle(call); });
+    }
+    /// The address families of the sockets that were made, as AF_UNIX.
+    [[nodiscard]] std::set<int> socketFamilies()
+    {
+        const std::lock_guard lock(m_mutex);
+        return m_socketFamilies;
     }
 
     /// How many reads hang now.
@@ -51,6 +58,12 @@ public:
 private:
     void handle(const seccomp_notif &call)
     {
+        if (call.data.nr == SYS_socket) {
+            const std::lock_guard lock(m_mutex);
+            m_socketFamilies.insert(static_cast<int>(call.data.args[0]));
+            m_listener.letThrough(call.id);
+            return;
+        }
         const QString link = QStringLiteral("/proc/%1/fd/%2").arg(call.pid).arg(call.data.args[0]);
         const bool isMarked = QFile::encodeName(QFile::symLinkTarget(link)).endsWith(m_marker);
         const std::lock_guard lock(m_mutex);
@@ -63,6 +76,7 @@ private:
     const QByteArray m_marker;
     bool m_answers = false;
     std::vector<quint64> m_held;
+    std::set<int> m_socketFamilies;
     std::mutex m_mutex;
     SystemCallListener m_listener;
 };

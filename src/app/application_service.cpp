@@ -91,7 +91,9 @@ void ApplicationService::ActivateAction(const QString & /*name*/, const QVariant
 
 void ApplicationService::handle(const OpenRequest &request)
 {
-    if (!m_handler || !m_handler(request))
+    if (!m_handler) // the window is about to go
+        sendErrorReply(QDBusError::ServiceUnknown);
+    else if (!m_handler(request))
         sendErrorReply(BUSY_ERROR, QStringLiteral("files are being moved"));
 }
 

@@ -44,13 +44,13 @@ public:
 
     void setHandler(Handler handler) { m_handler = std::move(handler); }
 
-public Q_SLOTS:
     // Called over the bus; the names are those of the interface.
     // NOLINTBEGIN(readability-identifier-naming)
-    void Activate(const QVariantMap &platformData);
-    void Open(const QStringList &uris, const QVariantMap &platformData);
+    Q_SLOT void Activate(const QVariantMap &platformData);
+    Q_SLOT void Open(const QStringList &uris, const QVariantMap &platformData);
     /// There are no actions.
-    void ActivateAction(const QString &name, const QVariantList &parameters, const QVariantMap &platformData);
+    Q_SLOT void ActivateAction(const QString &name, const QVariantList &parameters,
+                               const QVariantMap &platformData);
     // NOLINTEND(readability-identifier-naming)
 
 private:

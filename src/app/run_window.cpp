@@ -11,6 +11,8 @@
 #include <QStyleFactory>
 #include <QWindow>
 
+#include <unistd.h>
+
 #include <algorithm>
 #include <array>
 #include <cstdio>
@@ -28,6 +30,16 @@ bool hasDisplay()
     constexpr std::array VARIABLES{"DISPLAY", "WAYLAND_DISPLAY", "QT_QPA_PLATFORM"};
     return std::any_of(VARIABLES.begin(), VARIABLES.end(),
                        [](const char *variable) { return !qEnvironmentVariableIsEmpty(variable); });
+}
+
+/// For the time in which the application is created: if none of the displays that are named works, Qt warns
+/// at length and then crashes.
+void handleStartMessage(QtMsgType type, const QMessageLogContext & /*context*/, const QString & /*message*/)
+{
+    if (type != QtFatalMsg)
+        return;
+    std::fputs("sonavo: no window can be opened on this display; --report needs none\n", stderr);
+    ::_exit(static_cast<int>(ExitStatus::NoWindow));
 }
 
 /// Makes this process the one whose window others use, or leaves the request to the one that is.
@@ -67,7 +79,9 @@ ExitStatus runWindow(int &argc, char **argv, const WindowRequest &request)
         return *status;
     // For the file dialogs: unlike the style of some desktops, this one takes the theme's colours.
     QApplication::setStyle(QStyleFactory::create(QStringLiteral("Fusion")));
+    qInstallMessageHandler(handleStartMessage);
     const QApplication application(argc, argv);
+    qInstallMessageHandler(nullptr);
     QApplication::setApplicationDisplayName(QStringLiteral("Sonavo"));
     QApplication::setDesktopFileName(QStringLiteral("org.sonavo.Sonavo"));
     QApplication::setWindowIcon(QIcon(QStringLiteral(":/qt/qml/Sonavo/icons/logo.svg")));

@@ -29,11 +29,10 @@ Q_SIGNALS:
     /// @param activationToken with which a window may come to the front; empty where the desktop has none
     void activated(const QString &activationToken);
 
-private Q_SLOTS:
-    void keepToken(uint id, const QString &token);
-    void activate(uint id, const QString &action);
-
 private:
+    Q_SLOT void keepToken(uint id, const QString &token);
+    Q_SLOT void activate(uint id, const QString &action);
+
     QDBusConnection m_bus;
     /// 0 without one.
     uint m_id = 0;

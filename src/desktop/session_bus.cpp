@@ -34,7 +34,7 @@ QThreadPool &connectPool()
 /// @return empty when there is none; libdbus would start a bus then
 QByteArray busAddress()
 {
-    if (const QByteArray named = qgetenv("DBUS_SESSION_BUS_ADDRESS"); !named.isEmpty())
+    if (QByteArray named = qgetenv("DBUS_SESSION_BUS_ADDRESS"); !named.isEmpty())
         return named;
     const QByteArray usual = qgetenv("XDG_RUNTIME_DIR") + "/bus";
     return QFile::exists(QFile::decodeName(usual)) ? "unix:path=" + usual : QByteArray();

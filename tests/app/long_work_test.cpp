@@ -1,12 +1,18 @@
 #include "testing/audio_fixtures.h"
 #include "testing/hanging_disk.h"
 #include "testing/message_bus.h"
+#include "testing/music_folder.h"
 #include "testing/program_window.h"
+#include "testing/sound_server.h"
 
 #include <QDBusConnection>
 #include <QTest>
 
 #include <gtest/gtest.h>
+#include <sys/socket.h>
+
+#include <functional>
+#include <set>
 
 namespace sonavo {
 namespace {
@@ -43,8 +49,9 @@ Q_SIGNALS:
     void ActionInvoked(uint id, const QString &action);
 };
 
-TEST_F(ProgramWindow, TellsTheDesktopOfAScanThatTakesLong)
+TEST_F(ProgramWindow, TellsTheDesktopOfLongWorkAndOpensNoNetworkSocketInAWholeCourseOfUse)
 {
+    const SoundServer sound;
     MessageBus messageBus;
     ASSERT_TRUE(messageBus.start(home));
     DesktopShell shell;
@@ -58,22 +65,34 @@ TEST_F(ProgramWindow, TellsTheDesktopOfAScanThatTakesLong)
     if (!disk.start())
         GTEST_SKIP() << "no right to hold system calls";
     // The file that hangs is given up after ten seconds.
-    const QTemporaryDir music;
-    for (const char *name : {"A - B.mp3", "A - hangs.mp3"})
-        writeFile(music.filePath(QString::fromLatin1(name)), audioContent(u"mp3"_s, 0.2));
+    const MusicFolder music;
+    music.addGroups({2});
+    writeFile(music.pathOf(u"hangs.mp3"_s), audioContent(u"mp3"_s, 0.2));
     QProcess program;
     start(program, QStringLiteral(SONAVO_PROGRAM), {music.path()});
     ASSERT_TRUE(xdotool(visibleWindow + QStringList{u"windowminimize"_s, u"--sync"_s}));
     ASSERT_TRUE(QTest::qWaitFor([&] { return shell.isProgressShown; }, TIMEOUT_MS));
     EXPECT_TRUE(shell.texts.isEmpty());
     ASSERT_TRUE(QTest::qWaitFor([&] { return !shell.texts.isEmpty(); }, TIMEOUT_MS));
-    EXPECT_EQ(shell.texts, QStringList{u"No duplicates found"_s});
+    EXPECT_EQ(shell.texts, QStringList{u"Found 1 duplicate file"_s});
     EXPECT_FALSE(shell.isProgressShown);
     EXPECT_NE(QProcess::execute(u"xdotool"_s, visibleWindow), 0);
     QTest::qWait(100); // the answer to the notification is under way
     Q_EMIT shell.ActionInvoked(7, u"default"_s);
     EXPECT_TRUE(xdotool(visibleWindow)) << "a click brings the window back";
     EXPECT_TRUE(QTest::qWaitFor([&] { return shell.closed == 7; }, TIMEOUT_MS)) << "and nothing is left";
+
+    const auto pressUntil = [](const QString &key, const std::function<bool()> &condition) {
+        return QTest::qWaitFor([&] { return condition() || !xdotool({u"key"_s, key}); }, TIMEOUT_MS);
+    };
+    ASSERT_TRUE(xdotool({u"key"_s, u"--delay"_s, u"100"_s, u"Home"_s, u"Down"_s, u"space"_s}));
+    EXPECT_TRUE(QTest::qWaitFor([&] { return sound.peak() > 0.05; }, TIMEOUT_MS)) << "nothing is heard";
+    EXPECT_TRUE(pressUntil(u"Delete"_s, [&] { return filesIn(music.path()).size() <= 2; }));
+    EXPECT_TRUE(pressUntil(u"ctrl+z"_s, [&] { return filesIn(music.path()).size() == 3; }));
+    std::set<int> families = disk.socketFamilies();
+    EXPECT_EQ(families.erase(AF_UNIX), 1U);
+    families.erase(AF_NETLINK); // asks the kernel for devices
+    EXPECT_TRUE(families.empty()) << *families.begin();
     program.terminate();
     EXPECT_TRUE(program.waitForFinished(TIMEOUT_MS));
 }

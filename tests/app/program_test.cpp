@@ -129,6 +129,16 @@ TEST_F(ProgramTest, TellsApartSuccessNothingFoundAndUnusableArguments)
     }
 }
 
+TEST_F(ProgramTest, SaysInOneLineThatNoWindowCanBeOpened)
+{
+    m_environment.insert(QStringLiteral("XDG_RUNTIME_DIR"), m_home.path());
+    for (const char *display : {"DISPLAY", "WAYLAND_DISPLAY", "QT_QPA_PLATFORM"}) {
+        m_environment.insert(QString::fromLatin1(display), QStringLiteral(":9999"));
+        EXPECT_EQ(run({}), 1) << display;
+        EXPECT_EQ(errors(), "sonavo: no window can be opened on this display; --report needs none\n");
+    }
+}
+
 TEST_F(ProgramTest, SaysWhenTheReportCannotBeWritten)
 {
     m_process.setStandardOutputFile(QStringLiteral("/dev/full"));

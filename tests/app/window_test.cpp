@@ -76,5 +76,37 @@ TEST_F(ProgramWindow, ClosesAtOnceDuringAScan)
     }
 }
 
+TEST_F(ProgramWindow, WorksOnWayland)
+{
+    QProcess compositor;
+    start(compositor, u"weston"_s,
+          {u"--backend=x11-backend.so"_s, u"--socket=wayland"_s, u"--idle-time=0"_s, u"--no-config"_s});
+    if (!QTest::qWaitFor([this] { return std::filesystem::exists(home.path("wayland")); }, TIMEOUT_MS))
+        GTEST_SKIP() << "weston does not start";
+    MusicFolder music;
+    music.addGroups({2});
+    QProcessEnvironment environment = QProcessEnvironment::systemEnvironment();
+    environment.remove(u"DISPLAY"_s);
+    environment.insert(u"WAYLAND_DISPLAY"_s, u"wayland"_s);
+    QProcess program;
+    program.setProcessEnvironment(environment);
+    start(program, QStringLiteral(SONAVO_PROGRAM), {music.path()});
+    ASSERT_TRUE(QTest::qWaitFor(
+        [&] {
+            return filesIn(music.path()).size() == 1 || !xdotool({u"key"_s, u"Down"_s, u"Delete"_s});
+        },
+        TIMEOUT_MS));
+    ASSERT_TRUE(xdotool({u"key"_s, u"ctrl+z"_s}));
+    EXPECT_TRUE(QTest::qWaitFor([&] { return filesIn(music.path()).size() == 2; }, TIMEOUT_MS));
+    // "Quit" is the third entry of the menu.
+    ASSERT_TRUE(xdotool(
+        {u"key"_s, u"--delay"_s, u"300"_s, u"alt+f"_s, u"Down"_s, u"Down"_s, u"Down"_s, u"Return"_s}));
+    EXPECT_TRUE(program.waitForFinished(TIMEOUT_MS));
+    EXPECT_EQ(program.exitCode(), 0);
+    EXPECT_EQ(program.readAllStandardError().toStdString(), "");
+    compositor.terminate();
+    compositor.waitForFinished();
+}
+
 } // namespace
 } // namespace sonavo
