@@ -133,13 +133,13 @@ QList<Screen> scanScreens(const QString &songs)
              scene.session.togglePlayback(song);
              QTest::qWait(50);
              // Somewhere in the first song's row.
-             click(scene, QPoint(scene.window->width() / 2, 168));
+             click(scene, QPoint(scene.window->width() / 2, 212));
          }},
         {u"collapsed"_s,
          [songs, click](Scene &scene) {
              scene.scan(songs);
              QTest::qWait(50);
-             click(scene, QPoint(scene.window->width() / 2, 130));
+             click(scene, QPoint(scene.window->width() / 2, 174));
          }},
         {u"toast"_s,
          [songs](Scene &scene) {

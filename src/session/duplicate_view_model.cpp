@@ -185,6 +185,15 @@ void DuplicateViewModel::keepCopiesInFolderOf(const Song &song)
     m_review.keepCopiesIn(QFileInfo(song.path).path());
 }
 
+QDateTime DuplicateViewModel::modifiedAt(const Song &song) const
+{
+    constexpr qint64 NANOSECONDS_PER_MILLISECOND = 1'000'000;
+    const auto note = m_library.notes().constFind(song.id);
+    return note == m_library.notes().cend()
+               ? QDateTime()
+               : QDateTime::fromMSecsSinceEpoch(note->modified / NANOSECONDS_PER_MILLISECOND);
+}
+
 QString DuplicateViewModel::playingName() const
 {
     return currentlyPlayingSong() ? withVisibleControls(currentlyPlayingSong()->name) : QString();

@@ -10,6 +10,7 @@
 #include "session/review.h"
 #include "session/scan.h"
 
+#include <QDateTime>
 #include <QList>
 #include <QObject>
 #include <QUrl>
@@ -129,6 +130,9 @@ public:
     [[nodiscard]] int duplicateCount() const { return m_library.duplicateTotals().count; }
     [[nodiscard]] bool isFurtherResult() const { return m_library.lists().depth == SearchDepth::Further; }
     [[nodiscard]] QString moreFoundDescription() const;
+    /// When a song's file was last changed before it was read, in local time; invalid unless it is in a
+    /// group.
+    [[nodiscard]] QDateTime modifiedAt(const Song &song) const;
     /// Ids of the duplicates that only looking further has found.
     [[nodiscard]] const QSet<QUuid> &onlyFurther() const { return m_library.lists().onlyFurther; }
     [[nodiscard]] bool isScanning() const { return m_scan.state().isRunning; }

@@ -78,7 +78,9 @@ protected:
     }
     void clickRow(std::size_t row, Qt::MouseButton button = Qt::LeftButton) const
     {
-        QTest::mouseClick(window, button, {}, rows().at(row).rect.center());
+        // On the name.
+        const QRect rect = rows().at(row).rect;
+        QTest::mouseClick(window, button, {}, {rect.left() + 200, rect.center().y()});
     }
     [[nodiscard]] QAccessibleInterface *buttonInRow(const QString &name, std::size_t row) const
     {
@@ -459,6 +461,47 @@ TEST_F(ResultsTest, FindsMoreAndMarksWhatOnlyThatHasFound)
     click(u"Find More Duplicates"_s);
     EXPECT_TRUE(waitForText(u"No more duplicates found"_s));
     EXPECT_TRUE(shows(u"Perfect! No Duplicates Found"_s));
+}
+
+TEST_F(ResultsTest, FiltersAndSortsWhatIsShownAndNothingElse)
+{
+    showGroups({2, 3, 2});
+    const std::vector<std::string> before = names();
+    press(Qt::Key_F, Qt::ControlModifier);
+    const auto type = [this](const QString &text) {
+        for (const QChar character : text)
+            QTest::keyClick(window, character.toLatin1());
+    };
+    type(u"tITLE1 arti"_s);
+    const auto shows2nd = [this] { return names().size() == 4 && names()[1] == "Original 1/0"; };
+    EXPECT_TRUE(waitFor(shows2nd));
+    EXPECT_TRUE(waitForText(u"Filter hides 2 duplicates"_s));
+    activate(CLEAN_UP);
+    activate(MOVE);
+    // In the field they only edit.
+    for (const Qt::Key key : {Qt::Key_Delete, Qt::Key_Left, Qt::Key_Delete, Qt::Key_Space, Qt::Key_K})
+        press(key);
+    press(Qt::Key_Z, Qt::ControlModifier);
+    press(Qt::Key_Z, Qt::ControlModifier);
+    QTest::qWait(50);
+    EXPECT_THAT(trashed(), IsEmpty());
+    EXPECT_FALSE(session.isCleaningUp() || session.currentlyPlayingSong());
+    type(u"x"_s);
+    EXPECT_TRUE(waitForText(u"No group matches the filter"_s));
+    press(Qt::Key_Escape);
+    EXPECT_TRUE(waitFor([&] { return names() == before; }));
+    EXPECT_TRUE(waitForNoText(u"Filter hides 4 duplicates"_s));
+    EXPECT_EQ(focusedName(), u"Group of 2 songs") << "the list has the keyboard again";
+
+    activate(u"Sort: As Found"_s);
+    ASSERT_TRUE(waitFor([this] { return find(QAccessible::MenuItem, u"Space Freed"_s) != nullptr; }));
+    activate(find(QAccessible::MenuItem, u"Space Freed"_s));
+    EXPECT_TRUE(waitFor([this] { return names()[0] == "Group of 3 songs"; }));
+    // It stays in order when the group is smaller.
+    deleteRow(1);
+    EXPECT_TRUE(waitFor([this] { return names()[1] == "Original 0/0"; }));
+    session.undo();
+    EXPECT_TRUE(waitFor([this] { return names()[0] == "Group of 3 songs"; }));
 }
 
 TEST_F(ResultsTest, NamesTheFilesThatACleanUpCouldNotMove)

@@ -16,7 +16,7 @@ Loader {
 
     anchors.fill: parent
     active: isHovered && enabled && !wasPressed && text !== ""
-    onIsHoveredChanged: wasPressed = false
+    onIsHoveredChanged: wasPressed = isPressed
     onIsPressedChanged: wasPressed = wasPressed || isPressed
 
     // The Loader of Qt 6.4 cannot create a bound component.

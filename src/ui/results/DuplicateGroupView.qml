@@ -7,6 +7,9 @@ T.AbstractButton {
     id: header
 
     required property string title
+    // The song, and what cleaning the group up frees.
+    required property string subtitle
+    required property string freed
     required property int tint
     required property bool isExpanded
     // Whether this is the current row, and the list has keyboard focus.
@@ -23,7 +26,7 @@ T.AbstractButton {
     Accessible.name: title
     Accessible.checkable: true
     Accessible.checked: isExpanded
-    Accessible.description: isExpanded ? qsTr("expanded") : qsTr("collapsed")
+    Accessible.description: subtitle + ", " + freed + ", " + (isExpanded ? qsTr("expanded") : qsTr("collapsed"))
     Accessible.onPressAction: clicked()
     Accessible.onToggleAction: clicked()
 
@@ -44,6 +47,7 @@ T.AbstractButton {
             border.color: Colors.focusRing
 
             SymbolLabel {
+                id: label
                 anchors.verticalCenter: parent.verticalCenter
                 x: TableColumns.margin - 10
                 symbol: header.isExpanded ? "chevron.down" : "chevron.right"
@@ -52,7 +56,29 @@ T.AbstractButton {
                 text: header.title
                 font.pixelSize: 12
                 color: Colors.textPrimary
-                symbolColor: Colors.mutedText
+                symbolColor: Colors.textPrimary
+            }
+            ElidedText {
+                anchors.left: label.right
+                anchors.leftMargin: 14
+                anchors.right: freed.left
+                anchors.rightMargin: 14
+                anchors.verticalCenter: parent.verticalCenter
+                text: header.subtitle
+                font.pixelSize: 13
+                font.weight: Font.DemiBold
+                color: Colors.textPrimary
+                Accessible.ignored: true
+            }
+            PlainText {
+                id: freed
+                anchors.right: parent.right
+                anchors.rightMargin: TableColumns.margin
+                anchors.verticalCenter: parent.verticalCenter
+                text: header.freed
+                font.pixelSize: 12
+                color: Colors.textPrimary
+                Accessible.ignored: true
             }
         }
 

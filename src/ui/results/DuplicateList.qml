@@ -10,6 +10,15 @@ FocusScope {
 
     required property DuplicateViewModel viewModel
     readonly property bool isEmpty: rows.isEmpty
+    // Whether the filter hides none of the duplicates, and what it hides otherwise.
+    readonly property bool showsAll: rows.showsAll
+    readonly property string filterNote: rows.filterNote
+
+    // Whoever comes back comes to the list.
+    onActiveFocusChanged: {
+        if (!activeFocus)
+            list.focus = true;
+    }
 
     function play(row) {
         const song = rows.songAt(row);
@@ -44,9 +53,30 @@ FocusScope {
         interval: Application.styleHints.mouseDoubleClickInterval
     }
 
+    Shortcut {
+        sequence: "Ctrl+F"
+        enabled: view.visible && !view.viewModel.showCleanUpProgress
+        onActivated: filterBar.edit()
+    }
+
+    // Another scan shows everything that it has found.
+    Connections {
+        target: view.viewModel
+        function onIsScanningChanged() {
+            filterBar.clear();
+        }
+    }
+
     TableHeaderView {
         id: header
+        anchors.top: filterBar.bottom
         width: parent.width
+    }
+
+    Binding {
+        target: TableColumns
+        property: "rowWidth"
+        value: list.rowWidth
     }
 
     ListView {
@@ -116,6 +146,7 @@ FocusScope {
                     required property int index
 
                     width: list.rowWidth
+                    showsDetails: !view.viewModel.showCleanUpProgress
                     isCurrent: list.showsCurrent && list.currentIndex === index
                     onSelect: {
                         list.currentIndex = index;
@@ -164,6 +195,24 @@ FocusScope {
                 event.accepted = false;
             }
         }
+    }
+
+    PlainText {
+        anchors.centerIn: list
+        visible: list.count === 0
+        text: qsTr("No group matches the filter")
+        font.pixelSize: 16
+        color: Colors.textSecondary
+        Accessible.role: Accessible.StaticText
+        Accessible.name: text
+    }
+
+    // After the list, for the order of tab stops.
+    FilterBar {
+        id: filterBar
+        width: parent.width
+        model: rows
+        onLeave: list.forceActiveFocus(Qt.OtherFocusReason)
     }
 
     ThinScrollBar {

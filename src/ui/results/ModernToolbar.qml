@@ -7,7 +7,10 @@ Rectangle {
     id: toolbar
 
     required property DuplicateViewModel viewModel
-    readonly property bool canCleanUp: viewModel.duplicateGroupCount > 0 && !viewModel.isScanning
+    // Whether the list shows every duplicate, and what it hides otherwise.
+    required property bool showsAll
+    required property string filterNote
+    readonly property bool canCleanUp: viewModel.duplicateGroupCount > 0 && !viewModel.isScanning && showsAll
 
     implicitHeight: row.implicitHeight + 12
     color: Colors.toolbar
@@ -45,7 +48,19 @@ Rectangle {
             onClicked: toolbar.viewModel.moveDuplicatesToFolder()
         }
 
-        Item { Layout.fillWidth: true }
+        // Why the two buttons before it are disabled.
+        PlainText {
+            Layout.fillWidth: true
+            text: toolbar.filterNote
+            wrapMode: Text.Wrap
+            maximumLineCount: 2
+            elide: Text.ElideRight
+            font.pixelSize: 12
+            color: Colors.textPrimary
+            Accessible.role: Accessible.StaticText
+            Accessible.name: text
+            Accessible.ignored: text === ""
+        }
 
         SymbolLabel {
             symbol: "doc.on.doc.fill"
@@ -86,7 +101,7 @@ Rectangle {
     }
 
     component ToolbarButton: ModernButtonStyle {
-        Layout.preferredWidth: 115
+        Layout.preferredWidth: Math.max(115, implicitWidth + 12)
         symbolSize: 15
         font.pixelSize: 13
     }

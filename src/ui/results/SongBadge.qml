@@ -8,6 +8,7 @@ Item {
     required property bool isOriginal
     // Why the song is marked; empty for the others.
     required property string furtherReason
+    readonly property bool isHovered: pointer.hovered
     readonly property bool isMarked: furtherReason !== ""
     // The room for the mark, before the badge.
     readonly property real markWidth: 10

@@ -14,8 +14,11 @@ Item {
     required property string duration
     required property string size
     required property string folder
-    required property string path
+    required property string details
+    required property string quality
     required property string description
+    // Whether a tooltip shows the details.
+    required property bool showsDetails
     // Whether this is the current row, and the list has keyboard focus.
     required property bool isCurrent
 
@@ -31,6 +34,7 @@ Item {
     height: 40
     Accessible.role: Accessible.ListItem
     Accessible.name: description
+    Accessible.description: quality
     Accessible.focusable: true
     Accessible.focused: isCurrent
     Accessible.selected: isCurrent
@@ -67,13 +71,9 @@ Item {
     MouseArea {
         id: pointer
 
-        property ElidedText hoveredCell: null
-
         anchors.fill: parent
         hoverEnabled: true
         acceptedButtons: Qt.LeftButton | Qt.RightButton
-        onPositionChanged: mouse => hoveredCell = row.childAt(mouse.x, mouse.y) as ElidedText
-        onExited: hoveredCell = null
         onPressed: mouse => {
             row.select();
             if (mouse.button === Qt.RightButton)
@@ -88,8 +88,9 @@ Item {
         }
 
         PlainToolTip {
-            text: pointer.hoveredCell ? pointer.hoveredCell.fullText : ""
-            isHovered: pointer.containsMouse
+            text: row.details
+            isHovered: row.showsDetails && pointer.containsMouse && !badge.isHovered
+            isPressed: pointer.pressed
         }
     }
 
@@ -115,6 +116,7 @@ Item {
     }
 
     SongBadge {
+        id: badge
         x: TableColumns.badgeX - markWidth
         anchors.verticalCenter: parent.verticalCenter
         isOriginal: row.isOriginal
@@ -150,8 +152,8 @@ Item {
     Cell {
         x: row.width - TableColumns.folderOffset
         width: TableColumns.folderWidth
+        elide: Text.ElideMiddle
         text: row.folder
-        fullText: row.path
         color: Colors.mutedText
     }
 

@@ -10,10 +10,17 @@ QtObject {
     readonly property real margin: 18
     readonly property real spacing: 8
     readonly property real playWidth: 26
-    readonly property real typeWidth: 35
-    readonly property real durationWidth: 42
-    readonly property real sizeWidth: 50
-    readonly property real folderWidth: 130
+    readonly property font titleFont: Qt.font({ pixelSize: 12, weight: Font.DemiBold })
+    readonly property font cellFont: Qt.font({ pixelSize: 13 })
+    readonly property real titleIconWidth: 15
+    // Each is as wide as its title and what it may hold.
+    readonly property real typeWidth: columnWidth(35, typeTitle, typeText)
+    readonly property real durationWidth: columnWidth(42, durationTitle, durationText)
+    readonly property real sizeWidth: columnWidth(50, sizeTitle, sizeText)
+    // Takes a share of a wide window.
+    readonly property real folderWidth: Math.max(columnWidth(130, folderTitle, null), (rowWidth - 620) * 0.45)
+    // Width of the rows.
+    property real rowWidth: 0
     readonly property real trashWidth: 26
 
     readonly property real badgeX: margin + playWidth + spacing
@@ -27,6 +34,18 @@ QtObject {
     readonly property real durationOffset: sizeOffset + spacing + durationWidth
     readonly property real typeOffset: durationOffset + spacing + typeWidth
     readonly property real nameEndOffset: typeOffset + spacing
+
+    function columnWidth(least, title, text) {
+        return Math.ceil(Math.max(least, titleIconWidth + title.advanceWidth + 1, text ? text.advanceWidth + 1 : 0));
+    }
+
+    readonly property TextMetrics typeTitle: TextMetrics { font: columns.titleFont; text: qsTr("File Type") }
+    readonly property TextMetrics durationTitle: TextMetrics { font: columns.titleFont; text: qsTr("Duration") }
+    readonly property TextMetrics sizeTitle: TextMetrics { font: columns.titleFont; text: qsTr("File Size") }
+    readonly property TextMetrics folderTitle: TextMetrics { font: columns.titleFont; text: qsTr("Folder Location") }
+    readonly property TextMetrics typeText: TextMetrics { font: columns.cellFont; text: "FLAC" }
+    readonly property TextMetrics durationText: TextMetrics { font: columns.cellFont; text: "0000:00" }
+    readonly property TextMetrics sizeText: TextMetrics { font: columns.cellFont; text: "999.99 GB" }
 
     readonly property TextMetrics badgeMetrics: TextMetrics {
         font: columns.badgeFont

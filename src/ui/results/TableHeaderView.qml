@@ -17,25 +17,25 @@ Rectangle {
         x: header.width - TableColumns.typeOffset
         width: TableColumns.typeWidth
         symbol: "doc.badge.gearshape"
-        text: qsTr("File Type")
+        text: TableColumns.typeTitle.text
     }
     Title {
         x: header.width - TableColumns.durationOffset
         width: TableColumns.durationWidth
         symbol: "clock"
-        text: qsTr("Duration")
+        text: TableColumns.durationTitle.text
     }
     Title {
         x: header.width - TableColumns.sizeOffset
         width: TableColumns.sizeWidth
         symbol: "arrow.down.circle"
-        text: qsTr("File Size")
+        text: TableColumns.sizeTitle.text
     }
     Title {
         x: header.width - TableColumns.folderOffset
         width: TableColumns.folderWidth
         symbol: "folder"
-        text: qsTr("Folder Location")
+        text: TableColumns.folderTitle.text
     }
 
     Rectangle {
@@ -73,9 +73,8 @@ Rectangle {
         ElidedText {
             id: caption
             anchors.fill: parent
-            anchors.leftMargin: title.symbol !== "" ? 15 : 0
-            font.pixelSize: 12
-            font.weight: Font.DemiBold
+            anchors.leftMargin: title.symbol !== "" ? TableColumns.titleIconWidth : 0
+            font: TableColumns.titleFont
             color: Colors.textSecondary
         }
     }

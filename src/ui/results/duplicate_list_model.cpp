@@ -2,10 +2,16 @@
 
 #include "model/byte_count.h"
 #include "model/visible_controls.h"
+#include "session/clean_up_text.h"
+#include "session/release.h"
 #include "theme/palette.h"
+#include "ui/results/group_texts.h"
+
+#include <QThreadPool>
 
 #include <algorithm>
 #include <iterator>
+#include <memory>
 #include <utility>
 
 namespace sonavo {
@@ -33,6 +39,24 @@ QString badgeText(bool isOriginal)
 }
 
 } // namespace
+
+DuplicateListModel::DuplicateListModel(QObject *parent)
+    : QAbstractListModel(parent)
+{
+    connect(&m_arranging, &QFutureWatcher<ArrangedGroups>::finished, this, [this] {
+        if (m_arranging.isCanceled() || m_arranging.future().resultCount() == 0)
+            return;
+        const ArrangedGroups arranged = m_arranging.result();
+        m_hiddenDuplicates = arranged.hiddenDuplicates;
+        replaceGroups(arranged.groups);
+        Q_EMIT arrangementChanged();
+    });
+}
+
+DuplicateListModel::~DuplicateListModel()
+{
+    m_stopArranging.request_stop();
+}
 
 void DuplicateListModel::setViewModel(DuplicateViewModel *viewModel)
 {
@@ -68,6 +92,8 @@ QHash<int, QByteArray> DuplicateListModel::roleNames() const
         {KindRole, "kind"},
         {TintRole, "tint"},
         {TitleRole, "title"},
+        {SubtitleRole, "subtitle"},
+        {FreedRole, "freed"},
         {IsExpandedRole, "isExpanded"},
         {SongRole, "song"},
         {IsOriginalRole, "isOriginal"},
@@ -77,7 +103,8 @@ QHash<int, QByteArray> DuplicateListModel::roleNames() const
         {DurationRole, "duration"},
         {SizeRole, "size"},
         {FolderRole, "folder"},
-        {PathRole, "path"},
+        {DetailsRole, "details"},
+        {QualityRole, "quality"},
         {DescriptionRole, "description"},
         {FurtherReasonRole, "furtherReason"},
     };
@@ -101,6 +128,10 @@ QVariant DuplicateListModel::groupData(std::size_t group, int role) const
     case TitleRole:
     case DescriptionRole:
         return tr("Group of %1 songs").arg(groupAt(group).duplicates.size() + 1);
+    case SubtitleRole:
+        return subtitleOf(groupAt(group));
+    case FreedRole:
+        return tr("Frees %1").arg(formattedByteCount(freedBytes(groupAt(group))));
     case IsExpandedRole:
         return !isCollapsed(group);
     default:
@@ -132,13 +163,19 @@ QVariant DuplicateListModel::songData(const Entry &entry, int role) const
     case FurtherReasonRole:
         return furtherReason(song);
     case FolderRole:
-        return withVisibleControls(song.folderName);
-    case PathRole:
-        return withVisibleControls(song.path);
+        return folderText(song, commonFolderLengthOf(entry.group));
+    case DetailsRole:
+        return detailsText(song, m_viewModel->modifiedAt(song));
+    case QualityRole:
+        return qualityText(song);
     case DescriptionRole: {
-        QStringList parts{badgeText(isOriginal),    withVisibleControls(song.name), song.fileType,
-                          song.formattedDuration(), formattedByteCount(song.size),
-                          withVisibleControls(song.folderName), furtherReason(song)};
+        QStringList parts{badgeText(isOriginal),
+                          withVisibleControls(song.name),
+                          song.fileType,
+                          song.formattedDuration(),
+                          formattedByteCount(song.size),
+                          folderText(song, commonFolderLengthOf(entry.group)),
+                          furtherReason(song)};
         parts.removeAll(QString());
         return parts.join(QStringLiteral(", "));
     }
@@ -243,10 +280,14 @@ void DuplicateListModel::updateGroups()
 {
     const QList<DuplicateGroup> groups = groupsWithDuplicates(m_viewModel->duplicateGroups());
     const bool isEmpty = groups.isEmpty();
-    if (!isEmpty)
-        replaceGroups(groups);
-    else if (m_viewModel->isScanning() || m_viewModel->songCount() == 0)
+    m_allGroups = groups;
+    if (!isEmpty) {
+        showArranged();
+    } else if (m_viewModel->isScanning() || m_viewModel->songCount() == 0) {
+        stopArranging();
+        m_collapsed.clear();
         reset(groups);
+    }
     updateMarks();
     if (std::exchange(m_isEmpty, isEmpty) != isEmpty)
         Q_EMIT isEmptyChanged();
@@ -258,6 +299,76 @@ void DuplicateListModel::updateMarks()
     // A song can get a mark when another group changes. Only rows in sight are read again.
     if ((std::exchange(m_hasMarks, hasMarks) || hasMarks) && count() > 0)
         Q_EMIT dataChanged(index(0), index(count() - 1), {FurtherReasonRole, DescriptionRole});
+}
+
+void DuplicateListModel::setFilter(const QString &filter)
+{
+    arrange({.order = m_arrangement.order, .filter = filter});
+}
+
+void DuplicateListModel::setOrder(GroupOrder::Order order)
+{
+    arrange({.order = order, .filter = m_arrangement.filter});
+}
+
+bool DuplicateListModel::showsAll() const
+{
+    return m_arrangement.filter.trimmed().isEmpty() || (m_arranging.isFinished() && m_hiddenDuplicates == 0);
+}
+
+QString DuplicateListModel::filterNote() const
+{
+    if (m_hiddenDuplicates == 0)
+        return {};
+    return m_hiddenDuplicates == 1 ? tr("Filter hides 1 duplicate")
+                                   : tr("Filter hides %1 duplicates").arg(groupedNumber(m_hiddenDuplicates));
+}
+
+void DuplicateListModel::arrange(const GroupArrangement &arrangement)
+{
+    if (m_arrangement == arrangement)
+        return;
+    m_arrangement = arrangement;
+    if (!m_allGroups.isEmpty())
+        showArranged();
+    Q_EMIT arrangementChanged();
+}
+
+void DuplicateListModel::showArranged()
+{
+    stopArranging();
+    if (m_arrangement.isIdentity()) {
+        m_hiddenDuplicates = 0;
+        replaceGroups(m_allGroups);
+        Q_EMIT arrangementChanged();
+        return;
+    }
+    m_stopArranging = std::stop_source();
+    const auto promise = std::make_shared<QPromise<ArrangedGroups>>();
+    promise->start();
+    m_arranging.setFuture(promise->future());
+    QThreadPool::globalInstance()->start(
+        [promise, groups = m_allGroups, arrangement = m_arrangement, stop = m_stopArranging.get_token()] {
+            if (std::optional<ArrangedGroups> result = arranged(groups, arrangement, stop))
+                promise->addResult(std::move(*result));
+            promise->finish();
+        });
+    Q_EMIT arrangementChanged();
+}
+
+void DuplicateListModel::stopArranging()
+{
+    m_stopArranging.request_stop();
+    m_arranging.setFuture({});
+    m_hiddenDuplicates = 0;
+}
+
+qsizetype DuplicateListModel::commonFolderLengthOf(std::size_t group) const
+{
+    const DuplicateGroup &members = groupAt(group);
+    if (!m_commonFolder.first.isSharedWith(members.duplicates))
+        m_commonFolder = {members.duplicates, commonFolderLength(members)};
+    return m_commonFolder.second;
 }
 
 void DuplicateListModel::replaceGroups(const QList<DuplicateGroup> &groups)
@@ -334,10 +445,13 @@ bool DuplicateListModel::updateMembers(std::size_t group, const QList<DuplicateG
         endRemoveRows();
     else if (isShown)
         endInsertRows();
-    Q_EMIT dataChanged(index(header), index(header), {TitleRole, DescriptionRole});
+    Q_EMIT dataChanged(index(header), index(header), {TitleRole, SubtitleRole, FreedRole, DescriptionRole});
     // The next song becomes the original, or the one that was it becomes a duplicate again.
     if (isShown && row == header + 1)
         Q_EMIT dataChanged(index(row), index(row + insertedCount), {IsOriginalRole, DescriptionRole});
+    if (isShown)
+        Q_EMIT dataChanged(index(header + 1), index(m_headerRows[group + 1] - 1),
+                           {FolderRole, DescriptionRole});
     Q_EMIT countChanged();
     return true;
 }
@@ -364,8 +478,7 @@ void DuplicateListModel::reset(const QList<DuplicateGroup> &groups)
     if (m_groups.isEmpty() && groups.isEmpty())
         return;
     beginResetModel();
-    m_groups = groups;
-    m_collapsed.clear();
+    releaseLater(std::exchange(m_groups, groups));
     updateHeaderRows(0);
     endResetModel();
     Q_EMIT countChanged();

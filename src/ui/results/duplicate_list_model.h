@@ -2,20 +2,24 @@
 
 #include "model/duplicate_group.h"
 #include "session/duplicate_view_model.h"
+#include "ui/results/group_arrangement.h"
 
 #include <QAbstractListModel>
+#include <QFutureWatcher>
 #include <QPointer>
 #include <QSet>
 #include <QtQml/qqmlregistration.h>
 
 #include <optional>
+#include <stop_token>
 #include <vector>
 
 namespace sonavo {
 
 /// The session's duplicate groups as a flat list. Each group that has duplicates gives a header row and,
 /// unless it is collapsed, a row for its original and for each of its duplicates. Only rows that differ are
-/// removed and inserted. Main thread only.
+/// removed and inserted. Filtering and sorting happen in another thread; the rows change when they are done.
+/// Main thread only.
 class DuplicateListModel : public QAbstractListModel
 {
     Q_OBJECT
@@ -28,6 +32,13 @@ class DuplicateListModel : public QAbstractListModel
     /// Whether no group has duplicates. After a clean-up the rows are kept nevertheless, so that an undo need
     /// not make their items again.
     Q_PROPERTY(bool isEmpty READ isEmpty NOTIFY isEmptyChanged)
+    /// Words that a song of each group shown has in its name or folder; empty shows all groups.
+    Q_PROPERTY(QString filter READ filter WRITE setFilter NOTIFY arrangementChanged)
+    Q_PROPERTY(sonavo::GroupOrder::Order order READ order WRITE setOrder NOTIFY arrangementChanged)
+    /// Whether the filter hides no duplicate; false while that is not known.
+    Q_PROPERTY(bool showsAll READ showsAll NOTIFY arrangementChanged)
+    /// "Filter hides 312 duplicates"; empty when it hides none.
+    Q_PROPERTY(QString filterNote READ filterNote NOTIFY arrangementChanged)
 
 public:
     enum Role
@@ -36,8 +47,10 @@ public:
         KindRole = Qt::UserRole,
         /// Slot of the group's tint among Colors.groupTints.
         TintRole,
-        /// Text of a header row.
+        /// Texts of a header row: its title, the song, and what cleaning the group up frees.
         TitleRole,
+        SubtitleRole,
+        FreedRole,
         IsExpandedRole,
         /// The Song of a song row.
         SongRole,
@@ -50,20 +63,30 @@ public:
         FileTypeRole,
         DurationRole,
         SizeRole,
+        /// What tells its folder from those of the other songs in the group.
         FolderRole,
-        /// Where its file is.
-        PathRole,
+        /// Its file, in several lines.
+        DetailsRole,
+        QualityRole,
         /// The whole row as one line of text, for screen readers.
         DescriptionRole,
     };
     Q_ENUM(Role)
 
-    using QAbstractListModel::QAbstractListModel;
+    explicit DuplicateListModel(QObject *parent = nullptr);
+    ~DuplicateListModel() override;
+    Q_DISABLE_COPY_MOVE(DuplicateListModel)
 
     [[nodiscard]] DuplicateViewModel *viewModel() const { return m_viewModel; }
     void setViewModel(DuplicateViewModel *viewModel);
     [[nodiscard]] int count() const;
     [[nodiscard]] bool isEmpty() const { return m_isEmpty; }
+    [[nodiscard]] const QString &filter() const { return m_arrangement.filter; }
+    void setFilter(const QString &filter);
+    [[nodiscard]] GroupOrder::Order order() const { return m_arrangement.order; }
+    void setOrder(GroupOrder::Order order);
+    [[nodiscard]] bool showsAll() const;
+    [[nodiscard]] QString filterNote() const;
 
     [[nodiscard]] int rowCount(const QModelIndex &parent = {}) const override;
     [[nodiscard]] QVariant data(const QModelIndex &index, int role) const override;
@@ -82,6 +105,7 @@ Q_SIGNALS:
     void viewModelChanged();
     void countChanged();
     void isEmptyChanged();
+    void arrangementChanged();
 
 private:
     /// What a row shows: one member of a group, the original being the first, or the group's header.
@@ -102,6 +126,11 @@ private:
     [[nodiscard]] QString furtherReason(const Song &song) const;
 
     void updateGroups();
+    void arrange(const GroupArrangement &arrangement);
+    /// Shows the session's groups as they are arranged now, at once or when that is computed.
+    void showArranged();
+    void stopArranging();
+    [[nodiscard]] qsizetype commonFolderLengthOf(std::size_t group) const;
     void updateMarks();
     void replaceGroups(const QList<DuplicateGroup> &groups);
     /// Sets the groups, of which a number has come in addition to those that have rows now.
@@ -123,7 +152,15 @@ private:
     void updateHeaderRows(std::size_t group, std::size_t hiddenEnd = 0);
 
     QPointer<DuplicateViewModel> m_viewModel;
+    /// All groups that have duplicates, and those that are shown.
+    QList<DuplicateGroup> m_allGroups;
     QList<DuplicateGroup> m_groups;
+    GroupArrangement m_arrangement;
+    int m_hiddenDuplicates = 0;
+    QFutureWatcher<ArrangedGroups> m_arranging;
+    std::stop_source m_stopArranging{std::nostopstate};
+    /// The last result of commonFolderLengthOf(), which every row of a group needs.
+    mutable std::pair<QList<Song>, qsizetype> m_commonFolder;
     /// The header row of each group, followed by the number of rows.
     std::vector<int> m_headerRows{0};
     QSet<QUuid> m_collapsed;

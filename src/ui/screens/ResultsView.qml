@@ -25,6 +25,8 @@ FocusScope {
         ModernToolbar {
             Layout.fillWidth: true
             viewModel: view.viewModel
+            showsAll: !list.visible || list.showsAll
+            filterNote: list.visible ? list.filterNote : ""
         }
 
         FailureNotice {
