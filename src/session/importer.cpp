@@ -84,7 +84,7 @@ void Importer::setPendingUrls(const QList<QUrl> &urls)
 
 bool Importer::importDroppedItems(const QList<QUrl> &urls)
 {
-    return importWithinLimits(urls, songCountOf(urls), droppedItemsRefusal());
+    return !m_job.state().isRunning && importWithinLimits(urls, songCountOf(urls), droppedItemsRefusal());
 }
 
 bool Importer::importDrop(const QList<QUrl> &urls)
@@ -113,7 +113,7 @@ bool Importer::importDrop(const QList<QUrl> &urls)
 
 bool Importer::importChosenItems(const QList<QUrl> &urls)
 {
-    return importWithinLimits(urls, songCountOf(urls), openPanelRefusal());
+    return !m_job.state().isRunning && importWithinLimits(urls, songCountOf(urls), openPanelRefusal());
 }
 
 bool Importer::importWithOpenPanel()
@@ -130,8 +130,6 @@ bool Importer::importWithOpenPanel()
 
 bool Importer::importWithinLimits(const QList<QUrl> &urls, qint64 songs, const QString &refusal)
 {
-    if (m_job.state().isRunning)
-        return false;
     // The songs of the session count although a scan replaces them: the limit is on the safe side.
     const qint64 total = saturatingSum(m_library.songs().size(), songs);
     if (total > MAXIMUM_LIMIT) {
