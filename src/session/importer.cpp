@@ -95,7 +95,7 @@ void Importer::setPendingUrls(const QList<QUrl> &urls)
 
 bool Importer::importDroppedItems(const QList<QUrl> &urls)
 {
-    return importWithinLimits(urls, songCountOf(urls), droppedItemsRefusal());
+    return !m_job.state().isRunning && importWithinLimits(urls, songCountOf(urls), droppedItemsRefusal());
 }
 
 bool Importer::importDrop(const QList<QUrl> &urls)
@@ -124,7 +124,7 @@ bool Importer::importDrop(const QList<QUrl> &urls)
 
 bool Importer::importChosenItems(const QList<QUrl> &urls)
 {
-    return importWithinLimits(urls, songCountOf(urls), openPanelRefusal());
+    return !m_job.state().isRunning && importWithinLimits(urls, songCountOf(urls), openPanelRefusal());
 }
 
 bool Importer::importWithOpenPanel()
@@ -181,8 +181,6 @@ void Importer::declineOpenedItems()
 
 bool Importer::importWithinLimits(const QList<QUrl> &urls, qint64 songs, const QString &refusal)
 {
-    if (m_job.state().isRunning)
-        return false;
     // The songs of the session count although a scan replaces them: the limit is on the safe side.
     const qint64 total = saturatingSum(m_library.songs().size(), songs);
     if (total > MAXIMUM_LIMIT) {
