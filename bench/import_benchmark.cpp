@@ -269,19 +269,21 @@ int main(int argc, char **argv)
     using namespace sonavo;
     const std::span arguments(argv, static_cast<std::size_t>(argc));
     const std::string_view kind = arguments.size() > 1 ? arguments[1] : "";
-    if (arguments.size() != 3 || (kind != "import" && kind != "memory" && kind != "window")) {
-        std::fprintf(stderr, "usage: bench_import import|memory PROGRAM\n");
+    if (arguments.size() != 3 ||
+        (kind != "import" && kind != "memory" && kind != "cold" && kind != "window")) {
+        std::fprintf(stderr, "usage: bench_import import|memory|cold PROGRAM\n");
         return EXIT_FAILURE;
     }
     try {
         if (kind == "window") {
             showInWindow(argc, argv, arguments[2]);
+        } else if (kind == "cold") {
+            measureCold(argc, argv);
         } else if (kind == "memory") {
             measure(arguments[2], smallLibrary(500'000));
         } else {
             measure(arguments[2], linkedLibrary("files of all kinds", 100'000, allKinds(), 1.25));
             measure(arguments[2], linkedLibrary("old MP3s", 10'000, {SongKind::OldMp3}, 1.15));
-            measureCold(argc, argv);
         }
     } catch (const std::exception &error) {
         std::fprintf(stderr, "%s\n", error.what());

@@ -1,6 +1,6 @@
 #!/usr/bin/env bash
 # Installs what is missing, builds Sonavo and its benchmarks and runs them: all of them, or the one that is named
-# (analysis, import, memory, reading, response, results or clean_up) with the given options. Two run only when they are
+# (analysis, import, memory, cold, reading, response, results or clean_up) with the given options. Two run only when they are
 # named: "slowest [MINUTES [SEED]]" searches for the library that the analysis takes longest for, and "accuracy FILE"
 # measures how much is found among labelled records; docs/accuracy.md tells where its file is from.
 #
@@ -9,7 +9,7 @@ set -euo pipefail
 source "$(dirname -- "${BASH_SOURCE[0]}")/prepare.sh"
 
 case ${1-all} in
-all | accuracy | analysis | import | memory | reading | response | results | clean_up | slowest) ;;
+all | accuracy | analysis | import | memory | cold | reading | response | results | clean_up | slowest) ;;
 *)
     echo "There is no benchmark called $1" >&2
     exit 2
@@ -26,7 +26,7 @@ run() {
     case $name in
     accuracy) "$benchmarks/bench_accuracy" "$@" ;;
     analysis) "$benchmarks/bench_analysis" "$@" ;;
-    import | memory) "$benchmarks/bench_import" "$name" "$benchmarks/sonavo" "$@" ;;
+    import | memory | cold) "$benchmarks/bench_import" "$name" "$benchmarks/sonavo" "$@" ;;
     reading) "$benchmarks/bench_reading" "$@" ;;
     response) "$benchmarks/bench_response" "$@" ;;
     results) "$benchmarks/bench_results" "$@" ;;
@@ -41,7 +41,7 @@ if (($# > 0)); then
 fi
 figures=$(mktemp)
 trap 'rm -f "$figures"' EXIT
-for benchmark in analysis import memory reading response results clean_up; do
+for benchmark in analysis import memory cold reading response results clean_up; do
     echo
     echo "== $benchmark"
     run "$benchmark" | tee -a "$figures"

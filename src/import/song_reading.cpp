@@ -99,8 +99,10 @@ Song SongBuilder::build(const QString &path, const AudioFileInfo &info)
         m_folder = folder.toString();
         m_folderName = folderNameOf(folder);
     }
-    if (const QString fileType = pathExtension(path).toString().toUpper(); fileType != m_fileType)
-        m_fileType = fileType;
+    if (const QStringView extension = pathExtension(path); extension != m_extension) {
+        m_extension = extension.toString();
+        m_fileType = m_extension.toUpper();
+    }
 
     Song song;
     song.id = QUuid::createUuid();

@@ -48,6 +48,7 @@ private:
     QString m_artist;
     QString m_folder;
     QString m_folderName;
+    QString m_extension;
     QString m_fileType;
 };
 
