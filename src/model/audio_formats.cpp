@@ -37,4 +37,9 @@ std::optional<AudioFormat> audioFormatOf(QStringView path)
     return std::nullopt;
 }
 
+bool isLossless(AudioFormat format)
+{
+    return format == AudioFormat::Flac || format == AudioFormat::Wav;
+}
+
 } // namespace sonavo

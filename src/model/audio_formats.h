@@ -24,4 +24,8 @@ enum class AudioFormat
 /// file is not looked at.
 [[nodiscard]] std::optional<AudioFormat> audioFormatOf(QStringView path);
 
+/// Whether files of a format keep the samples as they were recorded: FLAC, and WAV, which nearly always holds
+/// them as they are. An M4A file can as well, but its name does not tell.
+[[nodiscard]] bool isLossless(AudioFormat format);
+
 } // namespace sonavo

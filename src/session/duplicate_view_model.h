@@ -214,6 +214,7 @@ public:
     Q_INVOKABLE void keepSong(const sonavo::Song &song) { m_review.keepSong(song); }
     /// Keeps the copies in a song's folder, and below it.
     Q_INVOKABLE void keepCopiesInFolderOf(const sonavo::Song &song);
+    Q_INVOKABLE void keepLosslessCopies() { m_review.keepLosslessCopies(); }
     Q_INVOKABLE void excludeFromDuplicates(const sonavo::Song &song) { m_review.excludeFromDuplicates(song); }
 
     /// Does what the toast's button says.

@@ -1,5 +1,6 @@
 #include "session/review.h"
 
+#include "model/visible_controls.h"
 #include "session/clean_up_text.h"
 
 #include <QPointer>
@@ -59,11 +60,17 @@ void Review::keepCopiesIn(const QString &path)
          originalsText);
 }
 
+void Review::keepLosslessCopies()
+{
+    take({.name = QStringLiteral("Keep Lossless Copies"), .kept = KeptLossless()}, changingMessage(),
+         originalsText);
+}
+
 void Review::excludeFromDuplicates(const Song &song)
 {
     take({.name = QStringLiteral("Not a Duplicate"),
           .removal = {.songs = {}, .members = {song.id}, .cleanedUp = {song.id}}},
-         changingMessage(), [name = song.name](qint64 songs) {
+         changingMessage(), [name = withVisibleControls(song.name)](qint64 songs) {
              return songs == 0 ? QStringLiteral("No group has changed")
                                : QStringLiteral("Not a duplicate: %1").arg(name);
          });

@@ -47,6 +47,8 @@ public:
     /// Makes the largest member that is in a folder or below it the original, in every group that has one.
     /// @param path absolute
     void keepCopiesIn(const QString &path);
+    /// Makes the largest lossless member the original, in every group that has one.
+    void keepLosslessCopies();
     /// Takes a song out of its group. It stays among the songs; a group of one leaves the list.
     void excludeFromDuplicates(const Song &song);
 

@@ -1,6 +1,7 @@
 #include "session/undo_history.h"
 
 #include "analysis/find_further.h"
+#include "model/audio_formats.h"
 
 #include <QHash>
 
@@ -42,6 +43,12 @@ bool isKept(const Song &song, const KeptFolder &kept)
            (kept.path.endsWith(u'/') || song.path[kept.path.size()] == u'/');
 }
 
+bool isKept(const Song &song, const KeptLossless &)
+{
+    const std::optional<AudioFormat> format = audioFormatOf(song.path);
+    return format && isLossless(*format);
+}
+
 /// Moves the songs that are to be kept to the front, the largest first. The others follow as they were: so it
 /// makes no difference whether songs leave the group before or after.
 void moveToFront(DuplicateGroup &group, const auto &kept)
@@ -75,7 +82,7 @@ public:
         if (const auto group = m_groupOf.constFind(kept.id); group != m_groupOf.cend())
             moveToFront(m_groups[*group], kept);
     }
-    void operator()(const KeptFolder &kept)
+    void operator()(const auto &kept)
     {
         for (DuplicateGroup &group : m_groups)
             moveToFront(group, kept);

@@ -38,7 +38,10 @@ struct KeptFolder
 {
     QString path;
 };
-using KeptCopies = std::variant<KeptSong, KeptFolder>;
+/// The largest of those whose kind of file loses nothing; see isLossless().
+struct KeptLossless
+{};
+using KeptCopies = std::variant<KeptSong, KeptFolder, KeptLossless>;
 
 /// A step of the session that can be undone. It moves files, decides which copies are kept, or shows the
 /// result of another way of looking.

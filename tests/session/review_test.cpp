@@ -35,10 +35,12 @@ protected:
     ~ReviewTest() override { settle(); }
     Q_DISABLE_COPY_MOVE(ReviewTest)
 
-    void add(const std::string &name, double seconds, std::size_t padding) const
+    void add(const std::string &name, double seconds, std::size_t padding,
+             const std::string &type = "mp3") const
     {
-        home.add("music/" + name + ".mp3",
-                 smallAudio(u"MP3"_s, seconds).content.toStdString() + std::string(padding, '.'));
+        const QString format = QString::fromStdString(type).toUpper();
+        home.add("music/" + name + '.' + type,
+                 smallAudio(format, seconds).content.toStdString() + std::string(padding, '.'));
     }
     void scan()
     {
@@ -78,7 +80,7 @@ protected:
     {
         const std::string folder = home.path("music").string() + '/';
         const std::string name = song.path.toStdString().substr(folder.size());
-        return name.substr(0, name.size() - 4) + (session.onlyFurther().contains(song.id) ? "*" : "");
+        return name.substr(0, name.rfind(".mp3")) + (session.onlyFurther().contains(song.id) ? "*" : "");
     }
     /// The groups with duplicates, then the number of songs.
     [[nodiscard]] std::vector<std::string> shown() const
@@ -237,6 +239,24 @@ TEST_F(ReviewTest, MakesOriginalsOfWhatTheUserKeeps)
         EXPECT_EQ(toast(), each.toast);
         EXPECT_EQ(shown(), each.shown);
     }
+}
+
+TEST_F(ReviewTest, KeepsTheLargestLosslessCopyOfEveryGroup)
+{
+    for (const auto &[folder, padding] : {std::pair("a", 0), std::pair("b", 10)}) {
+        const auto size = static_cast<std::size_t>(padding);
+        add(folder + std::string("/Band Four - Last Waltz"), 170, 30'000 + size);
+        add(folder + std::string("/Band Four - Last Waltz"), 170, size, "flac");
+    }
+    scan();
+    session.keepLosslessCopies();
+    finish();
+    EXPECT_EQ(toast(), "Changed the original in 1 group");
+    EXPECT_THAT(shown(), testing::Contains(testing::StartsWith("b/Band Four - Last Waltz.flac; "
+                                                               "a/Band Four - Last Waltz.flac; ")));
+    session.keepLosslessCopies();
+    finish();
+    EXPECT_EQ(toast(), "No original has changed");
 }
 
 TEST_F(ReviewTest, CleansUpWhatOnlyLookingFurtherFoundUnlessItHasChangedSinceTheScan)

@@ -11,7 +11,7 @@ Item {
     readonly property bool isHovered: pointer.hovered
     readonly property bool isMarked: furtherReason !== ""
     // The room for the mark, before the badge.
-    readonly property real markWidth: 10
+    readonly property real markWidth: 12
 
     width: markWidth + TableColumns.badgeWidth
     height: 24
@@ -31,9 +31,9 @@ Item {
     Rectangle {
         visible: badge.isMarked
         anchors.verticalCenter: parent.verticalCenter
-        width: 6
-        height: 6
-        radius: 3
+        width: 5
+        height: 5
+        radius: 2.5
         color: "transparent"
         border.width: 1.5
         border.color: Colors.duplicate
