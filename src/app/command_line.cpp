@@ -20,7 +20,7 @@ QString helpText()
 {
     return QStringLiteral(
         "Usage: sonavo [PATH...]\n"
-        "       sonavo --report [--further] [--json] PATH...\n"
+        "       sonavo --report [--further] [--json | --csv] PATH...\n"
         "\n"
         "Finds the songs that a music folder holds more than once and helps to remove them. Opens\n"
         "a window, in which the files and folders PATH... are scanned at once.\n"
@@ -28,6 +28,7 @@ QString helpText()
         "  --report       print the duplicate songs among PATH... instead, changing nothing\n"
         "  --further      compare every song with every other, in every script: finds more\n"
         "  --json         print them as JSON\n"
+        "  --csv          print them as comma-separated values, for spreadsheets\n"
         "  -h, --help     print this text\n"
         "  -v, --version  print the version\n"
         "\n"
@@ -92,7 +93,8 @@ CommandLine parseCommandLine(std::span<char *const> arguments)
     const QCommandLineOption report(QStringLiteral("report"));
     const QCommandLineOption further(QStringLiteral("further"));
     const QCommandLineOption json(QStringLiteral("json"));
-    parser.addOptions({help, version, report, further, json});
+    const QCommandLineOption csv(QStringLiteral("csv"));
+    parser.addOptions({help, version, report, further, json, csv});
 
     const auto unusable = [&commandLine](const QString &reason) {
         commandLine.request = UnusableArguments{reason};
@@ -109,10 +111,13 @@ CommandLine parseCommandLine(std::span<char *const> arguments)
         return commandLine;
     }
     const bool isReport = parser.isSet(report);
-    for (const QCommandLineOption &option : {further, json}) {
+    for (const QCommandLineOption &option : {further, json, csv}) {
         if (!isReport && parser.isSet(option))
             return unusable(QStringLiteral("--%1 needs --report").arg(option.names().constFirst()));
     }
+
+    if (parser.isSet(json) && parser.isSet(csv))
+        return unusable(QStringLiteral("--json and --csv exclude each other"));
 
     QList<QUrl> items;
     for (const QString &path : parser.positionalArguments()) {
@@ -126,7 +131,10 @@ CommandLine parseCommandLine(std::span<char *const> arguments)
         return unusable(QStringLiteral("--report needs at least one PATH"));
     } else {
         commandLine.request =
-            ReportRequest{items, parser.isSet(json) ? ReportFormat::Json : ReportFormat::Text,
+            ReportRequest{items,
+                          parser.isSet(json)  ? ReportFormat::Json
+                          : parser.isSet(csv) ? ReportFormat::Csv
+                                              : ReportFormat::Text,
                           parser.isSet(further) ? SearchDepth::Further : SearchDepth::FourPasses};
     }
     return commandLine;
