@@ -48,7 +48,8 @@ void Importer::setAsking(bool isAsking)
 
 void Importer::setPendingUrls(const QList<QUrl> &urls)
 {
-    set({.isAsking = m_state.isAsking, .pendingUrls = urls});
+    // Without them there is nothing to ask about.
+    set({.isAsking = m_state.isAsking && !urls.isEmpty(), .pendingUrls = urls});
 }
 
 bool Importer::importDroppedItems(const QList<QUrl> &urls)
@@ -60,16 +61,17 @@ bool Importer::importDrop(const QList<QUrl> &urls)
 {
     if (m_job.state().isRunning)
         return false;
+    QList<QUrl> items = urls;
+    items.removeIf([](const QUrl &url) { return !url.isLocalFile(); });
+    QList<QUrl> importable = items;
+    importable.removeIf([](const QUrl &url) { return !isImportable(url); });
     QList<QUrl> started;
-    qsizetype importable = 0;
-    for (const QUrl &url : urls) {
-        if (!url.isLocalFile())
-            continue;
-        importable += isImportable(url) ? 1 : 0;
+    // A cover beside a folder would end the folder's scan.
+    for (const QUrl &url : importable.isEmpty() ? items : importable) {
         if (importDroppedItems({url}))
             started.append(url);
     }
-    if (importable > 1 && !started.isEmpty()) {
+    if (importable.size() > 1 && !started.isEmpty()) {
         m_notices.showToast(
             QStringLiteral("Only \u201c%1\u201d is being scanned. Use \u201cAdd Song\u201d to choose several "
                            "items together.")
@@ -119,7 +121,7 @@ void Importer::startScan(QList<QUrl> urls)
     if (urls.isEmpty() || m_job.state().isRunning)
         return;
     // Announced only after the scan has started, so that nothing here overrides what a listener does.
-    const State before = std::exchange(m_state, {.isAsking = m_state.isAsking, .pendingUrls = {}});
+    const State before = std::exchange(m_state, State());
     const QPointer<Importer> self(this);
     m_scan.start(std::move(urls));
     if (self && before != m_state)
