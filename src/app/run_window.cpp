@@ -27,6 +27,19 @@ bool hasDisplay()
                        [](const char *variable) { return !qEnvironmentVariableIsEmpty(variable); });
 }
 
+/// All sizes are in logical pixels, which the resolution of fonts alone does not change.
+void scaleWithFonts()
+{
+    constexpr double NORMAL_DPI = 96.0;
+    constexpr const char *FONT_DPI = "QT_FONT_DPI";
+    constexpr const char *SCALE = "QT_SCALE_FACTOR";
+    const double dpi = qEnvironmentVariable(FONT_DPI).toDouble();
+    if (dpi <= NORMAL_DPI || qEnvironmentVariableIsSet(SCALE))
+        return;
+    qputenv(SCALE, QByteArray::number(dpi / NORMAL_DPI));
+    qunsetenv(FONT_DPI);
+}
+
 } // namespace
 
 ExitStatus runWindow(int &argc, char **argv, const WindowRequest &request)
@@ -35,6 +48,7 @@ ExitStatus runWindow(int &argc, char **argv, const WindowRequest &request)
         std::fputs("sonavo: there is no display to open a window on; --report needs none\n", stderr);
         return ExitStatus::NoWindow;
     }
+    scaleWithFonts();
     // For the file dialogs: unlike the style of some desktops, this one takes the theme's colours.
     QApplication::setStyle(QStyleFactory::create(QStringLiteral("Fusion")));
     const QApplication application(argc, argv);
