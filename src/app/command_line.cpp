@@ -20,7 +20,7 @@ QString helpText()
 {
     return QStringLiteral(
         "Usage: sonavo [--new-window] [PATH...]\n"
-        "       sonavo --report [--further] [--json] PATH...\n"
+        "       sonavo --report [--further] [--json | --csv] PATH...\n"
         "\n"
         "Finds the songs that a music folder holds more than once and helps to remove them. Opens\n"
         "a window, in which the files and folders PATH... are scanned at once. If the window is\n"
@@ -30,6 +30,7 @@ QString helpText()
         "  --report       print the duplicate songs among PATH... instead, changing nothing\n"
         "  --further      compare every song with every other, in every script: finds more\n"
         "  --json         print them as JSON\n"
+        "  --csv          print them as comma-separated values, for spreadsheets\n"
         "  -h, --help     print this text\n"
         "  -v, --version  print the version\n"
         "\n"
@@ -94,8 +95,9 @@ CommandLine parseCommandLine(std::span<char *const> arguments)
     const QCommandLineOption report(QStringLiteral("report"));
     const QCommandLineOption further(QStringLiteral("further"));
     const QCommandLineOption json(QStringLiteral("json"));
+    const QCommandLineOption csv(QStringLiteral("csv"));
     const QCommandLineOption newWindow(QStringLiteral("new-window"));
-    parser.addOptions({help, version, report, further, json, newWindow});
+    parser.addOptions({help, version, report, further, json, csv, newWindow});
 
     const auto unusable = [&commandLine](const QString &reason) {
         commandLine.request = UnusableArguments{reason};
@@ -112,12 +114,15 @@ CommandLine parseCommandLine(std::span<char *const> arguments)
         return commandLine;
     }
     const bool isReport = parser.isSet(report);
-    for (const QCommandLineOption &option : {further, json}) {
+    for (const QCommandLineOption &option : {further, json, csv}) {
         if (!isReport && parser.isSet(option))
             return unusable(QStringLiteral("--%1 needs --report").arg(option.names().constFirst()));
     }
     if (isReport && parser.isSet(newWindow))
         return unusable(QStringLiteral("--report opens no window"));
+
+    if (parser.isSet(json) && parser.isSet(csv))
+        return unusable(QStringLiteral("--json and --csv exclude each other"));
 
     QList<QUrl> items;
     for (const QString &path : parser.positionalArguments()) {
@@ -132,7 +137,10 @@ CommandLine parseCommandLine(std::span<char *const> arguments)
         return unusable(QStringLiteral("--report needs at least one PATH"));
     } else {
         commandLine.request =
-            ReportRequest{items, parser.isSet(json) ? ReportFormat::Json : ReportFormat::Text,
+            ReportRequest{items,
+                          parser.isSet(json)  ? ReportFormat::Json
+                          : parser.isSet(csv) ? ReportFormat::Csv
+                                              : ReportFormat::Text,
                           parser.isSet(further) ? SearchDepth::Further : SearchDepth::FourPasses};
     }
     return commandLine;

@@ -66,6 +66,19 @@ std::optional<ExitStatus> shareWindow(ApplicationService &service, const WindowR
     return {};
 }
 
+/// All sizes are in logical pixels, which the resolution of fonts alone does not change.
+void scaleWithFonts()
+{
+    constexpr double NORMAL_DPI = 96.0;
+    constexpr const char *FONT_DPI = "QT_FONT_DPI";
+    constexpr const char *SCALE = "QT_SCALE_FACTOR";
+    const double dpi = qEnvironmentVariable(FONT_DPI).toDouble();
+    if (dpi <= NORMAL_DPI || qEnvironmentVariableIsSet(SCALE))
+        return;
+    qputenv(SCALE, QByteArray::number(dpi / NORMAL_DPI));
+    qunsetenv(FONT_DPI);
+}
+
 } // namespace
 
 ExitStatus runWindow(int &argc, char **argv, const WindowRequest &request)
@@ -77,6 +90,7 @@ ExitStatus runWindow(int &argc, char **argv, const WindowRequest &request)
     ApplicationService service;
     if (const std::optional<ExitStatus> status = shareWindow(service, request))
         return *status;
+    scaleWithFonts();
     // For the file dialogs: unlike the style of some desktops, this one takes the theme's colours.
     QApplication::setStyle(QStyleFactory::create(QStringLiteral("Fusion")));
     qInstallMessageHandler(handleStartMessage);

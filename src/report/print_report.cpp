@@ -38,6 +38,8 @@ bool writeReport(const QList<Song> &songs, const Findings &findings, ReportForma
     QFile output;
     if (!output.open(stdout, QIODevice::WriteOnly))
         return false;
+    if (format == ReportFormat::Csv)
+        return writeCsvReport(output, findings.groups) && output.flush();
     const auto write = format == ReportFormat::Json ? writeJsonReport : writeTextReport;
     return write(output, songs, findings.groups, findings.onlyFurther) && output.flush();
 }

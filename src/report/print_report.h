@@ -10,7 +10,9 @@ namespace sonavo {
 enum class ReportFormat
 {
     Text,
-    Json
+    Json,
+    /// Comma-separated values.
+    Csv
 };
 
 /// Scans files and folders and prints a report of their duplicates on standard output. Progress is shown on

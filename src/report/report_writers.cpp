@@ -1,5 +1,6 @@
 #include "report/report_writers.h"
 
+#include "model/bit_rate.h"
 #include "model/byte_count.h"
 #include "model/visible_controls.h"
 #include "report/terminal_text.h"
@@ -147,6 +148,24 @@ QByteArray jsonOf(const DuplicateGroup &group, const QHash<QUuid, qsizetype> &in
     return QJsonDocument(object).toJson(QJsonDocument::Compact);
 }
 
+/// A value in quotes. A spreadsheet calculates what begins with some characters, also in quotes, unless there
+/// is an apostrophe before it.
+QByteArray csvText(QString text)
+{
+    static const QString FORMULA_STARTS = QStringLiteral("=+-@\t\r\n");
+    if (!text.isEmpty() && FORMULA_STARTS.contains(text.front()))
+        text.prepend(u'\'');
+    return '"' + text.replace(u'"', QStringLiteral("\"\"")).toUtf8() + '"';
+}
+
+QByteArray csvLine(qsizetype group, const Song &song, const QByteArray &role)
+{
+    const std::optional<double> rate = kilobitsPerSecond(song);
+    return QByteArray::number(group) + ',' + role + ',' + csvText(song.path) + ',' +
+           QByteArray::number(song.size) + ',' + QByteArray::number(song.duration, 'f', 3) + ',' +
+           (rate ? QByteArray::number(*rate, 'f', 0) : QByteArray()) + "\r\n";
+}
+
 /// The items of a JSON array, one per line.
 template <typename List, typename ToJson>
 void addItems(BufferedWriter &writer, const List &items, ToJson toJson)
@@ -195,6 +214,18 @@ bool writeJsonReport(QIODevice &device, const QList<Song> &songs, const QList<Du
     }
     addItems(writer, groups, [&](qsizetype i) { return jsonOf(groups[i], indexes, onlyFurther); });
     writer.add("\n]}\n");
+    return writer.finish();
+}
+
+bool writeCsvReport(QIODevice &device, const QList<DuplicateGroup> &groups)
+{
+    BufferedWriter writer(device);
+    writer.add("group,role,path,size,seconds,kbit/s\r\n");
+    for (qsizetype i = 0; i < groups.size(); ++i) {
+        writer.add(csvLine(i + 1, groups[i].original, "original"));
+        for (const Song &duplicate : groups[i].duplicates)
+            writer.add(csvLine(i + 1, duplicate, "duplicate"));
+    }
     return writer.finish();
 }
 

@@ -30,4 +30,11 @@ using OnlyFurther = std::optional<QSet<QUuid>>;
 [[nodiscard]] bool writeJsonReport(QIODevice &device, const QList<Song> &songs,
                                    const QList<DuplicateGroup> &groups, const OnlyFurther &onlyFurther = {});
 
+/// Writes the songs of groups as comma-separated values in UTF-8 (RFC 4180), after a line of titles one line
+/// for each song: number of its group, from 1; "original" or "duplicate"; path; bytes; seconds; kbit/s, empty
+/// where the length is not known. No value is a formula to a spreadsheet.
+/// @param device open for writing
+/// @return whether everything could be written
+[[nodiscard]] bool writeCsvReport(QIODevice &device, const QList<DuplicateGroup> &groups);
+
 } // namespace sonavo

@@ -90,6 +90,8 @@ void Importer::setPendingUrls(const QList<QUrl> &urls)
 {
     State state = m_state;
     state.pendingUrls = urls;
+    // Without them there is nothing to ask about.
+    state.isAsking = state.isAsking && !urls.isEmpty();
     set(std::move(state));
 }
 
@@ -102,14 +104,15 @@ bool Importer::importDrop(const QList<QUrl> &urls)
 {
     if (m_job.state().isRunning)
         return false;
-    QList<QUrl> local;
-    std::copy_if(urls.begin(), urls.end(), std::back_inserter(local), std::mem_fn(&QUrl::isLocalFile));
+    QList<QUrl> local = urls;
+    local.removeIf([](const QUrl &url) { return !url.isLocalFile(); });
     const QList<DroppedItem> items = lookAt(local);
+    const auto importable = std::count_if(items.begin(), items.end(), std::mem_fn(&DroppedItem::isImportable));
     QList<QUrl> started;
-    qsizetype importable = 0;
     for (qsizetype i = 0; i < local.size(); ++i) {
-        importable += items[i].isImportable ? 1 : 0;
-        if (importWithinLimits({local[i]}, items[i].songs, droppedItemsRefusal()))
+        // A cover beside a folder would end the folder's scan.
+        const bool isPassedOver = importable > 0 && !items[i].isImportable;
+        if (!isPassedOver && importWithinLimits({local[i]}, items[i].songs, droppedItemsRefusal()))
             started.append(local[i]);
     }
     if (importable > 1 && !started.isEmpty()) {
@@ -200,8 +203,7 @@ void Importer::startScan(QList<QUrl> urls)
     if (urls.isEmpty() || m_job.state().isRunning)
         return;
     // Announced only after the scan has started, so that nothing here overrides what a listener does.
-    const State before =
-        std::exchange(m_state, {.isAsking = m_state.isAsking, .pendingUrls = {}, .openedUrls = {}});
+    const State before = std::exchange(m_state, State());
     const QPointer<Importer> self(this);
     m_scan.start(std::move(urls));
     if (self && before != m_state)

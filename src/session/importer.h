@@ -51,7 +51,7 @@ public:
     /// Imports file URLs that were dropped as one item.
     bool importDroppedItems(const QList<QUrl> &urls);
     /// Imports what was dropped together, one item after the other, so that only the last one stays; a toast
-    /// says so when there is more than one. URLs that are not local files are ignored.
+    /// says so when there is more than one. What is not local is ignored, and other files beside music.
     bool importDrop(const QList<QUrl> &urls);
     /// Imports file URLs that the user chose together.
     bool importChosenItems(const QList<QUrl> &urls);

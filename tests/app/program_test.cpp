@@ -67,6 +67,7 @@ protected:
 const QString SAMPLES = QStringLiteral(SONAVO_SAMPLES);
 const QString REPORT = QStringLiteral("--report");
 const QString JSON = QStringLiteral("--json");
+const QString CSV = QStringLiteral("--csv");
 const QString FURTHER = QStringLiteral("--further");
 
 TEST_F(ProgramTest, FindsTheDuplicatesOfTheSampleLibraryInAllFourWays)
@@ -80,6 +81,8 @@ TEST_F(ProgramTest, FindsTheDuplicatesOfTheSampleLibraryInAllFourWays)
     const QJsonObject report = QJsonDocument::fromJson(m_process.readAllStandardOutput()).object();
     EXPECT_EQ(report[QStringLiteral("songs")].toArray().size(), 21);
     EXPECT_EQ(report[QStringLiteral("groups")].toArray().size(), 6);
+    ASSERT_EQ(run({REPORT, CSV, SAMPLES}), 0);
+    EXPECT_EQ(QString::fromStdString(output()).count(u"\r\n"), 1 + 6 + 7);
     EXPECT_EQ(errors(), "");
 }
 
@@ -113,6 +116,8 @@ TEST_F(ProgramTest, TellsApartSuccessNothingFoundAndUnusableArguments)
         {{REPORT, QString()}, 2, "", "sonavo: no such file or folder"},
         {{REPORT}, 2, "", "sonavo: --report needs"},
         {{JSON, SAMPLES}, 2, "", "sonavo: --json needs"},
+        {{CSV, SAMPLES}, 2, "", "sonavo: --csv needs"},
+        {{REPORT, CSV, JSON, SAMPLES}, 2, "", "sonavo: --json and --csv"},
         {{FURTHER, SAMPLES}, 2, "", "sonavo: --further needs"},
         {{REPORT, QStringLiteral("--loud"), SAMPLES}, 2, "", "sonavo: "},
         {{}, 1, "", "sonavo: there is no display"},

@@ -78,6 +78,20 @@ TEST_F(ReportTest, TellsWhatOnlyLookingFurtherFound)
     EXPECT_FALSE(firstGroup(std::nullopt).contains(u"foundBy"_s));
 }
 
+TEST_F(ReportTest, WritesValuesThatASpreadsheetTakesForWhatTheyAre)
+{
+    songs[0].path = u"=1+\"2\".mp3"_s;
+    songs[1].path = u"/a, \nb.mp3"_s;
+    songs[2].duration = 0.0;
+    ASSERT_TRUE(writeCsvReport(output, {{{}, songs[0], {songs[1]}}, {{}, songs[1], {songs[2]}}}));
+    EXPECT_EQ(output.data().toStdString(),
+              "group,role,path,size,seconds,kbit/s\r\n"
+              "1,original,\"'=1+\"\"2\"\".mp3\",999,61.900,0\r\n"
+              "1,duplicate,\"/a, \nb.mp3\",5000000,0.300,133333\r\n"
+              "2,original,\"/a, \nb.mp3\",5000000,0.300,133333\r\n"
+              "2,duplicate,\"/music/c\x1b[2J\nd\u202e.mp3\",84300000,0.000,\r\n");
+}
+
 TEST_F(ReportTest, WritesJsonThatReadsBackExactly)
 {
     ASSERT_TRUE(writeJsonReport(output, songs, groups));

@@ -72,8 +72,10 @@ TEST_F(ImporterTest, ImportsWhatIsChosenUnlessTheSessionWasClearedMeanwhile)
     EXPECT_FALSE(gone->importWithOpenPanel());
     EXPECT_FALSE(scan.state().isRunning);
     importer.setPendingUrls({song});
+    importer.setAsking(true);
     desktop.onChoice = [] {};
     EXPECT_TRUE(importer.importWithOpenPanel());
+    EXPECT_FALSE(importer.state().isAsking);
     EXPECT_TRUE(importer.state().pendingUrls.isEmpty()) << "the later import replaces the pending one";
 }
 

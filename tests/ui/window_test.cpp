@@ -344,6 +344,10 @@ TEST_F(WindowTest, LightsUpUnderFilesAndImportsThemOnceWhereverTheyAreDropped)
     drop(corner(), SAMPLES);
     EXPECT_EQ(scans(), 2) << "during a scan";
     EXPECT_TRUE(goOnUntil([this] { return !session.isScanning(); }));
+    const QUrl cover = QUrl::fromLocalFile(QStringLiteral(SONAVO_SAMPLES "/make.sh"));
+    drop(corner(), {SAMPLES[0], cover});
+    EXPECT_TRUE(goOnUntil([this] { return !session.isScanning(); }));
+    EXPECT_FALSE(session.showAlert() || session.songCount() < 20) << "what is no audio is passed over";
     // Over results. Each item is imported by itself, and the last one stands.
     const QUrl phone = QUrl::fromLocalFile(QStringLiteral(SONAVO_SAMPLES "/Phone"));
     const QImage results = window->grabWindow();

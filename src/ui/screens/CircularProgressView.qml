@@ -22,6 +22,16 @@ FocusScope {
         duration: 2000
     }
 
+    // A folder of many files stays at zero for a while.
+    SequentialAnimation {
+        running: view.visible && view.progress === 0
+        loops: Animation.Infinite
+        onStopped: ring.opacity = 1
+
+        NumberAnimation { target: ring; property: "opacity"; to: 0.4; duration: 900; easing.type: Easing.InOutQuad }
+        NumberAnimation { target: ring; property: "opacity"; to: 1; duration: 900; easing.type: Easing.InOutQuad }
+    }
+
     Rectangle {
         anchors.fill: parent
         color: Colors.background
