@@ -8,7 +8,7 @@
 
 namespace sonavo {
 
-/// How often characters stand in a text, in groups of several characters each.
+/// How often characters stand in a text, in groups of several characters each. A plain value.
 class CharacterCounts
 {
 public:

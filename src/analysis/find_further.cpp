@@ -158,6 +158,36 @@ Star starOf(const QList<Song> &songs, const FurtherSongs &prepared, Position cen
     return star;
 }
 
+/// Every song is in at most one of them.
+/// @return nothing if it was stopped
+std::optional<std::vector<Star>> starsOf(const QList<Song> &songs, const FurtherIndex &index,
+                                         const MatchCounts &counts, const std::stop_token &stop,
+                                         const Progress &progress)
+{
+    const FurtherSongs &prepared = index.songs();
+    FurtherMatches matches(index);
+    const std::vector<Position> centres = centresIn(prepared, counts);
+    std::vector<Star> stars;
+    for (std::size_t i = 0; i < centres.size(); ++i) {
+        if (i % SONGS_PER_PART == 0) {
+            if (stop.stop_requested())
+                return std::nullopt;
+            progress.set(static_cast<double>(i) / static_cast<double>(centres.size()));
+        }
+        if (matches.isRemoved(centres[i]))
+            continue;
+        Star star = starOf(songs, prepared, centres[i], counts.matchesOf(centres[i], matches));
+        if (star.size() < 2)
+            continue;
+        for (const Position song : star)
+            matches.remove(song);
+        stars.push_back(std::move(star));
+    }
+    if (stop.stop_requested())
+        return std::nullopt;
+    return stars;
+}
+
 DuplicateGroup groupOf(const QList<Song> &songs, const FurtherSongs &prepared, const Star &star)
 {
     DuplicateGroup group;
@@ -207,29 +237,12 @@ std::optional<QList<DuplicateGroup>> findFurther(const QList<Song> &songs, const
     if (!counts)
         return std::nullopt;
 
-    FurtherMatches matches(index);
-    const std::vector<Position> centres = centresIn(prepared, *counts);
-    const Progress progress(reportProgress, AFTER_COUNTING, 1.0);
-    std::vector<Star> stars;
-    for (std::size_t i = 0; i < centres.size(); ++i) {
-        if (i % SONGS_PER_PART == 0) {
-            if (stop.stop_requested())
-                return std::nullopt;
-            progress.set(static_cast<double>(i) / static_cast<double>(centres.size()));
-        }
-        if (matches.isRemoved(centres[i]))
-            continue;
-        Star star = starOf(songs, prepared, centres[i], counts->matchesOf(centres[i], matches));
-        if (star.size() < 2)
-            continue;
-        for (const Position song : star)
-            matches.remove(song);
-        stars.push_back(std::move(star));
-    }
-    if (stop.stop_requested())
+    std::optional<std::vector<Star>> stars =
+        starsOf(songs, index, *counts, stop, Progress(reportProgress, AFTER_COUNTING, 1.0));
+    if (!stars)
         return std::nullopt;
     reportProgress(1.0);
-    return groupsOf(songs, prepared, std::move(stars));
+    return groupsOf(songs, prepared, *std::move(stars));
 }
 
 QSet<QUuid> foundOnlyFurther(const QList<DuplicateGroup> &further, const QList<DuplicateGroup> &careful)

@@ -30,13 +30,12 @@ inline constexpr int MOST_MATCHES_COUNTED = 100;
 /// largest file, among equally large ones the centre, then the first. A song of the star that does not match
 /// the original itself is left for later stars.
 ///
-/// Pure; blocks its thread, which can be any, until it is done or stopped. The same songs in the same order
-/// always give the same groups.
+/// Pure; works on all cores and blocks its thread, which can be any, until it is done or stopped. The same
+/// songs in the same order always give the same groups.
 /// @param songs distinct ids, finite durations; of several songs with one path only the first is compared
 /// @param reportProgress called in the caller's thread
 /// @return the groups, each with at least one duplicate, in the order of their first songs; a song is in at
-/// most
-///     one of them. Nothing if it was stopped.
+/// most one of them. Nothing if it was stopped.
 [[nodiscard]] std::optional<QList<DuplicateGroup>>
 findFurther(const QList<Song> &songs, const std::stop_token &stop, const FurtherProgressSink &reportProgress);
 

@@ -26,9 +26,8 @@ public:
     static constexpr std::size_t ARTIST_GRAM_LENGTH = 2;
 
     /// Replaces the song that is held.
-    /// @param number what of a song with a track number is read: Kept to compare it with others that have
-    /// one,
-    ///     Dropped to compare it with those that have none
+    /// @param number Kept to compare it with songs that have a track number like it, Dropped to compare it
+    /// with those that have none
     void read(const FurtherSong &song, TrackNumber number);
 
     /// The runs of GRAM_LENGTH characters of the full text, with a blank at either end, in order.
