@@ -377,6 +377,7 @@ void search(double minutes, std::uint64_t seed)
     const Cost realistic = costInChild([] { return generateLibrary({.songs = MIDDLE}); }, MOST_SECONDS);
     std::printf("seed %llu; a realistic library of %zu songs takes %.3f s of CPU\n",
                 static_cast<unsigned long long>(seed), MIDDLE, realistic.cpuSeconds);
+    std::fflush(stdout);
     const auto time =
         std::chrono::duration_cast<Clock::duration>(std::chrono::duration<double>(minutes * 60));
     const std::vector<Found> found = Search(MIDDLE, seed, Clock::now() + time).run();

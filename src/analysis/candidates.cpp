@@ -1,5 +1,6 @@
 #include "analysis/candidates.h"
 
+#include "analysis/distance.h"
 #include "analysis/matching.h"
 
 #include <algorithm>
@@ -12,8 +13,15 @@ namespace {
 constexpr std::size_t ARTIST_INDEX_THRESHOLD = 256;
 /// How many artists can be compared in the time that it takes to check one song.
 constexpr std::size_t ARTISTS_PER_SONG = 4;
-/// How many songs of a window are gone through in the time that it takes to propose and check one.
-constexpr std::size_t WINDOW_SONGS_PER_SONG = 1;
+
+/// The length of the longest artists that can match one of this length.
+std::size_t longestSimilar(std::size_t length)
+{
+    std::size_t longest = length;
+    while (longest + 1 - length <= largestDistance(longest + 1, MATCH_ARTIST_SIMILARITY))
+        ++longest;
+    return longest;
+}
 
 } // namespace
 
@@ -26,6 +34,12 @@ CandidateIndex::CandidateIndex(const PreparedSongs &songs)
 void CandidateIndex::build(std::span<const SongIndex> bucket)
 {
     sort(bucket);
+    m_artistPairs.clear();
+    m_longestArtist = 0;
+    for (const PreparedSong &song : m_bucket) {
+        m_artistPairs.push_back(song.artistPairs);
+        m_longestArtist = std::max(m_longestArtist, song.artistLength);
+    }
     m_isRemoved.assign(m_bucket.size(), 0);
     listWords();
     const auto length = [this](std::uint32_t word) {
@@ -95,7 +109,7 @@ std::span<const BucketPosition> CandidateIndex::candidatesFor(BucketPosition see
     const std::size_t byWords = countByWords(m_bucket[seed], window);
     if (byWords == 0)
         return {};
-    const std::size_t byWindow = (window.end - window.begin) / WINDOW_SONGS_PER_SONG;
+    const std::size_t byWindow = window.end - window.begin;
     const std::size_t least = std::min(byWords, byWindow);
     // Finding the matching artists takes a look at every artist.
     if (m_hasArtists && least > m_artists.artistCount() / ARTISTS_PER_SONG &&
@@ -157,10 +171,13 @@ void CandidateIndex::proposeByWords(BucketPosition seed, Window window, Query &q
 
 void CandidateIndex::proposeWindow(BucketPosition seed, Window window, Query &query) const
 {
-    for (BucketPosition position = window.begin; position < window.end; ++position) {
-        if (!isRemoved(position) && position != seed)
-            query.candidates.push_back(position);
-    }
+    const std::size_t longest =
+        std::min<std::size_t>(m_longestArtist, longestSimilar(m_bucket[seed].artistLength));
+    appendNear(query.candidates, window.begin,
+               std::span(m_artistPairs).subspan(window.begin, window.end - window.begin), m_artistPairs[seed],
+               largestDistance(longest, MATCH_ARTIST_SIMILARITY));
+    std::erase_if(query.candidates,
+                  [&](BucketPosition position) { return isRemoved(position) || position == seed; });
 }
 
 bool CandidateIndex::proposeByArtists(BucketPosition seed, Window window, std::size_t most,

@@ -29,7 +29,7 @@ namespace sonavo {
 ///      is in the list of one of the seed's words. Slow where nearly all titles share a word ("Track 0001").
 ///    - The artists (ArtistIndex). Matching songs have matching artists. Slow where most songs are by one
 ///      artist, or by none, or where there are very many artists.
-///    - The window itself.
+///    - The window itself, less the songs whose artists have too few pairs of characters in common.
 ///    The one with the fewest songs to check is used. The constants behind that choice are estimates of cost:
 ///    any values give the same clusters.
 ///
@@ -117,6 +117,9 @@ private:
     /// Contiguous copies, which are read faster than the scattered originals.
     std::vector<PreparedSong> m_bucket;
     std::vector<BucketPosition> m_order;
+    /// PreparedSong::artistPairs of each song: apart from the rest, to be read fast.
+    std::vector<std::uint64_t> m_artistPairs;
+    std::uint32_t m_longestArtist = 0;
     bool m_isSorted = false;
     std::vector<char> m_isRemoved;
     /// By word id; empty for words that the bucket does not have.
@@ -126,8 +129,6 @@ private:
     /// Built only where a seed can have many songs to go through.
     ArtistIndex m_artists;
     bool m_hasArtists = false;
-    /// Tells one bucket from the next.
-    std::uint32_t m_buildCount = 0;
 };
 
 } // namespace sonavo

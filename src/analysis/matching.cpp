@@ -29,6 +29,7 @@ bool areFullTextsSimilar(const PreparedSongs &songs, const PreparedSong &a, cons
         return true;
     const std::size_t limit = largestDistance(std::max(a.fullLength, b.fullLength), MATCH_TITLE_SIMILARITY);
     return mayBeWithin(limit, a.fullLength, b.fullLength, a.fullBag, b.fullBag) &&
+           mayBeWithin(limit, a.fullPairs, b.fullPairs) &&
            calculateSimilarity(songs.fullTextOf(a), songs.fullTextOf(b), MATCH_TITLE_SIMILARITY) >=
                MATCH_TITLE_SIMILARITY;
 }

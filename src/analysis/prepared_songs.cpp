@@ -149,6 +149,7 @@ void PreparedSongs::prepare(SongIndex begin, Texts &texts)
         joinInto(text, artist, title);
         prepared.fullLength = static_cast<std::uint32_t>(text.size());
         prepared.fullBag = characterBag(text);
+        prepared.fullPairs = characterPairs(text);
 
         lowerInto(lowered, song.name);
         prepared.nameLength = static_cast<std::uint32_t>(lowered.size());

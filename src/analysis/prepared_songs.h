@@ -27,8 +27,9 @@ struct PreparedSong
     /// characterBag() of the normalised artist, and of artist and title joined.
     std::uint64_t artistBag = 0;
     std::uint64_t fullBag = 0;
-    /// characterPairs() of the normalised artist.
+    /// characterPairs() of the same.
     std::uint64_t artistPairs = 0;
+    std::uint64_t fullPairs = 0;
     /// bigramsOf() the lower-cased title and file name.
     std::uint64_t titleBigrams = 0;
     std::uint64_t nameBigrams = 0;
