@@ -131,6 +131,7 @@ TEST_F(DuplicateViewModelTest, IgnoresWhatWouldChangeTheSessionWhileFilesAreMove
     ASSERT_TRUE(QTest::qWaitFor([this] { return !session.isCleaningUp(); }));
     EXPECT_EQ(session.songCount(), 0);
     EXPECT_FALSE(session.hasCleanUpSummary());
+    settle();
 }
 
 TEST_F(DuplicateViewModelTest, AnnouncesAClearedSessionInOrderAndOnceMore)
