@@ -6,10 +6,9 @@
 
 #include <QCoreApplication>
 
-#include <malloc.h>
-
 #include <chrono>
 #include <cstdio>
+#include <malloc.h>
 #include <variant>
 
 namespace {

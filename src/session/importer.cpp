@@ -107,7 +107,8 @@ bool Importer::importDrop(const QList<QUrl> &urls)
     QList<QUrl> local = urls;
     local.removeIf([](const QUrl &url) { return !url.isLocalFile(); });
     const QList<DroppedItem> items = lookAt(local);
-    const auto importable = std::count_if(items.begin(), items.end(), std::mem_fn(&DroppedItem::isImportable));
+    const auto importable =
+        std::count_if(items.begin(), items.end(), std::mem_fn(&DroppedItem::isImportable));
     QList<QUrl> started;
     for (qsizetype i = 0; i < local.size(); ++i) {
         // A cover beside a folder would end the folder's scan.
