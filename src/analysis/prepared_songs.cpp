@@ -13,7 +13,7 @@
 namespace sonavo {
 namespace {
 
-constexpr std::size_t SONGS_PER_PART = 1024;
+constexpr std::size_t SONGS_PER_BLOCK = 1024;
 constexpr std::size_t PARTS_AT_A_TIME = 64;
 
 /// As normalising "artist - title" would give it.
@@ -33,15 +33,15 @@ struct PreparedSongs::Texts
     void clear(SongIndex newBegin)
     {
         begin = newBegin;
-        characters.clear();
-        ends.clear();
+        m_characters.clear();
+        m_ends.clear();
     }
     void add(std::string_view text)
     {
-        characters += text;
-        ends.push_back(characters.size());
+        m_characters += text;
+        m_ends.push_back(m_characters.size());
     }
-    [[nodiscard]] SongIndex songCount() const { return static_cast<SongIndex>(ends.size() / 3); }
+    [[nodiscard]] SongIndex songCount() const { return static_cast<SongIndex>(m_ends.size() / 3); }
     [[nodiscard]] std::string_view artistOf(SongIndex i) const { return at(std::size_t{i} * 3); }
     [[nodiscard]] std::string_view titleOf(SongIndex i) const { return at(std::size_t{i} * 3 + 1); }
     [[nodiscard]] std::string_view nameOf(SongIndex i) const { return at(std::size_t{i} * 3 + 2); }
@@ -52,13 +52,13 @@ struct PreparedSongs::Texts
 private:
     [[nodiscard]] std::string_view at(std::size_t i) const
     {
-        const std::size_t start = i == 0 ? 0 : ends[i - 1];
-        return std::string_view(characters).substr(start, ends[i] - start);
+        const std::size_t start = i == 0 ? 0 : m_ends[i - 1];
+        return std::string_view(m_characters).substr(start, m_ends[i] - start);
     }
 
-    std::string characters;
+    std::string m_characters;
     /// Of artist, title and name of each song in turn.
-    std::vector<std::size_t> ends;
+    std::vector<std::size_t> m_ends;
 };
 
 PreparedSongs::PreparedSongs(QList<Song> songs, const std::stop_token &stop)
@@ -96,9 +96,9 @@ PreparedSongs::PreparedSongs(QList<Song> songs, const std::stop_token &stop)
     std::vector<Texts> parts(PARTS_AT_A_TIME);
     for (std::size_t begin = 0; begin < count && !stop.stop_requested();) {
         const std::size_t partCount =
-            std::min(PARTS_AT_A_TIME, (count - begin + SONGS_PER_PART - 1) / SONGS_PER_PART);
+            std::min(PARTS_AT_A_TIME, (count - begin + SONGS_PER_BLOCK - 1) / SONGS_PER_BLOCK);
         forEachInParallel(partCount, 1, stop, [&](std::size_t i) {
-            prepare(static_cast<SongIndex>(begin + i * SONGS_PER_PART), parts[i]);
+            prepare(static_cast<SongIndex>(begin + i * SONGS_PER_BLOCK), parts[i]);
         });
         if (stop.stop_requested())
             return;
@@ -111,7 +111,7 @@ PreparedSongs::PreparedSongs(QList<Song> songs, const std::stop_token &stop)
             else
                 addPaths(ready);
         });
-        begin += partCount * SONGS_PER_PART;
+        begin += partCount * SONGS_PER_BLOCK;
     }
 }
 
@@ -124,7 +124,7 @@ void PreparedSongs::prepare(SongIndex begin, Texts &texts)
     std::string text;
     PreparedSong prepared;
     const QString *previousArtist = nullptr;
-    const std::size_t end = std::min(begin + SONGS_PER_PART, size());
+    const std::size_t end = std::min(begin + SONGS_PER_BLOCK, size());
     for (SongIndex index = begin; index < end; ++index) {
         const Song &song = this->song(index);
         prepared.index = index;

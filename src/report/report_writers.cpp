@@ -152,8 +152,8 @@ QByteArray jsonOf(const DuplicateGroup &group, const QHash<QUuid, qsizetype> &in
 /// is an apostrophe before it.
 QByteArray csvText(QString text)
 {
-    static const QString FORMULA_STARTS = QStringLiteral("=+-@\t\r\n");
-    if (!text.isEmpty() && FORMULA_STARTS.contains(text.front()))
+    static const QString formulaStarts = QStringLiteral("=+-@\t\r\n");
+    if (!text.isEmpty() && formulaStarts.contains(text.front()))
         text.prepend(u'\'');
     return '"' + text.replace(u'"', QStringLiteral("\"\"")).toUtf8() + '"';
 }

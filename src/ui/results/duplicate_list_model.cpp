@@ -460,7 +460,7 @@ bool DuplicateListModel::reorderMembers(std::size_t first, std::size_t count,
                                         const QList<DuplicateGroup> &groups)
 {
     const auto begin = static_cast<qsizetype>(first);
-    const auto end = static_cast<qsizetype>(first + count);
+    const auto end = begin + static_cast<qsizetype>(count);
     const bool haveSameRows =
         std::equal(m_groups.cbegin() + begin, m_groups.cbegin() + end, groups.cbegin() + begin,
                    groups.cbegin() + end, [](const DuplicateGroup &a, const DuplicateGroup &b) {

@@ -38,7 +38,7 @@ bool containsAll(const DuplicateGroup &group, const QStringList &words)
 
 /// @param keyOf computed once for each group
 template <typename KeyOf, typename Less = std::less<>>
-QList<DuplicateGroup> sortedBy(QList<DuplicateGroup> groups, const KeyOf &keyOf, const Less &less = {})
+QList<DuplicateGroup> sortedBy(const QList<DuplicateGroup> &groups, const KeyOf &keyOf, const Less &less = {})
 {
     using Key = std::invoke_result_t<KeyOf, const DuplicateGroup &>;
     std::vector<std::pair<Key, qsizetype>> keys;
@@ -50,22 +50,22 @@ QList<DuplicateGroup> sortedBy(QList<DuplicateGroup> groups, const KeyOf &keyOf,
     QList<DuplicateGroup> sorted;
     sorted.reserve(groups.size());
     for (const auto &key : keys)
-        sorted.append(std::move(groups[key.second]));
+        sorted.append(groups.at(key.second));
     return sorted;
 }
 
-QList<DuplicateGroup> sorted(QList<DuplicateGroup> groups, Order order)
+QList<DuplicateGroup> sorted(const QList<DuplicateGroup> &groups, Order order)
 {
     if (order == Order::AsFound)
         return groups;
     if (order == Order::Freed)
-        return sortedBy(std::move(groups), freedBytes, std::greater<>());
+        return sortedBy(groups, freedBytes, std::greater<>());
     // Without a language, letters would be ordered by their codes.
     const QLocale locale;
     QCollator collator(locale.language() == QLocale::C ? QLocale(QLocale::English) : locale);
     collator.setNumericMode(true);
     collator.setCaseSensitivity(Qt::CaseInsensitive);
-    return sortedBy(std::move(groups), [&collator, order](const DuplicateGroup &group) {
+    return sortedBy(groups, [&collator, order](const DuplicateGroup &group) {
         const Song &song = group.original;
         return collator.sortKey(order == Order::Name ? song.name : song.path.chopped(song.name.size()));
     });
