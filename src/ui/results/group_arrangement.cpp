@@ -90,7 +90,7 @@ std::optional<ArrangedGroups> arranged(QList<DuplicateGroup> groups, const Group
     if (stop.stop_requested())
         return std::nullopt;
     const int hidden = all - totalsOf(groups).count;
-    return ArrangedGroups{sorted(std::move(groups), arrangement.order), hidden};
+    return ArrangedGroups{sorted(groups, arrangement.order), hidden};
 }
 
 } // namespace sonavo
