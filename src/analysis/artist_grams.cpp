@@ -11,9 +11,9 @@ namespace sonavo {
 namespace {
 
 /// Fewer songs than this are looked through as fast as n-grams are chosen.
-constexpr std::size_t FEW_SONGS = 512;
+constexpr std::size_t FEW_SONGS = 256;
 /// How many songs can be looked through in the time that an entry of a list takes.
-constexpr std::size_t SONGS_PER_ENTRY = 4;
+constexpr std::size_t SONGS_PER_ENTRY = 2;
 
 /// Longer artists are few.
 constexpr std::size_t LONGEST_ARTIST = 64;
