@@ -5,6 +5,7 @@
 
 #include <algorithm>
 #include <numeric>
+#include <utility>
 
 namespace sonavo {
 namespace {
@@ -13,6 +14,11 @@ namespace {
 constexpr std::size_t ARTIST_INDEX_THRESHOLD = 256;
 /// How many artists can be compared in the time that it takes to check one song.
 constexpr std::size_t ARTISTS_PER_SONG = 4;
+
+/// If a seed can have more songs to check than this and there are more artists than that, looking for
+/// n-grams pays off.
+constexpr std::size_t GRAMS_THRESHOLD = 1024;
+constexpr std::size_t MANY_ARTISTS = 1024;
 
 /// The length of the longest artists that can match one of this length.
 std::size_t longestSimilar(std::size_t length)
@@ -29,6 +35,7 @@ CandidateIndex::CandidateIndex(const PreparedSongs &songs)
     : m_songs(songs)
     , m_wordLists(songs.wordCount())
     , m_artists(songs)
+    , m_grams(songs)
 {}
 
 void CandidateIndex::build(std::span<const SongIndex> bucket)
@@ -42,13 +49,15 @@ void CandidateIndex::build(std::span<const SongIndex> bucket)
     }
     m_isRemoved.assign(m_bucket.size(), 0);
     listWords();
-    const auto length = [this](std::uint32_t word) {
-        return m_wordLists[word].end - m_wordLists[word].begin;
-    };
-    m_hasArtists = std::any_of(m_bucketWords.begin(), m_bucketWords.end(),
-                               [&](std::uint32_t word) { return length(word) > ARTIST_INDEX_THRESHOLD; });
+    std::size_t longest = 0;
+    for (const std::uint32_t word : m_bucketWords)
+        longest = std::max<std::size_t>(longest, m_wordLists[word].end - m_wordLists[word].begin);
+    m_hasArtists = longest > ARTIST_INDEX_THRESHOLD;
     if (m_hasArtists)
         m_artists.build(m_bucket);
+    m_hasGrams = longest > GRAMS_THRESHOLD && m_artists.artistCount() > MANY_ARTISTS;
+    if (m_hasGrams)
+        m_grams.build(m_bucket);
 }
 
 void CandidateIndex::sort(std::span<const SongIndex> bucket)
@@ -111,6 +120,10 @@ std::span<const BucketPosition> CandidateIndex::candidatesFor(BucketPosition see
         return {};
     const std::size_t byWindow = window.end - window.begin;
     const std::size_t least = std::min(byWords, byWindow);
+    if (m_hasGrams && least > GRAMS_THRESHOLD) {
+        proposeByGrams(seed, window, query);
+        return query.candidates;
+    }
     // Finding the matching artists takes a look at every artist.
     if (m_hasArtists && least > m_artists.artistCount() / ARTISTS_PER_SONG &&
         proposeByArtists(seed, window, least, query))
@@ -178,6 +191,17 @@ void CandidateIndex::proposeWindow(BucketPosition seed, Window window, Query &qu
                largestDistance(longest, MATCH_ARTIST_SIMILARITY));
     std::erase_if(query.candidates,
                   [&](BucketPosition position) { return isRemoved(position) || position == seed; });
+}
+
+void CandidateIndex::proposeByGrams(BucketPosition seed, Window window, Query &query) const
+{
+    m_grams.appendMatching(query.candidates, m_bucket[seed], window.begin, window.end);
+    query.lastSeeds.resize(std::max(query.lastSeeds.size(), m_bucket.size()));
+    query.lastSeeds[seed] = ++query.seedCount;
+    std::erase_if(query.candidates, [&](BucketPosition position) {
+        return isRemoved(position) ||
+               std::exchange(query.lastSeeds[position], query.seedCount) == query.seedCount;
+    });
 }
 
 bool CandidateIndex::proposeByArtists(BucketPosition seed, Window window, std::size_t most,

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "analysis/artist_grams.h"
 #include "analysis/artist_index.h"
 #include "analysis/prepared_songs.h"
 
@@ -23,12 +24,13 @@ namespace sonavo {
 ///
 /// 1. Candidates (this class). Matching songs play for about as long. The bucket is sorted by playing time,
 /// so
-///    that they are a window of neighbours. Of the songs in it, one of three proposes, each of which finds
+///    that they are a window of neighbours. Of the songs in it, one of four proposes, each of which finds
 ///    every match alone:
 ///    - The title words. Matching songs share a word of at least MATCH_WORD_LENGTH characters, so each match
 ///      is in the list of one of the seed's words. Slow where nearly all titles share a word ("Track 0001").
 ///    - The artists (ArtistIndex). Matching songs have matching artists. Slow where most songs are by one
 ///      artist, or by none, or where there are very many artists.
+///    - Parts of the artists (ArtistGrams), where there are very many artists.
 ///    - The window itself, less the songs whose artists have too few pairs of characters in common.
 ///    The one with the fewest songs to check is used. The constants behind that choice are estimates of cost:
 ///    any values give the same clusters.
@@ -109,6 +111,7 @@ private:
     [[nodiscard]] std::size_t countByWords(const PreparedSong &seed, Window window) const;
     void proposeByWords(BucketPosition seed, Window window, Query &query) const;
     void proposeWindow(BucketPosition seed, Window window, Query &query) const;
+    void proposeByGrams(BucketPosition seed, Window window, Query &query) const;
     [[nodiscard]] bool proposeByArtists(BucketPosition seed, Window window, std::size_t most,
                                         Query &query) const;
 
@@ -129,6 +132,9 @@ private:
     /// Built only where a seed can have many songs to go through.
     ArtistIndex m_artists;
     bool m_hasArtists = false;
+    /// Built only where that can take long and the artists are many.
+    ArtistGrams m_grams;
+    bool m_hasGrams = false;
 };
 
 } // namespace sonavo

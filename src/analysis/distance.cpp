@@ -10,16 +10,6 @@ namespace sonavo {
 namespace {
 
 constexpr std::size_t WORD_BITS = 64;
-/// The characters of normalised texts: letters, digits and the blank.
-constexpr std::size_t ALPHABET = 37;
-
-constexpr std::size_t symbolOf(char character)
-{
-    if (character >= 'a')
-        return static_cast<std::size_t>(character - 'a');
-    return character == ' ' ? 36 : static_cast<std::size_t>(character - '0') + 26;
-}
-
 /// For each character, the rows of one block in which it stands, as bits.
 /// @tparam MOST rows
 template <typename Character, std::size_t MOST = WORD_BITS>

@@ -12,6 +12,17 @@ namespace sonavo {
 // that are no letter, digit or blank are a programming error; the others (see normalizeAllScripts()) hold
 // code points. Everything is pure; any thread may call it.
 
+/// The characters of normalised texts of bytes: letters, digits and the blank.
+inline constexpr std::size_t ALPHABET = 37;
+
+/// The number of such a character, below ALPHABET; the blank's is the last.
+[[nodiscard]] constexpr std::size_t symbolOf(char character)
+{
+    if (character >= 'a')
+        return static_cast<std::size_t>(character - 'a');
+    return character == ' ' ? ALPHABET - 1 : static_cast<std::size_t>(character - '0') + 26;
+}
+
 /// Edit distance after Levenshtein (1966): insertions, deletions and substitutions cost 1 each.
 ///
 /// Computes 64 cells of a column of the distance table at once: G. Myers, "A fast bit-vector algorithm for

@@ -1,6 +1,7 @@
 #include "analysis/analyze_duplicates.h"
 #include "analysis/direct_analysis.h"
 #include "generators/library_generator.h"
+#include "generators/random_source.h"
 #include "testing/arbitrary_songs.h"
 
 #include <QCoroTask>
@@ -136,9 +137,37 @@ QList<Song> oneWordAndManySpellings()
     return songs;
 }
 
+/// Very many artists of one title that are all a little alike, every second one as many edits from the one
+/// before as an artist that matches may be; all play for the same whole second.
+QList<Song> manyArtistsALittleAlike()
+{
+    RandomSource random(3);
+    const auto letter = [&random] { return QChar(u'a' + static_cast<char16_t>(random.below(26))); };
+    QList<Song> songs;
+    for (int i = 0; i < 1'100; ++i) {
+        const bool isNear = i % 2 == 1;
+        QString artist = isNear ? songs.last().artist : u"montgomerywilson"_s;
+        for (int edit = isNear ? 4 : 8; edit > 0; --edit) {
+            const auto at = static_cast<qsizetype>(random.below(16));
+            const bool isShift = isNear && edit % 2 == 1 && random.isOneIn(4);
+            artist[at] = letter();
+            // A shift takes two edits.
+            if (isShift && edit > 2) {
+                artist.remove(at, 1);
+                artist.insert(static_cast<qsizetype>(random.below(16)), letter());
+                --edit;
+            }
+        }
+        if (i % 8 > 5)
+            artist.append(letter());
+        songs << songOf(artist, u"Night"_s, 180.0 + 0.0005 * i);
+    }
+    return songs;
+}
+
 TEST(AnalyzeDuplicates, AgreesWithTheDirectAnalysisOfLibrariesAsUsersHaveThem)
 {
-    QList<QList<Song>> libraries{oneWordAndManySpellings()};
+    QList<QList<Song>> libraries{oneWordAndManySpellings(), manyArtistsALittleAlike()};
     for (const LibraryKind kind : {LibraryKind::Realistic, LibraryKind::NumberedTracks,
                                    LibraryKind::OneArtist, LibraryKind::TenSeconds})
         libraries << generateLibrary({.songs = 500, .kind = kind, .seed = 7});
