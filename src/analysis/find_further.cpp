@@ -22,8 +22,9 @@ using Position = FurtherSongs::Position;
 /// A centre and the songs that match it, in the order of the list.
 using Star = std::vector<Position>;
 
-/// Songs that are taken at a time: between two looks at the stop token, and by one thread.
+/// Songs that a thread takes at a time where they are cheap, and songs from one report to the next.
 constexpr std::size_t SONGS_PER_PART = 512;
+constexpr std::size_t SONGS_PER_REPORT = 64;
 
 /// How much of the work is done after each part of it, as measured on large libraries.
 constexpr double AFTER_PREPARING = 0.25;
@@ -199,7 +200,8 @@ private:
     {
         const std::vector<Position> centres = centresOfFewer();
         for (std::size_t i = 0; i < centres.size(); ++i) {
-            m_takingFew.set(static_cast<double>(i) / static_cast<double>(centres.size()));
+            if (i % SONGS_PER_REPORT == 0)
+                m_takingFew.set(static_cast<double>(i) / static_cast<double>(centres.size()));
             if (!takeStarOf(centres[i]))
                 return false;
         }
@@ -273,7 +275,9 @@ private:
     void setCount(Position song, std::span<const Position> matches)
     {
         m_counts.set(song, matches);
-        m_counting.set(static_cast<double>(++m_counted) / static_cast<double>(m_counts.size()));
+        const std::size_t counted = ++m_counted;
+        if (counted % SONGS_PER_REPORT == 0)
+            m_counting.set(static_cast<double>(counted) / static_cast<double>(m_counts.size()));
     }
 
     const QList<Song> &m_songs;
