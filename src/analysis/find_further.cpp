@@ -22,8 +22,9 @@ using Position = FurtherSongs::Position;
 /// A centre and the songs that match it, in the order of the list.
 using Star = std::vector<Position>;
 
-/// Songs that are taken at a time: between two looks at the stop token, and by one thread.
+/// Songs that a thread takes at a time where they are cheap, and songs from one report to the next.
 constexpr std::size_t SONGS_PER_PART = 512;
+constexpr std::size_t SONGS_PER_REPORT = 64;
 
 /// How much of the work is done after each part of it, as measured on large libraries.
 constexpr double AFTER_PREPARING = 0.25;
@@ -42,10 +43,13 @@ public:
     void set(Position song, std::span<const Position> matches)
     {
         m_songs[song].count = static_cast<std::uint32_t>(matches.size());
+        m_songs[song].isCounted = true;
         if (matches.size() <= MOST_MATCHES_KEPT)
             std::copy(matches.begin(), matches.end(), m_songs[song].matches.begin());
     }
 
+    [[nodiscard]] std::size_t size() const { return m_songs.size(); }
+    [[nodiscard]] bool isCounted(Position song) const { return m_songs[song].isCounted; }
     [[nodiscard]] std::size_t operator[](Position song) const { return m_songs[song].count; }
 
     /// All that match a song and are not removed, in no particular order.
@@ -71,6 +75,7 @@ private:
     struct Entry
     {
         std::uint32_t count = 0;
+        bool isCounted = false;
         std::array<Position, MOST_MATCHES_KEPT> matches{};
     };
 
@@ -102,43 +107,6 @@ private:
     const std::thread::id m_thread = std::this_thread::get_id();
 };
 
-/// Counts on all cores.
-/// @return nothing if it was stopped
-std::optional<MatchCounts> countMatches(const FurtherIndex &index, const std::stop_token &stop,
-                                        const Progress &progress)
-{
-    const std::size_t songs = index.songs().size();
-    const std::size_t parts = (songs + SONGS_PER_PART - 1) / SONGS_PER_PART;
-    MatchCounts counts(songs);
-    std::atomic<std::size_t> begun = 0;
-    const auto countPart = [&](FurtherMatches &matches, std::size_t part) {
-        progress.set(static_cast<double>(begun++) / static_cast<double>(parts));
-        const std::size_t end = std::min((part + 1) * SONGS_PER_PART, songs);
-        for (std::size_t i = part * SONGS_PER_PART; i < end; ++i) {
-            const auto song = static_cast<Position>(i);
-            counts.set(song, matches.matchesOf(song, MOST_MATCHES_COUNTED));
-        }
-    };
-    const auto makeMatches = [&index](std::size_t) { return FurtherMatches(index); };
-    if (!forEachInParallel(parts, 1, stop, makeMatches, countPart))
-        return std::nullopt;
-    return counts;
-}
-
-/// The songs that match another one: most matches first, then in the order of the list.
-std::vector<Position> centresIn(const FurtherSongs &prepared, const MatchCounts &counts)
-{
-    std::vector<Position> centres;
-    for (Position song = 0; song < prepared.size(); ++song) {
-        if (counts[song] > 0)
-            centres.push_back(song);
-    }
-    std::sort(centres.begin(), centres.end(), [&](Position a, Position b) {
-        return counts[a] != counts[b] ? counts[a] > counts[b] : prepared[a].index < prepared[b].index;
-    });
-    return centres;
-}
-
 /// A centre and the songs that match it, or those of them that match their original.
 /// @param star the songs that match the centre
 /// @return the original first; alone if nothing matches the song
@@ -158,35 +126,171 @@ Star starOf(const QList<Song> &songs, const FurtherSongs &prepared, Position cen
     return star;
 }
 
-/// Every song is in at most one of them.
-/// @return nothing if it was stopped
-std::optional<std::vector<Star>> starsOf(const QList<Song> &songs, const FurtherIndex &index,
-                                         const MatchCounts &counts, const std::stop_token &stop,
-                                         const Progress &progress)
+/// Divides songs into stars. Songs that match MOST_MATCHES_COUNTED others are centres before all others, in
+/// the order of the list, so that such a song need not be counted if one before it has taken it. Where
+/// counting is expensive it waits for that: in a library of many similar songs, few are counted then.
+class StarSearch
 {
-    const FurtherSongs &prepared = index.songs();
-    FurtherMatches matches(index);
-    const std::vector<Position> centres = centresIn(prepared, counts);
-    std::vector<Star> stars;
-    for (std::size_t i = 0; i < centres.size(); ++i) {
-        if (i % SONGS_PER_PART == 0) {
-            if (stop.stop_requested())
-                return std::nullopt;
-            progress.set(static_cast<double>(i) / static_cast<double>(centres.size()));
-        }
-        if (matches.isRemoved(centres[i]))
-            continue;
-        Star star = starOf(songs, prepared, centres[i], counts.matchesOf(centres[i], matches));
-        if (star.size() < 2)
-            continue;
-        for (const Position song : star)
-            matches.remove(song);
-        stars.push_back(std::move(star));
+public:
+    /// All must outlive this.
+    StarSearch(const QList<Song> &songs, const FurtherIndex &index, const std::stop_token &stop,
+               const FurtherProgressSink &report)
+        : m_songs(songs)
+        , m_index(index)
+        , m_stop(stop)
+        , m_counting(report, AFTER_INDEXING, AFTER_COUNTING)
+        , m_takingFew(report, AFTER_COUNTING, 1.0)
+        , m_counts(index.songs().size())
+        , m_removed(index)
+        , m_counters(computingThreads())
+    {}
+
+    /// @return nothing if it was stopped; every song is in at most one star
+    std::optional<std::vector<Star>> run()
+    {
+        if (!countCheapSongs() || !takeCentresOfMost() || !takeCentresOfFewer())
+            return std::nullopt;
+        return std::move(m_stars);
     }
-    if (stop.stop_requested())
-        return std::nullopt;
-    return stars;
-}
+
+private:
+    /// Songs counted at a time in takeCentresOfMost(): some of them in vain.
+    static constexpr std::size_t LEAST_BATCH = 64;
+    static constexpr std::size_t LARGEST_BATCH = 4096;
+
+    bool countCheapSongs()
+    {
+        const std::size_t songs = m_counts.size();
+        return countInParallel(songs, SONGS_PER_PART, [this](FurtherMatches &matches, std::size_t i) {
+            const auto song = static_cast<Position>(i);
+            if (const auto found = matches.matchesIfCheap(song, MOST_MATCHES_COUNTED))
+                setCount(song, *found);
+        });
+    }
+
+    bool takeCentresOfMost()
+    {
+        const std::vector<Position> songs = songsOfMost();
+        std::size_t batchSize = LEAST_BATCH;
+        for (auto begin = songs.begin(); begin != songs.end();) {
+            std::vector<Position> uncounted;
+            auto end = begin;
+            for (; end != songs.end() && uncounted.size() < batchSize; ++end) {
+                if (!m_removed.isRemoved(*end) && !m_counts.isCounted(*end))
+                    uncounted.push_back(*end);
+            }
+            const auto count = [&](FurtherMatches &matches, std::size_t i) {
+                setCount(uncounted[i], matches.matchesOf(uncounted[i], MOST_MATCHES_COUNTED));
+            };
+            if (!countInParallel(uncounted.size(), 1, count))
+                return false;
+            for (; begin != end; ++begin) {
+                if (m_counts[*begin] >= MOST_MATCHES_COUNTED && !takeStarOf(*begin))
+                    return false;
+            }
+            const auto inVain = std::count_if(uncounted.begin(), uncounted.end(),
+                                              [this](Position song) { return m_removed.isRemoved(song); });
+            const bool areMany = static_cast<std::size_t>(inVain) > uncounted.size() / 8;
+            batchSize = std::clamp(areMany ? batchSize / 2 : batchSize * 2, LEAST_BATCH, LARGEST_BATCH);
+        }
+        return true;
+    }
+
+    bool takeCentresOfFewer()
+    {
+        const std::vector<Position> centres = centresOfFewer();
+        for (std::size_t i = 0; i < centres.size(); ++i) {
+            if (i % SONGS_PER_REPORT == 0)
+                m_takingFew.set(static_cast<double>(i) / static_cast<double>(centres.size()));
+            if (!takeStarOf(centres[i]))
+                return false;
+        }
+        return !m_stop.stop_requested();
+    }
+
+    /// The songs that match at least MOST_MATCHES_COUNTED others or are not counted yet, in the order of the
+    /// list.
+    [[nodiscard]] std::vector<Position> songsOfMost() const
+    {
+        const FurtherSongs &prepared = m_index.songs();
+        std::vector<Position> songs;
+        for (Position song = 0; song < prepared.size(); ++song) {
+            if (!m_counts.isCounted(song) || m_counts[song] >= MOST_MATCHES_COUNTED)
+                songs.push_back(song);
+        }
+        std::sort(songs.begin(), songs.end(),
+                  [&](Position a, Position b) { return prepared[a].index < prepared[b].index; });
+        return songs;
+    }
+
+    /// The other songs that are left and match another one: most matches first, then in the order of the
+    /// list.
+    [[nodiscard]] std::vector<Position> centresOfFewer() const
+    {
+        const FurtherSongs &prepared = m_index.songs();
+        std::vector<Position> centres;
+        for (Position song = 0; song < prepared.size(); ++song) {
+            if (m_counts[song] > 0 && m_counts[song] < MOST_MATCHES_COUNTED && !m_removed.isRemoved(song))
+                centres.push_back(song);
+        }
+        std::sort(centres.begin(), centres.end(), [&](Position a, Position b) {
+            return m_counts[a] != m_counts[b] ? m_counts[a] > m_counts[b]
+                                              : prepared[a].index < prepared[b].index;
+        });
+        return centres;
+    }
+
+    /// @return false if it was stopped
+    bool takeStarOf(Position centre)
+    {
+        if (m_removed.isRemoved(centre))
+            return true;
+        if (m_stop.stop_requested())
+            return false;
+        Star star = starOf(m_songs, m_index.songs(), centre, m_counts.matchesOf(centre, m_removed));
+        if (star.size() < 2)
+            return true;
+        for (const Position song : star)
+            m_removed.remove(song);
+        m_stars.push_back(std::move(star));
+        return true;
+    }
+
+    /// Calls `count(matches, i)` for each i below `songs` on all cores; each thread has FurtherMatches of its
+    /// own, of which nothing is removed.
+    /// @return false if it was stopped
+    template <typename Count>
+    bool countInParallel(std::size_t songs, std::size_t partSize, Count count)
+    {
+        const auto countersOf = [this](std::size_t thread) {
+            std::optional<FurtherMatches> &matches = m_counters[thread];
+            if (!matches)
+                matches.emplace(m_index);
+            return &*matches;
+        };
+        return forEachInParallel(songs, partSize, m_stop, countersOf,
+                                 [&](FurtherMatches *matches, std::size_t i) { count(*matches, i); });
+    }
+
+    void setCount(Position song, std::span<const Position> matches)
+    {
+        m_counts.set(song, matches);
+        const std::size_t counted = ++m_counted;
+        if (counted % SONGS_PER_REPORT == 0)
+            m_counting.set(static_cast<double>(counted) / static_cast<double>(m_counts.size()));
+    }
+
+    const QList<Song> &m_songs;
+    const FurtherIndex &m_index;
+    const std::stop_token &m_stop;
+    const Progress m_counting;
+    const Progress m_takingFew;
+    MatchCounts m_counts;
+    std::atomic<std::size_t> m_counted = 0;
+    FurtherMatches m_removed;
+    std::vector<std::optional<FurtherMatches>> m_counters;
+    std::vector<Star> m_stars;
+};
 
 DuplicateGroup groupOf(const QList<Song> &songs, const FurtherSongs &prepared, const Star &star)
 {
@@ -232,13 +336,7 @@ std::optional<QList<DuplicateGroup>> findFurther(const QList<Song> &songs, const
     const FurtherIndex index(prepared, stop);
     if (stop.stop_requested())
         return std::nullopt;
-    const std::optional<MatchCounts> counts =
-        countMatches(index, stop, Progress(reportProgress, AFTER_INDEXING, AFTER_COUNTING));
-    if (!counts)
-        return std::nullopt;
-
-    std::optional<std::vector<Star>> stars =
-        starsOf(songs, index, *counts, stop, Progress(reportProgress, AFTER_COUNTING, 1.0));
+    std::optional<std::vector<Star>> stars = StarSearch(songs, index, stop, reportProgress).run();
     if (!stars)
         return std::nullopt;
     reportProgress(1.0);

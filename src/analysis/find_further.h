@@ -16,7 +16,10 @@ namespace sonavo {
 /// Called with how far the work has come, between 0.0 and 1.0; never goes back.
 using FurtherProgressSink = std::function<void(double)>;
 
-/// Songs that match more others than this count as matching this many.
+/// Songs that match more others than this count as matching this many. Part of what the result is, not a
+/// limit of the search: any centre makes a right star, whose members match it and their original, and all of
+/// them are found. It decides only which of several songs that match so many others comes first, and it is
+/// what lets most songs of a library of similar titles go uncounted.
 inline constexpr int MOST_MATCHES_COUNTED = 100;
 
 /// Groups songs that are the same recording by comparing every song with every other (see

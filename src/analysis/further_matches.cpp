@@ -8,6 +8,7 @@
 #include <bit>
 #include <iterator>
 #include <limits>
+#include <numeric>
 #include <utility>
 
 namespace sonavo {
@@ -164,7 +165,25 @@ void FurtherIndex::fillBlock(FurtherKeys &keys, std::size_t block)
     });
 }
 
-std::span<const Position> FurtherMatches::matchesOf(Position position, std::size_t most)
+std::span<const Position> FurtherMatches::matchesOf(Position song, std::size_t most)
+{
+    propose(song, most);
+    compareWithProposed();
+    return m_matches;
+}
+
+std::optional<std::span<const Position>> FurtherMatches::matchesIfCheap(Position song, std::size_t most)
+{
+    // Only songs that are each compared with a share of the library take quadratic time.
+    constexpr std::size_t MANY = 4096;
+    propose(song, most);
+    if (proposedCount() > std::min(MANY, m_index.songs().size() / 32))
+        return std::nullopt;
+    compareWithProposed();
+    return m_matches;
+}
+
+void FurtherMatches::propose(Position position, std::size_t most)
 {
     const FurtherSongs &songs = m_index.songs();
     const FurtherSong &song = songs[position];
@@ -193,8 +212,15 @@ std::span<const Position> FurtherMatches::matchesOf(Position position, std::size
         proposeContaining();
     }
     proposeContained();
-    compareWithProposed();
-    return m_matches;
+}
+
+std::size_t FurtherMatches::proposedCount() const
+{
+    const WindowIndex &index = m_index.byKey();
+    return std::accumulate(m_proposals.begin(), m_proposals.end(), std::size_t{0},
+                           [&](std::size_t sum, const Proposal &proposal) {
+                               return sum + index.mostSongsWith(proposal.key, m_windowBegin, m_windowEnd);
+                           });
 }
 
 void FurtherMatches::chooseArtistGrams(std::uint32_t artistLength)

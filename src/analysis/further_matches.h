@@ -6,6 +6,7 @@
 
 #include <cstddef>
 #include <cstdint>
+#include <optional>
 #include <span>
 #include <stop_token>
 #include <vector>
@@ -115,6 +116,8 @@ public:
     /// @param most no more than that many are looked for
     /// @return valid until the next call
     [[nodiscard]] std::span<const Position> matchesOf(Position song, std::size_t most);
+    /// The same, or nothing if a large share of the library would have to be looked at.
+    [[nodiscard]] std::optional<std::span<const Position>> matchesIfCheap(Position song, std::size_t most);
 
 private:
     using Hash = FurtherKeys::Hash;
@@ -134,6 +137,10 @@ private:
         Reason reason = Reason::Similar;
     };
 
+    /// Begins a query: chooses the keys of all songs that can match this one.
+    void propose(Position song, std::size_t most);
+    /// About how many songs were proposed.
+    [[nodiscard]] std::size_t proposedCount() const;
     [[nodiscard]] bool mayArtistsMatch(const FurtherIndex::Sketch &candidate) const;
     [[nodiscard]] bool mayFullTextsMatch(const FurtherIndex::Sketch &candidate) const;
     /// Chooses the artist grams of which each song with a similar artist has one.

@@ -211,22 +211,27 @@ public:
     }
 
     /// Ends the work.
-    /// @param songs those that were prepared, in order
-    /// @return what their texts point into from now on
-    std::u32string finish(std::span<FurtherSong> songs)
+    /// @return the texts of the songs that were prepared, in order
+    std::u32string takeTexts()
     {
         m_texts.shrink_to_fit();
-        const char32_t *text = m_texts.data();
-        for (FurtherSong &song : songs) {
-            song.text = text;
-            text += song.wholeLength;
-        }
         return std::move(m_texts);
     }
 
 private:
     std::u32string m_texts;
 };
+
+/// Lets songs point to their texts.
+/// @param texts where they stay: a string that is moved can take its characters to another place
+void setTexts(std::span<FurtherSong> songs, const std::u32string &texts)
+{
+    const char32_t *text = texts.data();
+    for (FurtherSong &song : songs) {
+        song.text = text;
+        text += song.wholeLength;
+    }
+}
 
 /// The songs that are the first of their path, by playing time.
 std::vector<FurtherSong> distinctSongs(const QList<Song> &songs)
@@ -270,7 +275,8 @@ FurtherSongs::FurtherSongs(const QList<Song> &songs, const std::stop_token &stop
             if (preparer.prepare(song, songs[song.index]))
                 part[kept++] = song;
         }
-        m_texts[text] = preparer.finish(part.first(kept));
+        m_texts[text] = preparer.takeTexts();
+        setTexts(part.first(kept), m_texts[text]);
         std::fill(part.begin() + static_cast<std::ptrdiff_t>(kept), part.end(), FurtherSong());
     };
     (void)forEachInParallel(textCount, 1, stop, prepareSongsOf);

@@ -86,6 +86,17 @@ public:
         });
     }
 
+    /// No fewer songs than forEachSongWith() visits.
+    [[nodiscard]] std::size_t mostSongsWith(Hash hash, Position first, Position last) const
+    {
+        std::size_t most = 0;
+        forEachList(hash, first, last, [&](const Block &block, std::size_t list) {
+            most += block.starts[list + 1] - block.starts[list];
+            return true;
+        });
+        return most;
+    }
+
     /// Calls `visit` with the songs of a key from position `first` to before `last`, ascending, until it
     /// returns false. A song can come twice.
     template <typename Visit>

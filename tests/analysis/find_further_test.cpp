@@ -75,6 +75,7 @@ TEST(FindFurther, TellsSameFromDifferentInEveryScript)
         {u"Кино"_s, u"Группа крови"_s, u"Кино"_s, u"Звезда по имени"_s, false},
         {u"椎名林檎"_s, u"夜"_s, u"椎名林檎"_s, u"夜 (live)"_s, true},
         {u"椎名林檎"_s, u"夜"_s, u"椎名林檎"_s, u"朝"_s, false},
+        {u""_s, u"夜"_s, u""_s, u"夜"_s, true},
         {u"Beyoncé"_s, u"Déjà Vu"_s, u"Beyonce"_s, u"Deja Vu"_s, true},
         {u"Queen"_s, u"Go"_s, u"Queen"_s, u"Go"_s, false},
         {u"Queen"_s, u"He Said"_s, u"Queen"_s, u"The Said Thing"_s, false},
