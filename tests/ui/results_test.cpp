@@ -384,6 +384,31 @@ TEST_F(ResultsTest, LetsTheUserDecideWhichCopiesAreKept)
     EXPECT_TRUE(isOffered(u"Not a Duplicate"_s));
 }
 
+TEST_F(ResultsTest, CleansUpOneGroupFromItsHeader)
+{
+    const QTemporaryDir target;
+    desktop.onChooseFolder = [&target] { return target.path(); };
+    showGroups({3, 2, 2});
+    press(Qt::Key_F, Qt::ControlModifier);
+    for (const Qt::Key key : {Qt::Key_E, Qt::Key_1})
+        press(key);
+    EXPECT_TRUE(waitForText(u"Filter hides 3 duplicates"_s));
+    for (const Qt::Key key : {Qt::Key_Return, Qt::Key_Home, Qt::Key_Menu})
+        press(key);
+    choose(u"Move Duplicates to Trash"_s);
+    ASSERT_EQ(trashed().size(), 1);
+    EXPECT_TRUE(trashed()[0].endsWith(u"Artist1 - Title1.flac"));
+    click(u"Show all groups"_s);
+    EXPECT_TRUE(waitFor([this] { return names().size() == 7; }));
+    clickInRow(u"Clean Up This Group"_s, 0);
+    choose(u"Move Duplicates to Folder…"_s);
+    EXPECT_EQ(filesIn(target.path()).size(), 2);
+    EXPECT_THAT(names(), ElementsAre("Group of 2 songs", "Original 2/0", "Duplicate 2/1"));
+    QTest::mouseClick(window, Qt::RightButton, {}, rows()[0].rect.center());
+    choose(u"Move Duplicates to Trash"_s);
+    EXPECT_TRUE(waitForText(u"1 file moved to the Trash \u2022 22 KB"_s));
+}
+
 TEST_F(ResultsTest, ShowsHowFarACleanUpIsAndIgnoresWhatWouldChangeTheSession)
 {
     showGroups({2, 3});

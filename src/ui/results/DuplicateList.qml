@@ -166,6 +166,11 @@ FocusScope {
                         list.currentIndex = index;
                         rows.setExpanded(index, !isExpanded);
                     }
+                    onOpenMenu: (item, x, y) => {
+                        list.currentIndex = index;
+                        list.forceActiveFocus(Qt.MouseFocusReason);
+                        groupMenu.openFor(index, item, x, y);
+                    }
                 }
             }
 
@@ -224,7 +229,7 @@ FocusScope {
             } else if (event.key === Qt.Key_K && event.modifiers === Qt.NoModifier && row !== header) {
                 view.keep(rows.songAt(row));
             } else if (event.key === Qt.Key_Menu || (event.key === Qt.Key_F10 && event.modifiers & Qt.ShiftModifier)) {
-                menu.openFor(row, list.currentItem, TableColumns.badgeX, 20);
+                (row === header ? groupMenu : menu).openFor(row, list.currentItem, TableColumns.badgeX, 20);
             } else {
                 event.accepted = false;
             }
@@ -270,6 +275,17 @@ FocusScope {
                 return;
             song = clicked;
             isOriginal = row === rows.headerRow(row) + 1;
+            popup(item, x, y);
+        }
+    }
+
+    GroupMenu {
+        id: groupMenu
+
+        viewModel: view.viewModel
+
+        function openFor(row, item, x, y) {
+            original = rows.originalAt(row);
             popup(item, x, y);
         }
     }

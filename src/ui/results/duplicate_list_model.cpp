@@ -492,6 +492,12 @@ void DuplicateListModel::updatePlaying()
     emitPlayingChanged(m_playingId);
 }
 
+QVariant DuplicateListModel::originalAt(int row) const
+{
+    const std::optional<Entry> entry = entryAt(row);
+    return entry ? QVariant::fromValue(groupAt(entry->group).original) : QVariant();
+}
+
 int DuplicateListModel::rowOf(const Song &song) const
 {
     return rowOf(song.id);

@@ -100,6 +100,8 @@ public:
     Q_INVOKABLE void setExpanded(int row, bool isExpanded);
     /// The Song of a row; undefined for a header row and if there is no such row.
     Q_INVOKABLE [[nodiscard]] QVariant songAt(int row) const;
+    /// The original of the group that a row belongs to; undefined if there is no such row.
+    Q_INVOKABLE [[nodiscard]] QVariant originalAt(int row) const;
     /// The row of a song; -1 if it has none.
     Q_INVOKABLE [[nodiscard]] int rowOf(const sonavo::Song &song) const;
 
