@@ -48,15 +48,44 @@ CleanUpPlan CleanUp::plan(CleanUpTarget target) const
             .summaryBefore = m_state.summary};
 }
 
+std::optional<CleanUpPlan> CleanUp::planForGroupOf(const Song &member, CleanUpTarget target) const
+{
+    CleanUpPlan plan = this->plan(target);
+    const auto group = std::ranges::find_if(
+        plan.groups, [&member](const DuplicateGroup &candidate) { return isMember(candidate, member.id); });
+    if (group == plan.groups.end())
+        return std::nullopt;
+    plan.scope = CleanUpScope::OneGroup;
+    plan.files = group->duplicates.size();
+    plan.groups = {*group};
+    return plan;
+}
+
 void CleanUp::moveDuplicatesToFolder()
 {
     if (isBusy())
         return;
     const QPointer<CleanUp> self(this);
-    stopPreviewOfDuplicates();
-    if (!self)
+    stopPreviewOfDuplicates(m_session.library.duplicateGroups());
+    if (self)
+        chooseFolderAndStart(plan(CleanUpTarget::Folder));
+}
+
+void CleanUp::moveGroupToFolder(Song member)
+{
+    if (isBusy())
         return;
-    CleanUpPlan plan = this->plan(CleanUpTarget::Folder);
+    const QPointer<CleanUp> self(this);
+    if (const auto plan = planForGroupOf(member, CleanUpTarget::Folder)) {
+        stopPreviewOfDuplicates(plan->groups);
+        if (self)
+            chooseFolderAndStart(*plan);
+    }
+}
+
+void CleanUp::chooseFolderAndStart(CleanUpPlan plan)
+{
+    const QPointer<CleanUp> self(this);
     if (plan.files == 0) {
         m_session.notices.showToast(QStringLiteral("No duplicates to move"), ToastType::Info);
         return;
@@ -64,7 +93,7 @@ void CleanUp::moveDuplicatesToFolder()
     plan.parentFolder = m_session.desktop.chooseFolder(
         QStringLiteral("Select a folder to move duplicate files to"), QStringLiteral("Select Folder"));
     if (!self || plan.parentFolder.isEmpty() || isBusy() ||
-        !m_session.library.duplicateGroups().isSharedWith(plan.groups))
+        !m_session.library.duplicateGroups().isSharedWith(plan.basis.groups))
         return;
     plan.now = QDateTime::currentDateTime();
     start(plan);
@@ -75,9 +104,21 @@ void CleanUp::trashDuplicates()
     if (isBusy())
         return;
     const QPointer<CleanUp> self(this);
-    stopPreviewOfDuplicates();
+    stopPreviewOfDuplicates(m_session.library.duplicateGroups());
     if (self)
         start(plan(CleanUpTarget::Trash));
+}
+
+void CleanUp::trashGroup(Song member)
+{
+    if (isBusy())
+        return;
+    const QPointer<CleanUp> self(this);
+    if (const auto plan = planForGroupOf(member, CleanUpTarget::Trash))
+        stopPreviewOfDuplicates(plan->groups);
+    const auto plan = self ? planForGroupOf(member, CleanUpTarget::Trash) : std::nullopt;
+    if (plan && !isBusy())
+        start(*plan);
 }
 
 void CleanUp::retry()
@@ -87,11 +128,11 @@ void CleanUp::retry()
     CleanUpPlan plan = this->plan(m_state.summary->target);
     plan.groups = m_state.summary->failedGroups;
     plan.files = m_state.summary->failures.size();
-    plan.isRetry = true;
+    plan.scope = CleanUpScope::Retry;
     start(plan);
 }
 
-void CleanUp::stopPreviewOfDuplicates()
+void CleanUp::stopPreviewOfDuplicates(const QList<DuplicateGroup> &groups)
 {
     if (!m_session.preview.state().song)
         return;
@@ -99,7 +140,7 @@ void CleanUp::stopPreviewOfDuplicates()
         return std::ranges::any_of(group.duplicates,
                                    [this](const Song &song) { return m_session.preview.isOf(song); });
     };
-    if (std::ranges::any_of(m_session.library.duplicateGroups(), hasPlayed))
+    if (std::ranges::any_of(groups, hasPlayed))
         m_session.preview.stop();
 }
 

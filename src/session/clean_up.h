@@ -12,6 +12,7 @@
 #include <QPointer>
 
 #include <memory>
+#include <optional>
 
 namespace sonavo {
 
@@ -56,6 +57,12 @@ public:
     /// Sends every duplicate to the Trash, in the same way.
     void trashDuplicates();
 
+    /// The same with the duplicates of one group. Its summary is shown only when files could not be moved or
+    /// no duplicates are left. Does nothing when no group has the song.
+    /// @param member by value: a listener may destroy the caller's meanwhile
+    void moveGroupToFolder(Song member);
+    void trashGroup(Song member);
+
     /// Tries again to move the songs that the last clean-up could not move, to where it moved the others.
     void retry();
 
@@ -79,7 +86,9 @@ private:
     [[nodiscard]] bool isBusy() const;
     [[nodiscard]] bool isShown(quint64 scan) const { return m_session.library.scanResult().id == scan; }
     [[nodiscard]] CleanUpPlan plan(CleanUpTarget target) const;
-    void stopPreviewOfDuplicates();
+    [[nodiscard]] std::optional<CleanUpPlan> planForGroupOf(const Song &member, CleanUpTarget target) const;
+    void stopPreviewOfDuplicates(const QList<DuplicateGroup> &groups);
+    void chooseFolderAndStart(CleanUpPlan plan);
     void start(const CleanUpPlan &plan);
 
     // What a job has done. The library can hold the songs of another scan by then, or none.

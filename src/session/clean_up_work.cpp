@@ -88,10 +88,19 @@ QList<DuplicateGroup> groupsOf(const QList<SongFailure> &failures, QList<Duplica
     return groups;
 }
 
-bool isMember(const DuplicateGroup &group, const QUuid &id)
+/// Adds all other groups without their duplicates: what is removed may not be the original of any group.
+QList<DuplicateGroup> withOtherOriginals(QList<DuplicateGroup> groups, const QList<DuplicateGroup> &all)
 {
-    const auto isSong = [&id](const Song &song) { return song.id == id; };
-    return isSong(group.original) || std::ranges::any_of(group.duplicates, isSong);
+    QSet<QUuid> given;
+    for (const DuplicateGroup &group : groups)
+        given.insert(group.id);
+    for (const DuplicateGroup &group : all) {
+        if (given.contains(group.id))
+            continue;
+        groups.append(group);
+        groups.last().duplicates.clear();
+    }
+    return groups;
 }
 
 /// Adds what a clean-up has done to the result.
@@ -108,12 +117,19 @@ void summarize(const CleanUpOutcome &outcome, const CleanUpPlan &plan, CleanedUp
         result.total = plan.summaryBefore;
         return;
     }
-    CleanUpSummary total = plan.isRetry ? sumOf(*plan.summaryBefore, summary, outcome.notReached) : summary;
+    const bool isRetry = plan.scope == CleanUpScope::Retry;
+    CleanUpSummary total = isRetry ? sumOf(*plan.summaryBefore, summary, outcome.notReached) : summary;
     total.failedGroups = groupsOf(total.failures, plan.groups);
     result.total = std::make_shared<const CleanUpSummary>(std::move(total));
 }
 
 } // namespace
+
+bool isMember(const DuplicateGroup &group, const QUuid &id)
+{
+    const auto isSong = [&id](const Song &song) { return song.id == id; };
+    return isSong(group.original) || std::ranges::any_of(group.duplicates, isSong);
+}
 
 WorkBasis basisOf(const Library &library)
 {
@@ -141,7 +157,7 @@ CleanedUp cleanUp(const CleanUpPlan &plan, const FileJob::Control &control)
 {
     CleanedUp result;
     result.summary.target = plan.target;
-    if (plan.isRetry) {
+    if (plan.scope == CleanUpScope::Retry) {
         result.summary.folder = plan.summaryBefore->folder;
     } else if (plan.target == CleanUpTarget::Folder) {
         auto folder = DuplicatesFolder::create(plan.parentFolder, plan.now);
@@ -156,11 +172,15 @@ CleanedUp cleanUp(const CleanUpPlan &plan, const FileJob::Control &control)
     removeLeftoversLater();
     MoveJournal journal(moveJournalFolder());
     const CleanUpOptions options = optionsFor(journal, control, plan.basis.notes);
+    const QList<DuplicateGroup> groups = plan.scope == CleanUpScope::OneGroup
+                                             ? withOtherOriginals(plan.groups, plan.basis.groups)
+                                             : plan.groups;
     const CleanUpOutcome outcome = plan.target == CleanUpTarget::Folder
-                                       ? moveDuplicates(plan.groups, *result.summary.folder, options)
-                                       : trashDuplicates(plan.groups, options);
+                                       ? moveDuplicates(groups, *result.summary.folder, options)
+                                       : trashDuplicates(groups, options);
     summarize(outcome, plan, result);
-    const Removal removal = plan.isRetry ? removalByRetry(outcome) : removalBy(outcome, plan.groups);
+    const Removal removal =
+        plan.scope == CleanUpScope::Retry ? removalByRetry(outcome) : removalBy(outcome, plan.groups);
     result.removed = removal.songs;
     result.history = plan.basis.history;
     if (outcome.moved.isEmpty()) {
@@ -174,6 +194,10 @@ CleanedUp cleanUp(const CleanUpPlan &plan, const FileJob::Control &control)
                             .summaryBefore = plan.summaryBefore});
     }
     result.lists = result.history.applyTo(plan.basis.scan);
+    const bool isAllDone = std::ranges::all_of(
+        result.lists.groups, [](const DuplicateGroup &group) { return group.duplicates.isEmpty(); });
+    if (plan.scope == CleanUpScope::OneGroup && outcome.failures.isEmpty() && !isAllDone)
+        result.total = plan.summaryBefore;
     return result;
 }
 

@@ -37,6 +37,8 @@ struct WorkBasis
 
 [[nodiscard]] WorkBasis basisOf(const Library &library);
 
+[[nodiscard]] bool isMember(const DuplicateGroup &group, const QUuid &id);
+
 /// Ids of the songs that have a row in the list no longer when other groups are shown.
 [[nodiscard]] QSet<QUuid> songsHidden(const QList<DuplicateGroup> &before,
                                       const QList<DuplicateGroup> &after);
@@ -48,17 +50,25 @@ struct WorkResult
     SongLists lists;
 };
 
+/// Which duplicates a clean-up moves.
+enum class CleanUpScope
+{
+    AllGroups,
+    OneGroup,
+    /// Those that the clean-up of summaryBefore could not move.
+    Retry,
+};
+
 struct CleanUpPlan
 {
     WorkBasis basis;
     CleanUpTarget target = CleanUpTarget::Trash;
+    CleanUpScope scope = CleanUpScope::AllGroups;
     /// Those that are cleaned up.
     QList<DuplicateGroup> groups;
     /// Duplicates in the groups.
     qint64 files = 0;
     std::shared_ptr<const CleanUpSummary> summaryBefore;
-    /// Whether the groups are those that the clean-up of summaryBefore could not move.
-    bool isRetry = false;
     /// Where a new folder is made, and the local time in its name.
     QString parentFolder = {};
     QDateTime now = {};
@@ -70,13 +80,14 @@ struct CleanedUp : WorkResult
     std::optional<Failure> folderFailure;
     /// What this job has done.
     CleanUpSummary summary;
-    /// The same together with the clean-up that it retries.
+    /// What is to be shown: the same together with the clean-up that it retries. That of one group is not
+    /// shown, unless it leaves failures or nothing else to do; then this is summaryBefore.
     std::shared_ptr<const CleanUpSummary> total;
     /// Ids of the songs that have left the songs.
     QSet<QUuid> removed;
 };
 
-/// Moves the duplicates of all groups.
+/// Moves the duplicates of the plan's groups.
 [[nodiscard]] CleanedUp cleanUp(const CleanUpPlan &plan, const FileJob::Control &control);
 
 struct DeletedSong : WorkResult

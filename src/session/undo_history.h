@@ -54,7 +54,7 @@ struct UndoStep
     Removal removal = {};
     /// What was moved and has not been put back, in the order in which it was moved.
     QList<DisposedSong> files = {};
-    /// For a clean-up of all duplicates: the summary before it, which can be null.
+    /// For a clean-up of groups: the summary before it, which can be null.
     std::optional<std::shared_ptr<const CleanUpSummary>> summaryBefore = {};
     std::optional<KeptCopies> kept = {};
     std::optional<SearchDepth> depth = {};

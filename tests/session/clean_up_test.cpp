@@ -197,6 +197,37 @@ TEST_F(CleanUpTest, MovesNothingWhenTheResultChangesWhileTheDialogIsOpen)
     EXPECT_EQ(filesIn("music").size(), 2);
 }
 
+TEST_F(CleanUpTest, CleansUpOneGroupAndLeavesTheOthers)
+{
+    addGroups(3, 3);
+    QList<DuplicateGroup> groups = library.duplicateGroups();
+    groups[1].original.path = pathOf("music/0/../1/0.mp3");
+    library.setDuplicateGroups(groups);
+    const std::vector<std::string> before = shown();
+    cleanUp.trashGroup(groups[0].duplicates[1]);
+    finish();
+    EXPECT_EQ(toast(), "Success: Moved 1 files to Trash • Saved 4 bytes");
+    EXPECT_TRUE(QFile::exists(pathOf("music/1/0.mp3"))) << "it is the original of another group";
+    EXPECT_EQ(library.duplicateGroups().size(), 2);
+    EXPECT_EQ(filesIn("music").size(), 8);
+    EXPECT_EQ(cleanUp.state().summary, nullptr) << "the list is still there";
+    undo();
+    EXPECT_EQ(shown(), before);
+
+    const auto moveGroup = [&](qsizetype group) {
+        cleanUp.moveGroupToFolder(groups[group].original);
+        finish();
+        return cleanUp.state().summary;
+    };
+    EXPECT_EQ(moveGroup(2), nullptr);
+    EXPECT_EQ(filesIn("target").size(), 2);
+    ASSERT_TRUE(QFile::remove(groups[1].duplicates[0].path));
+    const auto failed = moveGroup(1);
+    ASSERT_NE(failed, nullptr) << "else it says nowhere what has failed";
+    EXPECT_EQ(failed->failures.size(), 1);
+    EXPECT_EQ(moveGroup(0)->moved, 2) << "nothing is left to do";
+}
+
 TEST_F(CleanUpTest, CopiesThePathOfTheNewFolderAndSaysSoASecondLater)
 {
     addGroups(1, 3);

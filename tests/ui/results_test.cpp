@@ -95,6 +95,22 @@ protected:
     {
         QTest::mouseClick(window, Qt::LeftButton, {}, rectOf(buttonInRow(button, row)->object()).center());
     }
+    [[nodiscard]] bool waitForMenu(const QString &entry) const
+    {
+        return waitFor([&] { return find(QAccessible::MenuItem, entry) != nullptr; });
+    }
+    [[nodiscard]] bool isOffered(const QString &entry) const
+    {
+        return find(QAccessible::MenuItem, entry)->object()->property("enabled").toBool();
+    }
+    /// Chooses an entry of the menu that opens, and waits until its job is over.
+    void choose(const QString &entry) const
+    {
+        ASSERT_TRUE(waitForMenu(entry));
+        activate(find(QAccessible::MenuItem, entry));
+        EXPECT_TRUE(waitFor([&] { return find(QAccessible::MenuItem, entry) == nullptr; }));
+        finishJob();
+    }
     /// Waits until files that are being moved are where they go.
     void finishJob() const
     {
@@ -306,11 +322,6 @@ TEST_F(ResultsTest, MovesDuplicatesToAFolderAndClearsTheList)
 TEST_F(ResultsTest, OffersWhatCanBeDoneWithASongInItsMenu)
 {
     showGroups({2});
-    const auto choose = [this](const QString &entry) {
-        EXPECT_TRUE(waitFor([&] { return find(QAccessible::MenuItem, entry) != nullptr; }));
-        activate(find(QAccessible::MenuItem, entry));
-        EXPECT_TRUE(waitFor([&] { return find(QAccessible::MenuItem, entry) == nullptr; }));
-    };
     const QString path = music.pathOf(u"1/Artist0 - Title0.flac"_s);
     clickRow(2, Qt::RightButton);
     choose(u"Show in Folder"_s);
@@ -326,8 +337,76 @@ TEST_F(ResultsTest, OffersWhatCanBeDoneWithASongInItsMenu)
     EXPECT_EQ(playing(), "");
     clickRow(2, Qt::RightButton);
     choose(u"Move to Trash"_s);
-    finishJob();
     EXPECT_EQ(trashed().size(), 1);
+}
+
+TEST_F(ResultsTest, LetsTheUserDecideWhichCopiesAreKept)
+{
+    showGroups({3, 2});
+    const std::vector<std::string> before = names();
+    clickRow(3);
+    press(Qt::Key_K);
+    EXPECT_TRUE(waitForText(u"Changed the original in 1 group"_s));
+    finishJob();
+    EXPECT_EQ(currentName(), "Original 0/2") << "the next key is for the same song";
+    press(Qt::Key_Z, Qt::ControlModifier);
+    EXPECT_TRUE(waitFor([&] { return names() == before; }));
+    finishJob();
+
+    clickRow(2, Qt::RightButton);
+    choose(u"Keep Copies in This Folder"_s);
+    EXPECT_TRUE(waitForText(u"Changed the original in 2 groups"_s));
+    EXPECT_EQ(names()[1], "Original 0/1");
+    EXPECT_EQ(names()[5], "Original 1/1");
+    clickRow(6, Qt::RightButton);
+    choose(u"Keep This One"_s);
+    EXPECT_EQ(names()[5], "Original 1/0");
+    clickRow(1, Qt::RightButton);
+    ASSERT_TRUE(waitForMenu(u"Keep This One"_s));
+    EXPECT_FALSE(isOffered(u"Keep This One"_s)) << "it is kept already";
+    choose(u"Keep Lossless Copies"_s);
+    EXPECT_TRUE(waitForText(u"No original has changed"_s));
+    clickRow(5, Qt::RightButton);
+    choose(u"Not a Duplicate"_s);
+    EXPECT_TRUE(waitForText(u"Not a duplicate: Artist1 - Title1.flac"_s));
+    EXPECT_EQ(names().size(), 4U);
+    activate(u"Undo"_s);
+    EXPECT_TRUE(waitFor([&] { return names().size() == 7; }));
+    finishJob();
+
+    press(Qt::Key_F, Qt::ControlModifier);
+    for (const Qt::Key key : {Qt::Key_T, Qt::Key_L, Qt::Key_E, Qt::Key_1})
+        press(key);
+    EXPECT_TRUE(waitForText(u"Filter hides 2 duplicates"_s));
+    clickRow(1, Qt::RightButton);
+    ASSERT_TRUE(waitForMenu(u"Not a Duplicate"_s));
+    EXPECT_FALSE(isOffered(u"Keep Copies in This Folder"_s) || isOffered(u"Keep Lossless Copies"_s));
+    EXPECT_TRUE(isOffered(u"Not a Duplicate"_s));
+}
+
+TEST_F(ResultsTest, CleansUpOneGroupFromItsHeader)
+{
+    const QTemporaryDir target;
+    desktop.onChooseFolder = [&target] { return target.path(); };
+    showGroups({3, 2, 2});
+    press(Qt::Key_F, Qt::ControlModifier);
+    for (const Qt::Key key : {Qt::Key_E, Qt::Key_1})
+        press(key);
+    EXPECT_TRUE(waitForText(u"Filter hides 3 duplicates"_s));
+    for (const Qt::Key key : {Qt::Key_Return, Qt::Key_Home, Qt::Key_Menu})
+        press(key);
+    choose(u"Move Duplicates to Trash"_s);
+    ASSERT_EQ(trashed().size(), 1);
+    EXPECT_TRUE(trashed()[0].endsWith(u"Artist1 - Title1.flac"));
+    click(u"Show all groups"_s);
+    EXPECT_TRUE(waitFor([this] { return names().size() == 7; }));
+    clickInRow(u"Clean Up This Group"_s, 0);
+    choose(u"Move Duplicates to Folder…"_s);
+    EXPECT_EQ(filesIn(target.path()).size(), 2);
+    EXPECT_THAT(names(), ElementsAre("Group of 2 songs", "Original 2/0", "Duplicate 2/1"));
+    QTest::mouseClick(window, Qt::RightButton, {}, rows()[0].rect.center());
+    choose(u"Move Duplicates to Trash"_s);
+    EXPECT_TRUE(waitForText(u"1 file moved to the Trash \u2022 22 KB"_s));
 }
 
 TEST_F(ResultsTest, ShowsHowFarACleanUpIsAndIgnoresWhatWouldChangeTheSession)

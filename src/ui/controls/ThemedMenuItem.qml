@@ -6,11 +6,19 @@ import Sonavo
 MenuItem {
     id: item
 
+    // A key that does the same, where it is no shortcut of an action.
+    property string key
+
     implicitHeight: 30
     font.pixelSize: 13
     Accessible.name: text
     Accessible.description: shortcutText.nativeText
-    Accessible.onPressAction: action ? action.trigger() : clicked()
+    Accessible.onPressAction: {
+        if (action)
+            action.trigger();
+        else if (enabled)
+            clicked();
+    }
 
     contentItem: Item {
         PlainText {
@@ -27,11 +35,11 @@ MenuItem {
             font: item.font
             color: Colors.textSecondary
         }
-        // Never active: it only formats the shortcut of the action.
+        // Never active: it only formats what is shown.
         Shortcut {
             id: shortcutText
             enabled: false
-            sequence: item.action ? item.action.shortcut : ""
+            sequence: item.action ? item.action.shortcut : item.key
         }
     }
     background: Rectangle {

@@ -14,6 +14,9 @@ T.AbstractButton {
     required property bool isExpanded
     // Whether this is the current row, and the list has keyboard focus.
     required property bool isCurrent
+    // Offers what can be done with the group.
+    signal openMenu(item: Item, x: real, y: real)
+
     readonly property color tintColor: Colors.groupTints[tint]
 
     height: 40
@@ -72,14 +75,48 @@ T.AbstractButton {
             }
             PlainText {
                 id: freed
-                anchors.right: parent.right
-                anchors.rightMargin: TableColumns.margin
+                anchors.right: cleanUp.left
+                anchors.rightMargin: 14
                 anchors.verticalCenter: parent.verticalCenter
                 text: header.freed
                 font.pixelSize: 12
                 color: Colors.textPrimary
                 Accessible.ignored: true
             }
+            T.AbstractButton {
+                id: cleanUp
+                anchors.right: parent.right
+                anchors.rightMargin: TableColumns.margin - 8
+                anchors.verticalCenter: parent.verticalCenter
+                implicitWidth: implicitContentWidth + 16
+                implicitHeight: 24
+                hoverEnabled: true
+                focusPolicy: Qt.NoFocus
+                Accessible.role: Accessible.ButtonMenu
+                Accessible.name: cleanUpLabel.text
+                Accessible.description: header.title + ", " + header.subtitle
+                Accessible.onPressAction: clicked()
+                onClicked: header.openMenu(cleanUp, 0, height)
+
+                contentItem: SymbolLabel {
+                    id: cleanUpLabel
+                    leftPadding: 8
+                    symbol: "sparkles"
+                    symbolSize: 12
+                    text: qsTr("Clean Up This Group")
+                    font.pixelSize: 12
+                    color: Colors.textPrimary
+                }
+                background: Rectangle {
+                    radius: 5
+                    color: Qt.alpha(Colors.textPrimary, cleanUp.down ? 0.16 : cleanUp.hovered ? 0.08 : 0)
+                }
+            }
+        }
+
+        TapHandler {
+            acceptedButtons: Qt.RightButton
+            onTapped: point => header.openMenu(header, point.position.x, point.position.y)
         }
 
         Rectangle {

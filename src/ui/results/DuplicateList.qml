@@ -32,6 +32,38 @@ FocusScope {
             view.viewModel.deleteSong(song);
     }
 
+    // The song that is to become the first of its group. The current row follows it.
+    property var keptSong
+
+    function keep(song) {
+        const row = rows.rowOf(song);
+        if (view.viewModel.isCleaningUp || row < 0 || row === rows.headerRow(row) + 1)
+            return;
+        keptSong = song;
+        view.viewModel.keepSong(song);
+    }
+
+    function followKeptSong() {
+        const row = keptSong === undefined ? -1 : rows.rowOf(keptSong);
+        if (row < 0 || row !== rows.headerRow(row) + 1)
+            return;
+        list.currentIndex = row;
+        keptSong = undefined;
+    }
+
+    Connections {
+        target: rows
+        function onDataChanged() {
+            view.followKeptSong();
+        }
+        function onModelReset() {
+            view.followKeptSong();
+        }
+        function onRowsInserted() {
+            view.followKeptSong();
+        }
+    }
+
     // The next row moves under the pointer, where the second click of a double-click must not delete it too.
     function removeByPointer(row) {
         if (recentRemoval.running)
@@ -134,6 +166,11 @@ FocusScope {
                         list.currentIndex = index;
                         rows.setExpanded(index, !isExpanded);
                     }
+                    onOpenMenu: (item, x, y) => {
+                        list.currentIndex = index;
+                        list.forceActiveFocus(Qt.MouseFocusReason);
+                        groupMenu.openFor(index, item, x, y);
+                    }
                 }
             }
 
@@ -189,8 +226,10 @@ FocusScope {
                 view.play(row);
             } else if (event.key === Qt.Key_Delete) {
                 view.remove(row);
+            } else if (event.key === Qt.Key_K && event.modifiers === Qt.NoModifier && row !== header) {
+                view.keep(rows.songAt(row));
             } else if (event.key === Qt.Key_Menu || (event.key === Qt.Key_F10 && event.modifiers & Qt.ShiftModifier)) {
-                menu.openFor(row, list.currentItem, TableColumns.badgeX, 20);
+                (row === header ? groupMenu : menu).openFor(row, list.currentItem, TableColumns.badgeX, 20);
             } else {
                 event.accepted = false;
             }
@@ -226,6 +265,8 @@ FocusScope {
         id: menu
 
         viewModel: view.viewModel
+        showsAll: view.showsAll
+        onKeep: song => view.keep(song)
         onRemove: song => view.viewModel.deleteSong(song)
 
         function openFor(row, item, x, y) {
@@ -233,6 +274,18 @@ FocusScope {
             if (clicked === undefined)
                 return;
             song = clicked;
+            isOriginal = row === rows.headerRow(row) + 1;
+            popup(item, x, y);
+        }
+    }
+
+    GroupMenu {
+        id: groupMenu
+
+        viewModel: view.viewModel
+
+        function openFor(row, item, x, y) {
+            original = rows.originalAt(row);
             popup(item, x, y);
         }
     }

@@ -6,15 +6,41 @@ ThemedMenu {
     id: menu
 
     required property DuplicateViewModel viewModel
+    // Whether the list shows every group. Otherwise what would change hidden ones is disabled.
+    required property bool showsAll
     property var song
+    property bool isOriginal
     readonly property bool isPlaying: viewModel.currentlyPlayingSong !== undefined && song !== undefined
                                       && viewModel.currentlyPlayingSong.id === song.id
 
+    signal keep(song: var)
     signal remove(song: var)
 
     ThemedMenuItem {
         text: menu.isPlaying ? qsTr("Stop") : qsTr("Listen")
         onTriggered: menu.viewModel.togglePlayback(menu.song)
+    }
+    ThemedMenuSeparator {}
+    ThemedMenuItem {
+        text: qsTr("Keep This One")
+        key: "K"
+        enabled: !menu.isOriginal && !menu.viewModel.isCleaningUp
+        onTriggered: menu.keep(menu.song)
+    }
+    ThemedMenuItem {
+        text: qsTr("Keep Copies in This Folder")
+        enabled: menu.showsAll && !menu.viewModel.isCleaningUp
+        onTriggered: menu.viewModel.keepCopiesInFolderOf(menu.song)
+    }
+    ThemedMenuItem {
+        text: qsTr("Keep Lossless Copies")
+        enabled: menu.showsAll && !menu.viewModel.isCleaningUp
+        onTriggered: menu.viewModel.keepLosslessCopies()
+    }
+    ThemedMenuItem {
+        text: qsTr("Not a Duplicate")
+        enabled: !menu.viewModel.isCleaningUp
+        onTriggered: menu.viewModel.excludeFromDuplicates(menu.song)
     }
     ThemedMenuSeparator {}
     ThemedMenuItem {

@@ -492,10 +492,21 @@ void DuplicateListModel::updatePlaying()
     emitPlayingChanged(m_playingId);
 }
 
-void DuplicateListModel::emitPlayingChanged(const QUuid &songId)
+QVariant DuplicateListModel::originalAt(int row) const
+{
+    const std::optional<Entry> entry = entryAt(row);
+    return entry ? QVariant::fromValue(groupAt(entry->group).original) : QVariant();
+}
+
+int DuplicateListModel::rowOf(const Song &song) const
+{
+    return rowOf(song.id);
+}
+
+int DuplicateListModel::rowOf(const QUuid &songId) const
 {
     if (songId.isNull())
-        return;
+        return -1;
     for (std::size_t i = 0; i + 1 < m_headerRows.size(); ++i) {
         if (isCollapsed(i))
             continue;
@@ -503,11 +514,17 @@ void DuplicateListModel::emitPlayingChanged(const QUuid &songId)
         qsizetype member = group.original.id == songId ? 0 : -1;
         for (qsizetype d = 0; member < 0 && d < group.duplicates.size(); ++d)
             member = group.duplicates.at(d).id == songId ? d + 1 : -1;
-        if (member >= 0) {
-            const QModelIndex row = index(m_headerRows[i] + 1 + static_cast<int>(member));
-            Q_EMIT dataChanged(row, row, {IsPlayingRole});
-        }
+        if (member >= 0)
+            return m_headerRows[i] + 1 + static_cast<int>(member);
     }
+    return -1;
+}
+
+void DuplicateListModel::emitPlayingChanged(const QUuid &songId)
+{
+    const int row = rowOf(songId);
+    if (row >= 0)
+        Q_EMIT dataChanged(index(row), index(row), {IsPlayingRole});
 }
 
 } // namespace sonavo

@@ -100,6 +100,10 @@ public:
     Q_INVOKABLE void setExpanded(int row, bool isExpanded);
     /// The Song of a row; undefined for a header row and if there is no such row.
     Q_INVOKABLE [[nodiscard]] QVariant songAt(int row) const;
+    /// The original of the group that a row belongs to; undefined if there is no such row.
+    Q_INVOKABLE [[nodiscard]] QVariant originalAt(int row) const;
+    /// The row of a song; -1 if it has none.
+    Q_INVOKABLE [[nodiscard]] int rowOf(const sonavo::Song &song) const;
 
 Q_SIGNALS:
     void viewModelChanged();
@@ -146,6 +150,7 @@ private:
                                       const QList<DuplicateGroup> &groups);
     void reset(const QList<DuplicateGroup> &groups);
     void updatePlaying();
+    [[nodiscard]] int rowOf(const QUuid &songId) const;
     void emitPlayingChanged(const QUuid &songId);
     /// Recomputes the header rows of all groups after this one, as if the groups before `hiddenEnd` had no
     /// rows.

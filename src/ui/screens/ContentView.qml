@@ -14,6 +14,8 @@ FocusScope {
 
     readonly property bool isScanning: viewModel.isScanning
     readonly property int songCount: viewModel.songCount
+    // Whether the list shows every group.
+    readonly property bool showsAll: results.showsAll
 
     function addSongs() {
         if (viewModel.importWithOpenPanel())

@@ -66,6 +66,13 @@ ApplicationWindow {
                     enabled: window.viewModel.undoText !== "" && window.canChange && !window.viewModel.isScanning
                     onTriggered: window.viewModel.undo()
                 }
+                ThemedMenuSeparator {}
+                Action {
+                    text: qsTr("Keep Lossless Copies")
+                    enabled: window.canChange && window.hasResult && window.viewModel.duplicateCount > 0
+                             && content.showsAll
+                    onTriggered: window.viewModel.keepLosslessCopies()
+                }
             },
             ThemedMenu {
                 title: qsTr("&Window")
@@ -98,6 +105,7 @@ ApplicationWindow {
     }
 
     ContentView {
+        id: content
         anchors.fill: parent
         focus: true
         viewModel: window.viewModel

@@ -8,6 +8,8 @@ FocusScope {
 
     required property DuplicateViewModel viewModel
     readonly property bool hasSummary: viewModel.hasCleanUpSummary
+    // Whether the filter hides no duplicate.
+    readonly property bool showsAll: !list.visible || list.showsAll
     // Whether the summary is shown in place of a list that is left.
     property bool prefersSummary: false
 
@@ -25,7 +27,7 @@ FocusScope {
         ModernToolbar {
             Layout.fillWidth: true
             viewModel: view.viewModel
-            showsAll: !list.visible || list.showsAll
+            showsAll: view.showsAll
             filterNote: list.visible ? list.filterNote : ""
         }
 
