@@ -58,23 +58,23 @@ const std::vector<std::uint32_t> &ArtistIndex::matchingArtists(const PreparedSon
 {
     // Where many artists are alike, the lists of all of them would grow with the square of their number.
     constexpr std::size_t MOST_KNOWN = 1 << 22;
-    if (query.buildCount != m_buildCount) {
-        query.buildCount = m_buildCount;
-        query.known.clear();
-        query.known.resize(m_artists.size());
-        query.knownSize = 0;
+    if (query.m_buildCount != m_buildCount) {
+        query.m_buildCount = m_buildCount;
+        query.m_known.clear();
+        query.m_known.resize(m_artists.size());
+        query.m_knownSize = 0;
     }
     const std::uint32_t self = m_artistNumbers[song.artistId];
-    std::vector<std::uint32_t> &known = query.known[self];
+    std::vector<std::uint32_t> &known = query.m_known[self];
     if (!known.empty())
         return known;
     const bool isAskedAgain = m_artists[self].end - m_artists[self].begin > 1;
-    if (!isAskedAgain || query.knownSize > MOST_KNOWN) {
-        findMatching(self, query.last);
-        return query.last;
+    if (!isAskedAgain || query.m_knownSize > MOST_KNOWN) {
+        findMatching(self, query.m_last);
+        return query.m_last;
     }
     findMatching(self, known);
-    query.knownSize += known.size();
+    query.m_knownSize += known.size();
     return known;
 }
 

@@ -24,11 +24,11 @@ public:
         friend class ArtistIndex;
 
         /// By artist; empty until asked for.
-        std::vector<std::vector<std::uint32_t>> known;
-        std::size_t knownSize = 0;
+        std::vector<std::vector<std::uint32_t>> m_known;
+        std::size_t m_knownSize = 0;
         /// The index that they are of, as a count.
-        std::uint64_t buildCount = 0;
-        std::vector<std::uint32_t> last;
+        std::uint64_t m_buildCount = 0;
+        std::vector<std::uint32_t> m_last;
     };
 
     /// @param songs must outlive the index

@@ -113,7 +113,7 @@ void CandidateIndex::listWords()
 
 std::span<const BucketPosition> CandidateIndex::candidatesFor(BucketPosition seed, Query &query) const
 {
-    query.candidates.clear();
+    query.m_candidates.clear();
     const Window window = windowOf(m_bucket[seed]);
     const std::size_t byWords = countByWords(m_bucket[seed], window);
     if (byWords == 0)
@@ -122,17 +122,17 @@ std::span<const BucketPosition> CandidateIndex::candidatesFor(BucketPosition see
     const std::size_t least = std::min(byWords, byWindow);
     if (m_hasGrams && least > GRAMS_THRESHOLD) {
         proposeByGrams(seed, window, query);
-        return query.candidates;
+        return query.m_candidates;
     }
     // Finding the matching artists takes a look at every artist.
     if (m_hasArtists && least > m_artists.artistCount() / ARTISTS_PER_SONG &&
         proposeByArtists(seed, window, least, query))
-        return query.candidates;
+        return query.m_candidates;
     if (byWindow < byWords)
         proposeWindow(seed, window, query);
     else
         proposeByWords(seed, window, query);
-    return query.candidates;
+    return query.m_candidates;
 }
 
 CandidateIndex::Window CandidateIndex::windowOf(const PreparedSong &seed) const
@@ -170,14 +170,14 @@ std::size_t CandidateIndex::countByWords(const PreparedSong &seed, Window window
 
 void CandidateIndex::proposeByWords(BucketPosition seed, Window window, Query &query) const
 {
-    query.lastSeeds.resize(std::max(query.lastSeeds.size(), m_bucket.size()));
-    query.lastSeeds[seed] = ++query.seedCount;
+    query.m_lastSeeds.resize(std::max(query.m_lastSeeds.size(), m_bucket.size()));
+    query.m_lastSeeds[seed] = ++query.m_seedCount;
     for (const std::uint32_t word : m_songs.titleWordsOf(m_bucket[seed])) {
         for (const BucketPosition position : songsWith(word, window)) {
-            if (isRemoved(position) || query.lastSeeds[position] == query.seedCount)
+            if (isRemoved(position) || query.m_lastSeeds[position] == query.m_seedCount)
                 continue;
-            query.lastSeeds[position] = query.seedCount;
-            query.candidates.push_back(position);
+            query.m_lastSeeds[position] = query.m_seedCount;
+            query.m_candidates.push_back(position);
         }
     }
 }
@@ -186,37 +186,37 @@ void CandidateIndex::proposeWindow(BucketPosition seed, Window window, Query &qu
 {
     const std::size_t longest =
         std::min<std::size_t>(m_longestArtist, longestSimilar(m_bucket[seed].artistLength));
-    appendNear(query.candidates, window.begin,
+    appendNear(query.m_candidates, window.begin,
                std::span(m_artistPairs).subspan(window.begin, window.end - window.begin), m_artistPairs[seed],
                largestDistance(longest, MATCH_ARTIST_SIMILARITY));
-    std::erase_if(query.candidates,
+    std::erase_if(query.m_candidates,
                   [&](BucketPosition position) { return isRemoved(position) || position == seed; });
 }
 
 void CandidateIndex::proposeByGrams(BucketPosition seed, Window window, Query &query) const
 {
-    m_grams.appendMatching(query.candidates, m_bucket[seed], window.begin, window.end);
-    query.lastSeeds.resize(std::max(query.lastSeeds.size(), m_bucket.size()));
-    query.lastSeeds[seed] = ++query.seedCount;
-    std::erase_if(query.candidates, [&](BucketPosition position) {
+    m_grams.appendMatching(query.m_candidates, m_bucket[seed], window.begin, window.end);
+    query.m_lastSeeds.resize(std::max(query.m_lastSeeds.size(), m_bucket.size()));
+    query.m_lastSeeds[seed] = ++query.m_seedCount;
+    std::erase_if(query.m_candidates, [&](BucketPosition position) {
         return isRemoved(position) ||
-               std::exchange(query.lastSeeds[position], query.seedCount) == query.seedCount;
+               std::exchange(query.m_lastSeeds[position], query.m_seedCount) == query.m_seedCount;
     });
 }
 
 bool CandidateIndex::proposeByArtists(BucketPosition seed, Window window, std::size_t most,
                                       Query &query) const
 {
-    for (const std::uint32_t artist : m_artists.matchingArtists(m_bucket[seed], query.artists)) {
+    for (const std::uint32_t artist : m_artists.matchingArtists(m_bucket[seed], query.m_artists)) {
         const auto songs = m_artists.songsOf(artist);
         const auto begin = std::lower_bound(songs.begin(), songs.end(), window.begin);
         const auto end = std::lower_bound(begin, songs.end(), window.end);
         for (auto position = begin; position != end; ++position) {
             if (!isRemoved(*position) && *position != seed)
-                query.candidates.push_back(*position);
+                query.m_candidates.push_back(*position);
         }
-        if (query.candidates.size() > most) {
-            query.candidates.clear();
+        if (query.m_candidates.size() > most) {
+            query.m_candidates.clear();
             return false;
         }
     }

@@ -60,11 +60,11 @@ public:
     private:
         friend class CandidateIndex;
 
-        std::vector<BucketPosition> candidates;
+        std::vector<BucketPosition> m_candidates;
         /// For each song the last seed that it was proposed to, as a count.
-        std::vector<std::uint32_t> lastSeeds;
-        std::uint32_t seedCount = 0;
-        ArtistIndex::Query artists;
+        std::vector<std::uint32_t> m_lastSeeds;
+        std::uint32_t m_seedCount = 0;
+        ArtistIndex::Query m_artists;
     };
 
     /// @param songs must outlive the index
