@@ -100,7 +100,9 @@ void readOnAllThreads(const QStringList &files, const std::vector<std::vector<Ra
 {
     std::atomic<qsizetype> next = 0;
     std::vector<std::jthread> threads;
-    for (int i = 0; i < diskThreads().maxThreadCount(); ++i) {
+    const int threadCount = diskThreads().maxThreadCount();
+    threads.reserve(static_cast<std::size_t>(threadCount));
+    for (int i = 0; i < threadCount; ++i) {
         threads.emplace_back([&] {
             for (qsizetype file = next++; file < files.size(); file = next++)
                 readRanges(files[file], ranges[static_cast<std::size_t>(file)]);

@@ -150,9 +150,8 @@ public:
         const std::size_t number = m_made++ % distinct;
         if (number < m_texts.size())
             return m_texts[number];
-        const QString text = (m_common + ending(number)).trimmed();
-        m_texts.push_back(text);
-        return text;
+        m_texts.push_back((m_common + ending(number)).trimmed());
+        return m_texts.back();
     }
 
 private:

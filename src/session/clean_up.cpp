@@ -48,12 +48,14 @@ CleanUpPlan CleanUp::plan(CleanUpTarget target) const
             .summaryBefore = m_state.summary};
 }
 
-std::optional<CleanUpPlan> CleanUp::planForGroupOf(const Song &member, CleanUpTarget target) const
+std::optional<CleanUpPlan> CleanUp::planForGroupOf(QUuid member, CleanUpTarget target) const
 {
     CleanUpPlan plan = this->plan(target);
-    const auto group = std::ranges::find_if(
-        plan.groups, [&member](const DuplicateGroup &candidate) { return isMember(candidate, member.id); });
-    if (group == plan.groups.end())
+    const auto group =
+        std::ranges::find_if(std::as_const(plan.groups), [member](const DuplicateGroup &candidate) {
+            return isMember(candidate, member);
+        });
+    if (group == plan.groups.cend())
         return std::nullopt;
     plan.scope = CleanUpScope::OneGroup;
     plan.files = group->duplicates.size();
@@ -71,7 +73,7 @@ void CleanUp::moveDuplicatesToFolder()
         chooseFolderAndStart(plan(CleanUpTarget::Folder));
 }
 
-void CleanUp::moveGroupToFolder(Song member)
+void CleanUp::moveGroupToFolder(QUuid member)
 {
     if (isBusy())
         return;
@@ -109,7 +111,7 @@ void CleanUp::trashDuplicates()
         start(plan(CleanUpTarget::Trash));
 }
 
-void CleanUp::trashGroup(Song member)
+void CleanUp::trashGroup(QUuid member)
 {
     if (isBusy())
         return;

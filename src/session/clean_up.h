@@ -59,9 +59,9 @@ public:
 
     /// The same with the duplicates of one group. Its summary is shown only when files could not be moved or
     /// no duplicates are left. Does nothing when no group has the song.
-    /// @param member by value: a listener may destroy the caller's meanwhile
-    void moveGroupToFolder(Song member);
-    void trashGroup(Song member);
+    /// @param member the id of one of its songs
+    void moveGroupToFolder(QUuid member);
+    void trashGroup(QUuid member);
 
     /// Tries again to move the songs that the last clean-up could not move, to where it moved the others.
     void retry();
@@ -86,7 +86,7 @@ private:
     [[nodiscard]] bool isBusy() const;
     [[nodiscard]] bool isShown(quint64 scan) const { return m_session.library.scanResult().id == scan; }
     [[nodiscard]] CleanUpPlan plan(CleanUpTarget target) const;
-    [[nodiscard]] std::optional<CleanUpPlan> planForGroupOf(const Song &member, CleanUpTarget target) const;
+    [[nodiscard]] std::optional<CleanUpPlan> planForGroupOf(QUuid member, CleanUpTarget target) const;
     void stopPreviewOfDuplicates(const QList<DuplicateGroup> &groups);
     void chooseFolderAndStart(CleanUpPlan plan);
     void start(const CleanUpPlan &plan);

@@ -200,8 +200,8 @@ public:
     /// See CleanUp.
     Q_INVOKABLE void moveDuplicatesToFolder() { m_cleanUp.moveDuplicatesToFolder(); }
     Q_INVOKABLE void cleanupAll() { m_cleanUp.trashDuplicates(); }
-    Q_INVOKABLE void moveGroupToFolder(const sonavo::Song &member) { m_cleanUp.moveGroupToFolder(member); }
-    Q_INVOKABLE void trashGroup(const sonavo::Song &member) { m_cleanUp.trashGroup(member); }
+    Q_INVOKABLE void moveGroupToFolder(const sonavo::Song &member) { m_cleanUp.moveGroupToFolder(member.id); }
+    Q_INVOKABLE void trashGroup(const sonavo::Song &member) { m_cleanUp.trashGroup(member.id); }
     Q_INVOKABLE void deleteSong(const sonavo::Song &song) { m_cleanUp.deleteSong(song); }
     /// Tries again to move the songs that the last clean-up could not move.
     Q_INVOKABLE void retryCleanUp() { m_cleanUp.retry(); }

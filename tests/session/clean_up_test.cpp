@@ -204,7 +204,7 @@ TEST_F(CleanUpTest, CleansUpOneGroupAndLeavesTheOthers)
     groups[1].original.path = pathOf("music/0/../1/0.mp3");
     library.setDuplicateGroups(groups);
     const std::vector<std::string> before = shown();
-    cleanUp.trashGroup(groups[0].duplicates[1]);
+    cleanUp.trashGroup(groups[0].duplicates[1].id);
     finish();
     EXPECT_EQ(toast(), "Success: Moved 1 files to Trash • Saved 4 bytes");
     EXPECT_TRUE(QFile::exists(pathOf("music/1/0.mp3"))) << "it is the original of another group";
@@ -215,7 +215,7 @@ TEST_F(CleanUpTest, CleansUpOneGroupAndLeavesTheOthers)
     EXPECT_EQ(shown(), before);
 
     const auto moveGroup = [&](qsizetype group) {
-        cleanUp.moveGroupToFolder(groups[group].original);
+        cleanUp.moveGroupToFolder(groups[group].original.id);
         finish();
         return cleanUp.state().summary;
     };
