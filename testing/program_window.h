@@ -46,6 +46,8 @@ protected:
         }
         qputenv("DISPLAY", ':' + screen.readLine().trimmed());
         start(windowManager, u"openbox"_s, {u"--sm-disable"_s});
+        // A window that is there before its manager gets no keys. This fails until there is one.
+        ASSERT_TRUE(xdotool({u"get_desktop"_s}));
     }
     void TearDown() override
     {
