@@ -57,6 +57,13 @@ protected:
         }
     }
 
+    /// Presses keys, one after the other and again and again, until something is so.
+    template <typename Condition>
+    [[nodiscard]] static bool pressUntil(const Condition &isSo, const QStringList &keys)
+    {
+        return QTest::qWaitFor([&] { return isSo() || !xdotool(QStringList{u"key"_s} + keys); }, TIMEOUT_MS);
+    }
+
     const QStringList visibleWindow{u"search"_s, u"--onlyvisible"_s, u"--name"_s, u"^Sonavo$"_s};
     const PrivateHome home;
     QProcess screen;

@@ -40,7 +40,7 @@ QByteArray busAddress()
     return QFile::exists(QFile::decodeName(usual)) ? "unix:path=" + usual : QByteArray();
 }
 
-/// The name of the first Unix socket in an address of the D-Bus Specification; an abstract one begins with 0.
+/// The name of the first Unix socket in a D-Bus server address; an abstract one begins with 0.
 std::optional<QByteArray> socketNameOf(const QByteArray &address)
 {
     const QByteArray first = address.split(';').constFirst();
@@ -69,8 +69,10 @@ bool authenticates(const QByteArray &socketName, std::chrono::milliseconds timeo
     sockaddr_un name = {};
     name.sun_family = AF_UNIX;
     const auto size = static_cast<std::size_t>(socketName.size());
+    if (size >= sizeof name.sun_path)
+        return false;
     const int socket = ::socket(AF_UNIX, SOCK_STREAM | SOCK_CLOEXEC | SOCK_NONBLOCK, 0);
-    if (socket < 0 || size >= sizeof name.sun_path)
+    if (socket < 0)
         return false;
     const auto closed = qScopeGuard([socket] { ::close(socket); });
     std::memcpy(name.sun_path, socketName.constData(), size);

@@ -33,7 +33,7 @@ TEST(GroupTexts, TellTheFoldersOfAGroupApart)
         {{u"/music/000/x"_s, u"/music/000/y"_s}, {u"000"_s, u"000"_s}},
         {{u"/music/x"_s, u"/music/old/x"_s}, {u"music"_s, u"music/old"_s}},
         {{u"/music/old/x"_s, u"/music/older/x"_s, u"/music/old/y"_s}, {u"old"_s, u"older"_s, u"old"_s}},
-        {{u"/home/a/x"_s, u"/media/a/x"_s}, {u"home/a"_s, u"media/a"_s}},
+        {{u"/disk/a/x"_s, u"/media/a/x"_s}, {u"disk/a"_s, u"media/a"_s}},
         {{u"/x"_s, u"/media/x"_s}, {u""_s, u"media"_s}},
     };
     for (const auto &[paths, folders] : cases) {
