@@ -41,6 +41,7 @@ public:
     /// Called while a dialog for music is open.
     std::function<void()> onChoice = [] {};
     std::function<QString()> onChooseFolder = [] { return QString(); };
+    std::function<QString()> onChooseReportFile = [] { return QString(); };
     QString clipboard;
     /// Folder dialogs, files shown in the file viewer and calls of players, in order.
     std::vector<std::string> calls;
@@ -55,6 +56,7 @@ public:
         calls.push_back(message.toStdString() + " / " + prompt.toStdString());
         return onChooseFolder();
     }
+    [[nodiscard]] QString chooseReportFile(const QString &) override { return onChooseReportFile(); }
     void copyToClipboard(const QString &text) override { clipboard = text; }
     void showInFileViewer(const QString &path) override { calls.push_back("show " + path.toStdString()); }
     [[nodiscard]] std::unique_ptr<PreviewPlayer> openPreview(const QString &path) override

@@ -7,6 +7,7 @@
 #include "session/library.h"
 #include "session/notices.h"
 #include "session/preview.h"
+#include "session/report_saver.h"
 #include "session/review.h"
 #include "session/scan.h"
 
@@ -219,6 +220,9 @@ public:
     Q_INVOKABLE void keepLosslessCopies() { m_review.keepLosslessCopies(); }
     Q_INVOKABLE void excludeFromDuplicates(const sonavo::Song &song) { m_review.excludeFromDuplicates(song); }
 
+    /// See ReportSaver.
+    Q_INVOKABLE void saveReport() { m_reportSaver.save(); }
+
     /// Does what the toast's button says.
     Q_INVOKABLE void performToastAction();
     /// See Notices.
@@ -280,6 +284,7 @@ private:
     Importer m_importer;
     CleanUp m_cleanUp;
     Review m_review;
+    ReportSaver m_reportSaver;
 };
 
 } // namespace sonavo
