@@ -23,7 +23,12 @@ public:
     void play() override { record("play"); }
     void pause() override { record("pause"); }
     void setVolume(double volume) override { record("volume " + std::to_string(volume).substr(0, 3)); }
-    void seek(qint64 seconds) override { record("seek " + std::to_string(seconds)); }
+    void seek(qint64 seconds) override
+    {
+        m_position = static_cast<double>(seconds);
+        record("seek " + std::to_string(seconds));
+    }
+    [[nodiscard]] double position() const override { return m_position; }
     void releaseItem() override { record("release"); }
 
 private:
@@ -31,6 +36,7 @@ private:
 
     std::string m_name;
     std::vector<std::string> &m_calls;
+    double m_position = 0.0;
 };
 
 /// A desktop whose user chooses what the test says.

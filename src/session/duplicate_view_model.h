@@ -195,6 +195,7 @@ public:
 
     /// See Preview.
     Q_INVOKABLE void togglePlayback(const sonavo::Song &song) { m_preview.toggle(song); }
+    Q_INVOKABLE void comparePlayback(const sonavo::Song &song) { m_preview.compare(song); }
     Q_INVOKABLE void seekPlayback(double x, double width) { m_preview.seek(x, width); }
     Q_INVOKABLE void stopPlayback() { m_preview.stop(); }
 
