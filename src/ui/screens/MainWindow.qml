@@ -26,7 +26,7 @@ ApplicationWindow {
         themeManager: window.themeManager
         menus: [
             ThemedMenu {
-                title: qsTr("&File")
+                title: qsTr("&File", "a menu")
                 Action {
                     text: qsTr("Add Song")
                     shortcut: "Ctrl+O"
@@ -65,7 +65,7 @@ ApplicationWindow {
                 }
             },
             ThemedMenu {
-                title: qsTr("&Edit")
+                title: qsTr("&Edit", "a menu")
                 Action {
                     text: window.viewModel.undoText !== "" ? window.viewModel.undoText : qsTr("Undo")
                     shortcut: "Ctrl+Z"
@@ -81,7 +81,7 @@ ApplicationWindow {
                 }
             },
             ThemedMenu {
-                title: qsTr("&Window")
+                title: qsTr("&Window", "a menu")
                 Action {
                     text: qsTr("Minimize")
                     shortcut: "Ctrl+M"
@@ -94,7 +94,7 @@ ApplicationWindow {
                 }
             },
             ThemedMenu {
-                title: qsTr("&Help")
+                title: qsTr("&Help", "a menu")
                 Action {
                     text: qsTr("About Sonavo")
                     onTriggered: about.open()
