@@ -1,6 +1,7 @@
 #include "desktop/file_dialogs.h"
 
 #include "model/audio_formats.h"
+#include "model/translate.h"
 
 #include <QAbstractItemView>
 #include <QAction>
@@ -18,9 +19,9 @@
 namespace sonavo {
 namespace {
 
-QString musicFolder()
+QString userFolder(QStandardPaths::StandardLocation location)
 {
-    const QString folder = QStandardPaths::writableLocation(QStandardPaths::MusicLocation);
+    const QString folder = QStandardPaths::writableLocation(location);
     return QFileInfo(folder).isDir() ? folder : QDir::homePath();
 }
 
@@ -62,9 +63,10 @@ public:
     }
 
     /// @return whether the user confirmed
-    bool run(QString &folder)
+    /// @param start what to show when `folder` is none
+    bool run(QString &folder, QStandardPaths::StandardLocation start = QStandardPaths::MusicLocation)
     {
-        setDirectory(QFileInfo(folder).isDir() ? folder : musicFolder());
+        setDirectory(QFileInfo(folder).isDir() ? folder : userFolder(start));
         winId(); // makes the native window
         windowHandle()->setTransientParent(activeWindow());
         const bool isAccepted = exec() == Accepted;
@@ -83,11 +85,12 @@ class MusicDialog final : public SafeFileDialog
 {
 public:
     MusicDialog()
-        : SafeFileDialog(QStringLiteral("Add Songs"))
+        : SafeFileDialog(translate("FileDialogs", "Add Songs", "the title of a dialog"))
     {
         setFileMode(ExistingFiles);
         setOption(ReadOnly);
-        setNameFilter(QStringLiteral("Songs (*.%1)").arg(audioExtensions().join(QStringLiteral(" *."))));
+        setNameFilter(translate("FileDialogs", "Songs (*.%1)", "a kind of files; %1 lists their extensions")
+                          .arg(audioExtensions().join(QStringLiteral(" *."))));
         connect(selection(), &QItemSelectionModel::selectionChanged, this, [this] { showSelectedNames(); });
         connect(this, &QFileDialog::directoryEntered, this, [this] { clearSelection(); });
     }
@@ -131,6 +134,47 @@ private:
     }
 };
 
+/// Gives every file the extension of its kind.
+class ReportDialog final : public SafeFileDialog
+{
+public:
+    explicit ReportDialog(const QString &name)
+        : SafeFileDialog(QStringLiteral("Save Report"))
+    {
+        setAcceptMode(AcceptSave);
+        setFileMode(AnyFile);
+        setNameFilters({QStringLiteral("Spreadsheet (*.csv)"), QStringLiteral("JSON (*.json)")});
+        selectFile(name + chosenExtension());
+        connect(this, &QFileDialog::filterSelected, this,
+                [this] { nameEdit()->setText(baseName() + chosenExtension()); });
+    }
+
+    void accept() override
+    {
+        const QString name = nameEdit()->text();
+        const bool isFolder = directory().exists(name) && QFileInfo(directory(), name).isDir();
+        // Before the base class asks whether a file of this name may be replaced.
+        if (!name.isEmpty() && !isFolder && baseName() == name)
+            nameEdit()->setText(name + chosenExtension());
+        SafeFileDialog::accept();
+    }
+
+private:
+    [[nodiscard]] QString chosenExtension() const
+    {
+        return selectedNameFilter().contains(u".json") ? QStringLiteral(".json") : QStringLiteral(".csv");
+    }
+    [[nodiscard]] QString baseName() const
+    {
+        const QString name = nameEdit()->text();
+        for (const QString &extension : {QStringLiteral(".csv"), QStringLiteral(".json")}) {
+            if (name.endsWith(extension, Qt::CaseInsensitive))
+                return name.chopped(extension.size());
+        }
+        return name;
+    }
+};
+
 } // namespace
 
 QList<QUrl> runMusicDialog(QString &folder)
@@ -146,6 +190,13 @@ QString runFolderDialog(const QString &title, const QString &acceptLabel, QStrin
     dialog.setOption(QFileDialog::ShowDirsOnly);
     dialog.setLabelText(QFileDialog::Accept, acceptLabel);
     return dialog.run(folder) ? dialog.selectedFiles().constFirst() : QString();
+}
+
+QString runReportDialog(const QString &name, QString &folder)
+{
+    ReportDialog dialog(name);
+    return dialog.run(folder, QStandardPaths::DocumentsLocation) ? dialog.selectedFiles().constFirst()
+                                                                 : QString();
 }
 
 } // namespace sonavo

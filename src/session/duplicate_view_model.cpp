@@ -21,6 +21,7 @@ DuplicateViewModel::DuplicateViewModel(Desktop &desktop, const std::shared_ptr<P
     , m_importer(desktop, m_library, m_job, m_scan, m_notices)
     , m_cleanUp({desktop, m_library, m_preview, m_notices, m_scan, m_job}, pauses)
     , m_review({m_library, m_preview, m_notices, m_scan, m_job})
+    , m_reportSaver(desktop, m_library, m_notices, m_job)
 {
     Q_ASSERT(!m_colors.isEmpty());
     connect(&m_library, &Library::songsChanged, this, &DuplicateViewModel::songsChanged);
@@ -160,9 +161,15 @@ void DuplicateViewModel::announceEverything()
 
 void DuplicateViewModel::performToastAction()
 {
-    // There is only one.
-    if (!toastAction().isEmpty())
+    if (toastAction().isEmpty())
+        return;
+    const std::function<void()> operation = m_notices.toastOperation();
+    if (!operation) {
         undo();
+        return;
+    }
+    m_notices.setToastShown(false);
+    operation();
 }
 
 QString DuplicateViewModel::cleanupAllDescription() const

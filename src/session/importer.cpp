@@ -2,6 +2,7 @@
 
 #include "import/audio_discovery.h"
 #include "model/saturating.h"
+#include "model/translate.h"
 #include "model/visible_controls.h"
 
 #include <QDir>
@@ -19,18 +20,18 @@ namespace {
 
 QString droppedItemsRefusal()
 {
-    return QStringLiteral("Cannot import more than %1 songs in a single session.\n\n"
-                          "For large music libraries, we recommend:\n"
-                          "\u2022 Processing your library in batches by genre or folder\n"
-                          "\u2022 Using 1000-2000 songs per session for best performance\n"
-                          "\u2022 Clearing previous results before starting a new batch\n\n"
-                          "This helps ensure accurate duplicate detection and optimal performance.")
+    return translate("Importer", "Cannot import more than %1 songs in a single session.\n\n"
+                                 "For large music libraries, we recommend:\n"
+                                 "• Processing your library in batches by genre or folder\n"
+                                 "• Using 1000-2000 songs per session for best performance\n"
+                                 "• Clearing previous results before starting a new batch\n\n"
+                                 "This helps ensure accurate duplicate detection and optimal performance.")
         .arg(Importer::MAXIMUM_LIMIT);
 }
 
 QString openPanelRefusal()
 {
-    return QStringLiteral("Cannot import more than %1 songs.\nPlease select a smaller folder.")
+    return translate("Importer", "Cannot import more than %1 songs.\nPlease select a smaller folder.")
         .arg(Importer::MAXIMUM_LIMIT);
 }
 
@@ -61,10 +62,31 @@ qint64 songCountOf(const QList<QUrl> &urls)
     return *count;
 }
 
-QString nameOf(const QList<QUrl> &urls)
+QString nameOf(const QUrl &item)
 {
-    return urls.size() == 1 ? QStringLiteral("\u201c%1\u201d").arg(QDir(urls.first().toLocalFile()).dirName())
-                            : QStringLiteral("these %L1 items").arg(urls.size());
+    return QDir(item.toLocalFile()).dirName();
+}
+
+QString busyText(const QList<QUrl> &urls)
+{
+    if (urls.size() == 1)
+        return translate("Importer", "Files are being moved. Open “%1” again when that is done.")
+            .arg(nameOf(urls.first()));
+    return translate("Importer", "Files are being moved. Open these %Ln items again when that is done.",
+                     nullptr, urls.size());
+}
+
+QString replaceQuestion(const QList<QUrl> &urls, int duplicates)
+{
+    if (urls.size() == 1)
+        return translate("Importer", "Scanning “%1” replaces this list, which still has %Ln duplicates.",
+                         nullptr, duplicates)
+            .arg(nameOf(urls.first()));
+    //: %L1 is the number of files and folders, at least 2
+    return translate("Importer",
+                     "Scanning these %L1 items replaces this list, which still has %Ln duplicates.", nullptr,
+                     duplicates)
+        .arg(urls.size());
 }
 
 } // namespace
@@ -117,11 +139,11 @@ bool Importer::importDrop(const QList<QUrl> &urls)
             started.append(local[i]);
     }
     if (importable > 1 && !started.isEmpty()) {
-        m_notices.showToast(
-            QStringLiteral("Only \u201c%1\u201d is being scanned. Use \u201cAdd Song\u201d to choose several "
-                           "items together.")
-                .arg(withVisibleControls(QDir(started.last().toLocalFile()).dirName())),
-            Notices::ToastType::Info);
+        m_notices.showToast(translate("Importer",
+                                      "Only “%1” is being scanned. Use “Add Song” to choose several "
+                                      "items together.")
+                                .arg(withVisibleControls(nameOf(started.last()))),
+                            Notices::ToastType::Info);
     }
     return !started.isEmpty();
 }
@@ -146,9 +168,7 @@ bool Importer::importWithOpenPanel()
 bool Importer::openItems(const QList<QUrl> &urls)
 {
     if (m_job.state().isRunning) {
-        m_notices.showToast(
-            QStringLiteral("Files are being moved. Open %1 again when that is done.").arg(nameOf(urls)),
-            Notices::ToastType::Info);
+        m_notices.showToast(busyText(urls), Notices::ToastType::Info);
         return false;
     }
     set({}); // what was asked before is out of date
@@ -163,10 +183,7 @@ QString Importer::openQuestion() const
 {
     if (m_state.openedUrls.isEmpty())
         return {};
-    const int count = m_library.duplicateTotals().count;
-    return QStringLiteral("Scanning %1 replaces this list, which still has %2.")
-        .arg(nameOf(m_state.openedUrls),
-             count == 1 ? QStringLiteral("1 duplicate") : QStringLiteral("%L1 duplicates").arg(count));
+    return replaceQuestion(m_state.openedUrls, m_library.duplicateTotals().count);
 }
 
 bool Importer::acceptOpenedItems()

@@ -34,11 +34,13 @@ void Notices::clearAlert()
     set(std::move(state));
 }
 
-void Notices::showToast(const QString &message, ToastType type, const QString &action)
+void Notices::showToast(const QString &message, ToastType type, const QString &action,
+                        std::function<void()> perform)
 {
     State state = m_state;
     ++state.toastNumber;
     m_isToastOverdue = false;
+    m_toastOperation = std::move(perform);
     if (action.isEmpty())
         hideToastLater(this);
     else

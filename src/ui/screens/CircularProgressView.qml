@@ -77,7 +77,7 @@ FocusScope {
                     PlainText {
                         id: percentage
                         Layout.alignment: Qt.AlignHCenter
-                        text: ring.percentage + "%"
+                        text: qsTr("%1%", "a percentage").arg(ring.percentage)
                         font.pixelSize: 44
                         font.bold: true
                         color: Colors.textPrimary
@@ -86,7 +86,7 @@ FocusScope {
 
                     PlainText {
                         Layout.alignment: Qt.AlignHCenter
-                        text: qsTr("of this step")
+                        text: qsTr("of this step", "follows a percentage")
                         font.pixelSize: 14
                         font.weight: Font.Medium
                         color: Colors.accentText

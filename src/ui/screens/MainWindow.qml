@@ -26,12 +26,18 @@ ApplicationWindow {
         themeManager: window.themeManager
         menus: [
             ThemedMenu {
-                title: qsTr("&File")
+                title: qsTr("&File", "a menu")
                 Action {
                     text: qsTr("Add Song")
                     shortcut: "Ctrl+O"
                     enabled: window.canChange
                     onTriggered: window.viewModel.importWithOpenPanel()
+                }
+                Action {
+                    text: qsTr("Save Report…")
+                    shortcut: "Ctrl+S"
+                    enabled: window.canChange && window.hasResult
+                    onTriggered: window.viewModel.saveReport()
                 }
                 Action {
                     text: qsTr("Clear List")
@@ -59,7 +65,7 @@ ApplicationWindow {
                 }
             },
             ThemedMenu {
-                title: qsTr("&Edit")
+                title: qsTr("&Edit", "a menu")
                 Action {
                     text: window.viewModel.undoText !== "" ? window.viewModel.undoText : qsTr("Undo")
                     shortcut: "Ctrl+Z"
@@ -75,7 +81,7 @@ ApplicationWindow {
                 }
             },
             ThemedMenu {
-                title: qsTr("&Window")
+                title: qsTr("&Window", "a menu")
                 Action {
                     text: qsTr("Minimize")
                     shortcut: "Ctrl+M"
@@ -88,7 +94,7 @@ ApplicationWindow {
                 }
             },
             ThemedMenu {
-                title: qsTr("&Help")
+                title: qsTr("&Help", "a menu")
                 Action {
                     text: qsTr("About Sonavo")
                     onTriggered: about.open()
