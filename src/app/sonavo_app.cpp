@@ -29,7 +29,7 @@ bool SonavoApp::launch(const QList<QUrl> &items)
     QObject::connect(m_longWork.get(), &LongWork::activated,
                      [this](const QString &token) { bringToFront(token); });
     if (!items.isEmpty())
-        m_viewModel.importChosenItems(items);
+        m_viewModel.openItems(items);
     return true;
 }
 

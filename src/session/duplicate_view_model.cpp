@@ -80,7 +80,7 @@ void DuplicateViewModel::announceScan(const Scan::State &before)
     const Scan::State &now = m_scan.state();
     const bool isSameProgress = before.progress == now.progress && before.message == now.message &&
                                 before.processedFiles == now.processedFiles &&
-                                before.totalFiles == now.totalFiles;
+                                before.totalFiles == now.totalFiles && before.foundFiles == now.foundFiles;
     announce({
         {&DuplicateViewModel::isScanningChanged, before.isRunning != now.isRunning},
         {&DuplicateViewModel::progressChanged, !isSameProgress},
@@ -115,6 +115,7 @@ void DuplicateViewModel::announceImporter(const Importer::State &before)
         {&DuplicateViewModel::pendingImportURLsChanged, before.pendingUrls != now.pendingUrls},
         {&DuplicateViewModel::showLimitWarningChanged, before.isAsking != now.isAsking},
         {&DuplicateViewModel::openQuestionChanged, before.openedUrls != now.openedUrls},
+        {&DuplicateViewModel::scanAllChanged, before.droppedUrls != now.droppedUrls},
     });
 }
 
@@ -148,6 +149,7 @@ void DuplicateViewModel::announceEverything()
         {&DuplicateViewModel::pendingImportURLsChanged, true},
         {&DuplicateViewModel::showLimitWarningChanged, true},
         {&DuplicateViewModel::openQuestionChanged, true},
+        {&DuplicateViewModel::scanAllChanged, true},
         {&DuplicateViewModel::isScanningChanged, true},
         {&DuplicateViewModel::cleanUpProgressChanged, true},
         {&DuplicateViewModel::isCleaningUpChanged, true},
@@ -160,9 +162,16 @@ void DuplicateViewModel::announceEverything()
 
 void DuplicateViewModel::performToastAction()
 {
-    // There is only one.
-    if (!toastAction().isEmpty())
+    if (toastAction().isEmpty())
+        return;
+    switch (m_notices.state().toastActionKind) {
+    case Notices::ToastAction::Undo:
         undo();
+        break;
+    case Notices::ToastAction::ScanAll:
+        scanAllDropped();
+        break;
+    }
 }
 
 QString DuplicateViewModel::cleanupAllDescription() const

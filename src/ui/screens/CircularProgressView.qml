@@ -9,6 +9,8 @@ FocusScope {
     // From 0.0 to 1.0.
     required property real progress
     required property string message
+    // Files that the walk of the folders has found so far.
+    required property int foundFiles
     // The user cancels the scan.
     signal stop
 
@@ -86,7 +88,9 @@ FocusScope {
 
                     PlainText {
                         Layout.alignment: Qt.AlignHCenter
-                        text: qsTr("of this step")
+                        text: view.foundFiles > 0
+                              ? qsTr("%1 files found").arg(view.foundFiles.toLocaleString(Qt.locale(), "f", 0))
+                              : qsTr("of this step")
                         font.pixelSize: 14
                         font.weight: Font.Medium
                         color: Colors.accentText

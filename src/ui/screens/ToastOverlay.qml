@@ -23,7 +23,9 @@ Item {
         visible: opacity > 0
         enabled: overlay.isShowing
         action: overlay.viewModel.toastAction
-        canAct: !overlay.viewModel.isScanning && !overlay.viewModel.showCleanUpProgress
+        // What was dropped can be scanned instead of what is being scanned.
+        canAct: (!overlay.viewModel.isScanning || overlay.viewModel.scanAllText === action)
+                && !overlay.viewModel.showCleanUpProgress
         onClosed: overlay.viewModel.showToast = false
         onActed: overlay.viewModel.performToastAction()
         onIsInUseChanged: overlay.viewModel.holdToast(isInUse)
