@@ -18,7 +18,7 @@ FocusScope {
 
     // Turns the gradient once whenever the view appears.
     NumberAnimation on rotationAngle {
-        running: view.visible
+        running: view.visible && !Motion.isReduced
         from: 0
         to: 360
         duration: 2000
@@ -26,7 +26,7 @@ FocusScope {
 
     // A folder of many files stays at zero for a while.
     SequentialAnimation {
-        running: view.visible && view.progress === 0
+        running: view.visible && view.progress === 0 && !Motion.isReduced
         loops: Animation.Infinite
         onStopped: ring.opacity = 1
 

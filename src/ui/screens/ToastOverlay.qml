@@ -7,7 +7,7 @@ Item {
 
     required property DuplicateViewModel viewModel
     readonly property bool isShowing: viewModel.showToast
-    readonly property real hiddenOffset: 60
+    readonly property real hiddenOffset: Motion.isReduced ? 0 : 60
 
     ToastView {
         id: toast
