@@ -1,3 +1,5 @@
+#include "language/language.h"
+
 #include <QCoreApplication>
 
 #include <gtest/gtest.h>
@@ -8,5 +10,6 @@ int main(int argc, char *argv[])
     // Names of files are UTF-8 whatever the machine's locale.
     qputenv("LC_ALL", "C.UTF-8");
     const QCoreApplication application(argc, argv);
+    sonavo::useEnglish();
     return RUN_ALL_TESTS();
 }

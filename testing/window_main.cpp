@@ -1,3 +1,5 @@
+#include "language/language.h"
+
 #include <QApplication>
 #include <QTemporaryDir>
 
@@ -14,6 +16,7 @@ int main(int argc, char *argv[])
     qputenv("QT_QUICK_BACKEND", "software");
     qputenv("GST_REGISTRY", SONAVO_PLUGIN_LIST);
     const QApplication application(argc, argv);
+    sonavo::useEnglish();
     QApplication::setApplicationName(QStringLiteral("sonavo"));
     QApplication::setOrganizationName(QStringLiteral("sonavo"));
     return RUN_ALL_TESTS();

@@ -4,6 +4,7 @@
 #include "actions/file_snapshot.h"
 #include "actions/trash.h"
 #include "model/saturating.h"
+#include "model/translate.h"
 
 #include <QFile>
 #include <QHash>
@@ -27,18 +28,91 @@
 namespace sonavo {
 namespace {
 
-constexpr auto GONE = "does not exist any more";
-constexpr auto ORIGINAL_LOST = "The original of its group is gone or was changed";
-constexpr auto CHANGED_WHILE_MOVED = "The file was changed at the moment when it was moved";
-
-/// A file, or what is wrong with it in words that follow its name.
-using Look = std::variant<KnownFile, QString>;
-
-QString unreadable(int error)
+/// What is wrong with a file.
+struct Flaw
 {
-    if (meansGone(error))
-        return QLatin1String(GONE);
-    return QStringLiteral("cannot be read (%1)").arg(errorText(error));
+    enum class Kind
+    {
+        Gone,
+        Unreadable,
+        ChangedSinceScan,
+        ChangedMeanwhile,
+    };
+    Kind kind = Kind::Gone;
+    /// For Unreadable, as in errno.
+    int error = 0;
+};
+
+using Look = std::variant<KnownFile, Flaw>;
+
+QString textOf(const Flaw &flaw)
+{
+    switch (flaw.kind) {
+    case Flaw::Kind::Gone:
+        return translate("CleanUp", "The file does not exist any more");
+    case Flaw::Kind::Unreadable:
+        return translate("CleanUp", "The file cannot be read (%1)").arg(errorText(flaw.error));
+    case Flaw::Kind::ChangedSinceScan:
+        return translate("CleanUp", "The file has been changed since it was scanned");
+    case Flaw::Kind::ChangedMeanwhile:
+        break;
+    }
+    return translate("CleanUp", "The file is gone or has been changed meanwhile");
+}
+
+QString textForOriginal(const Flaw &flaw)
+{
+    switch (flaw.kind) {
+    case Flaw::Kind::Gone:
+        return translate("CleanUp", "The original of its group does not exist any more");
+    case Flaw::Kind::Unreadable:
+        return translate("CleanUp", "The original of its group cannot be read (%1)")
+            .arg(errorText(flaw.error));
+    case Flaw::Kind::ChangedSinceScan:
+        return translate("CleanUp", "The original of its group has been changed since it was scanned");
+    case Flaw::Kind::ChangedMeanwhile:
+        break;
+    }
+    return translate("CleanUp", "The original of its group is gone or has been changed meanwhile");
+}
+
+QString unreachableText()
+{
+    return translate("CleanUp", "The file cannot be reached");
+}
+
+QString originalLostText()
+{
+    return translate("CleanUp", "The original of its group is gone or was changed");
+}
+
+QString changedWhileMovedText()
+{
+    return translate("CleanUp", "The file was changed at the moment when it was moved");
+}
+
+QString putBackText(const QString &why)
+{
+    return translate("CleanUp", "%1, so the file was put back",
+                     "%1 says what has happened, without a full stop")
+        .arg(why);
+}
+
+QString notPutBackText(const QString &why, const QString &path, const QString &reason)
+{
+    return translate("CleanUp", "%1. The file is at %2 now: %3",
+                     "what has happened, a path, and why the file could not be put back")
+        .arg(why, path, reason);
+}
+
+QString withFullStop(const QString &sentence)
+{
+    return translate("CleanUp", "%1.", "a sentence and its full stop").arg(sentence);
+}
+
+Flaw unreadable(int error)
+{
+    return meansGone(error) ? Flaw{} : Flaw{Flaw::Kind::Unreadable, error};
 }
 
 /// Opens the file that a path leads to and reads from it.
@@ -53,7 +127,7 @@ Look readableFile(const QString &path)
         return unreadable(*reason);
     const auto &file = std::get<FileSnapshot>(snapshot);
     if (!S_ISREG(file.mode) || hasLostItsNames(file))
-        return QLatin1String(GONE);
+        return Flaw{};
     return KnownFile{resolved, file};
 }
 
@@ -64,7 +138,7 @@ Look unchangedFile(const Song &song, const FileNotes &notes)
     const auto *file = std::get_if<KnownFile>(&look);
     const auto note = notes.constFind(song.id);
     if (file && note != notes.constEnd() && !isAsNoted(file->snapshot, *note))
-        return QStringLiteral("has been changed since it was scanned");
+        return Flaw{Flaw::Kind::ChangedSinceScan};
     return look;
 }
 
@@ -142,7 +216,7 @@ private:
     void remove(const Song &song);
     void passOverOrFail(const Song &song);
     void dispose(const Song &song, const FileIdentity &identity, const KnownFile &file);
-    [[nodiscard]] QString whatIsWrongWithOriginal();
+    [[nodiscard]] std::optional<Flaw> flawOfOriginal();
     void putBack(const Moved &moved, const QString &why);
     void checkOriginalsAgain();
     [[nodiscard]] bool isSuspect(const FileSnapshot &original) const;
@@ -210,36 +284,36 @@ void DuplicateRemover::remove(const Song &song)
     if (m_originals.contains(*identity))
         return;
     const Look look = unchangedFile(song, m_options.notes);
-    if (const auto *wrong = std::get_if<QString>(&look))
-        return fail(song, QStringLiteral("The file %1").arg(*wrong));
-    if (const QString wrong = whatIsWrongWithOriginal(); !wrong.isEmpty())
-        return fail(song, QStringLiteral("The original of its group %1").arg(wrong));
+    if (const auto *flaw = std::get_if<Flaw>(&look))
+        return fail(song, textOf(*flaw));
+    if (const std::optional<Flaw> flaw = flawOfOriginal())
+        return fail(song, textForOriginal(*flaw));
     const auto &file = std::get<KnownFile>(look);
     if (m_originals.mayContain(file) || mayBeOneFile(file, *m_original))
-        return fail(song,
-                    QStringLiteral(
-                        "It may be the same file as an original, which another file system shows as well"));
+        return fail(song, translate("CleanUp",
+                                    "It may be the same file as an original, which another file system shows "
+                                    "as well"));
     dispose(song, *identity, file);
 }
 
 void DuplicateRemover::passOverOrFail(const Song &song)
 {
     if (!isGone(song.path))
-        return fail(song, QStringLiteral("The file cannot be reached"));
+        return fail(song, unreachableText());
     const auto entry = entryOf(song.path);
     if (m_whenGone == WhenGone::Fail && !(entry && m_movedEntries.contains(*entry)))
-        fail(song, QStringLiteral("The file %1").arg(QLatin1String(GONE)));
+        fail(song, textOf({Flaw::Kind::Gone}));
 }
 
-QString DuplicateRemover::whatIsWrongWithOriginal()
+std::optional<Flaw> DuplicateRemover::flawOfOriginal()
 {
     if (m_original) {
         const bool isSame = stateOf(*m_original) == FileState::Same;
-        return isSame ? QString() : QStringLiteral("is gone or has been changed meanwhile");
+        return isSame ? std::nullopt : std::optional(Flaw{Flaw::Kind::ChangedMeanwhile});
     }
     const Look look = unchangedFile(m_group->original, m_options.notes);
-    if (const auto *wrong = std::get_if<QString>(&look))
-        return *wrong;
+    if (const auto *flaw = std::get_if<Flaw>(&look))
+        return *flaw;
     m_original = std::get<KnownFile>(look);
     return {};
 }
@@ -259,9 +333,9 @@ void DuplicateRemover::dispose(const Song &song, const FileIdentity &identity, c
     m_traits.insert({file.snapshot.device, file.snapshot.size, file.snapshot.modified});
     const Moved moved{song, std::get<DisposedFile>(result), *m_original};
     if (!isAsLookedAt(movedFile(moved.file), file.snapshot))
-        return putBack(moved, QLatin1String(CHANGED_WHILE_MOVED));
+        return putBack(moved, changedWhileMovedText());
     if (!hasSurvived(*m_original))
-        return putBack(moved, QLatin1String(ORIGINAL_LOST));
+        return putBack(moved, originalLostText());
     m_moved.push_back(moved);
     m_movedEntries.insert(identity.entry);
 }
@@ -270,12 +344,10 @@ void DuplicateRemover::putBack(const Moved &moved, const QString &why)
 {
     const PutBackResult result = putFileBack(moved.file, unstoppable(m_options));
     if (result.state != PutBackResult::State::Back)
-        return fail(
-            moved.song,
-            QStringLiteral("%1. The file is at %2 now: %3").arg(why, pathOf(moved.file), result.reason));
+        return fail(moved.song, notPutBackText(why, pathOf(moved.file), result.reason));
     if (const auto *file = std::get_if<MovedFile>(&moved.file))
         m_movedBack.append(*file);
-    fail(moved.song, QStringLiteral("%1, so the file was put back").arg(why));
+    fail(moved.song, putBackText(why));
 }
 
 /// The original of one group can vanish with a duplicate of another.
@@ -289,7 +361,7 @@ void DuplicateRemover::checkOriginalsAgain()
     const auto mustGoBack = [&](const Moved &moved) { return !hasStayed.value(moved.original.path); };
     std::for_each(m_moved.rbegin(), m_moved.rend(), [&](const Moved &moved) {
         if (mustGoBack(moved))
-            putBack(moved, QLatin1String(ORIGINAL_LOST));
+            putBack(moved, originalLostText());
     });
     std::erase_if(m_moved, mustGoBack);
     // With nothing in it, the folder would be removed, and its path is told to the user.
@@ -326,7 +398,9 @@ void DuplicateRemover::report(const Moved &moved)
 
 QString whyItStays(const QString &path, const QString &reason)
 {
-    return reason.contains(path) ? reason : QStringLiteral("It stays at %1: %2").arg(path, reason);
+    return reason.contains(path)
+               ? reason
+               : translate("CleanUp", "It stays at %1: %2", "a path and the reason").arg(path, reason);
 }
 
 /// Nothing if another file has taken its place already. A link still has the note of the file it leads to.
@@ -380,20 +454,21 @@ std::variant<DisposedSong, Failure> trashSong(const Song &song, const QList<Dupl
                                               const CleanUpOptions &options)
 {
     const Look look = unchangedFile(song, options.notes);
-    if (const auto *wrong = std::get_if<QString>(&look))
-        return Failure{QStringLiteral("The file %1.").arg(*wrong)};
+    if (const auto *flaw = std::get_if<Flaw>(&look))
+        return Failure{withFullStop(textOf(*flaw))};
     const auto &file = std::get<KnownFile>(look);
     const auto identity = identityOf(song.path);
     if (!identity)
-        return Failure{QStringLiteral("The file cannot be reached.")};
+        return Failure{withFullStop(unreachableText())};
     std::vector<KnownFile> others;
     for (const Song &other : othersInGroupsOf(song, groups)) {
         const auto otherIdentity = identityOf(other.path);
         if (!otherIdentity)
             continue;
         if (areOneFile(*identity, *otherIdentity) || mayBeOneFile(file, otherIdentity->file))
-            return Failure{QStringLiteral(
-                "Another song of this group is the very same file and would be gone as well.")};
+            return Failure{translate("CleanUp",
+                                     "Another song of this group is the very same file and would be gone "
+                                     "as well.")};
         if (const Look otherLook = readableFile(other.path); std::holds_alternative<KnownFile>(otherLook))
             others.push_back(std::get<KnownFile>(otherLook));
     }
@@ -408,13 +483,12 @@ std::variant<DisposedSong, Failure> trashSong(const Song &song, const QList<Dupl
     const bool isSame = isAsLookedAt(trashed.file, file.snapshot);
     if (isSame && std::ranges::all_of(others, hasSurvived))
         return DisposedSong{song, trashed};
-    const QString why =
-        QLatin1String(isSame ? "Another song of this group was gone as well" : CHANGED_WHILE_MOVED);
+    const QString why = isSame ? translate("CleanUp", "Another song of this group was gone as well")
+                               : changedWhileMovedText();
     const PutBackResult back = restore(trashed, unstoppable(options));
     if (back.state != PutBackResult::State::Back)
-        return Failure{QStringLiteral("%1. The file is at %2 now: %3")
-                           .arg(why, QFile::decodeName(trashed.file.path), back.reason)};
-    return Failure{QStringLiteral("%1, so the file was put back.").arg(why)};
+        return Failure{notPutBackText(why, QFile::decodeName(trashed.file.path), back.reason)};
+    return Failure{withFullStop(putBackText(why))};
 }
 
 UndoOutcome putBack(const QList<DisposedSong> &songs, const CleanUpOptions &options)

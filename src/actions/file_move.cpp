@@ -5,6 +5,7 @@
 #include "actions/file_removal.h"
 #include "actions/folders.h"
 #include "actions/move_journal.h"
+#include "model/translate.h"
 
 #include <QFile>
 
@@ -338,12 +339,20 @@ Failure toFailure(const MoveResult &result, const QByteArray &from, const QByteA
 {
     if (result.state != State::Uncertain)
         return {errorText(result.error), result.error};
-    QString places = QStringLiteral("%1 and at %2").arg(QFile::decodeName(from), QFile::decodeName(to));
-    if (!result.leftAt.isEmpty())
-        places +=
-            QStringLiteral(", and for what was put in its place at %1").arg(QFile::decodeName(result.leftAt));
-    return {QStringLiteral("It is not certain that the file was moved (%1). Look for it at %2.")
-                .arg(errorText(result.error), places)};
+    const QString error = errorText(result.error);
+    const QString oldPath = QFile::decodeName(from);
+    const QString newPath = QFile::decodeName(to);
+    if (result.leftAt.isEmpty())
+        return {translate("FileMove",
+                          "It is not certain that the file was moved (%1). Look for it at %2 and at %3.",
+                          "an error and two paths")
+                    .arg(error, oldPath, newPath)};
+    return {
+        translate("FileMove",
+                  "It is not certain that the file was moved (%1). Look for it at %2 and at %3, and for what "
+                  "was put in its place at %4.",
+                  "an error and three paths")
+            .arg(error, oldPath, newPath, QFile::decodeName(result.leftAt))};
 }
 
 MovedFile describeMove(const QByteArray &from, const QByteArray &to, const MoveResult &result)

@@ -2,6 +2,7 @@
 
 #include "actions/folders.h"
 #include "actions/volume.h"
+#include "model/translate.h"
 
 #include <QFile>
 #include <QList>
@@ -55,7 +56,8 @@ bool isOriginalVolumeThere(const MovedFile &file)
 
 PutBackResult missesDiskOf(const QByteArray &path)
 {
-    return stays(QStringLiteral("The disk of %1 is not there").arg(QFile::decodeName(path)));
+    return stays(
+        translate("PutBack", "The disk of %1 is not there", "%1 is a path").arg(QFile::decodeName(path)));
 }
 
 /// The folders that are missing on the way to a file, the deepest first.
@@ -80,7 +82,9 @@ PutBackResult lookAtOldPath(const MovedFile &file, int error)
     if (now && file.snapshot && isBack(*now, *file.snapshot))
         return {PutBackState::Back, {}, *now};
     if (error == 0)
-        return stays(QStringLiteral("The file at %1 is not the one that was moved there").arg(path));
+        return stays(
+            translate("PutBack", "The file at %1 is not the one that was moved there", "%1 is a path")
+                .arg(path));
     if (!meansGone(error))
         return stays(errorText(error));
     if (file.snapshot && !isDiskThere(file.path, file.snapshot->device))
@@ -89,8 +93,9 @@ PutBackResult lookAtOldPath(const MovedFile &file, int error)
         return missesDiskOf(file.originalPath);
     if (!now && !meansGone(std::get<int>(snapshot)))
         return stays(errorText(std::get<int>(snapshot)));
-    return {PutBackState::Gone, QStringLiteral("The file is neither at %1 nor at %2 any more")
-                                    .arg(path, QFile::decodeName(file.originalPath))};
+    return {PutBackState::Gone,
+            translate("PutBack", "The file is neither at %1 nor at %2 any more", "two paths")
+                .arg(path, QFile::decodeName(file.originalPath))};
 }
 
 PutBackResult moveBackWith(MoveResult (*move)(const QByteArray &, const QByteArray &, const MoveOptions &),

@@ -11,6 +11,7 @@
 #include "actions/move_journal.h"
 #include "actions/volume.h"
 #include "model/file_name.h"
+#include "model/translate.h"
 
 #include <QDateTime>
 #include <QFile>
@@ -212,7 +213,7 @@ int freeNumber(const Trash &trash, const QString &name)
 
 Failure unusableTrash(const QString &reason)
 {
-    return {QStringLiteral("The Trash of this disk cannot be used: %1").arg(reason)};
+    return {translate("Trash", "The Trash of this disk cannot be used: %1", "%1 is the reason").arg(reason)};
 }
 
 /// Whether a file is certainly still at its old path and not at the new one.
@@ -288,7 +289,7 @@ std::variant<TrashedFile, Failure> moveInto(const Trash &trash, const fs::path &
         if (result.state == MoveResult::State::Moved)
             return trashed;
         if (result.state == MoveResult::State::NotMoved && result.error == EXDEV)
-            return unusableTrash(QStringLiteral("It is on another file system"));
+            return unusableTrash(translate("Trash", "It is on another file system", "the Trash"));
         if (result.state != MoveResult::State::NotMoved || result.error != EEXIST)
             return toFailure(result, from, trashed.file.path);
     }
@@ -305,7 +306,7 @@ std::variant<TrashedFile, Failure> moveToTrash(const QString &path, const MoveOp
     if (error)
         return Failure{errorText(error.value())};
     if (!fs::is_regular_file(status) && !fs::is_symlink(status))
-        return Failure{QStringLiteral("Not a file")};
+        return Failure{translate("Trash", "Not a file")};
     const fs::path folder = fs::canonical(given.parent_path(), error);
     if (error)
         return Failure{errorText(error.value())};

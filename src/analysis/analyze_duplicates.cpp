@@ -1,6 +1,7 @@
 #include "analysis/analyze_duplicates.h"
 
 #include "analysis/duplicate_finder.h"
+#include "model/translate.h"
 
 namespace sonavo {
 
@@ -15,18 +16,18 @@ QCoro::Task<QList<DuplicateGroup>> analyzeDuplicates(QList<Song> songs, std::sha
     // Made and destroyed in the background, too.
     std::unique_ptr<DuplicateFinder> finder;
 
-    reportProgress({0.05, QStringLiteral("Step 1/4: Grouping by exact title...")});
+    reportProgress({0.05, translate("Analysis", "Step 1/4: Grouping by exact title...")});
     co_await pauses->wait(STEP_PAUSE);
     co_await background([&] {
         finder = std::make_unique<DuplicateFinder>(std::move(songs), stop);
         finder->groupByTitle();
     });
 
-    reportProgress({0.25, QStringLiteral("Step 2/4: Analyzing filename similarities...")});
+    reportProgress({0.25, translate("Analysis", "Step 2/4: Analyzing filename similarities...")});
     co_await pauses->wait(STEP_PAUSE);
     co_await background([&] { finder->groupByFileName(); });
 
-    reportProgress({0.5, QStringLiteral("Step 3/4: Comparing artist and title...")});
+    reportProgress({0.5, translate("Analysis", "Step 3/4: Comparing artist and title...")});
     co_await pauses->wait(STEP_PAUSE);
     auto batches = DuplicateFinder::Batches::MoreToCome;
     co_await background([&] {
@@ -38,7 +39,7 @@ QCoro::Task<QList<DuplicateGroup>> analyzeDuplicates(QList<Song> songs, std::sha
         co_await background([&] { batches = finder->groupNextBatchByArtistAndTitle(); });
     }
 
-    reportProgress({0.75, QStringLiteral("Step 4/4: Deep comparison of remaining songs...")});
+    reportProgress({0.75, translate("Analysis", "Step 4/4: Deep comparison of remaining songs...")});
     co_await pauses->wait(STEP_PAUSE);
     QList<DuplicateGroup> groups;
     co_await background([&] {

@@ -83,14 +83,8 @@ QString LongWork::outcomeOf(Work work) const
         return m_viewModel.toastMessage();
     if (m_viewModel.songCount() == 0)
         return {};
-    switch (const int count = m_viewModel.duplicateCount()) {
-    case 0:
-        return QStringLiteral("No duplicates found");
-    case 1:
-        return QStringLiteral("Found 1 duplicate file");
-    default:
-        return QStringLiteral("Found %L1 duplicate files").arg(count);
-    }
+    const int count = m_viewModel.duplicateCount();
+    return count == 0 ? tr("No duplicates found") : tr("Found %Ln duplicate files", nullptr, count);
 }
 
 } // namespace sonavo

@@ -2,6 +2,7 @@
 #include "app/process_exit.h"
 #include "app/run_window.h"
 #include "app/utf8_locale.h"
+#include "language/language.h"
 #include "report/print_report.h"
 
 #include <QCoreApplication>
@@ -48,6 +49,7 @@ int main(int argc, char *argv[])
             [&](const WindowRequest &request) { return runWindow(argc, argv, request); },
             [&](const ReportRequest &request) {
                 const QCoreApplication application(argc, argv);
+                useEnglish(); // as scripts that read reports expect
                 exitAtOnceOnInterrupt();
                 const ExitStatus status = printReport(request.items, request.format, request.depth)
                                               ? ExitStatus::Success

@@ -5,6 +5,7 @@
 #include "app/sonavo_app.h"
 #include "desktop/session_bus.h"
 #include "desktop/settings_portal.h"
+#include "language/language.h"
 #include "session/file_job.h"
 
 #include <QApplication>
@@ -33,13 +34,20 @@ bool hasDisplay()
                        [](const char *variable) { return !qEnvironmentVariableIsEmpty(variable); });
 }
 
+/// A line on standard error, in the user's language.
+/// @param text of the context Start
+void printMessage(const char *text)
+{
+    std::fprintf(stderr, "sonavo: %s\n", systemLanguageText("Start", text).toUtf8().constData());
+}
+
 /// For the time in which the application is created: if none of the displays that are named works, Qt warns
 /// at length and then crashes.
 void handleStartMessage(QtMsgType type, const QMessageLogContext & /*context*/, const QString & /*message*/)
 {
     if (type != QtFatalMsg)
         return;
-    std::fputs("sonavo: no window can be opened on this display; --report needs none\n", stderr);
+    printMessage(QT_TRANSLATE_NOOP("Start", "no window can be opened on this display; --report needs none"));
     ::_exit(static_cast<int>(ExitStatus::NoWindow));
 }
 
@@ -59,7 +67,8 @@ std::optional<ExitStatus> shareWindow(ApplicationService &service, const WindowR
     case HandOver::Accepted:
         return ExitStatus::Success;
     case HandOver::Refused:
-        std::fputs("sonavo: the window is moving files and can scan nothing until that is done\n", stderr);
+        printMessage(
+            QT_TRANSLATE_NOOP("Start", "the window is moving files and can scan nothing until that is done"));
         return ExitStatus::WindowBusy;
     case HandOver::Failed:
         break;
@@ -111,7 +120,8 @@ void scaleWithText()
 ExitStatus runWindow(int &argc, char **argv, const WindowRequest &request)
 {
     if (!hasDisplay()) {
-        std::fputs("sonavo: there is no display to open a window on; --report needs none\n", stderr);
+        printMessage(
+            QT_TRANSLATE_NOOP("Start", "there is no display to open a window on; --report needs none"));
         return ExitStatus::NoWindow;
     }
     ApplicationService service;
@@ -123,6 +133,7 @@ ExitStatus runWindow(int &argc, char **argv, const WindowRequest &request)
     qInstallMessageHandler(handleStartMessage);
     const QApplication application(argc, argv);
     qInstallMessageHandler(nullptr);
+    useSystemLanguage();
     QApplication::setApplicationDisplayName(QStringLiteral("Sonavo"));
     QApplication::setDesktopFileName(QStringLiteral("org.sonavo.Sonavo"));
     QApplication::setWindowIcon(QIcon(QStringLiteral(":/qt/qml/Sonavo/icons/logo.svg")));

@@ -1,6 +1,7 @@
 #include "desktop/file_dialogs.h"
 
 #include "model/audio_formats.h"
+#include "model/translate.h"
 
 #include <QAbstractItemView>
 #include <QAction>
@@ -83,11 +84,12 @@ class MusicDialog final : public SafeFileDialog
 {
 public:
     MusicDialog()
-        : SafeFileDialog(QStringLiteral("Add Songs"))
+        : SafeFileDialog(translate("FileDialogs", "Add Songs", "the title of a dialog"))
     {
         setFileMode(ExistingFiles);
         setOption(ReadOnly);
-        setNameFilter(QStringLiteral("Songs (*.%1)").arg(audioExtensions().join(QStringLiteral(" *."))));
+        setNameFilter(translate("FileDialogs", "Songs (*.%1)", "a kind of files; %1 lists their extensions")
+                          .arg(audioExtensions().join(QStringLiteral(" *."))));
         connect(selection(), &QItemSelectionModel::selectionChanged, this, [this] { showSelectedNames(); });
         connect(this, &QFileDialog::directoryEntered, this, [this] { clearSelection(); });
     }

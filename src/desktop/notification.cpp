@@ -45,7 +45,7 @@ void Notification::show(const QString &text)
     const QDBusPendingCall call =
         m_bus.asyncCall(methodCall(QStringLiteral("Notify"))
                         << QStringLiteral("Sonavo") << m_id << appId << text << body
-                        << QStringList{CLICK, QStringLiteral("Show")}
+                        << QStringList{CLICK, tr("Show", "the window, by a click on a notification")}
                         << QVariantMap{{QStringLiteral("desktop-entry"), appId}} << USUAL_TIME);
     const auto *reply = new QDBusPendingCallWatcher(call, this);
     connect(reply, &QDBusPendingCallWatcher::finished, this, [this](QDBusPendingCallWatcher *watcher) {

@@ -1,5 +1,8 @@
 #include "model/byte_count.h"
 
+#include "model/local_digits.h"
+#include "model/translate.h"
+
 #include <array>
 
 namespace sonavo {
@@ -7,23 +10,24 @@ namespace {
 
 struct Unit
 {
-    const char *name;
+    /// With %1 for the number.
+    const char *text;
     quint64 bytes;
     /// Most digits after the decimal point.
     int decimals;
 };
 
 constexpr std::array UNITS{
-    Unit{"KB", 1'000, 0},
-    Unit{"MB", 1'000'000, 1},
-    Unit{"GB", 1'000'000'000, 2},
-    Unit{"TB", 1'000'000'000'000, 2},
-    Unit{"PB", 1'000'000'000'000'000, 2},
-    Unit{"EB", 1'000'000'000'000'000'000, 2},
+    Unit{QT_TRANSLATE_NOOP("ByteCount", "%1 KB"), 1'000, 0},
+    Unit{QT_TRANSLATE_NOOP("ByteCount", "%1 MB"), 1'000'000, 1},
+    Unit{QT_TRANSLATE_NOOP("ByteCount", "%1 GB"), 1'000'000'000, 2},
+    Unit{QT_TRANSLATE_NOOP("ByteCount", "%1 TB"), 1'000'000'000'000, 2},
+    Unit{QT_TRANSLATE_NOOP("ByteCount", "%1 PB"), 1'000'000'000'000'000, 2},
+    Unit{QT_TRANSLATE_NOOP("ByteCount", "%1 EB"), 1'000'000'000'000'000'000, 2},
 };
 
 /// @param scaled the value in the last decimal of the unit: 843 for 84.3 MB
-QString formattedInUnit(quint64 scaled, const Unit &unit)
+QString formattedInUnit(const QString &sign, quint64 scaled, const Unit &unit)
 {
     QString digits = QString::number(scaled);
     if (unit.decimals > 0) {
@@ -34,7 +38,12 @@ QString formattedInUnit(quint64 scaled, const Unit &unit)
         if (digits.endsWith(u'.'))
             digits.chop(1);
     }
-    return digits + u' ' + QLatin1String(unit.name);
+    return translate("ByteCount", unit.text).arg(sign + withLocalDigits(digits));
+}
+
+QString bytesText(qint64 count)
+{
+    return translate("ByteCount", "%n bytes", "2 to 999", count);
 }
 
 } // namespace
@@ -42,14 +51,14 @@ QString formattedInUnit(quint64 scaled, const Unit &unit)
 QString formattedByteCount(qint64 bytes)
 {
     if (bytes == 0)
-        return QStringLiteral("Zero KB");
+        return translate("ByteCount", "Zero KB");
 
     const QString sign = bytes < 0 ? QStringLiteral("-") : QString();
     const quint64 magnitude = bytes < 0 ? 0 - static_cast<quint64>(bytes) : static_cast<quint64>(bytes);
     if (magnitude == 1)
-        return sign + QStringLiteral("1 byte");
+        return sign + translate("ByteCount", "1 byte");
     if (magnitude < UNITS.front().bytes)
-        return sign + QString::number(magnitude) + QStringLiteral(" bytes");
+        return sign + bytesText(static_cast<qint64>(magnitude));
 
     for (const Unit &unit : UNITS) {
         quint64 lastDecimal = unit.bytes;
@@ -61,7 +70,7 @@ QString formattedByteCount(qint64 bytes)
         // Integers, because a double does not represent every byte count exactly.
         const quint64 scaled = magnitude / lastDecimal + (magnitude % lastDecimal >= lastDecimal / 2 ? 1 : 0);
         if (scaled < nextUnit || unit.bytes == UNITS.back().bytes)
-            return sign + formattedInUnit(scaled, unit);
+            return formattedInUnit(sign, scaled, unit);
     }
     Q_UNREACHABLE();
 }

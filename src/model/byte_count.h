@@ -8,7 +8,8 @@ namespace sonavo {
 /// "999 bytes", "12 KB", "84.3 MB", "1.25 GB".
 ///
 /// KB have no decimals, MB one, GB and above two. Trailing zeros are dropped, halves are rounded away from
-/// zero, and a value that would be rounded to 1000 is shown in the next unit. Independent of the locale.
+/// zero, and a value that would be rounded to 1000 is shown in the next unit. In other languages than
+/// English, units, digits and decimal point are theirs.
 /// @param bytes a negative number is formatted as its absolute value after a minus sign
 [[nodiscard]] QString formattedByteCount(qint64 bytes);
 

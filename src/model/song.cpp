@@ -1,5 +1,7 @@
 #include "model/song.h"
 
+#include "model/local_digits.h"
+
 #include <QHashFunctions>
 
 #include <algorithm>
@@ -31,8 +33,8 @@ qint64 wholeSeconds(double duration)
 QString Song::formattedDuration() const
 {
     const qint64 seconds = wholeSeconds(duration);
-    return QString::asprintf("%lld:%02lld", static_cast<long long>(seconds / 60),
-                             static_cast<long long>(seconds % 60));
+    return withLocalDigits(QString::asprintf("%lld:%02lld", static_cast<long long>(seconds / 60),
+                                             static_cast<long long>(seconds % 60)));
 }
 
 bool operator==(const Song &a, const Song &b)

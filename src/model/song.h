@@ -42,7 +42,8 @@ public:
     /// Name of the folder that contains the file.
     QString folderName;
 
-    /// Playing time as minutes and seconds, truncated to whole seconds, without hours: "1:01", "62:05".
+    /// Playing time as minutes and seconds, truncated to whole seconds, without hours, in the locale's
+    /// digits: "1:01", "62:05".
     /// Ends the program if the duration is not finite or does not fit 64 bits, which is a programming error.
     [[nodiscard]] QString formattedDuration() const;
 

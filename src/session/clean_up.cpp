@@ -1,5 +1,6 @@
 #include "session/clean_up.h"
 
+#include "model/translate.h"
 #include "model/visible_controls.h"
 #include "session/clean_up_text.h"
 #include "session/release.h"
@@ -14,9 +15,10 @@ using ToastType = Notices::ToastType;
 
 namespace {
 
-QString undoAction()
+QString progressText(CleanUpTarget target)
 {
-    return QStringLiteral("Undo");
+    return target == CleanUpTarget::Trash ? translate("CleanUp", "Moving %L1 of %L2 to the Trash", "files")
+                                          : translate("CleanUp", "Moving %L1 of %L2 to the folder", "files");
 }
 
 } // namespace
@@ -89,11 +91,12 @@ void CleanUp::chooseFolderAndStart(CleanUpPlan plan)
 {
     const QPointer<CleanUp> self(this);
     if (plan.files == 0) {
-        m_session.notices.showToast(QStringLiteral("No duplicates to move"), ToastType::Info);
+        m_session.notices.showToast(noDuplicatesText(), ToastType::Info);
         return;
     }
-    plan.parentFolder = m_session.desktop.chooseFolder(
-        QStringLiteral("Select a folder to move duplicate files to"), QStringLiteral("Select Folder"));
+    plan.parentFolder =
+        m_session.desktop.chooseFolder(translate("CleanUp", "Select a folder to move duplicate files to"),
+                                       translate("CleanUp", "Select Folder"));
     if (!self || plan.parentFolder.isEmpty() || isBusy() ||
         !m_session.library.duplicateGroups().isSharedWith(plan.basis.groups))
         return;
@@ -148,11 +151,9 @@ void CleanUp::stopPreviewOfDuplicates(const QList<DuplicateGroup> &groups)
 
 void CleanUp::start(const CleanUpPlan &plan)
 {
-    const QString message = plan.target == CleanUpTarget::Trash
-                                ? QStringLiteral("Moving %1 of %2 to the Trash")
-                                : QStringLiteral("Moving %1 of %2 to the folder");
     m_session.job.run<CleanedUp>(
-        message, plan.files, [plan](const FileJob::Control &control) { return cleanUp(plan, control); },
+        progressText(plan.target), plan.files,
+        [plan](const FileJob::Control &control) { return cleanUp(plan, control); },
         [self = QPointer<CleanUp>(this), scan = plan.basis.scan.id](const CleanedUp &cleaned) {
             if (self)
                 self->publish(scan, cleaned);
@@ -163,8 +164,9 @@ void CleanUp::publish(quint64 scan, const CleanedUp &cleaned)
 {
     Notices &notices = m_session.notices;
     if (cleaned.folderFailure) {
-        notices.showToast(QStringLiteral("Failed to create folder: %1").arg(cleaned.folderFailure->reason),
-                          ToastType::Error);
+        notices.showToast(
+            translate("CleanUp", "Failed to create folder: %1").arg(cleaned.folderFailure->reason),
+            ToastType::Error);
         return;
     }
     const QPointer<CleanUp> self(this);
@@ -189,7 +191,7 @@ void CleanUp::publish(quint64 scan, const CleanedUp &cleaned)
                            : summary.notReached > 0    ? ToastType::Info
                                                        : ToastType::Success;
     const bool isUndoable = summary.moved > 0;
-    notices.showToast(toastText(summary), type, isUndoable ? undoAction() : QString());
+    notices.showToast(toastText(summary), type, isUndoable ? undoText() : QString());
     if (self && summary.folder) {
         m_session.desktop.copyToClipboard(summary.folder->path());
         announceCopiedPath(this, m_pauses, isUndoable ? m_session.library.history().next() : nullptr);
@@ -204,8 +206,8 @@ QCoro::Task<> CleanUp::announceCopiedPath(QPointer<CleanUp> self, std::shared_pt
         co_return;
     const auto next = self->m_session.library.history().next();
     const bool isUndoable = next && next == step.lock() && !self->isBusy();
-    self->m_session.notices.showToast(QStringLiteral("Folder path copied to clipboard"), ToastType::Info,
-                                      isUndoable ? undoAction() : QString());
+    self->m_session.notices.showToast(translate("CleanUp", "Folder path copied to clipboard"),
+                                      ToastType::Info, isUndoable ? undoText() : QString());
 }
 
 void CleanUp::deleteSong(const Song &song)
@@ -226,7 +228,7 @@ void CleanUp::deleteSong(const Song &song)
         return sonavo::deleteSong(deleted, basis, control);
     };
     m_session.job.run<DeletedSong>(
-        QStringLiteral("Moving %1 of %2 to the Trash"), 1, work,
+        progressText(CleanUpTarget::Trash), 1, work,
         [self, deleted = std::move(deleted), scan = basis.scan.id](const DeletedSong &result) {
             if (self)
                 self->publish(scan, deleted, result);
@@ -237,7 +239,7 @@ void CleanUp::publish(quint64 scan, const Song &song, const DeletedSong &deleted
 {
     Notices &notices = m_session.notices;
     if (deleted.failure) {
-        notices.showToast(QStringLiteral("Could not delete file: %1").arg(deleted.failure->reason),
+        notices.showToast(translate("CleanUp", "Could not delete file: %1").arg(deleted.failure->reason),
                           ToastType::Error);
         return;
     }
@@ -251,8 +253,8 @@ void CleanUp::publish(quint64 scan, const Song &song, const DeletedSong &deleted
     }
     if (!self || deleted.wasGone)
         return;
-    notices.showToast(QStringLiteral("Moved to Trash: %1").arg(withVisibleControls(song.name)),
-                      ToastType::Success, undoAction());
+    notices.showToast(translate("CleanUp", "Moved to Trash: %1").arg(withVisibleControls(song.name)),
+                      ToastType::Success, undoText());
     if (self && isShown(scan))
         library.show(deleted.lists);
     // The user can have started one meanwhile that has no row any more.
@@ -272,8 +274,8 @@ void CleanUp::undo()
     const WorkBasis basis = basisOf(m_session.library);
     const std::shared_ptr<const UndoStep> step = basis.history.next();
     m_session.job.run<UndoneStep>(
-        step->files.isEmpty() ? step->name : QStringLiteral("Putting back %1 of %2"), step->files.size(),
-        [basis](const FileJob::Control &control) { return undoNext(basis, control); },
+        step->files.isEmpty() ? step->name : translate("CleanUp", "Putting back %L1 of %L2", "files"),
+        step->files.size(), [basis](const FileJob::Control &control) { return undoNext(basis, control); },
         [self, scan = basis.scan.id, step](const UndoneStep &undone) {
             if (self)
                 self->publish(scan, *step, undone);
@@ -299,7 +301,9 @@ void CleanUp::publish(quint64 scan, const UndoStep &step, const UndoneStep &undo
     if (!self)
         return;
     if (step.files.isEmpty()) {
-        m_session.notices.showToast(QStringLiteral("Undone: %1").arg(step.name), ToastType::Success);
+        m_session.notices.showToast(
+            translate("CleanUp", "Undone: %1", "the name of a step, such as Keep This One").arg(step.name),
+            ToastType::Success);
         return;
     }
     const bool isDone = undone.failures.isEmpty();

@@ -1,9 +1,9 @@
 #include "session/clean_up_text.h"
 
 #include "model/byte_count.h"
+#include "model/translate.h"
 #include "model/visible_controls.h"
 
-#include <QLocale>
 #include <QStringList>
 
 #include <algorithm>
@@ -22,93 +22,97 @@ QString separator()
 
 } // namespace
 
-QString groupedNumber(qint64 number)
-{
-    return QLocale(QLocale::English, QLocale::UnitedStates).toString(number);
-}
-
-QString counted(qint64 number, const QString &noun)
-{
-    return groupedNumber(number) + u' ' + noun + (number == 1 ? QString() : QStringLiteral("s"));
-}
-
 QString moreFoundText(qint64 duplicates)
 {
-    const QString found = duplicates == 0 ? QStringLiteral("No more duplicates")
-                                          : counted(duplicates, QStringLiteral("more duplicate"));
-    return found + QStringLiteral(" found");
+    return duplicates == 0 ? translate("CleanUpText", "No more duplicates found")
+                           : translate("CleanUpText", "%Ln more duplicates found", nullptr, duplicates);
 }
 
 QString descriptionOf(const DuplicateTotals &duplicates, CleanUpTarget target)
 {
     if (duplicates.count == 0)
-        return QStringLiteral("No duplicates to move");
-    return QStringLiteral("Move %1 (%2) to %3")
-        .arg(counted(duplicates.count, QStringLiteral("duplicate")), formattedByteCount(duplicates.bytes),
-             target == CleanUpTarget::Trash ? QStringLiteral("the Trash") : QStringLiteral("a folder"));
+        return noDuplicatesText();
+    const QString text =
+        target == CleanUpTarget::Trash
+            ? translate("CleanUpText", "Move %Ln duplicates (%1) to the Trash", nullptr, duplicates.count)
+            : translate("CleanUpText", "Move %Ln duplicates (%1) to a folder", nullptr, duplicates.count);
+    return text.arg(formattedByteCount(duplicates.bytes));
+}
+
+QString noDuplicatesText()
+{
+    return translate("CleanUpText", "No duplicates to move");
 }
 
 QString toastText(const CleanUpSummary &summary)
 {
-    // The folder is named only when nothing has failed.
-    const QString target = summary.target == CleanUpTarget::Trash ? QStringLiteral(" to Trash")
-                           : summary.failures.isEmpty()           ? QStringLiteral(" to folder")
-                                                                  : QString();
-    QStringList parts{QStringLiteral("Moved %1 files").arg(summary.moved) + target};
+    const auto moved = [&summary] {
+        if (summary.target == CleanUpTarget::Trash)
+            return translate("CleanUpText", "Moved %n files to Trash", nullptr, summary.moved);
+        // The folder is named only when nothing has failed.
+        return summary.failures.isEmpty()
+                   ? translate("CleanUpText", "Moved %n files to folder", nullptr, summary.moved)
+                   : translate("CleanUpText", "Moved %n files", nullptr, summary.moved);
+    };
+    QStringList parts{moved()};
     if (!summary.failures.isEmpty())
-        parts.append(QStringLiteral("%1 failed").arg(summary.failures.size()));
+        parts.append(translate("CleanUpText", "%n failed", "files", summary.failures.size()));
     if (summary.notReached > 0)
-        parts.append(QStringLiteral("%1 not moved").arg(summary.notReached));
-    if (parts.size() == 1)
-        parts.append(QStringLiteral("Saved %1").arg(formattedByteCount(summary.saved)));
+        parts.append(translate("CleanUpText", "%n not moved", "files", summary.notReached));
+    if (parts.size() == 1) {
+        //: %1 is a size, as in "Saved 84.3 MB"
+        parts.append(translate("CleanUpText", "Saved %1").arg(formattedByteCount(summary.saved)));
+    }
     return parts.join(separator());
 }
 
 QString headlineOf(const CleanUpSummary &summary)
 {
     if (summary.moved == 0)
-        return QStringLiteral("No files were moved");
-    return QStringLiteral("%1 moved to %2")
-               .arg(counted(summary.moved, QStringLiteral("file")), summary.target == CleanUpTarget::Trash
-                                                                        ? QStringLiteral("the Trash")
-                                                                        : QStringLiteral("a folder")) +
-           separator() + formattedByteCount(summary.saved);
+        return translate("CleanUpText", "No files were moved");
+    const QString text =
+        summary.target == CleanUpTarget::Trash
+            ? translate("CleanUpText", "%Ln files moved to the Trash", nullptr, summary.moved)
+            : translate("CleanUpText", "%Ln files moved to a folder", nullptr, summary.moved);
+    return text + separator() + formattedByteCount(summary.saved);
 }
 
 QString remainingText(qint64 songs)
 {
-    return counted(songs, QStringLiteral("song")) +
-           (songs == 1 ? QStringLiteral(" remains") : QStringLiteral(" remain"));
+    return translate("CleanUpText", "%Ln songs remain", "in the list", songs);
 }
 
 QString lossesText(const QStringList &attributes, qint64 songs)
 {
     if (attributes.isEmpty())
         return {};
-    return QStringLiteral("The new disk could not store all attributes of %1: %2")
-        .arg(counted(songs, QStringLiteral("song")), attributes.join(QStringLiteral(", ")));
+    //: %1 lists names of extended attributes of the file system
+    return translate("CleanUpText", "The new disk could not store all attributes of %Ln songs: %1", nullptr,
+                     songs)
+        .arg(attributes.join(QStringLiteral(", ")));
 }
 
 QString undoToastText(qint64 restored, qint64 failed, qint64 notReached)
 {
-    QStringList parts{counted(restored, QStringLiteral("file")) + QStringLiteral(" put back")};
+    QStringList parts{translate("CleanUpText", "%Ln files put back", nullptr, restored)};
     if (failed > 0)
-        parts.append(QStringLiteral("%1 failed").arg(groupedNumber(failed)));
+        parts.append(translate("CleanUpText", "%Ln failed", "files", failed));
     if (notReached > 0)
-        parts.append(QStringLiteral("%1 not put back").arg(groupedNumber(notReached)));
+        parts.append(translate("CleanUpText", "%Ln not put back", "files", notReached));
     return parts.join(separator());
 }
 
 QString undoAlertText(const QList<SongFailure> &failures)
 {
     constexpr qsizetype MOST_NAMES = 10;
-    QStringList lines{counted(failures.size(), QStringLiteral("file")) +
-                      QStringLiteral(" could not be put back:")};
+    QStringList lines{
+        translate("CleanUpText", "%Ln files could not be put back:", "a list follows", failures.size())};
     for (const SongFailure &failure : failures.first(std::min(failures.size(), MOST_NAMES)))
         lines.append(QStringLiteral("\u2022 %1: %2")
                          .arg(withVisibleControls(failure.song.name), withVisibleControls(failure.reason)));
     if (failures.size() > MOST_NAMES)
-        lines.append(QStringLiteral("and %1 more").arg(groupedNumber(failures.size() - MOST_NAMES)));
+        lines.append(translate("CleanUpText", "and %Ln more", "the end of a list of files",
+                               failures.size() - MOST_NAMES));
     return lines.join(u'\n');
 }
 
@@ -120,16 +124,18 @@ QString timeLeftText(std::chrono::milliseconds elapsed, qint64 done, qint64 tota
     const double seconds = perFile * static_cast<double>(total - done);
     if (perFile * static_cast<double>(total) <= 5.0)
         return {};
-    const auto about = [](double amount, const QString &unit) {
-        return QStringLiteral("About %1 left").arg(counted(std::llround(amount), unit));
-    };
     if (seconds < 10.0)
-        return QStringLiteral("A few seconds left");
-    if (seconds < 55.0)
-        return about(std::ceil(seconds / 10.0) * 10.0, QStringLiteral("second"));
-    if (seconds < 90.0 * 60.0)
-        return about(std::max(1.0, seconds / 60.0), QStringLiteral("minute"));
-    return about(seconds / 3600.0, QStringLiteral("hour"));
+        return translate("CleanUpText", "A few seconds left");
+    if (seconds < 55.0) {
+        const qint64 tens = std::llround(std::ceil(seconds / 10.0) * 10.0);
+        return translate("CleanUpText", "About %Ln seconds left", nullptr, tens);
+    }
+    if (seconds < 90.0 * 60.0) {
+        const qint64 minutes = std::llround(std::max(1.0, seconds / 60.0));
+        return translate("CleanUpText", "About %Ln minutes left", nullptr, minutes);
+    }
+    const qint64 hours = std::llround(seconds / 3600.0);
+    return translate("CleanUpText", "About %Ln hours left", nullptr, hours);
 }
 
 } // namespace sonavo

@@ -11,17 +11,16 @@
 
 namespace sonavo {
 
-/// A number with a comma after thousands: "1,234".
-[[nodiscard]] QString groupedNumber(qint64 number);
-
-/// A number with a noun, which is given in the singular: "1 file", "1,234 files".
-[[nodiscard]] QString counted(qint64 number, const QString &noun);
+// All are in the user's language, with numbers as the locale writes them.
 
 /// What looking further has added: "14 more duplicates found" or "No more duplicates found".
 [[nodiscard]] QString moreFoundText(qint64 duplicates);
 
 /// What a clean-up would do: "Move 344 duplicates (1.2 GB) to the Trash" or "No duplicates to move".
 [[nodiscard]] QString descriptionOf(const DuplicateTotals &duplicates, CleanUpTarget target);
+
+/// "No duplicates to move"
+[[nodiscard]] QString noDuplicatesText();
 
 /// The toast after a clean-up: "Moved 12 files to Trash \u2022 Saved 84.3 MB".
 [[nodiscard]] QString toastText(const CleanUpSummary &summary);

@@ -5,6 +5,7 @@
 #include "actions/unfinished_moves.h"
 #include "import/disk_task.h"
 #include "model/saturating.h"
+#include "model/translate.h"
 #include "session/clean_up_text.h"
 
 #include <algorithm>
@@ -13,6 +14,12 @@
 
 namespace sonavo {
 namespace {
+
+QString moveStepName(CleanUpTarget target)
+{
+    return target == CleanUpTarget::Trash ? translate("CleanUp", "Move to Trash", "the name of a step")
+                                          : translate("CleanUp", "Move to Folder", "the name of a step");
+}
 
 CleanUpOptions optionsFor(MoveJournal &journal, const FileJob::Control &control, const FileNotes &notes)
 {
@@ -186,8 +193,7 @@ CleanedUp cleanUp(const CleanUpPlan &plan, const FileJob::Control &control)
     if (outcome.moved.isEmpty()) {
         result.history.addRemoval(plan.basis.scan.id, removal);
     } else {
-        result.history.add({.name = plan.target == CleanUpTarget::Trash ? QStringLiteral("Move to Trash")
-                                                                        : QStringLiteral("Move to Folder"),
+        result.history.add({.name = moveStepName(plan.target),
                             .scan = plan.basis.scan.id,
                             .removal = removal,
                             .files = outcome.moved,
@@ -221,7 +227,7 @@ DeletedSong deleteSong(const Song &song, const WorkBasis &basis, const FileJob::
         result.failure = *failure;
         return result;
     }
-    result.history.add({.name = QStringLiteral("Move to Trash"),
+    result.history.add({.name = moveStepName(CleanUpTarget::Trash),
                         .scan = basis.scan.id,
                         .removal = {.songs = {song.id}, .members = {song.id}, .cleanedUp = {}},
                         .files = {std::get<DisposedSong>(trashed)},

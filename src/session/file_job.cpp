@@ -84,8 +84,8 @@ void FileJob::update()
     State state = m_state;
     state.isShown = true;
     state.message = m_message;
-    if (m_message.contains(u"%1"))
-        state.message = m_message.arg(groupedNumber(std::min(done + 1, m_files)), groupedNumber(m_files));
+    if (m_message.contains(u'%'))
+        state.message = m_message.arg(std::min(done + 1, m_files)).arg(m_files);
     state.fraction = m_files > 0 ? static_cast<double>(done) / static_cast<double>(m_files) : 0.0;
     state.timeLeft = timeLeftText(elapsed, done, m_files);
     set(std::move(state));

@@ -62,7 +62,7 @@ public:
     [[nodiscard]] const State &state() const { return m_state; }
 
     /// Does work in the other thread and then publishes its outcome in this one. Only when no job is running.
-    /// @param message with %1 for the number of the file at hand and %2 for that of all, or without either
+    /// @param message with %L1 for the number of the file at hand and %L2 for that of all, or without any %
     /// @param files how many, or into how many parts other work is divided
     /// @param work must own what it uses, since it can outlive the session
     /// @param publish the job counts as running until it returns

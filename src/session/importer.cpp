@@ -2,6 +2,7 @@
 
 #include "import/audio_discovery.h"
 #include "model/saturating.h"
+#include "model/translate.h"
 #include "model/visible_controls.h"
 
 #include <QCoroFuture>
@@ -15,30 +16,46 @@ namespace {
 
 QString droppedItemsRefusal()
 {
-    return QStringLiteral("Cannot import more than %1 songs in a single session.\n\n"
-                          "For large music libraries, we recommend:\n"
-                          "\u2022 Processing your library in batches by genre or folder\n"
-                          "\u2022 Using 1000-2000 songs per session for best performance\n"
-                          "\u2022 Clearing previous results before starting a new batch\n\n"
-                          "This helps ensure accurate duplicate detection and optimal performance.")
+    return translate("Importer", "Cannot import more than %1 songs in a single session.\n\n"
+                                 "For large music libraries, we recommend:\n"
+                                 "• Processing your library in batches by genre or folder\n"
+                                 "• Using 1000-2000 songs per session for best performance\n"
+                                 "• Clearing previous results before starting a new batch\n\n"
+                                 "This helps ensure accurate duplicate detection and optimal performance.")
         .arg(Importer::MAXIMUM_LIMIT);
 }
 
 QString openPanelRefusal()
 {
-    return QStringLiteral("Cannot import more than %1 songs.\nPlease select a smaller folder.")
+    return translate("Importer", "Cannot import more than %1 songs.\nPlease select a smaller folder.")
         .arg(Importer::MAXIMUM_LIMIT);
 }
 
-QString quotedName(const QUrl &url)
+QString nameOf(const QUrl &item)
 {
-    const QString name = QDir(url.toLocalFile()).dirName();
-    return QStringLiteral("\u201c%1\u201d").arg(withVisibleControls(name));
+    return withVisibleControls(QDir(item.toLocalFile()).dirName());
 }
 
-QString nameOf(const QList<QUrl> &urls)
+QString busyText(const QList<QUrl> &urls)
 {
-    return urls.size() == 1 ? quotedName(urls.first()) : Importer::tr("these %L1 items").arg(urls.size());
+    if (urls.size() == 1)
+        return translate("Importer", "Files are being moved. Open “%1” again when that is done.")
+            .arg(nameOf(urls.first()));
+    return translate("Importer", "Files are being moved. Open these %Ln items again when that is done.",
+                     nullptr, urls.size());
+}
+
+QString replaceQuestion(const QList<QUrl> &urls, int duplicates)
+{
+    if (urls.size() == 1)
+        return translate("Importer", "Scanning “%1” replaces this list, which still has %Ln duplicates.",
+                         nullptr, duplicates)
+            .arg(nameOf(urls.first()));
+    //: %L1 is the number of files and folders, at least 2
+    return translate("Importer",
+                     "Scanning these %L1 items replaces this list, which still has %Ln duplicates.", nullptr,
+                     duplicates)
+        .arg(urls.size());
 }
 
 } // namespace
@@ -160,7 +177,7 @@ bool Importer::importEach(const QList<QUrl> &urls, const QList<Item> &items)
         State state = m_state;
         state.droppedUrls = importable;
         set(std::move(state));
-        m_notices.showToast(tr("Only %1 is being scanned.").arg(quotedName(started.last())),
+        m_notices.showToast(translate("Importer", "Only “%1” is being scanned.").arg(nameOf(started.last())),
                             Notices::ToastType::Info, scanAllText(), Notices::ToastAction::ScanAll);
     }
     return !started.isEmpty();
@@ -168,15 +185,20 @@ bool Importer::importEach(const QList<QUrl> &urls, const QList<Item> &items)
 
 QString Importer::scanAllText() const
 {
-    return m_state.droppedUrls.isEmpty() ? QString() : tr("Scan All %L1").arg(m_state.droppedUrls.size());
+    return m_state.droppedUrls.isEmpty()
+               ? QString()
+               //: Button; the number of files and folders that were dropped, at least 2
+               : translate("Importer", "Scan All %L1").arg(m_state.droppedUrls.size());
 }
 
 QString Importer::scanAllNote() const
 {
-    return m_state.droppedUrls.isEmpty() ? QString()
-                                         : tr("Of %L1 items that were dropped, only %2 was scanned")
-                                               .arg(m_state.droppedUrls.size())
-                                               .arg(quotedName(m_state.droppedUrls.last()));
+    if (m_state.droppedUrls.isEmpty())
+        return {};
+    //: %L1 is the number of files and folders, at least 2
+    return translate("Importer", "Of %L1 items that were dropped, only “%2” was scanned")
+        .arg(m_state.droppedUrls.size())
+        .arg(nameOf(m_state.droppedUrls.last()));
 }
 
 void Importer::scanAllDropped()
@@ -199,8 +221,7 @@ bool Importer::importWithOpenPanel()
 bool Importer::openItems(const QList<QUrl> &urls)
 {
     if (m_job.state().isRunning) {
-        m_notices.showToast(tr("Files are being moved. Open %1 again when that is done.").arg(nameOf(urls)),
-                            Notices::ToastType::Info);
+        m_notices.showToast(busyText(urls), Notices::ToastType::Info);
         return false;
     }
     ++m_importCount;
@@ -220,10 +241,7 @@ QString Importer::openQuestion() const
 {
     if (m_state.openedUrls.isEmpty())
         return {};
-    const int count = m_library.duplicateTotals().count;
-    return QStringLiteral("Scanning %1 replaces this list, which still has %2.")
-        .arg(nameOf(m_state.openedUrls),
-             count == 1 ? QStringLiteral("1 duplicate") : QStringLiteral("%L1 duplicates").arg(count));
+    return replaceQuestion(m_state.openedUrls, m_library.duplicateTotals().count);
 }
 
 void Importer::acceptOpenedItems()

@@ -1,5 +1,6 @@
 #include "session/review.h"
 
+#include "model/translate.h"
 #include "model/visible_controls.h"
 #include "session/clean_up_text.h"
 
@@ -15,14 +16,13 @@ namespace {
 
 QString changingMessage()
 {
-    return QStringLiteral("Changing the groups...");
+    return translate("Review", "Changing the groups...");
 }
 
 QString originalsText(qint64 groups)
 {
-    return groups == 0
-               ? QStringLiteral("No original has changed")
-               : QStringLiteral("Changed the original in %1").arg(counted(groups, QStringLiteral("group")));
+    return groups == 0 ? translate("Review", "No original has changed")
+                       : translate("Review", "Changed the original in %Ln groups", nullptr, groups);
 }
 
 } // namespace
@@ -36,43 +36,43 @@ void Review::findMore()
 {
     if (m_session.library.songs().isEmpty() || m_session.library.lists().depth == SearchDepth::Further)
         return;
-    take({.name = QStringLiteral("Find More Duplicates"), .depth = SearchDepth::Further},
-         QStringLiteral("Comparing every song with every other..."), moreFoundText);
+    take({.name = translate("Review", "Find More Duplicates"), .depth = SearchDepth::Further},
+         translate("Review", "Comparing every song with every other..."), moreFoundText);
 }
 
 void Review::returnToFirstResult()
 {
     if (m_session.library.lists().depth == SearchDepth::FourPasses)
         return;
-    take({.name = QStringLiteral("Return to First Result"), .depth = SearchDepth::FourPasses},
-         changingMessage(), [](qint64) { return QStringLiteral("Returned to the first result"); });
+    take({.name = translate("Review", "Return to First Result"), .depth = SearchDepth::FourPasses},
+         changingMessage(), [](qint64) { return translate("Review", "Returned to the first result"); });
 }
 
 void Review::keepSong(const Song &song)
 {
-    take({.name = QStringLiteral("Keep This One"), .kept = KeptSong{song.id}}, changingMessage(),
+    take({.name = translate("Review", "Keep This One"), .kept = KeptSong{song.id}}, changingMessage(),
          originalsText);
 }
 
 void Review::keepCopiesIn(const QString &path)
 {
-    take({.name = QStringLiteral("Keep Copies in This Folder"), .kept = KeptFolder{path}}, changingMessage(),
-         originalsText);
+    take({.name = translate("Review", "Keep Copies in This Folder"), .kept = KeptFolder{path}},
+         changingMessage(), originalsText);
 }
 
 void Review::keepLosslessCopies()
 {
-    take({.name = QStringLiteral("Keep Lossless Copies"), .kept = KeptLossless()}, changingMessage(),
+    take({.name = translate("Review", "Keep Lossless Copies"), .kept = KeptLossless()}, changingMessage(),
          originalsText);
 }
 
 void Review::excludeFromDuplicates(const Song &song)
 {
-    take({.name = QStringLiteral("Not a Duplicate"),
+    take({.name = translate("Review", "Not a Duplicate"),
           .removal = {.songs = {}, .members = {song.id}, .cleanedUp = {song.id}}},
          changingMessage(), [name = withVisibleControls(song.name)](qint64 songs) {
-             return songs == 0 ? QStringLiteral("No group has changed")
-                               : QStringLiteral("Not a duplicate: %1").arg(name);
+             return songs == 0 ? translate("Review", "No group has changed")
+                               : translate("Review", "Not a duplicate: %1").arg(name);
          });
 }
 
@@ -109,7 +109,7 @@ void Review::publish(const UndoStep &step, const Reviewed &result, const ToastTe
     if (!self)
         return;
     if (result.isTaken)
-        m_session.notices.showToast(toast(result.count), ToastType::Success, QStringLiteral("Undo"));
+        m_session.notices.showToast(toast(result.count), ToastType::Success, undoText());
     else
         m_session.notices.showToast(toast(result.count), ToastType::Info);
 }

@@ -2,6 +2,7 @@
 
 #include "analysis/analyze_duplicates.h"
 #include "import/audio_discovery.h"
+#include "model/translate.h"
 #include "session/background.h"
 #include "session/read_songs.h"
 #include "session/release.h"
@@ -152,7 +153,7 @@ void Scan::start(QList<QUrl> urls, std::optional<Limit> limit)
         state.isRunning = true;
         state.progress = 0.0;
         state.foundFiles = 0;
-        state.message = QStringLiteral("Starting scan...");
+        state.message = translate("Scan", "Starting scan...");
     });
 }
 
@@ -165,7 +166,7 @@ void Scan::reset()
 QCoro::Task<> Scan::scan(Run run, QList<QUrl> urls, std::optional<Limit> limit,
                          std::shared_ptr<KnownDurations> known, std::shared_ptr<Pauses> pauses)
 {
-    if (!run.showStep(0.0, QStringLiteral("Step 1/4: Discovering audio files...")))
+    if (!run.showStep(0.0, translate("Scan", "Step 1/4: Discovering audio files...")))
         co_return;
     const auto showFound = [&run](qint64 found) {
         run.update([found](State &state) { state.foundFiles = found; });
@@ -175,7 +176,7 @@ QCoro::Task<> Scan::scan(Run run, QList<QUrl> urls, std::optional<Limit> limit,
         co_return;
     if (files.isEmpty()) {
         if (run.end())
-            run.raiseAlert(QStringLiteral("No audio files found in the selected folder."));
+            run.raiseAlert(translate("Scan", "No audio files found in the selected folder."));
         co_return;
     }
 
@@ -185,26 +186,26 @@ QCoro::Task<> Scan::scan(Run run, QList<QUrl> urls, std::optional<Limit> limit,
             limit->onExceeded(total);
         co_return;
     }
-    if (!run.showFiles(0, total, QStringLiteral("Step 1/4: Processing %1 audio files...").arg(total)))
+    if (!run.showFiles(0, total, translate("Scan", "Step 1/4: Processing %n audio files...", nullptr, total)))
         co_return;
     const auto showProgress = [&run, total](qint64 processed) {
         run.showFiles(
             processed, total,
-            QStringLiteral("Step 1/4: Processing audio files (%1 of %2)").arg(processed).arg(total));
+            translate("Scan", "Step 1/4: Processing audio files (%1 of %2)").arg(processed).arg(total));
     };
     std::optional<ReadSongs> read =
         co_await readSongs(std::exchange(files, {}), known, pauses, run.stop(), showProgress);
     if (!read)
         co_return;
     run.publishSongs(*read);
-    if (!run.showStep(0.33, QStringLiteral("Step 2/4: Preparing for duplicate analysis...")))
+    if (!run.showStep(0.33, translate("Scan", "Step 2/4: Preparing for duplicate analysis...")))
         co_return;
     if (read->songs.isEmpty()) {
         if (run.end(0.0))
-            run.raiseAlert(QStringLiteral("No supported audio files found."));
+            run.raiseAlert(translate("Scan", "No supported audio files found."));
         co_return;
     }
-    if (!run.showStep(0.4, QStringLiteral("Step 2/4: Analyzing duplicates...")))
+    if (!run.showStep(0.4, translate("Scan", "Step 2/4: Analyzing duplicates...")))
         co_return;
 
     const auto showAnalysis = [&run](const AnalysisProgress &analysis) {

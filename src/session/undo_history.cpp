@@ -2,6 +2,7 @@
 
 #include "analysis/find_further.h"
 #include "model/audio_formats.h"
+#include "model/translate.h"
 
 #include <QHash>
 
@@ -101,9 +102,17 @@ std::shared_ptr<const UndoStep> UndoHistory::next() const
     return m_steps.isEmpty() ? nullptr : m_steps.last();
 }
 
+QString undoText()
+{
+    return translate("UndoHistory", "Undo", "a button");
+}
+
 QString UndoHistory::nextText() const
 {
-    return m_steps.isEmpty() ? QString() : QStringLiteral("Undo %1").arg(m_steps.last()->name);
+    return m_steps.isEmpty()
+               ? QString()
+               : translate("UndoHistory", "Undo %1", "the name of a step, such as Move to Trash")
+                     .arg(m_steps.last()->name);
 }
 
 void UndoHistory::add(UndoStep step)

@@ -60,6 +60,9 @@ struct UndoStep
     std::optional<SearchDepth> depth = {};
 };
 
+/// Text of a button that undoes the last step: "Undo".
+[[nodiscard]] QString undoText();
+
 /// The steps that can be undone, the last first. A plain value whose copies share the steps.
 ///
 /// What is shown is the result of the scan, or of looking further, without the removals of all steps and with

@@ -23,8 +23,9 @@ Rectangle {
             text: bar.duplicateCount === 0
                   ? qsTr("Drop a folder to scan for duplicate songs")
                   : bar.viewModel.isFurtherResult
-                  ? qsTr("Found %1 duplicate files \u2022 %2 \u2022 Use speaker icon to verify before deleting").arg(bar.duplicateCount).arg(bar.viewModel.moreFoundDescription)
-                  : qsTr("Found %1 duplicate files \u2022 Use speaker icon to verify before deleting").arg(bar.duplicateCount)
+                  ? qsTr("Found %n duplicate files \u2022 %1 \u2022 Use speaker icon to verify before deleting",
+                         "%1 says how many more were found", bar.duplicateCount).arg(bar.viewModel.moreFoundDescription)
+                  : qsTr("Found %n duplicate files \u2022 Use speaker icon to verify before deleting", "", bar.duplicateCount)
             color: bar.duplicateCount === 0 ? Colors.mutedText : Colors.textPrimary
         }
 

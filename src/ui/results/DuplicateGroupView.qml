@@ -18,6 +18,7 @@ T.AbstractButton {
     signal openMenu(item: Item, x: real, y: real)
 
     readonly property color tintColor: Colors.groupTints[tint]
+    readonly property string separator: qsTr(", ", "between the parts of a description")
 
     height: 40
     padding: 4
@@ -29,7 +30,8 @@ T.AbstractButton {
     Accessible.name: title
     Accessible.checkable: true
     Accessible.checked: isExpanded
-    Accessible.description: subtitle + ", " + freed + ", " + (isExpanded ? qsTr("expanded") : qsTr("collapsed"))
+    Accessible.description: [subtitle, freed, isExpanded ? qsTr("expanded", "a group of songs") : qsTr("collapsed", "a group of songs")]
+                            .join(separator)
     Accessible.onPressAction: clicked()
     Accessible.onToggleAction: clicked()
 
@@ -94,7 +96,7 @@ T.AbstractButton {
                 focusPolicy: Qt.NoFocus
                 Accessible.role: Accessible.ButtonMenu
                 Accessible.name: cleanUpLabel.text
-                Accessible.description: header.title + ", " + header.subtitle
+                Accessible.description: header.title + header.separator + header.subtitle
                 Accessible.onPressAction: clicked()
                 onClicked: header.openMenu(cleanUp, 0, height)
 

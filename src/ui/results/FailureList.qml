@@ -69,7 +69,7 @@ FocusScope {
             height: 50
             color: hover.hovered ? Qt.alpha(Colors.row, 0.6) : "transparent"
             Accessible.role: Accessible.ListItem
-            Accessible.name: path + ", " + reason
+            Accessible.name: path + qsTr(", ", "between the parts of a description") + reason
             Accessible.focusable: true
             Accessible.focused: isCurrent
             Accessible.selected: isCurrent

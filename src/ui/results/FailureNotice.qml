@@ -34,7 +34,7 @@ Rectangle {
         anchors.rightMargin: 18
         anchors.verticalCenter: parent.verticalCenter
         width: 76
-        text: qsTr("Show")
+        text: qsTr("Show", "the files that could not be moved")
         description: failures.title
         onClicked: notice.show()
     }

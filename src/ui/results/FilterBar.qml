@@ -9,7 +9,10 @@ Rectangle {
     // The user is done with the field.
     signal leave
 
-    readonly property list<string> orders: [qsTr("As Found"), qsTr("Space Freed"), qsTr("Name"), qsTr("Folder")]
+    readonly property list<string> orders: [
+        qsTr("As Found", "an order of groups"), qsTr("Space Freed", "an order of groups"),
+        qsTr("Name", "an order of groups"), qsTr("Folder", "an order of groups")
+    ]
 
     function edit() {
         field.forceActiveFocus(Qt.ShortcutFocusReason);

@@ -65,8 +65,7 @@ Rectangle {
         SymbolLabel {
             symbol: "doc.on.doc.fill"
             symbolSize: 14
-            text: toolbar.viewModel.duplicateCount === 1
-                  ? qsTr("1 duplicate") : qsTr("%1 duplicates").arg(toolbar.viewModel.duplicateCount)
+            text: qsTr("%n duplicates", "", toolbar.viewModel.duplicateCount)
             font.pixelSize: 13
             color: Colors.accentText
             rightPadding: 6
@@ -77,7 +76,7 @@ Rectangle {
         SymbolLabel {
             symbol: "music.note.list"
             symbolSize: 14
-            text: qsTr("%1 total").arg(toolbar.viewModel.songCount)
+            text: qsTr("%n total", "songs", toolbar.viewModel.songCount)
             font.pixelSize: 13
             color: Colors.textSecondary
             rightPadding: 6

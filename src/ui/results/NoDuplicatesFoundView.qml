@@ -90,11 +90,11 @@ Rectangle {
 
             Pill {
                 symbol: "music.note"
-                text: qsTr("%1 songs scanned").arg(view.viewModel.songCount)
+                text: qsTr("%n songs scanned", "", view.viewModel.songCount)
             }
             Pill {
                 symbol: "sparkles"
-                text: qsTr("All unique")
+                text: qsTr("All unique", "songs")
             }
         }
 

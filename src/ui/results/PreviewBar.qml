@@ -37,7 +37,7 @@ Rectangle {
             font.pixelSize: 14
             color: Colors.textPrimary
             Accessible.role: Accessible.StaticText
-            Accessible.name: qsTr("Playing %1").arg(text)
+            Accessible.name: qsTr("Playing %1", "%1 is the name of a song").arg(text)
 
             HoverHandler {
                 id: hover
@@ -52,7 +52,7 @@ Rectangle {
             Layout.preferredWidth: 76
             symbol: "stop.fill"
             symbolSize: 13
-            text: qsTr("Stop")
+            text: qsTr("Stop", "the playback of a song")
             description: name.text
             onClicked: bar.viewModel.stopPlayback()
         }

@@ -19,7 +19,7 @@ Item {
     PlainText {
         x: badge.markWidth
         anchors.verticalCenter: parent.verticalCenter
-        text: badge.isOriginal ? "ORIGINAL   " : "DUPLICATE"
+        text: badge.isOriginal ? TableColumns.originalTitle.text + "   " : TableColumns.duplicateTitle.text
         font.pixelSize: TableColumns.badgeFont.pixelSize
         font.weight: TableColumns.badgeFont.weight
         font.italic: badge.isMarked

@@ -17,7 +17,7 @@ ThemedMenu {
     signal remove(song: var)
 
     ThemedMenuItem {
-        text: menu.isPlaying ? qsTr("Stop") : qsTr("Listen")
+        text: menu.isPlaying ? qsTr("Stop", "the playback of a song") : qsTr("Listen", "to a song")
         onTriggered: menu.viewModel.togglePlayback(menu.song)
     }
     ThemedMenuSeparator {}

@@ -25,7 +25,7 @@ QtObject {
 
     readonly property real badgeX: margin + playWidth + spacing
     readonly property font badgeFont: Qt.font({ pixelSize: 12, weight: Font.DemiBold })
-    readonly property real badgeWidth: Math.ceil(badgeMetrics.advanceWidth)
+    readonly property real badgeWidth: Math.ceil(Math.max(originalTitle.advanceWidth, duplicateTitle.advanceWidth))
 
     // Distances from the right edge of the row to the left edges of the columns, and to the end of the name.
     readonly property real trashOffset: margin + trashWidth
@@ -45,10 +45,8 @@ QtObject {
     readonly property TextMetrics folderTitle: TextMetrics { font: columns.titleFont; text: qsTr("Folder Location") }
     readonly property TextMetrics typeText: TextMetrics { font: columns.cellFont; text: "FLAC" }
     readonly property TextMetrics durationText: TextMetrics { font: columns.cellFont; text: "0000:00" }
-    readonly property TextMetrics sizeText: TextMetrics { font: columns.cellFont; text: "999.99 GB" }
+    readonly property TextMetrics sizeText: TextMetrics { font: columns.cellFont; text: qsTr("999.99 GB", "the longest size, for the width of its column") }
 
-    readonly property TextMetrics badgeMetrics: TextMetrics {
-        font: columns.badgeFont
-        text: "DUPLICATE"
-    }
+    readonly property TextMetrics originalTitle: TextMetrics { font: columns.badgeFont; text: qsTr("ORIGINAL", "a song") }
+    readonly property TextMetrics duplicateTitle: TextMetrics { font: columns.badgeFont; text: qsTr("DUPLICATE", "a song") }
 }

@@ -2,8 +2,6 @@
 
 #include "model/visible_controls.h"
 
-#include <QLocale>
-
 namespace sonavo {
 
 void CleanUpFailuresModel::setViewModel(DuplicateViewModel *viewModel)
@@ -22,9 +20,7 @@ void CleanUpFailuresModel::setViewModel(DuplicateViewModel *viewModel)
 
 QString CleanUpFailuresModel::title() const
 {
-    const qsizetype count = m_failures.size();
-    return count == 1 ? tr("1 file could not be moved")
-                      : tr("%1 files could not be moved").arg(QLocale(QLocale::English).toString(count));
+    return tr("%Ln files could not be moved", nullptr, static_cast<int>(m_failures.size()));
 }
 
 int CleanUpFailuresModel::rowCount(const QModelIndex &parent) const

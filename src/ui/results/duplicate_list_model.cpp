@@ -2,7 +2,6 @@
 
 #include "model/byte_count.h"
 #include "model/visible_controls.h"
-#include "session/clean_up_text.h"
 #include "session/release.h"
 #include "theme/palette.h"
 #include "ui/results/group_texts.h"
@@ -35,7 +34,8 @@ bool haveSameSongs(const DuplicateGroup &a, const DuplicateGroup &b)
 
 QString badgeText(bool isOriginal)
 {
-    return isOriginal ? DuplicateListModel::tr("Original") : DuplicateListModel::tr("Duplicate");
+    return isOriginal ? DuplicateListModel::tr("Original", "a song")
+                      : DuplicateListModel::tr("Duplicate", "a song");
 }
 
 } // namespace
@@ -127,11 +127,11 @@ QVariant DuplicateListModel::groupData(std::size_t group, int role) const
         return QStringLiteral("header");
     case TitleRole:
     case DescriptionRole:
-        return tr("Group of %1 songs").arg(groupAt(group).duplicates.size() + 1);
+        return tr("Group of %n songs", nullptr, static_cast<int>(groupAt(group).duplicates.size()) + 1);
     case SubtitleRole:
         return subtitleOf(groupAt(group));
     case FreedRole:
-        return tr("Frees %1").arg(formattedByteCount(freedBytes(groupAt(group))));
+        return tr("Frees %1", "%1 is a size").arg(formattedByteCount(freedBytes(groupAt(group))));
     case IsExpandedRole:
         return !isCollapsed(group);
     default:
@@ -177,7 +177,7 @@ QVariant DuplicateListModel::songData(const Entry &entry, int role) const
                           folderText(song, commonFolderLengthOf(entry.group)),
                           furtherReason(song)};
         parts.removeAll(QString());
-        return parts.join(QStringLiteral(", "));
+        return joinedParts(parts);
     }
     default:
         return {};
@@ -320,8 +320,7 @@ QString DuplicateListModel::filterNote() const
 {
     if (m_hiddenDuplicates == 0)
         return {};
-    return m_hiddenDuplicates == 1 ? tr("Filter hides 1 duplicate")
-                                   : tr("Filter hides %1 duplicates").arg(groupedNumber(m_hiddenDuplicates));
+    return tr("Filter hides %Ln duplicates", nullptr, m_hiddenDuplicates);
 }
 
 void DuplicateListModel::arrange(const GroupArrangement &arrangement)

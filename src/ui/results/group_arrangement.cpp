@@ -61,7 +61,7 @@ QList<DuplicateGroup> sorted(const QList<DuplicateGroup> &groups, Order order)
     if (order == Order::Freed)
         return sortedBy(groups, freedBytes, std::greater<>());
     // Without a language, letters would be ordered by their codes.
-    const QLocale locale;
+    const QLocale locale = QLocale::system().collation();
     QCollator collator(locale.language() == QLocale::C ? QLocale(QLocale::English) : locale);
     collator.setNumericMode(true);
     collator.setCaseSensitivity(Qt::CaseInsensitive);

@@ -3,9 +3,9 @@
 #include "model/bit_rate.h"
 #include "model/byte_count.h"
 #include "model/saturating.h"
+#include "model/translate.h"
 #include "model/visible_controls.h"
 
-#include <QCoreApplication>
 #include <QLocale>
 #include <QStringList>
 
@@ -21,12 +21,20 @@ QStringView folderOf(const Song &song)
     return QStringView(song.path).first(song.path.lastIndexOf(u'/') + 1);
 }
 
-QString translated(const char *text)
+/// English has a form of its own.
+QString dateText(const QDateTime &date)
 {
-    return QCoreApplication::translate("DuplicateList", text);
+    const QLocale locale;
+    return locale.language() == QLocale::English ? date.toString(QStringLiteral("yyyy-MM-dd HH:mm"))
+                                                 : locale.toString(date, QLocale::ShortFormat);
 }
 
 } // namespace
+
+QString joinedParts(const QStringList &parts)
+{
+    return parts.join(translate("DuplicateList", ", ", "between the parts of a description"));
+}
 
 QString subtitleOf(const DuplicateGroup &group)
 {
@@ -74,23 +82,25 @@ QString qualityText(const Song &song)
 {
     QStringList parts;
     if (const std::optional<double> rate = kilobitsPerSecond(song))
-        parts.append(translated("%1 kbit/s").arg(QString::number(*rate, 'f', 0)));
+        parts.append(translate("DuplicateList", "%1 kbit/s").arg(*rate, 0, 'f', 0));
     if (song.fileType == QStringLiteral("FLAC") || song.fileType == QStringLiteral("WAV"))
-        parts.append(translated("lossless"));
-    return parts.join(QStringLiteral(", "));
+        parts.append(translate("DuplicateList", "lossless", "the kind of a sound file"));
+    return joinedParts(parts);
 }
 
 QString detailsText(const Song &song, const QDateTime &modified)
 {
-    const QLocale locale(QLocale::English, QLocale::UnitedStates);
     QStringList lines{withVisibleControls(song.path)};
-    lines.append(translated("%1 (%2 bytes)").arg(formattedByteCount(song.size), locale.toString(song.size)));
+    lines.append(translate("DuplicateList", "%1 (%L2 bytes)", "a size in short, and in full")
+                     .arg(formattedByteCount(song.size))
+                     .arg(song.size));
     QStringList sound{song.formattedDuration()};
     if (const QString quality = qualityText(song); !quality.isEmpty())
         sound.append(quality);
-    lines.append(sound.join(QStringLiteral(", ")));
+    lines.append(joinedParts(sound));
     if (modified.isValid())
-        lines.append(translated("Changed %1").arg(modified.toString(QStringLiteral("yyyy-MM-dd HH:mm"))));
+        lines.append(translate("DuplicateList", "Changed %1", "%1 is when a file was changed")
+                         .arg(dateText(modified)));
     return lines.join(u'\n');
 }
 

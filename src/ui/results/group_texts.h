@@ -4,6 +4,7 @@
 
 #include <QDateTime>
 #include <QString>
+#include <QStringList>
 #include <QStringView>
 
 namespace sonavo {
@@ -28,6 +29,9 @@ namespace sonavo {
 /// "320 kbit/s, lossless": the mean rate as far as size and length are known, and whether the kind of file
 /// loses nothing (FLAC, and WAV, which nearly always holds plain samples).
 [[nodiscard]] QString qualityText(const Song &song);
+
+/// The parts of a description, one after the other.
+[[nodiscard]] QString joinedParts(const QStringList &parts);
 
 /// Path, exact size, length, quality and date of a song's file, in one line each.
 /// @param modified left out when it is not valid

@@ -79,7 +79,7 @@ FocusScope {
                     PlainText {
                         id: percentage
                         Layout.alignment: Qt.AlignHCenter
-                        text: ring.percentage + "%"
+                        text: qsTr("%1%", "a percentage").arg(ring.percentage)
                         font.pixelSize: 44
                         font.bold: true
                         color: Colors.textPrimary
@@ -89,8 +89,8 @@ FocusScope {
                     PlainText {
                         Layout.alignment: Qt.AlignHCenter
                         text: view.foundFiles > 0
-                              ? qsTr("%1 files found").arg(view.foundFiles.toLocaleString(Qt.locale(), "f", 0))
-                              : qsTr("of this step")
+                              ? qsTr("%Ln files found", "", view.foundFiles)
+                              : qsTr("of this step", "follows a percentage")
                         font.pixelSize: 14
                         font.weight: Font.Medium
                         color: Colors.accentText

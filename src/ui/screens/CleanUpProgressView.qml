@@ -92,7 +92,7 @@ FocusScope {
                 trackColor: Colors.track
                 Accessible.role: Accessible.ProgressBar
                 Accessible.name: qsTr("Progress")
-                Accessible.description: percentage + "%"
+                Accessible.description: qsTr("%1%", "a percentage").arg(percentage)
             }
 
             RowLayout {
@@ -114,7 +114,7 @@ FocusScope {
                     enabled: !view.viewModel.isCleanUpStopping
                     symbol: "stop.fill"
                     symbolSize: 13
-                    text: view.viewModel.isCleanUpStopping ? qsTr("Stopping\u2026") : qsTr("Stop")
+                    text: view.viewModel.isCleanUpStopping ? qsTr("Stopping\u2026", "a clean-up, an undo or a search") : qsTr("Stop", "a clean-up, an undo or a search")
                     font.pixelSize: 14
                     focus: true
                     onClicked: view.viewModel.stopCleanUp()

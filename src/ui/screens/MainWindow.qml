@@ -26,7 +26,7 @@ ApplicationWindow {
         themeManager: window.themeManager
         menus: [
             ThemedMenu {
-                title: qsTr("&File")
+                title: qsTr("&File", "a menu")
                 Action {
                     text: qsTr("Add Song")
                     shortcut: "Ctrl+O"
@@ -59,7 +59,7 @@ ApplicationWindow {
                 }
             },
             ThemedMenu {
-                title: qsTr("&Edit")
+                title: qsTr("&Edit", "a menu")
                 Action {
                     text: window.viewModel.undoText !== "" ? window.viewModel.undoText : qsTr("Undo")
                     shortcut: "Ctrl+Z"
@@ -75,7 +75,7 @@ ApplicationWindow {
                 }
             },
             ThemedMenu {
-                title: qsTr("&Window")
+                title: qsTr("&Window", "a menu")
                 Action {
                     text: qsTr("Minimize")
                     shortcut: "Ctrl+M"
@@ -88,7 +88,7 @@ ApplicationWindow {
                 }
             },
             ThemedMenu {
-                title: qsTr("&Help")
+                title: qsTr("&Help", "a menu")
                 Action {
                     text: qsTr("About Sonavo")
                     onTriggered: about.open()

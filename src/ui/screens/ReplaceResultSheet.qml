@@ -59,7 +59,7 @@ ModalSheet {
             ScaleButtonStyle {
                 Layout.preferredWidth: 100
                 isFilled: true
-                text: qsTr("Scan")
+                text: qsTr("Scan", "a button that starts a scan")
                 font.pixelSize: 15
                 onClicked: sheet.viewModel.acceptOpenedItems()
             }
