@@ -177,8 +177,8 @@ bool Importer::importEach(const QList<QUrl> &urls, const QList<Item> &items)
         State state = m_state;
         state.droppedUrls = importable;
         set(std::move(state));
-        m_notices.showToast(translate("Importer", "Only “%1” is being scanned.").arg(nameOf(started.last())),
-                            Notices::ToastType::Info, scanAllText(), Notices::ToastAction::ScanAll);
+        m_notices.showToast(scanAllNote(), Notices::ToastType::Info, scanAllText(),
+                            Notices::ToastAction::ScanAll);
     }
     return !started.isEmpty();
 }
@@ -196,7 +196,7 @@ QString Importer::scanAllNote() const
     if (m_state.droppedUrls.isEmpty())
         return {};
     //: %L1 is the number of files and folders, at least 2
-    return translate("Importer", "Of %L1 items that were dropped, only “%2” was scanned")
+    return translate("Importer", "Of %L1 items that were dropped, only “%2” is scanned")
         .arg(m_state.droppedUrls.size())
         .arg(nameOf(m_state.droppedUrls.last()));
 }

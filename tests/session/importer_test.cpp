@@ -159,8 +159,8 @@ TEST_F(ImporterTest, OffersToScanAllThatWasDroppedTogether)
     ASSERT_TRUE(QTest::qWaitFor(isOffered));
     EXPECT_EQ(importer.scanAllText(), u"Scan All 2"_s);
     EXPECT_EQ(importer.scanAllNote(),
-              u"Of 2 items that were dropped, only \u201cb\\n\u201d was scanned"_s);
-    EXPECT_EQ(notices.state().toastMessage, u"Only \u201cb\\n\u201d is being scanned."_s);
+              u"Of 2 items that were dropped, only \u201cb\\n\u201d is scanned"_s);
+    EXPECT_EQ(notices.state().toastMessage, importer.scanAllNote());
     EXPECT_EQ(notices.state().toastAction, importer.scanAllText());
     ASSERT_TRUE(QTest::qWaitFor([this] { return !scan.state().isRunning; }, 20'000));
     EXPECT_EQ(library.songs().size(), 1);

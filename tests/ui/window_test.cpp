@@ -356,14 +356,15 @@ TEST_F(WindowTest, LightsUpUnderFilesAndImportsThemOnceWhereverTheyAreDropped)
     EXPECT_EQ(drag(corner(), files), Qt::CopyAction);
     EXPECT_TRUE(waitFor([&] { return window->grabWindow() != results; })) << "the drop can be seen to work";
     drop(corner(), {QUrl::fromLocalFile(QStringLiteral(SONAVO_SAMPLES "/Albums")), phone});
-    EXPECT_TRUE(waitForText(u"Only “Phone” is being scanned."_s));
+    const QString note = u"Of 2 items that were dropped, only “Phone” is scanned"_s;
+    EXPECT_TRUE(waitForText(note));
     EXPECT_TRUE(goOnUntil([this] { return !session.isScanning(); }));
     const int alone = session.songCount();
     EXPECT_EQ(alone, QDir(phone.toLocalFile()).entryList(QDir::Files).size());
     // The toast stays, and the info bar offers the same.
     press(Qt::Key_Escape);
-    EXPECT_TRUE(waitForNoText(u"Only “Phone” is being scanned."_s));
-    EXPECT_TRUE(shows(u"Of 2 items that were dropped, only “Phone” was scanned"_s));
+    EXPECT_TRUE(waitFor([this] { return !session.showToast(); }));
+    EXPECT_TRUE(shows(note));
     click(u"Scan All 2"_s);
     EXPECT_TRUE(waitForText(CANCEL_SCAN));
     EXPECT_TRUE(goOnUntil([this] { return !session.isScanning(); }));
