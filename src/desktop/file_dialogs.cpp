@@ -139,11 +139,11 @@ class ReportDialog final : public SafeFileDialog
 {
 public:
     explicit ReportDialog(const QString &name)
-        : SafeFileDialog(QStringLiteral("Save Report"))
+        : SafeFileDialog(translate("FileDialogs", "Save Report", "the title of a dialog"))
     {
         setAcceptMode(AcceptSave);
         setFileMode(AnyFile);
-        setNameFilters({QStringLiteral("Spreadsheet (*.csv)"), QStringLiteral("JSON (*.json)")});
+        setNameFilters({translate("FileDialogs", "Spreadsheet (*.csv)"), QStringLiteral("JSON (*.json)")});
         selectFile(name + chosenExtension());
         connect(this, &QFileDialog::filterSelected, this,
                 [this] { nameEdit()->setText(baseName() + chosenExtension()); });

@@ -163,13 +163,15 @@ void DuplicateViewModel::performToastAction()
 {
     if (toastAction().isEmpty())
         return;
-    const std::function<void()> operation = m_notices.toastOperation();
-    if (!operation) {
+    switch (m_notices.state().toastActionKind) {
+    case Notices::ToastAction::Undo:
         undo();
-        return;
+        break;
+    case Notices::ToastAction::ShowReport:
+        m_notices.setToastShown(false);
+        m_reportSaver.showInFileViewer();
+        break;
     }
-    m_notices.setToastShown(false);
-    operation();
 }
 
 QString DuplicateViewModel::cleanupAllDescription() const

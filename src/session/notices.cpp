@@ -34,13 +34,11 @@ void Notices::clearAlert()
     set(std::move(state));
 }
 
-void Notices::showToast(const QString &message, ToastType type, const QString &action,
-                        std::function<void()> perform)
+void Notices::showToast(const QString &message, ToastType type, const QString &action, ToastAction kind)
 {
     State state = m_state;
     ++state.toastNumber;
     m_isToastOverdue = false;
-    m_toastOperation = std::move(perform);
     if (action.isEmpty())
         hideToastLater(this);
     else
@@ -49,6 +47,7 @@ void Notices::showToast(const QString &message, ToastType type, const QString &a
     state.toastMessage = message;
     state.toastType = type;
     state.toastAction = action;
+    state.toastActionKind = kind;
     set(std::move(state));
 }
 
