@@ -31,6 +31,11 @@ public:
     /// @return absolute path; empty when the user cancelled
     [[nodiscard]] virtual QString chooseFolder(const QString &message, const QString &prompt) = 0;
 
+    /// Lets the user choose a file to save a report into, in the same way, and asks before one is replaced.
+    /// @param name proposed name, without an extension
+    /// @return absolute path, which ends in ".csv" or ".json"; empty when the user cancelled
+    [[nodiscard]] virtual QString chooseReportFile(const QString &name) = 0;
+
     /// Replaces what is on the clipboard by a plain text.
     virtual void copyToClipboard(const QString &text) = 0;
 

@@ -10,6 +10,7 @@ class HeadlessDesktop : public Desktop
 public:
     [[nodiscard]] QList<QUrl> chooseMusic() override { return {}; }
     [[nodiscard]] QString chooseFolder(const QString &, const QString &) override { return {}; }
+    [[nodiscard]] QString chooseReportFile(const QString &) override { return {}; }
     void copyToClipboard(const QString &) override {}
     void showInFileViewer(const QString &) override {}
     [[nodiscard]] std::unique_ptr<PreviewPlayer> openPreview(const QString &) override { return nullptr; }

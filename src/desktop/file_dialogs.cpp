@@ -21,9 +21,9 @@
 namespace sonavo {
 namespace {
 
-QString musicFolder()
+QString userFolder(QStandardPaths::StandardLocation location)
 {
-    const QString folder = QStandardPaths::writableLocation(QStandardPaths::MusicLocation);
+    const QString folder = QStandardPaths::writableLocation(location);
     return QFileInfo(folder).isDir() ? folder : QDir::homePath();
 }
 
@@ -65,9 +65,10 @@ public:
     }
 
     /// @return whether the user confirmed
-    bool run(QString &folder)
+    /// @param start what to show when `folder` is none
+    bool run(QString &folder, QStandardPaths::StandardLocation start = QStandardPaths::MusicLocation)
     {
-        setDirectory(QFileInfo(folder).isDir() ? folder : musicFolder());
+        setDirectory(QFileInfo(folder).isDir() ? folder : userFolder(start));
         winId(); // makes the native window
         windowHandle()->setTransientParent(activeWindow());
         const bool isAccepted = exec() == Accepted;
@@ -135,6 +136,47 @@ private:
     }
 };
 
+/// Gives every file the extension of its kind.
+class ReportDialog final : public SafeFileDialog
+{
+public:
+    explicit ReportDialog(const QString &name)
+        : SafeFileDialog(translate("FileDialogs", "Save Report", "the title of a dialog"))
+    {
+        setAcceptMode(AcceptSave);
+        setFileMode(AnyFile);
+        setNameFilters({translate("FileDialogs", "Spreadsheet (*.csv)"), QStringLiteral("JSON (*.json)")});
+        selectFile(name + chosenExtension());
+        connect(this, &QFileDialog::filterSelected, this,
+                [this] { nameEdit()->setText(baseName() + chosenExtension()); });
+    }
+
+    void accept() override
+    {
+        const QString name = nameEdit()->text();
+        const bool isFolder = directory().exists(name) && QFileInfo(directory(), name).isDir();
+        // Before the base class asks whether a file of this name may be replaced.
+        if (!name.isEmpty() && !isFolder && baseName() == name)
+            nameEdit()->setText(name + chosenExtension());
+        SafeFileDialog::accept();
+    }
+
+private:
+    [[nodiscard]] QString chosenExtension() const
+    {
+        return selectedNameFilter().contains(u".json") ? QStringLiteral(".json") : QStringLiteral(".csv");
+    }
+    [[nodiscard]] QString baseName() const
+    {
+        const QString name = nameEdit()->text();
+        for (const QString &extension : {QStringLiteral(".csv"), QStringLiteral(".json")}) {
+            if (name.endsWith(extension, Qt::CaseInsensitive))
+                return name.chopped(extension.size());
+        }
+        return name;
+    }
+};
+
 void prepareFolderDialog(QFileDialog &dialog, const QString &acceptLabel)
 {
     dialog.setFileMode(QFileDialog::Directory);
@@ -182,6 +224,13 @@ QString runFolderDialog(const QString &title, const QString &acceptLabel, QStrin
     SafeFileDialog dialog(title);
     prepareFolderDialog(dialog, acceptLabel);
     return dialog.run(folder) ? dialog.selectedFiles().constFirst() : QString();
+}
+
+QString runReportDialog(const QString &name, QString &folder)
+{
+    ReportDialog dialog(name);
+    return dialog.run(folder, QStandardPaths::DocumentsLocation) ? dialog.selectedFiles().constFirst()
+                                                                 : QString();
 }
 
 } // namespace sonavo

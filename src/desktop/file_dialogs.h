@@ -23,4 +23,11 @@ namespace sonavo {
 /// @return absolute path; empty when cancelled
 [[nodiscard]] QString runFolderDialog(const QString &title, const QString &acceptLabel, QString &folder);
 
+/// Asks where to save a report, and whether a file may be replaced. The name decides between the two kinds of
+/// file; where it does not, the kind that is chosen in the dialog does.
+/// @param name proposed name, without an extension
+/// @param folder as in runMusicDialog(), but the user's documents if empty
+/// @return absolute path, which ends in ".csv" or ".json"; empty when cancelled
+[[nodiscard]] QString runReportDialog(const QString &name, QString &folder);
+
 } // namespace sonavo

@@ -18,6 +18,11 @@ QString SystemDesktop::chooseFolder(const QString &message, const QString &promp
     return runFolderDialog(message, prompt, m_chosenFolder);
 }
 
+QString SystemDesktop::chooseReportFile(const QString &name)
+{
+    return runReportDialog(name, m_reportFolder);
+}
+
 void SystemDesktop::copyToClipboard(const QString &text)
 {
     QGuiApplication::clipboard()->setText(text);

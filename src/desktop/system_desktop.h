@@ -11,6 +11,7 @@ class SystemDesktop final : public Desktop
 public:
     [[nodiscard]] QList<QUrl> chooseMusic() override;
     [[nodiscard]] QString chooseFolder(const QString &message, const QString &prompt) override;
+    [[nodiscard]] QString chooseReportFile(const QString &name) override;
     void copyToClipboard(const QString &text) override;
     void showInFileViewer(const QString &path) override;
     [[nodiscard]] std::unique_ptr<PreviewPlayer> openPreview(const QString &path) override;
@@ -18,6 +19,7 @@ public:
 private:
     QString m_musicFolder;
     QString m_chosenFolder;
+    QString m_reportFolder;
     FileViewer m_fileViewer;
 };
 

@@ -21,6 +21,7 @@ DuplicateViewModel::DuplicateViewModel(Desktop &desktop, const std::shared_ptr<P
     , m_importer(desktop, m_library, m_job, m_scan, m_notices)
     , m_cleanUp({desktop, m_library, m_preview, m_notices, m_scan, m_job}, pauses)
     , m_review({m_library, m_preview, m_notices, m_scan, m_job})
+    , m_reportSaver(desktop, m_library, m_notices, m_job)
 {
     Q_ASSERT(!m_colors.isEmpty());
     connect(&m_library, &Library::songsChanged, this, &DuplicateViewModel::songsChanged);
@@ -170,6 +171,10 @@ void DuplicateViewModel::performToastAction()
         break;
     case Notices::ToastAction::ScanAll:
         scanAllDropped();
+        break;
+    case Notices::ToastAction::ShowReport:
+        m_notices.setToastShown(false);
+        m_reportSaver.showInFileViewer();
         break;
     }
 }

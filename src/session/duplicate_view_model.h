@@ -7,6 +7,7 @@
 #include "session/library.h"
 #include "session/notices.h"
 #include "session/preview.h"
+#include "session/report_saver.h"
 #include "session/review.h"
 #include "session/scan.h"
 
@@ -203,6 +204,7 @@ public:
 
     /// See Preview.
     Q_INVOKABLE void togglePlayback(const sonavo::Song &song) { m_preview.toggle(song); }
+    Q_INVOKABLE void comparePlayback(const sonavo::Song &song) { m_preview.compare(song); }
     Q_INVOKABLE void seekPlayback(double x, double width) { m_preview.seek(x, width); }
     Q_INVOKABLE void stopPlayback() { m_preview.stop(); }
 
@@ -227,6 +229,9 @@ public:
     Q_INVOKABLE void keepCopiesInFolderOf(const sonavo::Song &song);
     Q_INVOKABLE void keepLosslessCopies() { m_review.keepLosslessCopies(); }
     Q_INVOKABLE void excludeFromDuplicates(const sonavo::Song &song) { m_review.excludeFromDuplicates(song); }
+
+    /// See ReportSaver.
+    Q_INVOKABLE void saveReport() { m_reportSaver.save(); }
 
     /// Does what the toast's button says.
     Q_INVOKABLE void performToastAction();
@@ -290,6 +295,7 @@ private:
     Importer m_importer;
     CleanUp m_cleanUp;
     Review m_review;
+    ReportSaver m_reportSaver;
 };
 
 } // namespace sonavo

@@ -41,7 +41,7 @@ void Notices::showToast(const QString &message, ToastType type, const QString &a
     m_isToastOverdue = false;
     if (action.isEmpty())
         hideToastLater(this);
-    else if (kind == ToastAction::Undo)
+    else if (kind != ToastAction::ScanAll)
         endToastWithAction(this, state.toastNumber);
     state.isToastShown = true;
     state.toastMessage = message;

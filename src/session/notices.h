@@ -30,7 +30,9 @@ public:
     {
         Undo,
         /// Scans everything that was dropped together.
-        ScanAll
+        ScanAll,
+        /// Shows the report that was saved in the system's file viewer.
+        ShowReport
     };
 
     struct State
@@ -62,8 +64,7 @@ public:
     /// Shows a toast for three seconds. Another one within that time replaces it at once and is hidden when
     /// the time of the first is over.
     /// @param action text of a button; a toast that has one stays for eight seconds whatever was shown
-    /// before,
-    ///     and one that offers ScanAll until it is closed or the offer is withdrawn
+    /// before, and one that offers ScanAll until it is closed or the offer is withdrawn
     void showToast(const QString &message, ToastType type, const QString &action = {},
                    ToastAction kind = ToastAction::Undo);
     void setToastShown(bool isShown);

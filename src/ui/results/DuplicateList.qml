@@ -26,6 +26,21 @@ FocusScope {
             view.viewModel.togglePlayback(song);
     }
 
+    // Whether another song of the row's group is playing.
+    function canCompare(row) {
+        const playing = view.viewModel.currentlyPlayingSong;
+        const playingRow = playing === undefined ? -1 : rows.rowOf(playing);
+        return playingRow >= 0 && playingRow !== row && rows.headerRow(playingRow) === rows.headerRow(row);
+    }
+
+    // From the same second as that one.
+    function compare(row) {
+        if (canCompare(row) && row !== rows.headerRow(row))
+            view.viewModel.comparePlayback(rows.songAt(row));
+        else
+            view.play(row);
+    }
+
     function remove(row) {
         const song = rows.songAt(row);
         if (song !== undefined)
@@ -190,6 +205,7 @@ FocusScope {
                         list.forceActiveFocus(Qt.MouseFocusReason);
                     }
                     onPlay: view.play(index)
+                    onCompare: view.compare(index)
                     onSeek: x => view.viewModel.seekPlayback(x, width)
                     onRemove: view.removeByPointer(index)
                     onOpenMenu: (x, y) => menu.openFor(index, songRow, x, y)
@@ -222,6 +238,8 @@ FocusScope {
                 event.accepted = false;
             } else if ((event.key === Qt.Key_Return || event.key === Qt.Key_Enter) && row === header) {
                 rows.setExpanded(row, !rows.isExpanded(row));
+            } else if (event.key === Qt.Key_Space && event.modifiers & Qt.ShiftModifier) {
+                view.compare(row);
             } else if (event.key === Qt.Key_Space) {
                 view.play(row);
             } else if (event.key === Qt.Key_Delete) {
@@ -275,6 +293,7 @@ FocusScope {
                 return;
             song = clicked;
             isOriginal = row === rows.headerRow(row) + 1;
+            canCompare = view.canCompare(row);
             popup(item, x, y);
         }
     }

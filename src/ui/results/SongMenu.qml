@@ -13,12 +13,21 @@ ThemedMenu {
     readonly property bool isPlaying: viewModel.currentlyPlayingSong !== undefined && song !== undefined
                                       && viewModel.currentlyPlayingSong.id === song.id
 
+    // Whether another song of the group is playing.
+    property bool canCompare
+
     signal keep(song: var)
     signal remove(song: var)
 
     ThemedMenuItem {
         text: menu.isPlaying ? qsTr("Stop", "the playback of a song") : qsTr("Listen", "to a song")
         onTriggered: menu.viewModel.togglePlayback(menu.song)
+    }
+    ThemedMenuItem {
+        text: qsTr("Listen from the Same Second")
+        key: "Shift+Space"
+        enabled: menu.canCompare
+        onTriggered: menu.viewModel.comparePlayback(menu.song)
     }
     ThemedMenuSeparator {}
     ThemedMenuItem {

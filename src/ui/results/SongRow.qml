@@ -26,6 +26,8 @@ Item {
     property point clickPosition: Qt.point(-1, -1)
 
     signal play
+    // From the second at which another song of the group is.
+    signal compare
     signal seek(real x)
     signal remove
     signal select
@@ -103,6 +105,12 @@ Item {
         toolTip: row.isPlaying ? qsTr("Stop listening") : qsTr("Click to listen and verify this song")
         description: row.name
         onClicked: row.play()
+
+        MouseArea {
+            anchors.fill: parent
+            onPressed: mouse => mouse.accepted = (mouse.modifiers & Qt.ShiftModifier) !== 0
+            onClicked: row.compare()
+        }
     }
 
     // The badge's colours are legible on this surface, not on the row's.

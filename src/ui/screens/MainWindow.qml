@@ -34,6 +34,12 @@ ApplicationWindow {
                     onTriggered: window.viewModel.importWithOpenPanel()
                 }
                 Action {
+                    text: qsTr("Save Report…")
+                    shortcut: "Ctrl+S"
+                    enabled: window.canChange && window.hasResult
+                    onTriggered: window.viewModel.saveReport()
+                }
+                Action {
                     text: qsTr("Clear List")
                     shortcut: "Ctrl+L"
                     enabled: window.canChange
