@@ -194,7 +194,7 @@ std::optional<QString> runNativeFolderDialog(const QString &title, const QString
     if (dialog.findChild<QLineEdit *>(QStringLiteral("fileNameEdit")))
         return {};
     prepareFolderDialog(dialog, acceptLabel);
-    dialog.setDirectory(QFileInfo(folder).isDir() ? folder : musicFolder());
+    dialog.setDirectory(QFileInfo(folder).isDir() ? folder : userFolder(QStandardPaths::MusicLocation));
     dialog.winId(); // makes the native window
     dialog.windowHandle()->setTransientParent(activeWindow());
     // Some themes run a loop of their own for exec(), which does not end with the application.
