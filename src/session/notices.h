@@ -6,7 +6,6 @@
 #include <QPointer>
 #include <QString>
 
-#include <functional>
 #include <memory>
 
 namespace sonavo {
@@ -26,6 +25,16 @@ public:
     };
     Q_ENUM(ToastType)
 
+    /// What a toast's button does.
+    enum class ToastAction
+    {
+        Undo,
+        /// Scans everything that was dropped together.
+        ScanAll,
+        /// Shows the report that was saved in the system's file viewer.
+        ShowReport
+    };
+
     struct State
     {
         bool isAlertShown = false;
@@ -37,6 +46,7 @@ public:
         int toastNumber = 0;
         /// Text of the toast's button; empty without one.
         QString toastAction;
+        ToastAction toastActionKind = ToastAction::Undo;
 
         friend bool operator==(const State &, const State &) = default;
     };
@@ -53,17 +63,16 @@ public:
 
     /// Shows a toast for three seconds. Another one within that time replaces it at once and is hidden when
     /// the time of the first is over.
-    /// @param action text of a button; a toast that has one stays for eight seconds whatever was shown before
-    /// @param perform what the button does; null for an undo
+    /// @param action text of a button; a toast that has one stays for eight seconds whatever was shown
+    /// before, and one that offers ScanAll until it is closed or the offer is withdrawn
     void showToast(const QString &message, ToastType type, const QString &action = {},
-                   std::function<void()> perform = {});
+                   ToastAction kind = ToastAction::Undo);
     void setToastShown(bool isShown);
     /// Keeps a toast with a button as long as the pointer or the keyboard is on it, if it is still shown.
     void holdToast(bool isHeld);
-    /// What the toast's button does, when that is not an undo; null otherwise.
-    [[nodiscard]] const std::function<void()> &toastOperation() const { return m_toastOperation; }
-    /// Takes the button from the toast, which is then like any other.
-    void removeToastAction();
+    /// Takes a button of this kind from the toast, which is then like any other. One that offered ScanAll
+    /// goes.
+    void removeToastAction(ToastAction kind = ToastAction::Undo);
 
 Q_SIGNALS:
     void changed(const sonavo::Notices::State &before);
@@ -76,7 +85,6 @@ private:
 
     const std::shared_ptr<Pauses> m_pauses;
     State m_state;
-    std::function<void()> m_toastOperation;
     bool m_isToastHeld = false;
     /// Whether the time of a toast with a button is over and it only stays because it is held.
     bool m_isToastOverdue = false;

@@ -1,5 +1,6 @@
 #include "session/report_saver.h"
 
+#include "model/translate.h"
 #include "model/visible_controls.h"
 #include "report/report_writers.h"
 
@@ -89,7 +90,7 @@ void ReportSaver::save()
     if (!self || path.isEmpty() || m_job.state().isRunning)
         return;
     m_job.run<Outcome>(
-        QStringLiteral("Saving the report..."), 1,
+        translate("ReportSaver", "Saving the report..."), 1,
         [path, lists](const FileJob::Control &control) { return write(path, lists, control); },
         [self, path](const Outcome &outcome) {
             if (self)
@@ -117,18 +118,23 @@ void ReportSaver::publish(const QString &path, const Outcome &outcome)
 {
     using ToastType = Notices::ToastType;
     if (outcome.failure.isEmpty()) {
-        m_notices.showToast(
-            QStringLiteral("Report saved: %1").arg(withVisibleControls(QFileInfo(path).fileName())),
-            ToastType::Success, QStringLiteral("Show in Folder"), [self = QPointer<ReportSaver>(this), path] {
-                if (self)
-                    self->m_desktop.showInFileViewer(path);
-            });
+        m_savedPath = path;
+        const QString name = withVisibleControls(QFileInfo(path).fileName());
+        m_notices.showToast(translate("ReportSaver", "Report saved: %1").arg(name), ToastType::Success,
+                            translate("ReportSaver", "Show in Folder"), Notices::ToastAction::ShowReport);
     } else if (m_job.state().isStopping) {
-        m_notices.showToast(QStringLiteral("The report was not saved"), ToastType::Info);
+        m_notices.showToast(translate("ReportSaver", "The report was not saved"), ToastType::Info);
     } else {
-        m_notices.showToast(QStringLiteral("The report could not be saved: %1").arg(outcome.failure),
-                            ToastType::Error);
+        m_notices.showToast(
+            translate("ReportSaver", "The report could not be saved: %1").arg(outcome.failure),
+            ToastType::Error);
     }
+}
+
+void ReportSaver::showInFileViewer()
+{
+    if (!m_savedPath.isEmpty())
+        m_desktop.showInFileViewer(m_savedPath);
 }
 
 } // namespace sonavo

@@ -25,6 +25,9 @@ public:
     /// saved. Does nothing without songs or while a job is running.
     void save();
 
+    /// Shows the last report in the system's file viewer.
+    void showInFileViewer();
+
 private:
     struct Outcome
     {
@@ -40,6 +43,7 @@ private:
     const Library &m_library;
     Notices &m_notices;
     FileJob &m_job;
+    QString m_savedPath;
 };
 
 } // namespace sonavo
