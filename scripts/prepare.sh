@@ -16,6 +16,8 @@ BUILD_PACKAGES=(
     qml6-module-qtquick qml6-module-qtquick-controls qml6-module-qtquick-layouts
     qml6-module-qtquick-templates qml6-module-qtquick-window qml6-module-qtqml qml6-module-qtqml-models
     qml6-module-qtqml-workerscript qml6-module-qt-labs-qmlmodels
+    # The compiler of the catalogues of translations, and those of Qt itself.
+    qt6-l10n-tools qt6-translations-l10n
     libavformat-dev libavcodec-dev libavutil-dev
     # Playback: the pipeline, the sound outputs and most decoders, and the decoder of AAC.
     libgstreamer1.0-dev gstreamer1.0-plugins-base gstreamer1.0-plugins-good gstreamer1.0-libav

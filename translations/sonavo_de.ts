@@ -5,59 +5,59 @@
     <name>AboutSheet</name>
     <message>
         <source>About Sonavo</source>
-        <translation type="unfinished"></translation>
+        <translation>Über Sonavo</translation>
     </message>
     <message>
         <source>Sonavo %1</source>
-        <translation type="unfinished"></translation>
+        <translation>Sonavo %1</translation>
     </message>
     <message>
         <source>Finds the songs that a music folder holds more than once. Everything happens on this computer, and nothing is ever deleted outright.</source>
-        <translation type="unfinished"></translation>
+        <translation>Findet Titel, die in einem Musikordner mehrfach vorhanden sind. Alles geschieht auf diesem Rechner, und nichts wird je endgültig gelöscht.</translation>
     </message>
     <message>
         <source>Close</source>
-        <translation type="unfinished"></translation>
+        <translation>Schließen</translation>
     </message>
 </context>
 <context>
     <name>Analysis</name>
     <message>
         <source>Step 1/4: Grouping by exact title...</source>
-        <translation type="unfinished"></translation>
+        <translation>Schritt 1/4: Gleiche Titel werden gruppiert …</translation>
     </message>
     <message>
         <source>Step 2/4: Analyzing filename similarities...</source>
-        <translation type="unfinished"></translation>
+        <translation>Schritt 2/4: Ähnliche Dateinamen werden gesucht …</translation>
     </message>
     <message>
         <source>Step 3/4: Comparing artist and title...</source>
-        <translation type="unfinished"></translation>
+        <translation>Schritt 3/4: Interpreten und Titel werden verglichen …</translation>
     </message>
     <message>
         <source>Step 4/4: Deep comparison of remaining songs...</source>
-        <translation type="unfinished"></translation>
+        <translation>Schritt 4/4: Übrige Titel werden gründlich verglichen …</translation>
     </message>
 </context>
 <context>
     <name>BottomInfoBar</name>
     <message>
         <source>Drop a folder to scan for duplicate songs</source>
-        <translation type="unfinished"></translation>
+        <translation>Ordner hier ablegen, um nach doppelten Titeln zu suchen</translation>
     </message>
     <message numerus="yes">
         <source>Found %n duplicate files • %1 • Use speaker icon to verify before deleting</source>
         <comment>%1 says how many more were found</comment>
-        <translation type="unfinished">
-            <numerusform></numerusform>
-            <numerusform></numerusform>
+        <translation>
+            <numerusform>%Ln doppelte Datei gefunden • %1 • Vor dem Löschen mit dem Lautsprechersymbol prüfen</numerusform>
+            <numerusform>%Ln doppelte Dateien gefunden • %1 • Vor dem Löschen mit dem Lautsprechersymbol prüfen</numerusform>
         </translation>
     </message>
     <message numerus="yes">
         <source>Found %n duplicate files • Use speaker icon to verify before deleting</source>
-        <translation type="unfinished">
-            <numerusform></numerusform>
-            <numerusform></numerusform>
+        <translation>
+            <numerusform>%Ln doppelte Datei gefunden • Vor dem Löschen mit dem Lautsprechersymbol prüfen</numerusform>
+            <numerusform>%Ln doppelte Dateien gefunden • Vor dem Löschen mit dem Lautsprechersymbol prüfen</numerusform>
         </translation>
     </message>
 </context>
@@ -65,42 +65,42 @@
     <name>ByteCount</name>
     <message>
         <source>%1 KB</source>
-        <translation type="unfinished"></translation>
+        <translation>%1 kB</translation>
     </message>
     <message>
         <source>%1 MB</source>
-        <translation type="unfinished"></translation>
+        <translation>%1 MB</translation>
     </message>
     <message>
         <source>%1 GB</source>
-        <translation type="unfinished"></translation>
+        <translation>%1 GB</translation>
     </message>
     <message>
         <source>%1 TB</source>
-        <translation type="unfinished"></translation>
+        <translation>%1 TB</translation>
     </message>
     <message>
         <source>%1 PB</source>
-        <translation type="unfinished"></translation>
+        <translation>%1 PB</translation>
     </message>
     <message>
         <source>%1 EB</source>
-        <translation type="unfinished"></translation>
+        <translation>%1 EB</translation>
     </message>
     <message>
         <source>Zero KB</source>
-        <translation type="unfinished"></translation>
+        <translation>0 kB</translation>
     </message>
     <message>
         <source>1 byte</source>
-        <translation type="unfinished"></translation>
+        <translation>1 Byte</translation>
     </message>
     <message numerus="yes">
         <source>%n bytes</source>
         <comment>2 to 999</comment>
-        <translation type="unfinished">
-            <numerusform></numerusform>
-            <numerusform></numerusform>
+        <translation>
+            <numerusform>%n Byte</numerusform>
+            <numerusform>%n Bytes</numerusform>
         </translation>
     </message>
 </context>
@@ -109,357 +109,357 @@
     <message>
         <source>%1%</source>
         <comment>a percentage</comment>
-        <translation type="unfinished"></translation>
+        <translation>%1 %</translation>
     </message>
     <message>
         <source>of this step</source>
         <comment>follows a percentage</comment>
-        <translation type="unfinished"></translation>
+        <translation>dieses Schritts</translation>
     </message>
     <message>
         <source>Your files stay as they are</source>
-        <translation type="unfinished"></translation>
+        <translation>Ihre Dateien bleiben, wie sie sind</translation>
     </message>
     <message>
         <source>Cancel &amp; Go Back</source>
-        <translation type="unfinished"></translation>
+        <translation>Abbrechen und zurück</translation>
     </message>
 </context>
 <context>
     <name>CleanUp</name>
     <message>
         <source>The file does not exist any more</source>
-        <translation type="unfinished"></translation>
+        <translation>Die Datei existiert nicht mehr</translation>
     </message>
     <message>
         <source>The file cannot be read (%1)</source>
-        <translation type="unfinished"></translation>
+        <translation>Die Datei kann nicht gelesen werden (%1)</translation>
     </message>
     <message>
         <source>The file has been changed since it was scanned</source>
-        <translation type="unfinished"></translation>
+        <translation>Die Datei wurde seit der Suche geändert</translation>
     </message>
     <message>
         <source>The file is gone or has been changed meanwhile</source>
-        <translation type="unfinished"></translation>
+        <translation>Die Datei fehlt oder wurde inzwischen geändert</translation>
     </message>
     <message>
         <source>The original of its group does not exist any more</source>
-        <translation type="unfinished"></translation>
+        <translation>Das Original der Gruppe existiert nicht mehr</translation>
     </message>
     <message>
         <source>The original of its group cannot be read (%1)</source>
-        <translation type="unfinished"></translation>
+        <translation>Das Original der Gruppe kann nicht gelesen werden (%1)</translation>
     </message>
     <message>
         <source>The original of its group has been changed since it was scanned</source>
-        <translation type="unfinished"></translation>
+        <translation>Das Original der Gruppe wurde seit der Suche geändert</translation>
     </message>
     <message>
         <source>The original of its group is gone or has been changed meanwhile</source>
-        <translation type="unfinished"></translation>
+        <translation>Das Original der Gruppe fehlt oder wurde inzwischen geändert</translation>
     </message>
     <message>
         <source>The file cannot be reached</source>
-        <translation type="unfinished"></translation>
+        <translation>Die Datei ist nicht erreichbar</translation>
     </message>
     <message>
         <source>The original of its group is gone or was changed</source>
-        <translation type="unfinished"></translation>
+        <translation>Das Original der Gruppe fehlt oder wurde geändert</translation>
     </message>
     <message>
         <source>The file was changed at the moment when it was moved</source>
-        <translation type="unfinished"></translation>
+        <translation>Die Datei wurde geändert, während sie verschoben wurde</translation>
     </message>
     <message>
         <source>%1, so the file was put back</source>
         <comment>%1 says what has happened, without a full stop</comment>
-        <translation type="unfinished"></translation>
+        <translation>%1; die Datei wurde daher zurückgelegt</translation>
     </message>
     <message>
         <source>%1. The file is at %2 now: %3</source>
         <comment>what has happened, a path, and why the file could not be put back</comment>
-        <translation type="unfinished"></translation>
+        <translation>%1. Die Datei liegt jetzt unter %2: %3</translation>
     </message>
     <message>
         <source>%1.</source>
         <comment>a sentence and its full stop</comment>
-        <translation type="unfinished"></translation>
+        <translation>%1.</translation>
     </message>
     <message>
         <source>It may be the same file as an original, which another file system shows as well</source>
-        <translation type="unfinished"></translation>
+        <translation>Sie ist möglicherweise dieselbe Datei wie ein Original, das auch ein anderes Dateisystem zeigt</translation>
     </message>
     <message>
         <source>It stays at %1: %2</source>
         <comment>a path and the reason</comment>
-        <translation type="unfinished"></translation>
+        <translation>Sie bleibt unter %1: %2</translation>
     </message>
     <message>
         <source>Another song of this group is the very same file and would be gone as well.</source>
-        <translation type="unfinished"></translation>
+        <translation>Ein anderer Titel dieser Gruppe ist genau dieselbe Datei und wäre ebenfalls weg.</translation>
     </message>
     <message>
         <source>Another song of this group was gone as well</source>
-        <translation type="unfinished"></translation>
+        <translation>Ein anderer Titel dieser Gruppe war ebenfalls weg</translation>
     </message>
     <message>
         <source>Moving %L1 of %L2 to the Trash</source>
         <comment>files</comment>
-        <translation type="unfinished"></translation>
+        <translation>%L1 von %L2 wird in den Papierkorb verschoben</translation>
     </message>
     <message>
         <source>Moving %L1 of %L2 to the folder</source>
         <comment>files</comment>
-        <translation type="unfinished"></translation>
+        <translation>%L1 von %L2 wird in den Ordner verschoben</translation>
     </message>
     <message>
         <source>Select a folder to move duplicate files to</source>
-        <translation type="unfinished"></translation>
+        <translation>Ordner für die doppelten Dateien auswählen</translation>
     </message>
     <message>
         <source>Select Folder</source>
-        <translation type="unfinished"></translation>
+        <translation>Ordner auswählen</translation>
     </message>
     <message>
         <source>Failed to create folder: %1</source>
-        <translation type="unfinished"></translation>
+        <translation>Ordner konnte nicht angelegt werden: %1</translation>
     </message>
     <message>
         <source>Folder path copied to clipboard</source>
-        <translation type="unfinished"></translation>
+        <translation>Ordnerpfad in die Zwischenablage kopiert</translation>
     </message>
     <message>
         <source>Could not delete file: %1</source>
-        <translation type="unfinished"></translation>
+        <translation>Datei konnte nicht gelöscht werden: %1</translation>
     </message>
     <message>
         <source>Moved to Trash: %1</source>
-        <translation type="unfinished"></translation>
+        <translation>In den Papierkorb verschoben: %1</translation>
     </message>
     <message>
         <source>Putting back %L1 of %L2</source>
         <comment>files</comment>
-        <translation type="unfinished"></translation>
+        <translation>%L1 von %L2 wird zurückgelegt</translation>
     </message>
     <message>
         <source>Undone: %1</source>
         <comment>the name of a step, such as Keep This One</comment>
-        <translation type="unfinished"></translation>
+        <translation>Rückgängig gemacht: %1</translation>
     </message>
     <message>
         <source>Move to Trash</source>
         <comment>the name of a step</comment>
-        <translation type="unfinished"></translation>
+        <translation>In den Papierkorb verschieben</translation>
     </message>
     <message>
         <source>Move to Folder</source>
         <comment>the name of a step</comment>
-        <translation type="unfinished"></translation>
+        <translation>In Ordner verschieben</translation>
     </message>
 </context>
 <context>
     <name>CleanUpProgressView</name>
     <message>
         <source>Progress</source>
-        <translation type="unfinished"></translation>
+        <translation>Fortschritt</translation>
     </message>
     <message>
         <source>%1%</source>
         <comment>a percentage</comment>
-        <translation type="unfinished"></translation>
+        <translation>%1 %</translation>
     </message>
     <message>
         <source>Stopping…</source>
         <comment>a clean-up, an undo or a search</comment>
-        <translation type="unfinished"></translation>
+        <translation>Wird angehalten …</translation>
     </message>
     <message>
         <source>Stop</source>
         <comment>a clean-up, an undo or a search</comment>
-        <translation type="unfinished"></translation>
+        <translation>Anhalten</translation>
     </message>
 </context>
 <context>
     <name>CleanUpSummaryView</name>
     <message>
         <source>Back to List</source>
-        <translation type="unfinished"></translation>
+        <translation>Zurück zur Liste</translation>
     </message>
     <message>
         <source>Try Again</source>
-        <translation type="unfinished"></translation>
+        <translation>Erneut versuchen</translation>
     </message>
 </context>
 <context>
     <name>CleanUpText</name>
     <message>
         <source>No more duplicates found</source>
-        <translation type="unfinished"></translation>
+        <translation>Keine weiteren Duplikate gefunden</translation>
     </message>
     <message numerus="yes">
         <source>%Ln more duplicates found</source>
-        <translation type="unfinished">
-            <numerusform></numerusform>
-            <numerusform></numerusform>
+        <translation>
+            <numerusform>%Ln weiteres Duplikat gefunden</numerusform>
+            <numerusform>%Ln weitere Duplikate gefunden</numerusform>
         </translation>
     </message>
     <message numerus="yes">
         <source>Move %Ln duplicates (%1) to the Trash</source>
-        <translation type="unfinished">
-            <numerusform></numerusform>
-            <numerusform></numerusform>
+        <translation>
+            <numerusform>%Ln Duplikat (%1) in den Papierkorb verschieben</numerusform>
+            <numerusform>%Ln Duplikate (%1) in den Papierkorb verschieben</numerusform>
         </translation>
     </message>
     <message numerus="yes">
         <source>Move %Ln duplicates (%1) to a folder</source>
-        <translation type="unfinished">
-            <numerusform></numerusform>
-            <numerusform></numerusform>
+        <translation>
+            <numerusform>%Ln Duplikat (%1) in einen Ordner verschieben</numerusform>
+            <numerusform>%Ln Duplikate (%1) in einen Ordner verschieben</numerusform>
         </translation>
     </message>
     <message>
         <source>No duplicates to move</source>
-        <translation type="unfinished"></translation>
+        <translation>Keine Duplikate zum Verschieben</translation>
     </message>
     <message numerus="yes">
         <source>Moved %n files to Trash</source>
-        <translation type="unfinished">
-            <numerusform></numerusform>
-            <numerusform></numerusform>
+        <translation>
+            <numerusform>%Ln Datei in den Papierkorb verschoben</numerusform>
+            <numerusform>%Ln Dateien in den Papierkorb verschoben</numerusform>
         </translation>
     </message>
     <message numerus="yes">
         <source>Moved %n files to folder</source>
-        <translation type="unfinished">
-            <numerusform></numerusform>
-            <numerusform></numerusform>
+        <translation>
+            <numerusform>%Ln Datei in den Ordner verschoben</numerusform>
+            <numerusform>%Ln Dateien in den Ordner verschoben</numerusform>
         </translation>
     </message>
     <message numerus="yes">
         <source>Moved %n files</source>
-        <translation type="unfinished">
-            <numerusform></numerusform>
-            <numerusform></numerusform>
+        <translation>
+            <numerusform>%Ln Datei verschoben</numerusform>
+            <numerusform>%Ln Dateien verschoben</numerusform>
         </translation>
     </message>
     <message numerus="yes">
         <source>%n failed</source>
         <comment>files</comment>
-        <translation type="unfinished">
-            <numerusform></numerusform>
-            <numerusform></numerusform>
+        <translation>
+            <numerusform>%Ln fehlgeschlagen</numerusform>
+            <numerusform>%Ln fehlgeschlagen</numerusform>
         </translation>
     </message>
     <message numerus="yes">
         <source>%n not moved</source>
         <comment>files</comment>
-        <translation type="unfinished">
-            <numerusform></numerusform>
-            <numerusform></numerusform>
+        <translation>
+            <numerusform>%Ln nicht verschoben</numerusform>
+            <numerusform>%Ln nicht verschoben</numerusform>
         </translation>
     </message>
     <message>
         <source>Saved %1</source>
         <extracomment>%1 is a size, as in &quot;Saved 84.3 MB&quot;</extracomment>
-        <translation type="unfinished"></translation>
+        <translation>%1 eingespart</translation>
     </message>
     <message>
         <source>No files were moved</source>
-        <translation type="unfinished"></translation>
+        <translation>Es wurden keine Dateien verschoben</translation>
     </message>
     <message numerus="yes">
         <source>%Ln files moved to the Trash</source>
-        <translation type="unfinished">
-            <numerusform></numerusform>
-            <numerusform></numerusform>
+        <translation>
+            <numerusform>%Ln Datei in den Papierkorb verschoben</numerusform>
+            <numerusform>%Ln Dateien in den Papierkorb verschoben</numerusform>
         </translation>
     </message>
     <message numerus="yes">
         <source>%Ln files moved to a folder</source>
-        <translation type="unfinished">
-            <numerusform></numerusform>
-            <numerusform></numerusform>
+        <translation>
+            <numerusform>%Ln Datei in einen Ordner verschoben</numerusform>
+            <numerusform>%Ln Dateien in einen Ordner verschoben</numerusform>
         </translation>
     </message>
     <message numerus="yes">
         <source>%Ln songs remain</source>
         <comment>in the list</comment>
-        <translation type="unfinished">
-            <numerusform></numerusform>
-            <numerusform></numerusform>
+        <translation>
+            <numerusform>%Ln Titel verbleibt</numerusform>
+            <numerusform>%Ln Titel verbleiben</numerusform>
         </translation>
     </message>
     <message numerus="yes">
         <source>The new disk could not store all attributes of %Ln songs: %1</source>
         <extracomment>%1 lists names of extended attributes of the file system</extracomment>
-        <translation type="unfinished">
-            <numerusform></numerusform>
-            <numerusform></numerusform>
+        <translation>
+            <numerusform>Der neue Datenträger konnte nicht alle Attribute von %Ln Titel speichern: %1</numerusform>
+            <numerusform>Der neue Datenträger konnte nicht alle Attribute von %Ln Titeln speichern: %1</numerusform>
         </translation>
     </message>
     <message numerus="yes">
         <source>%Ln files put back</source>
-        <translation type="unfinished">
-            <numerusform></numerusform>
-            <numerusform></numerusform>
+        <translation>
+            <numerusform>%Ln Datei zurückgelegt</numerusform>
+            <numerusform>%Ln Dateien zurückgelegt</numerusform>
         </translation>
     </message>
     <message numerus="yes">
         <source>%Ln failed</source>
         <comment>files</comment>
-        <translation type="unfinished">
-            <numerusform></numerusform>
-            <numerusform></numerusform>
+        <translation>
+            <numerusform>%Ln fehlgeschlagen</numerusform>
+            <numerusform>%Ln fehlgeschlagen</numerusform>
         </translation>
     </message>
     <message numerus="yes">
         <source>%Ln not put back</source>
         <comment>files</comment>
-        <translation type="unfinished">
-            <numerusform></numerusform>
-            <numerusform></numerusform>
+        <translation>
+            <numerusform>%Ln nicht zurückgelegt</numerusform>
+            <numerusform>%Ln nicht zurückgelegt</numerusform>
         </translation>
     </message>
     <message numerus="yes">
         <source>%Ln files could not be put back:</source>
         <comment>a list follows</comment>
-        <translation type="unfinished">
-            <numerusform></numerusform>
-            <numerusform></numerusform>
+        <translation>
+            <numerusform>%Ln Datei konnte nicht zurückgelegt werden:</numerusform>
+            <numerusform>%Ln Dateien konnten nicht zurückgelegt werden:</numerusform>
         </translation>
     </message>
     <message numerus="yes">
         <source>and %Ln more</source>
         <comment>the end of a list of files</comment>
-        <translation type="unfinished">
-            <numerusform></numerusform>
-            <numerusform></numerusform>
+        <translation>
+            <numerusform>und %Ln weitere</numerusform>
+            <numerusform>und %Ln weitere</numerusform>
         </translation>
     </message>
     <message>
         <source>A few seconds left</source>
-        <translation type="unfinished"></translation>
+        <translation>Noch ein paar Sekunden</translation>
     </message>
     <message numerus="yes">
         <source>About %Ln seconds left</source>
-        <translation type="unfinished">
-            <numerusform></numerusform>
-            <numerusform></numerusform>
+        <translation>
+            <numerusform>Noch etwa %Ln Sekunde</numerusform>
+            <numerusform>Noch etwa %Ln Sekunden</numerusform>
         </translation>
     </message>
     <message numerus="yes">
         <source>About %Ln minutes left</source>
-        <translation type="unfinished">
-            <numerusform></numerusform>
-            <numerusform></numerusform>
+        <translation>
+            <numerusform>Noch etwa %Ln Minute</numerusform>
+            <numerusform>Noch etwa %Ln Minuten</numerusform>
         </translation>
     </message>
     <message numerus="yes">
         <source>About %Ln hours left</source>
-        <translation type="unfinished">
-            <numerusform></numerusform>
-            <numerusform></numerusform>
+        <translation>
+            <numerusform>Noch etwa %Ln Stunde</numerusform>
+            <numerusform>Noch etwa %Ln Stunden</numerusform>
         </translation>
     </message>
 </context>
@@ -467,11 +467,11 @@
     <name>DropZone</name>
     <message>
         <source>Drag &amp; Drop Music Folder Here</source>
-        <translation type="unfinished"></translation>
+        <translation>Musikordner hierher ziehen</translation>
     </message>
     <message>
         <source>Drop a folder to scan for duplicate songs</source>
-        <translation type="unfinished"></translation>
+        <translation>Ordner hier ablegen, um nach doppelten Titeln zu suchen</translation>
     </message>
 </context>
 <context>
@@ -479,56 +479,56 @@
     <message>
         <source>, </source>
         <comment>between the parts of a description</comment>
-        <translation type="unfinished"></translation>
+        <translation>, </translation>
     </message>
     <message>
         <source>expanded</source>
         <comment>a group of songs</comment>
-        <translation type="unfinished"></translation>
+        <translation>ausgeklappt</translation>
     </message>
     <message>
         <source>collapsed</source>
         <comment>a group of songs</comment>
-        <translation type="unfinished"></translation>
+        <translation>eingeklappt</translation>
     </message>
     <message>
         <source>Clean Up This Group</source>
-        <translation type="unfinished"></translation>
+        <translation>Diese Gruppe aufräumen</translation>
     </message>
 </context>
 <context>
     <name>DuplicateList</name>
     <message>
         <source>Duplicate songs</source>
-        <translation type="unfinished"></translation>
+        <translation>Doppelte Titel</translation>
     </message>
     <message>
         <source>No group matches the filter</source>
-        <translation type="unfinished"></translation>
+        <translation>Keine Gruppe entspricht dem Filter</translation>
     </message>
     <message>
         <source>, </source>
         <comment>between the parts of a description</comment>
-        <translation type="unfinished"></translation>
+        <translation>, </translation>
     </message>
     <message>
         <source>%1 kbit/s</source>
-        <translation type="unfinished"></translation>
+        <translation>%1 kbit/s</translation>
     </message>
     <message>
         <source>lossless</source>
         <comment>the kind of a sound file</comment>
-        <translation type="unfinished"></translation>
+        <translation>verlustfrei</translation>
     </message>
     <message>
         <source>%1 (%L2 bytes)</source>
         <comment>a size in short, and in full</comment>
-        <translation type="unfinished"></translation>
+        <translation>%1 (%L2 Bytes)</translation>
     </message>
     <message>
         <source>Changed %1</source>
         <comment>%1 is when a file was changed</comment>
-        <translation type="unfinished"></translation>
+        <translation>Geändert: %1</translation>
     </message>
 </context>
 <context>
@@ -536,11 +536,11 @@
     <message>
         <source>, </source>
         <comment>between the parts of a description</comment>
-        <translation type="unfinished"></translation>
+        <translation>, </translation>
     </message>
     <message>
         <source>Show in Folder</source>
-        <translation type="unfinished"></translation>
+        <translation>Im Ordner anzeigen</translation>
     </message>
 </context>
 <context>
@@ -548,7 +548,7 @@
     <message>
         <source>Show</source>
         <comment>the files that could not be moved</comment>
-        <translation type="unfinished"></translation>
+        <translation>Anzeigen</translation>
     </message>
 </context>
 <context>
@@ -556,12 +556,12 @@
     <message>
         <source>Add Songs</source>
         <comment>the title of a dialog</comment>
-        <translation type="unfinished"></translation>
+        <translation>Titel hinzufügen</translation>
     </message>
     <message>
         <source>Songs (*.%1)</source>
         <comment>a kind of files; %1 lists their extensions</comment>
-        <translation type="unfinished"></translation>
+        <translation>Titel (*.%1)</translation>
     </message>
 </context>
 <context>
@@ -569,12 +569,12 @@
     <message>
         <source>It is not certain that the file was moved (%1). Look for it at %2 and at %3.</source>
         <comment>an error and two paths</comment>
-        <translation type="unfinished"></translation>
+        <translation>Es ist nicht sicher, ob die Datei verschoben wurde (%1). Sie liegt unter %2 oder unter %3.</translation>
     </message>
     <message>
         <source>It is not certain that the file was moved (%1). Look for it at %2 and at %3, and for what was put in its place at %4.</source>
         <comment>an error and three paths</comment>
-        <translation type="unfinished"></translation>
+        <translation>Es ist nicht sicher, ob die Datei verschoben wurde (%1). Sie liegt unter %2 oder unter %3; was an ihre Stelle gelegt wurde, liegt unter %4.</translation>
     </message>
 </context>
 <context>
@@ -582,68 +582,68 @@
     <message>
         <source>As Found</source>
         <comment>an order of groups</comment>
-        <translation type="unfinished"></translation>
+        <translation>Wie gefunden</translation>
     </message>
     <message>
         <source>Space Freed</source>
         <comment>an order of groups</comment>
-        <translation type="unfinished"></translation>
+        <translation>Frei werdender Platz</translation>
     </message>
     <message>
         <source>Name</source>
         <comment>an order of groups</comment>
-        <translation type="unfinished"></translation>
+        <translation>Name</translation>
     </message>
     <message>
         <source>Folder</source>
         <comment>an order of groups</comment>
-        <translation type="unfinished"></translation>
+        <translation>Ordner</translation>
     </message>
     <message>
         <source>Filter names and folders</source>
-        <translation type="unfinished"></translation>
+        <translation>Namen und Ordner filtern</translation>
     </message>
     <message>
         <source>Show all groups</source>
-        <translation type="unfinished"></translation>
+        <translation>Alle Gruppen anzeigen</translation>
     </message>
     <message>
         <source>Sort: %1</source>
-        <translation type="unfinished"></translation>
+        <translation>Sortierung: %1</translation>
     </message>
 </context>
 <context>
     <name>FindMoreButton</name>
     <message>
         <source>Return to First Result</source>
-        <translation type="unfinished"></translation>
+        <translation>Zum ersten Ergebnis zurück</translation>
     </message>
     <message>
         <source>Find More Duplicates</source>
-        <translation type="unfinished"></translation>
+        <translation>Mehr Duplikate suchen</translation>
     </message>
     <message>
         <source>Shows the duplicates that the scan has found</source>
-        <translation type="unfinished"></translation>
+        <translation>Zeigt die Duplikate, die die Suche gefunden hat</translation>
     </message>
     <message>
         <source>Compares every song with every other, in every script</source>
-        <translation type="unfinished"></translation>
+        <translation>Vergleicht jeden Titel mit jedem anderen, in allen Schriften</translation>
     </message>
 </context>
 <context>
     <name>GroupMenu</name>
     <message>
         <source>Clean Up This Group</source>
-        <translation type="unfinished"></translation>
+        <translation>Diese Gruppe aufräumen</translation>
     </message>
     <message>
         <source>Move Duplicates to Trash</source>
-        <translation type="unfinished"></translation>
+        <translation>Duplikate in den Papierkorb verschieben</translation>
     </message>
     <message>
         <source>Move Duplicates to Folder…</source>
-        <translation type="unfinished"></translation>
+        <translation>Duplikate in Ordner verschieben …</translation>
     </message>
 </context>
 <context>
@@ -657,181 +657,189 @@ For large music libraries, we recommend:
 • Clearing previous results before starting a new batch
 
 This helps ensure accurate duplicate detection and optimal performance.</source>
-        <translation type="unfinished"></translation>
+        <translation>In einer Sitzung können höchstens %L1 Titel importiert werden.
+
+Bei großen Musiksammlungen empfiehlt es sich:
+• die Sammlung in Teilen nach Genre oder Ordner zu bearbeiten
+• für beste Leistung 1.000–2.000 Titel je Sitzung zu verwenden
+• frühere Ergebnisse vor einem neuen Teil zu leeren
+
+So werden Duplikate zuverlässig und schnell erkannt.</translation>
     </message>
     <message>
         <source>Cannot import more than %1 songs.
 Please select a smaller folder.</source>
-        <translation type="unfinished"></translation>
+        <translation>Es können höchstens %L1 Titel importiert werden.
+Bitte wählen Sie einen kleineren Ordner.</translation>
     </message>
     <message>
         <source>Files are being moved. Open “%1” again when that is done.</source>
-        <translation type="unfinished"></translation>
+        <translation>Es werden gerade Dateien verschoben. Öffnen Sie „%1“ danach erneut.</translation>
     </message>
     <message numerus="yes">
         <source>Files are being moved. Open these %Ln items again when that is done.</source>
-        <translation type="unfinished">
-            <numerusform></numerusform>
-            <numerusform></numerusform>
+        <translation>
+            <numerusform>Es werden gerade Dateien verschoben. Öffnen Sie dieses %Ln Objekt danach erneut.</numerusform>
+            <numerusform>Es werden gerade Dateien verschoben. Öffnen Sie diese %Ln Objekte danach erneut.</numerusform>
         </translation>
     </message>
     <message numerus="yes">
         <source>Scanning “%1” replaces this list, which still has %Ln duplicates.</source>
-        <translation type="unfinished">
-            <numerusform></numerusform>
-            <numerusform></numerusform>
+        <translation>
+            <numerusform>Die Suche in „%1“ ersetzt diese Liste, die noch %Ln Duplikat enthält.</numerusform>
+            <numerusform>Die Suche in „%1“ ersetzt diese Liste, die noch %Ln Duplikate enthält.</numerusform>
         </translation>
     </message>
     <message numerus="yes">
         <source>Scanning these %L1 items replaces this list, which still has %Ln duplicates.</source>
         <extracomment>%L1 is the number of files and folders, at least 2</extracomment>
-        <translation type="unfinished">
-            <numerusform></numerusform>
-            <numerusform></numerusform>
+        <translation>
+            <numerusform>Die Suche in diesen %L1 Objekten ersetzt diese Liste, die noch %Ln Duplikat enthält.</numerusform>
+            <numerusform>Die Suche in diesen %L1 Objekten ersetzt diese Liste, die noch %Ln Duplikate enthält.</numerusform>
         </translation>
     </message>
     <message>
         <source>Only “%1” is being scanned. Use “Add Song” to choose several items together.</source>
-        <translation type="unfinished"></translation>
+        <translation>Nur „%1“ wird durchsucht. Mit „Titel hinzufügen“ lassen sich mehrere Objekte zugleich auswählen.</translation>
     </message>
 </context>
 <context>
     <name>MainWindow</name>
     <message>
         <source>Sonavo</source>
-        <translation type="unfinished"></translation>
+        <translation>Sonavo</translation>
     </message>
     <message>
         <source>&amp;File</source>
         <comment>a menu</comment>
-        <translation type="unfinished"></translation>
+        <translation>&amp;Datei</translation>
     </message>
     <message>
         <source>Add Song</source>
-        <translation type="unfinished"></translation>
+        <translation>Titel hinzufügen</translation>
     </message>
     <message>
         <source>Clear List</source>
-        <translation type="unfinished"></translation>
+        <translation>Liste leeren</translation>
     </message>
     <message>
         <source>Find More Duplicates</source>
-        <translation type="unfinished"></translation>
+        <translation>Mehr Duplikate suchen</translation>
     </message>
     <message>
         <source>Return to First Result</source>
-        <translation type="unfinished"></translation>
+        <translation>Zum ersten Ergebnis zurück</translation>
     </message>
     <message>
         <source>Quit</source>
-        <translation type="unfinished"></translation>
+        <translation>Beenden</translation>
     </message>
     <message>
         <source>&amp;Edit</source>
         <comment>a menu</comment>
-        <translation type="unfinished"></translation>
+        <translation>&amp;Bearbeiten</translation>
     </message>
     <message>
         <source>Undo</source>
-        <translation type="unfinished"></translation>
+        <translation>Rückgängig</translation>
     </message>
     <message>
         <source>Keep Lossless Copies</source>
-        <translation type="unfinished"></translation>
+        <translation>Verlustfreie Kopien behalten</translation>
     </message>
     <message>
         <source>&amp;Window</source>
         <comment>a menu</comment>
-        <translation type="unfinished"></translation>
+        <translation>&amp;Fenster</translation>
     </message>
     <message>
         <source>Minimize</source>
-        <translation type="unfinished"></translation>
+        <translation>Minimieren</translation>
     </message>
     <message>
         <source>Show Main Window</source>
-        <translation type="unfinished"></translation>
+        <translation>Hauptfenster anzeigen</translation>
     </message>
     <message>
         <source>&amp;Help</source>
         <comment>a menu</comment>
-        <translation type="unfinished"></translation>
+        <translation>&amp;Hilfe</translation>
     </message>
     <message>
         <source>About Sonavo</source>
-        <translation type="unfinished"></translation>
+        <translation>Über Sonavo</translation>
     </message>
 </context>
 <context>
     <name>ModernToolbar</name>
     <message>
         <source>Actions</source>
-        <translation type="unfinished"></translation>
+        <translation>Aktionen</translation>
     </message>
     <message>
         <source>Add Song</source>
-        <translation type="unfinished"></translation>
+        <translation>Titel hinzufügen</translation>
     </message>
     <message>
         <source>Cleanup All</source>
-        <translation type="unfinished"></translation>
+        <translation>Alle aufräumen</translation>
     </message>
     <message>
         <source>Move Duplicates</source>
-        <translation type="unfinished"></translation>
+        <translation>Duplikate verschieben</translation>
     </message>
     <message numerus="yes">
         <source>%n duplicates</source>
-        <translation type="unfinished">
-            <numerusform></numerusform>
-            <numerusform></numerusform>
+        <translation>
+            <numerusform>%Ln Duplikat</numerusform>
+            <numerusform>%Ln Duplikate</numerusform>
         </translation>
     </message>
     <message numerus="yes">
         <source>%n total</source>
         <comment>songs</comment>
-        <translation type="unfinished">
-            <numerusform></numerusform>
-            <numerusform></numerusform>
+        <translation>
+            <numerusform>%Ln insgesamt</numerusform>
+            <numerusform>%Ln insgesamt</numerusform>
         </translation>
     </message>
     <message>
         <source>Clear List</source>
-        <translation type="unfinished"></translation>
+        <translation>Liste leeren</translation>
     </message>
 </context>
 <context>
     <name>NoDuplicatesFoundView</name>
     <message>
         <source>Perfect! No Duplicates Found</source>
-        <translation type="unfinished"></translation>
+        <translation>Perfekt! Keine Duplikate gefunden</translation>
     </message>
     <message>
         <source>Your music library is clean and organized</source>
-        <translation type="unfinished"></translation>
+        <translation>Ihre Musiksammlung ist aufgeräumt und geordnet</translation>
     </message>
     <message numerus="yes">
         <source>%n songs scanned</source>
-        <translation type="unfinished">
-            <numerusform></numerusform>
-            <numerusform></numerusform>
+        <translation>
+            <numerusform>%Ln Titel durchsucht</numerusform>
+            <numerusform>%Ln Titel durchsucht</numerusform>
         </translation>
     </message>
     <message>
         <source>All unique</source>
         <comment>songs</comment>
-        <translation type="unfinished"></translation>
+        <translation>Alle einmalig</translation>
     </message>
 </context>
 <context>
     <name>NotificationAlert</name>
     <message>
         <source>Notification</source>
-        <translation type="unfinished"></translation>
+        <translation>Benachrichtigung</translation>
     </message>
     <message>
         <source>OK</source>
-        <translation type="unfinished"></translation>
+        <translation>OK</translation>
     </message>
 </context>
 <context>
@@ -839,12 +847,12 @@ Please select a smaller folder.</source>
     <message>
         <source>Playing %1</source>
         <comment>%1 is the name of a song</comment>
-        <translation type="unfinished"></translation>
+        <translation>Wiedergabe: %1</translation>
     </message>
     <message>
         <source>Stop</source>
         <comment>the playback of a song</comment>
-        <translation type="unfinished"></translation>
+        <translation>Stopp</translation>
     </message>
 </context>
 <context>
@@ -852,164 +860,164 @@ Please select a smaller folder.</source>
     <message>
         <source>The disk of %1 is not there</source>
         <comment>%1 is a path</comment>
-        <translation type="unfinished"></translation>
+        <translation>Der Datenträger von %1 ist nicht vorhanden</translation>
     </message>
     <message>
         <source>The file at %1 is not the one that was moved there</source>
         <comment>%1 is a path</comment>
-        <translation type="unfinished"></translation>
+        <translation>Die Datei unter %1 ist nicht die, die dorthin verschoben wurde</translation>
     </message>
     <message>
         <source>The file is neither at %1 nor at %2 any more</source>
         <comment>two paths</comment>
-        <translation type="unfinished"></translation>
+        <translation>Die Datei liegt weder unter %1 noch unter %2</translation>
     </message>
 </context>
 <context>
     <name>ReplaceResultSheet</name>
     <message>
         <source>Replace the List?</source>
-        <translation type="unfinished"></translation>
+        <translation>Liste ersetzen?</translation>
     </message>
     <message>
         <source>Cancel</source>
-        <translation type="unfinished"></translation>
+        <translation>Abbrechen</translation>
     </message>
     <message>
         <source>Scan</source>
         <comment>a button that starts a scan</comment>
-        <translation type="unfinished"></translation>
+        <translation>Suchen</translation>
     </message>
 </context>
 <context>
     <name>Review</name>
     <message>
         <source>Changing the groups...</source>
-        <translation type="unfinished"></translation>
+        <translation>Gruppen werden geändert …</translation>
     </message>
     <message>
         <source>No original has changed</source>
-        <translation type="unfinished"></translation>
+        <translation>Kein Original wurde geändert</translation>
     </message>
     <message numerus="yes">
         <source>Changed the original in %Ln groups</source>
-        <translation type="unfinished">
-            <numerusform></numerusform>
-            <numerusform></numerusform>
+        <translation>
+            <numerusform>Original in %Ln Gruppe geändert</numerusform>
+            <numerusform>Original in %Ln Gruppen geändert</numerusform>
         </translation>
     </message>
     <message>
         <source>Find More Duplicates</source>
-        <translation type="unfinished"></translation>
+        <translation>Mehr Duplikate suchen</translation>
     </message>
     <message>
         <source>Comparing every song with every other...</source>
-        <translation type="unfinished"></translation>
+        <translation>Jeder Titel wird mit jedem anderen verglichen …</translation>
     </message>
     <message>
         <source>Return to First Result</source>
-        <translation type="unfinished"></translation>
+        <translation>Zum ersten Ergebnis zurück</translation>
     </message>
     <message>
         <source>Returned to the first result</source>
-        <translation type="unfinished"></translation>
+        <translation>Zum ersten Ergebnis zurückgekehrt</translation>
     </message>
     <message>
         <source>Keep This One</source>
-        <translation type="unfinished"></translation>
+        <translation>Diesen behalten</translation>
     </message>
     <message>
         <source>Keep Copies in This Folder</source>
-        <translation type="unfinished"></translation>
+        <translation>Kopien in diesem Ordner behalten</translation>
     </message>
     <message>
         <source>Keep Lossless Copies</source>
-        <translation type="unfinished"></translation>
+        <translation>Verlustfreie Kopien behalten</translation>
     </message>
     <message>
         <source>Not a Duplicate</source>
-        <translation type="unfinished"></translation>
+        <translation>Kein Duplikat</translation>
     </message>
     <message>
         <source>No group has changed</source>
-        <translation type="unfinished"></translation>
+        <translation>Keine Gruppe wurde geändert</translation>
     </message>
     <message>
         <source>Not a duplicate: %1</source>
-        <translation type="unfinished"></translation>
+        <translation>Kein Duplikat: %1</translation>
     </message>
 </context>
 <context>
     <name>Scan</name>
     <message>
         <source>Starting scan...</source>
-        <translation type="unfinished"></translation>
+        <translation>Suche wird gestartet …</translation>
     </message>
     <message>
         <source>Step 1/4: Discovering audio files...</source>
-        <translation type="unfinished"></translation>
+        <translation>Schritt 1/4: Audiodateien werden gesucht …</translation>
     </message>
     <message>
         <source>No audio files found in the selected folder.</source>
-        <translation type="unfinished"></translation>
+        <translation>Im ausgewählten Ordner wurden keine Audiodateien gefunden.</translation>
     </message>
     <message numerus="yes">
         <source>Step 1/4: Processing %n audio files...</source>
-        <translation type="unfinished">
-            <numerusform></numerusform>
-            <numerusform></numerusform>
+        <translation>
+            <numerusform>Schritt 1/4: %Ln Audiodatei wird verarbeitet …</numerusform>
+            <numerusform>Schritt 1/4: %Ln Audiodateien werden verarbeitet …</numerusform>
         </translation>
     </message>
     <message>
         <source>Step 1/4: Processing audio files (%1 of %2)</source>
-        <translation type="unfinished"></translation>
+        <translation>Schritt 1/4: Audiodateien werden verarbeitet (%L1 von %L2)</translation>
     </message>
     <message>
         <source>Step 2/4: Preparing for duplicate analysis...</source>
-        <translation type="unfinished"></translation>
+        <translation>Schritt 2/4: Duplikatsuche wird vorbereitet …</translation>
     </message>
     <message>
         <source>No supported audio files found.</source>
-        <translation type="unfinished"></translation>
+        <translation>Keine unterstützten Audiodateien gefunden.</translation>
     </message>
     <message>
         <source>Step 2/4: Analyzing duplicates...</source>
-        <translation type="unfinished"></translation>
+        <translation>Schritt 2/4: Duplikate werden ermittelt …</translation>
     </message>
 </context>
 <context>
     <name>SongLimitWarningView</name>
     <message>
         <source>Large Library Detection</source>
-        <translation type="unfinished"></translation>
+        <translation>Große Sammlung erkannt</translation>
     </message>
     <message>
         <source>Adding a large number of songs may affect performance.</source>
-        <translation type="unfinished"></translation>
+        <translation>Sehr viele Titel hinzuzufügen kann die Leistung beeinträchtigen.</translation>
     </message>
     <message>
         <source>Performance Recommendations:</source>
-        <translation type="unfinished"></translation>
+        <translation>Empfehlungen zur Leistung:</translation>
     </message>
     <message>
         <source>Best Performance: Up to 5000 songs</source>
-        <translation type="unfinished"></translation>
+        <translation>Beste Leistung: bis zu 5.000 Titel</translation>
     </message>
     <message>
         <source>Good Performance: 5000-10000 songs</source>
-        <translation type="unfinished"></translation>
+        <translation>Gute Leistung: 5.000–10.000 Titel</translation>
     </message>
     <message>
         <source>Maximum per session: 500000 songs</source>
-        <translation type="unfinished"></translation>
+        <translation>Höchstens je Sitzung: 500.000 Titel</translation>
     </message>
     <message>
         <source>Cancel</source>
-        <translation type="unfinished"></translation>
+        <translation>Abbrechen</translation>
     </message>
     <message>
         <source>Add Anyway</source>
-        <translation type="unfinished"></translation>
+        <translation>Trotzdem hinzufügen</translation>
     </message>
 </context>
 <context>
@@ -1017,122 +1025,122 @@ Please select a smaller folder.</source>
     <message>
         <source>Stop</source>
         <comment>the playback of a song</comment>
-        <translation type="unfinished"></translation>
+        <translation>Stopp</translation>
     </message>
     <message>
         <source>Listen</source>
         <comment>to a song</comment>
-        <translation type="unfinished"></translation>
+        <translation>Anhören</translation>
     </message>
     <message>
         <source>Keep This One</source>
-        <translation type="unfinished"></translation>
+        <translation>Diesen behalten</translation>
     </message>
     <message>
         <source>Keep Copies in This Folder</source>
-        <translation type="unfinished"></translation>
+        <translation>Kopien in diesem Ordner behalten</translation>
     </message>
     <message>
         <source>Keep Lossless Copies</source>
-        <translation type="unfinished"></translation>
+        <translation>Verlustfreie Kopien behalten</translation>
     </message>
     <message>
         <source>Not a Duplicate</source>
-        <translation type="unfinished"></translation>
+        <translation>Kein Duplikat</translation>
     </message>
     <message>
         <source>Show in Folder</source>
-        <translation type="unfinished"></translation>
+        <translation>Im Ordner anzeigen</translation>
     </message>
     <message>
         <source>Copy Path</source>
-        <translation type="unfinished"></translation>
+        <translation>Pfad kopieren</translation>
     </message>
     <message>
         <source>Move to Trash</source>
-        <translation type="unfinished"></translation>
+        <translation>In den Papierkorb verschieben</translation>
     </message>
 </context>
 <context>
     <name>SongRow</name>
     <message>
         <source>Stop listening</source>
-        <translation type="unfinished"></translation>
+        <translation>Wiedergabe anhalten</translation>
     </message>
     <message>
         <source>Click to listen and verify this song</source>
-        <translation type="unfinished"></translation>
+        <translation>Klicken, um diesen Titel anzuhören und zu prüfen</translation>
     </message>
     <message>
         <source>Delete this song</source>
-        <translation type="unfinished"></translation>
+        <translation>Diesen Titel löschen</translation>
     </message>
     <message>
         <source>Moves %1 to the Trash</source>
-        <translation type="unfinished"></translation>
+        <translation>Verschiebt %1 in den Papierkorb</translation>
     </message>
 </context>
 <context>
     <name>Start</name>
     <message>
         <source>no window can be opened on this display; --report needs none</source>
-        <translation type="unfinished"></translation>
+        <translation>auf dieser Anzeige kann kein Fenster geöffnet werden; --report braucht keines</translation>
     </message>
     <message>
         <source>the window is moving files and can scan nothing until that is done</source>
-        <translation type="unfinished"></translation>
+        <translation>das Fenster verschiebt gerade Dateien und kann erst danach suchen</translation>
     </message>
     <message>
         <source>there is no display to open a window on; --report needs none</source>
-        <translation type="unfinished"></translation>
+        <translation>keine Anzeige für ein Fenster vorhanden; --report braucht keine</translation>
     </message>
 </context>
 <context>
     <name>TableColumns</name>
     <message>
         <source>File Type</source>
-        <translation type="unfinished"></translation>
+        <translation>Dateityp</translation>
     </message>
     <message>
         <source>Duration</source>
-        <translation type="unfinished"></translation>
+        <translation>Dauer</translation>
     </message>
     <message>
         <source>File Size</source>
-        <translation type="unfinished"></translation>
+        <translation>Größe</translation>
     </message>
     <message>
         <source>Folder Location</source>
-        <translation type="unfinished"></translation>
+        <translation>Ordner</translation>
     </message>
     <message>
         <source>999.99 GB</source>
         <comment>the longest size, for the width of its column</comment>
-        <translation type="unfinished"></translation>
+        <translation>999,99 GB</translation>
     </message>
     <message>
         <source>ORIGINAL</source>
         <comment>a song</comment>
-        <translation type="unfinished"></translation>
+        <translation>ORIGINAL</translation>
     </message>
     <message>
         <source>DUPLICATE</source>
         <comment>a song</comment>
-        <translation type="unfinished"></translation>
+        <translation>DUPLIKAT</translation>
     </message>
 </context>
 <context>
     <name>TableHeaderView</name>
     <message>
         <source>File Name</source>
-        <translation type="unfinished"></translation>
+        <translation>Dateiname</translation>
     </message>
 </context>
 <context>
     <name>ToastView</name>
     <message>
         <source>Close</source>
-        <translation type="unfinished"></translation>
+        <translation>Schließen</translation>
     </message>
 </context>
 <context>
@@ -1140,16 +1148,16 @@ Please select a smaller folder.</source>
     <message>
         <source>The Trash of this disk cannot be used: %1</source>
         <comment>%1 is the reason</comment>
-        <translation type="unfinished"></translation>
+        <translation>Der Papierkorb dieses Datenträgers ist nicht nutzbar: %1</translation>
     </message>
     <message>
         <source>It is on another file system</source>
         <comment>the Trash</comment>
-        <translation type="unfinished"></translation>
+        <translation>Er liegt auf einem anderen Dateisystem</translation>
     </message>
     <message>
         <source>Not a file</source>
-        <translation type="unfinished"></translation>
+        <translation>Keine Datei</translation>
     </message>
 </context>
 <context>
@@ -1157,47 +1165,47 @@ Please select a smaller folder.</source>
     <message>
         <source>Undo</source>
         <comment>a button</comment>
-        <translation type="unfinished"></translation>
+        <translation>Rückgängig</translation>
     </message>
     <message>
         <source>Undo %1</source>
         <comment>the name of a step, such as Move to Trash</comment>
-        <translation type="unfinished"></translation>
+        <translation>Rückgängig: %1</translation>
     </message>
 </context>
 <context>
     <name>WelcomeView</name>
     <message>
         <source>Welcome to Sonavo</source>
-        <translation type="unfinished"></translation>
+        <translation>Willkommen bei Sonavo</translation>
     </message>
     <message>
         <source>Find and remove duplicate songs from your music library</source>
-        <translation type="unfinished"></translation>
+        <translation>Doppelte Titel in Ihrer Musiksammlung finden und entfernen</translation>
     </message>
     <message>
         <source>Browse Files</source>
-        <translation type="unfinished"></translation>
+        <translation>Durchsuchen</translation>
     </message>
 </context>
 <context>
     <name>WindowHeader</name>
     <message>
         <source>Switch to the light theme</source>
-        <translation type="unfinished"></translation>
+        <translation>Zum hellen Design wechseln</translation>
     </message>
     <message>
         <source>Switch to the dark theme</source>
-        <translation type="unfinished"></translation>
+        <translation>Zum dunklen Design wechseln</translation>
     </message>
 </context>
 <context>
     <name>sonavo::CleanUpFailuresModel</name>
     <message numerus="yes">
         <source>%Ln files could not be moved</source>
-        <translation type="unfinished">
-            <numerusform></numerusform>
-            <numerusform></numerusform>
+        <translation>
+            <numerusform>%Ln Datei konnte nicht verschoben werden</numerusform>
+            <numerusform>%Ln Dateien konnten nicht verschoben werden</numerusform>
         </translation>
     </message>
 </context>
@@ -1206,34 +1214,34 @@ Please select a smaller folder.</source>
     <message>
         <source>Original</source>
         <comment>a song</comment>
-        <translation type="unfinished"></translation>
+        <translation>Original</translation>
     </message>
     <message>
         <source>Duplicate</source>
         <comment>a song</comment>
-        <translation type="unfinished"></translation>
+        <translation>Duplikat</translation>
     </message>
     <message numerus="yes">
         <source>Group of %n songs</source>
-        <translation type="unfinished">
-            <numerusform></numerusform>
-            <numerusform></numerusform>
+        <translation>
+            <numerusform>Gruppe mit %Ln Titel</numerusform>
+            <numerusform>Gruppe mit %Ln Titeln</numerusform>
         </translation>
     </message>
     <message>
         <source>Frees %1</source>
         <comment>%1 is a size</comment>
-        <translation type="unfinished"></translation>
+        <translation>Gibt %1 frei</translation>
     </message>
     <message>
         <source>Found only by comparing every song with every other. Listen before you delete it.</source>
-        <translation type="unfinished"></translation>
+        <translation>Nur durch den Vergleich aller Titel miteinander gefunden. Hören Sie ihn an, bevor Sie ihn löschen.</translation>
     </message>
     <message numerus="yes">
         <source>Filter hides %Ln duplicates</source>
-        <translation type="unfinished">
-            <numerusform></numerusform>
-            <numerusform></numerusform>
+        <translation>
+            <numerusform>Filter verbirgt %Ln Duplikat</numerusform>
+            <numerusform>Filter verbirgt %Ln Duplikate</numerusform>
         </translation>
     </message>
 </context>
@@ -1241,13 +1249,13 @@ Please select a smaller folder.</source>
     <name>sonavo::LongWork</name>
     <message>
         <source>No duplicates found</source>
-        <translation type="unfinished"></translation>
+        <translation>Keine Duplikate gefunden</translation>
     </message>
     <message numerus="yes">
         <source>Found %Ln duplicate files</source>
-        <translation type="unfinished">
-            <numerusform></numerusform>
-            <numerusform></numerusform>
+        <translation>
+            <numerusform>%Ln doppelte Datei gefunden</numerusform>
+            <numerusform>%Ln doppelte Dateien gefunden</numerusform>
         </translation>
     </message>
 </context>
@@ -1256,7 +1264,7 @@ Please select a smaller folder.</source>
     <message>
         <source>Show</source>
         <comment>the window, by a click on a notification</comment>
-        <translation type="unfinished"></translation>
+        <translation>Anzeigen</translation>
     </message>
 </context>
 </TS>

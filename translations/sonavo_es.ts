@@ -5,59 +5,59 @@
     <name>AboutSheet</name>
     <message>
         <source>About Sonavo</source>
-        <translation type="unfinished"></translation>
+        <translation>Acerca de Sonavo</translation>
     </message>
     <message>
         <source>Sonavo %1</source>
-        <translation type="unfinished"></translation>
+        <translation>Sonavo %1</translation>
     </message>
     <message>
         <source>Finds the songs that a music folder holds more than once. Everything happens on this computer, and nothing is ever deleted outright.</source>
-        <translation type="unfinished"></translation>
+        <translation>Encuentra las canciones que una carpeta de música contiene más de una vez. Todo ocurre en este equipo y nunca se elimina nada definitivamente.</translation>
     </message>
     <message>
         <source>Close</source>
-        <translation type="unfinished"></translation>
+        <translation>Cerrar</translation>
     </message>
 </context>
 <context>
     <name>Analysis</name>
     <message>
         <source>Step 1/4: Grouping by exact title...</source>
-        <translation type="unfinished"></translation>
+        <translation>Paso 1/4: agrupando por título exacto…</translation>
     </message>
     <message>
         <source>Step 2/4: Analyzing filename similarities...</source>
-        <translation type="unfinished"></translation>
+        <translation>Paso 2/4: analizando nombres de archivo parecidos…</translation>
     </message>
     <message>
         <source>Step 3/4: Comparing artist and title...</source>
-        <translation type="unfinished"></translation>
+        <translation>Paso 3/4: comparando artista y título…</translation>
     </message>
     <message>
         <source>Step 4/4: Deep comparison of remaining songs...</source>
-        <translation type="unfinished"></translation>
+        <translation>Paso 4/4: comparando a fondo las canciones restantes…</translation>
     </message>
 </context>
 <context>
     <name>BottomInfoBar</name>
     <message>
         <source>Drop a folder to scan for duplicate songs</source>
-        <translation type="unfinished"></translation>
+        <translation>Suelte una carpeta para buscar canciones duplicadas</translation>
     </message>
     <message numerus="yes">
         <source>Found %n duplicate files • %1 • Use speaker icon to verify before deleting</source>
         <comment>%1 says how many more were found</comment>
-        <translation type="unfinished">
-            <numerusform></numerusform>
-            <numerusform></numerusform>
+        <translation>
+            <numerusform>%Ln archivo duplicado encontrado • %1 • Compruebe con el altavoz antes de eliminar</numerusform>
+            <numerusform>%Ln archivos duplicados encontrados • %1 • Compruebe con el altavoz antes de eliminar</numerusform>
         </translation>
     </message>
     <message numerus="yes">
         <source>Found %n duplicate files • Use speaker icon to verify before deleting</source>
-        <translation type="unfinished">
-            <numerusform></numerusform>
-            <numerusform></numerusform>
+        <translation>
+            <numerusform>%Ln archivo duplicado encontrado • Compruebe con el altavoz antes de eliminar</numerusform>
+            <numerusform>%Ln archivos duplicados encontrados • Compruebe con el altavoz antes de eliminar</numerusform>
         </translation>
     </message>
 </context>
@@ -65,42 +65,42 @@
     <name>ByteCount</name>
     <message>
         <source>%1 KB</source>
-        <translation type="unfinished"></translation>
+        <translation>%1 kB</translation>
     </message>
     <message>
         <source>%1 MB</source>
-        <translation type="unfinished"></translation>
+        <translation>%1 MB</translation>
     </message>
     <message>
         <source>%1 GB</source>
-        <translation type="unfinished"></translation>
+        <translation>%1 GB</translation>
     </message>
     <message>
         <source>%1 TB</source>
-        <translation type="unfinished"></translation>
+        <translation>%1 TB</translation>
     </message>
     <message>
         <source>%1 PB</source>
-        <translation type="unfinished"></translation>
+        <translation>%1 PB</translation>
     </message>
     <message>
         <source>%1 EB</source>
-        <translation type="unfinished"></translation>
+        <translation>%1 EB</translation>
     </message>
     <message>
         <source>Zero KB</source>
-        <translation type="unfinished"></translation>
+        <translation>0 kB</translation>
     </message>
     <message>
         <source>1 byte</source>
-        <translation type="unfinished"></translation>
+        <translation>1 byte</translation>
     </message>
     <message numerus="yes">
         <source>%n bytes</source>
         <comment>2 to 999</comment>
-        <translation type="unfinished">
-            <numerusform></numerusform>
-            <numerusform></numerusform>
+        <translation>
+            <numerusform>%n byte</numerusform>
+            <numerusform>%n bytes</numerusform>
         </translation>
     </message>
 </context>
@@ -109,357 +109,357 @@
     <message>
         <source>%1%</source>
         <comment>a percentage</comment>
-        <translation type="unfinished"></translation>
+        <translation>%1 %</translation>
     </message>
     <message>
         <source>of this step</source>
         <comment>follows a percentage</comment>
-        <translation type="unfinished"></translation>
+        <translation>de este paso</translation>
     </message>
     <message>
         <source>Your files stay as they are</source>
-        <translation type="unfinished"></translation>
+        <translation>Sus archivos no se modifican</translation>
     </message>
     <message>
         <source>Cancel &amp; Go Back</source>
-        <translation type="unfinished"></translation>
+        <translation>Cancelar y volver</translation>
     </message>
 </context>
 <context>
     <name>CleanUp</name>
     <message>
         <source>The file does not exist any more</source>
-        <translation type="unfinished"></translation>
+        <translation>El archivo ya no existe</translation>
     </message>
     <message>
         <source>The file cannot be read (%1)</source>
-        <translation type="unfinished"></translation>
+        <translation>No se puede leer el archivo (%1)</translation>
     </message>
     <message>
         <source>The file has been changed since it was scanned</source>
-        <translation type="unfinished"></translation>
+        <translation>El archivo ha cambiado desde el análisis</translation>
     </message>
     <message>
         <source>The file is gone or has been changed meanwhile</source>
-        <translation type="unfinished"></translation>
+        <translation>El archivo ha desaparecido o ha cambiado entretanto</translation>
     </message>
     <message>
         <source>The original of its group does not exist any more</source>
-        <translation type="unfinished"></translation>
+        <translation>El original de su grupo ya no existe</translation>
     </message>
     <message>
         <source>The original of its group cannot be read (%1)</source>
-        <translation type="unfinished"></translation>
+        <translation>No se puede leer el original de su grupo (%1)</translation>
     </message>
     <message>
         <source>The original of its group has been changed since it was scanned</source>
-        <translation type="unfinished"></translation>
+        <translation>El original de su grupo ha cambiado desde el análisis</translation>
     </message>
     <message>
         <source>The original of its group is gone or has been changed meanwhile</source>
-        <translation type="unfinished"></translation>
+        <translation>El original de su grupo ha desaparecido o ha cambiado entretanto</translation>
     </message>
     <message>
         <source>The file cannot be reached</source>
-        <translation type="unfinished"></translation>
+        <translation>No se puede acceder al archivo</translation>
     </message>
     <message>
         <source>The original of its group is gone or was changed</source>
-        <translation type="unfinished"></translation>
+        <translation>El original de su grupo ha desaparecido o ha cambiado</translation>
     </message>
     <message>
         <source>The file was changed at the moment when it was moved</source>
-        <translation type="unfinished"></translation>
+        <translation>El archivo cambió en el momento de moverlo</translation>
     </message>
     <message>
         <source>%1, so the file was put back</source>
         <comment>%1 says what has happened, without a full stop</comment>
-        <translation type="unfinished"></translation>
+        <translation>%1; por eso el archivo se ha devuelto a su lugar</translation>
     </message>
     <message>
         <source>%1. The file is at %2 now: %3</source>
         <comment>what has happened, a path, and why the file could not be put back</comment>
-        <translation type="unfinished"></translation>
+        <translation>%1. El archivo está ahora en %2: %3</translation>
     </message>
     <message>
         <source>%1.</source>
         <comment>a sentence and its full stop</comment>
-        <translation type="unfinished"></translation>
+        <translation>%1.</translation>
     </message>
     <message>
         <source>It may be the same file as an original, which another file system shows as well</source>
-        <translation type="unfinished"></translation>
+        <translation>Puede ser el mismo archivo que un original, visible también en otro sistema de archivos</translation>
     </message>
     <message>
         <source>It stays at %1: %2</source>
         <comment>a path and the reason</comment>
-        <translation type="unfinished"></translation>
+        <translation>Se queda en %1: %2</translation>
     </message>
     <message>
         <source>Another song of this group is the very same file and would be gone as well.</source>
-        <translation type="unfinished"></translation>
+        <translation>Otra canción de este grupo es exactamente el mismo archivo y también desaparecería.</translation>
     </message>
     <message>
         <source>Another song of this group was gone as well</source>
-        <translation type="unfinished"></translation>
+        <translation>Otra canción de este grupo también había desaparecido</translation>
     </message>
     <message>
         <source>Moving %L1 of %L2 to the Trash</source>
         <comment>files</comment>
-        <translation type="unfinished"></translation>
+        <translation>Moviendo %L1 de %L2 a la papelera</translation>
     </message>
     <message>
         <source>Moving %L1 of %L2 to the folder</source>
         <comment>files</comment>
-        <translation type="unfinished"></translation>
+        <translation>Moviendo %L1 de %L2 a la carpeta</translation>
     </message>
     <message>
         <source>Select a folder to move duplicate files to</source>
-        <translation type="unfinished"></translation>
+        <translation>Seleccione una carpeta para los archivos duplicados</translation>
     </message>
     <message>
         <source>Select Folder</source>
-        <translation type="unfinished"></translation>
+        <translation>Seleccionar carpeta</translation>
     </message>
     <message>
         <source>Failed to create folder: %1</source>
-        <translation type="unfinished"></translation>
+        <translation>No se pudo crear la carpeta: %1</translation>
     </message>
     <message>
         <source>Folder path copied to clipboard</source>
-        <translation type="unfinished"></translation>
+        <translation>Ruta de la carpeta copiada al portapapeles</translation>
     </message>
     <message>
         <source>Could not delete file: %1</source>
-        <translation type="unfinished"></translation>
+        <translation>No se pudo eliminar el archivo: %1</translation>
     </message>
     <message>
         <source>Moved to Trash: %1</source>
-        <translation type="unfinished"></translation>
+        <translation>Movido a la papelera: %1</translation>
     </message>
     <message>
         <source>Putting back %L1 of %L2</source>
         <comment>files</comment>
-        <translation type="unfinished"></translation>
+        <translation>Devolviendo %L1 de %L2</translation>
     </message>
     <message>
         <source>Undone: %1</source>
         <comment>the name of a step, such as Keep This One</comment>
-        <translation type="unfinished"></translation>
+        <translation>Deshecho: %1</translation>
     </message>
     <message>
         <source>Move to Trash</source>
         <comment>the name of a step</comment>
-        <translation type="unfinished"></translation>
+        <translation>Mover a la papelera</translation>
     </message>
     <message>
         <source>Move to Folder</source>
         <comment>the name of a step</comment>
-        <translation type="unfinished"></translation>
+        <translation>Mover a una carpeta</translation>
     </message>
 </context>
 <context>
     <name>CleanUpProgressView</name>
     <message>
         <source>Progress</source>
-        <translation type="unfinished"></translation>
+        <translation>Progreso</translation>
     </message>
     <message>
         <source>%1%</source>
         <comment>a percentage</comment>
-        <translation type="unfinished"></translation>
+        <translation>%1 %</translation>
     </message>
     <message>
         <source>Stopping…</source>
         <comment>a clean-up, an undo or a search</comment>
-        <translation type="unfinished"></translation>
+        <translation>Deteniendo…</translation>
     </message>
     <message>
         <source>Stop</source>
         <comment>a clean-up, an undo or a search</comment>
-        <translation type="unfinished"></translation>
+        <translation>Detener</translation>
     </message>
 </context>
 <context>
     <name>CleanUpSummaryView</name>
     <message>
         <source>Back to List</source>
-        <translation type="unfinished"></translation>
+        <translation>Volver a la lista</translation>
     </message>
     <message>
         <source>Try Again</source>
-        <translation type="unfinished"></translation>
+        <translation>Reintentar</translation>
     </message>
 </context>
 <context>
     <name>CleanUpText</name>
     <message>
         <source>No more duplicates found</source>
-        <translation type="unfinished"></translation>
+        <translation>No se encontraron más duplicados</translation>
     </message>
     <message numerus="yes">
         <source>%Ln more duplicates found</source>
-        <translation type="unfinished">
-            <numerusform></numerusform>
-            <numerusform></numerusform>
+        <translation>
+            <numerusform>%Ln duplicado más encontrado</numerusform>
+            <numerusform>%Ln duplicados más encontrados</numerusform>
         </translation>
     </message>
     <message numerus="yes">
         <source>Move %Ln duplicates (%1) to the Trash</source>
-        <translation type="unfinished">
-            <numerusform></numerusform>
-            <numerusform></numerusform>
+        <translation>
+            <numerusform>Mover %Ln duplicado (%1) a la papelera</numerusform>
+            <numerusform>Mover %Ln duplicados (%1) a la papelera</numerusform>
         </translation>
     </message>
     <message numerus="yes">
         <source>Move %Ln duplicates (%1) to a folder</source>
-        <translation type="unfinished">
-            <numerusform></numerusform>
-            <numerusform></numerusform>
+        <translation>
+            <numerusform>Mover %Ln duplicado (%1) a una carpeta</numerusform>
+            <numerusform>Mover %Ln duplicados (%1) a una carpeta</numerusform>
         </translation>
     </message>
     <message>
         <source>No duplicates to move</source>
-        <translation type="unfinished"></translation>
+        <translation>No hay duplicados que mover</translation>
     </message>
     <message numerus="yes">
         <source>Moved %n files to Trash</source>
-        <translation type="unfinished">
-            <numerusform></numerusform>
-            <numerusform></numerusform>
+        <translation>
+            <numerusform>%Ln archivo movido a la papelera</numerusform>
+            <numerusform>%Ln archivos movidos a la papelera</numerusform>
         </translation>
     </message>
     <message numerus="yes">
         <source>Moved %n files to folder</source>
-        <translation type="unfinished">
-            <numerusform></numerusform>
-            <numerusform></numerusform>
+        <translation>
+            <numerusform>%Ln archivo movido a la carpeta</numerusform>
+            <numerusform>%Ln archivos movidos a la carpeta</numerusform>
         </translation>
     </message>
     <message numerus="yes">
         <source>Moved %n files</source>
-        <translation type="unfinished">
-            <numerusform></numerusform>
-            <numerusform></numerusform>
+        <translation>
+            <numerusform>%Ln archivo movido</numerusform>
+            <numerusform>%Ln archivos movidos</numerusform>
         </translation>
     </message>
     <message numerus="yes">
         <source>%n failed</source>
         <comment>files</comment>
-        <translation type="unfinished">
-            <numerusform></numerusform>
-            <numerusform></numerusform>
+        <translation>
+            <numerusform>%Ln fallido</numerusform>
+            <numerusform>%Ln fallidos</numerusform>
         </translation>
     </message>
     <message numerus="yes">
         <source>%n not moved</source>
         <comment>files</comment>
-        <translation type="unfinished">
-            <numerusform></numerusform>
-            <numerusform></numerusform>
+        <translation>
+            <numerusform>%Ln sin mover</numerusform>
+            <numerusform>%Ln sin mover</numerusform>
         </translation>
     </message>
     <message>
         <source>Saved %1</source>
         <extracomment>%1 is a size, as in &quot;Saved 84.3 MB&quot;</extracomment>
-        <translation type="unfinished"></translation>
+        <translation>%1 ahorrados</translation>
     </message>
     <message>
         <source>No files were moved</source>
-        <translation type="unfinished"></translation>
+        <translation>No se movió ningún archivo</translation>
     </message>
     <message numerus="yes">
         <source>%Ln files moved to the Trash</source>
-        <translation type="unfinished">
-            <numerusform></numerusform>
-            <numerusform></numerusform>
+        <translation>
+            <numerusform>%Ln archivo movido a la papelera</numerusform>
+            <numerusform>%Ln archivos movidos a la papelera</numerusform>
         </translation>
     </message>
     <message numerus="yes">
         <source>%Ln files moved to a folder</source>
-        <translation type="unfinished">
-            <numerusform></numerusform>
-            <numerusform></numerusform>
+        <translation>
+            <numerusform>%Ln archivo movido a una carpeta</numerusform>
+            <numerusform>%Ln archivos movidos a una carpeta</numerusform>
         </translation>
     </message>
     <message numerus="yes">
         <source>%Ln songs remain</source>
         <comment>in the list</comment>
-        <translation type="unfinished">
-            <numerusform></numerusform>
-            <numerusform></numerusform>
+        <translation>
+            <numerusform>Queda %Ln canción</numerusform>
+            <numerusform>Quedan %Ln canciones</numerusform>
         </translation>
     </message>
     <message numerus="yes">
         <source>The new disk could not store all attributes of %Ln songs: %1</source>
         <extracomment>%1 lists names of extended attributes of the file system</extracomment>
-        <translation type="unfinished">
-            <numerusform></numerusform>
-            <numerusform></numerusform>
+        <translation>
+            <numerusform>El disco nuevo no pudo guardar todos los atributos de %Ln canción: %1</numerusform>
+            <numerusform>El disco nuevo no pudo guardar todos los atributos de %Ln canciones: %1</numerusform>
         </translation>
     </message>
     <message numerus="yes">
         <source>%Ln files put back</source>
-        <translation type="unfinished">
-            <numerusform></numerusform>
-            <numerusform></numerusform>
+        <translation>
+            <numerusform>%Ln archivo devuelto a su lugar</numerusform>
+            <numerusform>%Ln archivos devueltos a su lugar</numerusform>
         </translation>
     </message>
     <message numerus="yes">
         <source>%Ln failed</source>
         <comment>files</comment>
-        <translation type="unfinished">
-            <numerusform></numerusform>
-            <numerusform></numerusform>
+        <translation>
+            <numerusform>%Ln fallido</numerusform>
+            <numerusform>%Ln fallidos</numerusform>
         </translation>
     </message>
     <message numerus="yes">
         <source>%Ln not put back</source>
         <comment>files</comment>
-        <translation type="unfinished">
-            <numerusform></numerusform>
-            <numerusform></numerusform>
+        <translation>
+            <numerusform>%Ln sin devolver</numerusform>
+            <numerusform>%Ln sin devolver</numerusform>
         </translation>
     </message>
     <message numerus="yes">
         <source>%Ln files could not be put back:</source>
         <comment>a list follows</comment>
-        <translation type="unfinished">
-            <numerusform></numerusform>
-            <numerusform></numerusform>
+        <translation>
+            <numerusform>No se pudo devolver %Ln archivo a su lugar:</numerusform>
+            <numerusform>No se pudieron devolver %Ln archivos a su lugar:</numerusform>
         </translation>
     </message>
     <message numerus="yes">
         <source>and %Ln more</source>
         <comment>the end of a list of files</comment>
-        <translation type="unfinished">
-            <numerusform></numerusform>
-            <numerusform></numerusform>
+        <translation>
+            <numerusform>y %Ln más</numerusform>
+            <numerusform>y %Ln más</numerusform>
         </translation>
     </message>
     <message>
         <source>A few seconds left</source>
-        <translation type="unfinished"></translation>
+        <translation>Quedan unos segundos</translation>
     </message>
     <message numerus="yes">
         <source>About %Ln seconds left</source>
-        <translation type="unfinished">
-            <numerusform></numerusform>
-            <numerusform></numerusform>
+        <translation>
+            <numerusform>Queda %Ln segundo aproximadamente</numerusform>
+            <numerusform>Quedan unos %Ln segundos</numerusform>
         </translation>
     </message>
     <message numerus="yes">
         <source>About %Ln minutes left</source>
-        <translation type="unfinished">
-            <numerusform></numerusform>
-            <numerusform></numerusform>
+        <translation>
+            <numerusform>Queda %Ln minuto aproximadamente</numerusform>
+            <numerusform>Quedan unos %Ln minutos</numerusform>
         </translation>
     </message>
     <message numerus="yes">
         <source>About %Ln hours left</source>
-        <translation type="unfinished">
-            <numerusform></numerusform>
-            <numerusform></numerusform>
+        <translation>
+            <numerusform>Queda %Ln hora aproximadamente</numerusform>
+            <numerusform>Quedan unas %Ln horas</numerusform>
         </translation>
     </message>
 </context>
@@ -467,11 +467,11 @@
     <name>DropZone</name>
     <message>
         <source>Drag &amp; Drop Music Folder Here</source>
-        <translation type="unfinished"></translation>
+        <translation>Arrastre y suelte aquí la carpeta de música</translation>
     </message>
     <message>
         <source>Drop a folder to scan for duplicate songs</source>
-        <translation type="unfinished"></translation>
+        <translation>Suelte una carpeta para buscar canciones duplicadas</translation>
     </message>
 </context>
 <context>
@@ -479,56 +479,56 @@
     <message>
         <source>, </source>
         <comment>between the parts of a description</comment>
-        <translation type="unfinished"></translation>
+        <translation>, </translation>
     </message>
     <message>
         <source>expanded</source>
         <comment>a group of songs</comment>
-        <translation type="unfinished"></translation>
+        <translation>desplegado</translation>
     </message>
     <message>
         <source>collapsed</source>
         <comment>a group of songs</comment>
-        <translation type="unfinished"></translation>
+        <translation>plegado</translation>
     </message>
     <message>
         <source>Clean Up This Group</source>
-        <translation type="unfinished"></translation>
+        <translation>Limpiar este grupo</translation>
     </message>
 </context>
 <context>
     <name>DuplicateList</name>
     <message>
         <source>Duplicate songs</source>
-        <translation type="unfinished"></translation>
+        <translation>Canciones duplicadas</translation>
     </message>
     <message>
         <source>No group matches the filter</source>
-        <translation type="unfinished"></translation>
+        <translation>Ningún grupo coincide con el filtro</translation>
     </message>
     <message>
         <source>, </source>
         <comment>between the parts of a description</comment>
-        <translation type="unfinished"></translation>
+        <translation>, </translation>
     </message>
     <message>
         <source>%1 kbit/s</source>
-        <translation type="unfinished"></translation>
+        <translation>%1 kbit/s</translation>
     </message>
     <message>
         <source>lossless</source>
         <comment>the kind of a sound file</comment>
-        <translation type="unfinished"></translation>
+        <translation>sin pérdida</translation>
     </message>
     <message>
         <source>%1 (%L2 bytes)</source>
         <comment>a size in short, and in full</comment>
-        <translation type="unfinished"></translation>
+        <translation>%1 (%L2 bytes)</translation>
     </message>
     <message>
         <source>Changed %1</source>
         <comment>%1 is when a file was changed</comment>
-        <translation type="unfinished"></translation>
+        <translation>Modificado: %1</translation>
     </message>
 </context>
 <context>
@@ -536,11 +536,11 @@
     <message>
         <source>, </source>
         <comment>between the parts of a description</comment>
-        <translation type="unfinished"></translation>
+        <translation>, </translation>
     </message>
     <message>
         <source>Show in Folder</source>
-        <translation type="unfinished"></translation>
+        <translation>Mostrar en la carpeta</translation>
     </message>
 </context>
 <context>
@@ -548,7 +548,7 @@
     <message>
         <source>Show</source>
         <comment>the files that could not be moved</comment>
-        <translation type="unfinished"></translation>
+        <translation>Mostrar</translation>
     </message>
 </context>
 <context>
@@ -556,12 +556,12 @@
     <message>
         <source>Add Songs</source>
         <comment>the title of a dialog</comment>
-        <translation type="unfinished"></translation>
+        <translation>Añadir canciones</translation>
     </message>
     <message>
         <source>Songs (*.%1)</source>
         <comment>a kind of files; %1 lists their extensions</comment>
-        <translation type="unfinished"></translation>
+        <translation>Canciones (*.%1)</translation>
     </message>
 </context>
 <context>
@@ -569,12 +569,12 @@
     <message>
         <source>It is not certain that the file was moved (%1). Look for it at %2 and at %3.</source>
         <comment>an error and two paths</comment>
-        <translation type="unfinished"></translation>
+        <translation>No es seguro que el archivo se haya movido (%1). Búsquelo en %2 y en %3.</translation>
     </message>
     <message>
         <source>It is not certain that the file was moved (%1). Look for it at %2 and at %3, and for what was put in its place at %4.</source>
         <comment>an error and three paths</comment>
-        <translation type="unfinished"></translation>
+        <translation>No es seguro que el archivo se haya movido (%1). Búsquelo en %2 y en %3, y lo que se puso en su lugar, en %4.</translation>
     </message>
 </context>
 <context>
@@ -582,68 +582,68 @@
     <message>
         <source>As Found</source>
         <comment>an order of groups</comment>
-        <translation type="unfinished"></translation>
+        <translation>Como se encontraron</translation>
     </message>
     <message>
         <source>Space Freed</source>
         <comment>an order of groups</comment>
-        <translation type="unfinished"></translation>
+        <translation>Espacio liberado</translation>
     </message>
     <message>
         <source>Name</source>
         <comment>an order of groups</comment>
-        <translation type="unfinished"></translation>
+        <translation>Nombre</translation>
     </message>
     <message>
         <source>Folder</source>
         <comment>an order of groups</comment>
-        <translation type="unfinished"></translation>
+        <translation>Carpeta</translation>
     </message>
     <message>
         <source>Filter names and folders</source>
-        <translation type="unfinished"></translation>
+        <translation>Filtrar nombres y carpetas</translation>
     </message>
     <message>
         <source>Show all groups</source>
-        <translation type="unfinished"></translation>
+        <translation>Mostrar todos los grupos</translation>
     </message>
     <message>
         <source>Sort: %1</source>
-        <translation type="unfinished"></translation>
+        <translation>Orden: %1</translation>
     </message>
 </context>
 <context>
     <name>FindMoreButton</name>
     <message>
         <source>Return to First Result</source>
-        <translation type="unfinished"></translation>
+        <translation>Volver al primer resultado</translation>
     </message>
     <message>
         <source>Find More Duplicates</source>
-        <translation type="unfinished"></translation>
+        <translation>Buscar más duplicados</translation>
     </message>
     <message>
         <source>Shows the duplicates that the scan has found</source>
-        <translation type="unfinished"></translation>
+        <translation>Muestra los duplicados que encontró el análisis</translation>
     </message>
     <message>
         <source>Compares every song with every other, in every script</source>
-        <translation type="unfinished"></translation>
+        <translation>Compara cada canción con todas las demás, en cualquier escritura</translation>
     </message>
 </context>
 <context>
     <name>GroupMenu</name>
     <message>
         <source>Clean Up This Group</source>
-        <translation type="unfinished"></translation>
+        <translation>Limpiar este grupo</translation>
     </message>
     <message>
         <source>Move Duplicates to Trash</source>
-        <translation type="unfinished"></translation>
+        <translation>Mover duplicados a la papelera</translation>
     </message>
     <message>
         <source>Move Duplicates to Folder…</source>
-        <translation type="unfinished"></translation>
+        <translation>Mover duplicados a una carpeta…</translation>
     </message>
 </context>
 <context>
@@ -657,181 +657,189 @@ For large music libraries, we recommend:
 • Clearing previous results before starting a new batch
 
 This helps ensure accurate duplicate detection and optimal performance.</source>
-        <translation type="unfinished"></translation>
+        <translation>No se pueden importar más de %L1 canciones en una sola sesión.
+
+Para bibliotecas de música grandes se recomienda:
+• Procesar la biblioteca por lotes, según el género o la carpeta
+• Usar entre 1000 y 2000 canciones por sesión para un mejor rendimiento
+• Borrar los resultados anteriores antes de empezar un lote nuevo
+
+Así la detección de duplicados será precisa y rápida.</translation>
     </message>
     <message>
         <source>Cannot import more than %1 songs.
 Please select a smaller folder.</source>
-        <translation type="unfinished"></translation>
+        <translation>No se pueden importar más de %L1 canciones.
+Seleccione una carpeta más pequeña.</translation>
     </message>
     <message>
         <source>Files are being moved. Open “%1” again when that is done.</source>
-        <translation type="unfinished"></translation>
+        <translation>Se están moviendo archivos. Abra «%1» de nuevo cuando termine.</translation>
     </message>
     <message numerus="yes">
         <source>Files are being moved. Open these %Ln items again when that is done.</source>
-        <translation type="unfinished">
-            <numerusform></numerusform>
-            <numerusform></numerusform>
+        <translation>
+            <numerusform>Se están moviendo archivos. Abra este elemento (%Ln) de nuevo cuando termine.</numerusform>
+            <numerusform>Se están moviendo archivos. Abra estos %Ln elementos de nuevo cuando termine.</numerusform>
         </translation>
     </message>
     <message numerus="yes">
         <source>Scanning “%1” replaces this list, which still has %Ln duplicates.</source>
-        <translation type="unfinished">
-            <numerusform></numerusform>
-            <numerusform></numerusform>
+        <translation>
+            <numerusform>Al analizar «%1» se sustituirá esta lista, que aún tiene %Ln duplicado.</numerusform>
+            <numerusform>Al analizar «%1» se sustituirá esta lista, que aún tiene %Ln duplicados.</numerusform>
         </translation>
     </message>
     <message numerus="yes">
         <source>Scanning these %L1 items replaces this list, which still has %Ln duplicates.</source>
         <extracomment>%L1 is the number of files and folders, at least 2</extracomment>
-        <translation type="unfinished">
-            <numerusform></numerusform>
-            <numerusform></numerusform>
+        <translation>
+            <numerusform>Al analizar estos %L1 elementos se sustituirá esta lista, que aún tiene %Ln duplicado.</numerusform>
+            <numerusform>Al analizar estos %L1 elementos se sustituirá esta lista, que aún tiene %Ln duplicados.</numerusform>
         </translation>
     </message>
     <message>
         <source>Only “%1” is being scanned. Use “Add Song” to choose several items together.</source>
-        <translation type="unfinished"></translation>
+        <translation>Solo se está analizando «%1». Use «Añadir canción» para elegir varios elementos a la vez.</translation>
     </message>
 </context>
 <context>
     <name>MainWindow</name>
     <message>
         <source>Sonavo</source>
-        <translation type="unfinished"></translation>
+        <translation>Sonavo</translation>
     </message>
     <message>
         <source>&amp;File</source>
         <comment>a menu</comment>
-        <translation type="unfinished"></translation>
+        <translation>&amp;Archivo</translation>
     </message>
     <message>
         <source>Add Song</source>
-        <translation type="unfinished"></translation>
+        <translation>Añadir canción</translation>
     </message>
     <message>
         <source>Clear List</source>
-        <translation type="unfinished"></translation>
+        <translation>Vaciar la lista</translation>
     </message>
     <message>
         <source>Find More Duplicates</source>
-        <translation type="unfinished"></translation>
+        <translation>Buscar más duplicados</translation>
     </message>
     <message>
         <source>Return to First Result</source>
-        <translation type="unfinished"></translation>
+        <translation>Volver al primer resultado</translation>
     </message>
     <message>
         <source>Quit</source>
-        <translation type="unfinished"></translation>
+        <translation>Salir</translation>
     </message>
     <message>
         <source>&amp;Edit</source>
         <comment>a menu</comment>
-        <translation type="unfinished"></translation>
+        <translation>&amp;Editar</translation>
     </message>
     <message>
         <source>Undo</source>
-        <translation type="unfinished"></translation>
+        <translation>Deshacer</translation>
     </message>
     <message>
         <source>Keep Lossless Copies</source>
-        <translation type="unfinished"></translation>
+        <translation>Conservar copias sin pérdida</translation>
     </message>
     <message>
         <source>&amp;Window</source>
         <comment>a menu</comment>
-        <translation type="unfinished"></translation>
+        <translation>&amp;Ventana</translation>
     </message>
     <message>
         <source>Minimize</source>
-        <translation type="unfinished"></translation>
+        <translation>Minimizar</translation>
     </message>
     <message>
         <source>Show Main Window</source>
-        <translation type="unfinished"></translation>
+        <translation>Mostrar la ventana principal</translation>
     </message>
     <message>
         <source>&amp;Help</source>
         <comment>a menu</comment>
-        <translation type="unfinished"></translation>
+        <translation>A&amp;yuda</translation>
     </message>
     <message>
         <source>About Sonavo</source>
-        <translation type="unfinished"></translation>
+        <translation>Acerca de Sonavo</translation>
     </message>
 </context>
 <context>
     <name>ModernToolbar</name>
     <message>
         <source>Actions</source>
-        <translation type="unfinished"></translation>
+        <translation>Acciones</translation>
     </message>
     <message>
         <source>Add Song</source>
-        <translation type="unfinished"></translation>
+        <translation>Añadir canción</translation>
     </message>
     <message>
         <source>Cleanup All</source>
-        <translation type="unfinished"></translation>
+        <translation>Limpiar todo</translation>
     </message>
     <message>
         <source>Move Duplicates</source>
-        <translation type="unfinished"></translation>
+        <translation>Mover duplicados</translation>
     </message>
     <message numerus="yes">
         <source>%n duplicates</source>
-        <translation type="unfinished">
-            <numerusform></numerusform>
-            <numerusform></numerusform>
+        <translation>
+            <numerusform>%Ln duplicado</numerusform>
+            <numerusform>%Ln duplicados</numerusform>
         </translation>
     </message>
     <message numerus="yes">
         <source>%n total</source>
         <comment>songs</comment>
-        <translation type="unfinished">
-            <numerusform></numerusform>
-            <numerusform></numerusform>
+        <translation>
+            <numerusform>%Ln en total</numerusform>
+            <numerusform>%Ln en total</numerusform>
         </translation>
     </message>
     <message>
         <source>Clear List</source>
-        <translation type="unfinished"></translation>
+        <translation>Vaciar la lista</translation>
     </message>
 </context>
 <context>
     <name>NoDuplicatesFoundView</name>
     <message>
         <source>Perfect! No Duplicates Found</source>
-        <translation type="unfinished"></translation>
+        <translation>¡Perfecto! No hay duplicados</translation>
     </message>
     <message>
         <source>Your music library is clean and organized</source>
-        <translation type="unfinished"></translation>
+        <translation>Su biblioteca de música está limpia y ordenada</translation>
     </message>
     <message numerus="yes">
         <source>%n songs scanned</source>
-        <translation type="unfinished">
-            <numerusform></numerusform>
-            <numerusform></numerusform>
+        <translation>
+            <numerusform>%Ln canción analizada</numerusform>
+            <numerusform>%Ln canciones analizadas</numerusform>
         </translation>
     </message>
     <message>
         <source>All unique</source>
         <comment>songs</comment>
-        <translation type="unfinished"></translation>
+        <translation>Todas únicas</translation>
     </message>
 </context>
 <context>
     <name>NotificationAlert</name>
     <message>
         <source>Notification</source>
-        <translation type="unfinished"></translation>
+        <translation>Notificación</translation>
     </message>
     <message>
         <source>OK</source>
-        <translation type="unfinished"></translation>
+        <translation>Aceptar</translation>
     </message>
 </context>
 <context>
@@ -839,12 +847,12 @@ Please select a smaller folder.</source>
     <message>
         <source>Playing %1</source>
         <comment>%1 is the name of a song</comment>
-        <translation type="unfinished"></translation>
+        <translation>Reproduciendo %1</translation>
     </message>
     <message>
         <source>Stop</source>
         <comment>the playback of a song</comment>
-        <translation type="unfinished"></translation>
+        <translation>Detener</translation>
     </message>
 </context>
 <context>
@@ -852,164 +860,164 @@ Please select a smaller folder.</source>
     <message>
         <source>The disk of %1 is not there</source>
         <comment>%1 is a path</comment>
-        <translation type="unfinished"></translation>
+        <translation>El disco de %1 no está</translation>
     </message>
     <message>
         <source>The file at %1 is not the one that was moved there</source>
         <comment>%1 is a path</comment>
-        <translation type="unfinished"></translation>
+        <translation>El archivo que está en %1 no es el que se movió allí</translation>
     </message>
     <message>
         <source>The file is neither at %1 nor at %2 any more</source>
         <comment>two paths</comment>
-        <translation type="unfinished"></translation>
+        <translation>El archivo ya no está ni en %1 ni en %2</translation>
     </message>
 </context>
 <context>
     <name>ReplaceResultSheet</name>
     <message>
         <source>Replace the List?</source>
-        <translation type="unfinished"></translation>
+        <translation>¿Sustituir la lista?</translation>
     </message>
     <message>
         <source>Cancel</source>
-        <translation type="unfinished"></translation>
+        <translation>Cancelar</translation>
     </message>
     <message>
         <source>Scan</source>
         <comment>a button that starts a scan</comment>
-        <translation type="unfinished"></translation>
+        <translation>Analizar</translation>
     </message>
 </context>
 <context>
     <name>Review</name>
     <message>
         <source>Changing the groups...</source>
-        <translation type="unfinished"></translation>
+        <translation>Cambiando los grupos…</translation>
     </message>
     <message>
         <source>No original has changed</source>
-        <translation type="unfinished"></translation>
+        <translation>No ha cambiado ningún original</translation>
     </message>
     <message numerus="yes">
         <source>Changed the original in %Ln groups</source>
-        <translation type="unfinished">
-            <numerusform></numerusform>
-            <numerusform></numerusform>
+        <translation>
+            <numerusform>Original cambiado en %Ln grupo</numerusform>
+            <numerusform>Original cambiado en %Ln grupos</numerusform>
         </translation>
     </message>
     <message>
         <source>Find More Duplicates</source>
-        <translation type="unfinished"></translation>
+        <translation>Buscar más duplicados</translation>
     </message>
     <message>
         <source>Comparing every song with every other...</source>
-        <translation type="unfinished"></translation>
+        <translation>Comparando cada canción con todas las demás…</translation>
     </message>
     <message>
         <source>Return to First Result</source>
-        <translation type="unfinished"></translation>
+        <translation>Volver al primer resultado</translation>
     </message>
     <message>
         <source>Returned to the first result</source>
-        <translation type="unfinished"></translation>
+        <translation>Se ha vuelto al primer resultado</translation>
     </message>
     <message>
         <source>Keep This One</source>
-        <translation type="unfinished"></translation>
+        <translation>Conservar esta</translation>
     </message>
     <message>
         <source>Keep Copies in This Folder</source>
-        <translation type="unfinished"></translation>
+        <translation>Conservar copias de esta carpeta</translation>
     </message>
     <message>
         <source>Keep Lossless Copies</source>
-        <translation type="unfinished"></translation>
+        <translation>Conservar copias sin pérdida</translation>
     </message>
     <message>
         <source>Not a Duplicate</source>
-        <translation type="unfinished"></translation>
+        <translation>No es un duplicado</translation>
     </message>
     <message>
         <source>No group has changed</source>
-        <translation type="unfinished"></translation>
+        <translation>No ha cambiado ningún grupo</translation>
     </message>
     <message>
         <source>Not a duplicate: %1</source>
-        <translation type="unfinished"></translation>
+        <translation>No es un duplicado: %1</translation>
     </message>
 </context>
 <context>
     <name>Scan</name>
     <message>
         <source>Starting scan...</source>
-        <translation type="unfinished"></translation>
+        <translation>Iniciando el análisis…</translation>
     </message>
     <message>
         <source>Step 1/4: Discovering audio files...</source>
-        <translation type="unfinished"></translation>
+        <translation>Paso 1/4: buscando archivos de audio…</translation>
     </message>
     <message>
         <source>No audio files found in the selected folder.</source>
-        <translation type="unfinished"></translation>
+        <translation>No se encontraron archivos de audio en la carpeta seleccionada.</translation>
     </message>
     <message numerus="yes">
         <source>Step 1/4: Processing %n audio files...</source>
-        <translation type="unfinished">
-            <numerusform></numerusform>
-            <numerusform></numerusform>
+        <translation>
+            <numerusform>Paso 1/4: procesando %Ln archivo de audio…</numerusform>
+            <numerusform>Paso 1/4: procesando %Ln archivos de audio…</numerusform>
         </translation>
     </message>
     <message>
         <source>Step 1/4: Processing audio files (%1 of %2)</source>
-        <translation type="unfinished"></translation>
+        <translation>Paso 1/4: procesando archivos de audio (%L1 de %L2)</translation>
     </message>
     <message>
         <source>Step 2/4: Preparing for duplicate analysis...</source>
-        <translation type="unfinished"></translation>
+        <translation>Paso 2/4: preparando el análisis de duplicados…</translation>
     </message>
     <message>
         <source>No supported audio files found.</source>
-        <translation type="unfinished"></translation>
+        <translation>No se encontraron archivos de audio compatibles.</translation>
     </message>
     <message>
         <source>Step 2/4: Analyzing duplicates...</source>
-        <translation type="unfinished"></translation>
+        <translation>Paso 2/4: analizando duplicados…</translation>
     </message>
 </context>
 <context>
     <name>SongLimitWarningView</name>
     <message>
         <source>Large Library Detection</source>
-        <translation type="unfinished"></translation>
+        <translation>Biblioteca grande detectada</translation>
     </message>
     <message>
         <source>Adding a large number of songs may affect performance.</source>
-        <translation type="unfinished"></translation>
+        <translation>Añadir muchas canciones puede afectar al rendimiento.</translation>
     </message>
     <message>
         <source>Performance Recommendations:</source>
-        <translation type="unfinished"></translation>
+        <translation>Recomendaciones de rendimiento:</translation>
     </message>
     <message>
         <source>Best Performance: Up to 5000 songs</source>
-        <translation type="unfinished"></translation>
+        <translation>Mejor rendimiento: hasta 5000 canciones</translation>
     </message>
     <message>
         <source>Good Performance: 5000-10000 songs</source>
-        <translation type="unfinished"></translation>
+        <translation>Buen rendimiento: de 5000 a 10 000 canciones</translation>
     </message>
     <message>
         <source>Maximum per session: 500000 songs</source>
-        <translation type="unfinished"></translation>
+        <translation>Máximo por sesión: 500 000 canciones</translation>
     </message>
     <message>
         <source>Cancel</source>
-        <translation type="unfinished"></translation>
+        <translation>Cancelar</translation>
     </message>
     <message>
         <source>Add Anyway</source>
-        <translation type="unfinished"></translation>
+        <translation>Añadir igualmente</translation>
     </message>
 </context>
 <context>
@@ -1017,122 +1025,122 @@ Please select a smaller folder.</source>
     <message>
         <source>Stop</source>
         <comment>the playback of a song</comment>
-        <translation type="unfinished"></translation>
+        <translation>Detener</translation>
     </message>
     <message>
         <source>Listen</source>
         <comment>to a song</comment>
-        <translation type="unfinished"></translation>
+        <translation>Escuchar</translation>
     </message>
     <message>
         <source>Keep This One</source>
-        <translation type="unfinished"></translation>
+        <translation>Conservar esta</translation>
     </message>
     <message>
         <source>Keep Copies in This Folder</source>
-        <translation type="unfinished"></translation>
+        <translation>Conservar copias de esta carpeta</translation>
     </message>
     <message>
         <source>Keep Lossless Copies</source>
-        <translation type="unfinished"></translation>
+        <translation>Conservar copias sin pérdida</translation>
     </message>
     <message>
         <source>Not a Duplicate</source>
-        <translation type="unfinished"></translation>
+        <translation>No es un duplicado</translation>
     </message>
     <message>
         <source>Show in Folder</source>
-        <translation type="unfinished"></translation>
+        <translation>Mostrar en la carpeta</translation>
     </message>
     <message>
         <source>Copy Path</source>
-        <translation type="unfinished"></translation>
+        <translation>Copiar la ruta</translation>
     </message>
     <message>
         <source>Move to Trash</source>
-        <translation type="unfinished"></translation>
+        <translation>Mover a la papelera</translation>
     </message>
 </context>
 <context>
     <name>SongRow</name>
     <message>
         <source>Stop listening</source>
-        <translation type="unfinished"></translation>
+        <translation>Dejar de escuchar</translation>
     </message>
     <message>
         <source>Click to listen and verify this song</source>
-        <translation type="unfinished"></translation>
+        <translation>Pulse para escuchar y comprobar esta canción</translation>
     </message>
     <message>
         <source>Delete this song</source>
-        <translation type="unfinished"></translation>
+        <translation>Eliminar esta canción</translation>
     </message>
     <message>
         <source>Moves %1 to the Trash</source>
-        <translation type="unfinished"></translation>
+        <translation>Mueve %1 a la papelera</translation>
     </message>
 </context>
 <context>
     <name>Start</name>
     <message>
         <source>no window can be opened on this display; --report needs none</source>
-        <translation type="unfinished"></translation>
+        <translation>no se puede abrir una ventana en esta pantalla; --report no la necesita</translation>
     </message>
     <message>
         <source>the window is moving files and can scan nothing until that is done</source>
-        <translation type="unfinished"></translation>
+        <translation>la ventana está moviendo archivos y no puede analizar nada hasta que termine</translation>
     </message>
     <message>
         <source>there is no display to open a window on; --report needs none</source>
-        <translation type="unfinished"></translation>
+        <translation>no hay ninguna pantalla en la que abrir una ventana; --report no la necesita</translation>
     </message>
 </context>
 <context>
     <name>TableColumns</name>
     <message>
         <source>File Type</source>
-        <translation type="unfinished"></translation>
+        <translation>Tipo</translation>
     </message>
     <message>
         <source>Duration</source>
-        <translation type="unfinished"></translation>
+        <translation>Duración</translation>
     </message>
     <message>
         <source>File Size</source>
-        <translation type="unfinished"></translation>
+        <translation>Tamaño</translation>
     </message>
     <message>
         <source>Folder Location</source>
-        <translation type="unfinished"></translation>
+        <translation>Carpeta</translation>
     </message>
     <message>
         <source>999.99 GB</source>
         <comment>the longest size, for the width of its column</comment>
-        <translation type="unfinished"></translation>
+        <translation>999,99 GB</translation>
     </message>
     <message>
         <source>ORIGINAL</source>
         <comment>a song</comment>
-        <translation type="unfinished"></translation>
+        <translation>ORIGINAL</translation>
     </message>
     <message>
         <source>DUPLICATE</source>
         <comment>a song</comment>
-        <translation type="unfinished"></translation>
+        <translation>DUPLICADO</translation>
     </message>
 </context>
 <context>
     <name>TableHeaderView</name>
     <message>
         <source>File Name</source>
-        <translation type="unfinished"></translation>
+        <translation>Nombre del archivo</translation>
     </message>
 </context>
 <context>
     <name>ToastView</name>
     <message>
         <source>Close</source>
-        <translation type="unfinished"></translation>
+        <translation>Cerrar</translation>
     </message>
 </context>
 <context>
@@ -1140,16 +1148,16 @@ Please select a smaller folder.</source>
     <message>
         <source>The Trash of this disk cannot be used: %1</source>
         <comment>%1 is the reason</comment>
-        <translation type="unfinished"></translation>
+        <translation>No se puede usar la papelera de este disco: %1</translation>
     </message>
     <message>
         <source>It is on another file system</source>
         <comment>the Trash</comment>
-        <translation type="unfinished"></translation>
+        <translation>Está en otro sistema de archivos</translation>
     </message>
     <message>
         <source>Not a file</source>
-        <translation type="unfinished"></translation>
+        <translation>No es un archivo</translation>
     </message>
 </context>
 <context>
@@ -1157,47 +1165,47 @@ Please select a smaller folder.</source>
     <message>
         <source>Undo</source>
         <comment>a button</comment>
-        <translation type="unfinished"></translation>
+        <translation>Deshacer</translation>
     </message>
     <message>
         <source>Undo %1</source>
         <comment>the name of a step, such as Move to Trash</comment>
-        <translation type="unfinished"></translation>
+        <translation>Deshacer: %1</translation>
     </message>
 </context>
 <context>
     <name>WelcomeView</name>
     <message>
         <source>Welcome to Sonavo</source>
-        <translation type="unfinished"></translation>
+        <translation>Le damos la bienvenida a Sonavo</translation>
     </message>
     <message>
         <source>Find and remove duplicate songs from your music library</source>
-        <translation type="unfinished"></translation>
+        <translation>Encuentre y quite las canciones duplicadas de su biblioteca de música</translation>
     </message>
     <message>
         <source>Browse Files</source>
-        <translation type="unfinished"></translation>
+        <translation>Examinar</translation>
     </message>
 </context>
 <context>
     <name>WindowHeader</name>
     <message>
         <source>Switch to the light theme</source>
-        <translation type="unfinished"></translation>
+        <translation>Cambiar al tema claro</translation>
     </message>
     <message>
         <source>Switch to the dark theme</source>
-        <translation type="unfinished"></translation>
+        <translation>Cambiar al tema oscuro</translation>
     </message>
 </context>
 <context>
     <name>sonavo::CleanUpFailuresModel</name>
     <message numerus="yes">
         <source>%Ln files could not be moved</source>
-        <translation type="unfinished">
-            <numerusform></numerusform>
-            <numerusform></numerusform>
+        <translation>
+            <numerusform>No se pudo mover %Ln archivo</numerusform>
+            <numerusform>No se pudieron mover %Ln archivos</numerusform>
         </translation>
     </message>
 </context>
@@ -1206,34 +1214,34 @@ Please select a smaller folder.</source>
     <message>
         <source>Original</source>
         <comment>a song</comment>
-        <translation type="unfinished"></translation>
+        <translation>Original</translation>
     </message>
     <message>
         <source>Duplicate</source>
         <comment>a song</comment>
-        <translation type="unfinished"></translation>
+        <translation>Duplicado</translation>
     </message>
     <message numerus="yes">
         <source>Group of %n songs</source>
-        <translation type="unfinished">
-            <numerusform></numerusform>
-            <numerusform></numerusform>
+        <translation>
+            <numerusform>Grupo de %Ln canción</numerusform>
+            <numerusform>Grupo de %Ln canciones</numerusform>
         </translation>
     </message>
     <message>
         <source>Frees %1</source>
         <comment>%1 is a size</comment>
-        <translation type="unfinished"></translation>
+        <translation>Libera %1</translation>
     </message>
     <message>
         <source>Found only by comparing every song with every other. Listen before you delete it.</source>
-        <translation type="unfinished"></translation>
+        <translation>Encontrada solo al comparar cada canción con todas las demás. Escúchela antes de eliminarla.</translation>
     </message>
     <message numerus="yes">
         <source>Filter hides %Ln duplicates</source>
-        <translation type="unfinished">
-            <numerusform></numerusform>
-            <numerusform></numerusform>
+        <translation>
+            <numerusform>El filtro oculta %Ln duplicado</numerusform>
+            <numerusform>El filtro oculta %Ln duplicados</numerusform>
         </translation>
     </message>
 </context>
@@ -1241,13 +1249,13 @@ Please select a smaller folder.</source>
     <name>sonavo::LongWork</name>
     <message>
         <source>No duplicates found</source>
-        <translation type="unfinished"></translation>
+        <translation>No se encontraron duplicados</translation>
     </message>
     <message numerus="yes">
         <source>Found %Ln duplicate files</source>
-        <translation type="unfinished">
-            <numerusform></numerusform>
-            <numerusform></numerusform>
+        <translation>
+            <numerusform>%Ln archivo duplicado encontrado</numerusform>
+            <numerusform>%Ln archivos duplicados encontrados</numerusform>
         </translation>
     </message>
 </context>
@@ -1256,7 +1264,7 @@ Please select a smaller folder.</source>
     <message>
         <source>Show</source>
         <comment>the window, by a click on a notification</comment>
-        <translation type="unfinished"></translation>
+        <translation>Mostrar</translation>
     </message>
 </context>
 </TS>

@@ -5,59 +5,59 @@
     <name>AboutSheet</name>
     <message>
         <source>About Sonavo</source>
-        <translation type="unfinished"></translation>
+        <translation>À propos de Sonavo</translation>
     </message>
     <message>
         <source>Sonavo %1</source>
-        <translation type="unfinished"></translation>
+        <translation>Sonavo %1</translation>
     </message>
     <message>
         <source>Finds the songs that a music folder holds more than once. Everything happens on this computer, and nothing is ever deleted outright.</source>
-        <translation type="unfinished"></translation>
+        <translation>Trouve les morceaux présents plusieurs fois dans un dossier de musique. Tout se passe sur cet ordinateur, et rien n’est jamais supprimé définitivement.</translation>
     </message>
     <message>
         <source>Close</source>
-        <translation type="unfinished"></translation>
+        <translation>Fermer</translation>
     </message>
 </context>
 <context>
     <name>Analysis</name>
     <message>
         <source>Step 1/4: Grouping by exact title...</source>
-        <translation type="unfinished"></translation>
+        <translation>Étape 1/4 : regroupement par titre exact…</translation>
     </message>
     <message>
         <source>Step 2/4: Analyzing filename similarities...</source>
-        <translation type="unfinished"></translation>
+        <translation>Étape 2/4 : analyse des noms de fichiers semblables…</translation>
     </message>
     <message>
         <source>Step 3/4: Comparing artist and title...</source>
-        <translation type="unfinished"></translation>
+        <translation>Étape 3/4 : comparaison des artistes et des titres…</translation>
     </message>
     <message>
         <source>Step 4/4: Deep comparison of remaining songs...</source>
-        <translation type="unfinished"></translation>
+        <translation>Étape 4/4 : comparaison approfondie des morceaux restants…</translation>
     </message>
 </context>
 <context>
     <name>BottomInfoBar</name>
     <message>
         <source>Drop a folder to scan for duplicate songs</source>
-        <translation type="unfinished"></translation>
+        <translation>Déposez un dossier pour y chercher les morceaux en double</translation>
     </message>
     <message numerus="yes">
         <source>Found %n duplicate files • %1 • Use speaker icon to verify before deleting</source>
         <comment>%1 says how many more were found</comment>
-        <translation type="unfinished">
-            <numerusform></numerusform>
-            <numerusform></numerusform>
+        <translation>
+            <numerusform>%Ln fichier en double trouvé • %1 • Vérifiez avec le haut-parleur avant de supprimer</numerusform>
+            <numerusform>%Ln fichiers en double trouvés • %1 • Vérifiez avec le haut-parleur avant de supprimer</numerusform>
         </translation>
     </message>
     <message numerus="yes">
         <source>Found %n duplicate files • Use speaker icon to verify before deleting</source>
-        <translation type="unfinished">
-            <numerusform></numerusform>
-            <numerusform></numerusform>
+        <translation>
+            <numerusform>%Ln fichier en double trouvé • Vérifiez avec le haut-parleur avant de supprimer</numerusform>
+            <numerusform>%Ln fichiers en double trouvés • Vérifiez avec le haut-parleur avant de supprimer</numerusform>
         </translation>
     </message>
 </context>
@@ -65,42 +65,42 @@
     <name>ByteCount</name>
     <message>
         <source>%1 KB</source>
-        <translation type="unfinished"></translation>
+        <translation>%1 ko</translation>
     </message>
     <message>
         <source>%1 MB</source>
-        <translation type="unfinished"></translation>
+        <translation>%1 Mo</translation>
     </message>
     <message>
         <source>%1 GB</source>
-        <translation type="unfinished"></translation>
+        <translation>%1 Go</translation>
     </message>
     <message>
         <source>%1 TB</source>
-        <translation type="unfinished"></translation>
+        <translation>%1 To</translation>
     </message>
     <message>
         <source>%1 PB</source>
-        <translation type="unfinished"></translation>
+        <translation>%1 Po</translation>
     </message>
     <message>
         <source>%1 EB</source>
-        <translation type="unfinished"></translation>
+        <translation>%1 Eo</translation>
     </message>
     <message>
         <source>Zero KB</source>
-        <translation type="unfinished"></translation>
+        <translation>0 ko</translation>
     </message>
     <message>
         <source>1 byte</source>
-        <translation type="unfinished"></translation>
+        <translation>1 octet</translation>
     </message>
     <message numerus="yes">
         <source>%n bytes</source>
         <comment>2 to 999</comment>
-        <translation type="unfinished">
-            <numerusform></numerusform>
-            <numerusform></numerusform>
+        <translation>
+            <numerusform>%n octet</numerusform>
+            <numerusform>%n octets</numerusform>
         </translation>
     </message>
 </context>
@@ -109,357 +109,357 @@
     <message>
         <source>%1%</source>
         <comment>a percentage</comment>
-        <translation type="unfinished"></translation>
+        <translation>%1 %</translation>
     </message>
     <message>
         <source>of this step</source>
         <comment>follows a percentage</comment>
-        <translation type="unfinished"></translation>
+        <translation>de cette étape</translation>
     </message>
     <message>
         <source>Your files stay as they are</source>
-        <translation type="unfinished"></translation>
+        <translation>Vos fichiers restent inchangés</translation>
     </message>
     <message>
         <source>Cancel &amp; Go Back</source>
-        <translation type="unfinished"></translation>
+        <translation>Annuler et revenir</translation>
     </message>
 </context>
 <context>
     <name>CleanUp</name>
     <message>
         <source>The file does not exist any more</source>
-        <translation type="unfinished"></translation>
+        <translation>Le fichier n’existe plus</translation>
     </message>
     <message>
         <source>The file cannot be read (%1)</source>
-        <translation type="unfinished"></translation>
+        <translation>Le fichier est illisible (%1)</translation>
     </message>
     <message>
         <source>The file has been changed since it was scanned</source>
-        <translation type="unfinished"></translation>
+        <translation>Le fichier a été modifié depuis l’analyse</translation>
     </message>
     <message>
         <source>The file is gone or has been changed meanwhile</source>
-        <translation type="unfinished"></translation>
+        <translation>Le fichier a disparu ou a été modifié entre-temps</translation>
     </message>
     <message>
         <source>The original of its group does not exist any more</source>
-        <translation type="unfinished"></translation>
+        <translation>L’original de son groupe n’existe plus</translation>
     </message>
     <message>
         <source>The original of its group cannot be read (%1)</source>
-        <translation type="unfinished"></translation>
+        <translation>L’original de son groupe est illisible (%1)</translation>
     </message>
     <message>
         <source>The original of its group has been changed since it was scanned</source>
-        <translation type="unfinished"></translation>
+        <translation>L’original de son groupe a été modifié depuis l’analyse</translation>
     </message>
     <message>
         <source>The original of its group is gone or has been changed meanwhile</source>
-        <translation type="unfinished"></translation>
+        <translation>L’original de son groupe a disparu ou a été modifié entre-temps</translation>
     </message>
     <message>
         <source>The file cannot be reached</source>
-        <translation type="unfinished"></translation>
+        <translation>Le fichier est inaccessible</translation>
     </message>
     <message>
         <source>The original of its group is gone or was changed</source>
-        <translation type="unfinished"></translation>
+        <translation>L’original de son groupe a disparu ou a été modifié</translation>
     </message>
     <message>
         <source>The file was changed at the moment when it was moved</source>
-        <translation type="unfinished"></translation>
+        <translation>Le fichier a été modifié au moment de son déplacement</translation>
     </message>
     <message>
         <source>%1, so the file was put back</source>
         <comment>%1 says what has happened, without a full stop</comment>
-        <translation type="unfinished"></translation>
+        <translation>%1 ; le fichier a donc été remis en place</translation>
     </message>
     <message>
         <source>%1. The file is at %2 now: %3</source>
         <comment>what has happened, a path, and why the file could not be put back</comment>
-        <translation type="unfinished"></translation>
+        <translation>%1. Le fichier se trouve maintenant à %2 : %3</translation>
     </message>
     <message>
         <source>%1.</source>
         <comment>a sentence and its full stop</comment>
-        <translation type="unfinished"></translation>
+        <translation>%1.</translation>
     </message>
     <message>
         <source>It may be the same file as an original, which another file system shows as well</source>
-        <translation type="unfinished"></translation>
+        <translation>C’est peut-être le même fichier qu’un original, visible aussi sur un autre système de fichiers</translation>
     </message>
     <message>
         <source>It stays at %1: %2</source>
         <comment>a path and the reason</comment>
-        <translation type="unfinished"></translation>
+        <translation>Il reste à %1 : %2</translation>
     </message>
     <message>
         <source>Another song of this group is the very same file and would be gone as well.</source>
-        <translation type="unfinished"></translation>
+        <translation>Un autre morceau de ce groupe est exactement le même fichier et disparaîtrait aussi.</translation>
     </message>
     <message>
         <source>Another song of this group was gone as well</source>
-        <translation type="unfinished"></translation>
+        <translation>Un autre morceau de ce groupe avait disparu aussi</translation>
     </message>
     <message>
         <source>Moving %L1 of %L2 to the Trash</source>
         <comment>files</comment>
-        <translation type="unfinished"></translation>
+        <translation>Mise à la corbeille : %L1 sur %L2</translation>
     </message>
     <message>
         <source>Moving %L1 of %L2 to the folder</source>
         <comment>files</comment>
-        <translation type="unfinished"></translation>
+        <translation>Déplacement vers le dossier : %L1 sur %L2</translation>
     </message>
     <message>
         <source>Select a folder to move duplicate files to</source>
-        <translation type="unfinished"></translation>
+        <translation>Choisir le dossier où déplacer les fichiers en double</translation>
     </message>
     <message>
         <source>Select Folder</source>
-        <translation type="unfinished"></translation>
+        <translation>Choisir le dossier</translation>
     </message>
     <message>
         <source>Failed to create folder: %1</source>
-        <translation type="unfinished"></translation>
+        <translation>Impossible de créer le dossier : %1</translation>
     </message>
     <message>
         <source>Folder path copied to clipboard</source>
-        <translation type="unfinished"></translation>
+        <translation>Chemin du dossier copié dans le presse-papiers</translation>
     </message>
     <message>
         <source>Could not delete file: %1</source>
-        <translation type="unfinished"></translation>
+        <translation>Impossible de supprimer le fichier : %1</translation>
     </message>
     <message>
         <source>Moved to Trash: %1</source>
-        <translation type="unfinished"></translation>
+        <translation>Mis à la corbeille : %1</translation>
     </message>
     <message>
         <source>Putting back %L1 of %L2</source>
         <comment>files</comment>
-        <translation type="unfinished"></translation>
+        <translation>Remise en place : %L1 sur %L2</translation>
     </message>
     <message>
         <source>Undone: %1</source>
         <comment>the name of a step, such as Keep This One</comment>
-        <translation type="unfinished"></translation>
+        <translation>Annulé : %1</translation>
     </message>
     <message>
         <source>Move to Trash</source>
         <comment>the name of a step</comment>
-        <translation type="unfinished"></translation>
+        <translation>Mettre à la corbeille</translation>
     </message>
     <message>
         <source>Move to Folder</source>
         <comment>the name of a step</comment>
-        <translation type="unfinished"></translation>
+        <translation>Déplacer vers un dossier</translation>
     </message>
 </context>
 <context>
     <name>CleanUpProgressView</name>
     <message>
         <source>Progress</source>
-        <translation type="unfinished"></translation>
+        <translation>Progression</translation>
     </message>
     <message>
         <source>%1%</source>
         <comment>a percentage</comment>
-        <translation type="unfinished"></translation>
+        <translation>%1 %</translation>
     </message>
     <message>
         <source>Stopping…</source>
         <comment>a clean-up, an undo or a search</comment>
-        <translation type="unfinished"></translation>
+        <translation>Arrêt…</translation>
     </message>
     <message>
         <source>Stop</source>
         <comment>a clean-up, an undo or a search</comment>
-        <translation type="unfinished"></translation>
+        <translation>Arrêter</translation>
     </message>
 </context>
 <context>
     <name>CleanUpSummaryView</name>
     <message>
         <source>Back to List</source>
-        <translation type="unfinished"></translation>
+        <translation>Retour à la liste</translation>
     </message>
     <message>
         <source>Try Again</source>
-        <translation type="unfinished"></translation>
+        <translation>Réessayer</translation>
     </message>
 </context>
 <context>
     <name>CleanUpText</name>
     <message>
         <source>No more duplicates found</source>
-        <translation type="unfinished"></translation>
+        <translation>Aucun autre doublon trouvé</translation>
     </message>
     <message numerus="yes">
         <source>%Ln more duplicates found</source>
-        <translation type="unfinished">
-            <numerusform></numerusform>
-            <numerusform></numerusform>
+        <translation>
+            <numerusform>%Ln autre doublon trouvé</numerusform>
+            <numerusform>%Ln autres doublons trouvés</numerusform>
         </translation>
     </message>
     <message numerus="yes">
         <source>Move %Ln duplicates (%1) to the Trash</source>
-        <translation type="unfinished">
-            <numerusform></numerusform>
-            <numerusform></numerusform>
+        <translation>
+            <numerusform>Mettre %Ln doublon (%1) à la corbeille</numerusform>
+            <numerusform>Mettre %Ln doublons (%1) à la corbeille</numerusform>
         </translation>
     </message>
     <message numerus="yes">
         <source>Move %Ln duplicates (%1) to a folder</source>
-        <translation type="unfinished">
-            <numerusform></numerusform>
-            <numerusform></numerusform>
+        <translation>
+            <numerusform>Déplacer %Ln doublon (%1) vers un dossier</numerusform>
+            <numerusform>Déplacer %Ln doublons (%1) vers un dossier</numerusform>
         </translation>
     </message>
     <message>
         <source>No duplicates to move</source>
-        <translation type="unfinished"></translation>
+        <translation>Aucun doublon à déplacer</translation>
     </message>
     <message numerus="yes">
         <source>Moved %n files to Trash</source>
-        <translation type="unfinished">
-            <numerusform></numerusform>
-            <numerusform></numerusform>
+        <translation>
+            <numerusform>%Ln fichier mis à la corbeille</numerusform>
+            <numerusform>%Ln fichiers mis à la corbeille</numerusform>
         </translation>
     </message>
     <message numerus="yes">
         <source>Moved %n files to folder</source>
-        <translation type="unfinished">
-            <numerusform></numerusform>
-            <numerusform></numerusform>
+        <translation>
+            <numerusform>%Ln fichier déplacé vers le dossier</numerusform>
+            <numerusform>%Ln fichiers déplacés vers le dossier</numerusform>
         </translation>
     </message>
     <message numerus="yes">
         <source>Moved %n files</source>
-        <translation type="unfinished">
-            <numerusform></numerusform>
-            <numerusform></numerusform>
+        <translation>
+            <numerusform>%Ln fichier déplacé</numerusform>
+            <numerusform>%Ln fichiers déplacés</numerusform>
         </translation>
     </message>
     <message numerus="yes">
         <source>%n failed</source>
         <comment>files</comment>
-        <translation type="unfinished">
-            <numerusform></numerusform>
-            <numerusform></numerusform>
+        <translation>
+            <numerusform>%Ln échec</numerusform>
+            <numerusform>%Ln échecs</numerusform>
         </translation>
     </message>
     <message numerus="yes">
         <source>%n not moved</source>
         <comment>files</comment>
-        <translation type="unfinished">
-            <numerusform></numerusform>
-            <numerusform></numerusform>
+        <translation>
+            <numerusform>%Ln non déplacé</numerusform>
+            <numerusform>%Ln non déplacés</numerusform>
         </translation>
     </message>
     <message>
         <source>Saved %1</source>
         <extracomment>%1 is a size, as in &quot;Saved 84.3 MB&quot;</extracomment>
-        <translation type="unfinished"></translation>
+        <translation>%1 économisés</translation>
     </message>
     <message>
         <source>No files were moved</source>
-        <translation type="unfinished"></translation>
+        <translation>Aucun fichier n’a été déplacé</translation>
     </message>
     <message numerus="yes">
         <source>%Ln files moved to the Trash</source>
-        <translation type="unfinished">
-            <numerusform></numerusform>
-            <numerusform></numerusform>
+        <translation>
+            <numerusform>%Ln fichier mis à la corbeille</numerusform>
+            <numerusform>%Ln fichiers mis à la corbeille</numerusform>
         </translation>
     </message>
     <message numerus="yes">
         <source>%Ln files moved to a folder</source>
-        <translation type="unfinished">
-            <numerusform></numerusform>
-            <numerusform></numerusform>
+        <translation>
+            <numerusform>%Ln fichier déplacé vers un dossier</numerusform>
+            <numerusform>%Ln fichiers déplacés vers un dossier</numerusform>
         </translation>
     </message>
     <message numerus="yes">
         <source>%Ln songs remain</source>
         <comment>in the list</comment>
-        <translation type="unfinished">
-            <numerusform></numerusform>
-            <numerusform></numerusform>
+        <translation>
+            <numerusform>Il reste %Ln morceau</numerusform>
+            <numerusform>Il reste %Ln morceaux</numerusform>
         </translation>
     </message>
     <message numerus="yes">
         <source>The new disk could not store all attributes of %Ln songs: %1</source>
         <extracomment>%1 lists names of extended attributes of the file system</extracomment>
-        <translation type="unfinished">
-            <numerusform></numerusform>
-            <numerusform></numerusform>
+        <translation>
+            <numerusform>Le nouveau disque n’a pas pu conserver tous les attributs de %Ln morceau : %1</numerusform>
+            <numerusform>Le nouveau disque n’a pas pu conserver tous les attributs de %Ln morceaux : %1</numerusform>
         </translation>
     </message>
     <message numerus="yes">
         <source>%Ln files put back</source>
-        <translation type="unfinished">
-            <numerusform></numerusform>
-            <numerusform></numerusform>
+        <translation>
+            <numerusform>%Ln fichier remis en place</numerusform>
+            <numerusform>%Ln fichiers remis en place</numerusform>
         </translation>
     </message>
     <message numerus="yes">
         <source>%Ln failed</source>
         <comment>files</comment>
-        <translation type="unfinished">
-            <numerusform></numerusform>
-            <numerusform></numerusform>
+        <translation>
+            <numerusform>%Ln échec</numerusform>
+            <numerusform>%Ln échecs</numerusform>
         </translation>
     </message>
     <message numerus="yes">
         <source>%Ln not put back</source>
         <comment>files</comment>
-        <translation type="unfinished">
-            <numerusform></numerusform>
-            <numerusform></numerusform>
+        <translation>
+            <numerusform>%Ln non remis en place</numerusform>
+            <numerusform>%Ln non remis en place</numerusform>
         </translation>
     </message>
     <message numerus="yes">
         <source>%Ln files could not be put back:</source>
         <comment>a list follows</comment>
-        <translation type="unfinished">
-            <numerusform></numerusform>
-            <numerusform></numerusform>
+        <translation>
+            <numerusform>%Ln fichier n’a pas pu être remis en place :</numerusform>
+            <numerusform>%Ln fichiers n’ont pas pu être remis en place :</numerusform>
         </translation>
     </message>
     <message numerus="yes">
         <source>and %Ln more</source>
         <comment>the end of a list of files</comment>
-        <translation type="unfinished">
-            <numerusform></numerusform>
-            <numerusform></numerusform>
+        <translation>
+            <numerusform>et %Ln autre</numerusform>
+            <numerusform>et %Ln autres</numerusform>
         </translation>
     </message>
     <message>
         <source>A few seconds left</source>
-        <translation type="unfinished"></translation>
+        <translation>Encore quelques secondes</translation>
     </message>
     <message numerus="yes">
         <source>About %Ln seconds left</source>
-        <translation type="unfinished">
-            <numerusform></numerusform>
-            <numerusform></numerusform>
+        <translation>
+            <numerusform>Encore %Ln seconde environ</numerusform>
+            <numerusform>Encore %Ln secondes environ</numerusform>
         </translation>
     </message>
     <message numerus="yes">
         <source>About %Ln minutes left</source>
-        <translation type="unfinished">
-            <numerusform></numerusform>
-            <numerusform></numerusform>
+        <translation>
+            <numerusform>Encore %Ln minute environ</numerusform>
+            <numerusform>Encore %Ln minutes environ</numerusform>
         </translation>
     </message>
     <message numerus="yes">
         <source>About %Ln hours left</source>
-        <translation type="unfinished">
-            <numerusform></numerusform>
-            <numerusform></numerusform>
+        <translation>
+            <numerusform>Encore %Ln heure environ</numerusform>
+            <numerusform>Encore %Ln heures environ</numerusform>
         </translation>
     </message>
 </context>
@@ -467,11 +467,11 @@
     <name>DropZone</name>
     <message>
         <source>Drag &amp; Drop Music Folder Here</source>
-        <translation type="unfinished"></translation>
+        <translation>Glissez-déposez un dossier de musique ici</translation>
     </message>
     <message>
         <source>Drop a folder to scan for duplicate songs</source>
-        <translation type="unfinished"></translation>
+        <translation>Déposez un dossier pour y chercher les morceaux en double</translation>
     </message>
 </context>
 <context>
@@ -479,56 +479,56 @@
     <message>
         <source>, </source>
         <comment>between the parts of a description</comment>
-        <translation type="unfinished"></translation>
+        <translation>, </translation>
     </message>
     <message>
         <source>expanded</source>
         <comment>a group of songs</comment>
-        <translation type="unfinished"></translation>
+        <translation>déplié</translation>
     </message>
     <message>
         <source>collapsed</source>
         <comment>a group of songs</comment>
-        <translation type="unfinished"></translation>
+        <translation>replié</translation>
     </message>
     <message>
         <source>Clean Up This Group</source>
-        <translation type="unfinished"></translation>
+        <translation>Nettoyer ce groupe</translation>
     </message>
 </context>
 <context>
     <name>DuplicateList</name>
     <message>
         <source>Duplicate songs</source>
-        <translation type="unfinished"></translation>
+        <translation>Morceaux en double</translation>
     </message>
     <message>
         <source>No group matches the filter</source>
-        <translation type="unfinished"></translation>
+        <translation>Aucun groupe ne correspond au filtre</translation>
     </message>
     <message>
         <source>, </source>
         <comment>between the parts of a description</comment>
-        <translation type="unfinished"></translation>
+        <translation>, </translation>
     </message>
     <message>
         <source>%1 kbit/s</source>
-        <translation type="unfinished"></translation>
+        <translation>%1 kbit/s</translation>
     </message>
     <message>
         <source>lossless</source>
         <comment>the kind of a sound file</comment>
-        <translation type="unfinished"></translation>
+        <translation>sans perte</translation>
     </message>
     <message>
         <source>%1 (%L2 bytes)</source>
         <comment>a size in short, and in full</comment>
-        <translation type="unfinished"></translation>
+        <translation>%1 (%L2 octets)</translation>
     </message>
     <message>
         <source>Changed %1</source>
         <comment>%1 is when a file was changed</comment>
-        <translation type="unfinished"></translation>
+        <translation>Modifié le %1</translation>
     </message>
 </context>
 <context>
@@ -536,11 +536,11 @@
     <message>
         <source>, </source>
         <comment>between the parts of a description</comment>
-        <translation type="unfinished"></translation>
+        <translation>, </translation>
     </message>
     <message>
         <source>Show in Folder</source>
-        <translation type="unfinished"></translation>
+        <translation>Afficher dans le dossier</translation>
     </message>
 </context>
 <context>
@@ -548,7 +548,7 @@
     <message>
         <source>Show</source>
         <comment>the files that could not be moved</comment>
-        <translation type="unfinished"></translation>
+        <translation>Afficher</translation>
     </message>
 </context>
 <context>
@@ -556,12 +556,12 @@
     <message>
         <source>Add Songs</source>
         <comment>the title of a dialog</comment>
-        <translation type="unfinished"></translation>
+        <translation>Ajouter des morceaux</translation>
     </message>
     <message>
         <source>Songs (*.%1)</source>
         <comment>a kind of files; %1 lists their extensions</comment>
-        <translation type="unfinished"></translation>
+        <translation>Morceaux (*.%1)</translation>
     </message>
 </context>
 <context>
@@ -569,12 +569,12 @@
     <message>
         <source>It is not certain that the file was moved (%1). Look for it at %2 and at %3.</source>
         <comment>an error and two paths</comment>
-        <translation type="unfinished"></translation>
+        <translation>Il n’est pas certain que le fichier ait été déplacé (%1). Cherchez-le à %2 et à %3.</translation>
     </message>
     <message>
         <source>It is not certain that the file was moved (%1). Look for it at %2 and at %3, and for what was put in its place at %4.</source>
         <comment>an error and three paths</comment>
-        <translation type="unfinished"></translation>
+        <translation>Il n’est pas certain que le fichier ait été déplacé (%1). Cherchez-le à %2 et à %3 ; ce qui a été mis à sa place est à %4.</translation>
     </message>
 </context>
 <context>
@@ -582,68 +582,68 @@
     <message>
         <source>As Found</source>
         <comment>an order of groups</comment>
-        <translation type="unfinished"></translation>
+        <translation>Ordre trouvé</translation>
     </message>
     <message>
         <source>Space Freed</source>
         <comment>an order of groups</comment>
-        <translation type="unfinished"></translation>
+        <translation>Espace libéré</translation>
     </message>
     <message>
         <source>Name</source>
         <comment>an order of groups</comment>
-        <translation type="unfinished"></translation>
+        <translation>Nom</translation>
     </message>
     <message>
         <source>Folder</source>
         <comment>an order of groups</comment>
-        <translation type="unfinished"></translation>
+        <translation>Dossier</translation>
     </message>
     <message>
         <source>Filter names and folders</source>
-        <translation type="unfinished"></translation>
+        <translation>Filtrer les noms et dossiers</translation>
     </message>
     <message>
         <source>Show all groups</source>
-        <translation type="unfinished"></translation>
+        <translation>Afficher tous les groupes</translation>
     </message>
     <message>
         <source>Sort: %1</source>
-        <translation type="unfinished"></translation>
+        <translation>Tri : %1</translation>
     </message>
 </context>
 <context>
     <name>FindMoreButton</name>
     <message>
         <source>Return to First Result</source>
-        <translation type="unfinished"></translation>
+        <translation>Revenir au premier résultat</translation>
     </message>
     <message>
         <source>Find More Duplicates</source>
-        <translation type="unfinished"></translation>
+        <translation>Chercher plus de doublons</translation>
     </message>
     <message>
         <source>Shows the duplicates that the scan has found</source>
-        <translation type="unfinished"></translation>
+        <translation>Affiche les doublons trouvés par l’analyse</translation>
     </message>
     <message>
         <source>Compares every song with every other, in every script</source>
-        <translation type="unfinished"></translation>
+        <translation>Compare chaque morceau à tous les autres, dans toutes les écritures</translation>
     </message>
 </context>
 <context>
     <name>GroupMenu</name>
     <message>
         <source>Clean Up This Group</source>
-        <translation type="unfinished"></translation>
+        <translation>Nettoyer ce groupe</translation>
     </message>
     <message>
         <source>Move Duplicates to Trash</source>
-        <translation type="unfinished"></translation>
+        <translation>Mettre les doublons à la corbeille</translation>
     </message>
     <message>
         <source>Move Duplicates to Folder…</source>
-        <translation type="unfinished"></translation>
+        <translation>Déplacer les doublons…</translation>
     </message>
 </context>
 <context>
@@ -657,181 +657,189 @@ For large music libraries, we recommend:
 • Clearing previous results before starting a new batch
 
 This helps ensure accurate duplicate detection and optimal performance.</source>
-        <translation type="unfinished"></translation>
+        <translation>Impossible d’importer plus de %L1 morceaux en une seule session.
+
+Pour les grandes bibliothèques musicales, il est recommandé de :
+• traiter la bibliothèque par lots, selon le genre ou le dossier
+• se limiter à 1 000 à 2 000 morceaux par session pour de meilleures performances
+• effacer les résultats précédents avant de commencer un nouveau lot
+
+La détection des doublons reste ainsi précise et rapide.</translation>
     </message>
     <message>
         <source>Cannot import more than %1 songs.
 Please select a smaller folder.</source>
-        <translation type="unfinished"></translation>
+        <translation>Impossible d’importer plus de %L1 morceaux.
+Veuillez choisir un dossier plus petit.</translation>
     </message>
     <message>
         <source>Files are being moved. Open “%1” again when that is done.</source>
-        <translation type="unfinished"></translation>
+        <translation>Des fichiers sont en cours de déplacement. Rouvrez « %1 » ensuite.</translation>
     </message>
     <message numerus="yes">
         <source>Files are being moved. Open these %Ln items again when that is done.</source>
-        <translation type="unfinished">
-            <numerusform></numerusform>
-            <numerusform></numerusform>
+        <translation>
+            <numerusform>Des fichiers sont en cours de déplacement. Rouvrez cet élément (%Ln) ensuite.</numerusform>
+            <numerusform>Des fichiers sont en cours de déplacement. Rouvrez ces %Ln éléments ensuite.</numerusform>
         </translation>
     </message>
     <message numerus="yes">
         <source>Scanning “%1” replaces this list, which still has %Ln duplicates.</source>
-        <translation type="unfinished">
-            <numerusform></numerusform>
-            <numerusform></numerusform>
+        <translation>
+            <numerusform>L’analyse de « %1 » remplace cette liste, qui contient encore %Ln doublon.</numerusform>
+            <numerusform>L’analyse de « %1 » remplace cette liste, qui contient encore %Ln doublons.</numerusform>
         </translation>
     </message>
     <message numerus="yes">
         <source>Scanning these %L1 items replaces this list, which still has %Ln duplicates.</source>
         <extracomment>%L1 is the number of files and folders, at least 2</extracomment>
-        <translation type="unfinished">
-            <numerusform></numerusform>
-            <numerusform></numerusform>
+        <translation>
+            <numerusform>L’analyse de ces %L1 éléments remplace cette liste, qui contient encore %Ln doublon.</numerusform>
+            <numerusform>L’analyse de ces %L1 éléments remplace cette liste, qui contient encore %Ln doublons.</numerusform>
         </translation>
     </message>
     <message>
         <source>Only “%1” is being scanned. Use “Add Song” to choose several items together.</source>
-        <translation type="unfinished"></translation>
+        <translation>Seul « %1 » est analysé. Utilisez « Ajouter un morceau » pour choisir plusieurs éléments à la fois.</translation>
     </message>
 </context>
 <context>
     <name>MainWindow</name>
     <message>
         <source>Sonavo</source>
-        <translation type="unfinished"></translation>
+        <translation>Sonavo</translation>
     </message>
     <message>
         <source>&amp;File</source>
         <comment>a menu</comment>
-        <translation type="unfinished"></translation>
+        <translation>&amp;Fichier</translation>
     </message>
     <message>
         <source>Add Song</source>
-        <translation type="unfinished"></translation>
+        <translation>Ajouter un morceau</translation>
     </message>
     <message>
         <source>Clear List</source>
-        <translation type="unfinished"></translation>
+        <translation>Vider la liste</translation>
     </message>
     <message>
         <source>Find More Duplicates</source>
-        <translation type="unfinished"></translation>
+        <translation>Chercher plus de doublons</translation>
     </message>
     <message>
         <source>Return to First Result</source>
-        <translation type="unfinished"></translation>
+        <translation>Revenir au premier résultat</translation>
     </message>
     <message>
         <source>Quit</source>
-        <translation type="unfinished"></translation>
+        <translation>Quitter</translation>
     </message>
     <message>
         <source>&amp;Edit</source>
         <comment>a menu</comment>
-        <translation type="unfinished"></translation>
+        <translation>É&amp;dition</translation>
     </message>
     <message>
         <source>Undo</source>
-        <translation type="unfinished"></translation>
+        <translation>Annuler</translation>
     </message>
     <message>
         <source>Keep Lossless Copies</source>
-        <translation type="unfinished"></translation>
+        <translation>Garder les copies sans perte</translation>
     </message>
     <message>
         <source>&amp;Window</source>
         <comment>a menu</comment>
-        <translation type="unfinished"></translation>
+        <translation>Fe&amp;nêtre</translation>
     </message>
     <message>
         <source>Minimize</source>
-        <translation type="unfinished"></translation>
+        <translation>Réduire</translation>
     </message>
     <message>
         <source>Show Main Window</source>
-        <translation type="unfinished"></translation>
+        <translation>Afficher la fenêtre principale</translation>
     </message>
     <message>
         <source>&amp;Help</source>
         <comment>a menu</comment>
-        <translation type="unfinished"></translation>
+        <translation>&amp;Aide</translation>
     </message>
     <message>
         <source>About Sonavo</source>
-        <translation type="unfinished"></translation>
+        <translation>À propos de Sonavo</translation>
     </message>
 </context>
 <context>
     <name>ModernToolbar</name>
     <message>
         <source>Actions</source>
-        <translation type="unfinished"></translation>
+        <translation>Actions</translation>
     </message>
     <message>
         <source>Add Song</source>
-        <translation type="unfinished"></translation>
+        <translation>Ajouter un morceau</translation>
     </message>
     <message>
         <source>Cleanup All</source>
-        <translation type="unfinished"></translation>
+        <translation>Tout nettoyer</translation>
     </message>
     <message>
         <source>Move Duplicates</source>
-        <translation type="unfinished"></translation>
+        <translation>Déplacer les doublons</translation>
     </message>
     <message numerus="yes">
         <source>%n duplicates</source>
-        <translation type="unfinished">
-            <numerusform></numerusform>
-            <numerusform></numerusform>
+        <translation>
+            <numerusform>%Ln doublon</numerusform>
+            <numerusform>%Ln doublons</numerusform>
         </translation>
     </message>
     <message numerus="yes">
         <source>%n total</source>
         <comment>songs</comment>
-        <translation type="unfinished">
-            <numerusform></numerusform>
-            <numerusform></numerusform>
+        <translation>
+            <numerusform>%Ln au total</numerusform>
+            <numerusform>%Ln au total</numerusform>
         </translation>
     </message>
     <message>
         <source>Clear List</source>
-        <translation type="unfinished"></translation>
+        <translation>Vider la liste</translation>
     </message>
 </context>
 <context>
     <name>NoDuplicatesFoundView</name>
     <message>
         <source>Perfect! No Duplicates Found</source>
-        <translation type="unfinished"></translation>
+        <translation>Parfait ! Aucun doublon trouvé</translation>
     </message>
     <message>
         <source>Your music library is clean and organized</source>
-        <translation type="unfinished"></translation>
+        <translation>Votre bibliothèque musicale est propre et bien rangée</translation>
     </message>
     <message numerus="yes">
         <source>%n songs scanned</source>
-        <translation type="unfinished">
-            <numerusform></numerusform>
-            <numerusform></numerusform>
+        <translation>
+            <numerusform>%Ln morceau analysé</numerusform>
+            <numerusform>%Ln morceaux analysés</numerusform>
         </translation>
     </message>
     <message>
         <source>All unique</source>
         <comment>songs</comment>
-        <translation type="unfinished"></translation>
+        <translation>Tous uniques</translation>
     </message>
 </context>
 <context>
     <name>NotificationAlert</name>
     <message>
         <source>Notification</source>
-        <translation type="unfinished"></translation>
+        <translation>Notification</translation>
     </message>
     <message>
         <source>OK</source>
-        <translation type="unfinished"></translation>
+        <translation>OK</translation>
     </message>
 </context>
 <context>
@@ -839,12 +847,12 @@ Please select a smaller folder.</source>
     <message>
         <source>Playing %1</source>
         <comment>%1 is the name of a song</comment>
-        <translation type="unfinished"></translation>
+        <translation>Lecture de %1</translation>
     </message>
     <message>
         <source>Stop</source>
         <comment>the playback of a song</comment>
-        <translation type="unfinished"></translation>
+        <translation>Arrêter</translation>
     </message>
 </context>
 <context>
@@ -852,164 +860,164 @@ Please select a smaller folder.</source>
     <message>
         <source>The disk of %1 is not there</source>
         <comment>%1 is a path</comment>
-        <translation type="unfinished"></translation>
+        <translation>Le disque de %1 est absent</translation>
     </message>
     <message>
         <source>The file at %1 is not the one that was moved there</source>
         <comment>%1 is a path</comment>
-        <translation type="unfinished"></translation>
+        <translation>Le fichier situé à %1 n’est pas celui qui y a été déplacé</translation>
     </message>
     <message>
         <source>The file is neither at %1 nor at %2 any more</source>
         <comment>two paths</comment>
-        <translation type="unfinished"></translation>
+        <translation>Le fichier n’est plus ni à %1 ni à %2</translation>
     </message>
 </context>
 <context>
     <name>ReplaceResultSheet</name>
     <message>
         <source>Replace the List?</source>
-        <translation type="unfinished"></translation>
+        <translation>Remplacer la liste ?</translation>
     </message>
     <message>
         <source>Cancel</source>
-        <translation type="unfinished"></translation>
+        <translation>Annuler</translation>
     </message>
     <message>
         <source>Scan</source>
         <comment>a button that starts a scan</comment>
-        <translation type="unfinished"></translation>
+        <translation>Analyser</translation>
     </message>
 </context>
 <context>
     <name>Review</name>
     <message>
         <source>Changing the groups...</source>
-        <translation type="unfinished"></translation>
+        <translation>Modification des groupes…</translation>
     </message>
     <message>
         <source>No original has changed</source>
-        <translation type="unfinished"></translation>
+        <translation>Aucun original n’a changé</translation>
     </message>
     <message numerus="yes">
         <source>Changed the original in %Ln groups</source>
-        <translation type="unfinished">
-            <numerusform></numerusform>
-            <numerusform></numerusform>
+        <translation>
+            <numerusform>Original changé dans %Ln groupe</numerusform>
+            <numerusform>Original changé dans %Ln groupes</numerusform>
         </translation>
     </message>
     <message>
         <source>Find More Duplicates</source>
-        <translation type="unfinished"></translation>
+        <translation>Chercher plus de doublons</translation>
     </message>
     <message>
         <source>Comparing every song with every other...</source>
-        <translation type="unfinished"></translation>
+        <translation>Comparaison de chaque morceau à tous les autres…</translation>
     </message>
     <message>
         <source>Return to First Result</source>
-        <translation type="unfinished"></translation>
+        <translation>Revenir au premier résultat</translation>
     </message>
     <message>
         <source>Returned to the first result</source>
-        <translation type="unfinished"></translation>
+        <translation>Retour au premier résultat</translation>
     </message>
     <message>
         <source>Keep This One</source>
-        <translation type="unfinished"></translation>
+        <translation>Garder celui-ci</translation>
     </message>
     <message>
         <source>Keep Copies in This Folder</source>
-        <translation type="unfinished"></translation>
+        <translation>Garder les copies de ce dossier</translation>
     </message>
     <message>
         <source>Keep Lossless Copies</source>
-        <translation type="unfinished"></translation>
+        <translation>Garder les copies sans perte</translation>
     </message>
     <message>
         <source>Not a Duplicate</source>
-        <translation type="unfinished"></translation>
+        <translation>Pas un doublon</translation>
     </message>
     <message>
         <source>No group has changed</source>
-        <translation type="unfinished"></translation>
+        <translation>Aucun groupe n’a changé</translation>
     </message>
     <message>
         <source>Not a duplicate: %1</source>
-        <translation type="unfinished"></translation>
+        <translation>Pas un doublon : %1</translation>
     </message>
 </context>
 <context>
     <name>Scan</name>
     <message>
         <source>Starting scan...</source>
-        <translation type="unfinished"></translation>
+        <translation>Démarrage de l’analyse…</translation>
     </message>
     <message>
         <source>Step 1/4: Discovering audio files...</source>
-        <translation type="unfinished"></translation>
+        <translation>Étape 1/4 : recherche des fichiers audio…</translation>
     </message>
     <message>
         <source>No audio files found in the selected folder.</source>
-        <translation type="unfinished"></translation>
+        <translation>Aucun fichier audio trouvé dans le dossier choisi.</translation>
     </message>
     <message numerus="yes">
         <source>Step 1/4: Processing %n audio files...</source>
-        <translation type="unfinished">
-            <numerusform></numerusform>
-            <numerusform></numerusform>
+        <translation>
+            <numerusform>Étape 1/4 : traitement de %Ln fichier audio…</numerusform>
+            <numerusform>Étape 1/4 : traitement de %Ln fichiers audio…</numerusform>
         </translation>
     </message>
     <message>
         <source>Step 1/4: Processing audio files (%1 of %2)</source>
-        <translation type="unfinished"></translation>
+        <translation>Étape 1/4 : traitement des fichiers audio (%L1 sur %L2)</translation>
     </message>
     <message>
         <source>Step 2/4: Preparing for duplicate analysis...</source>
-        <translation type="unfinished"></translation>
+        <translation>Étape 2/4 : préparation de la recherche des doublons…</translation>
     </message>
     <message>
         <source>No supported audio files found.</source>
-        <translation type="unfinished"></translation>
+        <translation>Aucun fichier audio pris en charge trouvé.</translation>
     </message>
     <message>
         <source>Step 2/4: Analyzing duplicates...</source>
-        <translation type="unfinished"></translation>
+        <translation>Étape 2/4 : analyse des doublons…</translation>
     </message>
 </context>
 <context>
     <name>SongLimitWarningView</name>
     <message>
         <source>Large Library Detection</source>
-        <translation type="unfinished"></translation>
+        <translation>Grande bibliothèque détectée</translation>
     </message>
     <message>
         <source>Adding a large number of songs may affect performance.</source>
-        <translation type="unfinished"></translation>
+        <translation>L’ajout d’un grand nombre de morceaux peut nuire aux performances.</translation>
     </message>
     <message>
         <source>Performance Recommendations:</source>
-        <translation type="unfinished"></translation>
+        <translation>Recommandations :</translation>
     </message>
     <message>
         <source>Best Performance: Up to 5000 songs</source>
-        <translation type="unfinished"></translation>
+        <translation>Performances optimales : jusqu’à 5 000 morceaux</translation>
     </message>
     <message>
         <source>Good Performance: 5000-10000 songs</source>
-        <translation type="unfinished"></translation>
+        <translation>Bonnes performances : de 5 000 à 10 000 morceaux</translation>
     </message>
     <message>
         <source>Maximum per session: 500000 songs</source>
-        <translation type="unfinished"></translation>
+        <translation>Maximum par session : 500 000 morceaux</translation>
     </message>
     <message>
         <source>Cancel</source>
-        <translation type="unfinished"></translation>
+        <translation>Annuler</translation>
     </message>
     <message>
         <source>Add Anyway</source>
-        <translation type="unfinished"></translation>
+        <translation>Ajouter quand même</translation>
     </message>
 </context>
 <context>
@@ -1017,122 +1025,122 @@ Please select a smaller folder.</source>
     <message>
         <source>Stop</source>
         <comment>the playback of a song</comment>
-        <translation type="unfinished"></translation>
+        <translation>Arrêter</translation>
     </message>
     <message>
         <source>Listen</source>
         <comment>to a song</comment>
-        <translation type="unfinished"></translation>
+        <translation>Écouter</translation>
     </message>
     <message>
         <source>Keep This One</source>
-        <translation type="unfinished"></translation>
+        <translation>Garder celui-ci</translation>
     </message>
     <message>
         <source>Keep Copies in This Folder</source>
-        <translation type="unfinished"></translation>
+        <translation>Garder les copies de ce dossier</translation>
     </message>
     <message>
         <source>Keep Lossless Copies</source>
-        <translation type="unfinished"></translation>
+        <translation>Garder les copies sans perte</translation>
     </message>
     <message>
         <source>Not a Duplicate</source>
-        <translation type="unfinished"></translation>
+        <translation>Pas un doublon</translation>
     </message>
     <message>
         <source>Show in Folder</source>
-        <translation type="unfinished"></translation>
+        <translation>Afficher dans le dossier</translation>
     </message>
     <message>
         <source>Copy Path</source>
-        <translation type="unfinished"></translation>
+        <translation>Copier le chemin</translation>
     </message>
     <message>
         <source>Move to Trash</source>
-        <translation type="unfinished"></translation>
+        <translation>Mettre à la corbeille</translation>
     </message>
 </context>
 <context>
     <name>SongRow</name>
     <message>
         <source>Stop listening</source>
-        <translation type="unfinished"></translation>
+        <translation>Arrêter l’écoute</translation>
     </message>
     <message>
         <source>Click to listen and verify this song</source>
-        <translation type="unfinished"></translation>
+        <translation>Cliquez pour écouter et vérifier ce morceau</translation>
     </message>
     <message>
         <source>Delete this song</source>
-        <translation type="unfinished"></translation>
+        <translation>Supprimer ce morceau</translation>
     </message>
     <message>
         <source>Moves %1 to the Trash</source>
-        <translation type="unfinished"></translation>
+        <translation>Met %1 à la corbeille</translation>
     </message>
 </context>
 <context>
     <name>Start</name>
     <message>
         <source>no window can be opened on this display; --report needs none</source>
-        <translation type="unfinished"></translation>
+        <translation>impossible d’ouvrir une fenêtre sur cet affichage ; --report n’en a pas besoin</translation>
     </message>
     <message>
         <source>the window is moving files and can scan nothing until that is done</source>
-        <translation type="unfinished"></translation>
+        <translation>la fenêtre déplace des fichiers et ne peut rien analyser avant la fin</translation>
     </message>
     <message>
         <source>there is no display to open a window on; --report needs none</source>
-        <translation type="unfinished"></translation>
+        <translation>aucun affichage où ouvrir une fenêtre ; --report n’en a pas besoin</translation>
     </message>
 </context>
 <context>
     <name>TableColumns</name>
     <message>
         <source>File Type</source>
-        <translation type="unfinished"></translation>
+        <translation>Type</translation>
     </message>
     <message>
         <source>Duration</source>
-        <translation type="unfinished"></translation>
+        <translation>Durée</translation>
     </message>
     <message>
         <source>File Size</source>
-        <translation type="unfinished"></translation>
+        <translation>Taille</translation>
     </message>
     <message>
         <source>Folder Location</source>
-        <translation type="unfinished"></translation>
+        <translation>Dossier</translation>
     </message>
     <message>
         <source>999.99 GB</source>
         <comment>the longest size, for the width of its column</comment>
-        <translation type="unfinished"></translation>
+        <translation>999,99 Go</translation>
     </message>
     <message>
         <source>ORIGINAL</source>
         <comment>a song</comment>
-        <translation type="unfinished"></translation>
+        <translation>ORIGINAL</translation>
     </message>
     <message>
         <source>DUPLICATE</source>
         <comment>a song</comment>
-        <translation type="unfinished"></translation>
+        <translation>DOUBLON</translation>
     </message>
 </context>
 <context>
     <name>TableHeaderView</name>
     <message>
         <source>File Name</source>
-        <translation type="unfinished"></translation>
+        <translation>Nom du fichier</translation>
     </message>
 </context>
 <context>
     <name>ToastView</name>
     <message>
         <source>Close</source>
-        <translation type="unfinished"></translation>
+        <translation>Fermer</translation>
     </message>
 </context>
 <context>
@@ -1140,16 +1148,16 @@ Please select a smaller folder.</source>
     <message>
         <source>The Trash of this disk cannot be used: %1</source>
         <comment>%1 is the reason</comment>
-        <translation type="unfinished"></translation>
+        <translation>La corbeille de ce disque est inutilisable : %1</translation>
     </message>
     <message>
         <source>It is on another file system</source>
         <comment>the Trash</comment>
-        <translation type="unfinished"></translation>
+        <translation>Elle se trouve sur un autre système de fichiers</translation>
     </message>
     <message>
         <source>Not a file</source>
-        <translation type="unfinished"></translation>
+        <translation>Ce n’est pas un fichier</translation>
     </message>
 </context>
 <context>
@@ -1157,47 +1165,47 @@ Please select a smaller folder.</source>
     <message>
         <source>Undo</source>
         <comment>a button</comment>
-        <translation type="unfinished"></translation>
+        <translation>Annuler</translation>
     </message>
     <message>
         <source>Undo %1</source>
         <comment>the name of a step, such as Move to Trash</comment>
-        <translation type="unfinished"></translation>
+        <translation>Annuler : %1</translation>
     </message>
 </context>
 <context>
     <name>WelcomeView</name>
     <message>
         <source>Welcome to Sonavo</source>
-        <translation type="unfinished"></translation>
+        <translation>Bienvenue dans Sonavo</translation>
     </message>
     <message>
         <source>Find and remove duplicate songs from your music library</source>
-        <translation type="unfinished"></translation>
+        <translation>Trouvez et supprimez les morceaux en double de votre bibliothèque musicale</translation>
     </message>
     <message>
         <source>Browse Files</source>
-        <translation type="unfinished"></translation>
+        <translation>Parcourir</translation>
     </message>
 </context>
 <context>
     <name>WindowHeader</name>
     <message>
         <source>Switch to the light theme</source>
-        <translation type="unfinished"></translation>
+        <translation>Passer au thème clair</translation>
     </message>
     <message>
         <source>Switch to the dark theme</source>
-        <translation type="unfinished"></translation>
+        <translation>Passer au thème sombre</translation>
     </message>
 </context>
 <context>
     <name>sonavo::CleanUpFailuresModel</name>
     <message numerus="yes">
         <source>%Ln files could not be moved</source>
-        <translation type="unfinished">
-            <numerusform></numerusform>
-            <numerusform></numerusform>
+        <translation>
+            <numerusform>%Ln fichier n’a pas pu être déplacé</numerusform>
+            <numerusform>%Ln fichiers n’ont pas pu être déplacés</numerusform>
         </translation>
     </message>
 </context>
@@ -1206,34 +1214,34 @@ Please select a smaller folder.</source>
     <message>
         <source>Original</source>
         <comment>a song</comment>
-        <translation type="unfinished"></translation>
+        <translation>Original</translation>
     </message>
     <message>
         <source>Duplicate</source>
         <comment>a song</comment>
-        <translation type="unfinished"></translation>
+        <translation>Doublon</translation>
     </message>
     <message numerus="yes">
         <source>Group of %n songs</source>
-        <translation type="unfinished">
-            <numerusform></numerusform>
-            <numerusform></numerusform>
+        <translation>
+            <numerusform>Groupe de %Ln morceau</numerusform>
+            <numerusform>Groupe de %Ln morceaux</numerusform>
         </translation>
     </message>
     <message>
         <source>Frees %1</source>
         <comment>%1 is a size</comment>
-        <translation type="unfinished"></translation>
+        <translation>Libère %1</translation>
     </message>
     <message>
         <source>Found only by comparing every song with every other. Listen before you delete it.</source>
-        <translation type="unfinished"></translation>
+        <translation>Trouvé seulement en comparant chaque morceau à tous les autres. Écoutez-le avant de le supprimer.</translation>
     </message>
     <message numerus="yes">
         <source>Filter hides %Ln duplicates</source>
-        <translation type="unfinished">
-            <numerusform></numerusform>
-            <numerusform></numerusform>
+        <translation>
+            <numerusform>Le filtre masque %Ln doublon</numerusform>
+            <numerusform>Le filtre masque %Ln doublons</numerusform>
         </translation>
     </message>
 </context>
@@ -1241,13 +1249,13 @@ Please select a smaller folder.</source>
     <name>sonavo::LongWork</name>
     <message>
         <source>No duplicates found</source>
-        <translation type="unfinished"></translation>
+        <translation>Aucun doublon trouvé</translation>
     </message>
     <message numerus="yes">
         <source>Found %Ln duplicate files</source>
-        <translation type="unfinished">
-            <numerusform></numerusform>
-            <numerusform></numerusform>
+        <translation>
+            <numerusform>%Ln fichier en double trouvé</numerusform>
+            <numerusform>%Ln fichiers en double trouvés</numerusform>
         </translation>
     </message>
 </context>
@@ -1256,7 +1264,7 @@ Please select a smaller folder.</source>
     <message>
         <source>Show</source>
         <comment>the window, by a click on a notification</comment>
-        <translation type="unfinished"></translation>
+        <translation>Afficher</translation>
     </message>
 </context>
 </TS>

@@ -5,61 +5,61 @@
     <name>AboutSheet</name>
     <message>
         <source>About Sonavo</source>
-        <translation type="unfinished"></translation>
+        <translation>О программе Sonavo</translation>
     </message>
     <message>
         <source>Sonavo %1</source>
-        <translation type="unfinished"></translation>
+        <translation>Sonavo %1</translation>
     </message>
     <message>
         <source>Finds the songs that a music folder holds more than once. Everything happens on this computer, and nothing is ever deleted outright.</source>
-        <translation type="unfinished"></translation>
+        <translation>Находит песни, которые есть в папке с музыкой больше одного раза. Всё происходит на этом компьютере, и ничего не удаляется безвозвратно.</translation>
     </message>
     <message>
         <source>Close</source>
-        <translation type="unfinished"></translation>
+        <translation>Закрыть</translation>
     </message>
 </context>
 <context>
     <name>Analysis</name>
     <message>
         <source>Step 1/4: Grouping by exact title...</source>
-        <translation type="unfinished"></translation>
+        <translation>Шаг 1/4: группировка по точному названию…</translation>
     </message>
     <message>
         <source>Step 2/4: Analyzing filename similarities...</source>
-        <translation type="unfinished"></translation>
+        <translation>Шаг 2/4: поиск похожих имён файлов…</translation>
     </message>
     <message>
         <source>Step 3/4: Comparing artist and title...</source>
-        <translation type="unfinished"></translation>
+        <translation>Шаг 3/4: сравнение исполнителей и названий…</translation>
     </message>
     <message>
         <source>Step 4/4: Deep comparison of remaining songs...</source>
-        <translation type="unfinished"></translation>
+        <translation>Шаг 4/4: тщательное сравнение остальных песен…</translation>
     </message>
 </context>
 <context>
     <name>BottomInfoBar</name>
     <message>
         <source>Drop a folder to scan for duplicate songs</source>
-        <translation type="unfinished"></translation>
+        <translation>Перетащите папку, чтобы найти повторяющиеся песни</translation>
     </message>
     <message numerus="yes">
         <source>Found %n duplicate files • %1 • Use speaker icon to verify before deleting</source>
         <comment>%1 says how many more were found</comment>
-        <translation type="unfinished">
-            <numerusform></numerusform>
-            <numerusform></numerusform>
-            <numerusform></numerusform>
+        <translation>
+            <numerusform>Найден %Ln повторяющийся файл • %1 • Перед удалением прослушайте его</numerusform>
+            <numerusform>Найдено %Ln повторяющихся файла • %1 • Перед удалением прослушайте их</numerusform>
+            <numerusform>Найдено %Ln повторяющихся файлов • %1 • Перед удалением прослушайте их</numerusform>
         </translation>
     </message>
     <message numerus="yes">
         <source>Found %n duplicate files • Use speaker icon to verify before deleting</source>
-        <translation type="unfinished">
-            <numerusform></numerusform>
-            <numerusform></numerusform>
-            <numerusform></numerusform>
+        <translation>
+            <numerusform>Найден %Ln повторяющийся файл • Перед удалением прослушайте его, нажав на динамик</numerusform>
+            <numerusform>Найдено %Ln повторяющихся файла • Перед удалением прослушайте их, нажав на динамик</numerusform>
+            <numerusform>Найдено %Ln повторяющихся файлов • Перед удалением прослушайте их, нажав на динамик</numerusform>
         </translation>
     </message>
 </context>
@@ -67,43 +67,43 @@
     <name>ByteCount</name>
     <message>
         <source>%1 KB</source>
-        <translation type="unfinished"></translation>
+        <translation>%1 КБ</translation>
     </message>
     <message>
         <source>%1 MB</source>
-        <translation type="unfinished"></translation>
+        <translation>%1 МБ</translation>
     </message>
     <message>
         <source>%1 GB</source>
-        <translation type="unfinished"></translation>
+        <translation>%1 ГБ</translation>
     </message>
     <message>
         <source>%1 TB</source>
-        <translation type="unfinished"></translation>
+        <translation>%1 ТБ</translation>
     </message>
     <message>
         <source>%1 PB</source>
-        <translation type="unfinished"></translation>
+        <translation>%1 ПБ</translation>
     </message>
     <message>
         <source>%1 EB</source>
-        <translation type="unfinished"></translation>
+        <translation>%1 ЭБ</translation>
     </message>
     <message>
         <source>Zero KB</source>
-        <translation type="unfinished"></translation>
+        <translation>0 КБ</translation>
     </message>
     <message>
         <source>1 byte</source>
-        <translation type="unfinished"></translation>
+        <translation>1 байт</translation>
     </message>
     <message numerus="yes">
         <source>%n bytes</source>
         <comment>2 to 999</comment>
-        <translation type="unfinished">
-            <numerusform></numerusform>
-            <numerusform></numerusform>
-            <numerusform></numerusform>
+        <translation>
+            <numerusform>%n байт</numerusform>
+            <numerusform>%n байта</numerusform>
+            <numerusform>%n байт</numerusform>
         </translation>
     </message>
 </context>
@@ -112,377 +112,377 @@
     <message>
         <source>%1%</source>
         <comment>a percentage</comment>
-        <translation type="unfinished"></translation>
+        <translation>%1 %</translation>
     </message>
     <message>
         <source>of this step</source>
         <comment>follows a percentage</comment>
-        <translation type="unfinished"></translation>
+        <translation>этого шага</translation>
     </message>
     <message>
         <source>Your files stay as they are</source>
-        <translation type="unfinished"></translation>
+        <translation>Файлы не изменяются</translation>
     </message>
     <message>
         <source>Cancel &amp; Go Back</source>
-        <translation type="unfinished"></translation>
+        <translation>Отменить и вернуться</translation>
     </message>
 </context>
 <context>
     <name>CleanUp</name>
     <message>
         <source>The file does not exist any more</source>
-        <translation type="unfinished"></translation>
+        <translation>Файл больше не существует</translation>
     </message>
     <message>
         <source>The file cannot be read (%1)</source>
-        <translation type="unfinished"></translation>
+        <translation>Не удаётся прочитать файл (%1)</translation>
     </message>
     <message>
         <source>The file has been changed since it was scanned</source>
-        <translation type="unfinished"></translation>
+        <translation>Файл изменился после поиска</translation>
     </message>
     <message>
         <source>The file is gone or has been changed meanwhile</source>
-        <translation type="unfinished"></translation>
+        <translation>Файл исчез или был изменён за это время</translation>
     </message>
     <message>
         <source>The original of its group does not exist any more</source>
-        <translation type="unfinished"></translation>
+        <translation>Оригинал группы больше не существует</translation>
     </message>
     <message>
         <source>The original of its group cannot be read (%1)</source>
-        <translation type="unfinished"></translation>
+        <translation>Не удаётся прочитать оригинал группы (%1)</translation>
     </message>
     <message>
         <source>The original of its group has been changed since it was scanned</source>
-        <translation type="unfinished"></translation>
+        <translation>Оригинал группы изменился после поиска</translation>
     </message>
     <message>
         <source>The original of its group is gone or has been changed meanwhile</source>
-        <translation type="unfinished"></translation>
+        <translation>Оригинал группы исчез или был изменён за это время</translation>
     </message>
     <message>
         <source>The file cannot be reached</source>
-        <translation type="unfinished"></translation>
+        <translation>Файл недоступен</translation>
     </message>
     <message>
         <source>The original of its group is gone or was changed</source>
-        <translation type="unfinished"></translation>
+        <translation>Оригинал группы исчез или был изменён</translation>
     </message>
     <message>
         <source>The file was changed at the moment when it was moved</source>
-        <translation type="unfinished"></translation>
+        <translation>Файл изменился в момент перемещения</translation>
     </message>
     <message>
         <source>%1, so the file was put back</source>
         <comment>%1 says what has happened, without a full stop</comment>
-        <translation type="unfinished"></translation>
+        <translation>%1, поэтому файл возвращён на место</translation>
     </message>
     <message>
         <source>%1. The file is at %2 now: %3</source>
         <comment>what has happened, a path, and why the file could not be put back</comment>
-        <translation type="unfinished"></translation>
+        <translation>%1. Теперь файл находится здесь: %2. Причина: %3</translation>
     </message>
     <message>
         <source>%1.</source>
         <comment>a sentence and its full stop</comment>
-        <translation type="unfinished"></translation>
+        <translation>%1.</translation>
     </message>
     <message>
         <source>It may be the same file as an original, which another file system shows as well</source>
-        <translation type="unfinished"></translation>
+        <translation>Возможно, это тот же файл, что и оригинал, видимый и в другой файловой системе</translation>
     </message>
     <message>
         <source>It stays at %1: %2</source>
         <comment>a path and the reason</comment>
-        <translation type="unfinished"></translation>
+        <translation>Остаётся здесь: %1. Причина: %2</translation>
     </message>
     <message>
         <source>Another song of this group is the very same file and would be gone as well.</source>
-        <translation type="unfinished"></translation>
+        <translation>Другая песня этой группы — тот же самый файл, и она тоже исчезла бы.</translation>
     </message>
     <message>
         <source>Another song of this group was gone as well</source>
-        <translation type="unfinished"></translation>
+        <translation>Другая песня этой группы тоже исчезла</translation>
     </message>
     <message>
         <source>Moving %L1 of %L2 to the Trash</source>
         <comment>files</comment>
-        <translation type="unfinished"></translation>
+        <translation>Перемещение в корзину: %L1 из %L2</translation>
     </message>
     <message>
         <source>Moving %L1 of %L2 to the folder</source>
         <comment>files</comment>
-        <translation type="unfinished"></translation>
+        <translation>Перемещение в папку: %L1 из %L2</translation>
     </message>
     <message>
         <source>Select a folder to move duplicate files to</source>
-        <translation type="unfinished"></translation>
+        <translation>Выберите папку для повторяющихся файлов</translation>
     </message>
     <message>
         <source>Select Folder</source>
-        <translation type="unfinished"></translation>
+        <translation>Выбрать папку</translation>
     </message>
     <message>
         <source>Failed to create folder: %1</source>
-        <translation type="unfinished"></translation>
+        <translation>Не удалось создать папку: %1</translation>
     </message>
     <message>
         <source>Folder path copied to clipboard</source>
-        <translation type="unfinished"></translation>
+        <translation>Путь к папке скопирован в буфер обмена</translation>
     </message>
     <message>
         <source>Could not delete file: %1</source>
-        <translation type="unfinished"></translation>
+        <translation>Не удалось удалить файл: %1</translation>
     </message>
     <message>
         <source>Moved to Trash: %1</source>
-        <translation type="unfinished"></translation>
+        <translation>Перемещено в корзину: %1</translation>
     </message>
     <message>
         <source>Putting back %L1 of %L2</source>
         <comment>files</comment>
-        <translation type="unfinished"></translation>
+        <translation>Возврат на место: %L1 из %L2</translation>
     </message>
     <message>
         <source>Undone: %1</source>
         <comment>the name of a step, such as Keep This One</comment>
-        <translation type="unfinished"></translation>
+        <translation>Отменено: %1</translation>
     </message>
     <message>
         <source>Move to Trash</source>
         <comment>the name of a step</comment>
-        <translation type="unfinished"></translation>
+        <translation>Переместить в корзину</translation>
     </message>
     <message>
         <source>Move to Folder</source>
         <comment>the name of a step</comment>
-        <translation type="unfinished"></translation>
+        <translation>Переместить в папку</translation>
     </message>
 </context>
 <context>
     <name>CleanUpProgressView</name>
     <message>
         <source>Progress</source>
-        <translation type="unfinished"></translation>
+        <translation>Ход выполнения</translation>
     </message>
     <message>
         <source>%1%</source>
         <comment>a percentage</comment>
-        <translation type="unfinished"></translation>
+        <translation>%1 %</translation>
     </message>
     <message>
         <source>Stopping…</source>
         <comment>a clean-up, an undo or a search</comment>
-        <translation type="unfinished"></translation>
+        <translation>Остановка…</translation>
     </message>
     <message>
         <source>Stop</source>
         <comment>a clean-up, an undo or a search</comment>
-        <translation type="unfinished"></translation>
+        <translation>Остановить</translation>
     </message>
 </context>
 <context>
     <name>CleanUpSummaryView</name>
     <message>
         <source>Back to List</source>
-        <translation type="unfinished"></translation>
+        <translation>Вернуться к списку</translation>
     </message>
     <message>
         <source>Try Again</source>
-        <translation type="unfinished"></translation>
+        <translation>Повторить</translation>
     </message>
 </context>
 <context>
     <name>CleanUpText</name>
     <message>
         <source>No more duplicates found</source>
-        <translation type="unfinished"></translation>
+        <translation>Других дубликатов не найдено</translation>
     </message>
     <message numerus="yes">
         <source>%Ln more duplicates found</source>
-        <translation type="unfinished">
-            <numerusform></numerusform>
-            <numerusform></numerusform>
-            <numerusform></numerusform>
+        <translation>
+            <numerusform>Найден ещё %Ln дубликат</numerusform>
+            <numerusform>Найдено ещё %Ln дубликата</numerusform>
+            <numerusform>Найдено ещё %Ln дубликатов</numerusform>
         </translation>
     </message>
     <message numerus="yes">
         <source>Move %Ln duplicates (%1) to the Trash</source>
-        <translation type="unfinished">
-            <numerusform></numerusform>
-            <numerusform></numerusform>
-            <numerusform></numerusform>
+        <translation>
+            <numerusform>Переместить %Ln дубликат (%1) в корзину</numerusform>
+            <numerusform>Переместить %Ln дубликата (%1) в корзину</numerusform>
+            <numerusform>Переместить %Ln дубликатов (%1) в корзину</numerusform>
         </translation>
     </message>
     <message numerus="yes">
         <source>Move %Ln duplicates (%1) to a folder</source>
-        <translation type="unfinished">
-            <numerusform></numerusform>
-            <numerusform></numerusform>
-            <numerusform></numerusform>
+        <translation>
+            <numerusform>Переместить %Ln дубликат (%1) в папку</numerusform>
+            <numerusform>Переместить %Ln дубликата (%1) в папку</numerusform>
+            <numerusform>Переместить %Ln дубликатов (%1) в папку</numerusform>
         </translation>
     </message>
     <message>
         <source>No duplicates to move</source>
-        <translation type="unfinished"></translation>
+        <translation>Нет дубликатов для перемещения</translation>
     </message>
     <message numerus="yes">
         <source>Moved %n files to Trash</source>
-        <translation type="unfinished">
-            <numerusform></numerusform>
-            <numerusform></numerusform>
-            <numerusform></numerusform>
+        <translation>
+            <numerusform>%Ln файл перемещён в корзину</numerusform>
+            <numerusform>%Ln файла перемещено в корзину</numerusform>
+            <numerusform>%Ln файлов перемещено в корзину</numerusform>
         </translation>
     </message>
     <message numerus="yes">
         <source>Moved %n files to folder</source>
-        <translation type="unfinished">
-            <numerusform></numerusform>
-            <numerusform></numerusform>
-            <numerusform></numerusform>
+        <translation>
+            <numerusform>%Ln файл перемещён в папку</numerusform>
+            <numerusform>%Ln файла перемещено в папку</numerusform>
+            <numerusform>%Ln файлов перемещено в папку</numerusform>
         </translation>
     </message>
     <message numerus="yes">
         <source>Moved %n files</source>
-        <translation type="unfinished">
-            <numerusform></numerusform>
-            <numerusform></numerusform>
-            <numerusform></numerusform>
+        <translation>
+            <numerusform>%Ln файл перемещён</numerusform>
+            <numerusform>%Ln файла перемещено</numerusform>
+            <numerusform>%Ln файлов перемещено</numerusform>
         </translation>
     </message>
     <message numerus="yes">
         <source>%n failed</source>
         <comment>files</comment>
-        <translation type="unfinished">
-            <numerusform></numerusform>
-            <numerusform></numerusform>
-            <numerusform></numerusform>
+        <translation>
+            <numerusform>ошибок: %Ln</numerusform>
+            <numerusform>ошибок: %Ln</numerusform>
+            <numerusform>ошибок: %Ln</numerusform>
         </translation>
     </message>
     <message numerus="yes">
         <source>%n not moved</source>
         <comment>files</comment>
-        <translation type="unfinished">
-            <numerusform></numerusform>
-            <numerusform></numerusform>
-            <numerusform></numerusform>
+        <translation>
+            <numerusform>не перемещено: %Ln</numerusform>
+            <numerusform>не перемещено: %Ln</numerusform>
+            <numerusform>не перемещено: %Ln</numerusform>
         </translation>
     </message>
     <message>
         <source>Saved %1</source>
         <extracomment>%1 is a size, as in &quot;Saved 84.3 MB&quot;</extracomment>
-        <translation type="unfinished"></translation>
+        <translation>Освобождено %1</translation>
     </message>
     <message>
         <source>No files were moved</source>
-        <translation type="unfinished"></translation>
+        <translation>Ни один файл не перемещён</translation>
     </message>
     <message numerus="yes">
         <source>%Ln files moved to the Trash</source>
-        <translation type="unfinished">
-            <numerusform></numerusform>
-            <numerusform></numerusform>
-            <numerusform></numerusform>
+        <translation>
+            <numerusform>%Ln файл перемещён в корзину</numerusform>
+            <numerusform>%Ln файла перемещено в корзину</numerusform>
+            <numerusform>%Ln файлов перемещено в корзину</numerusform>
         </translation>
     </message>
     <message numerus="yes">
         <source>%Ln files moved to a folder</source>
-        <translation type="unfinished">
-            <numerusform></numerusform>
-            <numerusform></numerusform>
-            <numerusform></numerusform>
+        <translation>
+            <numerusform>%Ln файл перемещён в папку</numerusform>
+            <numerusform>%Ln файла перемещено в папку</numerusform>
+            <numerusform>%Ln файлов перемещено в папку</numerusform>
         </translation>
     </message>
     <message numerus="yes">
         <source>%Ln songs remain</source>
         <comment>in the list</comment>
-        <translation type="unfinished">
-            <numerusform></numerusform>
-            <numerusform></numerusform>
-            <numerusform></numerusform>
+        <translation>
+            <numerusform>Осталась %Ln песня</numerusform>
+            <numerusform>Осталось %Ln песни</numerusform>
+            <numerusform>Осталось %Ln песен</numerusform>
         </translation>
     </message>
     <message numerus="yes">
         <source>The new disk could not store all attributes of %Ln songs: %1</source>
         <extracomment>%1 lists names of extended attributes of the file system</extracomment>
-        <translation type="unfinished">
-            <numerusform></numerusform>
-            <numerusform></numerusform>
-            <numerusform></numerusform>
+        <translation>
+            <numerusform>Новый диск не смог сохранить все атрибуты %Ln песни: %1</numerusform>
+            <numerusform>Новый диск не смог сохранить все атрибуты %Ln песен: %1</numerusform>
+            <numerusform>Новый диск не смог сохранить все атрибуты %Ln песен: %1</numerusform>
         </translation>
     </message>
     <message numerus="yes">
         <source>%Ln files put back</source>
-        <translation type="unfinished">
-            <numerusform></numerusform>
-            <numerusform></numerusform>
-            <numerusform></numerusform>
+        <translation>
+            <numerusform>%Ln файл возвращён на место</numerusform>
+            <numerusform>%Ln файла возвращено на место</numerusform>
+            <numerusform>%Ln файлов возвращено на место</numerusform>
         </translation>
     </message>
     <message numerus="yes">
         <source>%Ln failed</source>
         <comment>files</comment>
-        <translation type="unfinished">
-            <numerusform></numerusform>
-            <numerusform></numerusform>
-            <numerusform></numerusform>
+        <translation>
+            <numerusform>ошибок: %Ln</numerusform>
+            <numerusform>ошибок: %Ln</numerusform>
+            <numerusform>ошибок: %Ln</numerusform>
         </translation>
     </message>
     <message numerus="yes">
         <source>%Ln not put back</source>
         <comment>files</comment>
-        <translation type="unfinished">
-            <numerusform></numerusform>
-            <numerusform></numerusform>
-            <numerusform></numerusform>
+        <translation>
+            <numerusform>не возвращено: %Ln</numerusform>
+            <numerusform>не возвращено: %Ln</numerusform>
+            <numerusform>не возвращено: %Ln</numerusform>
         </translation>
     </message>
     <message numerus="yes">
         <source>%Ln files could not be put back:</source>
         <comment>a list follows</comment>
-        <translation type="unfinished">
-            <numerusform></numerusform>
-            <numerusform></numerusform>
-            <numerusform></numerusform>
+        <translation>
+            <numerusform>Не удалось вернуть на место %Ln файл:</numerusform>
+            <numerusform>Не удалось вернуть на место %Ln файла:</numerusform>
+            <numerusform>Не удалось вернуть на место %Ln файлов:</numerusform>
         </translation>
     </message>
     <message numerus="yes">
         <source>and %Ln more</source>
         <comment>the end of a list of files</comment>
-        <translation type="unfinished">
-            <numerusform></numerusform>
-            <numerusform></numerusform>
-            <numerusform></numerusform>
+        <translation>
+            <numerusform>и ещё %Ln</numerusform>
+            <numerusform>и ещё %Ln</numerusform>
+            <numerusform>и ещё %Ln</numerusform>
         </translation>
     </message>
     <message>
         <source>A few seconds left</source>
-        <translation type="unfinished"></translation>
+        <translation>Осталось несколько секунд</translation>
     </message>
     <message numerus="yes">
         <source>About %Ln seconds left</source>
-        <translation type="unfinished">
-            <numerusform></numerusform>
-            <numerusform></numerusform>
-            <numerusform></numerusform>
+        <translation>
+            <numerusform>Осталась примерно %Ln секунда</numerusform>
+            <numerusform>Осталось примерно %Ln секунды</numerusform>
+            <numerusform>Осталось примерно %Ln секунд</numerusform>
         </translation>
     </message>
     <message numerus="yes">
         <source>About %Ln minutes left</source>
-        <translation type="unfinished">
-            <numerusform></numerusform>
-            <numerusform></numerusform>
-            <numerusform></numerusform>
+        <translation>
+            <numerusform>Осталась примерно %Ln минута</numerusform>
+            <numerusform>Осталось примерно %Ln минуты</numerusform>
+            <numerusform>Осталось примерно %Ln минут</numerusform>
         </translation>
     </message>
     <message numerus="yes">
         <source>About %Ln hours left</source>
-        <translation type="unfinished">
-            <numerusform></numerusform>
-            <numerusform></numerusform>
-            <numerusform></numerusform>
+        <translation>
+            <numerusform>Остался примерно %Ln час</numerusform>
+            <numerusform>Осталось примерно %Ln часа</numerusform>
+            <numerusform>Осталось примерно %Ln часов</numerusform>
         </translation>
     </message>
 </context>
@@ -490,11 +490,11 @@
     <name>DropZone</name>
     <message>
         <source>Drag &amp; Drop Music Folder Here</source>
-        <translation type="unfinished"></translation>
+        <translation>Перетащите сюда папку с музыкой</translation>
     </message>
     <message>
         <source>Drop a folder to scan for duplicate songs</source>
-        <translation type="unfinished"></translation>
+        <translation>Перетащите папку, чтобы найти повторяющиеся песни</translation>
     </message>
 </context>
 <context>
@@ -502,56 +502,56 @@
     <message>
         <source>, </source>
         <comment>between the parts of a description</comment>
-        <translation type="unfinished"></translation>
+        <translation>, </translation>
     </message>
     <message>
         <source>expanded</source>
         <comment>a group of songs</comment>
-        <translation type="unfinished"></translation>
+        <translation>развёрнуто</translation>
     </message>
     <message>
         <source>collapsed</source>
         <comment>a group of songs</comment>
-        <translation type="unfinished"></translation>
+        <translation>свёрнуто</translation>
     </message>
     <message>
         <source>Clean Up This Group</source>
-        <translation type="unfinished"></translation>
+        <translation>Очистить эту группу</translation>
     </message>
 </context>
 <context>
     <name>DuplicateList</name>
     <message>
         <source>Duplicate songs</source>
-        <translation type="unfinished"></translation>
+        <translation>Повторяющиеся песни</translation>
     </message>
     <message>
         <source>No group matches the filter</source>
-        <translation type="unfinished"></translation>
+        <translation>Нет групп, подходящих под фильтр</translation>
     </message>
     <message>
         <source>, </source>
         <comment>between the parts of a description</comment>
-        <translation type="unfinished"></translation>
+        <translation>, </translation>
     </message>
     <message>
         <source>%1 kbit/s</source>
-        <translation type="unfinished"></translation>
+        <translation>%1 кбит/с</translation>
     </message>
     <message>
         <source>lossless</source>
         <comment>the kind of a sound file</comment>
-        <translation type="unfinished"></translation>
+        <translation>без потерь</translation>
     </message>
     <message>
         <source>%1 (%L2 bytes)</source>
         <comment>a size in short, and in full</comment>
-        <translation type="unfinished"></translation>
+        <translation>%1 (%L2 байт)</translation>
     </message>
     <message>
         <source>Changed %1</source>
         <comment>%1 is when a file was changed</comment>
-        <translation type="unfinished"></translation>
+        <translation>Изменён: %1</translation>
     </message>
 </context>
 <context>
@@ -559,11 +559,11 @@
     <message>
         <source>, </source>
         <comment>between the parts of a description</comment>
-        <translation type="unfinished"></translation>
+        <translation>, </translation>
     </message>
     <message>
         <source>Show in Folder</source>
-        <translation type="unfinished"></translation>
+        <translation>Показать в папке</translation>
     </message>
 </context>
 <context>
@@ -571,7 +571,7 @@
     <message>
         <source>Show</source>
         <comment>the files that could not be moved</comment>
-        <translation type="unfinished"></translation>
+        <translation>Показать</translation>
     </message>
 </context>
 <context>
@@ -579,12 +579,12 @@
     <message>
         <source>Add Songs</source>
         <comment>the title of a dialog</comment>
-        <translation type="unfinished"></translation>
+        <translation>Добавить песни</translation>
     </message>
     <message>
         <source>Songs (*.%1)</source>
         <comment>a kind of files; %1 lists their extensions</comment>
-        <translation type="unfinished"></translation>
+        <translation>Песни (*.%1)</translation>
     </message>
 </context>
 <context>
@@ -592,12 +592,12 @@
     <message>
         <source>It is not certain that the file was moved (%1). Look for it at %2 and at %3.</source>
         <comment>an error and two paths</comment>
-        <translation type="unfinished"></translation>
+        <translation>Неизвестно, был ли файл перемещён (%1). Ищите его здесь: %2 или здесь: %3.</translation>
     </message>
     <message>
         <source>It is not certain that the file was moved (%1). Look for it at %2 and at %3, and for what was put in its place at %4.</source>
         <comment>an error and three paths</comment>
-        <translation type="unfinished"></translation>
+        <translation>Неизвестно, был ли файл перемещён (%1). Ищите его здесь: %2 или здесь: %3, а то, что оказалось на его месте, — здесь: %4.</translation>
     </message>
 </context>
 <context>
@@ -605,68 +605,68 @@
     <message>
         <source>As Found</source>
         <comment>an order of groups</comment>
-        <translation type="unfinished"></translation>
+        <translation>Как найдены</translation>
     </message>
     <message>
         <source>Space Freed</source>
         <comment>an order of groups</comment>
-        <translation type="unfinished"></translation>
+        <translation>Освобождаемое место</translation>
     </message>
     <message>
         <source>Name</source>
         <comment>an order of groups</comment>
-        <translation type="unfinished"></translation>
+        <translation>Имя</translation>
     </message>
     <message>
         <source>Folder</source>
         <comment>an order of groups</comment>
-        <translation type="unfinished"></translation>
+        <translation>Папка</translation>
     </message>
     <message>
         <source>Filter names and folders</source>
-        <translation type="unfinished"></translation>
+        <translation>Фильтр имён и папок</translation>
     </message>
     <message>
         <source>Show all groups</source>
-        <translation type="unfinished"></translation>
+        <translation>Показать все группы</translation>
     </message>
     <message>
         <source>Sort: %1</source>
-        <translation type="unfinished"></translation>
+        <translation>Порядок: %1</translation>
     </message>
 </context>
 <context>
     <name>FindMoreButton</name>
     <message>
         <source>Return to First Result</source>
-        <translation type="unfinished"></translation>
+        <translation>К первому результату</translation>
     </message>
     <message>
         <source>Find More Duplicates</source>
-        <translation type="unfinished"></translation>
+        <translation>Найти больше дубликатов</translation>
     </message>
     <message>
         <source>Shows the duplicates that the scan has found</source>
-        <translation type="unfinished"></translation>
+        <translation>Показывает дубликаты, найденные при поиске</translation>
     </message>
     <message>
         <source>Compares every song with every other, in every script</source>
-        <translation type="unfinished"></translation>
+        <translation>Сравнивает каждую песню со всеми остальными, в любой письменности</translation>
     </message>
 </context>
 <context>
     <name>GroupMenu</name>
     <message>
         <source>Clean Up This Group</source>
-        <translation type="unfinished"></translation>
+        <translation>Очистить эту группу</translation>
     </message>
     <message>
         <source>Move Duplicates to Trash</source>
-        <translation type="unfinished"></translation>
+        <translation>Переместить дубликаты в корзину</translation>
     </message>
     <message>
         <source>Move Duplicates to Folder…</source>
-        <translation type="unfinished"></translation>
+        <translation>Переместить дубликаты в папку…</translation>
     </message>
 </context>
 <context>
@@ -680,187 +680,195 @@ For large music libraries, we recommend:
 • Clearing previous results before starting a new batch
 
 This helps ensure accurate duplicate detection and optimal performance.</source>
-        <translation type="unfinished"></translation>
+        <translation>За один сеанс нельзя импортировать больше %L1 песен.
+
+Для больших музыкальных коллекций рекомендуется:
+• обрабатывать коллекцию частями по жанрам или папкам
+• для наилучшей скорости брать по 1000–2000 песен за сеанс
+• очищать прежние результаты перед новой частью
+
+Так дубликаты находятся точно и быстро.</translation>
     </message>
     <message>
         <source>Cannot import more than %1 songs.
 Please select a smaller folder.</source>
-        <translation type="unfinished"></translation>
+        <translation>Нельзя импортировать больше %L1 песен.
+Выберите папку поменьше.</translation>
     </message>
     <message>
         <source>Files are being moved. Open “%1” again when that is done.</source>
-        <translation type="unfinished"></translation>
+        <translation>Идёт перемещение файлов. Откройте «%1» ещё раз после его окончания.</translation>
     </message>
     <message numerus="yes">
         <source>Files are being moved. Open these %Ln items again when that is done.</source>
-        <translation type="unfinished">
-            <numerusform></numerusform>
-            <numerusform></numerusform>
-            <numerusform></numerusform>
+        <translation>
+            <numerusform>Идёт перемещение файлов. Откройте %Ln объект ещё раз после его окончания.</numerusform>
+            <numerusform>Идёт перемещение файлов. Откройте %Ln объекта ещё раз после его окончания.</numerusform>
+            <numerusform>Идёт перемещение файлов. Откройте %Ln объектов ещё раз после его окончания.</numerusform>
         </translation>
     </message>
     <message numerus="yes">
         <source>Scanning “%1” replaces this list, which still has %Ln duplicates.</source>
-        <translation type="unfinished">
-            <numerusform></numerusform>
-            <numerusform></numerusform>
-            <numerusform></numerusform>
+        <translation>
+            <numerusform>Поиск в «%1» заменит этот список, в котором ещё %Ln дубликат.</numerusform>
+            <numerusform>Поиск в «%1» заменит этот список, в котором ещё %Ln дубликата.</numerusform>
+            <numerusform>Поиск в «%1» заменит этот список, в котором ещё %Ln дубликатов.</numerusform>
         </translation>
     </message>
     <message numerus="yes">
         <source>Scanning these %L1 items replaces this list, which still has %Ln duplicates.</source>
         <extracomment>%L1 is the number of files and folders, at least 2</extracomment>
-        <translation type="unfinished">
-            <numerusform></numerusform>
-            <numerusform></numerusform>
-            <numerusform></numerusform>
+        <translation>
+            <numerusform>Поиск в выбранных объектах (%L1) заменит этот список, в котором ещё %Ln дубликат.</numerusform>
+            <numerusform>Поиск в выбранных объектах (%L1) заменит этот список, в котором ещё %Ln дубликата.</numerusform>
+            <numerusform>Поиск в выбранных объектах (%L1) заменит этот список, в котором ещё %Ln дубликатов.</numerusform>
         </translation>
     </message>
     <message>
         <source>Only “%1” is being scanned. Use “Add Song” to choose several items together.</source>
-        <translation type="unfinished"></translation>
+        <translation>Поиск идёт только в «%1». Чтобы выбрать сразу несколько объектов, используйте «Добавить песню».</translation>
     </message>
 </context>
 <context>
     <name>MainWindow</name>
     <message>
         <source>Sonavo</source>
-        <translation type="unfinished"></translation>
+        <translation>Sonavo</translation>
     </message>
     <message>
         <source>&amp;File</source>
         <comment>a menu</comment>
-        <translation type="unfinished"></translation>
+        <translation>&amp;Файл</translation>
     </message>
     <message>
         <source>Add Song</source>
-        <translation type="unfinished"></translation>
+        <translation>Добавить песню</translation>
     </message>
     <message>
         <source>Clear List</source>
-        <translation type="unfinished"></translation>
+        <translation>Очистить список</translation>
     </message>
     <message>
         <source>Find More Duplicates</source>
-        <translation type="unfinished"></translation>
+        <translation>Найти больше дубликатов</translation>
     </message>
     <message>
         <source>Return to First Result</source>
-        <translation type="unfinished"></translation>
+        <translation>К первому результату</translation>
     </message>
     <message>
         <source>Quit</source>
-        <translation type="unfinished"></translation>
+        <translation>Выйти</translation>
     </message>
     <message>
         <source>&amp;Edit</source>
         <comment>a menu</comment>
-        <translation type="unfinished"></translation>
+        <translation>&amp;Правка</translation>
     </message>
     <message>
         <source>Undo</source>
-        <translation type="unfinished"></translation>
+        <translation>Отменить</translation>
     </message>
     <message>
         <source>Keep Lossless Copies</source>
-        <translation type="unfinished"></translation>
+        <translation>Оставить копии без потерь</translation>
     </message>
     <message>
         <source>&amp;Window</source>
         <comment>a menu</comment>
-        <translation type="unfinished"></translation>
+        <translation>&amp;Окно</translation>
     </message>
     <message>
         <source>Minimize</source>
-        <translation type="unfinished"></translation>
+        <translation>Свернуть</translation>
     </message>
     <message>
         <source>Show Main Window</source>
-        <translation type="unfinished"></translation>
+        <translation>Показать главное окно</translation>
     </message>
     <message>
         <source>&amp;Help</source>
         <comment>a menu</comment>
-        <translation type="unfinished"></translation>
+        <translation>&amp;Справка</translation>
     </message>
     <message>
         <source>About Sonavo</source>
-        <translation type="unfinished"></translation>
+        <translation>О программе Sonavo</translation>
     </message>
 </context>
 <context>
     <name>ModernToolbar</name>
     <message>
         <source>Actions</source>
-        <translation type="unfinished"></translation>
+        <translation>Действия</translation>
     </message>
     <message>
         <source>Add Song</source>
-        <translation type="unfinished"></translation>
+        <translation>Добавить песню</translation>
     </message>
     <message>
         <source>Cleanup All</source>
-        <translation type="unfinished"></translation>
+        <translation>Очистить всё</translation>
     </message>
     <message>
         <source>Move Duplicates</source>
-        <translation type="unfinished"></translation>
+        <translation>Переместить дубликаты</translation>
     </message>
     <message numerus="yes">
         <source>%n duplicates</source>
-        <translation type="unfinished">
-            <numerusform></numerusform>
-            <numerusform></numerusform>
-            <numerusform></numerusform>
+        <translation>
+            <numerusform>%Ln дубликат</numerusform>
+            <numerusform>%Ln дубликата</numerusform>
+            <numerusform>%Ln дубликатов</numerusform>
         </translation>
     </message>
     <message numerus="yes">
         <source>%n total</source>
         <comment>songs</comment>
-        <translation type="unfinished">
-            <numerusform></numerusform>
-            <numerusform></numerusform>
-            <numerusform></numerusform>
+        <translation>
+            <numerusform>всего %Ln</numerusform>
+            <numerusform>всего %Ln</numerusform>
+            <numerusform>всего %Ln</numerusform>
         </translation>
     </message>
     <message>
         <source>Clear List</source>
-        <translation type="unfinished"></translation>
+        <translation>Очистить список</translation>
     </message>
 </context>
 <context>
     <name>NoDuplicatesFoundView</name>
     <message>
         <source>Perfect! No Duplicates Found</source>
-        <translation type="unfinished"></translation>
+        <translation>Отлично! Дубликатов нет</translation>
     </message>
     <message>
         <source>Your music library is clean and organized</source>
-        <translation type="unfinished"></translation>
+        <translation>В вашей музыкальной коллекции полный порядок</translation>
     </message>
     <message numerus="yes">
         <source>%n songs scanned</source>
-        <translation type="unfinished">
-            <numerusform></numerusform>
-            <numerusform></numerusform>
-            <numerusform></numerusform>
+        <translation>
+            <numerusform>Проверена %Ln песня</numerusform>
+            <numerusform>Проверено %Ln песни</numerusform>
+            <numerusform>Проверено %Ln песен</numerusform>
         </translation>
     </message>
     <message>
         <source>All unique</source>
         <comment>songs</comment>
-        <translation type="unfinished"></translation>
+        <translation>Все уникальны</translation>
     </message>
 </context>
 <context>
     <name>NotificationAlert</name>
     <message>
         <source>Notification</source>
-        <translation type="unfinished"></translation>
+        <translation>Уведомление</translation>
     </message>
     <message>
         <source>OK</source>
-        <translation type="unfinished"></translation>
+        <translation>OK</translation>
     </message>
 </context>
 <context>
@@ -868,12 +876,12 @@ Please select a smaller folder.</source>
     <message>
         <source>Playing %1</source>
         <comment>%1 is the name of a song</comment>
-        <translation type="unfinished"></translation>
+        <translation>Воспроизводится %1</translation>
     </message>
     <message>
         <source>Stop</source>
         <comment>the playback of a song</comment>
-        <translation type="unfinished"></translation>
+        <translation>Стоп</translation>
     </message>
 </context>
 <context>
@@ -881,166 +889,166 @@ Please select a smaller folder.</source>
     <message>
         <source>The disk of %1 is not there</source>
         <comment>%1 is a path</comment>
-        <translation type="unfinished"></translation>
+        <translation>Диск отсутствует: %1</translation>
     </message>
     <message>
         <source>The file at %1 is not the one that was moved there</source>
         <comment>%1 is a path</comment>
-        <translation type="unfinished"></translation>
+        <translation>Файл %1 — не тот, который был туда перемещён</translation>
     </message>
     <message>
         <source>The file is neither at %1 nor at %2 any more</source>
         <comment>two paths</comment>
-        <translation type="unfinished"></translation>
+        <translation>Файла больше нет ни здесь: %1, ни здесь: %2</translation>
     </message>
 </context>
 <context>
     <name>ReplaceResultSheet</name>
     <message>
         <source>Replace the List?</source>
-        <translation type="unfinished"></translation>
+        <translation>Заменить список?</translation>
     </message>
     <message>
         <source>Cancel</source>
-        <translation type="unfinished"></translation>
+        <translation>Отмена</translation>
     </message>
     <message>
         <source>Scan</source>
         <comment>a button that starts a scan</comment>
-        <translation type="unfinished"></translation>
+        <translation>Искать</translation>
     </message>
 </context>
 <context>
     <name>Review</name>
     <message>
         <source>Changing the groups...</source>
-        <translation type="unfinished"></translation>
+        <translation>Изменение групп…</translation>
     </message>
     <message>
         <source>No original has changed</source>
-        <translation type="unfinished"></translation>
+        <translation>Ни один оригинал не изменён</translation>
     </message>
     <message numerus="yes">
         <source>Changed the original in %Ln groups</source>
-        <translation type="unfinished">
-            <numerusform></numerusform>
-            <numerusform></numerusform>
-            <numerusform></numerusform>
+        <translation>
+            <numerusform>Оригинал изменён в %Ln группе</numerusform>
+            <numerusform>Оригинал изменён в %Ln группах</numerusform>
+            <numerusform>Оригинал изменён в %Ln группах</numerusform>
         </translation>
     </message>
     <message>
         <source>Find More Duplicates</source>
-        <translation type="unfinished"></translation>
+        <translation>Найти больше дубликатов</translation>
     </message>
     <message>
         <source>Comparing every song with every other...</source>
-        <translation type="unfinished"></translation>
+        <translation>Сравнение каждой песни со всеми остальными…</translation>
     </message>
     <message>
         <source>Return to First Result</source>
-        <translation type="unfinished"></translation>
+        <translation>К первому результату</translation>
     </message>
     <message>
         <source>Returned to the first result</source>
-        <translation type="unfinished"></translation>
+        <translation>Показан первый результат</translation>
     </message>
     <message>
         <source>Keep This One</source>
-        <translation type="unfinished"></translation>
+        <translation>Оставить эту</translation>
     </message>
     <message>
         <source>Keep Copies in This Folder</source>
-        <translation type="unfinished"></translation>
+        <translation>Оставить копии в этой папке</translation>
     </message>
     <message>
         <source>Keep Lossless Copies</source>
-        <translation type="unfinished"></translation>
+        <translation>Оставить копии без потерь</translation>
     </message>
     <message>
         <source>Not a Duplicate</source>
-        <translation type="unfinished"></translation>
+        <translation>Не дубликат</translation>
     </message>
     <message>
         <source>No group has changed</source>
-        <translation type="unfinished"></translation>
+        <translation>Ни одна группа не изменена</translation>
     </message>
     <message>
         <source>Not a duplicate: %1</source>
-        <translation type="unfinished"></translation>
+        <translation>Не дубликат: %1</translation>
     </message>
 </context>
 <context>
     <name>Scan</name>
     <message>
         <source>Starting scan...</source>
-        <translation type="unfinished"></translation>
+        <translation>Запуск поиска…</translation>
     </message>
     <message>
         <source>Step 1/4: Discovering audio files...</source>
-        <translation type="unfinished"></translation>
+        <translation>Шаг 1/4: поиск звуковых файлов…</translation>
     </message>
     <message>
         <source>No audio files found in the selected folder.</source>
-        <translation type="unfinished"></translation>
+        <translation>В выбранной папке нет звуковых файлов.</translation>
     </message>
     <message numerus="yes">
         <source>Step 1/4: Processing %n audio files...</source>
-        <translation type="unfinished">
-            <numerusform></numerusform>
-            <numerusform></numerusform>
-            <numerusform></numerusform>
+        <translation>
+            <numerusform>Шаг 1/4: обработка %Ln звукового файла…</numerusform>
+            <numerusform>Шаг 1/4: обработка %Ln звуковых файлов…</numerusform>
+            <numerusform>Шаг 1/4: обработка %Ln звуковых файлов…</numerusform>
         </translation>
     </message>
     <message>
         <source>Step 1/4: Processing audio files (%1 of %2)</source>
-        <translation type="unfinished"></translation>
+        <translation>Шаг 1/4: обработка звуковых файлов (%L1 из %L2)</translation>
     </message>
     <message>
         <source>Step 2/4: Preparing for duplicate analysis...</source>
-        <translation type="unfinished"></translation>
+        <translation>Шаг 2/4: подготовка к поиску дубликатов…</translation>
     </message>
     <message>
         <source>No supported audio files found.</source>
-        <translation type="unfinished"></translation>
+        <translation>Поддерживаемых звуковых файлов не найдено.</translation>
     </message>
     <message>
         <source>Step 2/4: Analyzing duplicates...</source>
-        <translation type="unfinished"></translation>
+        <translation>Шаг 2/4: анализ дубликатов…</translation>
     </message>
 </context>
 <context>
     <name>SongLimitWarningView</name>
     <message>
         <source>Large Library Detection</source>
-        <translation type="unfinished"></translation>
+        <translation>Обнаружена большая коллекция</translation>
     </message>
     <message>
         <source>Adding a large number of songs may affect performance.</source>
-        <translation type="unfinished"></translation>
+        <translation>Большое число песен может замедлить работу.</translation>
     </message>
     <message>
         <source>Performance Recommendations:</source>
-        <translation type="unfinished"></translation>
+        <translation>Рекомендации по скорости:</translation>
     </message>
     <message>
         <source>Best Performance: Up to 5000 songs</source>
-        <translation type="unfinished"></translation>
+        <translation>Лучшая скорость: до 5000 песен</translation>
     </message>
     <message>
         <source>Good Performance: 5000-10000 songs</source>
-        <translation type="unfinished"></translation>
+        <translation>Хорошая скорость: 5000–10 000 песен</translation>
     </message>
     <message>
         <source>Maximum per session: 500000 songs</source>
-        <translation type="unfinished"></translation>
+        <translation>Не больше за сеанс: 500 000 песен</translation>
     </message>
     <message>
         <source>Cancel</source>
-        <translation type="unfinished"></translation>
+        <translation>Отмена</translation>
     </message>
     <message>
         <source>Add Anyway</source>
-        <translation type="unfinished"></translation>
+        <translation>Всё равно добавить</translation>
     </message>
 </context>
 <context>
@@ -1048,122 +1056,122 @@ Please select a smaller folder.</source>
     <message>
         <source>Stop</source>
         <comment>the playback of a song</comment>
-        <translation type="unfinished"></translation>
+        <translation>Стоп</translation>
     </message>
     <message>
         <source>Listen</source>
         <comment>to a song</comment>
-        <translation type="unfinished"></translation>
+        <translation>Прослушать</translation>
     </message>
     <message>
         <source>Keep This One</source>
-        <translation type="unfinished"></translation>
+        <translation>Оставить эту</translation>
     </message>
     <message>
         <source>Keep Copies in This Folder</source>
-        <translation type="unfinished"></translation>
+        <translation>Оставить копии в этой папке</translation>
     </message>
     <message>
         <source>Keep Lossless Copies</source>
-        <translation type="unfinished"></translation>
+        <translation>Оставить копии без потерь</translation>
     </message>
     <message>
         <source>Not a Duplicate</source>
-        <translation type="unfinished"></translation>
+        <translation>Не дубликат</translation>
     </message>
     <message>
         <source>Show in Folder</source>
-        <translation type="unfinished"></translation>
+        <translation>Показать в папке</translation>
     </message>
     <message>
         <source>Copy Path</source>
-        <translation type="unfinished"></translation>
+        <translation>Копировать путь</translation>
     </message>
     <message>
         <source>Move to Trash</source>
-        <translation type="unfinished"></translation>
+        <translation>Переместить в корзину</translation>
     </message>
 </context>
 <context>
     <name>SongRow</name>
     <message>
         <source>Stop listening</source>
-        <translation type="unfinished"></translation>
+        <translation>Остановить прослушивание</translation>
     </message>
     <message>
         <source>Click to listen and verify this song</source>
-        <translation type="unfinished"></translation>
+        <translation>Нажмите, чтобы прослушать и проверить эту песню</translation>
     </message>
     <message>
         <source>Delete this song</source>
-        <translation type="unfinished"></translation>
+        <translation>Удалить эту песню</translation>
     </message>
     <message>
         <source>Moves %1 to the Trash</source>
-        <translation type="unfinished"></translation>
+        <translation>Перемещает %1 в корзину</translation>
     </message>
 </context>
 <context>
     <name>Start</name>
     <message>
         <source>no window can be opened on this display; --report needs none</source>
-        <translation type="unfinished"></translation>
+        <translation>на этом дисплее нельзя открыть окно; для --report оно не нужно</translation>
     </message>
     <message>
         <source>the window is moving files and can scan nothing until that is done</source>
-        <translation type="unfinished"></translation>
+        <translation>окно перемещает файлы и до окончания не может ничего искать</translation>
     </message>
     <message>
         <source>there is no display to open a window on; --report needs none</source>
-        <translation type="unfinished"></translation>
+        <translation>нет дисплея, на котором можно открыть окно; для --report он не нужен</translation>
     </message>
 </context>
 <context>
     <name>TableColumns</name>
     <message>
         <source>File Type</source>
-        <translation type="unfinished"></translation>
+        <translation>Тип</translation>
     </message>
     <message>
         <source>Duration</source>
-        <translation type="unfinished"></translation>
+        <translation>Время</translation>
     </message>
     <message>
         <source>File Size</source>
-        <translation type="unfinished"></translation>
+        <translation>Размер</translation>
     </message>
     <message>
         <source>Folder Location</source>
-        <translation type="unfinished"></translation>
+        <translation>Папка</translation>
     </message>
     <message>
         <source>999.99 GB</source>
         <comment>the longest size, for the width of its column</comment>
-        <translation type="unfinished"></translation>
+        <translation>999,99 ГБ</translation>
     </message>
     <message>
         <source>ORIGINAL</source>
         <comment>a song</comment>
-        <translation type="unfinished"></translation>
+        <translation>ОРИГИНАЛ</translation>
     </message>
     <message>
         <source>DUPLICATE</source>
         <comment>a song</comment>
-        <translation type="unfinished"></translation>
+        <translation>ДУБЛИКАТ</translation>
     </message>
 </context>
 <context>
     <name>TableHeaderView</name>
     <message>
         <source>File Name</source>
-        <translation type="unfinished"></translation>
+        <translation>Имя файла</translation>
     </message>
 </context>
 <context>
     <name>ToastView</name>
     <message>
         <source>Close</source>
-        <translation type="unfinished"></translation>
+        <translation>Закрыть</translation>
     </message>
 </context>
 <context>
@@ -1171,16 +1179,16 @@ Please select a smaller folder.</source>
     <message>
         <source>The Trash of this disk cannot be used: %1</source>
         <comment>%1 is the reason</comment>
-        <translation type="unfinished"></translation>
+        <translation>Корзину этого диска нельзя использовать: %1</translation>
     </message>
     <message>
         <source>It is on another file system</source>
         <comment>the Trash</comment>
-        <translation type="unfinished"></translation>
+        <translation>Она в другой файловой системе</translation>
     </message>
     <message>
         <source>Not a file</source>
-        <translation type="unfinished"></translation>
+        <translation>Это не файл</translation>
     </message>
 </context>
 <context>
@@ -1188,48 +1196,48 @@ Please select a smaller folder.</source>
     <message>
         <source>Undo</source>
         <comment>a button</comment>
-        <translation type="unfinished"></translation>
+        <translation>Отменить</translation>
     </message>
     <message>
         <source>Undo %1</source>
         <comment>the name of a step, such as Move to Trash</comment>
-        <translation type="unfinished"></translation>
+        <translation>Отменить: %1</translation>
     </message>
 </context>
 <context>
     <name>WelcomeView</name>
     <message>
         <source>Welcome to Sonavo</source>
-        <translation type="unfinished"></translation>
+        <translation>Добро пожаловать в Sonavo</translation>
     </message>
     <message>
         <source>Find and remove duplicate songs from your music library</source>
-        <translation type="unfinished"></translation>
+        <translation>Найдите и уберите повторяющиеся песни из музыкальной коллекции</translation>
     </message>
     <message>
         <source>Browse Files</source>
-        <translation type="unfinished"></translation>
+        <translation>Обзор</translation>
     </message>
 </context>
 <context>
     <name>WindowHeader</name>
     <message>
         <source>Switch to the light theme</source>
-        <translation type="unfinished"></translation>
+        <translation>Включить светлую тему</translation>
     </message>
     <message>
         <source>Switch to the dark theme</source>
-        <translation type="unfinished"></translation>
+        <translation>Включить тёмную тему</translation>
     </message>
 </context>
 <context>
     <name>sonavo::CleanUpFailuresModel</name>
     <message numerus="yes">
         <source>%Ln files could not be moved</source>
-        <translation type="unfinished">
-            <numerusform></numerusform>
-            <numerusform></numerusform>
-            <numerusform></numerusform>
+        <translation>
+            <numerusform>Не удалось переместить %Ln файл</numerusform>
+            <numerusform>Не удалось переместить %Ln файла</numerusform>
+            <numerusform>Не удалось переместить %Ln файлов</numerusform>
         </translation>
     </message>
 </context>
@@ -1238,36 +1246,36 @@ Please select a smaller folder.</source>
     <message>
         <source>Original</source>
         <comment>a song</comment>
-        <translation type="unfinished"></translation>
+        <translation>Оригинал</translation>
     </message>
     <message>
         <source>Duplicate</source>
         <comment>a song</comment>
-        <translation type="unfinished"></translation>
+        <translation>Дубликат</translation>
     </message>
     <message numerus="yes">
         <source>Group of %n songs</source>
-        <translation type="unfinished">
-            <numerusform></numerusform>
-            <numerusform></numerusform>
-            <numerusform></numerusform>
+        <translation>
+            <numerusform>Группа из %Ln песни</numerusform>
+            <numerusform>Группа из %Ln песен</numerusform>
+            <numerusform>Группа из %Ln песен</numerusform>
         </translation>
     </message>
     <message>
         <source>Frees %1</source>
         <comment>%1 is a size</comment>
-        <translation type="unfinished"></translation>
+        <translation>Освободит %1</translation>
     </message>
     <message>
         <source>Found only by comparing every song with every other. Listen before you delete it.</source>
-        <translation type="unfinished"></translation>
+        <translation>Найдена только при сравнении каждой песни со всеми остальными. Прослушайте её перед удалением.</translation>
     </message>
     <message numerus="yes">
         <source>Filter hides %Ln duplicates</source>
-        <translation type="unfinished">
-            <numerusform></numerusform>
-            <numerusform></numerusform>
-            <numerusform></numerusform>
+        <translation>
+            <numerusform>Фильтр скрывает %Ln дубликат</numerusform>
+            <numerusform>Фильтр скрывает %Ln дубликата</numerusform>
+            <numerusform>Фильтр скрывает %Ln дубликатов</numerusform>
         </translation>
     </message>
 </context>
@@ -1275,14 +1283,14 @@ Please select a smaller folder.</source>
     <name>sonavo::LongWork</name>
     <message>
         <source>No duplicates found</source>
-        <translation type="unfinished"></translation>
+        <translation>Дубликаты не найдены</translation>
     </message>
     <message numerus="yes">
         <source>Found %Ln duplicate files</source>
-        <translation type="unfinished">
-            <numerusform></numerusform>
-            <numerusform></numerusform>
-            <numerusform></numerusform>
+        <translation>
+            <numerusform>Найден %Ln повторяющийся файл</numerusform>
+            <numerusform>Найдено %Ln повторяющихся файла</numerusform>
+            <numerusform>Найдено %Ln повторяющихся файлов</numerusform>
         </translation>
     </message>
 </context>
@@ -1291,7 +1299,7 @@ Please select a smaller folder.</source>
     <message>
         <source>Show</source>
         <comment>the window, by a click on a notification</comment>
-        <translation type="unfinished"></translation>
+        <translation>Показать</translation>
     </message>
 </context>
 </TS>

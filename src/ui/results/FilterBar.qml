@@ -104,7 +104,7 @@ Rectangle {
         anchors.right: parent.right
         anchors.rightMargin: 12
         anchors.verticalCenter: parent.verticalCenter
-        width: 170
+        width: Math.max(170, implicitWidth + 12)
         text: qsTr("Sort: %1").arg(bar.orders[bar.model.order])
         tint: Colors.textSecondary
         onClicked: menu.popup(this, 0, height + 4)
