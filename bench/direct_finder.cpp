@@ -4,7 +4,7 @@
 
 namespace sonavo {
 
-std::vector<std::vector<Cluster>> DirectFinder::clustersOf(std::span<const Bucket> buckets)
+std::vector<std::vector<Cluster>> DirectFinder::clustersOf(std::span<const Bucket> buckets, ArtistFilter)
 {
     std::vector<std::vector<Cluster>> clusters;
     for (const Bucket &bucket : buckets)

@@ -14,7 +14,8 @@ public:
     using DuplicateFinder::DuplicateFinder;
 
 protected:
-    [[nodiscard]] std::vector<std::vector<Cluster>> clustersOf(std::span<const Bucket> buckets) override;
+    [[nodiscard]] std::vector<std::vector<Cluster>> clustersOf(std::span<const Bucket> buckets,
+                                                               ArtistFilter filter) override;
 
 private:
     [[nodiscard]] std::vector<Cluster> clustersOfOne(const Bucket &bucket) const;

@@ -106,8 +106,17 @@ void requireSame(const QList<Song> &written, const QList<Song> &read)
                a.folderName == b.folderName && a.fileType == b.fileType && a.size == b.size &&
                std::abs(a.duration - b.duration) < 1e-6;
     };
-    if (!std::equal(written.begin(), written.end(), read.begin(), read.end(), isSame))
-        throw std::runtime_error("the songs that were read differ from those that were written");
+    const auto end = std::mismatch(written.begin(), written.end(), read.begin(), read.end(), isSame);
+    if (end.first == written.end() && end.second == read.end())
+        return;
+    const auto textOf = [](const QList<Song> &songs, QList<Song>::const_iterator song) {
+        return song == songs.end() ? std::string("nothing")
+                                   : song->path.toStdString() + ", " + std::to_string(song->size) +
+                                         " bytes, " + std::to_string(song->duration) + " s";
+    };
+    throw std::runtime_error(
+        std::to_string(written.size()) + " songs were written and " + std::to_string(read.size()) +
+        " read; the first that differ: " + textOf(written, end.first) + "; " + textOf(read, end.second));
 }
 
 void measure(std::size_t songCount)

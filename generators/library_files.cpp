@@ -44,7 +44,8 @@ bool link(const QString &from, const QString &to)
 
 QList<Song> writeLibrary(QList<Song> songs, LibraryFiles files)
 {
-    QHash<std::pair<QString, qint64>, QString> linkTargets;
+    // By playing time as written: long songs of some types are cut short.
+    QHash<std::pair<QString, double>, QString> linkTargets;
     QString lastFolder;
     for (Song &song : songs) {
         const bool isLinked = files == LibraryFiles::Linked;
@@ -53,7 +54,7 @@ QList<Song> writeLibrary(QList<Song> songs, LibraryFiles files)
         song.duration = audio.duration;
         song.size = audio.content.size();
         createFolderOf(song.path, lastFolder);
-        QString &target = linkTargets[{song.fileType, wholeSeconds(song.duration)}];
+        QString &target = linkTargets[{song.fileType, song.duration}];
         // The number of links to a file is limited; when it is reached, another file is begun.
         if (isLinked && !target.isEmpty() && link(target, song.path))
             continue;

@@ -10,7 +10,8 @@ enum class LibraryFiles
 {
     /// Each song is a file of its own.
     Separate,
-    /// Songs of the same type and whole seconds are hard links to one file.
+    /// Playing times are rounded to about whole seconds; songs of the same type and playing time are hard
+    /// links to one file.
     Linked,
 };
 

@@ -28,7 +28,8 @@ Clustering::Clustering(const PreparedSongs &songs, std::stop_token stop)
     , m_queries(computingThreads())
 {}
 
-std::vector<Cluster> Clustering::clustersOf(const Bucket &bucket)
+std::vector<Cluster> Clustering::clustersOf(const Bucket &bucket,
+                                            const std::function<bool(const Cluster &)> &isLast)
 {
     std::vector<Cluster> clusters;
     start(bucket);
@@ -36,7 +37,11 @@ std::vector<Cluster> Clustering::clustersOf(const Bucket &bucket)
     while (m_next < m_bucket.size() && !m_stop.stop_requested()) {
         takeSeeds();
         compareSeeds();
-        gather(clusters);
+        for (Cluster &cluster : gather()) {
+            clusters.push_back(std::move(cluster));
+            if (isLast && isLast(clusters.back()))
+                return clusters;
+        }
         if (m_removed > m_bucket.size() / 2)
             dropRemoved();
     }
@@ -90,8 +95,9 @@ void Clustering::compareSeeds()
     });
 }
 
-void Clustering::gather(std::vector<Cluster> &clusters)
+std::vector<Cluster> Clustering::gather()
 {
+    std::vector<Cluster> clusters;
     std::size_t comparisons = 0;
     std::size_t gathered = 0;
     for (const Seed &seed : std::span(m_seeds).first(m_seedCount)) {
@@ -100,25 +106,29 @@ void Clustering::gather(std::vector<Cluster> &clusters)
             ++gathered;
             continue;
         }
-        remove(seed.position);
-        Cluster cluster;
-        for (const BucketPosition match : seed.matches) {
-            if (m_candidates.isRemoved(match))
-                continue;
-            remove(match);
-            cluster.push_back(m_candidates[match].index);
-        }
-        if (cluster.empty())
-            continue;
-        std::sort(cluster.begin(), cluster.end());
-        cluster.insert(cluster.begin(), m_candidates[seed.position].index);
-        clusters.push_back(std::move(cluster));
+        if (Cluster cluster = gatherMatches(seed); cluster.size() > 1)
+            clusters.push_back(std::move(cluster));
     }
     // Seeds that others gather were compared in vain.
     if (gathered * 8 > m_seedCount)
         m_mostSeeds = std::max<std::size_t>(m_mostSeeds / 2, 1);
     else if (m_bucket.size() >= LARGE_BUCKET && comparisons < ENOUGH_COMPARISONS)
         m_mostSeeds = std::min(m_mostSeeds * 2, MOST_SEEDS);
+    return clusters;
+}
+
+Cluster Clustering::gatherMatches(const Seed &seed)
+{
+    remove(seed.position);
+    Cluster cluster{m_candidates[seed.position].index};
+    for (const BucketPosition match : seed.matches) {
+        if (m_candidates.isRemoved(match))
+            continue;
+        remove(match);
+        cluster.push_back(m_candidates[match].index);
+    }
+    std::sort(cluster.begin() + 1, cluster.end());
+    return cluster;
 }
 
 void Clustering::remove(BucketPosition position)

@@ -4,6 +4,7 @@
 #include "analysis/prepared_songs.h"
 
 #include <cstddef>
+#include <functional>
 #include <stop_token>
 #include <vector>
 
@@ -27,10 +28,13 @@ public:
     /// it (see songsMatch()); members are compared with the seed only. A seed that gathers nothing is dropped
     /// and joins no later cluster.
     /// @param bucket each song once
+    /// @param isLast called with each cluster in turn; no cluster is looked for after the one for which it
+    ///     gives true. Always false if it is empty
     /// @return clusters of at least two songs in the order of their seeds, seed first, the others ascending;
     /// only
     ///     some of them when it was stopped
-    [[nodiscard]] std::vector<Cluster> clustersOf(const Bucket &bucket);
+    [[nodiscard]] std::vector<Cluster> clustersOf(const Bucket &bucket,
+                                                  const std::function<bool(const Cluster &)> &isLast = {});
 
 private:
     struct Seed
@@ -44,7 +48,8 @@ private:
     void dropRemoved();
     void takeSeeds();
     void compareSeeds();
-    void gather(std::vector<Cluster> &clusters);
+    [[nodiscard]] std::vector<Cluster> gather();
+    [[nodiscard]] Cluster gatherMatches(const Seed &seed);
     void remove(BucketPosition position);
 
     const PreparedSongs &m_songs;

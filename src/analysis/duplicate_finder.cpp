@@ -73,7 +73,7 @@ void DuplicateFinder::groupByTitle()
     if (m_stop.stop_requested())
         return;
     const auto buckets = bucketsOf(allOf(m_songs), [this](SongIndex song) { return m_songs[song].titleId; });
-    for (const std::vector<Cluster> &clusters : clustersOf(buckets)) {
+    for (const std::vector<Cluster> &clusters : clustersOf(buckets, ArtistFilter::On)) {
         for (const Cluster &cluster : clusters) {
             if (!makeGroup(cluster, ArtistFilter::On))
                 break;
@@ -90,7 +90,7 @@ void DuplicateFinder::groupByFileName()
         return std::erase_if(bucket, [this](SongIndex song) { return isPlaced(song); });
     };
     std::for_each(buckets.begin(), buckets.end(), erasePlaced);
-    const auto clusters = clustersOf(buckets);
+    const auto clusters = clustersOf(buckets, ArtistFilter::Off);
     for (std::size_t i = 0; i < buckets.size(); ++i) {
         // Songs of one path can have several names: then an earlier bucket places songs of a later one.
         if (erasePlaced(buckets[i]) > 0)
@@ -138,7 +138,8 @@ QList<DuplicateGroup> DuplicateFinder::takeGroups()
     return std::exchange(m_groups, {});
 }
 
-std::vector<std::vector<Cluster>> DuplicateFinder::clustersOf(std::span<const Bucket> buckets)
+std::vector<std::vector<Cluster>> DuplicateFinder::clustersOf(std::span<const Bucket> buckets,
+                                                              ArtistFilter filter)
 {
     // Most buckets are small.
     constexpr std::size_t BUCKETS_AT_A_TIME = 16;
@@ -148,9 +149,14 @@ std::vector<std::vector<Cluster>> DuplicateFinder::clustersOf(std::span<const Bu
             m_clusterings[thread] = std::make_unique<Clustering>(m_songs, m_stop);
         return m_clusterings[thread].get();
     };
-    forEachInParallel(
-        buckets.size(), BUCKETS_AT_A_TIME, m_stop, clusteringOf,
-        [&](Clustering *clustering, std::size_t i) { clusters[i] = clustering->clustersOf(buckets[i]); });
+    // What follows such a cluster can be most of a large bucket.
+    const auto hasNoDuplicates = [this, filter](const Cluster &cluster) {
+        return filter == ArtistFilter::On && duplicatesOf(cluster, originalOf(cluster), filter).empty();
+    };
+    forEachInParallel(buckets.size(), BUCKETS_AT_A_TIME, m_stop, clusteringOf,
+                      [&](Clustering *clustering, std::size_t i) {
+                          clusters[i] = clustering->clustersOf(buckets[i], hasNoDuplicates);
+                      });
     return clusters;
 }
 
@@ -163,7 +169,7 @@ std::vector<SongIndex> DuplicateFinder::unplacedSongs() const
 
 void DuplicateFinder::groupBuckets(std::span<const Bucket> buckets)
 {
-    for (const std::vector<Cluster> &clusters : clustersOf(buckets))
+    for (const std::vector<Cluster> &clusters : clustersOf(buckets, ArtistFilter::Off))
         makeGroups(clusters);
 }
 
@@ -173,18 +179,29 @@ void DuplicateFinder::makeGroups(std::span<const Cluster> clusters)
         makeGroup(cluster, ArtistFilter::Off);
 }
 
-bool DuplicateFinder::makeGroup(const Cluster &cluster, ArtistFilter filter)
+SongIndex DuplicateFinder::originalOf(const Cluster &cluster) const
 {
     // The largest file is kept; among equally large ones the first.
     const auto isSmaller = [this](SongIndex a, SongIndex b) {
         return m_songs.song(a).size < m_songs.song(b).size;
     };
-    const SongIndex original = *std::max_element(cluster.begin(), cluster.end(), isSmaller);
+    return *std::max_element(cluster.begin(), cluster.end(), isSmaller);
+}
+
+Cluster DuplicateFinder::duplicatesOf(const Cluster &cluster, SongIndex original, ArtistFilter filter) const
+{
     Cluster duplicates = cluster;
     std::erase_if(duplicates, [&](SongIndex song) {
         return song == original ||
                (filter == ArtistFilter::On && !artistsCompatible(m_songs, m_songs[song], m_songs[original]));
     });
+    return duplicates;
+}
+
+bool DuplicateFinder::makeGroup(const Cluster &cluster, ArtistFilter filter)
+{
+    const SongIndex original = originalOf(cluster);
+    const Cluster duplicates = duplicatesOf(cluster, original, filter);
     if (duplicates.empty())
         return false;
 

@@ -60,21 +60,26 @@ public:
 protected:
     [[nodiscard]] const PreparedSongs &songs() const { return m_songs; }
 
-    /// The clusters of each bucket (see Clustering). Benchmarks put a slower way in its place.
-    [[nodiscard]] virtual std::vector<std::vector<Cluster>> clustersOf(std::span<const Bucket> buckets);
-
-private:
     enum class ArtistFilter
     {
         Off,
+        /// Leaves only duplicates whose artist is compatible with the original's.
         On
     };
 
+    /// The clusters of each bucket (see Clustering). With the filter, what comes after a cluster without
+    /// duplicates may be missing. Benchmarks put a slower way in its place.
+    [[nodiscard]] virtual std::vector<std::vector<Cluster>> clustersOf(std::span<const Bucket> buckets,
+                                                                       ArtistFilter filter);
+
+private:
     [[nodiscard]] bool isPlaced(SongIndex song) const { return m_isPathPlaced[m_songs.pathIdOf(song)]; }
     void markPlaced(SongIndex song) { m_isPathPlaced[m_songs.pathIdOf(song)] = true; }
     [[nodiscard]] std::vector<SongIndex> unplacedSongs() const;
     void groupBuckets(std::span<const Bucket> buckets);
     void makeGroups(std::span<const Cluster> clusters);
+    [[nodiscard]] SongIndex originalOf(const Cluster &cluster) const;
+    [[nodiscard]] Cluster duplicatesOf(const Cluster &cluster, SongIndex original, ArtistFilter filter) const;
     /// @return whether a group was made: the filter can leave a cluster without duplicates
     bool makeGroup(const Cluster &cluster, ArtistFilter filter);
 
