@@ -1,8 +1,9 @@
 #!/usr/bin/env bash
 # Installs what is missing, builds Sonavo and its benchmarks and runs them: all of them, or the one that is named
 # (analysis, import, memory, cold, reading, response, results or clean_up) with the given options. Two run only when they
-# are named: "slowest [MINUTES [SEED]]" searches for the library that the analysis takes longest for, and "accuracy FILE"
-# measures how much is found among labelled records; docs/accuracy.md tells where its file is from.
+# are named: "slowest [MINUTES [SEED]]" searches for the libraries that the four passes and looking further take longest
+# for, and "accuracy FILE" measures how much is found among labelled records; docs/accuracy.md tells where its file is
+# from.
 #
 #     scripts/bench.sh [NAME [OPTION...]]
 set -euo pipefail

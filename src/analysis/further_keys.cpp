@@ -38,13 +38,13 @@ Hash hashOf(KeyKind kind, std::u32string_view text)
 
 } // namespace
 
-void FurtherKeys::read(const FurtherSong &song, TrackNumber number)
+void FurtherKeys::read(const FurtherSong &song, TrackNumber number, std::uint32_t family)
 {
     m_song = &song;
     readGrams(number);
     readArtistGrams();
     readWords();
-    readScopes(number);
+    readScopes(number, family);
 }
 
 void FurtherKeys::readGrams(TrackNumber number)
@@ -85,22 +85,32 @@ void FurtherKeys::readWords()
     });
 }
 
-void FurtherKeys::readScopes(TrackNumber number)
+void FurtherKeys::readScopes(TrackNumber number, std::uint32_t family)
 {
-    m_scopesOfMatches.assign(1, 0);
+    const Hash ownScope = scopeOf(family);
+    m_scopesOfMatches.assign(1, ownScope);
     if (m_song->numberBits(number) == 0) {
-        m_scopes.assign(1, 0);
-        m_scopesOfMatches.push_back(WITH_NUMBERS);
+        m_scopes.assign(1, ownScope);
+        m_scopesOfMatches.push_back(ownScope ^ WITH_NUMBERS);
         return;
     }
-    m_scopes.assign(1, WITH_NUMBERS);
-    forEachNumber(titleOf(*m_song, number, Tail::Kept), [this](std::u32string_view digits) {
-        const Hash scope = hashOf(KeyKind::Number, digits);
+    m_scopes.assign(1, ownScope ^ WITH_NUMBERS);
+    forEachNumber(titleOf(*m_song, number, Tail::Kept), [&](std::u32string_view digits) {
+        const Hash scope = ownScope ^ hashOf(KeyKind::Number, digits);
         if (std::find(m_scopes.begin(), m_scopes.end(), scope) == m_scopes.end()) {
             m_scopes.push_back(scope);
             m_scopesOfMatches.push_back(scope);
         }
     });
+}
+
+Hash FurtherKeys::scopeOf(std::uint32_t family)
+{
+    // The finalizer of MurmurHash3 (A. Appleby, 2011): 0 stays 0, other numbers differ in many bits.
+    Hash scope = family;
+    scope = (scope ^ scope >> 33) * 0xFF51AFD7ED558CCD;
+    scope = (scope ^ scope >> 33) * 0xC4CEB9FE1A85EC53;
+    return scope ^ scope >> 33;
 }
 
 Hash FurtherKeys::titleKeyOf(const FurtherSong &song)

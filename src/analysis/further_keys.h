@@ -28,7 +28,8 @@ public:
     /// Replaces the song that is held.
     /// @param number Kept to compare it with songs that have a track number like it, Dropped to compare it
     /// with those that have none
-    void read(const FurtherSong &song, TrackNumber number);
+    /// @param family the same for songs with similar artists; all scopes are within it
+    void read(const FurtherSong &song, TrackNumber number, std::uint32_t family);
 
     /// The runs of GRAM_LENGTH characters of the full text, with a blank at either end, in order.
     [[nodiscard]] const std::vector<Hash> &grams() const { return m_grams; }
@@ -47,7 +48,7 @@ public:
         return std::span(m_words).subspan(m_song->isNumbered() ? 1 : 0);
     }
 
-    /// A key in a scope; the scope 0 is that of bare keys.
+    /// A key in a scope.
     [[nodiscard]] static Hash inScope(Hash key, Hash scope) { return key ^ scope; }
     /// The scopes in which the song is in the index.
     [[nodiscard]] const std::vector<Hash> &scopes() const { return m_scopes; }
@@ -57,6 +58,8 @@ public:
     /// The pairs of neighbouring characters of the artist, with a blank at either end, in order.
     [[nodiscard]] const std::vector<Hash> &artistGrams() const { return m_artistGrams; }
 
+    /// The scope of keys that are in no other scope of a family.
+    [[nodiscard]] static Hash scopeOf(std::uint32_t family);
     /// The title of a song without its track number. In no scope.
     [[nodiscard]] static Hash titleKeyOf(const FurtherSong &song);
     /// The same for each row of words of the held song's title, itself included.
@@ -66,7 +69,7 @@ private:
     void readGrams(TrackNumber number);
     void readArtistGrams();
     void readWords();
-    void readScopes(TrackNumber number);
+    void readScopes(TrackNumber number, std::uint32_t family);
 
     const FurtherSong *m_song = nullptr;
     std::vector<Hash> m_grams;

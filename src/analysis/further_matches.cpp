@@ -32,131 +32,162 @@ std::vector<Position> blockEndsOf(const FurtherSongs &songs)
     return ends;
 }
 
-FurtherIndex::Sketch sketchFrom(const FurtherSong &song)
+/// Calls `visit` for each way in which a song is in the index.
+template <typename Visit>
+void forEachNumberOf(const FurtherSong &song, Visit visit)
 {
-    const auto saturated = [](std::uint32_t length) {
-        return static_cast<std::uint16_t>(std::min<std::uint32_t>(length, UINT16_MAX));
-    };
-    return {song.artistCounts,           song.fullCounts,   saturated(song.artistLength),
-            saturated(song.wholeLength), song.isNumbered(), song.hasTail()};
+    visit(TrackNumber::Dropped);
+    if (song.isNumbered())
+        visit(TrackNumber::Kept);
 }
 
 template <typename Visit>
-void forEachKey(FurtherKeys &keys, const FurtherSong &song, Visit visit)
+void forEachKey(FurtherKeys &keys, const FurtherSong &song, std::uint32_t family, Visit visit)
 {
-    const auto visitInScopes = [&](FurtherKeys::Hash key) {
-        for (const FurtherKeys::Hash scope : keys.scopes())
-            visit(FurtherKeys::inScope(key, scope));
-    };
-    for (const TrackNumber number : {TrackNumber::Dropped, TrackNumber::Kept}) {
-        if (number == TrackNumber::Kept && !song.isNumbered())
-            continue;
-        keys.read(song, number);
-        std::for_each(keys.grams().begin(), keys.grams().end(), visitInScopes);
-        std::for_each(keys.words().begin(), keys.words().end(), visitInScopes);
-    }
-    visit(FurtherKeys::titleKeyOf(song));
+    forEachNumberOf(song, [&](TrackNumber number) {
+        keys.read(song, number, family);
+        for (const FurtherKeys::Hash scope : keys.scopes()) {
+            for (const FurtherKeys::Hash gram : keys.grams())
+                visit(FurtherKeys::inScope(gram, scope));
+            for (const FurtherKeys::Hash word : keys.words())
+                visit(FurtherKeys::inScope(word, scope));
+        }
+    });
+    visit(FurtherKeys::inScope(FurtherKeys::titleKeyOf(song), FurtherKeys::scopeOf(family)));
 }
 
 /// Calls `visit` with each key that is combined with grams of the artist where it is common.
 template <typename Visit>
-void forEachKeyWithArtist(FurtherKeys &keys, const FurtherSong &song, Visit visit)
+void forEachKeyWithArtist(FurtherKeys &keys, const FurtherSong &song, std::uint32_t family, Visit visit)
 {
-    for (const TrackNumber number : {TrackNumber::Dropped, TrackNumber::Kept}) {
-        if (number == TrackNumber::Kept && !song.isNumbered())
-            continue;
-        keys.read(song, number);
-        for (const FurtherKeys::Hash word : keys.words()) {
-            for (const FurtherKeys::Hash scope : keys.scopes())
+    forEachNumberOf(song, [&](TrackNumber number) {
+        keys.read(song, number, family);
+        for (const FurtherKeys::Hash scope : keys.scopes()) {
+            for (const FurtherKeys::Hash word : keys.words())
                 visit(FurtherKeys::inScope(word, scope));
         }
-    }
-    visit(FurtherKeys::titleKeyOf(song));
-}
-
-/// The edit distance within which every similar text lies.
-/// @param length characters of the text
-/// @param least the similarity that is asked for
-std::size_t largestDistanceToSimilar(std::size_t length, double least)
-{
-    // The longer of the two texts decides, which is the other one here.
-    std::size_t longest = length;
-    while (longest + 1 - length <= largestDistance(longest + 1, least))
-        ++longest;
-    return largestDistance(longest, least);
-}
-
-/// Chooses grams of a text that do not overlap and whose counts have the least sum.
-/// @param counts of the gram at each place
-/// @param gramLength characters
-/// @param needed how many to choose; the text has room for them
-/// @param table kept for its memory
-/// @param chosen the places
-/// @return the sum
-std::size_t chooseRarestGrams(std::span<const std::size_t> counts, std::size_t gramLength, std::size_t needed,
-                              std::vector<std::size_t> &table, std::vector<std::size_t> &chosen)
-{
-    constexpr std::size_t IMPOSSIBLE = std::numeric_limits<std::size_t>::max() / 2;
-    // Row k, column i: the least sum of k grams among the first i places.
-    const std::size_t columns = counts.size() + 1;
-    table.assign((needed + 1) * columns, IMPOSSIBLE);
-    std::fill_n(table.begin(), columns, std::size_t{0});
-    for (std::size_t row = 1; row <= needed; ++row) {
-        const std::size_t *above = &table[(row - 1) * columns];
-        std::size_t *sums = &table[row * columns];
-        for (std::size_t column = 1; column < columns; ++column) {
-            const std::size_t before = column > gramLength ? column - gramLength : 0;
-            sums[column] = std::min(sums[column - 1], above[before] + counts[column - 1]);
-        }
-    }
-    chosen.clear();
-    std::size_t column = counts.size();
-    for (std::size_t row = needed; row > 0; --row) {
-        while (table[row * columns + column] == table[row * columns + column - 1])
-            --column;
-        chosen.push_back(column - 1);
-        column = column > gramLength ? column - gramLength : 0;
-    }
-    return table.back();
+    });
+    visit(FurtherKeys::inScope(FurtherKeys::titleKeyOf(song), FurtherKeys::scopeOf(family)));
 }
 
 } // namespace
 
 FurtherIndex::FurtherIndex(const FurtherSongs &songs, const std::stop_token &stop)
     : m_songs(songs)
+    , m_artists(songs, stop)
+    , m_hasKeysFor(m_artists.size())
+    , m_hasKeys(m_artists.size())
     , m_byKey(blockEndsOf(songs))
     , m_hasTitle(std::bit_ceil(songs.size() * 16 + 1))
 {
-    m_sketches.reserve(songs.size());
-    std::transform(songs.begin(), songs.end(), std::back_inserter(m_sketches), sketchFrom);
+    // Comparing with so many songs takes about as long as choosing keys and asking for them.
+    constexpr std::size_t FEW = 1024;
+    m_fewSongs = std::min(FEW, songs.size() / 16);
+    m_durations.reserve(songs.size());
+    std::transform(songs.begin(), songs.end(), std::back_inserter(m_durations),
+                   [](const FurtherSong &song) { return song.duration; });
+    chooseSongsWithKeys(stop);
+    if (std::none_of(m_hasKeys.begin(), m_hasKeys.end(), [](char hasKeys) { return hasKeys != 0; }))
+        return;
     countKeys();
     (void)forEachInParallel(
         m_byKey.blockCount(), 1, stop, [](std::size_t) { return FurtherKeys(); },
         [this](FurtherKeys &keys, std::size_t block) { fillBlock(keys, block); });
 }
 
+FurtherIndex::Window FurtherIndex::windowOf(Position song) const
+{
+    const auto isBefore = [](double a, double b) { return b - a > MATCH_DURATION_DIFF; };
+    const double duration = m_durations[song];
+    const auto begin = std::lower_bound(m_durations.begin(), m_durations.end(), duration, isBefore);
+    const auto end = std::upper_bound(begin, m_durations.end(), duration, isBefore);
+    return {static_cast<Position>(begin - m_durations.begin()),
+            static_cast<Position>(end - m_durations.begin())};
+}
+
+std::span<const Position> FurtherIndex::songsIn(Window window, FurtherArtists::Artist artist) const
+{
+    const std::span<const Position> songs = m_artists.songsOf(artist);
+    const auto begin = std::lower_bound(songs.begin(), songs.end(), window.begin);
+    return {begin, std::lower_bound(begin, songs.end(), window.end)};
+}
+
+bool FurtherIndex::isLarge(FurtherArtists::Artist artist) const
+{
+    const auto similar = m_artists.similarTo(artist);
+    if (!similar)
+        return true;
+    std::size_t all = m_artists.songsOf(artist).size();
+    for (const FurtherArtists::Artist other : *similar)
+        all += m_artists.songsOf(other).size();
+    if (all <= m_fewSongs)
+        return false;
+    const std::span<const Position> songs = m_artists.songsOf(artist);
+    return std::any_of(songs.begin(), songs.end(), [&](Position song) {
+        const Window window = windowOf(song);
+        std::size_t count = songsIn(window, artist).size();
+        for (const FurtherArtists::Artist other : *similar)
+            count += songsIn(window, other).size();
+        return count > m_fewSongs;
+    });
+}
+
+void FurtherIndex::chooseSongsWithKeys(const std::stop_token &stop)
+{
+    constexpr std::size_t ARTISTS_PER_PART = 64;
+    (void)forEachInParallel(m_artists.size(), ARTISTS_PER_PART, stop, [this](std::size_t artist) {
+        m_hasKeysFor[artist] = isLarge(static_cast<FurtherArtists::Artist>(artist)) ? 1 : 0;
+    });
+    if (!m_artists.areAllKnown()) {
+        std::fill(m_hasKeys.begin(), m_hasKeys.end(), 1);
+        m_artistCounts.reserve(m_songs.size());
+        for (Position song = 0; song < m_songs.size(); ++song)
+            m_artistCounts.push_back(m_artists.countsOf(m_artists.of(song)));
+        return;
+    }
+    for (FurtherArtists::Artist artist = 0; artist < m_artists.size(); ++artist) {
+        if (!hasKeysFor(artist))
+            continue;
+        m_hasKeys[artist] = 1;
+        const auto similar = m_artists.similarTo(artist);
+        std::for_each(similar->begin(), similar->end(),
+                      [this](FurtherArtists::Artist other) { m_hasKeys[other] = 1; });
+    }
+}
+
 void FurtherIndex::countKeys()
 {
     // The counts only decide which of several keys is used, so some songs are enough.
-    const std::size_t step = 1 + m_songs.size() / 30'000;
+    constexpr std::size_t ENOUGH = 30'000;
+    std::vector<Position> songs;
+    for (Position song = 0; song < m_songs.size(); ++song) {
+        if (hasKeys(song))
+            songs.push_back(song);
+    }
+    for (const Position song : songs)
+        m_hasTitle[placeOf(
+            FurtherKeys::inScope(FurtherKeys::titleKeyOf(m_songs[song]),
+                                 FurtherKeys::scopeOf(m_artists.familyOf(m_artists.of(song)))))] = true;
+    const std::size_t step = 1 + songs.size() / ENOUGH;
     FurtherKeys keys;
     const auto count = [this](FurtherKeys::Hash key) { m_byKey.count(key); };
-    for (std::size_t song = 0; song < m_songs.size(); song += step) {
-        forEachKey(keys, m_songs[static_cast<Position>(song)], count);
+    for (std::size_t i = 0; i < songs.size(); i += step) {
+        forEachKey(keys, m_songs[songs[i]], m_artists.familyOf(m_artists.of(songs[i])), count);
         std::for_each(keys.artistGrams().begin(), keys.artistGrams().end(), count);
         ++m_countedSongs;
     }
     constexpr std::size_t LEAST_COMMON_COUNT = 50;
     m_commonCount = std::max(LEAST_COMMON_COUNT, m_countedSongs / 100);
-    for (const FurtherSong &song : m_songs)
-        m_hasTitle[placeOf(FurtherKeys::titleKeyOf(song))] = true;
 }
 
 void FurtherIndex::fillBlock(FurtherKeys &keys, std::size_t block)
 {
     m_byKey.fill(block, [&](Position song, auto visit) {
-        forEachKey(keys, m_songs[song], visit);
-        forEachKeyWithArtist(keys, m_songs[song], [&](FurtherKeys::Hash key) {
+        if (!hasKeys(song))
+            return;
+        const FurtherArtists::Artist family = m_artists.familyOf(m_artists.of(song));
+        forEachKey(keys, m_songs[song], family, visit);
+        forEachKeyWithArtist(keys, m_songs[song], family, [&](FurtherKeys::Hash key) {
             if (!isCommon(key))
                 return;
             for (const FurtherKeys::Hash artistGram : keys.artistGrams())
@@ -167,8 +198,9 @@ void FurtherIndex::fillBlock(FurtherKeys &keys, std::size_t block)
 
 std::span<const Position> FurtherMatches::matchesOf(Position song, std::size_t most)
 {
-    propose(song, most);
-    compareWithProposed();
+    begin(song, most);
+    (void)chooseWay();
+    find();
     return m_matches;
 }
 
@@ -176,34 +208,136 @@ std::optional<std::span<const Position>> FurtherMatches::matchesIfCheap(Position
 {
     // Only songs that are each compared with a share of the library take quadratic time.
     constexpr std::size_t MANY = 4096;
-    propose(song, most);
-    if (proposedCount() > std::min(MANY, m_index.songs().size() / 32))
+    begin(song, most);
+    if (chooseWay() > std::min(MANY, m_index.songs().size() / 32))
         return std::nullopt;
-    compareWithProposed();
+    find();
     return m_matches;
 }
 
-void FurtherMatches::propose(Position position, std::size_t most)
+void FurtherMatches::begin(Position song, std::size_t most)
 {
-    const FurtherSongs &songs = m_index.songs();
-    const FurtherSong &song = songs[position];
-    const auto isBefore = [](const FurtherSong &a, const FurtherSong &b) {
-        return b.duration - a.duration > MATCH_DURATION_DIFF;
-    };
-    const auto begin = std::lower_bound(songs.begin(), songs.end(), song, isBefore);
-    const auto end = std::upper_bound(begin, songs.end(), song, isBefore);
-    m_windowBegin = static_cast<Position>(begin - songs.begin());
-    m_windowEnd = static_cast<Position>(end - songs.begin());
-    m_song = position;
+    m_song = song;
+    m_window = m_index.windowOf(song);
     m_most = most;
     m_matches.clear();
-    m_proposals.clear();
     ++m_query;
+    readSimilarArtists();
+}
 
+void FurtherMatches::readSimilarArtists()
+{
+    m_groups.clear();
+    m_groupedCount = 0;
+    const FurtherArtists::Artist self = m_index.artists().of(m_song);
+    const auto similar = m_index.artists().similarTo(self);
+    m_areArtistsKnown = similar.has_value();
+    if (!similar)
+        return;
+    const auto add = [this](FurtherArtists::Artist artist) {
+        m_similarArtists[artist] = m_query;
+        const std::span<const Position> songs = m_index.songsIn(m_window, artist);
+        m_groups.push_back(songs);
+        m_groupedCount += songs.size();
+    };
+    add(self);
+    std::for_each(similar->begin(), similar->end(), add);
+}
+
+std::size_t FurtherMatches::chooseWay()
+{
+    // How many songs in a row can be compared in the time that a proposed one takes, and how many artists.
+    constexpr std::size_t GROUPED_PER_PROPOSED = 3;
+    constexpr std::size_t ARTISTS_PER_PROPOSED = 8;
+    const std::size_t cost = m_areArtistsKnown ? m_groupedCount / GROUPED_PER_PROPOSED
+                                               : (m_window.end - m_window.begin) / ARTISTS_PER_PROPOSED;
+    m_isByKey =
+        m_index.hasKeysFor(m_index.artists().of(m_song)) && cost > m_index.fewSongs() / GROUPED_PER_PROPOSED;
+    if (!m_isByKey)
+        return cost;
+    propose();
+    const std::size_t proposed = proposedCount();
+    m_isByKey = proposed < cost;
+    return std::min(proposed, cost);
+}
+
+void FurtherMatches::find()
+{
+    if (m_isByKey)
+        compareWithProposed();
+    else if (m_areArtistsKnown)
+        compareWithSimilarArtists();
+    else
+        compareWithWindow();
+}
+
+void FurtherMatches::compareWithSimilarArtists()
+{
+    const FurtherSongs &songs = m_index.songs();
+    const FurtherSong &song = songs[m_song];
+    for (const std::span<const Position> group : m_groups) {
+        for (const Position candidate : group) {
+            if (!mayMatchFurther(song, songs[candidate]) || candidate == m_song || isRemoved(candidate) ||
+                !songsMatchFurther(song, songs[candidate]))
+                continue;
+            m_matches.push_back(candidate);
+            if (m_matches.size() >= m_most)
+                return;
+        }
+    }
+}
+
+void FurtherMatches::compareWithWindow()
+{
+    const FurtherArtists &artists = m_index.artists();
+    const FurtherArtists::Artist self = artists.of(m_song);
+    const CharacterCounts counts = artists.countsOf(self);
+    const std::size_t most = 2 * largestDistanceToSimilar(artists.lengthOf(self), MATCH_ARTIST_SIMILARITY);
+    for (Position candidate = m_window.begin; candidate < m_window.end; ++candidate) {
+        if (difference(m_index.artistCounts()[candidate], counts) <= most && !compareWith(candidate))
+            return;
+    }
+}
+
+void FurtherMatches::compareWithProposed()
+{
+    const WindowIndex &index = m_index.byKey();
+    for (const Hash key : m_proposals)
+        index.prefetchList(key, m_window.begin, m_window.end);
+    for (const Hash key : m_proposals)
+        index.prefetchSongs(key, m_window.begin, m_window.end);
+    for (const Hash key : m_proposals) {
+        index.forEachSongWith(key, m_window.begin, m_window.end,
+                              [this](Position candidate) { return compareWith(candidate); });
+        if (m_matches.size() >= m_most)
+            return;
+    }
+}
+
+bool FurtherMatches::compareWith(Position candidate)
+{
+    std::uint32_t &lastQuery = m_lastQueries[candidate];
+    if (lastQuery >= m_query || candidate == m_song)
+        return true;
+    lastQuery = m_query;
+    const FurtherArtists &artists = m_index.artists();
+    const FurtherArtists::Artist artist = artists.of(candidate);
+    const bool mayBeSimilar = m_areArtistsKnown ? m_similarArtists[artist] == m_query
+                                                : artists.mayBeSimilar(artists.of(m_song), artist);
+    if (mayBeSimilar && songsMatchFurther(m_index.songs()[m_song], m_index.songs()[candidate]))
+        m_matches.push_back(candidate);
+    return m_matches.size() < m_most;
+}
+
+void FurtherMatches::propose()
+{
+    const FurtherSong &song = m_index.songs()[m_song];
+    const FurtherArtists::Artist family = m_index.artists().familyOf(m_index.artists().of(m_song));
+    m_proposals.clear();
     for (const TrackNumber number : {TrackNumber::Kept, TrackNumber::Dropped}) {
         if (number == TrackNumber::Dropped && !song.isNumbered())
             continue;
-        m_keys.read(song, number);
+        m_keys.read(song, number, family);
         chooseArtistGrams(song.artistLength);
         const std::span<const Hash> grams = m_keys.grams();
         proposeSimilar(grams, song.fullLength(number, Tail::Kept));
@@ -218,8 +352,8 @@ std::size_t FurtherMatches::proposedCount() const
 {
     const WindowIndex &index = m_index.byKey();
     return std::accumulate(m_proposals.begin(), m_proposals.end(), std::size_t{0},
-                           [&](std::size_t sum, const Proposal &proposal) {
-                               return sum + index.mostSongsWith(proposal.key, m_windowBegin, m_windowEnd);
+                           [&](std::size_t sum, Hash key) {
+                               return sum + index.mostSongsWith(key, m_window.begin, m_window.end);
                            });
 }
 
@@ -230,10 +364,10 @@ void FurtherMatches::chooseArtistGrams(std::uint32_t artistLength)
     std::transform(grams.begin(), grams.end(), m_counts.begin(),
                    [this](Hash gram) { return m_index.byKey().countOf(gram); });
     const std::size_t needed = largestDistanceToSimilar(artistLength, MATCH_ARTIST_SIMILARITY) + 1;
-    (void)chooseRarestGrams(m_counts, FurtherKeys::ARTIST_GRAM_LENGTH, needed, m_sums, m_chosen);
+    (void)m_choice.choose(m_counts, FurtherKeys::ARTIST_GRAM_LENGTH, needed);
     m_artistGrams.clear();
     m_artistShare = 0.0;
-    for (const std::size_t place : m_chosen) {
+    for (const std::size_t place : m_choice.places()) {
         m_artistGrams.push_back(grams[place]);
         m_artistShare += m_index.shareOf(grams[place]);
     }
@@ -258,26 +392,26 @@ std::size_t FurtherMatches::costOfWord(Hash word) const
     return cost;
 }
 
-void FurtherMatches::proposeGram(Hash gram, Reason reason)
+void FurtherMatches::proposeGram(Hash gram)
 {
     for (const Hash scope : m_keys.scopesOfMatches())
-        m_proposals.push_back({FurtherKeys::inScope(gram, scope), reason});
+        m_proposals.push_back(FurtherKeys::inScope(gram, scope));
 }
 
-void FurtherMatches::proposeWord(Hash word, Reason reason)
+void FurtherMatches::proposeWord(Hash word)
 {
     for (const Hash scope : m_keys.scopesOfMatches())
-        proposeWithArtist(FurtherKeys::inScope(word, scope), reason);
+        proposeWithArtist(FurtherKeys::inScope(word, scope));
 }
 
-void FurtherMatches::proposeWithArtist(Hash key, Reason reason)
+void FurtherMatches::proposeWithArtist(Hash key)
 {
     if (m_artistShare >= 1.0 || !m_index.isCommon(key)) {
-        m_proposals.push_back({key, reason});
+        m_proposals.push_back(key);
         return;
     }
     for (const Hash artistGram : m_artistGrams)
-        m_proposals.push_back({FurtherIndex::withArtist(key, artistGram), reason});
+        m_proposals.push_back(FurtherIndex::withArtist(key, artistGram));
 }
 
 void FurtherMatches::proposeSimilar(std::span<const Hash> grams, std::size_t length)
@@ -290,18 +424,17 @@ void FurtherMatches::proposeSimilar(std::span<const Hash> grams, std::size_t len
                    [this](Hash gram) { return costOfGram(gram); });
     // There is room for them: the distance is little more than a tenth of the length.
     const std::size_t needed = largestDistanceToSimilar(length, MATCH_TITLE_SIMILARITY) + 1;
-    const std::size_t gramCost =
-        chooseRarestGrams(m_counts, FurtherKeys::GRAM_LENGTH, needed, m_sums, m_chosen);
+    const std::size_t gramCost = m_choice.choose(m_counts, FurtherKeys::GRAM_LENGTH, needed);
 
     std::size_t wordCost = 0;
     for (const Hash word : m_keys.titleWords())
         wordCost += costOfWord(word);
     if (wordCost < gramCost) {
         for (const Hash word : m_keys.titleWords())
-            proposeWord(word, Reason::Similar);
+            proposeWord(word);
     } else {
-        for (const std::size_t place : m_chosen)
-            proposeGram(grams[place], Reason::Similar);
+        for (const std::size_t place : m_choice.places())
+            proposeGram(grams[place]);
     }
 }
 
@@ -317,71 +450,20 @@ void FurtherMatches::proposeContaining()
     const auto word = rarestOf(m_keys.wordsBehindNumber(), [this](Hash key) { return costOfWord(key); });
     const auto gram = rarestOf(m_keys.gramsOfTitle(), [this](Hash key) { return costOfGram(key); });
     if (word.first <= gram.first)
-        proposeWord(word.second, Reason::Contains);
+        proposeWord(word.second);
     else
-        proposeGram(gram.second, Reason::Contains);
+        proposeGram(gram.second);
 }
 
 void FurtherMatches::proposeContained()
 {
+    const FurtherArtists &artists = m_index.artists();
+    const Hash scope = FurtherKeys::scopeOf(artists.familyOf(artists.of(m_song)));
     for (const Hash title : m_keys.titlesInTitle()) {
-        if (m_index.mayHaveTitle(title))
-            proposeWithArtist(title, Reason::Contains);
+        const Hash key = FurtherKeys::inScope(title, scope);
+        if (m_index.mayHaveTitle(key))
+            proposeWithArtist(key);
     }
-}
-
-bool FurtherMatches::mayArtistsMatch(const FurtherIndex::Sketch &candidate) const
-{
-    const FurtherIndex::Sketch &song = m_index.sketchOf(m_song);
-    const std::uint16_t length = std::max(song.artistLength, candidate.artistLength);
-    return mayBeWithin(largestDistance(length, MATCH_ARTIST_SIMILARITY), song.artistLength,
-                       candidate.artistLength, song.artistCounts, candidate.artistCounts);
-}
-
-bool FurtherMatches::mayFullTextsMatch(const FurtherIndex::Sketch &candidate) const
-{
-    const FurtherIndex::Sketch &song = m_index.sketchOf(m_song);
-    // Where only one song has a number or a tail, the counts say nothing.
-    if (song.isNumbered != candidate.isNumbered || song.hasTail != candidate.hasTail)
-        return true;
-    const std::uint16_t length = std::max(song.fullLength, candidate.fullLength);
-    return mayBeWithin(largestDistance(length, MATCH_TITLE_SIMILARITY), song.fullLength, candidate.fullLength,
-                       song.fullCounts, candidate.fullCounts);
-}
-
-void FurtherMatches::compareWithProposed()
-{
-    const WindowIndex &index = m_index.byKey();
-    for (const Proposal &proposal : m_proposals)
-        index.prefetchList(proposal.key, m_windowBegin, m_windowEnd);
-    for (const Proposal &proposal : m_proposals)
-        index.prefetchSongs(proposal.key, m_windowBegin, m_windowEnd);
-    for (const Proposal &proposal : m_proposals) {
-        index.forEachSongWith(proposal.key, m_windowBegin, m_windowEnd, [&](Position candidate) {
-            compareWith(candidate, proposal.reason);
-            return m_matches.size() < m_most;
-        });
-        if (m_matches.size() >= m_most)
-            return;
-    }
-}
-
-void FurtherMatches::compareWith(Position candidate, Reason reason)
-{
-    std::uint32_t &lastQuery = m_lastQueries[candidate];
-    if (lastQuery >= m_query || candidate == m_song)
-        return;
-    const FurtherIndex::Sketch &sketch = m_index.sketchOf(candidate);
-    if (!mayArtistsMatch(sketch)) {
-        lastQuery = m_query;
-        return;
-    }
-    // It may be proposed for another reason, too.
-    if (reason == Reason::Similar && !mayFullTextsMatch(sketch))
-        return;
-    lastQuery = m_query;
-    if (songsMatchFurther(m_index.songs()[m_song], m_index.songs()[candidate]))
-        m_matches.push_back(candidate);
 }
 
 } // namespace sonavo

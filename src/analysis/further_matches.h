@@ -1,5 +1,8 @@
 #pragma once
 
+#include "analysis/character_counts.h"
+#include "analysis/disjoint_grams.h"
+#include "analysis/further_artists.h"
 #include "analysis/further_keys.h"
 #include "analysis/further_songs.h"
 #include "analysis/window_index.h"
@@ -19,17 +22,11 @@ class FurtherIndex
 public:
     using Position = FurtherSongs::Position;
 
-    /// What is read of a candidate before its FurtherSong: small, so that those of a window stay in the
-    /// processor's caches. Most candidates are rejected by it.
-    struct Sketch
+    /// The songs whose playing times allow that they match a song.
+    struct Window
     {
-        CharacterCounts artistCounts;
-        CharacterCounts fullCounts;
-        /// Saturated, which rejects nothing more.
-        std::uint16_t artistLength = 0;
-        std::uint16_t fullLength = 0;
-        bool isNumbered = false;
-        bool hasTail = false;
+        Position begin = 0;
+        Position end = 0;
     };
 
     /// Builds the index on all cores.
@@ -38,9 +35,18 @@ public:
     FurtherIndex(const FurtherSongs &songs, const std::stop_token &stop);
 
     [[nodiscard]] const FurtherSongs &songs() const { return m_songs; }
-    /// Under the keys of FurtherKeys.
+    [[nodiscard]] const FurtherArtists &artists() const { return m_artists; }
+    [[nodiscard]] Window windowOf(Position song) const;
+    /// The songs of an artist in a window, ascending.
+    [[nodiscard]] std::span<const Position> songsIn(Window window, FurtherArtists::Artist artist) const;
+    /// With how many songs one is compared without asking for keys.
+    [[nodiscard]] std::size_t fewSongs() const { return m_fewSongs; }
+
+    /// Under the keys of FurtherKeys, in the family of the artist (see FurtherArtists).
     [[nodiscard]] const WindowIndex &byKey() const { return m_byKey; }
-    [[nodiscard]] const Sketch &sketchOf(Position song) const { return m_sketches[song]; }
+    /// Whether byKey() has all songs that can match those of an artist. It has for artists that have more
+    /// similar ones in a window than fewSongs().
+    [[nodiscard]] bool hasKeysFor(FurtherArtists::Artist artist) const { return m_hasKeysFor[artist] != 0; }
     /// Whether a key belongs to so many songs that they also stand under the key combined with each of their
     /// artist grams (see withArtist()).
     [[nodiscard]] bool isCommon(FurtherKeys::Hash key) const { return m_byKey.countOf(key) >= m_commonCount; }
@@ -53,21 +59,34 @@ public:
     {
         return static_cast<double>(m_byKey.countOf(artistGram)) / static_cast<double>(m_countedSongs);
     }
-    /// Whether any song can have this title; see FurtherKeys::titleKeyOf().
+    /// Whether any song can have this title; see FurtherKeys::titleKeyOf(). In the scope of its family.
     [[nodiscard]] bool mayHaveTitle(FurtherKeys::Hash title) const { return m_hasTitle[placeOf(title)]; }
+
+    /// The counts of the artists of all songs, side by side to be read fast; empty if the similar artists of
+    /// all are known.
+    [[nodiscard]] const std::vector<CharacterCounts> &artistCounts() const { return m_artistCounts; }
 
 private:
     [[nodiscard]] std::size_t placeOf(FurtherKeys::Hash title) const
     {
         return title >> 32 & (m_hasTitle.size() - 1);
     }
+    [[nodiscard]] bool isLarge(FurtherArtists::Artist artist) const;
+    void chooseSongsWithKeys(const std::stop_token &stop);
+    [[nodiscard]] bool hasKeys(Position song) const { return m_hasKeys[m_artists.of(song)] != 0; }
     void countKeys();
     void fillBlock(FurtherKeys &keys, std::size_t block);
 
     const FurtherSongs &m_songs;
+    std::vector<double> m_durations;
+    FurtherArtists m_artists;
+    std::size_t m_fewSongs = 0;
+    /// By artist; bytes, so that threads can write to neighbours.
+    std::vector<char> m_hasKeysFor;
+    std::vector<char> m_hasKeys;
     WindowIndex m_byKey;
-    std::vector<Sketch> m_sketches;
     std::vector<bool> m_hasTitle;
+    std::vector<CharacterCounts> m_artistCounts;
     /// The songs whose keys were counted, and how often common keys are among those at least.
     std::size_t m_countedSongs = 0;
     std::size_t m_commonCount = 0;
@@ -78,14 +97,14 @@ private:
 /// # Why no match is missed
 ///
 /// Songs are sorted by playing time, so that those within MATCH_DURATION_DIFF are a window of neighbours. Of
-/// the songs in it, only those are compared that an index proposes. By the second condition of the match,
-/// two songs belong together for one of three reasons, and for each a few keys of the index are enough.
-/// - The full texts are similar. They differ by at most d edits, and an edit changes at most one of several
-///   grams (four characters in a row; texts begin and end with a blank here) that do not overlap. Of any d +
-///   1 such grams of one text, the other therefore has at least one (the pigeonhole principle, after S. Wu
-///   and U. Manber, "Fast text searching allowing errors", 1992). The rarest are taken. Where nearly all
-///   texts have the same ones, such as those of one artist, the words of the title are taken instead: by the
-///   fourth condition, the other has one of them.
+/// the songs in it, those match at most whose artists are similar. These are few for most songs, and each is
+/// compared. Where they are many, such as songs without an artist, only those are compared that an index
+/// proposes, unless it proposes nearly all. By the second condition of the match, two songs belong together
+/// for one of three reasons, and for each a few keys of the index are enough.
+/// - The full texts are similar. They differ by at most d edits. Of any d + 1 grams of one text (four
+///   characters in a row; texts begin and end with a blank here) that do not overlap, the other therefore has
+///   at least one (see DisjointGrams). The rarest are taken. Where nearly all texts have the same ones, the
+///   words of the title are taken instead: by the fourth condition, the other has one of them.
 /// - The other title contains this one. It has all of its words and grams, the rarest among them.
 /// - This title contains the other one. The other is a row of words of this one: each row is looked up.
 ///
@@ -106,6 +125,7 @@ public:
     explicit FurtherMatches(const FurtherIndex &index)
         : m_index(index)
         , m_lastQueries(index.songs().size())
+        , m_similarArtists(index.artists().size())
     {}
 
     /// Takes a song out: it is no longer found.
@@ -124,40 +144,37 @@ private:
 
     static constexpr std::uint32_t REMOVED = UINT32_MAX;
 
-    /// Which condition a candidate is proposed for.
-    enum class Reason
-    {
-        Similar,
-        Contains
-    };
+    /// Begins a query.
+    void begin(Position song, std::size_t most);
+    void readSimilarArtists();
+    /// Decides how to find the matches.
+    /// @return about how many songs have to be read from memory
+    std::size_t chooseWay();
+    void find();
 
-    struct Proposal
-    {
-        Hash key = 0;
-        Reason reason = Reason::Similar;
-    };
+    void compareWithWindow();
+    void compareWithSimilarArtists();
+    void compareWithProposed();
+    /// @return whether to go on
+    bool compareWith(Position candidate);
 
-    /// Begins a query: chooses the keys of all songs that can match this one.
-    void propose(Position song, std::size_t most);
+    /// Chooses the keys of all songs that can match this one.
+    void propose();
     /// About how many songs were proposed.
     [[nodiscard]] std::size_t proposedCount() const;
-    [[nodiscard]] bool mayArtistsMatch(const FurtherIndex::Sketch &candidate) const;
-    [[nodiscard]] bool mayFullTextsMatch(const FurtherIndex::Sketch &candidate) const;
     /// Chooses the artist grams of which each song with a similar artist has one.
     void chooseArtistGrams(std::uint32_t artistLength);
     /// About how many songs a gram of the full text proposes.
     [[nodiscard]] std::size_t costOfGram(Hash gram) const;
     /// The same for a word of the title.
     [[nodiscard]] std::size_t costOfWord(Hash word) const;
-    void proposeGram(Hash gram, Reason reason);
-    void proposeWord(Hash word, Reason reason);
+    void proposeGram(Hash gram);
+    void proposeWord(Hash word);
     /// @param key a word or title, in its scope
-    void proposeWithArtist(Hash key, Reason reason);
+    void proposeWithArtist(Hash key);
     void proposeSimilar(std::span<const Hash> grams, std::size_t length);
     void proposeContaining();
     void proposeContained();
-    void compareWithProposed();
-    void compareWith(Position candidate, Reason reason);
 
     const FurtherIndex &m_index;
     /// By song: the last query in which it was compared.
@@ -166,20 +183,25 @@ private:
 
     // The query that is running.
     Position m_song = 0;
+    FurtherIndex::Window m_window;
+    std::size_t m_most = 0;
+    std::vector<Position> m_matches;
+    /// By artist: the last query in which it was similar.
+    std::vector<std::uint32_t> m_similarArtists;
+    bool m_areArtistsKnown = false;
+    /// The songs of similar artists in the window, if those are known, and how many songs there are.
+    std::vector<std::span<const Position>> m_groups;
+    std::size_t m_groupedCount = 0;
+    bool m_isByKey = false;
     FurtherKeys m_keys;
     std::vector<Hash> m_artistGrams;
     /// About which share of all songs has one of them.
     double m_artistShare = 1.0;
-    std::vector<Proposal> m_proposals;
-    Position m_windowBegin = 0;
-    Position m_windowEnd = 0;
-    std::size_t m_most = 0;
-    std::vector<Position> m_matches;
+    std::vector<Hash> m_proposals;
 
     // Kept for their memory.
     std::vector<std::size_t> m_counts;
-    std::vector<std::size_t> m_sums;
-    std::vector<std::size_t> m_chosen;
+    DisjointGrams m_choice;
 };
 
 } // namespace sonavo

@@ -70,11 +70,14 @@ std::uint64_t bigramBitsOf(std::u32string_view title)
     return bits;
 }
 
-bool hasTitleWord(std::u32string_view title)
+std::uint64_t titleWordBitsOf(std::u32string_view title)
 {
-    bool isFound = false;
-    forEachWord(title, [&](std::u32string_view word) { isFound = isFound || isTitleWord(word); });
-    return isFound;
+    std::uint64_t bits = 0;
+    forEachWord(title, [&](std::u32string_view word) {
+        if (isTitleWord(word))
+            bits |= std::uint64_t{1} << std::hash<std::u32string_view>{}(word) % 64;
+    });
+    return bits;
 }
 
 bool haveTitleWordInCommon(std::u32string_view a, std::u32string_view b)
@@ -105,12 +108,13 @@ bool haveSameArtist(const FurtherSong &a, const FurtherSong &b)
 
 bool artistsMatchFurther(const FurtherSong &a, const FurtherSong &b)
 {
-    if (haveSameArtist(a, b))
-        return true;
-    const std::size_t limit =
-        largestDistance(std::max(a.artistLength, b.artistLength), MATCH_ARTIST_SIMILARITY);
-    return mayBeWithin(limit, a.artistLength, b.artistLength, a.artistCounts, b.artistCounts) &&
+    return haveSameArtist(a, b) ||
            calculateSimilarity(artistOf(a), artistOf(b), MATCH_ARTIST_SIMILARITY) >= MATCH_ARTIST_SIMILARITY;
+}
+
+TrackNumber comparedNumber(const FurtherSong &a, const FurtherSong &b)
+{
+    return a.isNumbered() == b.isNumbered() ? TrackNumber::Kept : TrackNumber::Dropped;
 }
 
 /// A quick test before haveCompatibleNumbers().
@@ -146,31 +150,44 @@ bool mayOneTitleContainTheOther(const FurtherSong &a, const FurtherSong &b)
 
 bool oneTitleContainsTheOther(const FurtherSong &a, const FurtherSong &b, TrackNumber number)
 {
+    if (!mayOneTitleContainTheOther(a, b))
+        return false;
     const std::u32string_view titleA = titleOf(a, number, Tail::Kept);
     const std::u32string_view titleB = titleOf(b, number, Tail::Kept);
     return titleA.size() >= titleB.size() ? containsWords(titleA, titleB) : containsWords(titleB, titleA);
 }
 
-/// A quick test before areFullTextsSimilarFurther().
-bool mayFullTextsBeSimilar(const FurtherSong &a, const FurtherSong &b, TrackNumber number, Tail tail)
+/// A quick test before areFullTextsSimilarFurther(), with or without track numbers and tails.
+bool mayFullTextsBeSimilar(const FurtherSong &a, const FurtherSong &b)
 {
-    const std::uint32_t lengthA = a.fullLength(number, tail);
-    const std::uint32_t lengthB = b.fullLength(number, tail);
-    const std::size_t limit = largestDistance(std::max(lengthA, lengthB), MATCH_TITLE_SIMILARITY);
-    // The counts are those of the whole texts.
-    const bool areWhole = number == TrackNumber::Kept && tail == Tail::Kept;
-    return mayBeWithin(limit, lengthA, lengthB, a.fullCounts, areWhole ? b.fullCounts : a.fullCounts);
+    const std::size_t limit = largestDistance(std::max(a.wholeLength, b.wholeLength), MATCH_TITLE_SIMILARITY);
+    const bool isWithin = a.isNumbered() <= b.isNumbered() && a.hasTail() <= b.hasTail();
+    const bool isWithout = b.isNumbered() <= a.isNumbered() && b.hasTail() <= a.hasTail();
+    if (isWithin && isWithout)
+        return mayBeWithin(limit, a.wholeLength, b.wholeLength, a.pairs, b.pairs);
+    // The counts of longer texts may have reached their limits.
+    const bool isLong = std::max(a.wholeLength, b.wholeLength) > UINT8_MAX;
+    if (isLong || (!isWithin && !isWithout))
+        return true;
+    // One text is compared without its number or its tail. It has the fewer pairs then, so only pairs that
+    // the other one has more often count, which are half of the difference but for the surplus.
+    const std::size_t whole = isWithin ? a.wholeLength : b.wholeLength;
+    const std::size_t shortened = isWithin ? b.wholeLength : a.wholeLength;
+    return difference(a.pairs, b.pairs) + whole <= 4 * limit + shortened;
 }
 
 bool areFullTextsSimilarFurther(const FurtherSong &a, const FurtherSong &b, TrackNumber number, Tail tail)
 {
-    if (!mayFullTextsBeSimilar(a, b, number, tail))
+    const std::uint32_t lengthA = a.fullLength(number, tail);
+    const std::uint32_t lengthB = b.fullLength(number, tail);
+    const std::uint32_t longer = std::max(lengthA, lengthB);
+    const std::size_t limit = largestDistance(longer, MATCH_TITLE_SIMILARITY);
+    if (longer - std::min(lengthA, lengthB) > limit)
         return false;
     if (haveSameArtist(a, b)) {
         // What two texts begin with alike does not change their distance.
-        const std::uint32_t longer = std::max(a.fullLength(number, tail), b.fullLength(number, tail));
-        const std::size_t distance = levenshteinDistance(titleOf(a, number, tail), titleOf(b, number, tail),
-                                                         largestDistance(longer, MATCH_TITLE_SIMILARITY));
+        const std::size_t distance =
+            levenshteinDistance(titleOf(a, number, tail), titleOf(b, number, tail), limit);
         return 1.0 - static_cast<double>(distance) / longer >= MATCH_TITLE_SIMILARITY;
     }
     std::u32string textA;
@@ -188,17 +205,17 @@ public:
     bool prepare(FurtherSong &prepared, const Song &song)
     {
         const std::u32string title = normalizeAllScripts(song.title);
-        if (!hasTitleWord(title))
+        prepared.titleWordBits = titleWordBitsOf(title);
+        if (prepared.titleWordBits == 0)
             return false;
         std::u32string text = normalizeAllScripts(song.artist);
         dropLeadingThe(text);
         prepared.artistHash = std::hash<std::u32string>{}(text);
-        prepared.artistCounts = CharacterCounts(text);
         prepared.artistLength = static_cast<std::uint32_t>(text.size());
         if (!text.empty())
             text += U' ';
         text += title;
-        prepared.fullCounts = CharacterCounts(text);
+        prepared.pairs = PairCounts(text);
         prepared.wholeLength = static_cast<std::uint32_t>(text.size());
         prepared.numberLength = numberLengthOf(title);
         prepared.tailLength = tailLengthOf(song.title, title, prepared.numberLength);
@@ -236,24 +253,29 @@ void setTexts(std::span<FurtherSong> songs, const std::u32string &texts)
 /// The songs that are the first of their path, by playing time.
 std::vector<FurtherSong> distinctSongs(const QList<Song> &songs)
 {
-    std::vector<FurtherSong> distinct;
-    distinct.reserve(static_cast<std::size_t>(songs.size()));
+    struct Place
+    {
+        double duration = 0.0;
+        std::uint32_t index = 0;
+    };
+    std::vector<Place> places;
+    places.reserve(static_cast<std::size_t>(songs.size()));
     QSet<QStringView> paths;
     paths.reserve(songs.size());
     for (std::uint32_t i = 0; i < static_cast<std::size_t>(songs.size()); ++i) {
-        const Song &song = songs[i];
         const qsizetype known = paths.size();
-        paths.insert(song.path);
-        if (paths.size() == known)
-            continue;
-        FurtherSong added;
-        added.duration = song.duration;
-        added.index = i;
-        distinct.push_back(added);
+        paths.insert(songs[i].path);
+        if (paths.size() > known)
+            places.push_back({songs[i].duration, i});
     }
-    std::sort(distinct.begin(), distinct.end(), [](const FurtherSong &a, const FurtherSong &b) {
+    std::sort(places.begin(), places.end(), [](const Place &a, const Place &b) {
         return a.duration != b.duration ? a.duration < b.duration : a.index < b.index;
     });
+    std::vector<FurtherSong> distinct(places.size());
+    for (std::size_t i = 0; i < places.size(); ++i) {
+        distinct[i].duration = places[i].duration;
+        distinct[i].index = places[i].index;
+    }
     return distinct;
 }
 
@@ -314,22 +336,24 @@ bool isTitleWord(std::u32string_view word)
 bool songsMatchFurther(const FurtherSong &a, const FurtherSong &b)
 {
     // The order changes only the speed: the sooner a condition fails, the less there is to do.
-    if (!(std::abs(a.duration - b.duration) <= MATCH_DURATION_DIFF))
+    if (!(std::abs(a.duration - b.duration) <= MATCH_DURATION_DIFF) || !mayMatchFurther(a, b) ||
+        !artistsMatchFurther(a, b))
         return false;
-    const TrackNumber number = a.isNumbered() == b.isNumbered() ? TrackNumber::Kept : TrackNumber::Dropped;
-    if (!mayHaveCompatibleNumbers(a, b, number))
-        return false;
-    const bool mayContain = mayOneTitleContainTheOther(a, b);
-    const bool mayBeSimilar = mayFullTextsBeSimilar(a, b, number, Tail::Kept);
-    const bool mayBeSimilarWithoutTail =
-        a.hasTail() != b.hasTail() && mayFullTextsBeSimilar(a, b, number, Tail::Dropped);
-    return (mayContain || mayBeSimilar || mayBeSimilarWithoutTail) && artistsMatchFurther(a, b) &&
-           ((mayContain && oneTitleContainsTheOther(a, b, number)) ||
-            (mayBeSimilar && areFullTextsSimilarFurther(a, b, number, Tail::Kept)) ||
-            (mayBeSimilarWithoutTail && areFullTextsSimilarFurther(a, b, number, Tail::Dropped))) &&
-           haveCompatibleNumbers(a, b, number) &&
+    const TrackNumber number = comparedNumber(a, b);
+    const auto areSimilar = [&] {
+        return mayFullTextsBeSimilar(a, b) &&
+               (areFullTextsSimilarFurther(a, b, number, Tail::Kept) ||
+                (a.hasTail() != b.hasTail() && areFullTextsSimilarFurther(a, b, number, Tail::Dropped)));
+    };
+    return (oneTitleContainsTheOther(a, b, number) || areSimilar()) && haveCompatibleNumbers(a, b, number) &&
            haveTitleWordInCommon(titleOf(a, TrackNumber::Kept, Tail::Kept),
                                  titleOf(b, TrackNumber::Kept, Tail::Kept));
+}
+
+bool mayMatchFurther(const FurtherSong &a, const FurtherSong &b)
+{
+    return (a.titleWordBits & b.titleWordBits) != 0 && mayHaveCompatibleNumbers(a, b, comparedNumber(a, b)) &&
+           (mayOneTitleContainTheOther(a, b) || mayFullTextsBeSimilar(a, b));
 }
 
 } // namespace sonavo

@@ -46,29 +46,31 @@ struct FurtherSong
         return number == TrackNumber::Kept ? otherNumberBits | trackNumberBit : otherNumberBits;
     }
 
+    // What is read first stands together.
+
     /// Seconds.
     double duration = 0.0;
-    /// Artist and title joined.
-    const char32_t *text = nullptr;
-    /// Of the artist; different artists can share it.
-    std::uint64_t artistHash = 0;
-    /// Of the artist, and of artist and title joined.
-    CharacterCounts artistCounts;
-    CharacterCounts fullCounts;
-    /// One bit for each pair of neighbouring characters of the title without its number; different pairs can
-    /// share a bit. A title that contains another has all of its bits.
-    std::uint64_t titleBigrams = 0;
+    /// One bit for each title word (see isTitleWord()); different words can share a bit.
+    std::uint64_t titleWordBits = 0;
     /// See numberBits().
     std::uint64_t otherNumberBits = 0;
     std::uint64_t trackNumberBit = 0;
-    /// Characters of the artist, of artist and title joined, of the track number with the blank behind it,
+    /// One bit for each pair of neighbouring characters of the title without its number; different pairs can
+    /// share a bit. A title that contains another has all of its bits.
+    std::uint64_t titleBigrams = 0;
+    /// Characters of artist and title joined, of the artist, of the track number with the blank behind it,
     /// and of the tail with the blank before it.
-    std::uint32_t artistLength = 0;
     std::uint32_t wholeLength = 0;
+    std::uint32_t artistLength = 0;
     std::uint32_t numberLength = 0;
     std::uint32_t tailLength = 0;
     /// Where the song stands in the list.
     std::uint32_t index = 0;
+    /// Of artist and title joined.
+    PairCounts pairs;
+    const char32_t *text = nullptr;
+    /// Of the artist; different artists can share it.
+    std::uint64_t artistHash = 0;
 };
 
 /// The songs that are compared when looking further, sorted by playing time. Their texts are prepared in
@@ -140,5 +142,8 @@ void forEachNumber(std::u32string_view text, Visit visit)
 /// Symmetric and pure, but not transitive; any thread may call it. FurtherMatches relies on the second
 /// condition and on that of the numbers.
 [[nodiscard]] bool songsMatchFurther(const FurtherSong &a, const FurtherSong &b);
+
+/// A quick test that leaves out artists and playing times: false only for songs that do not match.
+[[nodiscard]] bool mayMatchFurther(const FurtherSong &a, const FurtherSong &b);
 
 } // namespace sonavo
