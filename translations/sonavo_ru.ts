@@ -812,7 +812,7 @@ Please select a smaller folder.</source>
     </message>
     <message>
         <source>Move Duplicates</source>
-        <translation>Переместить дубликаты</translation>
+        <translation>Переместить</translation>
     </message>
     <message numerus="yes">
         <source>%n duplicates</source>
@@ -833,7 +833,7 @@ Please select a smaller folder.</source>
     </message>
     <message>
         <source>Clear List</source>
-        <translation>Очистить список</translation>
+        <translation>Сбросить</translation>
     </message>
 </context>
 <context>

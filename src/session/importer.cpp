@@ -64,7 +64,7 @@ qint64 songCountOf(const QList<QUrl> &urls)
 
 QString nameOf(const QUrl &item)
 {
-    return QDir(item.toLocalFile()).dirName();
+    return nameInText(QDir(item.toLocalFile()).dirName());
 }
 
 QString busyText(const QList<QUrl> &urls)
@@ -142,7 +142,7 @@ bool Importer::importDrop(const QList<QUrl> &urls)
         m_notices.showToast(translate("Importer",
                                       "Only “%1” is being scanned. Use “Add Song” to choose several "
                                       "items together.")
-                                .arg(withVisibleControls(nameOf(started.last()))),
+                                .arg(nameOf(started.last())),
                             Notices::ToastType::Info);
     }
     return !started.isEmpty();

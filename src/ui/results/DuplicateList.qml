@@ -207,12 +207,13 @@ FocusScope {
             const row = list.currentIndex;
             const header = rows.headerRow(row);
             event.accepted = true;
-            if (event.key === Qt.Key_Left && row === header) {
+            const [back, ahead] = LayoutMirroring.enabled ? [Qt.Key_Right, Qt.Key_Left] : [Qt.Key_Left, Qt.Key_Right];
+            if (event.key === back && row === header) {
                 rows.setExpanded(row, false);
-            } else if (event.key === Qt.Key_Left) {
+            } else if (event.key === back) {
                 list.currentIndex = header;
                 rows.setExpanded(header, false);
-            } else if (event.key === Qt.Key_Right) {
+            } else if (event.key === ahead) {
                 rows.setExpanded(row, true);
             } else if (event.key === Qt.Key_Home) {
                 list.currentIndex = 0;
@@ -229,7 +230,9 @@ FocusScope {
             } else if (event.key === Qt.Key_K && event.modifiers === Qt.NoModifier && row !== header) {
                 view.keep(rows.songAt(row));
             } else if (event.key === Qt.Key_Menu || (event.key === Qt.Key_F10 && event.modifiers & Qt.ShiftModifier)) {
-                (row === header ? groupMenu : menu).openFor(row, list.currentItem, TableColumns.badgeX, 20);
+                (row === header ? groupMenu : menu).openFor(row, list.currentItem,
+                                                            LayoutMirroring.enabled ? width - TableColumns.badgeX - groupMenu.width
+                                                                                    : TableColumns.badgeX, 20);
             } else {
                 event.accepted = false;
             }

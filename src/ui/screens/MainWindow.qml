@@ -21,6 +21,8 @@ ApplicationWindow {
     // The content alone has 900 by 600 points.
     minimumHeight: 600 + header.implicitHeight
     visible: true
+    LayoutMirroring.enabled: Application.layoutDirection === Qt.RightToLeft
+    LayoutMirroring.childrenInherit: true
 
     header: WindowHeader {
         themeManager: window.themeManager

@@ -17,7 +17,8 @@ Rectangle {
         id: menuBar
 
         anchors.verticalCenter: parent.verticalCenter
-        x: 6
+        anchors.left: parent.left
+        anchors.leftMargin: 6
         background: null
         delegate: MenuBarItem {
             id: item
