@@ -147,6 +147,11 @@ QList<Screen> scanScreens(const QString &songs)
              scene.session.showToast(u"Moved 12 files to folder \u2022 Saved 84.3 MB"_s,
                                      DuplicateViewModel::ToastType::Success);
          }},
+        {u"shortcuts"_s,
+         [](Scene &scene) {
+             QTest::qWait(50);
+             QTest::keyClick(scene.window, Qt::Key_F1);
+         }},
         {u"unique"_s, [songs](Scene &scene) { scene.scan(songs + u"/Laptop"_s); }},
     };
 }
