@@ -6,6 +6,7 @@
 #include <QAbstractItemView>
 #include <QAction>
 #include <QDir>
+#include <QEventLoop>
 #include <QFileDialog>
 #include <QGuiApplication>
 #include <QItemSelectionModel>
@@ -15,6 +16,7 @@
 #include <QWindow>
 
 #include <algorithm>
+#include <optional>
 
 namespace sonavo {
 namespace {
@@ -175,6 +177,38 @@ private:
     }
 };
 
+void prepareFolderDialog(QFileDialog &dialog, const QString &acceptLabel)
+{
+    dialog.setFileMode(QFileDialog::Directory);
+    dialog.setOption(QFileDialog::ShowDirsOnly);
+    dialog.setLabelText(QFileDialog::Accept, acceptLabel);
+}
+
+/// The dialog of the desktop, which takes files or folders but not both at once.
+/// @return nothing where the platform theme has none; an empty path when cancelled
+std::optional<QString> runNativeFolderDialog(const QString &title, const QString &acceptLabel,
+                                             QString &folder)
+{
+    QFileDialog dialog(nullptr, title);
+    // Qt's own one has its parts from the beginning.
+    if (dialog.findChild<QLineEdit *>(QStringLiteral("fileNameEdit")))
+        return {};
+    prepareFolderDialog(dialog, acceptLabel);
+    dialog.setDirectory(QFileInfo(folder).isDir() ? folder : userFolder(QStandardPaths::MusicLocation));
+    dialog.winId(); // makes the native window
+    dialog.windowHandle()->setTransientParent(activeWindow());
+    // Some themes run a loop of their own for exec(), which does not end with the application.
+    QEventLoop loop;
+    QObject::connect(&dialog, &QDialog::finished, &loop, &QEventLoop::quit);
+    dialog.open();
+    loop.exec();
+    const QStringList chosen = dialog.selectedFiles();
+    if (dialog.result() != QDialog::Accepted || chosen.isEmpty())
+        return QString();
+    folder = QFileInfo(chosen.constFirst()).path();
+    return chosen.constFirst();
+}
+
 } // namespace
 
 QList<QUrl> runMusicDialog(QString &folder)
@@ -185,10 +219,10 @@ QList<QUrl> runMusicDialog(QString &folder)
 
 QString runFolderDialog(const QString &title, const QString &acceptLabel, QString &folder)
 {
+    if (const std::optional<QString> chosen = runNativeFolderDialog(title, acceptLabel, folder))
+        return *chosen;
     SafeFileDialog dialog(title);
-    dialog.setFileMode(QFileDialog::Directory);
-    dialog.setOption(QFileDialog::ShowDirsOnly);
-    dialog.setLabelText(QFileDialog::Accept, acceptLabel);
+    prepareFolderDialog(dialog, acceptLabel);
     return dialog.run(folder) ? dialog.selectedFiles().constFirst() : QString();
 }
 

@@ -82,7 +82,7 @@ void DuplicateViewModel::announceScan(const Scan::State &before)
     const Scan::State &now = m_scan.state();
     const bool isSameProgress = before.progress == now.progress && before.message == now.message &&
                                 before.processedFiles == now.processedFiles &&
-                                before.totalFiles == now.totalFiles;
+                                before.totalFiles == now.totalFiles && before.foundFiles == now.foundFiles;
     announce({
         {&DuplicateViewModel::isScanningChanged, before.isRunning != now.isRunning},
         {&DuplicateViewModel::progressChanged, !isSameProgress},
@@ -117,6 +117,7 @@ void DuplicateViewModel::announceImporter(const Importer::State &before)
         {&DuplicateViewModel::pendingImportURLsChanged, before.pendingUrls != now.pendingUrls},
         {&DuplicateViewModel::showLimitWarningChanged, before.isAsking != now.isAsking},
         {&DuplicateViewModel::openQuestionChanged, before.openedUrls != now.openedUrls},
+        {&DuplicateViewModel::scanAllChanged, before.droppedUrls != now.droppedUrls},
     });
 }
 
@@ -150,6 +151,7 @@ void DuplicateViewModel::announceEverything()
         {&DuplicateViewModel::pendingImportURLsChanged, true},
         {&DuplicateViewModel::showLimitWarningChanged, true},
         {&DuplicateViewModel::openQuestionChanged, true},
+        {&DuplicateViewModel::scanAllChanged, true},
         {&DuplicateViewModel::isScanningChanged, true},
         {&DuplicateViewModel::cleanUpProgressChanged, true},
         {&DuplicateViewModel::isCleaningUpChanged, true},
@@ -167,6 +169,9 @@ void DuplicateViewModel::performToastAction()
     switch (m_notices.state().toastActionKind) {
     case Notices::ToastAction::Undo:
         undo();
+        break;
+    case Notices::ToastAction::ScanAll:
+        scanAllDropped();
         break;
     case Notices::ToastAction::ShowReport:
         m_notices.setToastShown(false);

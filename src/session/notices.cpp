@@ -41,7 +41,7 @@ void Notices::showToast(const QString &message, ToastType type, const QString &a
     m_isToastOverdue = false;
     if (action.isEmpty())
         hideToastLater(this);
-    else
+    else if (kind != ToastAction::ScanAll)
         endToastWithAction(this, state.toastNumber);
     state.isToastShown = true;
     state.toastMessage = message;
@@ -82,10 +82,14 @@ void Notices::holdToast(bool isHeld)
     hideOverdueToast();
 }
 
-void Notices::removeToastAction()
+void Notices::removeToastAction(ToastAction kind)
 {
+    if (m_state.toastAction.isEmpty() || m_state.toastActionKind != kind)
+        return;
     State state = m_state;
     state.toastAction.clear();
+    // It has no time after which it would go by itself.
+    state.isToastShown = state.isToastShown && kind != ToastAction::ScanAll;
     set(std::move(state));
 }
 

@@ -77,6 +77,7 @@ protected:
         const QTemporaryDir folder;
         fillWithSongs(folder.path(), 101);
         session.importDroppedItems(QList<QUrl>(4, QUrl::fromLocalFile(folder.path())));
+        ASSERT_TRUE(waitFor([this] { return session.showAlert(); }));
         ASSERT_TRUE(waitForText(session.alertMessage()));
         ASSERT_TRUE(waitFor([this] { return focusedName() == u"OK"; }));
     }
@@ -340,13 +341,14 @@ TEST_F(WindowTest, LightsUpUnderFilesAndImportsThemOnceWhereverTheyAreDropped)
     EXPECT_TRUE(waitFor([&] { return zone() != unlit; }));
 
     drop(dropZone(), {LINK, SONG});
+    EXPECT_TRUE(waitForText(CANCEL_SCAN));
     EXPECT_EQ(scans(), 1) << "the zone is inside of the window, which takes drops itself";
-    EXPECT_TRUE(shows(CANCEL_SCAN));
     drop(corner(), SAMPLES);
-    EXPECT_EQ(scans(), 2) << "during a scan";
+    EXPECT_TRUE(waitFor([this] { return scans() == 2; })) << "during a scan";
     EXPECT_TRUE(goOnUntil([this] { return !session.isScanning(); }));
     const QUrl cover = QUrl::fromLocalFile(QStringLiteral(SONAVO_SAMPLES "/make.sh"));
     drop(corner(), {SAMPLES[0], cover});
+    EXPECT_TRUE(waitFor([this] { return scans() == 3; }));
     EXPECT_TRUE(goOnUntil([this] { return !session.isScanning(); }));
     EXPECT_FALSE(session.showAlert() || session.songCount() < 20) << "what is no audio is passed over";
     // Over results. Each item is imported by itself, and the last one stands.
@@ -355,10 +357,20 @@ TEST_F(WindowTest, LightsUpUnderFilesAndImportsThemOnceWhereverTheyAreDropped)
     EXPECT_EQ(drag(corner(), files), Qt::CopyAction);
     EXPECT_TRUE(waitFor([&] { return window->grabWindow() != results; })) << "the drop can be seen to work";
     drop(corner(), {QUrl::fromLocalFile(QStringLiteral(SONAVO_SAMPLES "/Albums")), phone});
-    EXPECT_TRUE(
-        waitForText(u"Only “Phone” is being scanned. Use “Add Song” to choose several items together."_s));
+    const QString note = u"Of 2 items that were dropped, only “Phone” is scanned"_s;
+    EXPECT_TRUE(waitForText(note));
     EXPECT_TRUE(goOnUntil([this] { return !session.isScanning(); }));
-    EXPECT_EQ(session.songCount(), QDir(phone.toLocalFile()).entryList(QDir::Files).size());
+    const int alone = session.songCount();
+    EXPECT_EQ(alone, QDir(phone.toLocalFile()).entryList(QDir::Files).size());
+    // The toast stays, and the info bar offers the same.
+    press(Qt::Key_Escape);
+    EXPECT_TRUE(waitFor([this] { return !session.showToast(); }));
+    EXPECT_TRUE(shows(note));
+    click(u"Scan All 2"_s);
+    EXPECT_TRUE(waitForText(CANCEL_SCAN));
+    EXPECT_TRUE(goOnUntil([this] { return !session.isScanning(); }));
+    EXPECT_GT(session.songCount(), alone);
+    EXPECT_TRUE(waitForNoText(u"Scan All 2"_s));
 }
 
 TEST_F(WindowTest, LetsTheKeyboardReachEveryButtonAndShowsWhereItIs)

@@ -58,8 +58,8 @@ Item {
         radius: 6
         color: row.isPlaying ? Qt.tint(Colors.row, Qt.alpha(Colors.accent, 0.15))
              : pointer.containsMouse ? Qt.tint(Colors.row, Qt.alpha(Colors.textPrimary, 0.06)) : Colors.row
-        border.width: row.isCurrent ? 2 : row.isPlaying ? 1 : 0
-        border.color: row.isCurrent ? Colors.focusRing : Qt.alpha(Colors.accent, 0.5)
+        border.width: row.isCurrent ? 2 : row.isPlaying ? Colors.outlineWidth : 0
+        border.color: row.isCurrent ? Colors.focusRing : Qt.alpha(Colors.accent, Colors.faintOutlineOpacity)
 
         Rectangle {
             visible: row.isPlaying && row.clickPosition.x >= 0

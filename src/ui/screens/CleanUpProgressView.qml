@@ -52,7 +52,7 @@ FocusScope {
         height: stack.implicitHeight + 48
         radius: 18
         color: Colors.card
-        border.width: 1
+        border.width: Colors.outlineWidth
         border.color: Colors.border
 
         // Keeps the pointer from what is below.

@@ -102,6 +102,7 @@ FocusScope {
         focus: visible
         progress: view.viewModel.progress
         message: view.viewModel.scanMessage
+        foundFiles: view.viewModel.foundFiles
         onStop: view.stop()
     }
 

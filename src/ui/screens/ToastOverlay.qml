@@ -7,7 +7,7 @@ Item {
 
     required property DuplicateViewModel viewModel
     readonly property bool isShowing: viewModel.showToast
-    readonly property real hiddenOffset: 60
+    readonly property real hiddenOffset: Motion.isReduced ? 0 : 60
     // What the toast does not cover: it goes above it.
     required property rect keepClear
     readonly property bool isInTheWay: keepClear.height > 0 && keepClear.y < height - 40
@@ -28,7 +28,9 @@ Item {
         visible: opacity > 0
         enabled: overlay.isShowing
         action: overlay.viewModel.toastAction
-        canAct: !overlay.viewModel.isScanning && !overlay.viewModel.showCleanUpProgress
+        // What was dropped can be scanned instead of what is being scanned.
+        canAct: (!overlay.viewModel.isScanning || overlay.viewModel.scanAllText === action)
+                && !overlay.viewModel.showCleanUpProgress
         onClosed: overlay.viewModel.showToast = false
         onActed: overlay.viewModel.performToastAction()
         onIsInUseChanged: overlay.viewModel.holdToast(isInUse)
