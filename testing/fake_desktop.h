@@ -23,7 +23,12 @@ public:
     void play() override { record("play"); }
     void pause() override { record("pause"); }
     void setVolume(double volume) override { record("volume " + std::to_string(volume).substr(0, 3)); }
-    void seek(qint64 seconds) override { record("seek " + std::to_string(seconds)); }
+    void seek(qint64 seconds) override
+    {
+        m_position = static_cast<double>(seconds);
+        record("seek " + std::to_string(seconds));
+    }
+    [[nodiscard]] double position() const override { return m_position; }
     void releaseItem() override { record("release"); }
 
 private:
@@ -31,6 +36,7 @@ private:
 
     std::string m_name;
     std::vector<std::string> &m_calls;
+    double m_position = 0.0;
 };
 
 /// A desktop whose user chooses what the test says.
@@ -41,7 +47,10 @@ public:
     /// Called while a dialog for music is open.
     std::function<void()> onChoice = [] {};
     std::function<QString()> onChooseFolder = [] { return QString(); };
+    std::function<QString()> onChooseReportFile = [] { return QString(); };
     QString clipboard;
+    QList<QUrl> copied;
+    bool showsFiles = true;
     /// Folder dialogs, files shown in the file viewer and calls of players, in order.
     std::vector<std::string> calls;
 
@@ -55,8 +64,15 @@ public:
         calls.push_back(message.toStdString() + " / " + prompt.toStdString());
         return onChooseFolder();
     }
+    [[nodiscard]] QString chooseReportFile(const QString &) override { return onChooseReportFile(); }
     void copyToClipboard(const QString &text) override { clipboard = text; }
-    void showInFileViewer(const QString &path) override { calls.push_back("show " + path.toStdString()); }
+    [[nodiscard]] QList<QUrl> copiedFiles() override { return copied; }
+    void showInFileViewer(const QString &path, std::function<void()> onFailure) override
+    {
+        calls.push_back("show " + path.toStdString());
+        if (!showsFiles)
+            onFailure();
+    }
     [[nodiscard]] std::unique_ptr<PreviewPlayer> openPreview(const QString &path) override
     {
         return std::make_unique<RecordingPlayer>(path.toStdString(), calls);

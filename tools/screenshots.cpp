@@ -150,6 +150,11 @@ QList<Screen> scanScreens(const QString &songs)
                  toastText({.target = CleanUpTarget::Folder, .moved = 12, .saved = 84'300'000}),
                  DuplicateViewModel::ToastType::Success);
          }},
+        {u"shortcuts"_s,
+         [](Scene &scene) {
+             QTest::qWait(50);
+             QTest::keyClick(scene.window, Qt::Key_F1);
+         }},
         {u"unique"_s, [songs](Scene &scene) { scene.scan(songs + u"/Laptop"_s); }},
     };
 }

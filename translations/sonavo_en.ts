@@ -31,6 +31,16 @@
     </message>
 </context>
 <context>
+    <name>CircularProgressView</name>
+    <message numerus="yes">
+        <source>%Ln files found</source>
+        <translation>
+            <numerusform>%Ln file found</numerusform>
+            <numerusform>%Ln files found</numerusform>
+        </translation>
+    </message>
+</context>
+<context>
     <name>CleanUpText</name>
     <message numerus="yes">
         <source>%Ln more duplicates found</source>

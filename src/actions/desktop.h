@@ -7,6 +7,7 @@
 #include <QString>
 #include <QUrl>
 
+#include <functional>
 #include <memory>
 #include <optional>
 
@@ -31,11 +32,21 @@ public:
     /// @return absolute path; empty when the user cancelled
     [[nodiscard]] virtual QString chooseFolder(const QString &message, const QString &prompt) = 0;
 
+    /// Lets the user choose a file to save a report into, in the same way, and asks before one is replaced.
+    /// @param name proposed name, without an extension
+    /// @return absolute path, which ends in ".csv" or ".json"; empty when the user cancelled
+    [[nodiscard]] virtual QString chooseReportFile(const QString &name) = 0;
+
     /// Replaces what is on the clipboard by a plain text.
     virtual void copyToClipboard(const QString &text) = 0;
 
-    /// Shows a file, selected, in the system's file viewer. Returns at once and reports nothing.
-    virtual void showInFileViewer(const QString &path) = 0;
+    /// The files and folders that were copied in a file manager.
+    /// @return file URLs; empty when the clipboard holds something else
+    [[nodiscard]] virtual QList<QUrl> copiedFiles() = 0;
+
+    /// Shows a file, selected, in the system's file viewer. Returns at once.
+    /// @param onFailure called later, on the main thread, when nothing could show it
+    virtual void showInFileViewer(const QString &path, std::function<void()> onFailure) = 0;
 
     /// A player of its own for one file; it is silent until it is told to play.
     [[nodiscard]] virtual std::unique_ptr<PreviewPlayer> openPreview(const QString &path) = 0;

@@ -27,6 +27,9 @@ public:
     /// @param seconds below zero means the beginning, beyond the end the end
     virtual void seek(qint64 seconds) = 0;
 
+    /// The second of the song that is heard now, or from which it will go on. Up to a tenth of a second late.
+    [[nodiscard]] virtual double position() const = 0;
+
     /// Closes the file for good.
     virtual void releaseItem() = 0;
 };

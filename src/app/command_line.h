@@ -1,6 +1,6 @@
 #pragma once
 
-#include "report/print_report.h"
+#include "app/print_report.h"
 
 #include <QList>
 #include <QString>

@@ -1,9 +1,9 @@
 #include "app/command_line.h"
+#include "app/print_report.h"
 #include "app/process_exit.h"
 #include "app/run_window.h"
 #include "app/utf8_locale.h"
 #include "language/language.h"
-#include "report/print_report.h"
 
 #include <QCoreApplication>
 

@@ -1,6 +1,6 @@
 #include "app/process_exit.h"
 
-#include "report/progress_line.h"
+#include "app/progress_line.h"
 
 #include <QCoreApplication>
 #include <QSocketNotifier>

@@ -4,6 +4,7 @@
 #include "app/process_exit.h"
 #include "app/sonavo_app.h"
 #include "desktop/session_bus.h"
+#include "desktop/settings_portal.h"
 #include "language/language.h"
 #include "session/file_job.h"
 
@@ -75,17 +76,43 @@ std::optional<ExitStatus> shareWindow(ApplicationService &service, const WindowR
     return {};
 }
 
-/// All sizes are in logical pixels, which the resolution of fonts alone does not change.
-void scaleWithFonts()
+/// Which platform Qt will choose.
+bool usesWayland()
+{
+    if (const QByteArray platform = qgetenv("QT_QPA_PLATFORM"); !platform.isEmpty())
+        return platform.startsWith("wayland");
+    return !qEnvironmentVariableIsEmpty("WAYLAND_DISPLAY") &&
+           (qEnvironmentVariableIsEmpty("DISPLAY") || qgetenv("XDG_SESSION_TYPE") == "wayland");
+}
+
+/// By how much text should be larger, apart from what Qt does by itself: on X11 it scales everything with the
+/// resolution that the desktop has set for fonts.
+double textScale()
 {
     constexpr double NORMAL_DPI = 96.0;
     constexpr const char *FONT_DPI = "QT_FONT_DPI";
+    // Set by one of the desktops.
+    constexpr const char *WAYLAND_DPI = "QT_WAYLAND_FORCE_DPI";
+    for (const char *variable : {FONT_DPI, WAYLAND_DPI}) {
+        const double dpi = qEnvironmentVariable(variable).toDouble();
+        if (dpi <= 0.0 || (variable == WAYLAND_DPI && !usesWayland()))
+            continue;
+        // Qt would enlarge its own texts once more.
+        qunsetenv(variable);
+        return dpi / NORMAL_DPI;
+    }
+    const std::optional<QDBusConnection> bus = usesWayland() ? waitForSessionBus(1s) : std::nullopt;
+    return bus ? readTextScale(*bus, 500ms) : 1.0;
+}
+
+/// All sizes are in logical pixels, which a larger text alone does not change.
+void scaleWithText()
+{
     constexpr const char *SCALE = "QT_SCALE_FACTOR";
-    const double dpi = qEnvironmentVariable(FONT_DPI).toDouble();
-    if (dpi <= NORMAL_DPI || qEnvironmentVariableIsSet(SCALE))
+    if (qEnvironmentVariableIsSet(SCALE))
         return;
-    qputenv(SCALE, QByteArray::number(dpi / NORMAL_DPI));
-    qunsetenv(FONT_DPI);
+    if (const double scale = textScale(); scale != 1.0)
+        qputenv(SCALE, QByteArray::number(scale));
 }
 
 } // namespace
@@ -100,7 +127,7 @@ ExitStatus runWindow(int &argc, char **argv, const WindowRequest &request)
     ApplicationService service;
     if (const std::optional<ExitStatus> status = shareWindow(service, request))
         return *status;
-    scaleWithFonts();
+    scaleWithText();
     // For the file dialogs: unlike the style of some desktops, this one takes the theme's colours.
     QApplication::setStyle(QStyleFactory::create(QStringLiteral("Fusion")));
     qInstallMessageHandler(handleStartMessage);

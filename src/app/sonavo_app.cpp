@@ -1,5 +1,6 @@
 #include "app/sonavo_app.h"
 
+#include "desktop/session_bus.h"
 #include "session/clean_up_work.h"
 #include "session/event_loop_pauses.h"
 #include "theme/palette.h"
@@ -28,8 +29,12 @@ bool SonavoApp::launch(const QList<QUrl> &items)
     m_longWork = std::make_unique<LongWork>(m_viewModel, *m_window);
     QObject::connect(m_longWork.get(), &LongWork::activated,
                      [this](const QString &token) { bringToFront(token); });
+    connectToSessionBus().then(m_longWork.get(), [this](const QDBusConnection &bus) {
+        if (bus.isConnected())
+            followSettings(bus);
+    });
     if (!items.isEmpty())
-        m_viewModel.importChosenItems(items);
+        m_viewModel.openItems(items);
     return true;
 }
 
@@ -37,6 +42,15 @@ bool SonavoApp::open(const OpenRequest &request)
 {
     bringToFront(request.activationToken);
     return request.items.isEmpty() || m_viewModel.openItems(request.items);
+}
+
+void SonavoApp::followSettings(const QDBusConnection &bus)
+{
+    m_settings = std::make_unique<SettingsPortal>(bus);
+    QObject::connect(m_settings.get(), &SettingsPortal::changed, [this] {
+        ThemeManager::shared()->setWishes({.isHighContrast = m_settings->isHighContrast(),
+                                           .isMotionReduced = m_settings->isMotionReduced()});
+    });
 }
 
 void SonavoApp::bringToFront(const QString &activationToken)

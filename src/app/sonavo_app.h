@@ -4,6 +4,7 @@
 #include "app/application_service.h"
 #include "app/long_work.h"
 #include "app/scene_delegate.h"
+#include "desktop/settings_portal.h"
 #include "desktop/system_desktop.h"
 #include "session/duplicate_view_model.h"
 
@@ -37,6 +38,8 @@ public:
     [[nodiscard]] bool open(const OpenRequest &request);
 
 private:
+    /// Follows what the user has set for all programs.
+    void followSettings(const QDBusConnection &bus);
     void bringToFront(const QString &activationToken);
 
     SystemDesktop m_desktop;
@@ -47,6 +50,7 @@ private:
     QQmlApplicationEngine m_engine;
     QPointer<QQuickWindow> m_window;
     std::unique_ptr<LongWork> m_longWork;
+    std::unique_ptr<SettingsPortal> m_settings;
 };
 
 } // namespace sonavo

@@ -13,6 +13,7 @@ using namespace std::chrono_literals;
 
 /// The PulseAudio sink loses track of its clock when it is stopped before it has properly started.
 constexpr auto MIN_CHANGE_INTERVAL = 50ms;
+constexpr auto POSITION_INTERVAL = 100ms;
 
 /// Links the first audio pad of the decoder to `queue`.
 void linkDecoder(GstElement *, GstPad *decoded, gpointer queue)
@@ -25,13 +26,17 @@ void linkDecoder(GstElement *, GstPad *decoded, gpointer queue)
 
 } // namespace
 
-AudioPipeline::AudioPipeline(QString path)
+AudioPipeline::AudioPipeline(QString path, std::shared_ptr<std::atomic<double>> position)
     : m_path(std::move(path))
+    , m_position(std::move(position))
     , m_throttle(this)
+    , m_positionTimer(this)
 {
     m_throttle.setSingleShot(true);
     m_throttle.setInterval(MIN_CHANGE_INTERVAL);
     connect(&m_throttle, &QTimer::timeout, this, &AudioPipeline::applyRequests);
+    m_positionTimer.setInterval(POSITION_INTERVAL);
+    connect(&m_positionTimer, &QTimer::timeout, this, &AudioPipeline::updatePosition);
 }
 
 AudioPipeline::~AudioPipeline()
@@ -78,6 +83,7 @@ void AudioPipeline::close()
 {
     m_isPrerolled = false;
     m_throttle.stop();
+    m_positionTimer.stop();
     if (m_pipeline)
         gst_element_set_state(m_pipeline.get(), GST_STATE_NULL);
     m_volume = nullptr;
@@ -145,6 +151,7 @@ void AudioPipeline::applyRequests()
     m_isPlaying = m_shouldPlay;
     gst_element_set_state(m_pipeline.get(), m_isPlaying ? GST_STATE_PLAYING : GST_STATE_PAUSED);
     m_throttle.start();
+    m_isPlaying ? m_positionTimer.start() : m_positionTimer.stop();
 }
 
 void AudioPipeline::seekNow()
@@ -164,6 +171,14 @@ void AudioPipeline::reload()
     m_isPlaying = false;
     gst_element_set_state(m_pipeline.get(), GST_STATE_READY);
     gst_element_set_state(m_pipeline.get(), GST_STATE_PAUSED);
+}
+
+void AudioPipeline::updatePosition()
+{
+    gint64 nanoseconds = 0;
+    if (m_isPrerolled && !m_seekTarget &&
+        gst_element_query_position(m_pipeline.get(), GST_FORMAT_TIME, &nanoseconds))
+        *m_position = static_cast<double>(nanoseconds) / static_cast<double>(GST_SECOND);
 }
 
 GstBusSyncReply AudioPipeline::handleBusMessage(GstBus *, GstMessage *message, gpointer self)

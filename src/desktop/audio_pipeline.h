@@ -4,6 +4,7 @@
 #include <QString>
 #include <QTimer>
 
+#include <atomic>
 #include <gst/gst.h>
 #include <memory>
 #include <optional>
@@ -18,7 +19,8 @@ namespace sonavo {
 class AudioPipeline : public QObject
 {
 public:
-    explicit AudioPipeline(QString path);
+    /// @param position set to the second that is heard, while it plays
+    AudioPipeline(QString path, std::shared_ptr<std::atomic<double>> position);
     ~AudioPipeline() override;
 
     /// Opens the file and prerolls. To be called once, before anything else.
@@ -51,9 +53,11 @@ private:
     void applyRequests();
     void seekNow();
     void reload();
+    void updatePosition();
     static GstBusSyncReply handleBusMessage(GstBus *bus, GstMessage *message, gpointer self);
 
     const QString m_path;
+    const std::shared_ptr<std::atomic<double>> m_position;
     std::unique_ptr<GstElement, Unref> m_pipeline;
     // Owned by the pipeline.
     GstElement *m_volume = nullptr;
@@ -64,6 +68,7 @@ private:
     bool m_shouldPlay = false;
     std::optional<GstClockTime> m_seekTarget;
     QTimer m_throttle;
+    QTimer m_positionTimer;
 };
 
 } // namespace sonavo

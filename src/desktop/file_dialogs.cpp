@@ -6,6 +6,7 @@
 #include <QAbstractItemView>
 #include <QAction>
 #include <QDir>
+#include <QEventLoop>
 #include <QFileDialog>
 #include <QGuiApplication>
 #include <QItemSelectionModel>
@@ -15,13 +16,14 @@
 #include <QWindow>
 
 #include <algorithm>
+#include <optional>
 
 namespace sonavo {
 namespace {
 
-QString musicFolder()
+QString userFolder(QStandardPaths::StandardLocation location)
 {
-    const QString folder = QStandardPaths::writableLocation(QStandardPaths::MusicLocation);
+    const QString folder = QStandardPaths::writableLocation(location);
     return QFileInfo(folder).isDir() ? folder : QDir::homePath();
 }
 
@@ -63,9 +65,10 @@ public:
     }
 
     /// @return whether the user confirmed
-    bool run(QString &folder)
+    /// @param start what to show when `folder` is none
+    bool run(QString &folder, QStandardPaths::StandardLocation start = QStandardPaths::MusicLocation)
     {
-        setDirectory(QFileInfo(folder).isDir() ? folder : musicFolder());
+        setDirectory(QFileInfo(folder).isDir() ? folder : userFolder(start));
         winId(); // makes the native window
         windowHandle()->setTransientParent(activeWindow());
         const bool isAccepted = exec() == Accepted;
@@ -133,6 +136,79 @@ private:
     }
 };
 
+/// Gives every file the extension of its kind.
+class ReportDialog final : public SafeFileDialog
+{
+public:
+    explicit ReportDialog(const QString &name)
+        : SafeFileDialog(translate("FileDialogs", "Save Report", "the title of a dialog"))
+    {
+        setAcceptMode(AcceptSave);
+        setFileMode(AnyFile);
+        setNameFilters({translate("FileDialogs", "Spreadsheet (*.csv)"), QStringLiteral("JSON (*.json)")});
+        selectFile(name + chosenExtension());
+        connect(this, &QFileDialog::filterSelected, this,
+                [this] { nameEdit()->setText(baseName() + chosenExtension()); });
+    }
+
+    void accept() override
+    {
+        const QString name = nameEdit()->text();
+        const bool isFolder = directory().exists(name) && QFileInfo(directory(), name).isDir();
+        // Before the base class asks whether a file of this name may be replaced.
+        if (!name.isEmpty() && !isFolder && baseName() == name)
+            nameEdit()->setText(name + chosenExtension());
+        SafeFileDialog::accept();
+    }
+
+private:
+    [[nodiscard]] QString chosenExtension() const
+    {
+        return selectedNameFilter().contains(u".json") ? QStringLiteral(".json") : QStringLiteral(".csv");
+    }
+    [[nodiscard]] QString baseName() const
+    {
+        const QString name = nameEdit()->text();
+        for (const QString &extension : {QStringLiteral(".csv"), QStringLiteral(".json")}) {
+            if (name.endsWith(extension, Qt::CaseInsensitive))
+                return name.chopped(extension.size());
+        }
+        return name;
+    }
+};
+
+void prepareFolderDialog(QFileDialog &dialog, const QString &acceptLabel)
+{
+    dialog.setFileMode(QFileDialog::Directory);
+    dialog.setOption(QFileDialog::ShowDirsOnly);
+    dialog.setLabelText(QFileDialog::Accept, acceptLabel);
+}
+
+/// The dialog of the desktop, which takes files or folders but not both at once.
+/// @return nothing where the platform theme has none; an empty path when cancelled
+std::optional<QString> runNativeFolderDialog(const QString &title, const QString &acceptLabel,
+                                             QString &folder)
+{
+    QFileDialog dialog(nullptr, title);
+    // Qt's own one has its parts from the beginning.
+    if (dialog.findChild<QLineEdit *>(QStringLiteral("fileNameEdit")))
+        return {};
+    prepareFolderDialog(dialog, acceptLabel);
+    dialog.setDirectory(QFileInfo(folder).isDir() ? folder : userFolder(QStandardPaths::MusicLocation));
+    dialog.winId(); // makes the native window
+    dialog.windowHandle()->setTransientParent(activeWindow());
+    // Some themes run a loop of their own for exec(), which does not end with the application.
+    QEventLoop loop;
+    QObject::connect(&dialog, &QDialog::finished, &loop, &QEventLoop::quit);
+    dialog.open();
+    loop.exec();
+    const QStringList chosen = dialog.selectedFiles();
+    if (dialog.result() != QDialog::Accepted || chosen.isEmpty())
+        return QString();
+    folder = QFileInfo(chosen.constFirst()).path();
+    return chosen.constFirst();
+}
+
 } // namespace
 
 QList<QUrl> runMusicDialog(QString &folder)
@@ -143,11 +219,18 @@ QList<QUrl> runMusicDialog(QString &folder)
 
 QString runFolderDialog(const QString &title, const QString &acceptLabel, QString &folder)
 {
+    if (const std::optional<QString> chosen = runNativeFolderDialog(title, acceptLabel, folder))
+        return *chosen;
     SafeFileDialog dialog(title);
-    dialog.setFileMode(QFileDialog::Directory);
-    dialog.setOption(QFileDialog::ShowDirsOnly);
-    dialog.setLabelText(QFileDialog::Accept, acceptLabel);
+    prepareFolderDialog(dialog, acceptLabel);
     return dialog.run(folder) ? dialog.selectedFiles().constFirst() : QString();
+}
+
+QString runReportDialog(const QString &name, QString &folder)
+{
+    ReportDialog dialog(name);
+    return dialog.run(folder, QStandardPaths::DocumentsLocation) ? dialog.selectedFiles().constFirst()
+                                                                 : QString();
 }
 
 } // namespace sonavo

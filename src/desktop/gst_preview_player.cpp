@@ -9,7 +9,7 @@
 namespace sonavo {
 
 GstPreviewPlayer::GstPreviewPlayer(const QString &path)
-    : m_pipeline(new AudioPipeline(path))
+    : m_pipeline(new AudioPipeline(path, m_position))
 {
     QThread &thread = audioThread();
     m_pipeline->moveToThread(&thread);
@@ -40,7 +40,13 @@ void GstPreviewPlayer::setVolume(double volume)
 
 void GstPreviewPlayer::seek(qint64 seconds)
 {
+    *m_position = static_cast<double>(std::max<qint64>(seconds, 0));
     post([seconds](AudioPipeline &pipeline) { pipeline.seek(seconds); });
+}
+
+double GstPreviewPlayer::position() const
+{
+    return *m_position;
 }
 
 void GstPreviewPlayer::releaseItem()

@@ -5,7 +5,9 @@
 #include <QPointer>
 #include <QString>
 
+#include <atomic>
 #include <functional>
+#include <memory>
 
 namespace sonavo {
 
@@ -24,11 +26,13 @@ public:
     void pause() override;
     void setVolume(double volume) override;
     void seek(qint64 seconds) override;
+    [[nodiscard]] double position() const override;
     void releaseItem() override;
 
 private:
     void post(std::function<void(AudioPipeline &)> command);
 
+    const std::shared_ptr<std::atomic<double>> m_position = std::make_shared<std::atomic<double>>(0.0);
     /// Lives in the audio thread and ends with it at the latest.
     QPointer<AudioPipeline> m_pipeline;
 };

@@ -51,6 +51,7 @@ public:
 
     [[nodiscard]] QFuture<QStringList> result() const { return m_promise.future(); }
     [[nodiscard]] quint64 answers() const { return m_answers; }
+    [[nodiscard]] qint64 foundFiles() const { return m_foundFiles; }
     [[nodiscard]] bool isFinished() const { return m_isFinished; }
 
     /// Goes on until the end, or until another thread does.
@@ -124,6 +125,7 @@ private:
         // A copy has no memory to spare, unlike a text that was put together.
         if (hasAudioExtension(path))
             m_files.append(QString(path.constData(), path.size()));
+        m_foundFiles = m_files.size();
     }
     void finish(const QStringList &files)
     {
@@ -136,6 +138,7 @@ private:
     const QList<QUrl> m_urls;
     ReadCounter m_answers = 0;
     std::atomic<int> m_thread = 0;
+    std::atomic<qint64> m_foundFiles = 0;
     std::atomic<bool> m_isFinished = false;
     QPromise<QStringList> m_promise;
 
@@ -162,6 +165,11 @@ AudioDiscovery::~AudioDiscovery()
 QFuture<QStringList> AudioDiscovery::result() const
 {
     return m_walk->result();
+}
+
+qint64 AudioDiscovery::foundFiles() const
+{
+    return m_walk->foundFiles();
 }
 
 void AudioDiscovery::abandon()

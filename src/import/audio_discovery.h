@@ -33,6 +33,9 @@ public:
     /// Absolute paths.
     [[nodiscard]] QFuture<QStringList> result() const;
 
+    /// How many were found so far. Any thread may ask.
+    [[nodiscard]] qint64 foundFiles() const;
+
     /// Finishes at once with an empty list, unless there is a result already.
     void abandon();
 

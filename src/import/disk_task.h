@@ -4,6 +4,7 @@
 
 #include <QFuture>
 #include <QPromise>
+#include <QSemaphore>
 #include <QThreadPool>
 
 #include <chrono>
@@ -11,6 +12,7 @@
 #include <memory>
 #include <mutex>
 #include <stop_token>
+#include <thread>
 #include <utility>
 
 namespace sonavo {
@@ -51,6 +53,49 @@ private:
 /// @return whether the work has ended
 [[nodiscard]] bool waitForDisk(std::function<void(ReadCounter &answers)> work,
                                std::chrono::milliseconds timeout = AnswerWatch::TIMEOUT);
+
+/// The same for a caller that does something else meanwhile. Copies share the work. Any thread may use it.
+/// @tparam T what the work finds
+template <typename T>
+class DiskLook
+{
+public:
+    /// @param work as for waitForDisk(); must not throw
+    /// @param ifHanging found when the disk does not answer
+    DiskLook(std::function<T(ReadCounter &answers)> work, T ifHanging,
+             std::chrono::milliseconds timeout = AnswerWatch::TIMEOUT)
+    {
+        m_shared->promise.start();
+        std::thread([shared = m_shared, work = std::move(work), ifHanging = std::move(ifHanging), timeout] {
+            // Abandoned work still writes to it.
+            const auto found = std::make_shared<T>();
+            const bool hasEnded =
+                waitForDisk([work, found](ReadCounter &answers) { *found = work(answers); }, timeout);
+            shared->promise.addResult(hasEnded ? *found : ifHanging);
+            shared->promise.finish();
+            shared->end.release();
+        }).detach();
+    }
+
+    [[nodiscard]] QFuture<T> result() const { return m_shared->promise.future(); }
+
+    /// Blocks the calling thread for at most `time`. @return whether there is a result
+    [[nodiscard]] bool waitFor(std::chrono::milliseconds time) const
+    {
+        const bool hasEnded = m_shared->end.tryAcquire(1, static_cast<int>(time.count()));
+        m_shared->end.release(hasEnded ? 1 : 0);
+        return hasEnded;
+    }
+
+private:
+    struct Shared
+    {
+        QPromise<T> promise;
+        QSemaphore end;
+    };
+
+    const std::shared_ptr<Shared> m_shared = std::make_shared<Shared>();
+};
 
 /// The life of a DiskTask: decides whether its thread or its owner sets the result, and replaces threads that
 /// are abandoned. Any thread may call it.

@@ -1,5 +1,6 @@
 #include "session/duplicate_view_model.h"
 
+#include "model/translate.h"
 #include "model/visible_controls.h"
 #include "session/clean_up_text.h"
 
@@ -21,6 +22,7 @@ DuplicateViewModel::DuplicateViewModel(Desktop &desktop, const std::shared_ptr<P
     , m_importer(desktop, m_library, m_job, m_scan, m_notices)
     , m_cleanUp({desktop, m_library, m_preview, m_notices, m_scan, m_job}, pauses)
     , m_review({m_library, m_preview, m_notices, m_scan, m_job})
+    , m_reportSaver(desktop, m_library, m_notices, m_job)
 {
     Q_ASSERT(!m_colors.isEmpty());
     connect(&m_library, &Library::songsChanged, this, &DuplicateViewModel::songsChanged);
@@ -80,7 +82,7 @@ void DuplicateViewModel::announceScan(const Scan::State &before)
     const Scan::State &now = m_scan.state();
     const bool isSameProgress = before.progress == now.progress && before.message == now.message &&
                                 before.processedFiles == now.processedFiles &&
-                                before.totalFiles == now.totalFiles;
+                                before.totalFiles == now.totalFiles && before.foundFiles == now.foundFiles;
     announce({
         {&DuplicateViewModel::isScanningChanged, before.isRunning != now.isRunning},
         {&DuplicateViewModel::progressChanged, !isSameProgress},
@@ -115,6 +117,7 @@ void DuplicateViewModel::announceImporter(const Importer::State &before)
         {&DuplicateViewModel::pendingImportURLsChanged, before.pendingUrls != now.pendingUrls},
         {&DuplicateViewModel::showLimitWarningChanged, before.isAsking != now.isAsking},
         {&DuplicateViewModel::openQuestionChanged, before.openedUrls != now.openedUrls},
+        {&DuplicateViewModel::scanAllChanged, before.droppedUrls != now.droppedUrls},
     });
 }
 
@@ -148,6 +151,7 @@ void DuplicateViewModel::announceEverything()
         {&DuplicateViewModel::pendingImportURLsChanged, true},
         {&DuplicateViewModel::showLimitWarningChanged, true},
         {&DuplicateViewModel::openQuestionChanged, true},
+        {&DuplicateViewModel::scanAllChanged, true},
         {&DuplicateViewModel::isScanningChanged, true},
         {&DuplicateViewModel::cleanUpProgressChanged, true},
         {&DuplicateViewModel::isCleaningUpChanged, true},
@@ -160,9 +164,38 @@ void DuplicateViewModel::announceEverything()
 
 void DuplicateViewModel::performToastAction()
 {
-    // There is only one.
-    if (!toastAction().isEmpty())
+    if (toastAction().isEmpty())
+        return;
+    switch (m_notices.state().toastActionKind) {
+    case Notices::ToastAction::Undo:
         undo();
+        break;
+    case Notices::ToastAction::ScanAll:
+        scanAllDropped();
+        break;
+    case Notices::ToastAction::ShowReport:
+        m_notices.setToastShown(false);
+        showInFileViewer(m_reportSaver.savedPath());
+        break;
+    }
+}
+
+void DuplicateViewModel::importFromClipboard()
+{
+    const QList<QUrl> files = m_desktop.copiedFiles();
+    if (files.isEmpty())
+        showToast(translate("DuplicateViewModel", "No files have been copied"), ToastType::Info);
+    else
+        openItems(files);
+}
+
+void DuplicateViewModel::showInFileViewer(const QString &path)
+{
+    m_desktop.showInFileViewer(path, [self = QPointer<DuplicateViewModel>(this)] {
+        if (self)
+            self->showToast(translate("DuplicateViewModel", "The folder could not be opened"),
+                            ToastType::Error);
+    });
 }
 
 QString DuplicateViewModel::cleanupAllDescription() const

@@ -7,6 +7,7 @@
 #include "session/library.h"
 #include "session/notices.h"
 #include "session/preview.h"
+#include "session/report_saver.h"
 #include "session/review.h"
 #include "session/scan.h"
 
@@ -48,6 +49,7 @@ class DuplicateViewModel : public QObject
     Q_PROPERTY(double progress READ progress NOTIFY progressChanged)
     Q_PROPERTY(qint64 processedFiles READ processedFiles NOTIFY progressChanged)
     Q_PROPERTY(qint64 totalFiles READ totalFiles NOTIFY progressChanged)
+    Q_PROPERTY(qint64 foundFiles READ foundFiles NOTIFY progressChanged)
     Q_PROPERTY(QString scanMessage READ scanMessage NOTIFY progressChanged)
     /// Set to false when the user dismisses the alert.
     Q_PROPERTY(bool showAlert READ showAlert WRITE setShowAlert NOTIFY showAlertChanged)
@@ -68,6 +70,10 @@ class DuplicateViewModel : public QObject
                    pendingImportURLsChanged)
     /// Whether items from another program may replace the result; empty when there is nothing to ask.
     Q_PROPERTY(QString openQuestion READ openQuestion NOTIFY openQuestionChanged)
+    /// As "Scan All 3", when only the last of several dropped items was scanned; else empty.
+    Q_PROPERTY(QString scanAllText READ scanAllText NOTIFY scanAllChanged)
+    /// Which one that was; empty with scanAllText.
+    Q_PROPERTY(QString scanAllNote READ scanAllNote NOTIFY scanAllChanged)
     /// Set to false when the user closes the toast.
     Q_PROPERTY(bool showToast READ showToast WRITE setShowToast NOTIFY showToastChanged)
     Q_PROPERTY(QString toastMessage READ toastMessage NOTIFY toastChanged)
@@ -139,6 +145,7 @@ public:
     [[nodiscard]] double progress() const { return m_scan.state().progress; }
     [[nodiscard]] qint64 processedFiles() const { return m_scan.state().processedFiles; }
     [[nodiscard]] qint64 totalFiles() const { return m_scan.state().totalFiles; }
+    [[nodiscard]] qint64 foundFiles() const { return m_scan.state().foundFiles; }
     [[nodiscard]] const QString &scanMessage() const { return m_scan.state().message; }
     [[nodiscard]] bool showAlert() const { return m_notices.state().isAlertShown; }
     [[nodiscard]] const QString &alertMessage() const { return m_notices.state().alertMessage; }
@@ -148,6 +155,8 @@ public:
     [[nodiscard]] bool showLimitWarning() const { return m_importer.state().isAsking; }
     [[nodiscard]] const QList<QUrl> &pendingImportURLs() const { return m_importer.state().pendingUrls; }
     [[nodiscard]] QString openQuestion() const { return m_importer.openQuestion(); }
+    [[nodiscard]] QString scanAllText() const { return m_importer.scanAllText(); }
+    [[nodiscard]] QString scanAllNote() const { return m_importer.scanAllNote(); }
     [[nodiscard]] bool showToast() const { return m_notices.state().isToastShown; }
     [[nodiscard]] const QString &toastMessage() const { return m_notices.state().toastMessage; }
     [[nodiscard]] ToastType toastType() const { return m_notices.state().toastType; }
@@ -188,12 +197,16 @@ public:
     bool importChosenItems(const QList<QUrl> &urls) { return m_importer.importChosenItems(urls); }
     Q_INVOKABLE bool importWithOpenPanel() { return m_importer.importWithOpenPanel(); }
     bool openItems(const QList<QUrl> &urls) { return m_importer.openItems(urls); }
-    Q_INVOKABLE bool acceptOpenedItems() { return m_importer.acceptOpenedItems(); }
+    Q_INVOKABLE void acceptOpenedItems() { m_importer.acceptOpenedItems(); }
+    /// Imports the files and folders that were copied in a file manager, as openItems() does.
+    Q_INVOKABLE void importFromClipboard();
     Q_INVOKABLE void declineOpenedItems() { m_importer.declineOpenedItems(); }
+    Q_INVOKABLE void scanAllDropped() { m_importer.scanAllDropped(); }
     Q_INVOKABLE void startScan(const QList<QUrl> &urls) { m_importer.startScan(urls); }
 
     /// See Preview.
     Q_INVOKABLE void togglePlayback(const sonavo::Song &song) { m_preview.toggle(song); }
+    Q_INVOKABLE void comparePlayback(const sonavo::Song &song) { m_preview.compare(song); }
     Q_INVOKABLE void seekPlayback(double x, double width) { m_preview.seek(x, width); }
     Q_INVOKABLE void stopPlayback() { m_preview.stop(); }
 
@@ -219,6 +232,9 @@ public:
     Q_INVOKABLE void keepLosslessCopies() { m_review.keepLosslessCopies(); }
     Q_INVOKABLE void excludeFromDuplicates(const sonavo::Song &song) { m_review.excludeFromDuplicates(song); }
 
+    /// See ReportSaver.
+    Q_INVOKABLE void saveReport() { m_reportSaver.save(); }
+
     /// Does what the toast's button says.
     Q_INVOKABLE void performToastAction();
     /// See Notices.
@@ -227,7 +243,7 @@ public:
     /// Copies the path of a song's file to the clipboard.
     Q_INVOKABLE void copyPath(const sonavo::Song &song) { m_desktop.copyToClipboard(song.path); }
     /// Shows a song's file in the system's file viewer.
-    Q_INVOKABLE void revealSong(const sonavo::Song &song) { m_desktop.showInFileViewer(song.path); }
+    Q_INVOKABLE void revealSong(const sonavo::Song &song) { showInFileViewer(song.path); }
 
     /// Empties the session: cancels a running scan, stops the preview and returns every property to its
     /// initial value, except those of the toast. Does nothing while files are being moved.
@@ -248,6 +264,7 @@ Q_SIGNALS:
     void showLimitWarningChanged();
     void pendingImportURLsChanged();
     void openQuestionChanged();
+    void scanAllChanged();
     void showToastChanged();
     void toastChanged();
     void isCleaningUpChanged();
@@ -266,6 +283,8 @@ private:
     void announceImporter(const Importer::State &before);
     void announceJob(const FileJob::State &before);
     void announceCleanUp(const CleanUp::State &before);
+    /// A toast says when nothing could show it.
+    void showInFileViewer(const QString &path);
     void reset();
     void announceEverything();
     [[nodiscard]] QVariant currentlyPlayingSongVariant() const;
@@ -280,6 +299,7 @@ private:
     Importer m_importer;
     CleanUp m_cleanUp;
     Review m_review;
+    ReportSaver m_reportSaver;
 };
 
 } // namespace sonavo

@@ -5,14 +5,10 @@
 #include "model/translate.h"
 #include "model/visible_controls.h"
 
+#include <QCoroFuture>
 #include <QDir>
-#include <QPointer>
 
-#include <algorithm>
-#include <atomic>
-#include <functional>
-#include <iterator>
-#include <memory>
+#include <chrono>
 #include <utility>
 
 namespace sonavo {
@@ -33,33 +29,6 @@ QString openPanelRefusal()
 {
     return translate("Importer", "Cannot import more than %1 songs.\nPlease select a smaller folder.")
         .arg(Importer::MAXIMUM_LIMIT);
-}
-
-/// What is known of an item before it is scanned. One whose disk does not answer may well be importable.
-struct DroppedItem
-{
-    bool isImportable = true;
-    qint64 songs = 0;
-};
-
-/// Of a disk that does not answer nothing is known. The scan leaves out what hangs.
-QList<DroppedItem> lookAt(const QList<QUrl> &urls)
-{
-    const auto items = std::make_shared<QList<DroppedItem>>();
-    const bool hasEnded = waitForDisk([urls, items](ReadCounter &answers) {
-        for (const QUrl &url : urls)
-            items->append({isImportable(url), estimateSongCount({url}, &answers)});
-    });
-    return hasEnded ? *items : QList<DroppedItem>(urls.size());
-}
-
-/// @return 0 where the disk does not answer
-qint64 songCountOf(const QList<QUrl> &urls)
-{
-    const auto count = std::make_shared<std::atomic<qint64>>(0);
-    static_cast<void>(
-        waitForDisk([urls, count](ReadCounter &answers) { *count = estimateSongCount(urls, &answers); }));
-    return *count;
 }
 
 QString nameOf(const QUrl &item)
@@ -117,9 +86,56 @@ void Importer::setPendingUrls(const QList<QUrl> &urls)
     set(std::move(state));
 }
 
+/// What is known of an item before it is scanned. One whose disk does not answer may well be importable.
+struct Importer::Item
+{
+    bool isImportable = true;
+    qint64 songs = 0;
+};
+
+template <typename T>
+bool Importer::importAfter(const DiskLook<T> &look, const std::function<bool(const T &)> &import)
+{
+    // Nearly every disk answers within a frame.
+    constexpr std::chrono::milliseconds FRAME(16);
+    ++m_importCount;
+    if (look.waitFor(FRAME))
+        return import(look.result().result());
+    importLater(this, look, import);
+    return false;
+}
+
+template <typename T>
+QCoro::Task<> Importer::importLater(QPointer<Importer> self, DiskLook<T> look,
+                                    std::function<bool(const T &)> import)
+{
+    const quint64 number = self->m_importCount;
+    const T found = co_await look.result();
+    if (self && self->m_importCount == number && !self->m_job.state().isRunning)
+        import(found);
+}
+
 bool Importer::importDroppedItems(const QList<QUrl> &urls)
 {
-    return !m_job.state().isRunning && importWithinLimits(urls, songCountOf(urls), droppedItemsRefusal());
+    return importEstimated(urls, droppedItemsRefusal());
+}
+
+bool Importer::importChosenItems(const QList<QUrl> &urls)
+{
+    return importEstimated(urls, openPanelRefusal());
+}
+
+bool Importer::importEstimated(const QList<QUrl> &urls, const QString &refusal)
+{
+    if (m_job.state().isRunning)
+        return false;
+    const auto count = [urls](ReadCounter &answers) { return estimateSongCount(urls, &answers); };
+    return importAfter<qint64>({count, 0}, [this, urls, refusal](qint64 songs) {
+        if (!isWithinLimits(urls, songs, refusal))
+            return false;
+        startScan(urls);
+        return true;
+    });
 }
 
 bool Importer::importDrop(const QList<QUrl> &urls)
@@ -128,29 +144,66 @@ bool Importer::importDrop(const QList<QUrl> &urls)
         return false;
     QList<QUrl> local = urls;
     local.removeIf([](const QUrl &url) { return !url.isLocalFile(); });
-    const QList<DroppedItem> items = lookAt(local);
-    const auto importable =
-        std::count_if(items.begin(), items.end(), std::mem_fn(&DroppedItem::isImportable));
-    QList<QUrl> started;
-    for (qsizetype i = 0; i < local.size(); ++i) {
-        // A cover beside a folder would end the folder's scan.
-        const bool isPassedOver = importable > 0 && !items[i].isImportable;
-        if (!isPassedOver && importWithinLimits({local[i]}, items[i].songs, droppedItemsRefusal()))
-            started.append(local[i]);
+    const auto lookAtEach = [local](ReadCounter &answers) {
+        QList<Item> items;
+        for (const QUrl &url : local)
+            items.append({isImportable(url), estimateSongCount({url}, &answers)});
+        return items;
+    };
+    return importAfter<QList<Item>>({lookAtEach, QList<Item>(local.size())},
+                                    [this, local](const auto &items) { return importEach(local, items); });
+}
+
+bool Importer::importEach(const QList<QUrl> &urls, const QList<Item> &items)
+{
+    QList<QUrl> importable;
+    for (qsizetype i = 0; i < urls.size(); ++i) {
+        if (items[i].isImportable)
+            importable.append(urls[i]);
     }
-    if (importable > 1 && !started.isEmpty()) {
-        m_notices.showToast(translate("Importer",
-                                      "Only “%1” is being scanned. Use “Add Song” to choose several "
-                                      "items together.")
-                                .arg(nameOf(started.last())),
-                            Notices::ToastType::Info);
+    QList<QUrl> started;
+    for (qsizetype i = 0; i < urls.size(); ++i) {
+        // A cover beside a folder would end the folder's scan.
+        const bool isPassedOver = !importable.isEmpty() && !items[i].isImportable;
+        if (isPassedOver || !isWithinLimits({urls[i]}, items[i].songs, droppedItemsRefusal()))
+            continue;
+        startScan({urls[i]});
+        started.append(urls[i]);
+    }
+    if (importable.size() > 1 && !started.isEmpty()) {
+        // The last one is named in the texts.
+        importable.removeOne(started.last());
+        importable.append(started.last());
+        State state = m_state;
+        state.droppedUrls = importable;
+        set(std::move(state));
+        m_notices.showToast(scanAllNote(), Notices::ToastType::Info, scanAllText(),
+                            Notices::ToastAction::ScanAll);
     }
     return !started.isEmpty();
 }
 
-bool Importer::importChosenItems(const QList<QUrl> &urls)
+QString Importer::scanAllText() const
 {
-    return !m_job.state().isRunning && importWithinLimits(urls, songCountOf(urls), openPanelRefusal());
+    return m_state.droppedUrls.isEmpty()
+               ? QString()
+               //: Button; the number of files and folders that were dropped, at least 2
+               : translate("Importer", "Scan All %L1").arg(m_state.droppedUrls.size());
+}
+
+QString Importer::scanAllNote() const
+{
+    if (m_state.droppedUrls.isEmpty())
+        return {};
+    //: %L1 is the number of files and folders, at least 2
+    return translate("Importer", "Of %L1 items that were dropped, only “%2” is scanned")
+        .arg(m_state.droppedUrls.size())
+        .arg(nameOf(m_state.droppedUrls.last()));
+}
+
+void Importer::scanAllDropped()
+{
+    importCounted(m_state.droppedUrls, droppedItemsRefusal());
 }
 
 bool Importer::importWithOpenPanel()
@@ -171,11 +224,16 @@ bool Importer::openItems(const QList<QUrl> &urls)
         m_notices.showToast(busyText(urls), Notices::ToastType::Info);
         return false;
     }
-    set({}); // what was asked before is out of date
-    if (m_library.duplicateTotals().count > 0 && !m_scan.state().isRunning)
-        set({.isAsking = false, .pendingUrls = {}, .openedUrls = urls});
-    else
-        importChosenItems(urls);
+    ++m_importCount;
+    const bool replacesDuplicates = m_library.duplicateTotals().count > 0 && !m_scan.state().isRunning;
+    // What was asked before is out of date.
+    State state{.isAsking = false, .pendingUrls = {}};
+    state.droppedUrls = m_state.droppedUrls;
+    if (replacesDuplicates)
+        state.openedUrls = urls;
+    set(std::move(state));
+    if (!replacesDuplicates)
+        importCounted(urls, openPanelRefusal());
     return true;
 }
 
@@ -186,11 +244,11 @@ QString Importer::openQuestion() const
     return replaceQuestion(m_state.openedUrls, m_library.duplicateTotals().count);
 }
 
-bool Importer::acceptOpenedItems()
+void Importer::acceptOpenedItems()
 {
     const QList<QUrl> urls = m_state.openedUrls;
     declineOpenedItems();
-    return importChosenItems(urls);
+    importCounted(urls, openPanelRefusal());
 }
 
 void Importer::declineOpenedItems()
@@ -200,37 +258,52 @@ void Importer::declineOpenedItems()
     set(std::move(state));
 }
 
-bool Importer::importWithinLimits(const QList<QUrl> &urls, qint64 songs, const QString &refusal)
+bool Importer::isWithinLimits(const QList<QUrl> &urls, qint64 songs, const QString &refusal)
 {
     // The songs of the session count although a scan replaces them: the limit is on the safe side.
     const qint64 total = saturatingSum(m_library.songs().size(), songs);
     if (total > MAXIMUM_LIMIT) {
         m_notices.raiseAlert(refusal);
-        return false;
+    } else if (total > OPTIMAL_LIMIT) {
+        State state{.isAsking = true, .pendingUrls = urls};
+        state.droppedUrls = m_state.droppedUrls;
+        set(std::move(state));
     }
-    if (total > OPTIMAL_LIMIT) {
-        set({.isAsking = true, .pendingUrls = urls, .openedUrls = {}});
-        return false;
-    }
-    startScan(urls);
-    return true;
+    return total <= OPTIMAL_LIMIT;
 }
 
 void Importer::startScan(QList<QUrl> urls)
 {
+    beginScan(std::move(urls), {});
+}
+
+void Importer::importCounted(const QList<QUrl> &urls, const QString &refusal)
+{
+    const QPointer<Importer> self(this);
+    const auto askOrRefuse = [self, urls, refusal](qint64 files) {
+        if (self)
+            self->isWithinLimits(urls, files, refusal);
+    };
+    beginScan(urls, Scan::Limit{OPTIMAL_LIMIT - m_library.songs().size(), askOrRefuse});
+}
+
+void Importer::beginScan(QList<QUrl> urls, std::optional<Scan::Limit> limit)
+{
     if (urls.isEmpty() || m_job.state().isRunning)
         return;
+    ++m_importCount;
     // Announced only after the scan has started, so that nothing here overrides what a listener does.
     const State before = std::exchange(m_state, State());
     const QPointer<Importer> self(this);
-    m_scan.start(std::move(urls));
+    m_scan.start(std::move(urls), std::move(limit));
     if (self && before != m_state)
-        Q_EMIT changed(before);
+        announce(before);
 }
 
 void Importer::reset()
 {
     ++m_resetCount;
+    ++m_importCount;
     set({});
 }
 
@@ -238,8 +311,15 @@ void Importer::set(State state)
 {
     if (state == m_state)
         return;
-    const State before = std::exchange(m_state, std::move(state));
+    announce(std::exchange(m_state, std::move(state)));
+}
+
+void Importer::announce(const State &before)
+{
+    const QPointer<Importer> self(this);
     Q_EMIT changed(before);
+    if (self && !before.droppedUrls.isEmpty() && m_state.droppedUrls.isEmpty())
+        m_notices.removeToastAction(Notices::ToastAction::ScanAll);
 }
 
 } // namespace sonavo

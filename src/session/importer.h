@@ -1,14 +1,19 @@
 #pragma once
 
 #include "actions/desktop.h"
+#include "import/disk_task.h"
 #include "session/file_job.h"
 #include "session/library.h"
 #include "session/notices.h"
 #include "session/scan.h"
 
+#include <QCoroTask>
 #include <QList>
 #include <QObject>
+#include <QPointer>
 #include <QUrl>
+
+#include <functional>
 
 namespace sonavo {
 
@@ -31,6 +36,8 @@ public:
         QList<QUrl> pendingUrls;
         /// Items from another program, when the user must be asked whether they may replace the result.
         QList<QUrl> openedUrls = {};
+        /// What was dropped together, when only the last of it was scanned.
+        QList<QUrl> droppedUrls = {};
 
         friend bool operator==(const State &, const State &) = default;
     };
@@ -43,15 +50,18 @@ public:
     void setAsking(bool isAsking);
     void setPendingUrls(const QList<QUrl> &urls);
 
-    // Each returns whether a scan was started. An import beyond MAXIMUM_LIMIT raises an alert, one beyond
-    // OPTIMAL_LIMIT waits for the user's answer. Songs already in the session count towards both limits.
-    // Nothing is imported while a job moves files. The disk is waited for as long as it answers; a count that
-    // hangs is 0.
+    // An import beyond MAXIMUM_LIMIT raises an alert, one beyond OPTIMAL_LIMIT waits for the user's answer.
+    // Songs already in the session count towards both limits. Nothing is imported while a job moves files.
+    //
+    // The first four estimate the number of songs. Each returns whether a scan was started at once: while a
+    // disk takes its time it is false, and the import goes on when the disk has answered, unless another one
+    // begins or the session is cleared by then. An estimate that hangs is 0.
 
     /// Imports file URLs that were dropped as one item.
     bool importDroppedItems(const QList<QUrl> &urls);
-    /// Imports what was dropped together, one item after the other, so that only the last one stays; a toast
-    /// says so when there is more than one. What is not local is ignored, and other files beside music.
+    /// Imports what was dropped together, one item after the other, so that only the last one stays. When
+    /// there is more than one, a toast says so, and all of them can be scanned together. What is not local
+    /// is ignored, and other files beside music.
     bool importDrop(const QList<QUrl> &urls);
     /// Imports file URLs that the user chose together.
     bool importChosenItems(const QList<QUrl> &urls);
@@ -59,13 +69,21 @@ public:
     /// nothing is imported if the session is cleared by then.
     bool importWithOpenPanel();
 
-    /// Imports file URLs that another program hands over. A result that still has duplicates is replaced only
-    /// when the user agrees. @return false, with a toast, when a job moves files
+    // These begin with the scan, which counts the songs before it reads them.
+
+    /// As "Scan All 3", and what was scanned instead of all; empty unless droppedUrls are there.
+    [[nodiscard]] QString scanAllText() const;
+    [[nodiscard]] QString scanAllNote() const;
+    /// Imports droppedUrls together.
+    void scanAllDropped();
+
+    /// Imports file URLs from the command line or from another program. A result that still has duplicates
+    /// is replaced only when the user agrees. @return false, with a toast, when a job moves files
     bool openItems(const QList<QUrl> &urls);
     /// What the user is asked about openedUrls; empty when nothing is.
     [[nodiscard]] QString openQuestion() const;
     /// The user's answers.
-    bool acceptOpenedItems();
+    void acceptOpenedItems();
     void declineOpenedItems();
 
     /// Scans without asking, in place of a scan that may be running; nothing is pending then. An empty list
@@ -80,8 +98,23 @@ Q_SIGNALS:
     void changed(const sonavo::Importer::State &before);
 
 private:
-    bool importWithinLimits(const QList<QUrl> &urls, qint64 songs, const QString &refusal);
+    struct Item;
+
+    /// @param import is given what is found, at once or later; returns whether it has started a scan
+    template <typename T>
+    bool importAfter(const DiskLook<T> &look, const std::function<bool(const T &)> &import);
+    template <typename T>
+    static QCoro::Task<> importLater(QPointer<Importer> self, DiskLook<T> look,
+                                     std::function<bool(const T &)> import);
+    bool importEstimated(const QList<QUrl> &urls, const QString &refusal);
+    bool importEach(const QList<QUrl> &urls, const QList<Item> &items);
+    /// Counts truly, in the scan itself.
+    void importCounted(const QList<QUrl> &urls, const QString &refusal);
+    void beginScan(QList<QUrl> urls, std::optional<Scan::Limit> limit);
+    /// @return whether that many can be imported; raises the alert or asks otherwise
+    bool isWithinLimits(const QList<QUrl> &urls, qint64 songs, const QString &refusal);
     void set(State state);
+    void announce(const State &before);
 
     Desktop &m_desktop;
     const Library &m_library;
@@ -90,6 +123,8 @@ private:
     Notices &m_notices;
     State m_state;
     quint64 m_resetCount = 0;
+    /// Counts what ends an import that still waits for a disk.
+    quint64 m_importCount = 0;
 };
 
 } // namespace sonavo

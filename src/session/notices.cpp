@@ -34,19 +34,20 @@ void Notices::clearAlert()
     set(std::move(state));
 }
 
-void Notices::showToast(const QString &message, ToastType type, const QString &action)
+void Notices::showToast(const QString &message, ToastType type, const QString &action, ToastAction kind)
 {
     State state = m_state;
     ++state.toastNumber;
     m_isToastOverdue = false;
     if (action.isEmpty())
         hideToastLater(this);
-    else
+    else if (kind != ToastAction::ScanAll)
         endToastWithAction(this, state.toastNumber);
     state.isToastShown = true;
     state.toastMessage = message;
     state.toastType = type;
     state.toastAction = action;
+    state.toastActionKind = kind;
     set(std::move(state));
 }
 
@@ -81,10 +82,14 @@ void Notices::holdToast(bool isHeld)
     hideOverdueToast();
 }
 
-void Notices::removeToastAction()
+void Notices::removeToastAction(ToastAction kind)
 {
+    if (m_state.toastAction.isEmpty() || m_state.toastActionKind != kind)
+        return;
     State state = m_state;
     state.toastAction.clear();
+    // It has no time after which it would go by itself.
+    state.isToastShown = state.isToastShown && kind != ToastAction::ScanAll;
     set(std::move(state));
 }
 

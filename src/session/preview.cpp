@@ -4,6 +4,7 @@
 
 #include <QPointer>
 
+#include <cmath>
 #include <utility>
 
 namespace sonavo {
@@ -24,21 +25,41 @@ void Preview::toggle(Song song)
 {
     const bool wasPlaying = isOf(song);
     stop();
-    if (wasPlaying)
+    if (!wasPlaying)
+        play(std::move(song), 0);
+}
+
+void Preview::compare(Song song)
+{
+    if (!m_state.song || isOf(song)) {
+        toggle(std::move(song));
         return;
-    const auto startUnlessStopped = [this, song, number = ++m_number] {
+    }
+    const double position = m_player ? m_player->position() : static_cast<double>(m_startSecond);
+    constexpr double LEAST_LEFT = 2.0;
+    const double second = position + LEAST_LEFT <= song.duration ? std::floor(position) : 0.0;
+    stop();
+    play(std::move(song), static_cast<qint64>(second));
+}
+
+void Preview::play(Song song, qint64 second)
+{
+    m_startSecond = second;
+    const auto startUnlessStopped = [this, song, second, number = ++m_number] {
         if (m_number == number)
-            start(song);
+            start(song, second);
     };
     QMetaObject::invokeMethod(this, startUnlessStopped, Qt::QueuedConnection);
     set({.song = std::move(song), .player = nullptr});
 }
 
-void Preview::start(const Song &song)
+void Preview::start(const Song &song, qint64 second)
 {
     m_player = m_desktop.openPreview(song.path);
     const QPointer<PreviewPlayer> player(m_player.get());
     set({.song = song, .player = m_player.get()});
+    if (player && second > 0)
+        player->seek(second);
     if (player)
         player->play();
 }

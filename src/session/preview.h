@@ -39,6 +39,10 @@ public:
     /// Plays a song from its beginning, in place of any other; stops it when it is the one being previewed.
     /// @param song by value: a listener may destroy the caller's meanwhile
     void toggle(Song song);
+    /// Plays a song from the whole second at which the one before it is, to compare the two. From its
+    /// beginning where fewer than two seconds of it are left then. Does what toggle() does when no other song
+    /// is being previewed.
+    void compare(Song song);
     /// Seeks to the second that a click at `x` in a row of `width` means; see seekTarget(). Does nothing
     /// without a player.
     void seek(double x, double width);
@@ -51,12 +55,15 @@ Q_SIGNALS:
     void changed(const sonavo::Preview::State &before);
 
 private:
-    void start(const Song &song);
+    void play(Song song, qint64 second);
+    void start(const Song &song, qint64 second);
     void set(State state);
 
     Desktop &m_desktop;
     State m_state;
     std::unique_ptr<PreviewPlayer> m_player;
+    /// Where it was told to start.
+    qint64 m_startSecond = 0;
     /// Incremented by every toggle and stop, so that a queued start can tell that it is outdated.
     quint64 m_number = 0;
 };

@@ -8,6 +8,7 @@
 #include "session/release.h"
 
 #include <QCoroFuture>
+#include <QTimer>
 
 #include <tuple>
 #include <utility>
@@ -19,10 +20,15 @@ using namespace std::chrono_literals;
 namespace {
 
 /// Walks the folders while a pause lets the views show that a scan has begun.
-QCoro::Task<QStringList> discoverFiles(QList<QUrl> urls, std::shared_ptr<Pauses> pauses, std::stop_token stop)
+QCoro::Task<QStringList> discoverFiles(QList<QUrl> urls, std::shared_ptr<Pauses> pauses, std::stop_token stop,
+                                       std::function<void(qint64 found)> showFound)
 {
+    constexpr std::chrono::milliseconds INTERVAL = 250ms;
     AudioDiscovery discovery(urls);
     const std::stop_callback abandonDiscovery(stop, [&discovery] { discovery.abandon(); });
+    QTimer timer;
+    QObject::connect(&timer, &QTimer::timeout, [&] { showFound(discovery.foundFiles()); });
+    timer.start(INTERVAL);
     co_await pauses->wait(200ms);
     co_return co_await discovery.result();
 }
@@ -81,6 +87,7 @@ public:
         return update([&](State &state) {
             state.processedFiles = processed;
             state.totalFiles = total;
+            state.foundFiles = 0;
             state.progress = static_cast<double>(processed) / static_cast<double>(total);
             state.message = message;
         });
@@ -131,20 +138,21 @@ Scan::~Scan()
     m_stop.request_stop();
 }
 
-void Scan::start(QList<QUrl> urls)
+void Scan::start(QList<QUrl> urls, std::optional<Limit> limit)
 {
     m_stop.request_stop();
     m_stop = std::stop_source();
     const Run run(this, m_stop.get_token());
     QMetaObject::invokeMethod(
         this,
-        [run, items = std::move(urls), known = m_known, pauses = m_pauses] {
-            scan(run, items, known, pauses);
+        [run, items = std::move(urls), limit = std::move(limit), known = m_known, pauses = m_pauses] {
+            scan(run, items, limit, known, pauses);
         },
         Qt::QueuedConnection);
     run.update([](State &state) {
         state.isRunning = true;
         state.progress = 0.0;
+        state.foundFiles = 0;
         state.message = translate("Scan", "Starting scan...");
     });
 }
@@ -155,12 +163,15 @@ void Scan::reset()
     set({});
 }
 
-QCoro::Task<> Scan::scan(Run run, QList<QUrl> urls, std::shared_ptr<KnownDurations> known,
-                         std::shared_ptr<Pauses> pauses)
+QCoro::Task<> Scan::scan(Run run, QList<QUrl> urls, std::optional<Limit> limit,
+                         std::shared_ptr<KnownDurations> known, std::shared_ptr<Pauses> pauses)
 {
     if (!run.showStep(0.0, translate("Scan", "Step 1/4: Discovering audio files...")))
         co_return;
-    QStringList files = co_await discoverFiles(urls, pauses, run.stop());
+    const auto showFound = [&run](qint64 found) {
+        run.update([found](State &state) { state.foundFiles = found; });
+    };
+    QStringList files = co_await discoverFiles(urls, pauses, run.stop(), showFound);
     if (!run.isCurrent())
         co_return;
     if (files.isEmpty()) {
@@ -170,6 +181,11 @@ QCoro::Task<> Scan::scan(Run run, QList<QUrl> urls, std::shared_ptr<KnownDuratio
     }
 
     const qint64 total = files.size();
+    if (limit && total > limit->files) {
+        if (run.end(0.0))
+            limit->onExceeded(total);
+        co_return;
+    }
     if (!run.showFiles(0, total, translate("Scan", "Step 1/4: Processing %n audio files...", nullptr, total)))
         co_return;
     const auto showProgress = [&run, total](qint64 processed) {

@@ -11,7 +11,9 @@
 #include <QPointer>
 #include <QUrl>
 
+#include <functional>
 #include <memory>
+#include <optional>
 #include <stop_token>
 
 namespace sonavo {
@@ -24,6 +26,14 @@ class Scan : public QObject
     Q_OBJECT
 
 public:
+    /// How many files a scan may read.
+    struct Limit
+    {
+        qint64 files;
+        /// Called when it has found more: it has ended then, and the library is as it was.
+        std::function<void(qint64 found)> onExceeded;
+    };
+
     struct State
     {
         bool isRunning = false;
@@ -32,6 +42,8 @@ public:
         /// Files read so far, of totalFiles.
         qint64 processedFiles = 0;
         qint64 totalFiles = 0;
+        /// Files that the walk of the folders has found so far.
+        qint64 foundFiles = 0;
         /// What the scan is doing.
         QString message;
 
@@ -51,7 +63,7 @@ public:
 
     /// Scans these items, in place of a scan that may be running. Returns at once.
     /// @param urls file URLs; others contribute nothing
-    void start(QList<QUrl> urls);
+    void start(QList<QUrl> urls, std::optional<Limit> limit = {});
 
     /// Cancels a running scan, which publishes nothing more, and returns to the initial state.
     void reset();
@@ -62,8 +74,8 @@ Q_SIGNALS:
 private:
     class Run;
 
-    static QCoro::Task<> scan(Run run, QList<QUrl> urls, std::shared_ptr<KnownDurations> known,
-                              std::shared_ptr<Pauses> pauses);
+    static QCoro::Task<> scan(Run run, QList<QUrl> urls, std::optional<Limit> limit,
+                              std::shared_ptr<KnownDurations> known, std::shared_ptr<Pauses> pauses);
     void set(State state);
 
     Library &m_library;

@@ -12,7 +12,9 @@ struct ThemedColor
 };
 
 // Indexed by PaletteColor.
-constexpr std::array<ThemedColor, 12> PALETTE{{
+using Palette = std::array<ThemedColor, 12>;
+
+constexpr Palette PALETTE{{
     {u"#1C1C1E", u"#FAF9F6"}, // Background
     {u"#2C2C2E", u"#F0EEEC"}, // SecondaryBackground
     {u"#3A3A3C", u"#E8E6DC"}, // TertiaryBackground
@@ -27,11 +29,27 @@ constexpr std::array<ThemedColor, 12> PALETTE{{
     {u"#707070", u"#9B9B9B"}, // Neutral
 }};
 
+constexpr Palette HIGH_CONTRAST_PALETTE{{
+    {u"#000000", u"#FFFFFF"}, // Background
+    {u"#101010", u"#F7F7F7"}, // SecondaryBackground
+    {u"#1C1C1C", u"#F0F0F0"}, // TertiaryBackground
+    {u"#FFFFFF", u"#000000"}, // Border
+    {u"#FFFFFF", u"#000000"}, // TextPrimary
+    {u"#E0E0E0", u"#2E2E2E"}, // TextSecondary
+    {u"#FFA880", u"#7A3010"}, // Accent
+    {u"#FFB898", u"#8A4424"}, // AccentLight
+    {u"#F09468", u"#6A2A0C"}, // AccentDark
+    {u"#8FE0A0", u"#1A5228"}, // Success
+    {u"#FFA095", u"#8C1D0F"}, // Error
+    {u"#C8C8C8", u"#4A4A4A"}, // Neutral
+}};
+
 } // namespace
 
-Color paletteColor(PaletteColor role, AppTheme theme)
+Color paletteColor(PaletteColor role, AppTheme theme, Contrast contrast)
 {
-    const ThemedColor &color = PALETTE[static_cast<std::size_t>(role)];
+    const Palette &palette = contrast == Contrast::High ? HIGH_CONTRAST_PALETTE : PALETTE;
+    const ThemedColor &color = palette[static_cast<std::size_t>(role)];
     return colorFromHex(theme == AppTheme::Dark ? color.dark : color.light);
 }
 

@@ -28,8 +28,15 @@ enum class PaletteColor
     Neutral,
 };
 
+enum class Contrast
+{
+    Normal,
+    /// Text has at least 7 to 1 on every surface (WCAG 2.2, 1.4.6).
+    High
+};
+
 /// The colour that a role has in a theme; always opaque.
-[[nodiscard]] Color paletteColor(PaletteColor role, AppTheme theme);
+[[nodiscard]] Color paletteColor(PaletteColor role, AppTheme theme, Contrast contrast = Contrast::Normal);
 
 /// The tints of duplicate groups, indexed by DuplicateGroup::color. The first and the fourth are the same on
 /// purpose.

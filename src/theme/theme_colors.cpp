@@ -19,26 +19,30 @@ QColor mixed(const QColor &from, const QColor &to, float share)
 
 ThemeColors::ThemeColors(const ThemeManager &manager, QObject *parent)
     : QObject(parent)
+    , m_manager(manager)
 {
     constexpr int DURATION = 300; // milliseconds
-    m_darkness.setDuration(DURATION);
     m_darkness.setEasingCurve(QEasingCurve::InOutQuad);
     m_darkness.setStartValue(darknessOf(manager));
     m_darkness.setEndValue(darknessOf(manager));
     connect(&m_darkness, &QVariantAnimation::valueChanged, this, &ThemeColors::changed);
+    connect(&manager, &ThemeManager::wishesChanged, this, &ThemeColors::changed);
     connect(&manager, &ThemeManager::currentThemeChanged, this, [this, &manager] {
         const QVariant start = m_darkness.currentValue();
         m_darkness.stop();
         m_darkness.setStartValue(start);
         m_darkness.setEndValue(darknessOf(manager));
+        m_darkness.setDuration(manager.wishes().isMotionReduced ? 0 : DURATION);
         m_darkness.start();
     });
 }
 
 QColor ThemeColors::blended(PaletteColor inLight, PaletteColor inDark) const
 {
-    return mixed(toQColor(paletteColor(inLight, AppTheme::Light)),
-                 toQColor(paletteColor(inDark, AppTheme::Dark)), m_darkness.currentValue().toFloat());
+    const Contrast contrast = isHighContrast() ? Contrast::High : Contrast::Normal;
+    return mixed(toQColor(paletteColor(inLight, AppTheme::Light, contrast)),
+                 toQColor(paletteColor(inDark, AppTheme::Dark, contrast)),
+                 m_darkness.currentValue().toFloat());
 }
 
 QColor ThemeColors::accentText() const

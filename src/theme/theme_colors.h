@@ -9,8 +9,8 @@
 
 namespace sonavo {
 
-/// The colours that the views draw with. When the theme changes, all of them fade to the new theme together,
-/// within 0.3 seconds. Main thread only.
+/// The colours that the views draw with, and the widths of their outlines. When the theme changes, all of
+/// them fade to the new theme together, within 0.3 seconds. Main thread only.
 class ThemeColors : public QObject
 {
     Q_OBJECT
@@ -34,6 +34,11 @@ class ThemeColors : public QObject
 
     /// Tints of duplicate groups, opaque, indexed by DuplicateGroup::color.
     Q_PROPERTY(QList<QColor> groupTints READ groupTints NOTIFY changed)
+
+    /// Width of the outlines of surfaces and controls, in logical pixels.
+    Q_PROPERTY(double outlineWidth READ outlineWidth NOTIFY changed)
+    /// Opacity of outlines that are faint unless contrast is high.
+    Q_PROPERTY(double faintOutlineOpacity READ faintOutlineOpacity NOTIFY changed)
 
     // Aliases for particular parts of the interface.
     Q_PROPERTY(QColor focusRing READ accentText NOTIFY changed)
@@ -70,6 +75,9 @@ public:
     [[nodiscard]] QColor errorText() const;
     [[nodiscard]] QColor mutedText() const;
 
+    [[nodiscard]] double outlineWidth() const { return isHighContrast() ? 2.0 : 1.0; }
+    [[nodiscard]] double faintOutlineOpacity() const { return isHighContrast() ? 1.0 : 0.5; }
+
     [[nodiscard]] QList<QColor> groupTints() const;
 
 Q_SIGNALS:
@@ -79,7 +87,9 @@ private:
     /// The colour at this moment of the fade.
     [[nodiscard]] QColor blended(PaletteColor role) const { return blended(role, role); }
     [[nodiscard]] QColor blended(PaletteColor inLight, PaletteColor inDark) const;
+    [[nodiscard]] bool isHighContrast() const { return m_manager.wishes().isHighContrast; }
 
+    const ThemeManager &m_manager;
     /// 0.0 is the light theme, 1.0 the dark one, anything between a moment of the fade.
     QVariantAnimation m_darkness;
 };

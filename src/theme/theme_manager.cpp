@@ -9,6 +9,7 @@
 #include <QWindow>
 
 #include <algorithm>
+#include <utility>
 
 namespace sonavo {
 namespace {
@@ -17,21 +18,28 @@ constexpr QLatin1String THEME_KEY("appTheme");
 constexpr QLatin1String DARK("dark");
 constexpr QLatin1String LIGHT("light");
 
-QColor windowBackground(AppTheme theme)
+Contrast contrastOf(const DesktopWishes &wishes)
 {
+    return wishes.isHighContrast ? Contrast::High : Contrast::Normal;
+}
+
+QColor windowBackground(AppTheme theme, Contrast contrast)
+{
+    if (contrast == Contrast::High)
+        return toQColor(paletteColor(PaletteColor::Background, theme, contrast));
     return theme == AppTheme::Dark ? QColor::fromRgbF(0.11F, 0.11F, 0.12F)
                                    : QColor::fromRgbF(0.98F, 0.976F, 0.965F);
 }
 
 /// The colours of what Qt itself draws, such as file dialogs and tooltips.
-QPalette qtPalette(AppTheme theme)
+QPalette qtPalette(AppTheme theme, Contrast contrast)
 {
-    const auto color = [theme](PaletteColor role) { return toQColor(paletteColor(role, theme)); };
+    const auto color = [=](PaletteColor role) { return toQColor(paletteColor(role, theme, contrast)); };
     const QColor text = color(PaletteColor::TextPrimary);
     const QColor muted = color(PaletteColor::Neutral);
     QPalette palette(text, color(PaletteColor::SecondaryBackground), color(PaletteColor::TertiaryBackground),
                      color(PaletteColor::Border), muted, text, text, color(PaletteColor::Background),
-                     windowBackground(theme));
+                     windowBackground(theme, contrast));
     palette.setColor(QPalette::AlternateBase, color(PaletteColor::SecondaryBackground));
     palette.setColor(QPalette::Highlight, color(PaletteColor::Accent));
     palette.setColor(QPalette::HighlightedText, color(PaletteColor::Background));
@@ -87,14 +95,23 @@ void ThemeManager::toggleTheme()
     setCurrentTheme(isDark() ? AppTheme::Light : AppTheme::Dark);
 }
 
+void ThemeManager::setWishes(const DesktopWishes &wishes)
+{
+    if (wishes == std::exchange(m_wishes, wishes))
+        return;
+    Q_EMIT wishesChanged();
+    applyTheme();
+}
+
 void ThemeManager::applyTheme()
 {
     const auto apply = [this] {
         QWindow *window = qGuiApp ? firstWindow() : nullptr;
         if (!window)
             return;
-        window->setProperty("color", windowBackground(m_currentTheme));
-        QGuiApplication::setPalette(qtPalette(m_currentTheme));
+        const Contrast contrast = contrastOf(m_wishes);
+        window->setProperty("color", windowBackground(m_currentTheme, contrast));
+        QGuiApplication::setPalette(qtPalette(m_currentTheme, contrast));
     };
     QMetaObject::invokeMethod(this, apply, Qt::QueuedConnection);
 }

@@ -12,8 +12,19 @@ enum class AppTheme
     Dark
 };
 
+/// How the desktop wants every program to look. Nothing of it is stored.
+struct DesktopWishes
+{
+    /// Text of 7 to 1 and solid outlines, for people with low vision.
+    bool isHighContrast = false;
+    /// No movement that only decorates.
+    bool isMotionReduced = false;
+
+    friend bool operator==(const DesktopWishes &, const DesktopWishes &) = default;
+};
+
 /// Holds the theme that the user chose and stores it between runs, as "light" or "dark" under the key
-/// "appTheme". Main thread only.
+/// "appTheme", and what the desktop wishes of both themes. Main thread only.
 class ThemeManager : public QObject
 {
     Q_OBJECT
@@ -36,6 +47,9 @@ public:
 
     Q_INVOKABLE void toggleTheme();
 
+    [[nodiscard]] const DesktopWishes &wishes() const { return m_wishes; }
+    void setWishes(const DesktopWishes &wishes);
+
     /// Sets the background of the application's first window, and the palette of all that Qt itself draws,
     /// such as file dialogs, to the current theme, at the next turn of the event loop. Does nothing while
     /// there is no window.
@@ -43,10 +57,12 @@ public:
 
 Q_SIGNALS:
     void currentThemeChanged();
+    void wishesChanged();
 
 private:
     QSettings &m_settings;
     AppTheme m_currentTheme;
+    DesktopWishes m_wishes;
 };
 
 } // namespace sonavo

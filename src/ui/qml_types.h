@@ -1,6 +1,7 @@
 #pragma once
 
 #include "session/duplicate_view_model.h"
+#include "theme/motion.h"
 #include "theme/theme_colors.h"
 #include "theme/theme_manager.h"
 
@@ -61,6 +62,20 @@ public:
     static ThemeColors *create(QQmlEngine *engine, QJSEngine *)
     {
         return new ThemeColors(*ThemeManager::shared(), engine);
+    }
+};
+
+struct MotionForeign
+{
+    Q_GADGET
+    QML_FOREIGN(sonavo::Motion)
+    QML_NAMED_ELEMENT(Motion)
+    QML_SINGLETON
+
+public:
+    static Motion *create(QQmlEngine *engine, QJSEngine *)
+    {
+        return new Motion(*ThemeManager::shared(), engine);
     }
 };
 

@@ -76,6 +76,23 @@ TEST_F(ProgramWindow, ClosesAtOnceDuringAScan)
     }
 }
 
+TEST_F(ProgramWindow, IsAsMuchLargerAsTextShouldBe)
+{
+    QProcessEnvironment environment = QProcessEnvironment::systemEnvironment();
+    environment.insert(u"QT_FONT_DPI"_s, u"108"_s);
+    QProcess program;
+    program.setProcessEnvironment(environment);
+    start(program, QStringLiteral(SONAVO_PROGRAM), {});
+    ASSERT_TRUE(xdotool(visibleWindow));
+    QProcess geometry;
+    geometry.start(u"xdotool"_s, visibleWindow + QStringList{u"getwindowgeometry"_s, u"--shell"_s});
+    ASSERT_TRUE(geometry.waitForFinished(TIMEOUT_MS));
+    const QByteArray size = geometry.readAllStandardOutput();
+    EXPECT_TRUE(size.contains("WIDTH=1238\n") || size.contains("WIDTH=1237\n")) << size.toStdString();
+    program.terminate();
+    EXPECT_TRUE(program.waitForFinished(TIMEOUT_MS));
+}
+
 TEST_F(ProgramWindow, WorksOnWayland)
 {
     QProcess compositor;

@@ -3,6 +3,7 @@
 
 #include <QAbstractItemView>
 #include <QApplication>
+#include <QComboBox>
 #include <QDialogButtonBox>
 #include <QFileDialog>
 #include <QLineEdit>
@@ -53,6 +54,7 @@ struct DialogDriver
     void type(const QString &text) const
     {
         nameEdit->setFocus();
+        nameEdit->selectAll();
         QTest::keyClicks(nameEdit, text + u'\r');
     }
     void accept() const { QTest::mouseClick(acceptButton, Qt::LeftButton); }
@@ -60,7 +62,8 @@ struct DialogDriver
     QFileDialog &dialog;
     QAbstractItemView *view = dialog.findChild<QAbstractItemView *>(u"listView"_s);
     QLineEdit *nameEdit = dialog.findChild<QLineEdit *>(u"fileNameEdit"_s);
-    QPushButton *acceptButton = dialog.findChild<QDialogButtonBox *>()->button(QDialogButtonBox::Open);
+    QPushButton *acceptButton = dialog.findChild<QDialogButtonBox *>()->button(
+        dialog.acceptMode() == QFileDialog::AcceptSave ? QDialogButtonBox::Save : QDialogButtonBox::Open);
 };
 
 class FileDialogTest : public testing::Test
@@ -146,6 +149,47 @@ TEST_F(FileDialogTest, ReturnsOneFolderWhichCanBeNew)
     });
     EXPECT_EQ(chosenFolder(), music + "/Doubles");
     EXPECT_TRUE(std::filesystem::is_directory(music + "/Doubles"));
+}
+
+TEST_F(FileDialogTest, GivesAReportTheExtensionOfItsKindAndAsksBeforeOneIsReplaced)
+{
+    home.add("Documents/b.mp3.csv");
+    folder = QString::fromStdString(home.path("Documents").string());
+    const auto save = [this](const std::function<void(const DialogDriver &)> &act) {
+        whenOpen(act);
+        const QString path = runReportDialog(u"Duplicates 1.2"_s, folder);
+        return path.sliced(path.lastIndexOf(u'/') + 1).toStdString();
+    };
+    EXPECT_EQ(save([](const DialogDriver &driver) { driver.accept(); }), "Duplicates 1.2.csv");
+    const auto chooseJson = [](const DialogDriver &driver) {
+        auto *const kinds = driver.dialog.findChild<QComboBox *>(u"fileTypeCombo"_s);
+        kinds->setCurrentIndex(1);
+        Q_EMIT kinds->activated(1);
+    };
+    EXPECT_EQ(save([&](const DialogDriver &driver) {
+                  chooseJson(driver);
+                  EXPECT_EQ(driver.nameEdit->text(), u"Duplicates 1.2.json"_s);
+                  driver.type(u"b.mp3"_s);
+              }),
+              "b.mp3.json");
+    EXPECT_EQ(save([&](const DialogDriver &driver) {
+                  chooseJson(driver);
+                  driver.type(u"b.CSV"_s);
+              }),
+              "b.CSV");
+    int questions = 0;
+    const auto answerNo = [&questions] {
+        if (auto *const question = qobject_cast<QMessageBox *>(QApplication::activeModalWidget())) {
+            ++questions;
+            question->reject();
+        }
+    };
+    EXPECT_EQ(save([&](const DialogDriver &driver) {
+                  QTimer::singleShot(200, &driver.dialog, answerNo);
+                  driver.type(u"b.mp3"_s);
+              }),
+              "");
+    EXPECT_EQ(questions, 1);
 }
 
 TEST_F(FileDialogTest, CannotDeleteRenameOrMoveFiles)

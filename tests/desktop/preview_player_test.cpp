@@ -100,6 +100,27 @@ INSTANTIATE_TEST_SUITE_P(All, PreviewFormatTest,
                          testing::Values("song.mp3 -q:a 2 -write_xing 0", "song.m4a -c:a aac", "song.wav",
                                          "song.aac -c:a aac -q:a 1.5", "song.flac"));
 
+TEST_F(PreviewPlayerTest, KnowsWhereItIsWhileItPlays)
+{
+    const auto player = openSong();
+    player->seek(20);
+    EXPECT_EQ(player->position(), 20.0) << "at once";
+    player->play();
+    EXPECT_THAT(nextStart(), near(20));
+    QElapsedTimer time;
+    time.start();
+    QTest::qWait(1500);
+    const double position = player->position();
+    EXPECT_GT(position, 21.0);
+    EXPECT_LT(position, 20.0 + static_cast<double>(time.elapsed()) / 1000 + 1.0);
+    player->pause();
+    QTest::qWait(300);
+    const double paused = player->position();
+    QTest::qWait(300);
+    EXPECT_EQ(player->position(), paused);
+    EXPECT_LT(paused, position + 1.0);
+}
+
 TEST_F(PreviewPlayerTest, ObeysPauseAndVolume)
 {
     const auto player = openSong();

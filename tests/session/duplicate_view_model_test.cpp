@@ -140,7 +140,7 @@ TEST_F(DuplicateViewModelTest, AnnouncesAClearedSessionInOrderAndOnceMore)
     session.togglePlayback(session.songs().first());
     scan({music.urlOf(u"nothing"_s)});
     session.importDroppedItems(QList<QUrl>(10'001, music.urlOf(u"0/Artist0 - Title0.flac"_s)));
-    settle();
+    ASSERT_TRUE(QTest::qWaitFor([this] { return session.showLimitWarning(); }));
     EXPECT_NE(session.player(), nullptr);
     EXPECT_TRUE(session.showAlert() && session.showLimitWarning());
     session.startScan(music.urls());

@@ -1,7 +1,11 @@
 #include "session/importer.h"
+#include "testing/audio_fixtures.h"
 #include "testing/fake_desktop.h"
+#include "testing/hanging_disk.h"
 #include "testing/music_folder.h"
 #include "testing/test_pauses.h"
+
+#include <QElapsedTimer>
 
 #include <gmock/gmock.h>
 
@@ -18,6 +22,12 @@ protected:
     {
         scan.reset();
         settle();
+    }
+
+    /// A slow disk delays what is imported.
+    [[nodiscard]] bool isScanning() const
+    {
+        return QTest::qWaitFor([this] { return scan.state().isRunning; });
     }
 
     const QUrl song = QUrl::fromLocalFile(QStringLiteral(SONAVO_SAMPLES "/Albums/Cora Lind - Go.mp3"));
@@ -46,11 +56,13 @@ TEST_F(ImporterTest, AsksBeforeALargeImportAndRefusesAHugeOne)
         importer.reset();
         notices.clearAlert();
         library.setSongs(QList<Song>(songs));
-        EXPECT_EQ(importer.importDroppedItems(QList<QUrl>(items, song)), starts);
-        EXPECT_EQ(scan.state().isRunning, starts);
-        EXPECT_EQ(importer.state().isAsking, asks);
+        const bool hasStarted = importer.importDroppedItems(QList<QUrl>(items, song));
+        EXPECT_TRUE(starts || !hasStarted);
+        ASSERT_TRUE(QTest::qWaitFor([&] {
+            return scan.state().isRunning == starts && importer.state().isAsking == asks &&
+                   notices.state().isAlertShown == refuses;
+        }));
         EXPECT_EQ(importer.state().pendingUrls.size(), asks ? items : 0);
-        EXPECT_EQ(notices.state().isAlertShown, refuses);
     }
     EXPECT_THAT(
         notices.state().alertMessage.toStdString(),
@@ -61,6 +73,7 @@ TEST_F(ImporterTest, ImportsWhatIsChosenUnlessTheSessionWasClearedMeanwhile)
 {
     desktop.choice = QList<QUrl>(500'001, song);
     EXPECT_FALSE(importer.importWithOpenPanel());
+    EXPECT_TRUE(QTest::qWaitFor([this] { return notices.state().isAlertShown; }));
     EXPECT_EQ(notices.state().alertMessage,
               u"Cannot import more than 500000 songs.\nPlease select a smaller folder."_s);
 
@@ -74,7 +87,8 @@ TEST_F(ImporterTest, ImportsWhatIsChosenUnlessTheSessionWasClearedMeanwhile)
     importer.setPendingUrls({song});
     importer.setAsking(true);
     desktop.onChoice = [] {};
-    EXPECT_TRUE(importer.importWithOpenPanel());
+    importer.importWithOpenPanel();
+    EXPECT_TRUE(isScanning());
     EXPECT_FALSE(importer.state().isAsking);
     EXPECT_TRUE(importer.state().pendingUrls.isEmpty()) << "the later import replaces the pending one";
 }
@@ -97,9 +111,100 @@ TEST_F(ImporterTest, AsksBeforeWhatAnotherProgramOpensReplacesDuplicates)
     importer.declineOpenedItems();
     EXPECT_FALSE(scan.state().isRunning);
     EXPECT_TRUE(importer.openItems({song, song}));
-    EXPECT_TRUE(importer.acceptOpenedItems());
+    importer.acceptOpenedItems();
     EXPECT_TRUE(scan.state().isRunning);
     EXPECT_EQ(importer.openQuestion(), QString());
+}
+
+TEST_F(ImporterTest, CountsWhatIsOpenedInsteadOfEstimatingIt)
+{
+    const QTemporaryDir folder;
+    fillWithSongs(folder.path(), 2'600);
+    const QList<QUrl> folders(4, QUrl::fromLocalFile(folder.path()));
+    importer.importDroppedItems(folders);
+    ASSERT_TRUE(QTest::qWaitFor([this] { return notices.state().isAlertShown; })) << "a crude estimate";
+    notices.clearAlert();
+    // More than 10,000, then exactly as many.
+    for (const bool isAsked : {true, false}) {
+        library.setSongs(QList<Song>(isAsked ? 0 : 2'200));
+        EXPECT_TRUE(importer.openItems(isAsked ? folders : folders.first(3)));
+        EXPECT_TRUE(scan.state().isRunning);
+        ASSERT_TRUE(QTest::qWaitFor(
+            [this] { return importer.state().isAsking || scan.state().totalFiles > 0; }, 20'000));
+        EXPECT_EQ(importer.state().isAsking, isAsked);
+        EXPECT_EQ(scan.state().isRunning, !isAsked);
+        EXPECT_EQ(importer.state().pendingUrls, isAsked ? folders : QList<QUrl>());
+    }
+    scan.reset();
+    library.setSongs(QList<Song>(500'000));
+    EXPECT_TRUE(importer.openItems(folders));
+    EXPECT_TRUE(QTest::qWaitFor([this] { return notices.state().isAlertShown; }, 20'000));
+    EXPECT_FALSE(scan.state().isRunning || importer.state().isAsking);
+    EXPECT_EQ(library.songs().size(), 500'000);
+}
+
+TEST_F(ImporterTest, OffersToScanAllThatWasDroppedTogether)
+{
+    MusicFolder music;
+    music.addSong(u"a/A - B.flac"_s);
+    music.addSong(u"b\n/C - D.flac"_s);
+    const QUrl text = music.urlOf(u"b\n/text.txt"_s);
+    const QList<QUrl> folders{music.urlOf(u"a"_s), music.urlOf(u"b\n"_s)};
+    const auto isOffered = [this] { return !importer.scanAllText().isEmpty(); };
+    importer.importDrop({folders[0], text});
+    EXPECT_TRUE(isScanning());
+    EXPECT_FALSE(isOffered());
+
+    importer.importDrop(folders + QList{text});
+    ASSERT_TRUE(QTest::qWaitFor(isOffered));
+    EXPECT_EQ(importer.scanAllText(), u"Scan All 2"_s);
+    EXPECT_EQ(importer.scanAllNote(),
+              u"Of 2 items that were dropped, only \u201cb\\n\u201d is scanned"_s);
+    EXPECT_EQ(notices.state().toastMessage, importer.scanAllNote());
+    EXPECT_EQ(notices.state().toastAction, importer.scanAllText());
+    ASSERT_TRUE(QTest::qWaitFor([this] { return !scan.state().isRunning; }, 20'000));
+    EXPECT_EQ(library.songs().size(), 1);
+    notices.removeToastAction();
+    EXPECT_TRUE(notices.state().isToastShown) << "it stays";
+
+    importer.scanAllDropped();
+    EXPECT_FALSE(isOffered() || notices.state().isToastShown);
+    ASSERT_TRUE(QTest::qWaitFor([this] { return !scan.state().isRunning; }, 20'000));
+    EXPECT_EQ(library.songs().size(), 2);
+}
+
+TEST_F(ImporterTest, DoesNotWaitForADiskThatHangs)
+{
+    HangingDisk disk("/hangs");
+    const MusicFolder music;
+    music.addSong(u"hangs/A - B.flac"_s);
+    if (!disk.start())
+        GTEST_SKIP() << "no right to let a disk hang";
+    const QList<QUrl> hanging{music.urlOf(u"hangs"_s)};
+    const auto hangs = [&](std::size_t reads) {
+        return QTest::qWaitFor([&] { return disk.hangingReads() == reads; });
+    };
+    QElapsedTimer timer;
+    timer.start();
+    EXPECT_FALSE(importer.importDrop(hanging));
+    EXPECT_LT(timer.elapsed(), 1'000);
+    ASSERT_TRUE(hangs(1));
+    // Another import, or the end of the session, takes its place.
+    importer.importDroppedItems({song});
+    ASSERT_TRUE(isScanning());
+    EXPECT_FALSE(importer.importChosenItems(hanging));
+    ASSERT_TRUE(hangs(2));
+    scan.start(QList{song} + hanging);
+    EXPECT_TRUE(QTest::qWaitFor([this] { return scan.state().foundFiles == 1; }));
+    scan.reset();
+    importer.reset();
+    EXPECT_FALSE(importer.importDrop(hanging + QList{song}));
+    ASSERT_TRUE(hangs(4));
+    const auto gone = std::make_unique<Importer>(desktop, library, job, scan, notices);
+    EXPECT_FALSE(gone->importDrop(hanging));
+    disk.letGo();
+    ASSERT_TRUE(isScanning());
+    EXPECT_EQ(importer.state().droppedUrls.size(), 2);
 }
 
 } // namespace

@@ -67,5 +67,34 @@ TEST_F(PreviewTest, SeeksToWhereTheRowWasClicked)
     EXPECT_THAT(desktop.takeCalls(), ElementsAre("a: play", "a: seek 100", "a: seek 200", "a: seek -2"));
 }
 
+TEST_F(PreviewTest, ComparesASongFromTheSecondAtWhichTheOtherIs)
+{
+    Song shorter = song(u"c"_s);
+    shorter.duration = 101.9;
+    const auto playFrom = [this](double x) {
+        preview.toggle(a);
+        settle();
+        preview.seek(x, 900);
+        desktop.calls.clear();
+    };
+    playFrom(450);
+    preview.compare(b);
+    preview.compare(a); // before the other has begun
+    settle();
+    EXPECT_TRUE(preview.isOf(a));
+    EXPECT_THAT(desktop.takeCalls(),
+                ElementsAre("a: pause", "a: release", "a: gone", "a: seek 100", "a: play"));
+    preview.compare(shorter);
+    settle();
+    EXPECT_THAT(desktop.takeCalls(), ElementsAre("a: pause", "a: release", "a: gone", "c: play"))
+        << "hardly any of it would be left";
+    preview.compare(shorter);
+    EXPECT_EQ(preview.state(), Preview::State()) << "the one that plays";
+    desktop.calls.clear();
+    preview.compare(b);
+    settle();
+    EXPECT_THAT(desktop.takeCalls(), ElementsAre("b: play")) << "nothing to compare with";
+}
+
 } // namespace
 } // namespace sonavo

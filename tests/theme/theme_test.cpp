@@ -12,6 +12,7 @@
 
 #include <algorithm>
 #include <cmath>
+#include <string_view>
 #include <utility>
 
 namespace sonavo {
@@ -93,10 +94,12 @@ QColor over(const QColor &surface, const QColor &tint, float alpha)
 
 TEST_F(ThemeTest, KeepsTextAndMarksLegibleInBothThemes)
 {
-    constexpr double TEXT = 4.5;
-    constexpr double MARK = 3.0;
     ThemeManager manager(settings);
-    for (const char *theme : {"light", "dark"}) {
+    for (const char *theme : {"light", "dark", "high contrast, light", "high contrast, dark"}) {
+        const bool isHighContrast = std::string_view(theme).starts_with("high");
+        manager.setWishes({.isHighContrast = isHighContrast});
+        const double text = isHighContrast ? 7.0 : 4.5;
+        const double mark = isHighContrast ? 4.5 : 3.0;
         const ThemeColors colors(manager);
         const QColor row = colors.tertiaryBackground();
         const QColor playing = over(row, colors.accent(), 0.15F);
@@ -108,19 +111,21 @@ TEST_F(ThemeTest, KeepsTextAndMarksLegibleInBothThemes)
                 EXPECT_GE(contrast(color, surface), least)
                     << what << " on " << surface.name().toStdString() << ", " << theme;
         };
-        expect("text", TEXT, colors.textPrimary(), {colors.background(), raised, row, playing, hovered});
-        expect("secondary text", TEXT, colors.textSecondary(), {colors.background(), raised});
-        expect("muted text", TEXT, colors.mutedText(), {row, playing, hovered});
-        expect("accent text", TEXT, colors.accentText(), {colors.background(), raised});
-        expect("original", TEXT, colors.success(), {colors.background()});
-        expect("error text", TEXT, colors.errorText(), {raised});
-        expect("outlines", MARK, colors.accent(), {colors.background(), raised});
-        expect("outline of Clear List", MARK, colors.textSecondary(), {raised});
-        expect("playing speaker", MARK, colors.accentText(), {playing});
+        expect("text", text, colors.textPrimary(), {colors.background(), raised, row, playing, hovered});
+        expect("secondary text", text, colors.textSecondary(), {colors.background(), raised});
+        expect("muted text", text, colors.mutedText(), {row, playing, hovered});
+        expect("accent text", text, colors.accentText(), {colors.background(), raised});
+        expect("original", text, colors.success(), {colors.background()});
+        expect("error text", text, colors.errorText(), {raised});
+        expect("outlines", mark, colors.accent(), {colors.background(), raised});
+        if (isHighContrast)
+            expect("outlines of surfaces", 7.0, colors.border(), {colors.background(), raised, row});
+        expect("outline of Clear List", mark, colors.textSecondary(), {raised});
+        expect("playing speaker", mark, colors.accentText(), {playing});
         for (const QColor &tint : colors.groupTints()) {
             const QList<QColor> headers{over(raised, tint, 0.3F), over(raised, tint, 0.38F)};
-            expect("title of a group", TEXT, colors.textPrimary(), headers);
-            expect("focus ring", MARK, colors.accentText(), headers);
+            expect("title of a group", text, colors.textPrimary(), headers);
+            expect("focus ring", mark, colors.accentText(), headers);
         }
         manager.toggleTheme();
     }

@@ -114,6 +114,11 @@ TEST_P(InLanguage, EveryTextFits)
         press(Qt::Key_Escape);
     }
     expectMenusLegible();
+    press(Qt::Key_F1);
+    QTest::qWait(250);
+    expectLegible(u"keys"_s);
+    press(Qt::Key_Escape);
+    QTest::qWait(200);
     session.findMore();
     EXPECT_TRUE(waitFor([this] { return !session.isCleaningUp() && session.showToast(); }));
     QTest::qWait(700); // until the toast rests

@@ -94,6 +94,7 @@ TEST_F(PlainTextTest, ShowsNamesAsTheyAreWritten)
     EXPECT_TRUE(waitForText(u"Moved to Trash: "_s + LONG_NAME));
     const QUrl song = music.urlOf(LONG_NAME);
     EXPECT_FALSE(session.importDroppedItems(QList<QUrl>(10'001, song)));
+    ASSERT_TRUE(waitFor([this] { return session.showLimitWarning(); }));
     EXPECT_FALSE(session.importDroppedItems(QList<QUrl>(500'001, song)));
     EXPECT_THAT(richTexts(), IsEmpty());
     EXPECT_FALSE(picture.sawOpening());

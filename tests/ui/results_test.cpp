@@ -1,3 +1,4 @@
+#include "generators/small_audio.h"
 #include "session/file_job.h"
 #include "testing/music_folder.h"
 #include "tests/ui/ui_test.h"
@@ -228,6 +229,43 @@ TEST_F(ResultsTest, PlaysOneSongAtATimeAndSeeksOnlyInItsRow)
     EXPECT_TRUE(waitFor([&] { return window->grabWindow().copy(playingRow) != lit; }));
     clickInRow(u"Stop listening"_s, 2);
     EXPECT_EQ(playing(), "");
+}
+
+TEST_F(ResultsTest, ComparesSongsOfAGroupFromTheSameSecond)
+{
+    for (const QString &name : {u"0/Artist0 - Title0"_s, u"1/Artist0 - Title0"_s, u"0/Artist1 - Title1"_s,
+                                u"1/Artist1 - Title1"_s}) {
+        const QString path = music.pathOf(name + u".mp3"_s);
+        ASSERT_TRUE(QDir().mkpath(QFileInfo(path).path()));
+        QFile file(path);
+        ASSERT_TRUE(file.open(QIODevice::WriteOnly) && file.write(smallAudio(u"MP3"_s, 100).content) > 0);
+    }
+    scan(music.urls());
+    ASSERT_TRUE(waitForText(u"Group of 2 songs"_s));
+    const auto startOf = [this](const std::string &name) {
+        EXPECT_TRUE(waitFor([&] { return playing() == name && session.player(); })) << playing();
+        const std::vector<std::string> calls = desktop.takeCalls();
+        return calls.size() > 1 && calls.end()[-2].ends_with("seek 50") ? 50 : 0;
+    };
+    clickRow(1);
+    press(Qt::Key_Space, Qt::ShiftModifier);
+    EXPECT_EQ(startOf("0/Artist0 - Title0.mp3"), 0) << "nothing is playing yet";
+    session.seekPlayback(50.5, 100);
+    press(Qt::Key_Down);
+    press(Qt::Key_Space, Qt::ShiftModifier);
+    EXPECT_EQ(startOf("1/Artist0 - Title0.mp3"), 50);
+    QTest::mouseClick(window, Qt::LeftButton, Qt::ShiftModifier,
+                      rectOf(buttonInRow(PLAY, 1)->object()).center());
+    EXPECT_EQ(startOf("0/Artist0 - Title0.mp3"), 50);
+    clickRow(2, Qt::RightButton);
+    choose(u"Listen from the Same Second"_s);
+    EXPECT_EQ(startOf("1/Artist0 - Title0.mp3"), 50);
+    clickRow(4);
+    press(Qt::Key_Space, Qt::ShiftModifier);
+    EXPECT_EQ(startOf("0/Artist1 - Title1.mp3"), 0) << "another song";
+    clickRow(1, Qt::RightButton);
+    ASSERT_TRUE(waitForMenu(u"Listen from the Same Second"_s));
+    EXPECT_FALSE(isOffered(u"Listen from the Same Second"_s));
 }
 
 TEST_F(ResultsTest, DeletesSongsAndLeavesEverythingElseInPlace)

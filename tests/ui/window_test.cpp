@@ -1,5 +1,6 @@
 #include "testing/audio_fixtures.h"
 #include "tests/ui/ui_test.h"
+#include "ui/shortcuts.h"
 
 #include <QMimeData>
 #include <qpa/qplatformdrag.h>
@@ -76,6 +77,7 @@ protected:
         const QTemporaryDir folder;
         fillWithSongs(folder.path(), 101);
         session.importDroppedItems(QList<QUrl>(4, QUrl::fromLocalFile(folder.path())));
+        ASSERT_TRUE(waitFor([this] { return session.showAlert(); }));
         ASSERT_TRUE(waitForText(session.alertMessage()));
         ASSERT_TRUE(waitFor([this] { return focusedName() == u"OK"; }));
     }
@@ -321,13 +323,14 @@ TEST_F(WindowTest, LightsUpUnderFilesAndImportsThemOnceWhereverTheyAreDropped)
     EXPECT_TRUE(waitFor([&] { return zone() != unlit; }));
 
     drop(dropZone(), {LINK, SONG});
+    EXPECT_TRUE(waitForText(CANCEL_SCAN));
     EXPECT_EQ(scans(), 1) << "the zone is inside of the window, which takes drops itself";
-    EXPECT_TRUE(shows(CANCEL_SCAN));
     drop(corner(), SAMPLES);
-    EXPECT_EQ(scans(), 2) << "during a scan";
+    EXPECT_TRUE(waitFor([this] { return scans() == 2; })) << "during a scan";
     EXPECT_TRUE(goOnUntil([this] { return !session.isScanning(); }));
     const QUrl cover = QUrl::fromLocalFile(QStringLiteral(SONAVO_SAMPLES "/make.sh"));
     drop(corner(), {SAMPLES[0], cover});
+    EXPECT_TRUE(waitFor([this] { return scans() == 3; }));
     EXPECT_TRUE(goOnUntil([this] { return !session.isScanning(); }));
     EXPECT_FALSE(session.showAlert() || session.songCount() < 20) << "what is no audio is passed over";
     // Over results. Each item is imported by itself, and the last one stands.
@@ -336,10 +339,20 @@ TEST_F(WindowTest, LightsUpUnderFilesAndImportsThemOnceWhereverTheyAreDropped)
     EXPECT_EQ(drag(corner(), files), Qt::CopyAction);
     EXPECT_TRUE(waitFor([&] { return window->grabWindow() != results; })) << "the drop can be seen to work";
     drop(corner(), {QUrl::fromLocalFile(QStringLiteral(SONAVO_SAMPLES "/Albums")), phone});
-    EXPECT_TRUE(
-        waitForText(u"Only “Phone” is being scanned. Use “Add Song” to choose several items together."_s));
+    const QString note = u"Of 2 items that were dropped, only “Phone” is scanned"_s;
+    EXPECT_TRUE(waitForText(note));
     EXPECT_TRUE(goOnUntil([this] { return !session.isScanning(); }));
-    EXPECT_EQ(session.songCount(), QDir(phone.toLocalFile()).entryList(QDir::Files).size());
+    const int alone = session.songCount();
+    EXPECT_EQ(alone, QDir(phone.toLocalFile()).entryList(QDir::Files).size());
+    // The toast stays, and the info bar offers the same.
+    press(Qt::Key_Escape);
+    EXPECT_TRUE(waitFor([this] { return !session.showToast(); }));
+    EXPECT_TRUE(shows(note));
+    click(u"Scan All 2"_s);
+    EXPECT_TRUE(waitForText(CANCEL_SCAN));
+    EXPECT_TRUE(goOnUntil([this] { return !session.isScanning(); }));
+    EXPECT_GT(session.songCount(), alone);
+    EXPECT_TRUE(waitForNoText(u"Scan All 2"_s));
 }
 
 TEST_F(WindowTest, LetsTheKeyboardReachEveryButtonAndShowsWhereItIs)
@@ -389,6 +402,89 @@ TEST_F(WindowTest, HasMenusAThemeButtonAndAnAboutSheet)
     ASSERT_TRUE(waitFor([this] { return focusedName() == u"Close"; }));
     expectAccessible();
     EXPECT_NE(find(QAccessible::Dialog, u"About Sonavo"_s), nullptr);
+}
+
+/// The keys of a group as the README lists them.
+std::string readmeTable(const std::string &title, Shortcuts::Group group)
+{
+    std::string table = "| key | " + title + " |\n|---|---|\n";
+    for (const QVariant &listed : Shortcuts::actionsOf(group)) {
+        const int action = listed.toInt();
+        table += "| " + Shortcuts::keysOf(action).join(u", "_s).toStdString() + " | " +
+                 Shortcuts::textOf(action).toStdString() + " |\n";
+    }
+    return table + "\n";
+}
+
+TEST_F(WindowTest, ListsItsKeysInTheReadmeAndInAnOverview)
+{
+    QFile readme(QStringLiteral(SONAVO_SAMPLES "/../README.md"));
+    ASSERT_TRUE(readme.open(QIODevice::ReadOnly));
+    const std::string text = readme.readAll().toStdString();
+    EXPECT_THAT(text, HasSubstr(readmeTable("in the list of results", Shortcuts::ListGroup)));
+    EXPECT_THAT(text, HasSubstr(readmeTable("everywhere", Shortcuts::EverywhereGroup)));
+
+    const QString title = u"Keyboard Shortcuts"_s;
+    const std::pair<Qt::Key, Qt::KeyboardModifiers> keys[] = {
+        {Qt::Key_F1, {}}, {Qt::Key_Question, Qt::ControlModifier}, {Qt::Key_Escape, {}}};
+    for (int i = 0; i < 2; ++i) {
+        press(keys[i].first, keys[i].second);
+        ASSERT_TRUE(waitFor([&] { return find(QAccessible::Dialog, title) && focusedName() == u"Close"; }));
+        expectAccessible();
+        EXPECT_NE(find(QAccessible::StaticText, u"Ctrl+Shift+F, Find More Duplicates"_s), nullptr);
+        EXPECT_TRUE(
+            QRect({}, window->size()).contains(rectOf(find(QAccessible::Button, u"Close"_s)->object())));
+        press(keys[i + 1].first, keys[i + 1].second);
+        EXPECT_TRUE(waitFor([&] { return find(QAccessible::Dialog, title) == nullptr; }));
+    }
+}
+
+TEST_F(WindowTest, OpensTheMenuByKey)
+{
+    press(Qt::Key_F10);
+    ASSERT_TRUE(waitForText(u"Add Song"_s));
+    press(Qt::Key_Right);
+    ASSERT_TRUE(waitForText(u"Scan Copied Files"_s));
+    press(Qt::Key_Escape);
+    EXPECT_TRUE(waitForNoText(u"Scan Copied Files"_s));
+    press(Qt::Key_F10);
+    desktop.choice = SAMPLES;
+    press(Qt::Key_Down);
+    press(Qt::Key_Return);
+    EXPECT_TRUE(waitFor([this] { return scans() == 1; }));
+}
+
+TEST_F(WindowTest, ScansFilesThatWereCopiedAndAsksBeforeTheyReplaceDuplicates)
+{
+    press(Qt::Key_V, Qt::ControlModifier);
+    EXPECT_TRUE(waitForText(u"No files have been copied"_s));
+    desktop.copied = SAMPLES;
+    press(Qt::Key_V, Qt::ControlModifier);
+    EXPECT_TRUE(goOnUntil([this] { return session.duplicateCount() > 0 && !session.isScanning(); }));
+    press(Qt::Key_V, Qt::ControlModifier);
+    EXPECT_TRUE(waitForText(u"Replace the List?"_s));
+    EXPECT_EQ(scans(), 1);
+}
+
+TEST_F(WindowTest, KeepsToastsFromTheRowThatHasTheKeyboard)
+{
+    scan(SAMPLES);
+    desktop.showsFiles = false;
+    session.revealSong(session.songs().first());
+    ASSERT_TRUE(waitForText(u"The folder could not be opened"_s));
+    QTest::qWait(700);
+    const auto *toast = find(QAccessible::Notification, u"The folder could not be opened"_s)->object();
+    const QRect below = rectOf(toast);
+    int covered = 0;
+    press(Qt::Key_Home);
+    for (int i = 0; i < 30; ++i) {
+        press(Qt::Key_Down);
+        QTest::qWait(5);
+        const QObject *row = window->activeFocusItem();
+        EXPECT_FALSE(rectOf(row).intersects(rectOf(toast)));
+        covered += rectOf(row).intersects(below) ? 1 : 0;
+    }
+    EXPECT_GT(covered, 0) << "no row comes near it";
 }
 
 } // namespace

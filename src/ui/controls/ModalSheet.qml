@@ -15,7 +15,7 @@ T.Dialog {
     background: Card {
         radius: 14
         color: Colors.sheet
-        border.width: 1
+        border.width: Colors.outlineWidth
         border.color: Colors.border
     }
 
@@ -25,7 +25,7 @@ T.Dialog {
 
     enter: Transition {
         NumberAnimation { property: "opacity"; from: 0; to: 1; duration: 150; easing.type: Easing.OutQuad }
-        NumberAnimation { property: "scale"; from: 0.96; to: 1; duration: 150; easing.type: Easing.OutQuad }
+        NumberAnimation { property: "scale"; from: Motion.isReduced ? 1 : 0.96; to: 1; duration: 150; easing.type: Easing.OutQuad }
     }
     exit: Transition {
         NumberAnimation { property: "opacity"; from: 1; to: 0; duration: 120; easing.type: Easing.InQuad }

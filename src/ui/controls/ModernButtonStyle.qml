@@ -41,7 +41,7 @@ T.Button {
         scale: control.down ? 0.95 : 1
 
         Behavior on opacity { NumberAnimation { duration: 200; easing.type: Easing.InOutQuad } }
-        Behavior on scale { NumberAnimation { duration: 200; easing.type: Easing.InOutQuad } }
+        Behavior on scale { enabled: !Motion.isReduced; NumberAnimation { duration: 200; easing.type: Easing.InOutQuad } }
 
         Row {
             id: label
@@ -72,7 +72,7 @@ T.Button {
     background: Rectangle {
         radius: 8
         color: control.hovered && control.enabled ? Qt.alpha(control.tint, 0.12) : "transparent"
-        border.width: 1
+        border.width: Colors.outlineWidth
         border.color: control.enabled ? control.tint : Colors.border
 
         FocusRing { control: control }

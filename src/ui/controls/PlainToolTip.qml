@@ -38,7 +38,7 @@ Loader {
         background: Rectangle {
             radius: 6
             color: Colors.secondaryBackground
-            border.width: 1
+            border.width: Colors.outlineWidth
             border.color: Colors.border
         }
     }

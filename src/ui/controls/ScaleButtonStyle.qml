@@ -30,6 +30,8 @@ T.Button {
     Keys.onEnterPressed: event => { if (!event.isAutoRepeat) clicked(); }
 
     Behavior on scale {
+        enabled: !Motion.isReduced
+
         ResponseSpring {
             response: 0.3
             dampingFraction: 0.7
@@ -57,7 +59,7 @@ T.Button {
         radius: 10
         color: control.isFilled ? Qt.lighter(control.tint, control.hovered ? 1.06 : 1)
                                 : Qt.alpha(control.tint, control.hovered ? 0.12 : 0)
-        border.width: 1
+        border.width: Colors.outlineWidth
         border.color: control.tint
 
         FocusRing { control: control; radius: 12 }

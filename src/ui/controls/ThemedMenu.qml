@@ -17,7 +17,7 @@ Menu {
     background: Card {
         radius: 8
         color: Colors.secondaryBackground
-        border.width: 1
+        border.width: Colors.outlineWidth
         border.color: Colors.border
         shadowRadius: 12
     }

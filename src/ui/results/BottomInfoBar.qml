@@ -8,26 +8,46 @@ Rectangle {
     required property DuplicateViewModel viewModel
     readonly property int duplicateCount: viewModel.duplicateCount
 
-    implicitHeight: hint.implicitHeight + 40
+    implicitHeight: hints.implicitHeight + 40
     color: Colors.infoBar
 
-    PlainText {
-        id: hint
+    Column {
+        id: hints
         anchors.left: parent.left
-        anchors.right: button.left
+        anchors.right: scanAll.visible ? scanAll.left : button.left
         anchors.verticalCenter: parent.verticalCenter
         anchors.margins: 20
-        elide: Text.ElideRight
-        text: bar.duplicateCount === 0
-              ? qsTr("Drop a folder to scan for duplicate songs")
-              : bar.viewModel.isFurtherResult
-              ? qsTr("Found %n duplicate files \u2022 %1 \u2022 Use speaker icon to verify before deleting",
-                     "%1 says how many more were found", bar.duplicateCount).arg(bar.viewModel.moreFoundDescription)
-              : qsTr("Found %n duplicate files \u2022 Use speaker icon to verify before deleting", "", bar.duplicateCount)
-        font.pixelSize: 12
-        color: bar.duplicateCount === 0 ? Colors.mutedText : Colors.textPrimary
-        Accessible.role: Accessible.StaticText
-        Accessible.name: text
+        spacing: 4
+
+        Hint {
+            text: bar.duplicateCount === 0
+                  ? qsTr("Drop a folder to scan for duplicate songs")
+                  : bar.viewModel.isFurtherResult
+                  ? qsTr("Found %n duplicate files \u2022 %1 \u2022 Use speaker icon to verify before deleting",
+                         "%1 says how many more were found", bar.duplicateCount).arg(bar.viewModel.moreFoundDescription)
+                  : qsTr("Found %n duplicate files \u2022 Use speaker icon to verify before deleting", "", bar.duplicateCount)
+            color: bar.duplicateCount === 0 ? Colors.mutedText : Colors.textPrimary
+        }
+
+        Hint {
+            visible: text !== ""
+            text: bar.viewModel.scanAllNote
+            color: Colors.textPrimary
+        }
+    }
+
+    ModernButtonStyle {
+        id: scanAll
+        anchors.right: button.left
+        anchors.rightMargin: 8
+        anchors.verticalCenter: parent.verticalCenter
+        width: implicitWidth + 16
+        visible: text !== ""
+        // Out of sight it would keep the focus.
+        enabled: visible && !bar.viewModel.showCleanUpProgress
+        text: bar.viewModel.scanAllText
+        description: bar.viewModel.scanAllNote
+        onClicked: bar.viewModel.scanAllDropped()
     }
 
     FindMoreButton {
@@ -36,5 +56,12 @@ Rectangle {
         anchors.rightMargin: 20
         anchors.verticalCenter: parent.verticalCenter
         viewModel: bar.viewModel
+    }
+
+    component Hint: ElidedText {
+        width: hints.width
+        font.pixelSize: 12
+        Accessible.role: Accessible.StaticText
+        Accessible.name: text
     }
 }

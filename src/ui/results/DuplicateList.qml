@@ -14,6 +14,12 @@ FocusScope {
     readonly property bool showsAll: rows.showsAll
     readonly property string filterNote: rows.filterNote
 
+    // Where the row is that has the keyboard; empty without one.
+    readonly property rect currentRect: list.activeFocus && list.currentItem
+                                        ? Qt.rect(0, list.y + list.currentItem.y - list.contentY, width,
+                                                  list.currentItem.height)
+                                        : Qt.rect(0, 0, 0, 0)
+
     // Whoever comes back comes to the list.
     onActiveFocusChanged: {
         if (!activeFocus)
@@ -24,6 +30,21 @@ FocusScope {
         const song = rows.songAt(row);
         if (song !== undefined)
             view.viewModel.togglePlayback(song);
+    }
+
+    // Whether another song of the row's group is playing.
+    function canCompare(row) {
+        const playing = view.viewModel.currentlyPlayingSong;
+        const playingRow = playing === undefined ? -1 : rows.rowOf(playing);
+        return playingRow >= 0 && playingRow !== row && rows.headerRow(playingRow) === rows.headerRow(row);
+    }
+
+    // From the same second as that one.
+    function compare(row) {
+        if (canCompare(row) && row !== rows.headerRow(row))
+            view.viewModel.comparePlayback(rows.songAt(row));
+        else
+            view.play(row);
     }
 
     function remove(row) {
@@ -64,6 +85,49 @@ FocusScope {
         }
     }
 
+    // Does what a key means for a row. Returns false where it means nothing.
+    function perform(action, row) {
+        const header = rows.headerRow(row);
+        switch (action) {
+        case Shortcuts.HideSongs:
+            list.currentIndex = header;
+            rows.setExpanded(header, false);
+            return true;
+        case Shortcuts.ShowSongs:
+            rows.setExpanded(row, true);
+            return true;
+        case Shortcuts.FirstRow:
+            list.currentIndex = 0;
+            return true;
+        case Shortcuts.LastRow:
+            list.currentIndex = list.count - 1;
+            return true;
+        case Shortcuts.Listen:
+            play(row);
+            return true;
+        case Shortcuts.Compare:
+            compare(row);
+            return true;
+        case Shortcuts.MoveToTrash:
+            remove(row);
+            return true;
+        case Shortcuts.OpenRowMenu:
+            const badge = LayoutMirroring.enabled ? width - TableColumns.badgeX - menu.width : TableColumns.badgeX;
+            (row === header ? groupMenu : menu).openFor(row, list.currentItem, badge, 20);
+            return true;
+        case Shortcuts.ToggleGroup:
+            if (row === header)
+                rows.setExpanded(row, !rows.isExpanded(row));
+            return row === header;
+        case Shortcuts.KeepThisOne:
+            if (row !== header)
+                keep(rows.songAt(row));
+            return row !== header;
+        default:
+            return false;
+        }
+    }
+
     // The next row moves under the pointer, where the second click of a double-click must not delete it too.
     function removeByPointer(row) {
         if (recentRemoval.running)
@@ -86,7 +150,7 @@ FocusScope {
     }
 
     Shortcut {
-        sequence: "Ctrl+F"
+        sequence: Shortcuts.keyOf(Shortcuts.Filter)
         enabled: view.visible && !view.viewModel.showCleanUpProgress
         onActivated: filterBar.edit()
     }
@@ -190,6 +254,7 @@ FocusScope {
                         list.forceActiveFocus(Qt.MouseFocusReason);
                     }
                     onPlay: view.play(index)
+                    onCompare: view.compare(index)
                     onSeek: x => view.viewModel.seekPlayback(x, width)
                     onRemove: view.removeByPointer(index)
                     onOpenMenu: (x, y) => menu.openFor(index, songRow, x, y)
@@ -204,38 +269,11 @@ FocusScope {
         }
 
         Keys.onPressed: event => {
-            const row = list.currentIndex;
-            const header = rows.headerRow(row);
-            event.accepted = true;
-            const [back, ahead] = LayoutMirroring.enabled ? [Qt.Key_Right, Qt.Key_Left] : [Qt.Key_Left, Qt.Key_Right];
-            if (event.key === back && row === header) {
-                rows.setExpanded(row, false);
-            } else if (event.key === back) {
-                list.currentIndex = header;
-                rows.setExpanded(header, false);
-            } else if (event.key === ahead) {
-                rows.setExpanded(row, true);
-            } else if (event.key === Qt.Key_Home) {
-                list.currentIndex = 0;
-            } else if (event.key === Qt.Key_End) {
-                list.currentIndex = list.count - 1;
-            } else if (event.isAutoRepeat) {
-                event.accepted = false;
-            } else if ((event.key === Qt.Key_Return || event.key === Qt.Key_Enter) && row === header) {
-                rows.setExpanded(row, !rows.isExpanded(row));
-            } else if (event.key === Qt.Key_Space) {
-                view.play(row);
-            } else if (event.key === Qt.Key_Delete) {
-                view.remove(row);
-            } else if (event.key === Qt.Key_K && event.modifiers === Qt.NoModifier && row !== header) {
-                view.keep(rows.songAt(row));
-            } else if (event.key === Qt.Key_Menu || (event.key === Qt.Key_F10 && event.modifiers & Qt.ShiftModifier)) {
-                (row === header ? groupMenu : menu).openFor(row, list.currentItem,
-                                                            LayoutMirroring.enabled ? width - TableColumns.badgeX - groupMenu.width
-                                                                                    : TableColumns.badgeX, 20);
-            } else {
-                event.accepted = false;
-            }
+            const action = Shortcuts.listAction(event.key, event.modifiers);
+            // What a held key would do over and over.
+            const isOnce = action !== Shortcuts.HideSongs && action !== Shortcuts.ShowSongs
+                           && action !== Shortcuts.FirstRow && action !== Shortcuts.LastRow;
+            event.accepted = !(isOnce && event.isAutoRepeat) && view.perform(action, list.currentIndex);
         }
     }
 
@@ -278,6 +316,7 @@ FocusScope {
                 return;
             song = clicked;
             isOriginal = row === rows.headerRow(row) + 1;
+            canCompare = view.canCompare(row);
             popup(item, x, y);
         }
     }

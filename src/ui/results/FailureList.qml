@@ -13,7 +13,7 @@ FocusScope {
         anchors.fill: parent
         radius: 10
         color: Colors.secondaryBackground
-        border.width: 1
+        border.width: Colors.outlineWidth
         border.color: Colors.border
     }
 

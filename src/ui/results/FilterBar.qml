@@ -35,7 +35,7 @@ Rectangle {
         height: 30
         radius: 8
         color: Colors.background
-        border.width: field.activeFocus ? 2 : 1
+        border.width: field.activeFocus ? 2 : Colors.outlineWidth
         border.color: field.activeFocus ? Colors.focusRing : Colors.textSecondary
 
         SymbolIcon {

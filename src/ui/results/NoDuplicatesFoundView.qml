@@ -19,7 +19,7 @@ Rectangle {
         NumberAnimation {
             target: view
             property: "iconScale"
-            from: 0.5
+            from: Motion.isReduced ? 1 : 0.5
             to: 1
             duration: 800
             easing.type: Easing.OutCubic
@@ -115,7 +115,7 @@ Rectangle {
         implicitHeight: label.implicitHeight + 14
         radius: implicitHeight / 2
         color: Colors.secondaryBackground
-        border.width: 1
+        border.width: Colors.outlineWidth
         border.color: Colors.border
 
         SymbolLabel {

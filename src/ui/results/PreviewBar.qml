@@ -14,8 +14,8 @@ Rectangle {
     implicitHeight: row.implicitHeight + 12
     radius: 8
     color: Qt.alpha(Colors.accent, 0.15)
-    border.width: 1
-    border.color: Qt.alpha(Colors.accent, 0.5)
+    border.width: Colors.outlineWidth
+    border.color: Qt.alpha(Colors.accent, Colors.faintOutlineOpacity)
 
     RowLayout {
         id: row

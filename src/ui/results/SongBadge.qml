@@ -37,7 +37,7 @@ Item {
         height: 5
         radius: 2.5
         color: "transparent"
-        border.width: 1.5
+        border.width: Math.max(1.5, Colors.outlineWidth)
         border.color: Colors.duplicate
     }
 

@@ -13,17 +13,27 @@ ThemedMenu {
     readonly property bool isPlaying: viewModel.currentlyPlayingSong !== undefined && song !== undefined
                                       && viewModel.currentlyPlayingSong.id === song.id
 
+    // Whether another song of the group is playing.
+    property bool canCompare
+
     signal keep(song: var)
     signal remove(song: var)
 
     ThemedMenuItem {
         text: menu.isPlaying ? qsTr("Stop", "the playback of a song") : qsTr("Listen", "to a song")
+        key: Shortcuts.keyOf(Shortcuts.Listen)
         onTriggered: menu.viewModel.togglePlayback(menu.song)
+    }
+    ThemedMenuItem {
+        text: Shortcuts.textOf(Shortcuts.Compare)
+        key: Shortcuts.keyOf(Shortcuts.Compare)
+        enabled: menu.canCompare
+        onTriggered: menu.viewModel.comparePlayback(menu.song)
     }
     ThemedMenuSeparator {}
     ThemedMenuItem {
-        text: qsTr("Keep This One")
-        key: "K"
+        text: Shortcuts.textOf(Shortcuts.KeepThisOne)
+        key: Shortcuts.keyOf(Shortcuts.KeepThisOne)
         enabled: !menu.isOriginal && !menu.viewModel.isCleaningUp
         onTriggered: menu.keep(menu.song)
     }
@@ -53,7 +63,8 @@ ThemedMenu {
     }
     ThemedMenuSeparator {}
     ThemedMenuItem {
-        text: qsTr("Move to Trash")
+        text: Shortcuts.textOf(Shortcuts.MoveToTrash)
+        key: Shortcuts.keyOf(Shortcuts.MoveToTrash)
         enabled: !menu.viewModel.isCleaningUp
         onTriggered: menu.remove(menu.song)
     }

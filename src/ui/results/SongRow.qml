@@ -28,6 +28,8 @@ Item {
     readonly property bool isMirrored: LayoutMirroring.enabled
 
     signal play
+    // From the second at which another song of the group is.
+    signal compare
     signal seek(real x)
     signal remove
     signal select
@@ -58,8 +60,8 @@ Item {
         radius: 6
         color: row.isPlaying ? Qt.tint(Colors.row, Qt.alpha(Colors.accent, 0.15))
              : pointer.containsMouse ? Qt.tint(Colors.row, Qt.alpha(Colors.textPrimary, 0.06)) : Colors.row
-        border.width: row.isCurrent ? 2 : row.isPlaying ? 1 : 0
-        border.color: row.isCurrent ? Colors.focusRing : Qt.alpha(Colors.accent, 0.5)
+        border.width: row.isCurrent ? 2 : row.isPlaying ? Colors.outlineWidth : 0
+        border.color: row.isCurrent ? Colors.focusRing : Qt.alpha(Colors.accent, Colors.faintOutlineOpacity)
 
         Rectangle {
             visible: row.isPlaying && row.clickPosition.x >= 0
@@ -107,6 +109,12 @@ Item {
         toolTip: row.isPlaying ? qsTr("Stop listening") : qsTr("Click to listen and verify this song")
         description: row.name
         onClicked: row.play()
+
+        MouseArea {
+            anchors.fill: parent
+            onPressed: mouse => mouse.accepted = (mouse.modifiers & Qt.ShiftModifier) !== 0
+            onClicked: row.compare()
+        }
     }
 
     // The badge's colours are legible on this surface, not on the row's.

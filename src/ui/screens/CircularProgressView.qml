@@ -9,6 +9,8 @@ FocusScope {
     // From 0.0 to 1.0.
     required property real progress
     required property string message
+    // Files that the walk of the folders has found so far.
+    required property int foundFiles
     // The user cancels the scan.
     signal stop
 
@@ -16,7 +18,7 @@ FocusScope {
 
     // Turns the gradient once whenever the view appears.
     NumberAnimation on rotationAngle {
-        running: view.visible
+        running: view.visible && !Motion.isReduced
         from: 0
         to: 360
         duration: 2000
@@ -24,7 +26,7 @@ FocusScope {
 
     // A folder of many files stays at zero for a while.
     SequentialAnimation {
-        running: view.visible && view.progress === 0
+        running: view.visible && view.progress === 0 && !Motion.isReduced
         loops: Animation.Infinite
         onStopped: ring.opacity = 1
 
@@ -86,7 +88,9 @@ FocusScope {
 
                     PlainText {
                         Layout.alignment: Qt.AlignHCenter
-                        text: qsTr("of this step", "follows a percentage")
+                        text: view.foundFiles > 0
+                              ? qsTr("%Ln files found", "", view.foundFiles)
+                              : qsTr("of this step", "follows a percentage")
                         font.pixelSize: 14
                         font.weight: Font.Medium
                         color: Colors.accentText

@@ -35,7 +35,7 @@ FocusScope {
     }
 
     Shortcut {
-        sequence: "Escape"
+        sequence: Shortcuts.keyOf(Shortcuts.Close)
         // Two active shortcuts would cancel each other; a toast lies on top.
         enabled: view.visible && !view.viewModel.showToast
         onActivated: view.viewModel.stopCleanUp()
@@ -52,7 +52,7 @@ FocusScope {
         height: stack.implicitHeight + 48
         radius: 18
         color: Colors.card
-        border.width: 1
+        border.width: Colors.outlineWidth
         border.color: Colors.border
 
         // Keeps the pointer from what is below.

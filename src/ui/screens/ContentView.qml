@@ -102,6 +102,7 @@ FocusScope {
         focus: visible
         progress: view.viewModel.progress
         message: view.viewModel.scanMessage
+        foundFiles: view.viewModel.foundFiles
         onStop: view.stop()
     }
 
@@ -129,6 +130,7 @@ FocusScope {
 
     ToastOverlay {
         anchors.fill: parent
+        keepClear: results.visible ? results.currentRect : Qt.rect(0, 0, 0, 0)
         viewModel: view.viewModel
     }
 

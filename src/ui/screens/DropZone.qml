@@ -13,7 +13,7 @@ Rectangle {
     implicitHeight: stack.implicitHeight + 60
     radius: 16
     color: Qt.alpha(Colors.accent, isDropTargeted ? 0.18 : 0)
-    border.width: isDropTargeted ? 2.5 : 1.5
+    border.width: isDropTargeted ? 2.5 : Math.max(1.5, Colors.outlineWidth)
     border.color: Colors.accent
 
     Behavior on color { ColorAnimation { duration: 300; easing.type: Easing.InOutQuad } }

@@ -48,7 +48,7 @@ ModalSheet {
             implicitWidth: recommendations.implicitWidth + 40
             radius: 10
             color: Colors.secondaryBackground
-            border.width: 1
+            border.width: Colors.outlineWidth
             border.color: Colors.border
 
             Column {

@@ -30,8 +30,8 @@ Card {
     height: row.implicitHeight + 24
     radius: 10
     color: Colors.toast
-    border.width: 1
-    border.color: Qt.alpha(typeColor, 0.5)
+    border.width: Colors.outlineWidth
+    border.color: Qt.alpha(typeColor, Colors.faintOutlineOpacity)
     shadowRadius: 14
 
     Accessible.role: Accessible.Notification

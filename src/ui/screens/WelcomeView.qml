@@ -21,7 +21,7 @@ FocusScope {
         height: stack.implicitHeight + 72
         radius: 24
         color: Qt.alpha(Colors.card, 0.9)
-        border.width: 1
+        border.width: Colors.outlineWidth
         border.color: Colors.border
 
         ColumnLayout {

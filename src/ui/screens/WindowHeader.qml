@@ -10,6 +10,12 @@ Rectangle {
     required property ThemeManager themeManager
     property alias menus: menuBar.menus
 
+    // Opens the first menu, for the keyboard.
+    function openMenu() {
+        menuBar.itemAt(0).forceActiveFocus(Qt.MenuBarFocusReason);
+        menuBar.itemAt(0).clicked();
+    }
+
     implicitHeight: 36
     color: Colors.background
 

@@ -1,4 +1,4 @@
-#include "report/progress_line.h"
+#include "app/progress_line.h"
 
 #include <sys/ioctl.h>
 #include <unistd.h>

@@ -1,8 +1,8 @@
-#include "report/print_report.h"
+#include "app/print_report.h"
 
 #include "actions/headless_desktop.h"
 #include "analysis/find_further.h"
-#include "report/progress_line.h"
+#include "app/progress_line.h"
 #include "report/report_writers.h"
 #include "session/duplicate_view_model.h"
 #include "session/event_loop_pauses.h"
