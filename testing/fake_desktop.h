@@ -49,6 +49,8 @@ public:
     std::function<QString()> onChooseFolder = [] { return QString(); };
     std::function<QString()> onChooseReportFile = [] { return QString(); };
     QString clipboard;
+    QList<QUrl> copied;
+    bool showsFiles = true;
     /// Folder dialogs, files shown in the file viewer and calls of players, in order.
     std::vector<std::string> calls;
 
@@ -64,7 +66,13 @@ public:
     }
     [[nodiscard]] QString chooseReportFile(const QString &) override { return onChooseReportFile(); }
     void copyToClipboard(const QString &text) override { clipboard = text; }
-    void showInFileViewer(const QString &path) override { calls.push_back("show " + path.toStdString()); }
+    [[nodiscard]] QList<QUrl> copiedFiles() override { return copied; }
+    void showInFileViewer(const QString &path, std::function<void()> onFailure) override
+    {
+        calls.push_back("show " + path.toStdString());
+        if (!showsFiles)
+            onFailure();
+    }
     [[nodiscard]] std::unique_ptr<PreviewPlayer> openPreview(const QString &path) override
     {
         return std::make_unique<RecordingPlayer>(path.toStdString(), calls);

@@ -1,9 +1,11 @@
 // Takes pictures of every screen of the real window, in both themes and at several sizes, without a display.
 //
-//     screenshots FOLDER SONGS
+//     screenshots FOLDER SONGS [LANGUAGE]
 //
 // SONGS is a folder of music with duplicates. Sizes are logical pixels; the pictures at 200 % have twice as
-// many.
+// many. The language is a code such as "de" or "ar"; English unless given.
+#include "language/language.h"
+#include "session/clean_up_text.h"
 #include "session/file_job.h"
 #include "testing/fake_desktop.h"
 #include "testing/window_driver.h"
@@ -144,8 +146,14 @@ QList<Screen> scanScreens(const QString &songs)
         {u"toast"_s,
          [songs](Scene &scene) {
              scene.scan(songs);
-             scene.session.showToast(u"Moved 12 files to folder \u2022 Saved 84.3 MB"_s,
-                                     DuplicateViewModel::ToastType::Success);
+             scene.session.showToast(
+                 toastText({.target = CleanUpTarget::Folder, .moved = 12, .saved = 84'300'000}),
+                 DuplicateViewModel::ToastType::Success);
+         }},
+        {u"shortcuts"_s,
+         [](Scene &scene) {
+             QTest::qWait(50);
+             QTest::keyClick(scene.window, Qt::Key_F1);
          }},
         {u"unique"_s, [songs](Scene &scene) { scene.scan(songs + u"/Laptop"_s); }},
     };
@@ -206,8 +214,8 @@ void takePictures(const QString &folder, const QString &songs, const QString &sc
 
 int main(int argc, char *argv[])
 {
-    if (argc != 3) {
-        std::fputs("Usage: screenshots FOLDER SONGS\n", stderr);
+    if (argc < 3 || argc > 4) {
+        std::fputs("Usage: screenshots FOLDER SONGS [LANGUAGE]\n", stderr);
         return 2;
     }
     qputenv("QT_QPA_PLATFORM", "offscreen");
@@ -218,6 +226,7 @@ int main(int argc, char *argv[])
     qputenv("XDG_DATA_HOME", QFile::encodeName(settings.path()));
     QApplication application(argc, argv);
     QApplication::setQuitOnLastWindowClosed(false);
+    sonavo::useLanguage(QLocale(argc > 3 ? QString::fromLocal8Bit(argv[3]) : QStringLiteral("en")));
     const QString scale = qEnvironmentVariable("QT_SCALE_FACTOR", QStringLiteral("1"));
     sonavo::takePictures(QString::fromLocal8Bit(argv[1]), QString::fromLocal8Bit(argv[2]), scale);
     return 0;

@@ -136,6 +136,17 @@
         <source>Cancel &amp; Go Back</source>
         <translation>ألغِ وارجع</translation>
     </message>
+    <message numerus="yes">
+        <source>%Ln files found</source>
+        <translation>
+            <numerusform>لم يُعثر على ملفات</numerusform>
+            <numerusform>عُثر على ملف واحد</numerusform>
+            <numerusform>عُثر على ملفين</numerusform>
+            <numerusform>عُثر على %Ln ملفات</numerusform>
+            <numerusform>عُثر على %Ln ملفًا</numerusform>
+            <numerusform>عُثر على %Ln ملف</numerusform>
+        </translation>
+    </message>
 </context>
 <context>
     <name>CleanUp</name>
@@ -624,6 +635,17 @@
     </message>
 </context>
 <context>
+    <name>DuplicateViewModel</name>
+    <message>
+        <source>No files have been copied</source>
+        <translation>لم تُنسخ أي ملفات</translation>
+    </message>
+    <message>
+        <source>The folder could not be opened</source>
+        <translation>تعذر فتح المجلد</translation>
+    </message>
+</context>
+<context>
     <name>FailureList</name>
     <message>
         <source>, </source>
@@ -654,6 +676,15 @@
         <source>Songs (*.%1)</source>
         <comment>a kind of files; %1 lists their extensions</comment>
         <translation>أغانٍ (*.%1)</translation>
+    </message>
+    <message>
+        <source>Save Report</source>
+        <comment>the title of a dialog</comment>
+        <translation>حفظ التقرير</translation>
+    </message>
+    <message>
+        <source>Spreadsheet (*.csv)</source>
+        <translation>جدول (*.csv)</translation>
     </message>
 </context>
 <context>
@@ -803,8 +834,14 @@ Please select a smaller folder.</source>
         </translation>
     </message>
     <message>
-        <source>Only “%1” is being scanned. Use “Add Song” to choose several items together.</source>
-        <translation>يُفحص «%1» فقط. استخدم «أضف أغنية» لاختيار عدة عناصر معًا.</translation>
+        <source>Scan All %L1</source>
+        <extracomment>Button; the number of files and folders that were dropped, at least 2</extracomment>
+        <translation>افحص الكل (%L1)</translation>
+    </message>
+    <message>
+        <source>Of %L1 items that were dropped, only “%2” is scanned</source>
+        <extracomment>%L1 is the number of files and folders, at least 2</extracomment>
+        <translation>من %L1 عناصر أُفلتت، يُفحص «%2» فقط</translation>
     </message>
 </context>
 <context>
@@ -819,33 +856,13 @@ Please select a smaller folder.</source>
         <translation>&amp;ملف</translation>
     </message>
     <message>
-        <source>Add Song</source>
-        <translation>أضف أغنية</translation>
-    </message>
-    <message>
-        <source>Clear List</source>
-        <translation>امسح القائمة</translation>
-    </message>
-    <message>
-        <source>Find More Duplicates</source>
-        <translation>ابحث عن المزيد</translation>
-    </message>
-    <message>
         <source>Return to First Result</source>
         <translation>عُد إلى النتيجة الأولى</translation>
-    </message>
-    <message>
-        <source>Quit</source>
-        <translation>أنهِ</translation>
     </message>
     <message>
         <source>&amp;Edit</source>
         <comment>a menu</comment>
         <translation>ت&amp;حرير</translation>
-    </message>
-    <message>
-        <source>Undo</source>
-        <translation>تراجع</translation>
     </message>
     <message>
         <source>Keep Lossless Copies</source>
@@ -855,14 +872,6 @@ Please select a smaller folder.</source>
         <source>&amp;Window</source>
         <comment>a menu</comment>
         <translation>&amp;نافذة</translation>
-    </message>
-    <message>
-        <source>Minimize</source>
-        <translation>صغّر</translation>
-    </message>
-    <message>
-        <source>Show Main Window</source>
-        <translation>أظهر النافذة الرئيسية</translation>
     </message>
     <message>
         <source>&amp;Help</source>
@@ -1006,6 +1015,29 @@ Please select a smaller folder.</source>
     </message>
 </context>
 <context>
+    <name>ReportSaver</name>
+    <message>
+        <source>Saving the report...</source>
+        <translation>يُحفظ التقرير…</translation>
+    </message>
+    <message>
+        <source>Report saved: %1</source>
+        <translation>حُفظ التقرير: %1</translation>
+    </message>
+    <message>
+        <source>Show in Folder</source>
+        <translation>أظهر في المجلد</translation>
+    </message>
+    <message>
+        <source>The report was not saved</source>
+        <translation>لم يُحفظ التقرير</translation>
+    </message>
+    <message>
+        <source>The report could not be saved: %1</source>
+        <translation>تعذر حفظ التقرير: %1</translation>
+    </message>
+</context>
+<context>
     <name>Review</name>
     <message>
         <source>Changing the groups...</source>
@@ -1110,6 +1142,128 @@ Please select a smaller folder.</source>
     </message>
 </context>
 <context>
+    <name>Shortcuts</name>
+    <message>
+        <source>Row Above</source>
+        <translation>السطر الأعلى</translation>
+    </message>
+    <message>
+        <source>Row Below</source>
+        <translation>السطر الأسفل</translation>
+    </message>
+    <message>
+        <source>First Row</source>
+        <translation>السطر الأول</translation>
+    </message>
+    <message>
+        <source>Last Row</source>
+        <translation>السطر الأخير</translation>
+    </message>
+    <message>
+        <source>Hide the Songs of the Group</source>
+        <translation>أخفِ أغاني المجموعة</translation>
+    </message>
+    <message>
+        <source>Show the Songs of the Group</source>
+        <translation>أظهر أغاني المجموعة</translation>
+    </message>
+    <message>
+        <source>On a Group: Hide or Show Its Songs</source>
+        <translation>على مجموعة: أخفِ أغانيها أو أظهرها</translation>
+    </message>
+    <message>
+        <source>Listen, or Stop</source>
+        <translation>استمع أو أوقف</translation>
+    </message>
+    <message>
+        <source>Listen from the Same Second</source>
+        <translation>استمع من الثانية نفسها</translation>
+    </message>
+    <message>
+        <source>Move to Trash</source>
+        <translation>انقل إلى سلة المهملات</translation>
+    </message>
+    <message>
+        <source>Keep This One</source>
+        <translation>احتفظ بهذه</translation>
+    </message>
+    <message>
+        <source>Menu of the Song or Group</source>
+        <translation>قائمة الأغنية أو المجموعة</translation>
+    </message>
+    <message>
+        <source>Add Song</source>
+        <translation>أضف أغنية</translation>
+    </message>
+    <message>
+        <source>Scan Copied Files</source>
+        <translation>افحص الملفات المنسوخة</translation>
+    </message>
+    <message>
+        <source>Save Report…</source>
+        <translation>احفظ التقرير…</translation>
+    </message>
+    <message>
+        <source>Clear List</source>
+        <translation>امسح القائمة</translation>
+    </message>
+    <message>
+        <source>Filter Names and Folders</source>
+        <translation>رشّح الأسماء والمجلدات</translation>
+    </message>
+    <message>
+        <source>Find More Duplicates</source>
+        <translation>ابحث عن المزيد</translation>
+    </message>
+    <message>
+        <source>Undo</source>
+        <translation>تراجع</translation>
+    </message>
+    <message>
+        <source>Open the Menu</source>
+        <translation>افتح القائمة</translation>
+    </message>
+    <message>
+        <source>Keyboard Shortcuts</source>
+        <translation>اختصارات لوحة المفاتيح</translation>
+    </message>
+    <message>
+        <source>Show Main Window</source>
+        <translation>أظهر النافذة الرئيسية</translation>
+    </message>
+    <message>
+        <source>Minimize</source>
+        <translation>صغّر</translation>
+    </message>
+    <message>
+        <source>Quit</source>
+        <translation>أنهِ</translation>
+    </message>
+    <message>
+        <source>Next Control</source>
+        <translation>العنصر التالي</translation>
+    </message>
+    <message>
+        <source>Close What Lies on Top, or Stop a Clean-Up</source>
+        <translation>أغلق ما في الأعلى أو أوقف التنظيف</translation>
+    </message>
+</context>
+<context>
+    <name>ShortcutsSheet</name>
+    <message>
+        <source>In the List of Results</source>
+        <translation>في قائمة النتائج</translation>
+    </message>
+    <message>
+        <source>Everywhere</source>
+        <translation>في كل مكان</translation>
+    </message>
+    <message>
+        <source>Close</source>
+        <translation>أغلق</translation>
+    </message>
+</context>
+<context>
     <name>SongLimitWarningView</name>
     <message>
         <source>Large Library Detection</source>
@@ -1157,10 +1311,6 @@ Please select a smaller folder.</source>
         <translation>استمع</translation>
     </message>
     <message>
-        <source>Keep This One</source>
-        <translation>احتفظ بهذه</translation>
-    </message>
-    <message>
         <source>Keep Copies in This Folder</source>
         <translation>احتفظ بنسخ هذا المجلد</translation>
     </message>
@@ -1179,10 +1329,6 @@ Please select a smaller folder.</source>
     <message>
         <source>Copy Path</source>
         <translation>انسخ المسار</translation>
-    </message>
-    <message>
-        <source>Move to Trash</source>
-        <translation>انقل إلى سلة المهملات</translation>
     </message>
 </context>
 <context>

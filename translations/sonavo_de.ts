@@ -124,6 +124,13 @@
         <source>Cancel &amp; Go Back</source>
         <translation>Abbrechen und zurück</translation>
     </message>
+    <message numerus="yes">
+        <source>%Ln files found</source>
+        <translation>
+            <numerusform>%Ln Datei gefunden</numerusform>
+            <numerusform>%Ln Dateien gefunden</numerusform>
+        </translation>
+    </message>
 </context>
 <context>
     <name>CleanUp</name>
@@ -532,6 +539,17 @@
     </message>
 </context>
 <context>
+    <name>DuplicateViewModel</name>
+    <message>
+        <source>No files have been copied</source>
+        <translation>Es wurden keine Dateien kopiert</translation>
+    </message>
+    <message>
+        <source>The folder could not be opened</source>
+        <translation>Der Ordner konnte nicht geöffnet werden</translation>
+    </message>
+</context>
+<context>
     <name>FailureList</name>
     <message>
         <source>, </source>
@@ -562,6 +580,15 @@
         <source>Songs (*.%1)</source>
         <comment>a kind of files; %1 lists their extensions</comment>
         <translation>Titel (*.%1)</translation>
+    </message>
+    <message>
+        <source>Save Report</source>
+        <comment>the title of a dialog</comment>
+        <translation>Bericht speichern</translation>
+    </message>
+    <message>
+        <source>Spreadsheet (*.csv)</source>
+        <translation>Tabelle (*.csv)</translation>
     </message>
 </context>
 <context>
@@ -699,8 +726,14 @@ Bitte wählen Sie einen kleineren Ordner.</translation>
         </translation>
     </message>
     <message>
-        <source>Only “%1” is being scanned. Use “Add Song” to choose several items together.</source>
-        <translation>Nur „%1“ wird durchsucht. Mit „Titel hinzufügen“ lassen sich mehrere Objekte zugleich auswählen.</translation>
+        <source>Scan All %L1</source>
+        <extracomment>Button; the number of files and folders that were dropped, at least 2</extracomment>
+        <translation>Alle %L1 durchsuchen</translation>
+    </message>
+    <message>
+        <source>Of %L1 items that were dropped, only “%2” is scanned</source>
+        <extracomment>%L1 is the number of files and folders, at least 2</extracomment>
+        <translation>Von %L1 abgelegten Objekten wird nur „%2“ durchsucht</translation>
     </message>
 </context>
 <context>
@@ -715,33 +748,13 @@ Bitte wählen Sie einen kleineren Ordner.</translation>
         <translation>&amp;Datei</translation>
     </message>
     <message>
-        <source>Add Song</source>
-        <translation>Titel hinzufügen</translation>
-    </message>
-    <message>
-        <source>Clear List</source>
-        <translation>Liste leeren</translation>
-    </message>
-    <message>
-        <source>Find More Duplicates</source>
-        <translation>Mehr Duplikate suchen</translation>
-    </message>
-    <message>
         <source>Return to First Result</source>
         <translation>Zum ersten Ergebnis zurück</translation>
-    </message>
-    <message>
-        <source>Quit</source>
-        <translation>Beenden</translation>
     </message>
     <message>
         <source>&amp;Edit</source>
         <comment>a menu</comment>
         <translation>&amp;Bearbeiten</translation>
-    </message>
-    <message>
-        <source>Undo</source>
-        <translation>Rückgängig</translation>
     </message>
     <message>
         <source>Keep Lossless Copies</source>
@@ -751,14 +764,6 @@ Bitte wählen Sie einen kleineren Ordner.</translation>
         <source>&amp;Window</source>
         <comment>a menu</comment>
         <translation>&amp;Fenster</translation>
-    </message>
-    <message>
-        <source>Minimize</source>
-        <translation>Minimieren</translation>
-    </message>
-    <message>
-        <source>Show Main Window</source>
-        <translation>Hauptfenster anzeigen</translation>
     </message>
     <message>
         <source>&amp;Help</source>
@@ -890,6 +895,29 @@ Bitte wählen Sie einen kleineren Ordner.</translation>
     </message>
 </context>
 <context>
+    <name>ReportSaver</name>
+    <message>
+        <source>Saving the report...</source>
+        <translation>Bericht wird gespeichert …</translation>
+    </message>
+    <message>
+        <source>Report saved: %1</source>
+        <translation>Bericht gespeichert: %1</translation>
+    </message>
+    <message>
+        <source>Show in Folder</source>
+        <translation>Im Ordner anzeigen</translation>
+    </message>
+    <message>
+        <source>The report was not saved</source>
+        <translation>Der Bericht wurde nicht gespeichert</translation>
+    </message>
+    <message>
+        <source>The report could not be saved: %1</source>
+        <translation>Der Bericht konnte nicht gespeichert werden: %1</translation>
+    </message>
+</context>
+<context>
     <name>Review</name>
     <message>
         <source>Changing the groups...</source>
@@ -986,6 +1014,128 @@ Bitte wählen Sie einen kleineren Ordner.</translation>
     </message>
 </context>
 <context>
+    <name>Shortcuts</name>
+    <message>
+        <source>Row Above</source>
+        <translation>Zeile darüber</translation>
+    </message>
+    <message>
+        <source>Row Below</source>
+        <translation>Zeile darunter</translation>
+    </message>
+    <message>
+        <source>First Row</source>
+        <translation>Erste Zeile</translation>
+    </message>
+    <message>
+        <source>Last Row</source>
+        <translation>Letzte Zeile</translation>
+    </message>
+    <message>
+        <source>Hide the Songs of the Group</source>
+        <translation>Titel der Gruppe ausblenden</translation>
+    </message>
+    <message>
+        <source>Show the Songs of the Group</source>
+        <translation>Titel der Gruppe einblenden</translation>
+    </message>
+    <message>
+        <source>On a Group: Hide or Show Its Songs</source>
+        <translation>Auf einer Gruppe: Titel aus- oder einblenden</translation>
+    </message>
+    <message>
+        <source>Listen, or Stop</source>
+        <translation>Anhören oder anhalten</translation>
+    </message>
+    <message>
+        <source>Listen from the Same Second</source>
+        <translation>Ab derselben Sekunde anhören</translation>
+    </message>
+    <message>
+        <source>Move to Trash</source>
+        <translation>In den Papierkorb verschieben</translation>
+    </message>
+    <message>
+        <source>Keep This One</source>
+        <translation>Diesen behalten</translation>
+    </message>
+    <message>
+        <source>Menu of the Song or Group</source>
+        <translation>Menü des Titels oder der Gruppe</translation>
+    </message>
+    <message>
+        <source>Add Song</source>
+        <translation>Titel hinzufügen</translation>
+    </message>
+    <message>
+        <source>Scan Copied Files</source>
+        <translation>Kopierte Dateien durchsuchen</translation>
+    </message>
+    <message>
+        <source>Save Report…</source>
+        <translation>Bericht speichern …</translation>
+    </message>
+    <message>
+        <source>Clear List</source>
+        <translation>Liste leeren</translation>
+    </message>
+    <message>
+        <source>Filter Names and Folders</source>
+        <translation>Namen und Ordner filtern</translation>
+    </message>
+    <message>
+        <source>Find More Duplicates</source>
+        <translation>Mehr Duplikate suchen</translation>
+    </message>
+    <message>
+        <source>Undo</source>
+        <translation>Rückgängig</translation>
+    </message>
+    <message>
+        <source>Open the Menu</source>
+        <translation>Menü öffnen</translation>
+    </message>
+    <message>
+        <source>Keyboard Shortcuts</source>
+        <translation>Tastenkürzel</translation>
+    </message>
+    <message>
+        <source>Show Main Window</source>
+        <translation>Hauptfenster anzeigen</translation>
+    </message>
+    <message>
+        <source>Minimize</source>
+        <translation>Minimieren</translation>
+    </message>
+    <message>
+        <source>Quit</source>
+        <translation>Beenden</translation>
+    </message>
+    <message>
+        <source>Next Control</source>
+        <translation>Nächstes Bedienelement</translation>
+    </message>
+    <message>
+        <source>Close What Lies on Top, or Stop a Clean-Up</source>
+        <translation>Oberstes schließen oder Aufräumen anhalten</translation>
+    </message>
+</context>
+<context>
+    <name>ShortcutsSheet</name>
+    <message>
+        <source>In the List of Results</source>
+        <translation>In der Ergebnisliste</translation>
+    </message>
+    <message>
+        <source>Everywhere</source>
+        <translation>Überall</translation>
+    </message>
+    <message>
+        <source>Close</source>
+        <translation>Schließen</translation>
+    </message>
+</context>
+<context>
     <name>SongLimitWarningView</name>
     <message>
         <source>Large Library Detection</source>
@@ -1033,10 +1183,6 @@ Bitte wählen Sie einen kleineren Ordner.</translation>
         <translation>Anhören</translation>
     </message>
     <message>
-        <source>Keep This One</source>
-        <translation>Diesen behalten</translation>
-    </message>
-    <message>
         <source>Keep Copies in This Folder</source>
         <translation>Kopien in diesem Ordner behalten</translation>
     </message>
@@ -1055,10 +1201,6 @@ Bitte wählen Sie einen kleineren Ordner.</translation>
     <message>
         <source>Copy Path</source>
         <translation>Pfad kopieren</translation>
-    </message>
-    <message>
-        <source>Move to Trash</source>
-        <translation>In den Papierkorb verschieben</translation>
     </message>
 </context>
 <context>

@@ -124,6 +124,13 @@
         <source>Cancel &amp; Go Back</source>
         <translation>Cancelar y volver</translation>
     </message>
+    <message numerus="yes">
+        <source>%Ln files found</source>
+        <translation>
+            <numerusform>%Ln archivo encontrado</numerusform>
+            <numerusform>%Ln archivos encontrados</numerusform>
+        </translation>
+    </message>
 </context>
 <context>
     <name>CleanUp</name>
@@ -532,6 +539,17 @@
     </message>
 </context>
 <context>
+    <name>DuplicateViewModel</name>
+    <message>
+        <source>No files have been copied</source>
+        <translation>No se ha copiado ningún archivo</translation>
+    </message>
+    <message>
+        <source>The folder could not be opened</source>
+        <translation>No se pudo abrir la carpeta</translation>
+    </message>
+</context>
+<context>
     <name>FailureList</name>
     <message>
         <source>, </source>
@@ -562,6 +580,15 @@
         <source>Songs (*.%1)</source>
         <comment>a kind of files; %1 lists their extensions</comment>
         <translation>Canciones (*.%1)</translation>
+    </message>
+    <message>
+        <source>Save Report</source>
+        <comment>the title of a dialog</comment>
+        <translation>Guardar informe</translation>
+    </message>
+    <message>
+        <source>Spreadsheet (*.csv)</source>
+        <translation>Hoja de cálculo (*.csv)</translation>
     </message>
 </context>
 <context>
@@ -699,8 +726,14 @@ Seleccione una carpeta más pequeña.</translation>
         </translation>
     </message>
     <message>
-        <source>Only “%1” is being scanned. Use “Add Song” to choose several items together.</source>
-        <translation>Solo se está analizando «%1». Use «Añadir canción» para elegir varios elementos a la vez.</translation>
+        <source>Scan All %L1</source>
+        <extracomment>Button; the number of files and folders that were dropped, at least 2</extracomment>
+        <translation>Analizar los %L1</translation>
+    </message>
+    <message>
+        <source>Of %L1 items that were dropped, only “%2” is scanned</source>
+        <extracomment>%L1 is the number of files and folders, at least 2</extracomment>
+        <translation>De %L1 elementos soltados, solo se analiza «%2»</translation>
     </message>
 </context>
 <context>
@@ -715,33 +748,13 @@ Seleccione una carpeta más pequeña.</translation>
         <translation>&amp;Archivo</translation>
     </message>
     <message>
-        <source>Add Song</source>
-        <translation>Añadir canción</translation>
-    </message>
-    <message>
-        <source>Clear List</source>
-        <translation>Vaciar la lista</translation>
-    </message>
-    <message>
-        <source>Find More Duplicates</source>
-        <translation>Buscar más duplicados</translation>
-    </message>
-    <message>
         <source>Return to First Result</source>
         <translation>Volver al primer resultado</translation>
-    </message>
-    <message>
-        <source>Quit</source>
-        <translation>Salir</translation>
     </message>
     <message>
         <source>&amp;Edit</source>
         <comment>a menu</comment>
         <translation>&amp;Editar</translation>
-    </message>
-    <message>
-        <source>Undo</source>
-        <translation>Deshacer</translation>
     </message>
     <message>
         <source>Keep Lossless Copies</source>
@@ -751,14 +764,6 @@ Seleccione una carpeta más pequeña.</translation>
         <source>&amp;Window</source>
         <comment>a menu</comment>
         <translation>&amp;Ventana</translation>
-    </message>
-    <message>
-        <source>Minimize</source>
-        <translation>Minimizar</translation>
-    </message>
-    <message>
-        <source>Show Main Window</source>
-        <translation>Mostrar la ventana principal</translation>
     </message>
     <message>
         <source>&amp;Help</source>
@@ -890,6 +895,29 @@ Seleccione una carpeta más pequeña.</translation>
     </message>
 </context>
 <context>
+    <name>ReportSaver</name>
+    <message>
+        <source>Saving the report...</source>
+        <translation>Guardando el informe…</translation>
+    </message>
+    <message>
+        <source>Report saved: %1</source>
+        <translation>Informe guardado: %1</translation>
+    </message>
+    <message>
+        <source>Show in Folder</source>
+        <translation>Mostrar en la carpeta</translation>
+    </message>
+    <message>
+        <source>The report was not saved</source>
+        <translation>El informe no se guardó</translation>
+    </message>
+    <message>
+        <source>The report could not be saved: %1</source>
+        <translation>No se pudo guardar el informe: %1</translation>
+    </message>
+</context>
+<context>
     <name>Review</name>
     <message>
         <source>Changing the groups...</source>
@@ -986,6 +1014,128 @@ Seleccione una carpeta más pequeña.</translation>
     </message>
 </context>
 <context>
+    <name>Shortcuts</name>
+    <message>
+        <source>Row Above</source>
+        <translation>Fila anterior</translation>
+    </message>
+    <message>
+        <source>Row Below</source>
+        <translation>Fila siguiente</translation>
+    </message>
+    <message>
+        <source>First Row</source>
+        <translation>Primera fila</translation>
+    </message>
+    <message>
+        <source>Last Row</source>
+        <translation>Última fila</translation>
+    </message>
+    <message>
+        <source>Hide the Songs of the Group</source>
+        <translation>Ocultar las canciones del grupo</translation>
+    </message>
+    <message>
+        <source>Show the Songs of the Group</source>
+        <translation>Mostrar las canciones del grupo</translation>
+    </message>
+    <message>
+        <source>On a Group: Hide or Show Its Songs</source>
+        <translation>En un grupo: ocultar o mostrar sus canciones</translation>
+    </message>
+    <message>
+        <source>Listen, or Stop</source>
+        <translation>Escuchar o detener</translation>
+    </message>
+    <message>
+        <source>Listen from the Same Second</source>
+        <translation>Escuchar desde el mismo segundo</translation>
+    </message>
+    <message>
+        <source>Move to Trash</source>
+        <translation>Mover a la papelera</translation>
+    </message>
+    <message>
+        <source>Keep This One</source>
+        <translation>Conservar esta</translation>
+    </message>
+    <message>
+        <source>Menu of the Song or Group</source>
+        <translation>Menú de la canción o del grupo</translation>
+    </message>
+    <message>
+        <source>Add Song</source>
+        <translation>Añadir canción</translation>
+    </message>
+    <message>
+        <source>Scan Copied Files</source>
+        <translation>Analizar archivos copiados</translation>
+    </message>
+    <message>
+        <source>Save Report…</source>
+        <translation>Guardar informe…</translation>
+    </message>
+    <message>
+        <source>Clear List</source>
+        <translation>Vaciar la lista</translation>
+    </message>
+    <message>
+        <source>Filter Names and Folders</source>
+        <translation>Filtrar nombres y carpetas</translation>
+    </message>
+    <message>
+        <source>Find More Duplicates</source>
+        <translation>Buscar más duplicados</translation>
+    </message>
+    <message>
+        <source>Undo</source>
+        <translation>Deshacer</translation>
+    </message>
+    <message>
+        <source>Open the Menu</source>
+        <translation>Abrir el menú</translation>
+    </message>
+    <message>
+        <source>Keyboard Shortcuts</source>
+        <translation>Atajos de teclado</translation>
+    </message>
+    <message>
+        <source>Show Main Window</source>
+        <translation>Mostrar la ventana principal</translation>
+    </message>
+    <message>
+        <source>Minimize</source>
+        <translation>Minimizar</translation>
+    </message>
+    <message>
+        <source>Quit</source>
+        <translation>Salir</translation>
+    </message>
+    <message>
+        <source>Next Control</source>
+        <translation>Control siguiente</translation>
+    </message>
+    <message>
+        <source>Close What Lies on Top, or Stop a Clean-Up</source>
+        <translation>Cerrar lo que está encima o detener una limpieza</translation>
+    </message>
+</context>
+<context>
+    <name>ShortcutsSheet</name>
+    <message>
+        <source>In the List of Results</source>
+        <translation>En la lista de resultados</translation>
+    </message>
+    <message>
+        <source>Everywhere</source>
+        <translation>En cualquier lugar</translation>
+    </message>
+    <message>
+        <source>Close</source>
+        <translation>Cerrar</translation>
+    </message>
+</context>
+<context>
     <name>SongLimitWarningView</name>
     <message>
         <source>Large Library Detection</source>
@@ -1033,10 +1183,6 @@ Seleccione una carpeta más pequeña.</translation>
         <translation>Escuchar</translation>
     </message>
     <message>
-        <source>Keep This One</source>
-        <translation>Conservar esta</translation>
-    </message>
-    <message>
         <source>Keep Copies in This Folder</source>
         <translation>Conservar copias de esta carpeta</translation>
     </message>
@@ -1055,10 +1201,6 @@ Seleccione una carpeta más pequeña.</translation>
     <message>
         <source>Copy Path</source>
         <translation>Copiar la ruta</translation>
-    </message>
-    <message>
-        <source>Move to Trash</source>
-        <translation>Mover a la papelera</translation>
     </message>
 </context>
 <context>

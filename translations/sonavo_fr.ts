@@ -124,6 +124,13 @@
         <source>Cancel &amp; Go Back</source>
         <translation>Annuler et revenir</translation>
     </message>
+    <message numerus="yes">
+        <source>%Ln files found</source>
+        <translation>
+            <numerusform>%Ln fichier trouvé</numerusform>
+            <numerusform>%Ln fichiers trouvés</numerusform>
+        </translation>
+    </message>
 </context>
 <context>
     <name>CleanUp</name>
@@ -532,6 +539,17 @@
     </message>
 </context>
 <context>
+    <name>DuplicateViewModel</name>
+    <message>
+        <source>No files have been copied</source>
+        <translation>Aucun fichier n’a été copié</translation>
+    </message>
+    <message>
+        <source>The folder could not be opened</source>
+        <translation>Impossible d’ouvrir le dossier</translation>
+    </message>
+</context>
+<context>
     <name>FailureList</name>
     <message>
         <source>, </source>
@@ -562,6 +580,15 @@
         <source>Songs (*.%1)</source>
         <comment>a kind of files; %1 lists their extensions</comment>
         <translation>Morceaux (*.%1)</translation>
+    </message>
+    <message>
+        <source>Save Report</source>
+        <comment>the title of a dialog</comment>
+        <translation>Enregistrer le rapport</translation>
+    </message>
+    <message>
+        <source>Spreadsheet (*.csv)</source>
+        <translation>Feuille de calcul (*.csv)</translation>
     </message>
 </context>
 <context>
@@ -699,8 +726,14 @@ Veuillez choisir un dossier plus petit.</translation>
         </translation>
     </message>
     <message>
-        <source>Only “%1” is being scanned. Use “Add Song” to choose several items together.</source>
-        <translation>Seul « %1 » est analysé. Utilisez « Ajouter un morceau » pour choisir plusieurs éléments à la fois.</translation>
+        <source>Scan All %L1</source>
+        <extracomment>Button; the number of files and folders that were dropped, at least 2</extracomment>
+        <translation>Analyser les %L1</translation>
+    </message>
+    <message>
+        <source>Of %L1 items that were dropped, only “%2” is scanned</source>
+        <extracomment>%L1 is the number of files and folders, at least 2</extracomment>
+        <translation>Sur %L1 éléments déposés, seul « %2 » est analysé</translation>
     </message>
 </context>
 <context>
@@ -715,33 +748,13 @@ Veuillez choisir un dossier plus petit.</translation>
         <translation>&amp;Fichier</translation>
     </message>
     <message>
-        <source>Add Song</source>
-        <translation>Ajouter un morceau</translation>
-    </message>
-    <message>
-        <source>Clear List</source>
-        <translation>Vider la liste</translation>
-    </message>
-    <message>
-        <source>Find More Duplicates</source>
-        <translation>Chercher plus de doublons</translation>
-    </message>
-    <message>
         <source>Return to First Result</source>
         <translation>Revenir au premier résultat</translation>
-    </message>
-    <message>
-        <source>Quit</source>
-        <translation>Quitter</translation>
     </message>
     <message>
         <source>&amp;Edit</source>
         <comment>a menu</comment>
         <translation>É&amp;dition</translation>
-    </message>
-    <message>
-        <source>Undo</source>
-        <translation>Annuler</translation>
     </message>
     <message>
         <source>Keep Lossless Copies</source>
@@ -751,14 +764,6 @@ Veuillez choisir un dossier plus petit.</translation>
         <source>&amp;Window</source>
         <comment>a menu</comment>
         <translation>Fe&amp;nêtre</translation>
-    </message>
-    <message>
-        <source>Minimize</source>
-        <translation>Réduire</translation>
-    </message>
-    <message>
-        <source>Show Main Window</source>
-        <translation>Afficher la fenêtre principale</translation>
     </message>
     <message>
         <source>&amp;Help</source>
@@ -890,6 +895,29 @@ Veuillez choisir un dossier plus petit.</translation>
     </message>
 </context>
 <context>
+    <name>ReportSaver</name>
+    <message>
+        <source>Saving the report...</source>
+        <translation>Enregistrement du rapport…</translation>
+    </message>
+    <message>
+        <source>Report saved: %1</source>
+        <translation>Rapport enregistré : %1</translation>
+    </message>
+    <message>
+        <source>Show in Folder</source>
+        <translation>Afficher dans le dossier</translation>
+    </message>
+    <message>
+        <source>The report was not saved</source>
+        <translation>Le rapport n’a pas été enregistré</translation>
+    </message>
+    <message>
+        <source>The report could not be saved: %1</source>
+        <translation>Impossible d’enregistrer le rapport : %1</translation>
+    </message>
+</context>
+<context>
     <name>Review</name>
     <message>
         <source>Changing the groups...</source>
@@ -986,6 +1014,128 @@ Veuillez choisir un dossier plus petit.</translation>
     </message>
 </context>
 <context>
+    <name>Shortcuts</name>
+    <message>
+        <source>Row Above</source>
+        <translation>Ligne précédente</translation>
+    </message>
+    <message>
+        <source>Row Below</source>
+        <translation>Ligne suivante</translation>
+    </message>
+    <message>
+        <source>First Row</source>
+        <translation>Première ligne</translation>
+    </message>
+    <message>
+        <source>Last Row</source>
+        <translation>Dernière ligne</translation>
+    </message>
+    <message>
+        <source>Hide the Songs of the Group</source>
+        <translation>Masquer les morceaux du groupe</translation>
+    </message>
+    <message>
+        <source>Show the Songs of the Group</source>
+        <translation>Afficher les morceaux du groupe</translation>
+    </message>
+    <message>
+        <source>On a Group: Hide or Show Its Songs</source>
+        <translation>Sur un groupe : masquer ou afficher ses morceaux</translation>
+    </message>
+    <message>
+        <source>Listen, or Stop</source>
+        <translation>Écouter ou arrêter</translation>
+    </message>
+    <message>
+        <source>Listen from the Same Second</source>
+        <translation>Écouter à partir de la même seconde</translation>
+    </message>
+    <message>
+        <source>Move to Trash</source>
+        <translation>Mettre à la corbeille</translation>
+    </message>
+    <message>
+        <source>Keep This One</source>
+        <translation>Garder celui-ci</translation>
+    </message>
+    <message>
+        <source>Menu of the Song or Group</source>
+        <translation>Menu du morceau ou du groupe</translation>
+    </message>
+    <message>
+        <source>Add Song</source>
+        <translation>Ajouter un morceau</translation>
+    </message>
+    <message>
+        <source>Scan Copied Files</source>
+        <translation>Analyser les fichiers copiés</translation>
+    </message>
+    <message>
+        <source>Save Report…</source>
+        <translation>Enregistrer le rapport…</translation>
+    </message>
+    <message>
+        <source>Clear List</source>
+        <translation>Vider la liste</translation>
+    </message>
+    <message>
+        <source>Filter Names and Folders</source>
+        <translation>Filtrer les noms et dossiers</translation>
+    </message>
+    <message>
+        <source>Find More Duplicates</source>
+        <translation>Chercher plus de doublons</translation>
+    </message>
+    <message>
+        <source>Undo</source>
+        <translation>Annuler</translation>
+    </message>
+    <message>
+        <source>Open the Menu</source>
+        <translation>Ouvrir le menu</translation>
+    </message>
+    <message>
+        <source>Keyboard Shortcuts</source>
+        <translation>Raccourcis clavier</translation>
+    </message>
+    <message>
+        <source>Show Main Window</source>
+        <translation>Afficher la fenêtre principale</translation>
+    </message>
+    <message>
+        <source>Minimize</source>
+        <translation>Réduire</translation>
+    </message>
+    <message>
+        <source>Quit</source>
+        <translation>Quitter</translation>
+    </message>
+    <message>
+        <source>Next Control</source>
+        <translation>Contrôle suivant</translation>
+    </message>
+    <message>
+        <source>Close What Lies on Top, or Stop a Clean-Up</source>
+        <translation>Fermer ce qui est au premier plan ou arrêter un nettoyage</translation>
+    </message>
+</context>
+<context>
+    <name>ShortcutsSheet</name>
+    <message>
+        <source>In the List of Results</source>
+        <translation>Dans la liste des résultats</translation>
+    </message>
+    <message>
+        <source>Everywhere</source>
+        <translation>Partout</translation>
+    </message>
+    <message>
+        <source>Close</source>
+        <translation>Fermer</translation>
+    </message>
+</context>
+<context>
     <name>SongLimitWarningView</name>
     <message>
         <source>Large Library Detection</source>
@@ -1033,10 +1183,6 @@ Veuillez choisir un dossier plus petit.</translation>
         <translation>Écouter</translation>
     </message>
     <message>
-        <source>Keep This One</source>
-        <translation>Garder celui-ci</translation>
-    </message>
-    <message>
         <source>Keep Copies in This Folder</source>
         <translation>Garder les copies de ce dossier</translation>
     </message>
@@ -1055,10 +1201,6 @@ Veuillez choisir un dossier plus petit.</translation>
     <message>
         <source>Copy Path</source>
         <translation>Copier le chemin</translation>
-    </message>
-    <message>
-        <source>Move to Trash</source>
-        <translation>Mettre à la corbeille</translation>
     </message>
 </context>
 <context>

@@ -121,6 +121,12 @@
         <source>Cancel &amp; Go Back</source>
         <translation>キャンセルして戻る</translation>
     </message>
+    <message numerus="yes">
+        <source>%Ln files found</source>
+        <translation>
+            <numerusform>%Ln 個のファイルが見つかりました</numerusform>
+        </translation>
+    </message>
 </context>
 <context>
     <name>CleanUp</name>
@@ -509,6 +515,17 @@
     </message>
 </context>
 <context>
+    <name>DuplicateViewModel</name>
+    <message>
+        <source>No files have been copied</source>
+        <translation>ファイルがコピーされていません</translation>
+    </message>
+    <message>
+        <source>The folder could not be opened</source>
+        <translation>フォルダーを開けませんでした</translation>
+    </message>
+</context>
+<context>
     <name>FailureList</name>
     <message>
         <source>, </source>
@@ -539,6 +556,15 @@
         <source>Songs (*.%1)</source>
         <comment>a kind of files; %1 lists their extensions</comment>
         <translation>曲 (*.%1)</translation>
+    </message>
+    <message>
+        <source>Save Report</source>
+        <comment>the title of a dialog</comment>
+        <translation>レポートを保存</translation>
+    </message>
+    <message>
+        <source>Spreadsheet (*.csv)</source>
+        <translation>スプレッドシート (*.csv)</translation>
     </message>
 </context>
 <context>
@@ -673,8 +699,14 @@ Please select a smaller folder.</source>
         </translation>
     </message>
     <message>
-        <source>Only “%1” is being scanned. Use “Add Song” to choose several items together.</source>
-        <translation>「%1」だけをスキャンしています。複数の項目をまとめて選ぶには「曲を追加」を使用してください。</translation>
+        <source>Scan All %L1</source>
+        <extracomment>Button; the number of files and folders that were dropped, at least 2</extracomment>
+        <translation>%L1 個すべてをスキャン</translation>
+    </message>
+    <message>
+        <source>Of %L1 items that were dropped, only “%2” is scanned</source>
+        <extracomment>%L1 is the number of files and folders, at least 2</extracomment>
+        <translation>ドロップされた %L1 個の項目のうち「%2」だけをスキャンします</translation>
     </message>
 </context>
 <context>
@@ -689,33 +721,13 @@ Please select a smaller folder.</source>
         <translation>ファイル(&amp;F)</translation>
     </message>
     <message>
-        <source>Add Song</source>
-        <translation>曲を追加</translation>
-    </message>
-    <message>
-        <source>Clear List</source>
-        <translation>一覧を消去</translation>
-    </message>
-    <message>
-        <source>Find More Duplicates</source>
-        <translation>さらに重複を探す</translation>
-    </message>
-    <message>
         <source>Return to First Result</source>
         <translation>最初の結果に戻る</translation>
-    </message>
-    <message>
-        <source>Quit</source>
-        <translation>終了</translation>
     </message>
     <message>
         <source>&amp;Edit</source>
         <comment>a menu</comment>
         <translation>編集(&amp;E)</translation>
-    </message>
-    <message>
-        <source>Undo</source>
-        <translation>元に戻す</translation>
     </message>
     <message>
         <source>Keep Lossless Copies</source>
@@ -725,14 +737,6 @@ Please select a smaller folder.</source>
         <source>&amp;Window</source>
         <comment>a menu</comment>
         <translation>ウィンドウ(&amp;W)</translation>
-    </message>
-    <message>
-        <source>Minimize</source>
-        <translation>最小化</translation>
-    </message>
-    <message>
-        <source>Show Main Window</source>
-        <translation>メインウィンドウを表示</translation>
     </message>
     <message>
         <source>&amp;Help</source>
@@ -861,6 +865,29 @@ Please select a smaller folder.</source>
     </message>
 </context>
 <context>
+    <name>ReportSaver</name>
+    <message>
+        <source>Saving the report...</source>
+        <translation>レポートを保存しています…</translation>
+    </message>
+    <message>
+        <source>Report saved: %1</source>
+        <translation>レポートを保存しました: %1</translation>
+    </message>
+    <message>
+        <source>Show in Folder</source>
+        <translation>フォルダーで表示</translation>
+    </message>
+    <message>
+        <source>The report was not saved</source>
+        <translation>レポートは保存されませんでした</translation>
+    </message>
+    <message>
+        <source>The report could not be saved: %1</source>
+        <translation>レポートを保存できませんでした: %1</translation>
+    </message>
+</context>
+<context>
     <name>Review</name>
     <message>
         <source>Changing the groups...</source>
@@ -955,6 +982,128 @@ Please select a smaller folder.</source>
     </message>
 </context>
 <context>
+    <name>Shortcuts</name>
+    <message>
+        <source>Row Above</source>
+        <translation>上の行</translation>
+    </message>
+    <message>
+        <source>Row Below</source>
+        <translation>下の行</translation>
+    </message>
+    <message>
+        <source>First Row</source>
+        <translation>最初の行</translation>
+    </message>
+    <message>
+        <source>Last Row</source>
+        <translation>最後の行</translation>
+    </message>
+    <message>
+        <source>Hide the Songs of the Group</source>
+        <translation>グループの曲を隠す</translation>
+    </message>
+    <message>
+        <source>Show the Songs of the Group</source>
+        <translation>グループの曲を表示</translation>
+    </message>
+    <message>
+        <source>On a Group: Hide or Show Its Songs</source>
+        <translation>グループ上: 曲の表示を切り替え</translation>
+    </message>
+    <message>
+        <source>Listen, or Stop</source>
+        <translation>聴く/停止</translation>
+    </message>
+    <message>
+        <source>Listen from the Same Second</source>
+        <translation>同じ秒から聴く</translation>
+    </message>
+    <message>
+        <source>Move to Trash</source>
+        <translation>ゴミ箱に移動</translation>
+    </message>
+    <message>
+        <source>Keep This One</source>
+        <translation>これを残す</translation>
+    </message>
+    <message>
+        <source>Menu of the Song or Group</source>
+        <translation>曲またはグループのメニュー</translation>
+    </message>
+    <message>
+        <source>Add Song</source>
+        <translation>曲を追加</translation>
+    </message>
+    <message>
+        <source>Scan Copied Files</source>
+        <translation>コピーしたファイルをスキャン</translation>
+    </message>
+    <message>
+        <source>Save Report…</source>
+        <translation>レポートを保存…</translation>
+    </message>
+    <message>
+        <source>Clear List</source>
+        <translation>一覧を消去</translation>
+    </message>
+    <message>
+        <source>Filter Names and Folders</source>
+        <translation>名前とフォルダーを絞り込む</translation>
+    </message>
+    <message>
+        <source>Find More Duplicates</source>
+        <translation>さらに重複を探す</translation>
+    </message>
+    <message>
+        <source>Undo</source>
+        <translation>元に戻す</translation>
+    </message>
+    <message>
+        <source>Open the Menu</source>
+        <translation>メニューを開く</translation>
+    </message>
+    <message>
+        <source>Keyboard Shortcuts</source>
+        <translation>キーボードショートカット</translation>
+    </message>
+    <message>
+        <source>Show Main Window</source>
+        <translation>メインウィンドウを表示</translation>
+    </message>
+    <message>
+        <source>Minimize</source>
+        <translation>最小化</translation>
+    </message>
+    <message>
+        <source>Quit</source>
+        <translation>終了</translation>
+    </message>
+    <message>
+        <source>Next Control</source>
+        <translation>次のコントロール</translation>
+    </message>
+    <message>
+        <source>Close What Lies on Top, or Stop a Clean-Up</source>
+        <translation>手前のものを閉じる、または整理を停止</translation>
+    </message>
+</context>
+<context>
+    <name>ShortcutsSheet</name>
+    <message>
+        <source>In the List of Results</source>
+        <translation>結果の一覧</translation>
+    </message>
+    <message>
+        <source>Everywhere</source>
+        <translation>どこでも</translation>
+    </message>
+    <message>
+        <source>Close</source>
+        <translation>閉じる</translation>
+    </message>
+</context>
+<context>
     <name>SongLimitWarningView</name>
     <message>
         <source>Large Library Detection</source>
@@ -1002,10 +1151,6 @@ Please select a smaller folder.</source>
         <translation>聴く</translation>
     </message>
     <message>
-        <source>Keep This One</source>
-        <translation>これを残す</translation>
-    </message>
-    <message>
         <source>Keep Copies in This Folder</source>
         <translation>このフォルダーのコピーを残す</translation>
     </message>
@@ -1024,10 +1169,6 @@ Please select a smaller folder.</source>
     <message>
         <source>Copy Path</source>
         <translation>パスをコピー</translation>
-    </message>
-    <message>
-        <source>Move to Trash</source>
-        <translation>ゴミ箱に移動</translation>
     </message>
 </context>
 <context>

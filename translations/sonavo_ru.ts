@@ -127,6 +127,14 @@
         <source>Cancel &amp; Go Back</source>
         <translation>Отменить и вернуться</translation>
     </message>
+    <message numerus="yes">
+        <source>%Ln files found</source>
+        <translation>
+            <numerusform>Найден %Ln файл</numerusform>
+            <numerusform>Найдено %Ln файла</numerusform>
+            <numerusform>Найдено %Ln файлов</numerusform>
+        </translation>
+    </message>
 </context>
 <context>
     <name>CleanUp</name>
@@ -555,6 +563,17 @@
     </message>
 </context>
 <context>
+    <name>DuplicateViewModel</name>
+    <message>
+        <source>No files have been copied</source>
+        <translation>Файлы не скопированы</translation>
+    </message>
+    <message>
+        <source>The folder could not be opened</source>
+        <translation>Не удалось открыть папку</translation>
+    </message>
+</context>
+<context>
     <name>FailureList</name>
     <message>
         <source>, </source>
@@ -585,6 +604,15 @@
         <source>Songs (*.%1)</source>
         <comment>a kind of files; %1 lists their extensions</comment>
         <translation>Песни (*.%1)</translation>
+    </message>
+    <message>
+        <source>Save Report</source>
+        <comment>the title of a dialog</comment>
+        <translation>Сохранить отчёт</translation>
+    </message>
+    <message>
+        <source>Spreadsheet (*.csv)</source>
+        <translation>Таблица (*.csv)</translation>
     </message>
 </context>
 <context>
@@ -725,8 +753,14 @@ Please select a smaller folder.</source>
         </translation>
     </message>
     <message>
-        <source>Only “%1” is being scanned. Use “Add Song” to choose several items together.</source>
-        <translation>Поиск идёт только в «%1». Чтобы выбрать сразу несколько объектов, используйте «Добавить песню».</translation>
+        <source>Scan All %L1</source>
+        <extracomment>Button; the number of files and folders that were dropped, at least 2</extracomment>
+        <translation>Искать во всех (%L1)</translation>
+    </message>
+    <message>
+        <source>Of %L1 items that were dropped, only “%2” is scanned</source>
+        <extracomment>%L1 is the number of files and folders, at least 2</extracomment>
+        <translation>Из %L1 перетащенных объектов поиск идёт только в «%2»</translation>
     </message>
 </context>
 <context>
@@ -741,33 +775,13 @@ Please select a smaller folder.</source>
         <translation>&amp;Файл</translation>
     </message>
     <message>
-        <source>Add Song</source>
-        <translation>Добавить песню</translation>
-    </message>
-    <message>
-        <source>Clear List</source>
-        <translation>Очистить список</translation>
-    </message>
-    <message>
-        <source>Find More Duplicates</source>
-        <translation>Найти больше дубликатов</translation>
-    </message>
-    <message>
         <source>Return to First Result</source>
         <translation>К первому результату</translation>
-    </message>
-    <message>
-        <source>Quit</source>
-        <translation>Выйти</translation>
     </message>
     <message>
         <source>&amp;Edit</source>
         <comment>a menu</comment>
         <translation>&amp;Правка</translation>
-    </message>
-    <message>
-        <source>Undo</source>
-        <translation>Отменить</translation>
     </message>
     <message>
         <source>Keep Lossless Copies</source>
@@ -777,14 +791,6 @@ Please select a smaller folder.</source>
         <source>&amp;Window</source>
         <comment>a menu</comment>
         <translation>&amp;Окно</translation>
-    </message>
-    <message>
-        <source>Minimize</source>
-        <translation>Свернуть</translation>
-    </message>
-    <message>
-        <source>Show Main Window</source>
-        <translation>Показать главное окно</translation>
     </message>
     <message>
         <source>&amp;Help</source>
@@ -812,7 +818,7 @@ Please select a smaller folder.</source>
     </message>
     <message>
         <source>Move Duplicates</source>
-        <translation>Переместить дубликаты</translation>
+        <translation>Переместить</translation>
     </message>
     <message numerus="yes">
         <source>%n duplicates</source>
@@ -833,7 +839,7 @@ Please select a smaller folder.</source>
     </message>
     <message>
         <source>Clear List</source>
-        <translation>Очистить список</translation>
+        <translation>Сбросить</translation>
     </message>
 </context>
 <context>
@@ -916,6 +922,29 @@ Please select a smaller folder.</source>
         <source>Scan</source>
         <comment>a button that starts a scan</comment>
         <translation>Искать</translation>
+    </message>
+</context>
+<context>
+    <name>ReportSaver</name>
+    <message>
+        <source>Saving the report...</source>
+        <translation>Сохранение отчёта…</translation>
+    </message>
+    <message>
+        <source>Report saved: %1</source>
+        <translation>Отчёт сохранён: %1</translation>
+    </message>
+    <message>
+        <source>Show in Folder</source>
+        <translation>Показать в папке</translation>
+    </message>
+    <message>
+        <source>The report was not saved</source>
+        <translation>Отчёт не сохранён</translation>
+    </message>
+    <message>
+        <source>The report could not be saved: %1</source>
+        <translation>Не удалось сохранить отчёт: %1</translation>
     </message>
 </context>
 <context>
@@ -1017,6 +1046,128 @@ Please select a smaller folder.</source>
     </message>
 </context>
 <context>
+    <name>Shortcuts</name>
+    <message>
+        <source>Row Above</source>
+        <translation>Строка выше</translation>
+    </message>
+    <message>
+        <source>Row Below</source>
+        <translation>Строка ниже</translation>
+    </message>
+    <message>
+        <source>First Row</source>
+        <translation>Первая строка</translation>
+    </message>
+    <message>
+        <source>Last Row</source>
+        <translation>Последняя строка</translation>
+    </message>
+    <message>
+        <source>Hide the Songs of the Group</source>
+        <translation>Скрыть песни группы</translation>
+    </message>
+    <message>
+        <source>Show the Songs of the Group</source>
+        <translation>Показать песни группы</translation>
+    </message>
+    <message>
+        <source>On a Group: Hide or Show Its Songs</source>
+        <translation>На группе: скрыть или показать её песни</translation>
+    </message>
+    <message>
+        <source>Listen, or Stop</source>
+        <translation>Прослушать или остановить</translation>
+    </message>
+    <message>
+        <source>Listen from the Same Second</source>
+        <translation>Прослушать с той же секунды</translation>
+    </message>
+    <message>
+        <source>Move to Trash</source>
+        <translation>Переместить в корзину</translation>
+    </message>
+    <message>
+        <source>Keep This One</source>
+        <translation>Оставить эту</translation>
+    </message>
+    <message>
+        <source>Menu of the Song or Group</source>
+        <translation>Меню песни или группы</translation>
+    </message>
+    <message>
+        <source>Add Song</source>
+        <translation>Добавить песню</translation>
+    </message>
+    <message>
+        <source>Scan Copied Files</source>
+        <translation>Искать в скопированных файлах</translation>
+    </message>
+    <message>
+        <source>Save Report…</source>
+        <translation>Сохранить отчёт…</translation>
+    </message>
+    <message>
+        <source>Clear List</source>
+        <translation>Очистить список</translation>
+    </message>
+    <message>
+        <source>Filter Names and Folders</source>
+        <translation>Фильтр имён и папок</translation>
+    </message>
+    <message>
+        <source>Find More Duplicates</source>
+        <translation>Найти больше дубликатов</translation>
+    </message>
+    <message>
+        <source>Undo</source>
+        <translation>Отменить</translation>
+    </message>
+    <message>
+        <source>Open the Menu</source>
+        <translation>Открыть меню</translation>
+    </message>
+    <message>
+        <source>Keyboard Shortcuts</source>
+        <translation>Комбинации клавиш</translation>
+    </message>
+    <message>
+        <source>Show Main Window</source>
+        <translation>Показать главное окно</translation>
+    </message>
+    <message>
+        <source>Minimize</source>
+        <translation>Свернуть</translation>
+    </message>
+    <message>
+        <source>Quit</source>
+        <translation>Выйти</translation>
+    </message>
+    <message>
+        <source>Next Control</source>
+        <translation>Следующий элемент</translation>
+    </message>
+    <message>
+        <source>Close What Lies on Top, or Stop a Clean-Up</source>
+        <translation>Закрыть верхнее окно или остановить очистку</translation>
+    </message>
+</context>
+<context>
+    <name>ShortcutsSheet</name>
+    <message>
+        <source>In the List of Results</source>
+        <translation>В списке результатов</translation>
+    </message>
+    <message>
+        <source>Everywhere</source>
+        <translation>Везде</translation>
+    </message>
+    <message>
+        <source>Close</source>
+        <translation>Закрыть</translation>
+    </message>
+</context>
+<context>
     <name>SongLimitWarningView</name>
     <message>
         <source>Large Library Detection</source>
@@ -1064,10 +1215,6 @@ Please select a smaller folder.</source>
         <translation>Прослушать</translation>
     </message>
     <message>
-        <source>Keep This One</source>
-        <translation>Оставить эту</translation>
-    </message>
-    <message>
         <source>Keep Copies in This Folder</source>
         <translation>Оставить копии в этой папке</translation>
     </message>
@@ -1086,10 +1233,6 @@ Please select a smaller folder.</source>
     <message>
         <source>Copy Path</source>
         <translation>Копировать путь</translation>
-    </message>
-    <message>
-        <source>Move to Trash</source>
-        <translation>Переместить в корзину</translation>
     </message>
 </context>
 <context>

@@ -121,6 +121,12 @@
         <source>Cancel &amp; Go Back</source>
         <translation>取消并返回</translation>
     </message>
+    <message numerus="yes">
+        <source>%Ln files found</source>
+        <translation>
+            <numerusform>找到 %Ln 个文件</numerusform>
+        </translation>
+    </message>
 </context>
 <context>
     <name>CleanUp</name>
@@ -509,6 +515,17 @@
     </message>
 </context>
 <context>
+    <name>DuplicateViewModel</name>
+    <message>
+        <source>No files have been copied</source>
+        <translation>没有复制任何文件</translation>
+    </message>
+    <message>
+        <source>The folder could not be opened</source>
+        <translation>无法打开文件夹</translation>
+    </message>
+</context>
+<context>
     <name>FailureList</name>
     <message>
         <source>, </source>
@@ -539,6 +556,15 @@
         <source>Songs (*.%1)</source>
         <comment>a kind of files; %1 lists their extensions</comment>
         <translation>歌曲 (*.%1)</translation>
+    </message>
+    <message>
+        <source>Save Report</source>
+        <comment>the title of a dialog</comment>
+        <translation>保存报告</translation>
+    </message>
+    <message>
+        <source>Spreadsheet (*.csv)</source>
+        <translation>电子表格 (*.csv)</translation>
     </message>
 </context>
 <context>
@@ -673,8 +699,14 @@ Please select a smaller folder.</source>
         </translation>
     </message>
     <message>
-        <source>Only “%1” is being scanned. Use “Add Song” to choose several items together.</source>
-        <translation>仅扫描“%1”。要同时选择多个项目，请使用“添加歌曲”。</translation>
+        <source>Scan All %L1</source>
+        <extracomment>Button; the number of files and folders that were dropped, at least 2</extracomment>
+        <translation>全部扫描（%L1）</translation>
+    </message>
+    <message>
+        <source>Of %L1 items that were dropped, only “%2” is scanned</source>
+        <extracomment>%L1 is the number of files and folders, at least 2</extracomment>
+        <translation>在拖放的 %L1 个项目中，仅扫描“%2”</translation>
     </message>
 </context>
 <context>
@@ -689,33 +721,13 @@ Please select a smaller folder.</source>
         <translation>文件(&amp;F)</translation>
     </message>
     <message>
-        <source>Add Song</source>
-        <translation>添加歌曲</translation>
-    </message>
-    <message>
-        <source>Clear List</source>
-        <translation>清空列表</translation>
-    </message>
-    <message>
-        <source>Find More Duplicates</source>
-        <translation>查找更多重复项</translation>
-    </message>
-    <message>
         <source>Return to First Result</source>
         <translation>返回首次结果</translation>
-    </message>
-    <message>
-        <source>Quit</source>
-        <translation>退出</translation>
     </message>
     <message>
         <source>&amp;Edit</source>
         <comment>a menu</comment>
         <translation>编辑(&amp;E)</translation>
-    </message>
-    <message>
-        <source>Undo</source>
-        <translation>撤销</translation>
     </message>
     <message>
         <source>Keep Lossless Copies</source>
@@ -725,14 +737,6 @@ Please select a smaller folder.</source>
         <source>&amp;Window</source>
         <comment>a menu</comment>
         <translation>窗口(&amp;W)</translation>
-    </message>
-    <message>
-        <source>Minimize</source>
-        <translation>最小化</translation>
-    </message>
-    <message>
-        <source>Show Main Window</source>
-        <translation>显示主窗口</translation>
     </message>
     <message>
         <source>&amp;Help</source>
@@ -861,6 +865,29 @@ Please select a smaller folder.</source>
     </message>
 </context>
 <context>
+    <name>ReportSaver</name>
+    <message>
+        <source>Saving the report...</source>
+        <translation>正在保存报告…</translation>
+    </message>
+    <message>
+        <source>Report saved: %1</source>
+        <translation>报告已保存：%1</translation>
+    </message>
+    <message>
+        <source>Show in Folder</source>
+        <translation>在文件夹中显示</translation>
+    </message>
+    <message>
+        <source>The report was not saved</source>
+        <translation>报告未保存</translation>
+    </message>
+    <message>
+        <source>The report could not be saved: %1</source>
+        <translation>无法保存报告：%1</translation>
+    </message>
+</context>
+<context>
     <name>Review</name>
     <message>
         <source>Changing the groups...</source>
@@ -955,6 +982,128 @@ Please select a smaller folder.</source>
     </message>
 </context>
 <context>
+    <name>Shortcuts</name>
+    <message>
+        <source>Row Above</source>
+        <translation>上一行</translation>
+    </message>
+    <message>
+        <source>Row Below</source>
+        <translation>下一行</translation>
+    </message>
+    <message>
+        <source>First Row</source>
+        <translation>第一行</translation>
+    </message>
+    <message>
+        <source>Last Row</source>
+        <translation>最后一行</translation>
+    </message>
+    <message>
+        <source>Hide the Songs of the Group</source>
+        <translation>隐藏组中的歌曲</translation>
+    </message>
+    <message>
+        <source>Show the Songs of the Group</source>
+        <translation>显示组中的歌曲</translation>
+    </message>
+    <message>
+        <source>On a Group: Hide or Show Its Songs</source>
+        <translation>在组上：隐藏或显示其歌曲</translation>
+    </message>
+    <message>
+        <source>Listen, or Stop</source>
+        <translation>试听或停止</translation>
+    </message>
+    <message>
+        <source>Listen from the Same Second</source>
+        <translation>从同一秒试听</translation>
+    </message>
+    <message>
+        <source>Move to Trash</source>
+        <translation>移到回收站</translation>
+    </message>
+    <message>
+        <source>Keep This One</source>
+        <translation>保留这首</translation>
+    </message>
+    <message>
+        <source>Menu of the Song or Group</source>
+        <translation>歌曲或组的菜单</translation>
+    </message>
+    <message>
+        <source>Add Song</source>
+        <translation>添加歌曲</translation>
+    </message>
+    <message>
+        <source>Scan Copied Files</source>
+        <translation>扫描已复制的文件</translation>
+    </message>
+    <message>
+        <source>Save Report…</source>
+        <translation>保存报告…</translation>
+    </message>
+    <message>
+        <source>Clear List</source>
+        <translation>清空列表</translation>
+    </message>
+    <message>
+        <source>Filter Names and Folders</source>
+        <translation>筛选名称和文件夹</translation>
+    </message>
+    <message>
+        <source>Find More Duplicates</source>
+        <translation>查找更多重复项</translation>
+    </message>
+    <message>
+        <source>Undo</source>
+        <translation>撤销</translation>
+    </message>
+    <message>
+        <source>Open the Menu</source>
+        <translation>打开菜单</translation>
+    </message>
+    <message>
+        <source>Keyboard Shortcuts</source>
+        <translation>键盘快捷键</translation>
+    </message>
+    <message>
+        <source>Show Main Window</source>
+        <translation>显示主窗口</translation>
+    </message>
+    <message>
+        <source>Minimize</source>
+        <translation>最小化</translation>
+    </message>
+    <message>
+        <source>Quit</source>
+        <translation>退出</translation>
+    </message>
+    <message>
+        <source>Next Control</source>
+        <translation>下一个控件</translation>
+    </message>
+    <message>
+        <source>Close What Lies on Top, or Stop a Clean-Up</source>
+        <translation>关闭最上层内容，或停止清理</translation>
+    </message>
+</context>
+<context>
+    <name>ShortcutsSheet</name>
+    <message>
+        <source>In the List of Results</source>
+        <translation>在结果列表中</translation>
+    </message>
+    <message>
+        <source>Everywhere</source>
+        <translation>任何位置</translation>
+    </message>
+    <message>
+        <source>Close</source>
+        <translation>关闭</translation>
+    </message>
+</context>
+<context>
     <name>SongLimitWarningView</name>
     <message>
         <source>Large Library Detection</source>
@@ -1002,10 +1151,6 @@ Please select a smaller folder.</source>
         <translation>试听</translation>
     </message>
     <message>
-        <source>Keep This One</source>
-        <translation>保留这首</translation>
-    </message>
-    <message>
         <source>Keep Copies in This Folder</source>
         <translation>保留此文件夹中的副本</translation>
     </message>
@@ -1024,10 +1169,6 @@ Please select a smaller folder.</source>
     <message>
         <source>Copy Path</source>
         <translation>复制路径</translation>
-    </message>
-    <message>
-        <source>Move to Trash</source>
-        <translation>移到回收站</translation>
     </message>
 </context>
 <context>

@@ -5,6 +5,7 @@
 #include "actions/trash.h"
 #include "model/saturating.h"
 #include "model/translate.h"
+#include "model/visible_controls.h"
 
 #include <QFile>
 #include <QHash>
@@ -102,7 +103,7 @@ QString notPutBackText(const QString &why, const QString &path, const QString &r
 {
     return translate("CleanUp", "%1. The file is at %2 now: %3",
                      "what has happened, a path, and why the file could not be put back")
-        .arg(why, path, reason);
+        .arg(why, pathInText(path), reason);
 }
 
 QString withFullStop(const QString &sentence)
@@ -398,9 +399,10 @@ void DuplicateRemover::report(const Moved &moved)
 
 QString whyItStays(const QString &path, const QString &reason)
 {
-    return reason.contains(path)
+    const QString shown = pathInText(path);
+    return reason.contains(shown)
                ? reason
-               : translate("CleanUp", "It stays at %1: %2", "a path and the reason").arg(path, reason);
+               : translate("CleanUp", "It stays at %1: %2", "a path and the reason").arg(shown, reason);
 }
 
 /// Nothing if another file has taken its place already. A link still has the note of the file it leads to.

@@ -7,6 +7,7 @@
 #include <QString>
 #include <QUrl>
 
+#include <functional>
 #include <memory>
 #include <optional>
 
@@ -39,8 +40,13 @@ public:
     /// Replaces what is on the clipboard by a plain text.
     virtual void copyToClipboard(const QString &text) = 0;
 
-    /// Shows a file, selected, in the system's file viewer. Returns at once and reports nothing.
-    virtual void showInFileViewer(const QString &path) = 0;
+    /// The files and folders that were copied in a file manager.
+    /// @return file URLs; empty when the clipboard holds something else
+    [[nodiscard]] virtual QList<QUrl> copiedFiles() = 0;
+
+    /// Shows a file, selected, in the system's file viewer. Returns at once.
+    /// @param onFailure called later, on the main thread, when nothing could show it
+    virtual void showInFileViewer(const QString &path, std::function<void()> onFailure) = 0;
 
     /// A player of its own for one file; it is silent until it is told to play.
     [[nodiscard]] virtual std::unique_ptr<PreviewPlayer> openPreview(const QString &path) = 0;

@@ -6,6 +6,7 @@
 #include "actions/folders.h"
 #include "actions/move_journal.h"
 #include "model/translate.h"
+#include "model/visible_controls.h"
 
 #include <QFile>
 
@@ -340,8 +341,8 @@ Failure toFailure(const MoveResult &result, const QByteArray &from, const QByteA
     if (result.state != State::Uncertain)
         return {errorText(result.error), result.error};
     const QString error = errorText(result.error);
-    const QString oldPath = QFile::decodeName(from);
-    const QString newPath = QFile::decodeName(to);
+    const QString oldPath = pathInText(QFile::decodeName(from));
+    const QString newPath = pathInText(QFile::decodeName(to));
     if (result.leftAt.isEmpty())
         return {translate("FileMove",
                           "It is not certain that the file was moved (%1). Look for it at %2 and at %3.",
@@ -352,7 +353,7 @@ Failure toFailure(const MoveResult &result, const QByteArray &from, const QByteA
                   "It is not certain that the file was moved (%1). Look for it at %2 and at %3, and for what "
                   "was put in its place at %4.",
                   "an error and three paths")
-            .arg(error, oldPath, newPath, QFile::decodeName(result.leftAt))};
+            .arg(error, oldPath, newPath, pathInText(QFile::decodeName(result.leftAt)))};
 }
 
 MovedFile describeMove(const QByteArray &from, const QByteArray &to, const MoveResult &result)

@@ -12,7 +12,8 @@ public:
     [[nodiscard]] QString chooseFolder(const QString &, const QString &) override { return {}; }
     [[nodiscard]] QString chooseReportFile(const QString &) override { return {}; }
     void copyToClipboard(const QString &) override {}
-    void showInFileViewer(const QString &) override {}
+    [[nodiscard]] QList<QUrl> copiedFiles() override { return {}; }
+    void showInFileViewer(const QString &, std::function<void()>) override {}
     [[nodiscard]] std::unique_ptr<PreviewPlayer> openPreview(const QString &) override { return nullptr; }
 };
 

@@ -3,6 +3,7 @@
 #include "actions/folders.h"
 #include "actions/volume.h"
 #include "model/translate.h"
+#include "model/visible_controls.h"
 
 #include <QFile>
 #include <QList>
@@ -56,8 +57,8 @@ bool isOriginalVolumeThere(const MovedFile &file)
 
 PutBackResult missesDiskOf(const QByteArray &path)
 {
-    return stays(
-        translate("PutBack", "The disk of %1 is not there", "%1 is a path").arg(QFile::decodeName(path)));
+    return stays(translate("PutBack", "The disk of %1 is not there", "%1 is a path")
+                     .arg(pathInText(QFile::decodeName(path))));
 }
 
 /// The folders that are missing on the way to a file, the deepest first.
@@ -84,7 +85,7 @@ PutBackResult lookAtOldPath(const MovedFile &file, int error)
     if (error == 0)
         return stays(
             translate("PutBack", "The file at %1 is not the one that was moved there", "%1 is a path")
-                .arg(path));
+                .arg(pathInText(path)));
     if (!meansGone(error))
         return stays(errorText(error));
     if (file.snapshot && !isDiskThere(file.path, file.snapshot->device))
@@ -95,7 +96,7 @@ PutBackResult lookAtOldPath(const MovedFile &file, int error)
         return stays(errorText(std::get<int>(snapshot)));
     return {PutBackState::Gone,
             translate("PutBack", "The file is neither at %1 nor at %2 any more", "two paths")
-                .arg(path, QFile::decodeName(file.originalPath))};
+                .arg(pathInText(path), pathInText(QFile::decodeName(file.originalPath)))};
 }
 
 PutBackResult moveBackWith(MoveResult (*move)(const QByteArray &, const QByteArray &, const MoveOptions &),

@@ -16,6 +16,7 @@
 #include <QUrl>
 
 #include <limits>
+#include <utility>
 
 namespace sonavo {
 namespace {
@@ -55,9 +56,10 @@ bool mayStillBeCarriedOut(QDBusError::ErrorType error)
 class ShowRequest : public QObject
 {
 public:
-    ShowRequest(const QString &path, QObject *parent)
+    ShowRequest(const QString &path, std::function<void()> onFailure, QObject *parent)
         : QObject(parent)
         , m_path(QFileInfo(path).absoluteFilePath())
+        , m_onFailure(std::move(onFailure))
     {}
 
     void start(std::chrono::milliseconds timeout)
@@ -110,11 +112,15 @@ private:
     {
         deleteLater();
         const QString own = QGuiApplication::desktopFileName();
-        if (own.isEmpty() || !application.contains(own))
-            QDesktopServices::openUrl(QUrl::fromLocalFile(QFileInfo(m_path).path()));
+        const bool isOther = own.isEmpty() || !application.contains(own);
+        const bool isOpened =
+            isOther && QDesktopServices::openUrl(QUrl::fromLocalFile(QFileInfo(m_path).path()));
+        if (!isOpened && m_onFailure)
+            m_onFailure();
     }
 
     const QString m_path;
+    const std::function<void()> m_onFailure;
     QTimer m_timer;
     QFutureWatcher<QDBusConnection> m_connection;
 };
@@ -125,9 +131,9 @@ FileViewer::FileViewer(std::chrono::milliseconds timeout)
     : m_timeout(timeout)
 {}
 
-void FileViewer::show(const QString &path)
+void FileViewer::show(const QString &path, std::function<void()> onFailure)
 {
-    (new ShowRequest(path, this))->start(m_timeout);
+    (new ShowRequest(path, std::move(onFailure), this))->start(m_timeout);
 }
 
 } // namespace sonavo

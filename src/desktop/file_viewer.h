@@ -3,6 +3,7 @@
 #include <QObject>
 
 #include <chrono>
+#include <functional>
 
 namespace sonavo {
 
@@ -18,7 +19,8 @@ public:
 
     /// Shows a file, selected in its folder. Returns at once and needs the event loop afterwards; requests
     /// that are still pending end with this object.
-    void show(const QString &path);
+    /// @param onFailure called when nothing could be asked to show it
+    void show(const QString &path, std::function<void()> onFailure = {});
 
 private:
     std::chrono::milliseconds m_timeout;

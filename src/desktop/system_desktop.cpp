@@ -5,6 +5,9 @@
 
 #include <QClipboard>
 #include <QGuiApplication>
+#include <QMimeData>
+
+#include <utility>
 
 namespace sonavo {
 
@@ -28,9 +31,17 @@ void SystemDesktop::copyToClipboard(const QString &text)
     QGuiApplication::clipboard()->setText(text);
 }
 
-void SystemDesktop::showInFileViewer(const QString &path)
+QList<QUrl> SystemDesktop::copiedFiles()
 {
-    m_fileViewer.show(path);
+    const QMimeData *data = QGuiApplication::clipboard()->mimeData();
+    QList<QUrl> urls = data ? data->urls() : QList<QUrl>();
+    urls.removeIf([](const QUrl &url) { return !url.isLocalFile(); });
+    return urls;
+}
+
+void SystemDesktop::showInFileViewer(const QString &path, std::function<void()> onFailure)
+{
+    m_fileViewer.show(path, std::move(onFailure));
 }
 
 std::unique_ptr<PreviewPlayer> SystemDesktop::openPreview(const QString &path)

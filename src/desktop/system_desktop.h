@@ -13,7 +13,8 @@ public:
     [[nodiscard]] QString chooseFolder(const QString &message, const QString &prompt) override;
     [[nodiscard]] QString chooseReportFile(const QString &name) override;
     void copyToClipboard(const QString &text) override;
-    void showInFileViewer(const QString &path) override;
+    [[nodiscard]] QList<QUrl> copiedFiles() override;
+    void showInFileViewer(const QString &path, std::function<void()> onFailure) override;
     [[nodiscard]] std::unique_ptr<PreviewPlayer> openPreview(const QString &path) override;
 
 private:

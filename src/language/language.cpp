@@ -66,6 +66,8 @@ QLocale bestLocale(const QStringList &wanted)
 
 void useLanguage(const QLocale &locale)
 {
+    qDeleteAll(
+        QCoreApplication::instance()->findChildren<QTranslator *>(QString(), Qt::FindDirectChildrenOnly));
     const bool isEnglish = locale.language() == QLocale::English;
     QLocale::setDefault(isEnglish ? english() : locale);
     const QString language = languageOf(locale);

@@ -15,8 +15,8 @@ namespace sonavo {
 [[nodiscard]] QLocale bestLocale(const QStringList &wanted);
 
 /// Shows all texts of the program and of Qt in a language, and makes it the default locale, with its numbers
-/// and its direction. English always has the numbers of the United States. Call it once, on the main thread,
-/// after the application is created and before there are other threads or views.
+/// and its direction, in place of what was used before. English always has the numbers of the United States.
+/// Main thread, after the application is created and before there are other threads or views.
 /// @param locale in a language of the program
 void useLanguage(const QLocale &locale);
 

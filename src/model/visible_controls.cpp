@@ -1,5 +1,7 @@
 #include "model/visible_controls.h"
 
+#include <QLocale>
+
 namespace sonavo {
 namespace {
 
@@ -28,7 +30,29 @@ QString escaped(QChar character)
     }
 }
 
+constexpr QChar LEFT_TO_RIGHT_ISOLATE(0x2066);
+constexpr QChar FIRST_STRONG_ISOLATE(0x2068);
+constexpr QChar POP_DIRECTIONAL_ISOLATE(0x2069);
+
+QString isolated(const QString &text, QChar isolate)
+{
+    const QLocale::Language language = QLocale().language();
+    const bool isEnglish = language == QLocale::English || language == QLocale::C;
+    return isEnglish ? withVisibleControls(text)
+                     : isolate + withVisibleControls(text) + POP_DIRECTIONAL_ISOLATE;
+}
+
 } // namespace
+
+QString nameInText(const QString &name)
+{
+    return isolated(name, FIRST_STRONG_ISOLATE);
+}
+
+QString pathInText(const QString &path)
+{
+    return isolated(path, LEFT_TO_RIGHT_ISOLATE);
+}
 
 QString withVisibleControls(const QString &text)
 {

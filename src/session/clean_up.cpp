@@ -253,7 +253,7 @@ void CleanUp::publish(quint64 scan, const Song &song, const DeletedSong &deleted
     }
     if (!self || deleted.wasGone)
         return;
-    notices.showToast(translate("CleanUp", "Moved to Trash: %1").arg(withVisibleControls(song.name)),
+    notices.showToast(translate("CleanUp", "Moved to Trash: %1").arg(nameInText(song.name)),
                       ToastType::Success, undoText());
     if (self && isShown(scan))
         library.show(deleted.lists);

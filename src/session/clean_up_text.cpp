@@ -108,8 +108,7 @@ QString undoAlertText(const QList<SongFailure> &failures)
     QStringList lines{
         translate("CleanUpText", "%Ln files could not be put back:", "a list follows", failures.size())};
     for (const SongFailure &failure : failures.first(std::min(failures.size(), MOST_NAMES)))
-        lines.append(QStringLiteral("\u2022 %1: %2")
-                         .arg(withVisibleControls(failure.song.name), withVisibleControls(failure.reason)));
+        lines.append(QStringLiteral("\u2022 %1: %2").arg(nameInText(failure.song.name), failure.reason));
     if (failures.size() > MOST_NAMES)
         lines.append(translate("CleanUpText", "and %Ln more", "the end of a list of files",
                                failures.size() - MOST_NAMES));

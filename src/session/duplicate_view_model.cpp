@@ -1,5 +1,6 @@
 #include "session/duplicate_view_model.h"
 
+#include "model/translate.h"
 #include "model/visible_controls.h"
 #include "session/clean_up_text.h"
 
@@ -174,9 +175,27 @@ void DuplicateViewModel::performToastAction()
         break;
     case Notices::ToastAction::ShowReport:
         m_notices.setToastShown(false);
-        m_reportSaver.showInFileViewer();
+        showInFileViewer(m_reportSaver.savedPath());
         break;
     }
+}
+
+void DuplicateViewModel::importFromClipboard()
+{
+    const QList<QUrl> files = m_desktop.copiedFiles();
+    if (files.isEmpty())
+        showToast(translate("DuplicateViewModel", "No files have been copied"), ToastType::Info);
+    else
+        openItems(files);
+}
+
+void DuplicateViewModel::showInFileViewer(const QString &path)
+{
+    m_desktop.showInFileViewer(path, [self = QPointer<DuplicateViewModel>(this)] {
+        if (self)
+            self->showToast(translate("DuplicateViewModel", "The folder could not be opened"),
+                            ToastType::Error);
+    });
 }
 
 QString DuplicateViewModel::cleanupAllDescription() const

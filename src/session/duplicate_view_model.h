@@ -198,6 +198,8 @@ public:
     Q_INVOKABLE bool importWithOpenPanel() { return m_importer.importWithOpenPanel(); }
     bool openItems(const QList<QUrl> &urls) { return m_importer.openItems(urls); }
     Q_INVOKABLE void acceptOpenedItems() { m_importer.acceptOpenedItems(); }
+    /// Imports the files and folders that were copied in a file manager, as openItems() does.
+    Q_INVOKABLE void importFromClipboard();
     Q_INVOKABLE void declineOpenedItems() { m_importer.declineOpenedItems(); }
     Q_INVOKABLE void scanAllDropped() { m_importer.scanAllDropped(); }
     Q_INVOKABLE void startScan(const QList<QUrl> &urls) { m_importer.startScan(urls); }
@@ -241,7 +243,7 @@ public:
     /// Copies the path of a song's file to the clipboard.
     Q_INVOKABLE void copyPath(const sonavo::Song &song) { m_desktop.copyToClipboard(song.path); }
     /// Shows a song's file in the system's file viewer.
-    Q_INVOKABLE void revealSong(const sonavo::Song &song) { m_desktop.showInFileViewer(song.path); }
+    Q_INVOKABLE void revealSong(const sonavo::Song &song) { showInFileViewer(song.path); }
 
     /// Empties the session: cancels a running scan, stops the preview and returns every property to its
     /// initial value, except those of the toast. Does nothing while files are being moved.
@@ -281,6 +283,8 @@ private:
     void announceImporter(const Importer::State &before);
     void announceJob(const FileJob::State &before);
     void announceCleanUp(const CleanUp::State &before);
+    /// A toast says when nothing could show it.
+    void showInFileViewer(const QString &path);
     void reset();
     void announceEverything();
     [[nodiscard]] QVariant currentlyPlayingSongVariant() const;

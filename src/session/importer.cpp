@@ -33,7 +33,7 @@ QString openPanelRefusal()
 
 QString nameOf(const QUrl &item)
 {
-    return withVisibleControls(QDir(item.toLocalFile()).dirName());
+    return nameInText(QDir(item.toLocalFile()).dirName());
 }
 
 QString busyText(const QList<QUrl> &urls)

@@ -131,10 +131,4 @@ void ReportSaver::publish(const QString &path, const Outcome &outcome)
     }
 }
 
-void ReportSaver::showInFileViewer()
-{
-    if (!m_savedPath.isEmpty())
-        m_desktop.showInFileViewer(m_savedPath);
-}
-
 } // namespace sonavo

@@ -25,8 +25,8 @@ public:
     /// saved. Does nothing without songs or while a job is running.
     void save();
 
-    /// Shows the last report in the system's file viewer.
-    void showInFileViewer();
+    /// Path of the last report; empty without one.
+    [[nodiscard]] const QString &savedPath() const { return m_savedPath; }
 
 private:
     struct Outcome

@@ -70,7 +70,7 @@ void Review::excludeFromDuplicates(const Song &song)
 {
     take({.name = translate("Review", "Not a Duplicate"),
           .removal = {.songs = {}, .members = {song.id}, .cleanedUp = {song.id}}},
-         changingMessage(), [name = withVisibleControls(song.name)](qint64 songs) {
+         changingMessage(), [name = nameInText(song.name)](qint64 songs) {
              return songs == 0 ? translate("Review", "No group has changed")
                                : translate("Review", "Not a duplicate: %1").arg(name);
          });

@@ -69,6 +69,24 @@ protected:
             return condition();
         });
     }
+    /// A text is drawn within its own bounds, and these within every control and rectangle around it.
+    static void expectLegible(const QQuickItem &text)
+    {
+        SCOPED_TRACE(text.property("text").toString().toStdString());
+        EXPECT_FALSE(text.property("truncated").toBool());
+        EXPECT_LE(text.property("contentWidth").toDouble(), text.width() + 0.5);
+        EXPECT_LE(text.property("contentHeight").toDouble(), text.height() + 0.5);
+        const QQuickItem *inner = &text;
+        for (const QQuickItem *outer = text.parentItem(); outer; outer = outer->parentItem()) {
+            if (!outer->clip() && !outer->inherits("QQuickControl") && !outer->inherits("QQuickRectangle") &&
+                outer->parentItem())
+                continue;
+            const QRectF bounds = QRectF(QPointF(), outer->size()) + QMarginsF(1, 1, 1, 1);
+            EXPECT_TRUE(bounds.contains(inner->mapRectToItem(outer, QRectF(QPointF(), inner->size()))))
+                << inner->metaObject()->className() << " in " << outer->metaObject()->className();
+            inner = outer;
+        }
+    }
     /// Does what a screen reader's "Press" does.
     static void activate(QAccessibleInterface *control)
     {

@@ -1,5 +1,6 @@
 #include "testing/audio_fixtures.h"
 #include "tests/ui/ui_test.h"
+#include "ui/shortcuts.h"
 
 #include <QMimeData>
 #include <qpa/qplatformdrag.h>
@@ -112,24 +113,6 @@ protected:
         QTest::qWait(1);
     }
 
-    /// A text is drawn within its own bounds, and these within every control and rectangle around it.
-    static void expectLegible(const QQuickItem &text)
-    {
-        SCOPED_TRACE(text.property("text").toString().toStdString());
-        EXPECT_FALSE(text.property("truncated").toBool());
-        EXPECT_LE(text.property("contentWidth").toDouble(), text.width() + 0.5);
-        EXPECT_LE(text.property("contentHeight").toDouble(), text.height() + 0.5);
-        const QQuickItem *inner = &text;
-        for (const QQuickItem *outer = text.parentItem(); outer; outer = outer->parentItem()) {
-            if (!outer->clip() && !outer->inherits("QQuickControl") && !outer->inherits("QQuickRectangle") &&
-                outer->parentItem())
-                continue;
-            const QRectF bounds = QRectF(QPointF(), outer->size()) + QMarginsF(1, 1, 1, 1);
-            EXPECT_TRUE(bounds.contains(inner->mapRectToItem(outer, QRectF(QPointF(), inner->size()))))
-                << inner->metaObject()->className() << " in " << outer->metaObject()->className();
-            inner = outer;
-        }
-    }
     /// Every text is legible and read aloud, and whatever can be used has a name.
     void expectAccessible() const
     {
@@ -419,6 +402,89 @@ TEST_F(WindowTest, HasMenusAThemeButtonAndAnAboutSheet)
     ASSERT_TRUE(waitFor([this] { return focusedName() == u"Close"; }));
     expectAccessible();
     EXPECT_NE(find(QAccessible::Dialog, u"About Sonavo"_s), nullptr);
+}
+
+/// The keys of a group as the README lists them.
+std::string readmeTable(const std::string &title, Shortcuts::Group group)
+{
+    std::string table = "| key | " + title + " |\n|---|---|\n";
+    for (const QVariant &listed : Shortcuts::actionsOf(group)) {
+        const int action = listed.toInt();
+        table += "| " + Shortcuts::keysOf(action).join(u", "_s).toStdString() + " | " +
+                 Shortcuts::textOf(action).toStdString() + " |\n";
+    }
+    return table + "\n";
+}
+
+TEST_F(WindowTest, ListsItsKeysInTheReadmeAndInAnOverview)
+{
+    QFile readme(QStringLiteral(SONAVO_SAMPLES "/../README.md"));
+    ASSERT_TRUE(readme.open(QIODevice::ReadOnly));
+    const std::string text = readme.readAll().toStdString();
+    EXPECT_THAT(text, HasSubstr(readmeTable("in the list of results", Shortcuts::ListGroup)));
+    EXPECT_THAT(text, HasSubstr(readmeTable("everywhere", Shortcuts::EverywhereGroup)));
+
+    const QString title = u"Keyboard Shortcuts"_s;
+    const std::pair<Qt::Key, Qt::KeyboardModifiers> keys[] = {
+        {Qt::Key_F1, {}}, {Qt::Key_Question, Qt::ControlModifier}, {Qt::Key_Escape, {}}};
+    for (int i = 0; i < 2; ++i) {
+        press(keys[i].first, keys[i].second);
+        ASSERT_TRUE(waitFor([&] { return find(QAccessible::Dialog, title) && focusedName() == u"Close"; }));
+        expectAccessible();
+        EXPECT_NE(find(QAccessible::StaticText, u"Ctrl+Shift+F, Find More Duplicates"_s), nullptr);
+        EXPECT_TRUE(
+            QRect({}, window->size()).contains(rectOf(find(QAccessible::Button, u"Close"_s)->object())));
+        press(keys[i + 1].first, keys[i + 1].second);
+        EXPECT_TRUE(waitFor([&] { return find(QAccessible::Dialog, title) == nullptr; }));
+    }
+}
+
+TEST_F(WindowTest, OpensTheMenuByKey)
+{
+    press(Qt::Key_F10);
+    ASSERT_TRUE(waitForText(u"Add Song"_s));
+    press(Qt::Key_Right);
+    ASSERT_TRUE(waitForText(u"Scan Copied Files"_s));
+    press(Qt::Key_Escape);
+    EXPECT_TRUE(waitForNoText(u"Scan Copied Files"_s));
+    press(Qt::Key_F10);
+    desktop.choice = SAMPLES;
+    press(Qt::Key_Down);
+    press(Qt::Key_Return);
+    EXPECT_TRUE(waitFor([this] { return scans() == 1; }));
+}
+
+TEST_F(WindowTest, ScansFilesThatWereCopiedAndAsksBeforeTheyReplaceDuplicates)
+{
+    press(Qt::Key_V, Qt::ControlModifier);
+    EXPECT_TRUE(waitForText(u"No files have been copied"_s));
+    desktop.copied = SAMPLES;
+    press(Qt::Key_V, Qt::ControlModifier);
+    EXPECT_TRUE(goOnUntil([this] { return session.duplicateCount() > 0 && !session.isScanning(); }));
+    press(Qt::Key_V, Qt::ControlModifier);
+    EXPECT_TRUE(waitForText(u"Replace the List?"_s));
+    EXPECT_EQ(scans(), 1);
+}
+
+TEST_F(WindowTest, KeepsToastsFromTheRowThatHasTheKeyboard)
+{
+    scan(SAMPLES);
+    desktop.showsFiles = false;
+    session.revealSong(session.songs().first());
+    ASSERT_TRUE(waitForText(u"The folder could not be opened"_s));
+    QTest::qWait(700);
+    const auto *toast = find(QAccessible::Notification, u"The folder could not be opened"_s)->object();
+    const QRect below = rectOf(toast);
+    int covered = 0;
+    press(Qt::Key_Home);
+    for (int i = 0; i < 30; ++i) {
+        press(Qt::Key_Down);
+        QTest::qWait(5);
+        const QObject *row = window->activeFocusItem();
+        EXPECT_FALSE(rectOf(row).intersects(rectOf(toast)));
+        covered += rectOf(row).intersects(below) ? 1 : 0;
+    }
+    EXPECT_GT(covered, 0) << "no row comes near it";
 }
 
 } // namespace

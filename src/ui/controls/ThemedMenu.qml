@@ -4,7 +4,13 @@ import Sonavo
 Menu {
     id: menu
 
-    implicitWidth: 230
+    // As wide as the widest of its items.
+    implicitWidth: {
+        let width = 220;
+        for (let i = 0; i < count; ++i)
+            width = Math.max(width, itemAt(i).implicitWidth);
+        return width + leftPadding + rightPadding;
+    }
     padding: 5
 
     delegate: ThemedMenuItem {}

@@ -21,7 +21,10 @@ MenuItem {
     }
 
     contentItem: Item {
+        implicitWidth: label.implicitWidth + (shortcutLabel.text === "" ? 0 : shortcutLabel.implicitWidth + 24)
+
         PlainText {
+            id: label
             anchors.left: parent.left
             anchors.verticalCenter: parent.verticalCenter
             text: item.text
@@ -29,6 +32,7 @@ MenuItem {
             color: item.enabled ? Colors.textPrimary : Colors.neutral
         }
         PlainText {
+            id: shortcutLabel
             anchors.right: parent.right
             anchors.verticalCenter: parent.verticalCenter
             text: shortcutText.nativeText

@@ -1,5 +1,6 @@
 #include "ui/controls/symbol_icon.h"
 
+#include <QGuiApplication>
 #include <QHash>
 #include <QPainter>
 #include <QSvgRenderer>
@@ -17,6 +18,14 @@ QSvgRenderer &rendererOf(const QString &symbol)
     if (!renderer)
         renderer = std::make_shared<QSvgRenderer>(QStringLiteral(":/qt/qml/Sonavo/icons/%1.svg").arg(symbol));
     return *renderer;
+}
+
+/// Whether the icon points to where texts go on, or come from, and is turned where they go to the left.
+bool isMirrored(const QString &symbol)
+{
+    return QGuiApplication::isRightToLeft() &&
+           (symbol.startsWith(u"arrow.uturn") || symbol.startsWith(u"chevron.right") ||
+            symbol.startsWith(u"speaker"));
 }
 
 } // namespace
@@ -49,7 +58,7 @@ void SymbolIcon::paint(QPainter *painter)
         imagePainter.fillRect(image.rect(), m_color);
     }
     imagePainter.end();
-    painter->drawImage(boundingRect(), image);
+    painter->drawImage(boundingRect(), isMirrored(m_symbol) ? image.mirrored(true, false) : image);
 }
 
 } // namespace sonavo

@@ -1,5 +1,6 @@
 #include "ui/controls/thin_progress_bar.h"
 
+#include <QGuiApplication>
 #include <QPainter>
 #include <QPainterPath>
 
@@ -12,7 +13,9 @@ void ThinProgressBar::paint(QPainter *painter)
     QPainterPath shape;
     shape.addRoundedRect(bar, radius, radius);
     painter->fillPath(shape, trackColor());
-    painter->setClipRect(QRectF(0.0, 0.0, bar.width() * filledShare(), bar.height()));
+    const double filled = bar.width() * filledShare();
+    const double left = QGuiApplication::isRightToLeft() ? bar.width() - filled : 0.0;
+    painter->setClipRect(QRectF(left, 0.0, filled, bar.height()));
     painter->fillPath(shape, m_color);
 }
 

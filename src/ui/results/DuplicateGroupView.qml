@@ -30,8 +30,8 @@ T.AbstractButton {
     Accessible.name: title
     Accessible.checkable: true
     Accessible.checked: isExpanded
-    Accessible.description: [subtitle, freed, isExpanded ? qsTr("expanded", "a group of songs") : qsTr("collapsed", "a group of songs")]
-                            .join(separator)
+    Accessible.description: subtitle + separator + freed + separator
+                            + (isExpanded ? qsTr("expanded", "a group of songs") : qsTr("collapsed", "a group of songs"))
     Accessible.onPressAction: clicked()
     Accessible.onToggleAction: clicked()
 
@@ -54,7 +54,8 @@ T.AbstractButton {
             SymbolLabel {
                 id: label
                 anchors.verticalCenter: parent.verticalCenter
-                x: TableColumns.margin - 10
+                anchors.left: parent.left
+                anchors.leftMargin: TableColumns.margin - 10
                 symbol: header.isExpanded ? "chevron.down" : "chevron.right"
                 symbolSize: 12
                 spacing: 8

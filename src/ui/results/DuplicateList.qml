@@ -14,6 +14,12 @@ FocusScope {
     readonly property bool showsAll: rows.showsAll
     readonly property string filterNote: rows.filterNote
 
+    // Where the row is that has the keyboard; empty without one.
+    readonly property rect currentRect: list.activeFocus && list.currentItem
+                                        ? Qt.rect(0, list.y + list.currentItem.y - list.contentY, width,
+                                                  list.currentItem.height)
+                                        : Qt.rect(0, 0, 0, 0)
+
     // Whoever comes back comes to the list.
     onActiveFocusChanged: {
         if (!activeFocus)
@@ -79,6 +85,49 @@ FocusScope {
         }
     }
 
+    // Does what a key means for a row. Returns false where it means nothing.
+    function perform(action, row) {
+        const header = rows.headerRow(row);
+        switch (action) {
+        case Shortcuts.HideSongs:
+            list.currentIndex = header;
+            rows.setExpanded(header, false);
+            return true;
+        case Shortcuts.ShowSongs:
+            rows.setExpanded(row, true);
+            return true;
+        case Shortcuts.FirstRow:
+            list.currentIndex = 0;
+            return true;
+        case Shortcuts.LastRow:
+            list.currentIndex = list.count - 1;
+            return true;
+        case Shortcuts.Listen:
+            play(row);
+            return true;
+        case Shortcuts.Compare:
+            compare(row);
+            return true;
+        case Shortcuts.MoveToTrash:
+            remove(row);
+            return true;
+        case Shortcuts.OpenRowMenu:
+            const badge = LayoutMirroring.enabled ? width - TableColumns.badgeX - menu.width : TableColumns.badgeX;
+            (row === header ? groupMenu : menu).openFor(row, list.currentItem, badge, 20);
+            return true;
+        case Shortcuts.ToggleGroup:
+            if (row === header)
+                rows.setExpanded(row, !rows.isExpanded(row));
+            return row === header;
+        case Shortcuts.KeepThisOne:
+            if (row !== header)
+                keep(rows.songAt(row));
+            return row !== header;
+        default:
+            return false;
+        }
+    }
+
     // The next row moves under the pointer, where the second click of a double-click must not delete it too.
     function removeByPointer(row) {
         if (recentRemoval.running)
@@ -101,7 +150,7 @@ FocusScope {
     }
 
     Shortcut {
-        sequence: "Ctrl+F"
+        sequence: Shortcuts.keyOf(Shortcuts.Filter)
         enabled: view.visible && !view.viewModel.showCleanUpProgress
         onActivated: filterBar.edit()
     }
@@ -220,37 +269,11 @@ FocusScope {
         }
 
         Keys.onPressed: event => {
-            const row = list.currentIndex;
-            const header = rows.headerRow(row);
-            event.accepted = true;
-            if (event.key === Qt.Key_Left && row === header) {
-                rows.setExpanded(row, false);
-            } else if (event.key === Qt.Key_Left) {
-                list.currentIndex = header;
-                rows.setExpanded(header, false);
-            } else if (event.key === Qt.Key_Right) {
-                rows.setExpanded(row, true);
-            } else if (event.key === Qt.Key_Home) {
-                list.currentIndex = 0;
-            } else if (event.key === Qt.Key_End) {
-                list.currentIndex = list.count - 1;
-            } else if (event.isAutoRepeat) {
-                event.accepted = false;
-            } else if ((event.key === Qt.Key_Return || event.key === Qt.Key_Enter) && row === header) {
-                rows.setExpanded(row, !rows.isExpanded(row));
-            } else if (event.key === Qt.Key_Space && event.modifiers & Qt.ShiftModifier) {
-                view.compare(row);
-            } else if (event.key === Qt.Key_Space) {
-                view.play(row);
-            } else if (event.key === Qt.Key_Delete) {
-                view.remove(row);
-            } else if (event.key === Qt.Key_K && event.modifiers === Qt.NoModifier && row !== header) {
-                view.keep(rows.songAt(row));
-            } else if (event.key === Qt.Key_Menu || (event.key === Qt.Key_F10 && event.modifiers & Qt.ShiftModifier)) {
-                (row === header ? groupMenu : menu).openFor(row, list.currentItem, TableColumns.badgeX, 20);
-            } else {
-                event.accepted = false;
-            }
+            const action = Shortcuts.listAction(event.key, event.modifiers);
+            // What a held key would do over and over.
+            const isOnce = action !== Shortcuts.HideSongs && action !== Shortcuts.ShowSongs
+                           && action !== Shortcuts.FirstRow && action !== Shortcuts.LastRow;
+            event.accepted = !(isOnce && event.isAutoRepeat) && view.perform(action, list.currentIndex);
         }
     }
 

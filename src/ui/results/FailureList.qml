@@ -19,7 +19,8 @@ FocusScope {
 
     PlainText {
         id: title
-        x: 16
+        anchors.left: parent.left
+        anchors.leftMargin: 16
         y: 12
         text: failures.title
         font.pixelSize: 14
@@ -136,8 +137,9 @@ FocusScope {
     component Cell: ElidedText {
         id: cell
 
-        x: 16
-        width: list.width - x - 58
+        anchors.left: parent ? parent.left : undefined
+        anchors.leftMargin: 16
+        width: list.width - 74
         font.pixelSize: 13
         Accessible.ignored: true
 

@@ -39,7 +39,8 @@ Rectangle {
         border.color: field.activeFocus ? Colors.focusRing : Colors.textSecondary
 
         SymbolIcon {
-            x: 9
+            anchors.left: parent.left
+            anchors.leftMargin: 9
             anchors.verticalCenter: parent.verticalCenter
             symbol: "magnifyingglass"
             size: 13
@@ -107,7 +108,7 @@ Rectangle {
         width: Math.max(170, implicitWidth + 12)
         text: qsTr("Sort: %1").arg(bar.orders[bar.model.order])
         tint: Colors.textSecondary
-        onClicked: menu.popup(this, 0, height + 4)
+        onClicked: menu.popup(this, LayoutMirroring.enabled ? width - menu.width : 0, height + 4)
     }
 
     ThemedMenu {

@@ -17,7 +17,8 @@ Item {
     height: 24
 
     PlainText {
-        x: badge.markWidth
+        anchors.left: parent.left
+        anchors.leftMargin: badge.markWidth
         anchors.verticalCenter: parent.verticalCenter
         text: badge.isOriginal ? TableColumns.originalTitle.text + "   " : TableColumns.duplicateTitle.text
         font.pixelSize: TableColumns.badgeFont.pixelSize
@@ -30,6 +31,7 @@ Item {
     // A small ring.
     Rectangle {
         visible: badge.isMarked
+        anchors.left: parent.left
         anchors.verticalCenter: parent.verticalCenter
         width: 5
         height: 5

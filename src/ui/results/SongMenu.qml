@@ -21,18 +21,19 @@ ThemedMenu {
 
     ThemedMenuItem {
         text: menu.isPlaying ? qsTr("Stop", "the playback of a song") : qsTr("Listen", "to a song")
+        key: Shortcuts.keyOf(Shortcuts.Listen)
         onTriggered: menu.viewModel.togglePlayback(menu.song)
     }
     ThemedMenuItem {
-        text: qsTr("Listen from the Same Second")
-        key: "Shift+Space"
+        text: Shortcuts.textOf(Shortcuts.Compare)
+        key: Shortcuts.keyOf(Shortcuts.Compare)
         enabled: menu.canCompare
         onTriggered: menu.viewModel.comparePlayback(menu.song)
     }
     ThemedMenuSeparator {}
     ThemedMenuItem {
-        text: qsTr("Keep This One")
-        key: "K"
+        text: Shortcuts.textOf(Shortcuts.KeepThisOne)
+        key: Shortcuts.keyOf(Shortcuts.KeepThisOne)
         enabled: !menu.isOriginal && !menu.viewModel.isCleaningUp
         onTriggered: menu.keep(menu.song)
     }
@@ -62,7 +63,8 @@ ThemedMenu {
     }
     ThemedMenuSeparator {}
     ThemedMenuItem {
-        text: qsTr("Move to Trash")
+        text: Shortcuts.textOf(Shortcuts.MoveToTrash)
+        key: Shortcuts.keyOf(Shortcuts.MoveToTrash)
         enabled: !menu.viewModel.isCleaningUp
         onTriggered: menu.remove(menu.song)
     }

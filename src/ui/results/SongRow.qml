@@ -25,6 +25,8 @@ Item {
     // Where the row was last clicked. While the song plays, a marker shows there, beside the pointer.
     property point clickPosition: Qt.point(-1, -1)
 
+    readonly property bool isMirrored: LayoutMirroring.enabled
+
     signal play
     // From the second at which another song of the group is.
     signal compare
@@ -63,7 +65,7 @@ Item {
 
         Rectangle {
             visible: row.isPlaying && row.clickPosition.x >= 0
-            x: Math.min(row.clickPosition.x - 4, parent.width - 2)
+            x: Math.max(0, Math.min(row.clickPosition.x - 4, parent.width - 2))
             width: 2
             height: parent.height
             color: Qt.alpha(Colors.accent, 0.5)
@@ -84,9 +86,10 @@ Item {
         onClicked: mouse => {
             if (mouse.button !== Qt.LeftButton)
                 return;
-            row.clickPosition = row.isPlaying ? Qt.point(mouse.x + 8, mouse.y) : Qt.point(mouse.x, mouse.y);
+            const besidePointer = row.isMirrored ? -8 : 8;
+            row.clickPosition = Qt.point(mouse.x + (row.isPlaying ? besidePointer : 0), mouse.y);
             if (row.isPlaying)
-                row.seek(mouse.x);
+                row.seek(row.isMirrored ? row.width - mouse.x : mouse.x);
         }
 
         PlainToolTip {
@@ -97,7 +100,8 @@ Item {
     }
 
     IconButton {
-        x: TableColumns.margin
+        anchors.left: parent.left
+        anchors.leftMargin: TableColumns.margin
         anchors.verticalCenter: parent.verticalCenter
         symbol: row.isPlaying ? "speaker.wave.3.fill" : "speaker.wave.2.fill"
         symbolSize: 16
@@ -115,7 +119,8 @@ Item {
 
     // The badge's colours are legible on this surface, not on the row's.
     Rectangle {
-        x: TableColumns.badgeX - 5
+        anchors.left: parent.left
+        anchors.leftMargin: TableColumns.badgeX - 5
         anchors.verticalCenter: parent.verticalCenter
         width: TableColumns.badgeWidth + 10
         height: 20
@@ -125,32 +130,38 @@ Item {
 
     SongBadge {
         id: badge
-        x: TableColumns.badgeX - markWidth
+        anchors.left: parent.left
+        anchors.leftMargin: TableColumns.badgeX - markWidth
         anchors.verticalCenter: parent.verticalCenter
         isOriginal: row.isOriginal
         furtherReason: row.furtherReason
     }
 
     Cell {
-        x: TableColumns.badgeX + TableColumns.badgeWidth + TableColumns.spacing
-        width: row.width - x - TableColumns.nameEndOffset
+        anchors.left: parent.left
+        anchors.leftMargin: TableColumns.badgeX + TableColumns.badgeWidth + TableColumns.spacing
+        anchors.right: parent.right
+        anchors.rightMargin: TableColumns.nameEndOffset
         text: row.name
         font.pixelSize: 14
         font.weight: Font.Medium
     }
     Cell {
-        x: row.width - TableColumns.typeOffset
+        anchors.right: parent.right
+        anchors.rightMargin: TableColumns.typeOffset - width
         width: TableColumns.typeWidth
         text: row.fileType
     }
     Cell {
-        x: row.width - TableColumns.durationOffset
+        anchors.right: parent.right
+        anchors.rightMargin: TableColumns.durationOffset - width
         width: TableColumns.durationWidth
         horizontalAlignment: Text.AlignRight
         text: row.duration
     }
     Cell {
-        x: row.width - TableColumns.sizeOffset
+        anchors.right: parent.right
+        anchors.rightMargin: TableColumns.sizeOffset - width
         width: TableColumns.sizeWidth
         horizontalAlignment: Text.AlignRight
         fontSizeMode: Text.HorizontalFit
@@ -158,7 +169,8 @@ Item {
         text: row.size
     }
     Cell {
-        x: row.width - TableColumns.folderOffset
+        anchors.right: parent.right
+        anchors.rightMargin: TableColumns.folderOffset - width
         width: TableColumns.folderWidth
         elide: Text.ElideMiddle
         text: row.folder
@@ -166,7 +178,8 @@ Item {
     }
 
     IconButton {
-        x: row.width - TableColumns.trashOffset
+        anchors.right: parent.right
+        anchors.rightMargin: TableColumns.margin
         anchors.verticalCenter: parent.verticalCenter
         symbol: "trash.fill"
         symbolSize: 14

@@ -9,30 +9,36 @@ Rectangle {
     color: Colors.tableHeader
 
     Title {
-        x: TableColumns.badgeX
-        width: header.width - x - TableColumns.nameEndOffset
+        anchors.left: parent.left
+        anchors.leftMargin: TableColumns.badgeX
+        anchors.right: parent.right
+        anchors.rightMargin: TableColumns.nameEndOffset
         text: qsTr("File Name")
     }
     Title {
-        x: header.width - TableColumns.typeOffset
+        anchors.right: parent.right
+        anchors.rightMargin: TableColumns.typeOffset - width
         width: TableColumns.typeWidth
         symbol: "doc.badge.gearshape"
         text: TableColumns.typeTitle.text
     }
     Title {
-        x: header.width - TableColumns.durationOffset
+        anchors.right: parent.right
+        anchors.rightMargin: TableColumns.durationOffset - width
         width: TableColumns.durationWidth
         symbol: "clock"
         text: TableColumns.durationTitle.text
     }
     Title {
-        x: header.width - TableColumns.sizeOffset
+        anchors.right: parent.right
+        anchors.rightMargin: TableColumns.sizeOffset - width
         width: TableColumns.sizeWidth
         symbol: "arrow.down.circle"
         text: TableColumns.sizeTitle.text
     }
     Title {
-        x: header.width - TableColumns.folderOffset
+        anchors.right: parent.right
+        anchors.rightMargin: TableColumns.folderOffset - width
         width: TableColumns.folderWidth
         symbol: "folder"
         text: TableColumns.folderTitle.text
@@ -64,6 +70,7 @@ Rectangle {
         }
         SymbolIcon {
             id: icon
+            anchors.left: parent.left
             anchors.verticalCenter: parent.verticalCenter
             visible: title.symbol !== ""
             symbol: title.symbol

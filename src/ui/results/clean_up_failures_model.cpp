@@ -40,9 +40,9 @@ QVariant CleanUpFailuresModel::data(const QModelIndex &index, int role) const
     const SongFailure &failure = m_failures.at(index.row());
     switch (role) {
     case PathRole:
-        return withVisibleControls(failure.song.path);
+        return pathInText(failure.song.path);
     case ReasonRole:
-        return withVisibleControls(failure.reason);
+        return failure.reason;
     default:
         return {};
     }

@@ -75,7 +75,7 @@ QString folderText(const Song &song, qsizetype commonLength)
     if (commonLength <= 0)
         return withVisibleControls(song.folderName);
     const QString rest = folderOf(song).sliced(commonLength).toString();
-    return withVisibleControls(rest.endsWith(u'/') ? rest.chopped(1) : rest);
+    return pathInText(rest.endsWith(u'/') ? rest.chopped(1) : rest);
 }
 
 QString qualityText(const Song &song)
@@ -90,7 +90,7 @@ QString qualityText(const Song &song)
 
 QString detailsText(const Song &song, const QDateTime &modified)
 {
-    QStringList lines{withVisibleControls(song.path)};
+    QStringList lines{pathInText(song.path)};
     lines.append(translate("DuplicateList", "%1 (%L2 bytes)", "a size in short, and in full")
                      .arg(formattedByteCount(song.size))
                      .arg(song.size));

@@ -35,7 +35,7 @@ FocusScope {
     }
 
     Shortcut {
-        sequence: "Escape"
+        sequence: Shortcuts.keyOf(Shortcuts.Close)
         // Two active shortcuts would cancel each other; a toast lies on top.
         enabled: view.visible && !view.viewModel.showToast
         onActivated: view.viewModel.stopCleanUp()

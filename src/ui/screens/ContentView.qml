@@ -130,6 +130,7 @@ FocusScope {
 
     ToastOverlay {
         anchors.fill: parent
+        keepClear: results.visible ? results.currentRect : Qt.rect(0, 0, 0, 0)
         viewModel: view.viewModel
     }
 

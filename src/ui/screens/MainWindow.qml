@@ -21,34 +21,38 @@ ApplicationWindow {
     // The content alone has 900 by 600 points.
     minimumHeight: 600 + header.implicitHeight
     visible: true
+    LayoutMirroring.enabled: Application.layoutDirection === Qt.RightToLeft
+    LayoutMirroring.childrenInherit: true
 
     header: WindowHeader {
+        id: windowHeader
+
         themeManager: window.themeManager
         menus: [
             ThemedMenu {
                 title: qsTr("&File", "a menu")
                 Action {
-                    text: qsTr("Add Song")
-                    shortcut: "Ctrl+O"
+                    text: Shortcuts.textOf(Shortcuts.AddSong)
+                    shortcut: Shortcuts.keyOf(Shortcuts.AddSong)
                     enabled: window.canChange
                     onTriggered: window.viewModel.importWithOpenPanel()
                 }
                 Action {
-                    text: qsTr("Save Report…")
-                    shortcut: "Ctrl+S"
+                    text: Shortcuts.textOf(Shortcuts.SaveReport)
+                    shortcut: Shortcuts.keyOf(Shortcuts.SaveReport)
                     enabled: window.canChange && window.hasResult
                     onTriggered: window.viewModel.saveReport()
                 }
                 Action {
-                    text: qsTr("Clear List")
-                    shortcut: "Ctrl+L"
+                    text: Shortcuts.textOf(Shortcuts.ClearList)
+                    shortcut: Shortcuts.keyOf(Shortcuts.ClearList)
                     enabled: window.canChange
                     onTriggered: window.viewModel.clearAll()
                 }
                 ThemedMenuSeparator {}
                 Action {
-                    text: qsTr("Find More Duplicates")
-                    shortcut: "Ctrl+Shift+F"
+                    text: Shortcuts.textOf(Shortcuts.FindMore)
+                    shortcut: Shortcuts.keyOf(Shortcuts.FindMore)
                     enabled: window.canChange && window.hasResult && !window.viewModel.isFurtherResult
                     onTriggered: window.viewModel.findMore()
                 }
@@ -59,18 +63,24 @@ ApplicationWindow {
                 }
                 ThemedMenuSeparator {}
                 Action {
-                    text: qsTr("Quit")
-                    shortcut: "Ctrl+Q"
+                    text: Shortcuts.textOf(Shortcuts.Quit)
+                    shortcut: Shortcuts.keyOf(Shortcuts.Quit)
                     onTriggered: Qt.quit()
                 }
             },
             ThemedMenu {
                 title: qsTr("&Edit", "a menu")
                 Action {
-                    text: window.viewModel.undoText !== "" ? window.viewModel.undoText : qsTr("Undo")
-                    shortcut: "Ctrl+Z"
+                    text: window.viewModel.undoText !== "" ? window.viewModel.undoText : Shortcuts.textOf(Shortcuts.Undo)
+                    shortcut: Shortcuts.keyOf(Shortcuts.Undo)
                     enabled: window.viewModel.undoText !== "" && window.canChange && !window.viewModel.isScanning
                     onTriggered: window.viewModel.undo()
+                }
+                Action {
+                    text: Shortcuts.textOf(Shortcuts.ScanCopiedFiles)
+                    shortcut: Shortcuts.keyOf(Shortcuts.ScanCopiedFiles)
+                    enabled: window.canChange
+                    onTriggered: window.viewModel.importFromClipboard()
                 }
                 ThemedMenuSeparator {}
                 Action {
@@ -83,18 +93,23 @@ ApplicationWindow {
             ThemedMenu {
                 title: qsTr("&Window", "a menu")
                 Action {
-                    text: qsTr("Minimize")
-                    shortcut: "Ctrl+M"
+                    text: Shortcuts.textOf(Shortcuts.Minimize)
+                    shortcut: Shortcuts.keyOf(Shortcuts.Minimize)
                     onTriggered: window.showMinimized()
                 }
                 Action {
-                    text: qsTr("Show Main Window")
-                    shortcut: "Ctrl+0"
+                    text: Shortcuts.textOf(Shortcuts.ShowWindow)
+                    shortcut: Shortcuts.keyOf(Shortcuts.ShowWindow)
                     onTriggered: window.showMainWindow()
                 }
             },
             ThemedMenu {
                 title: qsTr("&Help", "a menu")
+                Action {
+                    text: Shortcuts.textOf(Shortcuts.ShowShortcuts)
+                    shortcut: Shortcuts.keyOf(Shortcuts.ShowShortcuts)
+                    onTriggered: shortcuts.open()
+                }
                 Action {
                     text: qsTr("About Sonavo")
                     onTriggered: about.open()
@@ -115,6 +130,21 @@ ApplicationWindow {
         anchors.fill: parent
         focus: true
         viewModel: window.viewModel
+    }
+
+    // Its other keys: a menu has one.
+    Shortcut {
+        sequences: Shortcuts.keysOf(Shortcuts.ShowShortcuts).slice(1)
+        onActivated: shortcuts.open()
+    }
+
+    Shortcut {
+        sequence: Shortcuts.keyOf(Shortcuts.OpenMenu)
+        onActivated: windowHeader.openMenu()
+    }
+
+    ShortcutsSheet {
+        id: shortcuts
     }
 
     AboutSheet {

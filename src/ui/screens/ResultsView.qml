@@ -10,6 +10,9 @@ FocusScope {
     readonly property bool hasSummary: viewModel.hasCleanUpSummary
     // Whether the filter hides no duplicate.
     readonly property bool showsAll: !list.visible || list.showsAll
+    // Where the row is that has the keyboard; empty without one.
+    readonly property rect currentRect: list.visible && list.currentRect.height > 0
+                                        ? Qt.rect(0, area.y + list.currentRect.y, width, list.currentRect.height) : Qt.rect(0, 0, 0, 0)
     // Whether the summary is shown in place of a list that is left.
     property bool prefersSummary: false
 
@@ -39,6 +42,7 @@ FocusScope {
         }
 
         Item {
+            id: area
             Layout.fillWidth: true
             Layout.fillHeight: true
 

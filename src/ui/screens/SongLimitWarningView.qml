@@ -53,11 +53,13 @@ ModalSheet {
 
             Column {
                 id: recommendations
-                x: 20
+                anchors.left: parent.left
+                anchors.leftMargin: 20
                 y: 20
                 spacing: 6
 
                 PlainText {
+                    anchors.left: parent.left
                     bottomPadding: 4
                     text: qsTr("Performance Recommendations:")
                     font.pixelSize: 15
@@ -76,6 +78,7 @@ ModalSheet {
 
                     PlainText {
                         required property string modelData
+                        anchors.left: parent ? parent.left : undefined
                         text: modelData
                         font.pixelSize: 14
                         color: Colors.textPrimary

@@ -8,6 +8,11 @@ Item {
     required property DuplicateViewModel viewModel
     readonly property bool isShowing: viewModel.showToast
     readonly property real hiddenOffset: Motion.isReduced ? 0 : 60
+    // What the toast does not cover: it goes above it.
+    required property rect keepClear
+    readonly property bool isInTheWay: keepClear.height > 0 && keepClear.y < height - 40
+                                       && keepClear.y + keepClear.height > height - 40 - toast.height
+    readonly property real restMargin: isInTheWay ? height - keepClear.y + 8 : 40
 
     ToastView {
         id: toast
@@ -16,7 +21,7 @@ Item {
 
         anchors.horizontalCenter: parent.horizontalCenter
         anchors.bottom: parent.bottom
-        anchors.bottomMargin: 40 - offset
+        anchors.bottomMargin: overlay.restMargin - offset
         message: overlay.viewModel.toastMessage
         type: overlay.viewModel.toastType
         opacity: 0
@@ -74,7 +79,7 @@ Item {
     onIsShowingChanged: toast.announce()
 
     Shortcut {
-        sequence: "Escape"
+        sequence: Shortcuts.keyOf(Shortcuts.Close)
         enabled: overlay.isShowing
         onActivated: overlay.viewModel.showToast = false
     }

@@ -10,6 +10,12 @@ Rectangle {
     required property ThemeManager themeManager
     property alias menus: menuBar.menus
 
+    // Opens the first menu, for the keyboard.
+    function openMenu() {
+        menuBar.itemAt(0).forceActiveFocus(Qt.MenuBarFocusReason);
+        menuBar.itemAt(0).clicked();
+    }
+
     implicitHeight: 36
     color: Colors.background
 
@@ -17,7 +23,8 @@ Rectangle {
         id: menuBar
 
         anchors.verticalCenter: parent.verticalCenter
-        x: 6
+        anchors.left: parent.left
+        anchors.leftMargin: 6
         background: null
         delegate: MenuBarItem {
             id: item
