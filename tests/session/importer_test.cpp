@@ -50,19 +50,19 @@ TEST_F(ImporterTest, AsksBeforeALargeImportAndRefusesAHugeOne)
         {0, 1, true, false, false},       {9'998, 2, true, false, false},   {9'999, 2, false, true, false},
         {499'998, 2, false, true, false}, {499'999, 2, false, false, true},
     };
-    for (const auto &[songs, items, starts, asks, refuses] : cases) {
-        SCOPED_TRACE(std::to_string(songs) + " + " + std::to_string(items));
+    for (const auto &entry : cases) {
+        SCOPED_TRACE(std::to_string(entry.songs) + " + " + std::to_string(entry.items));
         scan.reset();
         importer.reset();
         notices.clearAlert();
-        library.setSongs(QList<Song>(songs));
-        const bool hasStarted = importer.importDroppedItems(QList<QUrl>(items, song));
-        EXPECT_TRUE(starts || !hasStarted);
+        library.setSongs(QList<Song>(entry.songs));
+        const bool hasStarted = importer.importDroppedItems(QList<QUrl>(entry.items, song));
+        EXPECT_TRUE(entry.starts || !hasStarted);
         ASSERT_TRUE(QTest::qWaitFor([&] {
-            return scan.state().isRunning == starts && importer.state().isAsking == asks &&
-                   notices.state().isAlertShown == refuses;
+            return scan.state().isRunning == entry.starts && importer.state().isAsking == entry.asks &&
+                   notices.state().isAlertShown == entry.refuses;
         }));
-        EXPECT_EQ(importer.state().pendingUrls.size(), asks ? items : 0);
+        EXPECT_EQ(importer.state().pendingUrls.size(), entry.asks ? entry.items : 0);
     }
     EXPECT_THAT(
         notices.state().alertMessage.toStdString(),
