@@ -8,13 +8,30 @@
 
 namespace sonavo {
 
-/// How often things are in a text, in groups of several things each. A plain value.
+/// Puts pairs of characters into 64 groups. Multiplicative hashing (D. E. Knuth, "The Art of Computer
+/// Programming", volume 3, section 6.4).
+[[nodiscard]] constexpr std::uint32_t groupOfPair(char32_t first, char32_t second)
+{
+    return (first << 16 ^ second) * 2654435769U >> 26;
+}
+
+/// One bit for each group of which a text has pairs of neighbouring characters. An edit changes at most four
+/// bits.
+[[nodiscard]] constexpr std::uint64_t pairBitsOf(std::u32string_view text)
+{
+    std::uint64_t bits = 0;
+    for (std::size_t i = 1; i < text.size(); ++i)
+        bits |= std::uint64_t{1} << groupOfPair(text[i - 1], text[i]);
+    return bits;
+}
+
+/// How often something is in a text, by group. A plain value.
 template <std::size_t GROUPS>
-class GroupedCounts
+class GroupCounts
 {
 public:
     /// The sum of the differences of all counts.
-    friend std::size_t difference(const GroupedCounts &a, const GroupedCounts &b)
+    friend std::size_t difference(const GroupCounts &a, const GroupCounts &b)
     {
         // Compilers make a few instructions of this loop.
         int sum = 0;
@@ -26,59 +43,52 @@ public:
 protected:
     void add(std::size_t group)
     {
-        std::uint8_t &count = m_counts[group % GROUPS];
-        if (count < UINT8_MAX)
-            ++count;
+        if (m_counts[group] < UINT8_MAX)
+            ++m_counts[group];
     }
 
 private:
     std::array<std::uint8_t, GROUPS> m_counts{};
 };
 
-/// How often characters are in a text. An insertion or deletion changes the difference by at most one, a
-/// substitution by at most two.
-class CharacterCounts : public GroupedCounts<32>
+/// Characters. An insertion or deletion changes the difference by at most one, a substitution by at most two.
+class CharacterCounts : public GroupCounts<32>
 {
 public:
+    static constexpr std::size_t MOST_PER_EDIT = 2;
+
     CharacterCounts() = default;
     explicit CharacterCounts(std::u32string_view text)
     {
         for (const char32_t character : text)
-            add(character);
+            add(character % 32);
     }
 };
 
-/// How often pairs of neighbouring characters are in a text. An insertion or deletion changes the difference
-/// by at most three, a substitution by at most four. Tells more texts apart than CharacterCounts.
-class PairCounts : public GroupedCounts<64>
+/// Pairs of neighbouring characters. An insertion or deletion changes the difference by at most three, a
+/// substitution by at most four.
+class PairCounts : public GroupCounts<64>
 {
 public:
+    static constexpr std::size_t MOST_PER_EDIT = 4;
+
     PairCounts() = default;
     explicit PairCounts(std::u32string_view text)
     {
-        // Multiplicative hashing (D. E. Knuth, "The Art of Computer Programming", volume 3, section 6.4).
-        constexpr std::uint32_t MULTIPLIER = 2654435769U;
-        constexpr int SIX_BITS = 32 - 6;
         for (std::size_t i = 1; i < text.size(); ++i)
-            add((text[i - 1] << 16 ^ text[i]) * MULTIPLIER >> SIX_BITS);
+            add(groupOfPair(text[i - 1], text[i]));
     }
 };
 
 /// A quick test before levenshteinDistance(): false only for texts whose distance is above `limit`.
-[[nodiscard]] inline bool mayBeWithin(std::size_t limit, std::size_t lengthA, std::size_t lengthB,
-                                      const CharacterCounts &countsA, const CharacterCounts &countsB)
+/// @tparam Counts CharacterCounts or PairCounts
+template <typename Counts>
+[[nodiscard]] bool mayBeWithin(std::size_t limit, std::size_t lengthA, std::size_t lengthB,
+                               const Counts &countsA, const Counts &countsB)
 {
-    // At least so many of the edits are insertions or deletions.
+    // At least so many of the edits are insertions or deletions, which change the counts by one less.
     const std::size_t surplus = lengthA > lengthB ? lengthA - lengthB : lengthB - lengthA;
-    return surplus <= limit && difference(countsA, countsB) <= 2 * limit - surplus;
-}
-
-/// The same by pairs of characters.
-[[nodiscard]] inline bool mayBeWithin(std::size_t limit, std::size_t lengthA, std::size_t lengthB,
-                                      const PairCounts &countsA, const PairCounts &countsB)
-{
-    const std::size_t surplus = lengthA > lengthB ? lengthA - lengthB : lengthB - lengthA;
-    return surplus <= limit && difference(countsA, countsB) <= 4 * limit - surplus;
+    return surplus <= limit && difference(countsA, countsB) <= Counts::MOST_PER_EDIT * limit - surplus;
 }
 
 } // namespace sonavo

@@ -7,7 +7,7 @@
 #include "analysis/parallel.h"
 
 #include <algorithm>
-#include <array>
+#include <atomic>
 #include <numeric>
 #include <string_view>
 
@@ -75,15 +75,18 @@ private:
 class FurtherArtists::Search
 {
 public:
-    Search(FurtherArtists &artists, const Grams &grams)
+    /// @param listed how many similar artists all searches have found
+    Search(FurtherArtists &artists, const Grams &grams, std::atomic<std::size_t> &listed)
         : m_artists(artists)
         , m_grams(grams)
+        , m_listed(listed)
         , m_lastSearches(artists.size(), UINT32_MAX)
     {}
 
     void run(Artist artist)
     {
         m_artist = artist;
+        m_readCharacters = 0;
         const auto &entries = m_artists.m_entries;
         const std::size_t length = entries[artist].length;
         const auto isShort = [length](const Entry &other) {
@@ -99,7 +102,10 @@ public:
         m_last = static_cast<Artist>(last - entries.begin());
 
         Entry &entry = m_artists.m_entries[artist];
-        entry.isKnown = compareWithThoseOfGrams() || compareWithAll();
+        // Limits the memory: where all artists are alike, the lists would grow with the square.
+        const std::size_t mostListed = 32 * m_artists.size();
+        entry.isKnown = (compareWithThoseOfGrams() || compareWithAll()) &&
+                        m_listed.fetch_add(entry.similar.size()) + entry.similar.size() <= mostListed;
         if (!entry.isKnown)
             entry.similar = {};
         std::sort(entry.similar.begin(), entry.similar.end());
@@ -121,9 +127,21 @@ private:
         if (!isAffordable(m_last - m_first))
             return false;
         m_artists.m_entries[m_artist].similar.clear();
-        for (Artist other = m_first; other < m_last; ++other) {
-            if (!compareWith(other))
+        const auto &entries = m_artists.m_entries;
+        for (Artist begin = m_first; begin < m_last;) {
+            const std::uint32_t length = entries[begin].length;
+            const auto isAsLong = [length](const Entry &other) { return other.length == length; };
+            const auto end = static_cast<Artist>(
+                std::partition_point(entries.begin() + begin, entries.begin() + m_last, isAsLong) -
+                entries.begin());
+            const std::size_t longer = std::max(length, entries[m_artist].length);
+            m_near.clear();
+            appendNear(m_near, begin, std::span(m_artists.m_pairBits).subspan(begin, end - begin),
+                       m_artists.m_pairBits[m_artist], largestDistance(longer, MATCH_ARTIST_SIMILARITY));
+            if (!std::all_of(m_near.begin(), m_near.end(),
+                             [this](Artist other) { return compareWith(other); }))
                 return false;
+            begin = end;
         }
         return true;
     }
@@ -160,23 +178,31 @@ private:
         return true;
     }
 
-    /// @return false if too many are similar
+    /// @return false if too many are similar or nearly so
     bool compareWith(Artist other)
     {
-        // Limits the memory; an artist that is known well can have more.
-        constexpr std::size_t MANY_SIMILAR = 32;
-        if (other == m_artist || !m_artists.mayBeSimilar(m_artist, other) ||
-            calculateSimilarity(m_grams.textOf(m_artist), m_grams.textOf(other), MATCH_ARTIST_SIMILARITY) <
-                MATCH_ARTIST_SIMILARITY)
+        // An artist that has many songs can have more.
+        constexpr std::size_t MANY_SIMILAR = 256;
+        constexpr std::size_t MANY_CHARACTERS = 16'384;
+        if (other == m_artist || !m_artists.mayBeSimilar(m_artist, other))
             return true;
+        const std::size_t songs = m_artists.songsOf(m_artist).size();
+        m_readCharacters += m_artists.m_entries[other].length;
+        if (m_readCharacters > MANY_CHARACTERS + MANY_CHARACTERS * songs / 32)
+            return false;
         std::vector<Artist> &similar = m_artists.m_entries[m_artist].similar;
-        similar.push_back(other);
-        return similar.size() <= MANY_SIMILAR + m_artists.songsOf(m_artist).size() / 4;
+        if (calculateSimilarity(m_grams.textOf(m_artist), m_grams.textOf(other), MATCH_ARTIST_SIMILARITY) >=
+            MATCH_ARTIST_SIMILARITY)
+            similar.push_back(other);
+        return similar.size() <= MANY_SIMILAR + songs;
     }
 
     FurtherArtists &m_artists;
     const Grams &m_grams;
+    std::atomic<std::size_t> &m_listed;
     Artist m_artist = 0;
+    /// Of others whose texts were read.
+    std::size_t m_readCharacters = 0;
     /// Those whose length allows it.
     Artist m_first = 0;
     Artist m_last = 0;
@@ -185,6 +211,7 @@ private:
     std::vector<std::size_t> m_sizes;
     /// By artist: the last one that was compared with it.
     std::vector<Artist> m_lastSearches;
+    std::vector<Artist> m_near;
 };
 
 FurtherArtists::FurtherArtists(const FurtherSongs &songs, const std::stop_token &stop)
@@ -192,8 +219,9 @@ FurtherArtists::FurtherArtists(const FurtherSongs &songs, const std::stop_token 
     constexpr std::size_t ARTISTS_PER_PART = 64;
     numberArtists(songs);
     const Grams grams(*this, songs);
+    std::atomic<std::size_t> listed = 0;
     (void)forEachInParallel(
-        size(), ARTISTS_PER_PART, stop, [&](std::size_t) { return Search(*this, grams); },
+        size(), ARTISTS_PER_PART, stop, [&](std::size_t) { return Search(*this, grams, listed); },
         [](Search &search, std::size_t artist) { search.run(static_cast<Artist>(artist)); });
     m_areAllKnown =
         std::all_of(m_entries.begin(), m_entries.end(), [](const Entry &entry) { return entry.isKnown; });
@@ -223,8 +251,10 @@ void FurtherArtists::numberArtists(const FurtherSongs &songs)
     m_entries.resize(order.size());
     for (Artist artist = 0; artist < order.size(); ++artist) {
         artistOfId[order[artist]] = artist;
-        m_entries[artist].length = lengthOfId(order[artist]);
-        m_counts.emplace_back(artistOf(songs[firstSongs[order[artist]]]));
+        const std::u32string_view text = artistOf(songs[firstSongs[order[artist]]]);
+        m_entries[artist].length = static_cast<std::uint32_t>(text.size());
+        m_pairBits.push_back(sonavo::pairBitsOf(text));
+        m_counts.emplace_back(text);
     }
 
     // Count, lay out, fill: one array holds the songs of all artists.

@@ -51,9 +51,8 @@ public:
 
     /// A quick test: false only for artists that are not similar.
     [[nodiscard]] bool mayBeSimilar(Artist a, Artist b) const;
-    [[nodiscard]] const CharacterCounts &countsOf(Artist artist) const { return m_counts[artist]; }
-    /// Characters.
-    [[nodiscard]] std::uint32_t lengthOf(Artist artist) const { return m_entries[artist].length; }
+    /// See sonavo::pairBitsOf().
+    [[nodiscard]] std::uint64_t pairBitsOf(Artist artist) const { return m_pairBits[artist]; }
 
 private:
     struct Entry
@@ -73,6 +72,8 @@ private:
     void joinFamilies();
 
     std::vector<Entry> m_entries;
+    /// Side by side, to be read fast.
+    std::vector<std::uint64_t> m_pairBits;
     std::vector<CharacterCounts> m_counts;
     std::vector<Artist> m_families;
     /// By song.

@@ -140,9 +140,7 @@ void FurtherIndex::chooseSongsWithKeys(const std::stop_token &stop)
     });
     if (!m_artists.areAllKnown()) {
         std::fill(m_hasKeys.begin(), m_hasKeys.end(), 1);
-        m_artistCounts.reserve(m_songs.size());
-        for (Position song = 0; song < m_songs.size(); ++song)
-            m_artistCounts.push_back(m_artists.countsOf(m_artists.of(song)));
+        groupByArtistLength();
         return;
     }
     for (FurtherArtists::Artist artist = 0; artist < m_artists.size(); ++artist) {
@@ -153,6 +151,19 @@ void FurtherIndex::chooseSongsWithKeys(const std::stop_token &stop)
         std::for_each(similar->begin(), similar->end(),
                       [this](FurtherArtists::Artist other) { m_hasKeys[other] = 1; });
     }
+}
+
+void FurtherIndex::groupByArtistLength()
+{
+    for (Position song = 0; song < m_songs.size(); ++song) {
+        const std::size_t length = m_songs[song].artistLength;
+        if (length >= m_byArtistLength.size())
+            m_byArtistLength.resize(length + 1);
+        m_byArtistLength[length].length = length;
+        m_byArtistLength[length].songs.push_back(song);
+        m_byArtistLength[length].pairBits.push_back(m_artists.pairBitsOf(m_artists.of(song)));
+    }
+    std::erase_if(m_byArtistLength, [](const ArtistLength &group) { return group.songs.empty(); });
 }
 
 void FurtherIndex::countKeys()
@@ -246,19 +257,32 @@ void FurtherMatches::readSimilarArtists()
 
 std::size_t FurtherMatches::chooseWay()
 {
-    // How many songs in a row can be compared in the time that a proposed one takes, and how many artists.
-    constexpr std::size_t GROUPED_PER_PROPOSED = 3;
-    constexpr std::size_t ARTISTS_PER_PROPOSED = 8;
-    const std::size_t cost = m_areArtistsKnown ? m_groupedCount / GROUPED_PER_PROPOSED
-                                               : (m_window.end - m_window.begin) / ARTISTS_PER_PROPOSED;
-    m_isByKey =
-        m_index.hasKeysFor(m_index.artists().of(m_song)) && cost > m_index.fewSongs() / GROUPED_PER_PROPOSED;
+    const FurtherArtists::Artist self = m_index.artists().of(m_song);
+    const std::size_t count = m_areArtistsKnown ? m_groupedCount : m_window.end - m_window.begin;
+    const std::size_t cost = m_areArtistsKnown ? count / 3 : costOfWindow();
+    m_isByKey = m_index.hasKeysFor(self) && count > m_index.fewSongs();
     if (!m_isByKey)
         return cost;
     propose();
     const std::size_t proposed = proposedCount();
     m_isByKey = proposed < cost;
     return std::min(proposed, cost);
+}
+
+std::size_t FurtherMatches::costOfWindow() const
+{
+    // Most artists are rejected fast, unless all are a little alike: a few of them tell.
+    constexpr std::size_t REJECTED_PER_COMPARED = 8;
+    constexpr std::size_t SAMPLES = 32;
+    const FurtherArtists &artists = m_index.artists();
+    const FurtherArtists::Artist self = artists.of(m_song);
+    const std::size_t count = m_window.end - m_window.begin;
+    std::size_t compared = 0;
+    for (std::size_t i = 0; i < SAMPLES; ++i) {
+        const auto song = static_cast<Position>(m_window.begin + i * count / SAMPLES);
+        compared += artists.mayBeSimilar(self, artists.of(song)) ? 1U : 0U;
+    }
+    return count / REJECTED_PER_COMPARED + count * compared / SAMPLES;
 }
 
 void FurtherMatches::find()
@@ -289,14 +313,36 @@ void FurtherMatches::compareWithSimilarArtists()
 
 void FurtherMatches::compareWithWindow()
 {
-    const FurtherArtists &artists = m_index.artists();
-    const FurtherArtists::Artist self = artists.of(m_song);
-    const CharacterCounts counts = artists.countsOf(self);
-    const std::size_t most = 2 * largestDistanceToSimilar(artists.lengthOf(self), MATCH_ARTIST_SIMILARITY);
-    for (Position candidate = m_window.begin; candidate < m_window.end; ++candidate) {
-        if (difference(m_index.artistCounts()[candidate], counts) <= most && !compareWith(candidate))
+    const std::size_t length = m_index.songs()[m_song].artistLength;
+    for (const FurtherIndex::ArtistLength &group : m_index.byArtistLength()) {
+        const std::size_t longer = std::max(length, group.length);
+        const std::size_t limit = largestDistance(longer, MATCH_ARTIST_SIMILARITY);
+        if (longer - std::min(length, group.length) <= limit && !compareWithArtistsOf(group, limit))
             return;
     }
+}
+
+bool FurtherMatches::compareWithArtistsOf(const FurtherIndex::ArtistLength &group, std::size_t limit)
+{
+    constexpr std::size_t SONGS_AT_A_TIME = 4096;
+    const FurtherArtists &artists = m_index.artists();
+    const std::uint64_t pairBits = artists.pairBitsOf(artists.of(m_song));
+    const auto placeOf = [&group](Position song) {
+        const auto place = std::lower_bound(group.songs.begin(), group.songs.end(), song);
+        return static_cast<std::size_t>(place - group.songs.begin());
+    };
+    const std::size_t end = placeOf(m_window.end);
+    for (std::size_t begin = placeOf(m_window.begin); begin < end; begin += SONGS_AT_A_TIME) {
+        m_near.clear();
+        appendNear(m_near, static_cast<std::uint32_t>(begin),
+                   std::span(group.pairBits).subspan(begin, std::min(SONGS_AT_A_TIME, end - begin)), pairBits,
+                   limit);
+        for (const std::uint32_t place : m_near) {
+            if (!compareWith(group.songs[place]))
+                return false;
+        }
+    }
+    return true;
 }
 
 void FurtherMatches::compareWithProposed()
@@ -320,11 +366,15 @@ bool FurtherMatches::compareWith(Position candidate)
     if (lastQuery >= m_query || candidate == m_song)
         return true;
     lastQuery = m_query;
+    const FurtherSong &song = m_index.songs()[m_song];
+    const FurtherSong &other = m_index.songs()[candidate];
+    if (!mayMatchFurther(song, other))
+        return true;
     const FurtherArtists &artists = m_index.artists();
     const FurtherArtists::Artist artist = artists.of(candidate);
     const bool mayBeSimilar = m_areArtistsKnown ? m_similarArtists[artist] == m_query
                                                 : artists.mayBeSimilar(artists.of(m_song), artist);
-    if (mayBeSimilar && songsMatchFurther(m_index.songs()[m_song], m_index.songs()[candidate]))
+    if (mayBeSimilar && songsMatchFurther(song, other))
         m_matches.push_back(candidate);
     return m_matches.size() < m_most;
 }

@@ -1,6 +1,5 @@
 #pragma once
 
-#include "analysis/character_counts.h"
 #include "analysis/disjoint_grams.h"
 #include "analysis/further_artists.h"
 #include "analysis/further_keys.h"
@@ -62,9 +61,16 @@ public:
     /// Whether any song can have this title; see FurtherKeys::titleKeyOf(). In the scope of its family.
     [[nodiscard]] bool mayHaveTitle(FurtherKeys::Hash title) const { return m_hasTitle[placeOf(title)]; }
 
-    /// The counts of the artists of all songs, side by side to be read fast; empty if the similar artists of
-    /// all are known.
-    [[nodiscard]] const std::vector<CharacterCounts> &artistCounts() const { return m_artistCounts; }
+    /// The songs whose artists are of one length.
+    struct ArtistLength
+    {
+        std::size_t length = 0;
+        /// Ascending, and FurtherArtists::pairBitsOf() of the artist of each: side by side, to be read fast.
+        std::vector<Position> songs;
+        std::vector<std::uint64_t> pairBits;
+    };
+    /// Empty if the similar artists of all are known.
+    [[nodiscard]] const std::vector<ArtistLength> &byArtistLength() const { return m_byArtistLength; }
 
 private:
     [[nodiscard]] std::size_t placeOf(FurtherKeys::Hash title) const
@@ -73,6 +79,7 @@ private:
     }
     [[nodiscard]] bool isLarge(FurtherArtists::Artist artist) const;
     void chooseSongsWithKeys(const std::stop_token &stop);
+    void groupByArtistLength();
     [[nodiscard]] bool hasKeys(Position song) const { return m_hasKeys[m_artists.of(song)] != 0; }
     void countKeys();
     void fillBlock(FurtherKeys &keys, std::size_t block);
@@ -86,7 +93,7 @@ private:
     std::vector<char> m_hasKeys;
     WindowIndex m_byKey;
     std::vector<bool> m_hasTitle;
-    std::vector<CharacterCounts> m_artistCounts;
+    std::vector<ArtistLength> m_byArtistLength;
     /// The songs whose keys were counted, and how often common keys are among those at least.
     std::size_t m_countedSongs = 0;
     std::size_t m_commonCount = 0;
@@ -150,9 +157,12 @@ private:
     /// Decides how to find the matches.
     /// @return about how many songs have to be read from memory
     std::size_t chooseWay();
+    [[nodiscard]] std::size_t costOfWindow() const;
     void find();
 
     void compareWithWindow();
+    /// @return whether to go on
+    bool compareWithArtistsOf(const FurtherIndex::ArtistLength &group, std::size_t limit);
     void compareWithSimilarArtists();
     void compareWithProposed();
     /// @return whether to go on
@@ -202,6 +212,7 @@ private:
     // Kept for their memory.
     std::vector<std::size_t> m_counts;
     DisjointGrams m_choice;
+    std::vector<std::uint32_t> m_near;
 };
 
 } // namespace sonavo

@@ -58,18 +58,6 @@ std::uint64_t numberBitsOf(std::u32string_view title)
     return bits;
 }
 
-std::uint64_t bigramBitsOf(std::u32string_view title)
-{
-    constexpr std::uint32_t MULTIPLIER = 2654435769U;
-    constexpr int SIX_BITS = 32 - 6;
-    std::uint64_t bits = 0;
-    for (std::size_t i = 1; i < title.size(); ++i) {
-        const std::uint32_t pair = title[i - 1] << 16 ^ title[i];
-        bits |= std::uint64_t{1} << (pair * MULTIPLIER >> SIX_BITS);
-    }
-    return bits;
-}
-
 std::uint64_t titleWordBitsOf(std::u32string_view title)
 {
     std::uint64_t bits = 0;
@@ -145,7 +133,7 @@ bool haveCompatibleNumbers(const FurtherSong &a, const FurtherSong &b, TrackNumb
 /// A quick test before oneTitleContainsTheOther().
 bool mayOneTitleContainTheOther(const FurtherSong &a, const FurtherSong &b)
 {
-    return (a.titleBigrams & ~b.titleBigrams) == 0 || (b.titleBigrams & ~a.titleBigrams) == 0;
+    return (a.titlePairBits & ~b.titlePairBits) == 0 || (b.titlePairBits & ~a.titlePairBits) == 0;
 }
 
 bool oneTitleContainsTheOther(const FurtherSong &a, const FurtherSong &b, TrackNumber number)
@@ -220,7 +208,7 @@ public:
         prepared.numberLength = numberLengthOf(title);
         prepared.tailLength = tailLengthOf(song.title, title, prepared.numberLength);
         const std::u32string_view bare = std::u32string_view(title).substr(prepared.numberLength);
-        prepared.titleBigrams = bigramBitsOf(bare);
+        prepared.titlePairBits = pairBitsOf(bare);
         prepared.otherNumberBits = numberBitsOf(bare);
         prepared.trackNumberBit = numberBitsOf(std::u32string_view(title).substr(0, prepared.numberLength));
         m_texts += text;

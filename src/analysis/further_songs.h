@@ -55,9 +55,8 @@ struct FurtherSong
     /// See numberBits().
     std::uint64_t otherNumberBits = 0;
     std::uint64_t trackNumberBit = 0;
-    /// One bit for each pair of neighbouring characters of the title without its number; different pairs can
-    /// share a bit. A title that contains another has all of its bits.
-    std::uint64_t titleBigrams = 0;
+    /// Of the title without its number; see pairBitsOf(). A title that contains another has all of its bits.
+    std::uint64_t titlePairBits = 0;
     /// Characters of artist and title joined, of the artist, of the track number with the blank behind it,
     /// and of the tail with the blank before it.
     std::uint32_t wholeLength = 0;

@@ -10,6 +10,8 @@
 #include <cmath>
 #include <functional>
 #include <numeric>
+#include <string>
+#include <vector>
 
 namespace sonavo::direct {
 namespace {
@@ -160,11 +162,17 @@ bool songsMatchFurther(const Song &a, const Song &b)
     if (!(std::abs(a.duration - b.duration) <= 5.0))
         return false;
 
+    const QString wholeA = normalizeAllScripts(a.title);
+    const QString wholeB = normalizeAllScripts(b.title);
+    if (!furtherTitleWordsOf(wholeA).intersects(furtherTitleWordsOf(wholeB)))
+        return false;
+
     static const QRegularExpression the(u"^the "_s);
     const QString artistA = normalizeAllScripts(a.artist).remove(the);
     const QString artistB = normalizeAllScripts(b.artist).remove(the);
-    const QString wholeA = normalizeAllScripts(a.title);
-    const QString wholeB = normalizeAllScripts(b.title);
+    if (similarity(artistA, artistB) < 0.7)
+        return false;
+
     const bool areOfOneKind =
         (wholeA == withoutTrackNumber(wholeA)) == (wholeB == withoutTrackNumber(wholeB));
     const auto compared = [&](const QString &t) { return areOfOneKind ? t : withoutTrackNumber(t); };
@@ -175,8 +183,7 @@ bool songsMatchFurther(const Song &a, const Song &b)
     const auto areSimilar = [&](const QString &x, const QString &y) {
         return similarity((artistA + u' ' + x).trimmed(), (artistB + u' ' + y).trimmed()) >= 0.9;
     };
-    return furtherTitleWordsOf(wholeA).intersects(furtherTitleWordsOf(wholeB)) &&
-           similarity(artistA, artistB) >= 0.7 && haveCompatibleNumbers(titleA, titleB) &&
+    return haveCompatibleNumbers(titleA, titleB) &&
            (containsWords(titleA, titleB) || containsWords(titleB, titleA) || areSimilar(titleA, titleB) ||
             ((shortA == titleA) != (shortB == titleB) && areSimilar(shortA, shortB)));
 }
@@ -194,14 +201,14 @@ QString normalizeString(const QString &text)
 
 int levenshteinDistance(const QString &textA, const QString &textB)
 {
-    const QList<uint> a = textA.toUcs4();
-    const QList<uint> b = textB.toUcs4();
-    QList<QList<int>> table(a.size() + 1, QList<int>(b.size() + 1));
-    for (int i = 0; i <= a.size(); ++i)
-        table[i][0] = i;
+    const std::u32string a = textA.toStdU32String();
+    const std::u32string b = textB.toStdU32String();
+    std::vector<std::vector<int>> table(a.size() + 1, std::vector<int>(b.size() + 1));
+    for (std::size_t i = 0; i <= a.size(); ++i)
+        table[i][0] = int(i);
     std::iota(table[0].begin(), table[0].end(), 0);
-    for (int i = 0; i < a.size(); ++i) {
-        for (int j = 0; j < b.size(); ++j) {
+    for (std::size_t i = 0; i < a.size(); ++i) {
+        for (std::size_t j = 0; j < b.size(); ++j) {
             table[i + 1][j + 1] =
                 a[i] == b[j] ? table[i][j] : 1 + std::min({table[i][j + 1], table[i + 1][j], table[i][j]});
         }

@@ -1,5 +1,6 @@
 #include "analysis/direct_analysis.h"
 #include "analysis/find_further.h"
+#include "analysis/further_matches.h"
 #include "generators/library_generator.h"
 #include "testing/arbitrary_songs.h"
 
@@ -40,8 +41,7 @@ TEST(FindFurther, AgreesWithTheDirectWayOnLibrariesAsUsersHaveThem)
     QList<Song> dense;
     for (int i = 0; i < 140; ++i) {
         const QString letters = QString(QChar(u'a' + i * 37 % 140 / 12)) + QChar(u'a' + i * 37 % 140 % 12);
-        dense << songOf(u""_s, u"Track %1 of the Complete Collection"_s.arg(letters),
-                        180.0 + 0.06 * (i * 91 % 140));
+        dense << songOf(u""_s, u"Track %1 of the Best Of"_s.arg(letters), 180.0 + 0.06 * (i * 91 % 140));
         dense.last().size = i * 53 % 140;
     }
     // One title by artists of whom some are similar.
@@ -53,14 +53,61 @@ TEST(FindFurther, AgreesWithTheDirectWayOnLibrariesAsUsersHaveThem)
         artist[i % 4 * 2] = u'-';
         covers << songOf(artist, i % 4 == 0 ? u"Night Song (Live)"_s : u"Night Song"_s, 180.0 + 0.1 * i);
     }
-    QList<QList<Song>> libraries{dense, covers};
+    // Artists that are all alike.
+    QList<Song> bands;
+    for (int i = 0; i < 90; ++i) {
+        QString artist = u"quartetofnames"_s;
+        artist[i % 7] = QChar(u'a' + i / 7);
+        artist[7 + i % 5] = QChar(u'a' + i % 11);
+        bands << songOf(artist, u"Night %1 Song %2"_s.arg(i * 7 % 30).arg(i % 4),
+                        180.0 + 0.1 * (i * 37 % 90));
+    }
+    QList<QList<Song>> libraries{dense, covers, bands};
     for (const LibraryKind kind : {LibraryKind::Realistic, LibraryKind::NumberedTracks,
                                    LibraryKind::OneArtist, LibraryKind::TenSeconds})
-        libraries << generateLibrary({.songs = 200, .kind = kind, .seed = 7});
+        libraries << generateLibrary({.songs = 120, .kind = kind, .seed = 7});
     for (const QList<Song> &songs : libraries) {
         const QList<DuplicateGroup> expected = direct::findFurther(songs);
         EXPECT_GE(expected.size(), 2);
         EXPECT_TRUE(areAlike(further(songs), expected));
+    }
+}
+
+/// Songs of a few hundred recordings whose titles contain those of others, by similar artists.
+QList<Song> medleys()
+{
+    QList<Song> songs = generateLibrary({.songs = 600, .kind = LibraryKind::OneArtist, .seed = 3});
+    for (qsizetype i = 0; i < songs.size(); ++i) {
+        songs[i].duration = 180.0 + double(i % 7);
+        songs[i].artist = i % 9 == 0 ? u"Sonomirego"_s : u"Sonomirage"_s;
+        if (i % 3 == 0)
+            songs[i].title += u' ' + songs[(i * 7 + 1) % songs.size()].title;
+    }
+    return songs;
+}
+
+TEST(FurtherMatches, FindsEverySongThatMatches)
+{
+    // Large enough that the index is asked for most songs.
+    QList<Song> alike = medleys();
+    for (qsizetype i = 0; i < alike.size(); ++i) {
+        alike[i].artist = u"quartetofnames"_s;
+        alike[i].artist[i % 7] = QChar(char16_t(u'a' + i / 7 % 26));
+        alike[i].artist[7 + i % 5] = QChar(char16_t(u'a' + i % 11));
+    }
+    const QList<Song> one = generateLibrary({.songs = 600, .kind = LibraryKind::NumberedTracks, .seed = 5});
+    for (const QList<Song> &library : {medleys(), alike, one}) {
+        const FurtherSongs songs(library, {});
+        const FurtherIndex index(songs, {});
+        FurtherMatches matches(index);
+        for (FurtherSongs::Position song = 0; song < songs.size(); ++song) {
+            std::vector<FurtherSongs::Position> expected;
+            for (FurtherSongs::Position other = 0; other < songs.size(); ++other) {
+                if (other != song && songsMatchFurther(songs[song], songs[other]))
+                    expected.push_back(other);
+            }
+            EXPECT_THAT(matches.matchesOf(song, songs.size()), testing::UnorderedElementsAreArray(expected));
+        }
     }
 }
 
