@@ -27,7 +27,7 @@ protected:
     /// A slow disk delays what is imported.
     [[nodiscard]] bool isScanning() const
     {
-        return QTest::qWaitFor([this] { return scan.state().isRunning; });
+        return QTest::qWaitFor([this] { return scan.state().isRunning; }, 20'000);
     }
 
     const QUrl song = QUrl::fromLocalFile(QStringLiteral(SONAVO_SAMPLES "/Albums/Cora Lind - Go.mp3"));
@@ -58,10 +58,12 @@ TEST_F(ImporterTest, AsksBeforeALargeImportAndRefusesAHugeOne)
         library.setSongs(QList<Song>(entry.songs));
         const bool hasStarted = importer.importDroppedItems(QList<QUrl>(entry.items, song));
         EXPECT_TRUE(entry.starts || !hasStarted);
-        ASSERT_TRUE(QTest::qWaitFor([&] {
-            return scan.state().isRunning == entry.starts && importer.state().isAsking == entry.asks &&
-                   notices.state().isAlertShown == entry.refuses;
-        }));
+        ASSERT_TRUE(QTest::qWaitFor(
+            [&] {
+                return scan.state().isRunning == entry.starts && importer.state().isAsking == entry.asks &&
+                       notices.state().isAlertShown == entry.refuses;
+            },
+            20'000));
         EXPECT_EQ(importer.state().pendingUrls.size(), entry.asks ? entry.items : 0);
     }
     EXPECT_THAT(
@@ -73,7 +75,7 @@ TEST_F(ImporterTest, ImportsWhatIsChosenUnlessTheSessionWasClearedMeanwhile)
 {
     desktop.choice = QList<QUrl>(500'001, song);
     EXPECT_FALSE(importer.importWithOpenPanel());
-    EXPECT_TRUE(QTest::qWaitFor([this] { return notices.state().isAlertShown; }));
+    EXPECT_TRUE(QTest::qWaitFor([this] { return notices.state().isAlertShown; }, 20'000));
     EXPECT_EQ(notices.state().alertMessage,
               u"Cannot import more than 500000 songs.\nPlease select a smaller folder."_s);
 
@@ -123,7 +125,7 @@ TEST_F(ImporterTest, CountsWhatIsOpenedInsteadOfEstimatingIt)
     const QList<QUrl> folders(3, QUrl::fromLocalFile(folder.path()));
     // An estimate of more than 500,000.
     importer.importDroppedItems(folders + folders);
-    ASSERT_TRUE(QTest::qWaitFor([this] { return notices.state().isAlertShown; }));
+    ASSERT_TRUE(QTest::qWaitFor([this] { return notices.state().isAlertShown; }, 20'000));
     notices.clearAlert();
     // More than 10,000, then exactly as many.
     for (const bool isAsked : {true, false}) {
@@ -157,7 +159,7 @@ TEST_F(ImporterTest, OffersToScanAllThatWasDroppedTogether)
     EXPECT_FALSE(isOffered());
 
     importer.importDrop(folders + QList{text});
-    ASSERT_TRUE(QTest::qWaitFor(isOffered));
+    ASSERT_TRUE(QTest::qWaitFor(isOffered, 20'000));
     EXPECT_EQ(importer.scanAllText(), u"Scan All 2"_s);
     EXPECT_EQ(importer.scanAllNote(), u"Of 2 items that were dropped, only \u201cb\\n\u201d is scanned"_s);
     EXPECT_EQ(notices.state().toastMessage, importer.scanAllNote());
