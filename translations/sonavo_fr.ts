@@ -49,8 +49,8 @@
         <source>Found %n duplicate files • %1 • Use speaker icon to verify before deleting</source>
         <comment>%1 says how many more were found</comment>
         <translation>
-            <numerusform>%Ln fichier en double trouvé • %1 • Vérifiez avec le haut-parleur avant de supprimer</numerusform>
-            <numerusform>%Ln fichiers en double trouvés • %1 • Vérifiez avec le haut-parleur avant de supprimer</numerusform>
+            <numerusform>%Ln fichier en double • %1 • Écoutez avant de supprimer</numerusform>
+            <numerusform>%Ln fichiers en double • %1 • Écoutez avant de supprimer</numerusform>
         </translation>
     </message>
     <message numerus="yes">
@@ -89,7 +89,7 @@
     </message>
     <message>
         <source>Zero KB</source>
-        <translation>0 ko</translation>
+        <translation>0 ko</translation>
     </message>
     <message>
         <source>1 byte</source>
@@ -1258,7 +1258,7 @@ Veuillez choisir un dossier plus petit.</translation>
     <message>
         <source>999.99 GB</source>
         <comment>the longest size, for the width of its column</comment>
-        <translation>999,99 Go</translation>
+        <translation>999,99 Go</translation>
     </message>
     <message>
         <source>ORIGINAL</source>

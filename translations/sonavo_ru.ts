@@ -49,9 +49,9 @@
         <source>Found %n duplicate files • %1 • Use speaker icon to verify before deleting</source>
         <comment>%1 says how many more were found</comment>
         <translation>
-            <numerusform>Найден %Ln повторяющийся файл • %1 • Перед удалением прослушайте его</numerusform>
-            <numerusform>Найдено %Ln повторяющихся файла • %1 • Перед удалением прослушайте их</numerusform>
-            <numerusform>Найдено %Ln повторяющихся файлов • %1 • Перед удалением прослушайте их</numerusform>
+            <numerusform>%Ln повторяющийся файл • %1 • Прослушайте перед удалением</numerusform>
+            <numerusform>%Ln повторяющихся файла • %1 • Прослушайте перед удалением</numerusform>
+            <numerusform>%Ln повторяющихся файлов • %1 • Прослушайте перед удалением</numerusform>
         </translation>
     </message>
     <message numerus="yes">
@@ -67,31 +67,31 @@
     <name>ByteCount</name>
     <message>
         <source>%1 KB</source>
-        <translation>%1 КБ</translation>
+        <translation>%1 КБ</translation>
     </message>
     <message>
         <source>%1 MB</source>
-        <translation>%1 МБ</translation>
+        <translation>%1 МБ</translation>
     </message>
     <message>
         <source>%1 GB</source>
-        <translation>%1 ГБ</translation>
+        <translation>%1 ГБ</translation>
     </message>
     <message>
         <source>%1 TB</source>
-        <translation>%1 ТБ</translation>
+        <translation>%1 ТБ</translation>
     </message>
     <message>
         <source>%1 PB</source>
-        <translation>%1 ПБ</translation>
+        <translation>%1 ПБ</translation>
     </message>
     <message>
         <source>%1 EB</source>
-        <translation>%1 ЭБ</translation>
+        <translation>%1 ЭБ</translation>
     </message>
     <message>
         <source>Zero KB</source>
-        <translation>0 КБ</translation>
+        <translation>0 КБ</translation>
     </message>
     <message>
         <source>1 byte</source>
@@ -1290,7 +1290,7 @@ Please select a smaller folder.</source>
     <message>
         <source>999.99 GB</source>
         <comment>the longest size, for the width of its column</comment>
-        <translation>999,99 ГБ</translation>
+        <translation>999,99 ГБ</translation>
     </message>
     <message>
         <source>ORIGINAL</source>
