@@ -85,23 +85,21 @@ bool usesWayland()
            (qEnvironmentVariableIsEmpty("DISPLAY") || qgetenv("XDG_SESSION_TYPE") == "wayland");
 }
 
-/// By how much text should be larger, apart from what Qt does by itself: on X11 it scales everything with the
-/// resolution that the desktop has set for fonts.
+/// By how much text should be larger, apart from what Qt does by itself: it scales everything with the
+/// resolution that QT_FONT_DPI gives or, on X11, that the desktop has set for fonts.
 double textScale()
 {
-    constexpr double NORMAL_DPI = 96.0;
-    constexpr const char *FONT_DPI = "QT_FONT_DPI";
+    if (!usesWayland() || qEnvironmentVariableIsSet("QT_FONT_DPI"))
+        return 1.0;
     // Set by one of the desktops.
     constexpr const char *WAYLAND_DPI = "QT_WAYLAND_FORCE_DPI";
-    for (const char *variable : {FONT_DPI, WAYLAND_DPI}) {
-        const double dpi = qEnvironmentVariable(variable).toDouble();
-        if (dpi <= 0.0 || (variable == WAYLAND_DPI && !usesWayland()))
-            continue;
+    constexpr double NORMAL_DPI = 96.0;
+    if (const double dpi = qEnvironmentVariable(WAYLAND_DPI).toDouble(); dpi > 0.0) {
         // Qt would enlarge its own texts once more.
-        qunsetenv(variable);
+        qunsetenv(WAYLAND_DPI);
         return dpi / NORMAL_DPI;
     }
-    const std::optional<QDBusConnection> bus = usesWayland() ? waitForSessionBus(1s) : std::nullopt;
+    const std::optional<QDBusConnection> bus = waitForSessionBus(1s);
     return bus ? readTextScale(*bus, 500ms) : 1.0;
 }
 

@@ -25,6 +25,7 @@ struct WindowParts
                 ADD_FAILURE() << message.toStdString();
         });
         ThemeManager::shared()->setCurrentTheme(AppTheme::Light);
+        ThemeManager::shared()->setWishes({});
     }
     ~WindowParts() { qInstallMessageHandler(nullptr); }
     Q_DISABLE_COPY_MOVE(WindowParts)

@@ -355,6 +355,21 @@ TEST_F(WindowTest, LightsUpUnderFilesAndImportsThemOnceWhereverTheyAreDropped)
     EXPECT_TRUE(waitForNoText(u"Scan All 2"_s));
 }
 
+TEST_F(WindowTest, RestsDuringAScanWhereTheDesktopWishesLessMotion)
+{
+    for (const bool isReduced : {false, true}) {
+        ThemeManager::shared()->setWishes({.isMotionReduced = isReduced});
+        session.startScan(SAMPLES);
+        ASSERT_TRUE(waitForText(CANCEL_SCAN));
+        QTest::qWait(300); // until what had the focus before has faded
+        const QImage before = window->grabWindow();
+        QTest::qWait(300);
+        EXPECT_EQ(window->grabWindow() == before, isReduced);
+        session.clearAll();
+        ASSERT_TRUE(waitForText(WELCOME));
+    }
+}
+
 TEST_F(WindowTest, LetsTheKeyboardReachEveryButtonAndShowsWhereItIs)
 {
     const auto pictureOf = [this](const QString &name) {
