@@ -73,31 +73,31 @@
     <name>ByteCount</name>
     <message>
         <source>%1 KB</source>
-        <translation>%1 ك.ب</translation>
+        <translation>%1&#xa0;ك.ب</translation>
     </message>
     <message>
         <source>%1 MB</source>
-        <translation>%1 م.ب</translation>
+        <translation>%1&#xa0;م.ب</translation>
     </message>
     <message>
         <source>%1 GB</source>
-        <translation>%1 ج.ب</translation>
+        <translation>%1&#xa0;ج.ب</translation>
     </message>
     <message>
         <source>%1 TB</source>
-        <translation>%1 ت.ب</translation>
+        <translation>%1&#xa0;ت.ب</translation>
     </message>
     <message>
         <source>%1 PB</source>
-        <translation>%1 ب.ب</translation>
+        <translation>%1&#xa0;ب.ب</translation>
     </message>
     <message>
         <source>%1 EB</source>
-        <translation>%1 إ.ب</translation>
+        <translation>%1&#xa0;إ.ب</translation>
     </message>
     <message>
         <source>Zero KB</source>
-        <translation>صفر ك.ب</translation>
+        <translation>صفر&#xa0;ك.ب</translation>
     </message>
     <message>
         <source>1 byte</source>
@@ -1386,7 +1386,7 @@ Please select a smaller folder.</source>
     <message>
         <source>999.99 GB</source>
         <comment>the longest size, for the width of its column</comment>
-        <translation>٩٩٩٫٩٩ ج.ب</translation>
+        <translation>٩٩٩٫٩٩&#xa0;ج.ب</translation>
     </message>
     <message>
         <source>ORIGINAL</source>

@@ -49,8 +49,8 @@
         <source>Found %n duplicate files • %1 • Use speaker icon to verify before deleting</source>
         <comment>%1 says how many more were found</comment>
         <translation>
-            <numerusform>%Ln doppelte Datei gefunden • %1 • Vor dem Löschen mit dem Lautsprechersymbol prüfen</numerusform>
-            <numerusform>%Ln doppelte Dateien gefunden • %1 • Vor dem Löschen mit dem Lautsprechersymbol prüfen</numerusform>
+            <numerusform>%Ln doppelte Datei • %1 • Vor dem Löschen mit dem Lautsprecher prüfen</numerusform>
+            <numerusform>%Ln doppelte Dateien • %1 • Vor dem Löschen mit dem Lautsprecher prüfen</numerusform>
         </translation>
     </message>
     <message numerus="yes">
@@ -65,31 +65,31 @@
     <name>ByteCount</name>
     <message>
         <source>%1 KB</source>
-        <translation>%1 kB</translation>
+        <translation>%1&#xa0;kB</translation>
     </message>
     <message>
         <source>%1 MB</source>
-        <translation>%1 MB</translation>
+        <translation>%1&#xa0;MB</translation>
     </message>
     <message>
         <source>%1 GB</source>
-        <translation>%1 GB</translation>
+        <translation>%1&#xa0;GB</translation>
     </message>
     <message>
         <source>%1 TB</source>
-        <translation>%1 TB</translation>
+        <translation>%1&#xa0;TB</translation>
     </message>
     <message>
         <source>%1 PB</source>
-        <translation>%1 PB</translation>
+        <translation>%1&#xa0;PB</translation>
     </message>
     <message>
         <source>%1 EB</source>
-        <translation>%1 EB</translation>
+        <translation>%1&#xa0;EB</translation>
     </message>
     <message>
         <source>Zero KB</source>
-        <translation>0 kB</translation>
+        <translation>0&#xa0;kB</translation>
     </message>
     <message>
         <source>1 byte</source>
@@ -109,7 +109,7 @@
     <message>
         <source>%1%</source>
         <comment>a percentage</comment>
-        <translation>%1 %</translation>
+        <translation>%1&#xa0;%</translation>
     </message>
     <message>
         <source>of this step</source>
@@ -118,7 +118,7 @@
     </message>
     <message>
         <source>Your files stay as they are</source>
-        <translation>Ihre Dateien bleiben, wie sie sind</translation>
+        <translation>Dateien bleiben unverändert</translation>
     </message>
     <message>
         <source>Cancel &amp; Go Back</source>
@@ -274,7 +274,7 @@
     <message>
         <source>%1%</source>
         <comment>a percentage</comment>
-        <translation>%1 %</translation>
+        <translation>%1&#xa0;%</translation>
     </message>
     <message>
         <source>Stopping…</source>
@@ -1258,7 +1258,7 @@ Bitte wählen Sie einen kleineren Ordner.</translation>
     <message>
         <source>999.99 GB</source>
         <comment>the longest size, for the width of its column</comment>
-        <translation>999,99 GB</translation>
+        <translation>999,99&#xa0;GB</translation>
     </message>
     <message>
         <source>ORIGINAL</source>

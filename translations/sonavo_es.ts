@@ -49,8 +49,8 @@
         <source>Found %n duplicate files • %1 • Use speaker icon to verify before deleting</source>
         <comment>%1 says how many more were found</comment>
         <translation>
-            <numerusform>%Ln archivo duplicado encontrado • %1 • Compruebe con el altavoz antes de eliminar</numerusform>
-            <numerusform>%Ln archivos duplicados encontrados • %1 • Compruebe con el altavoz antes de eliminar</numerusform>
+            <numerusform>%Ln archivo duplicado • %1 • Escuche antes de eliminar</numerusform>
+            <numerusform>%Ln archivos duplicados • %1 • Escuche antes de eliminar</numerusform>
         </translation>
     </message>
     <message numerus="yes">
@@ -65,31 +65,31 @@
     <name>ByteCount</name>
     <message>
         <source>%1 KB</source>
-        <translation>%1 kB</translation>
+        <translation>%1&#xa0;kB</translation>
     </message>
     <message>
         <source>%1 MB</source>
-        <translation>%1 MB</translation>
+        <translation>%1&#xa0;MB</translation>
     </message>
     <message>
         <source>%1 GB</source>
-        <translation>%1 GB</translation>
+        <translation>%1&#xa0;GB</translation>
     </message>
     <message>
         <source>%1 TB</source>
-        <translation>%1 TB</translation>
+        <translation>%1&#xa0;TB</translation>
     </message>
     <message>
         <source>%1 PB</source>
-        <translation>%1 PB</translation>
+        <translation>%1&#xa0;PB</translation>
     </message>
     <message>
         <source>%1 EB</source>
-        <translation>%1 EB</translation>
+        <translation>%1&#xa0;EB</translation>
     </message>
     <message>
         <source>Zero KB</source>
-        <translation>0 kB</translation>
+        <translation>0&#xa0;kB</translation>
     </message>
     <message>
         <source>1 byte</source>
@@ -109,7 +109,7 @@
     <message>
         <source>%1%</source>
         <comment>a percentage</comment>
-        <translation>%1 %</translation>
+        <translation>%1&#xa0;%</translation>
     </message>
     <message>
         <source>of this step</source>
@@ -274,7 +274,7 @@
     <message>
         <source>%1%</source>
         <comment>a percentage</comment>
-        <translation>%1 %</translation>
+        <translation>%1&#xa0;%</translation>
     </message>
     <message>
         <source>Stopping…</source>
@@ -1155,11 +1155,11 @@ Seleccione una carpeta más pequeña.</translation>
     </message>
     <message>
         <source>Good Performance: 5000-10000 songs</source>
-        <translation>Buen rendimiento: de 5000 a 10 000 canciones</translation>
+        <translation>Buen rendimiento: de 5000 a 10&#xa0;000 canciones</translation>
     </message>
     <message>
         <source>Maximum per session: 500000 songs</source>
-        <translation>Máximo por sesión: 500 000 canciones</translation>
+        <translation>Máximo por sesión: 500&#xa0;000 canciones</translation>
     </message>
     <message>
         <source>Cancel</source>
@@ -1258,7 +1258,7 @@ Seleccione una carpeta más pequeña.</translation>
     <message>
         <source>999.99 GB</source>
         <comment>the longest size, for the width of its column</comment>
-        <translation>999,99 GB</translation>
+        <translation>999,99&#xa0;GB</translation>
     </message>
     <message>
         <source>ORIGINAL</source>

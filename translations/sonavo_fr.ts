@@ -24,19 +24,19 @@
     <name>Analysis</name>
     <message>
         <source>Step 1/4: Grouping by exact title...</source>
-        <translation>Étape 1/4 : regroupement par titre exact…</translation>
+        <translation>Étape 1/4&#xa0;: regroupement par titre exact…</translation>
     </message>
     <message>
         <source>Step 2/4: Analyzing filename similarities...</source>
-        <translation>Étape 2/4 : analyse des noms de fichiers semblables…</translation>
+        <translation>Étape 2/4&#xa0;: analyse des noms de fichiers semblables…</translation>
     </message>
     <message>
         <source>Step 3/4: Comparing artist and title...</source>
-        <translation>Étape 3/4 : comparaison des artistes et des titres…</translation>
+        <translation>Étape 3/4&#xa0;: comparaison des artistes et des titres…</translation>
     </message>
     <message>
         <source>Step 4/4: Deep comparison of remaining songs...</source>
-        <translation>Étape 4/4 : comparaison approfondie des morceaux restants…</translation>
+        <translation>Étape 4/4&#xa0;: comparaison approfondie des morceaux restants…</translation>
     </message>
 </context>
 <context>
@@ -49,8 +49,8 @@
         <source>Found %n duplicate files • %1 • Use speaker icon to verify before deleting</source>
         <comment>%1 says how many more were found</comment>
         <translation>
-            <numerusform>%Ln fichier en double trouvé • %1 • Vérifiez avec le haut-parleur avant de supprimer</numerusform>
-            <numerusform>%Ln fichiers en double trouvés • %1 • Vérifiez avec le haut-parleur avant de supprimer</numerusform>
+            <numerusform>%Ln fichier en double • %1 • Écoutez avant de supprimer</numerusform>
+            <numerusform>%Ln fichiers en double • %1 • Écoutez avant de supprimer</numerusform>
         </translation>
     </message>
     <message numerus="yes">
@@ -65,31 +65,31 @@
     <name>ByteCount</name>
     <message>
         <source>%1 KB</source>
-        <translation>%1 ko</translation>
+        <translation>%1&#xa0;ko</translation>
     </message>
     <message>
         <source>%1 MB</source>
-        <translation>%1 Mo</translation>
+        <translation>%1&#xa0;Mo</translation>
     </message>
     <message>
         <source>%1 GB</source>
-        <translation>%1 Go</translation>
+        <translation>%1&#xa0;Go</translation>
     </message>
     <message>
         <source>%1 TB</source>
-        <translation>%1 To</translation>
+        <translation>%1&#xa0;To</translation>
     </message>
     <message>
         <source>%1 PB</source>
-        <translation>%1 Po</translation>
+        <translation>%1&#xa0;Po</translation>
     </message>
     <message>
         <source>%1 EB</source>
-        <translation>%1 Eo</translation>
+        <translation>%1&#xa0;Eo</translation>
     </message>
     <message>
         <source>Zero KB</source>
-        <translation>0 ko</translation>
+        <translation>0&#xa0;ko</translation>
     </message>
     <message>
         <source>1 byte</source>
@@ -109,7 +109,7 @@
     <message>
         <source>%1%</source>
         <comment>a percentage</comment>
-        <translation>%1 %</translation>
+        <translation>%1&#x202f;%</translation>
     </message>
     <message>
         <source>of this step</source>
@@ -181,12 +181,12 @@
     <message>
         <source>%1, so the file was put back</source>
         <comment>%1 says what has happened, without a full stop</comment>
-        <translation>%1 ; le fichier a donc été remis en place</translation>
+        <translation>%1&#x202f;; le fichier a donc été remis en place</translation>
     </message>
     <message>
         <source>%1. The file is at %2 now: %3</source>
         <comment>what has happened, a path, and why the file could not be put back</comment>
-        <translation>%1. Le fichier se trouve maintenant à %2 : %3</translation>
+        <translation>%1. Le fichier se trouve maintenant à %2&#xa0;: %3</translation>
     </message>
     <message>
         <source>%1.</source>
@@ -200,7 +200,7 @@
     <message>
         <source>It stays at %1: %2</source>
         <comment>a path and the reason</comment>
-        <translation>Il reste à %1 : %2</translation>
+        <translation>Il reste à %1&#xa0;: %2</translation>
     </message>
     <message>
         <source>Another song of this group is the very same file and would be gone as well.</source>
@@ -213,12 +213,12 @@
     <message>
         <source>Moving %L1 of %L2 to the Trash</source>
         <comment>files</comment>
-        <translation>Mise à la corbeille : %L1 sur %L2</translation>
+        <translation>Mise à la corbeille&#xa0;: %L1 sur %L2</translation>
     </message>
     <message>
         <source>Moving %L1 of %L2 to the folder</source>
         <comment>files</comment>
-        <translation>Déplacement vers le dossier : %L1 sur %L2</translation>
+        <translation>Déplacement vers le dossier&#xa0;: %L1 sur %L2</translation>
     </message>
     <message>
         <source>Select a folder to move duplicate files to</source>
@@ -230,7 +230,7 @@
     </message>
     <message>
         <source>Failed to create folder: %1</source>
-        <translation>Impossible de créer le dossier : %1</translation>
+        <translation>Impossible de créer le dossier&#xa0;: %1</translation>
     </message>
     <message>
         <source>Folder path copied to clipboard</source>
@@ -238,21 +238,21 @@
     </message>
     <message>
         <source>Could not delete file: %1</source>
-        <translation>Impossible de supprimer le fichier : %1</translation>
+        <translation>Impossible de supprimer le fichier&#xa0;: %1</translation>
     </message>
     <message>
         <source>Moved to Trash: %1</source>
-        <translation>Mis à la corbeille : %1</translation>
+        <translation>Mis à la corbeille&#xa0;: %1</translation>
     </message>
     <message>
         <source>Putting back %L1 of %L2</source>
         <comment>files</comment>
-        <translation>Remise en place : %L1 sur %L2</translation>
+        <translation>Remise en place&#xa0;: %L1 sur %L2</translation>
     </message>
     <message>
         <source>Undone: %1</source>
         <comment>the name of a step, such as Keep This One</comment>
-        <translation>Annulé : %1</translation>
+        <translation>Annulé&#xa0;: %1</translation>
     </message>
     <message>
         <source>Move to Trash</source>
@@ -274,7 +274,7 @@
     <message>
         <source>%1%</source>
         <comment>a percentage</comment>
-        <translation>%1 %</translation>
+        <translation>%1&#x202f;%</translation>
     </message>
     <message>
         <source>Stopping…</source>
@@ -401,8 +401,8 @@
         <source>The new disk could not store all attributes of %Ln songs: %1</source>
         <extracomment>%1 lists names of extended attributes of the file system</extracomment>
         <translation>
-            <numerusform>Le nouveau disque n’a pas pu conserver tous les attributs de %Ln morceau : %1</numerusform>
-            <numerusform>Le nouveau disque n’a pas pu conserver tous les attributs de %Ln morceaux : %1</numerusform>
+            <numerusform>Le nouveau disque n’a pas pu conserver tous les attributs de %Ln morceau&#xa0;: %1</numerusform>
+            <numerusform>Le nouveau disque n’a pas pu conserver tous les attributs de %Ln morceaux&#xa0;: %1</numerusform>
         </translation>
     </message>
     <message numerus="yes">
@@ -432,8 +432,8 @@
         <source>%Ln files could not be put back:</source>
         <comment>a list follows</comment>
         <translation>
-            <numerusform>%Ln fichier n’a pas pu être remis en place :</numerusform>
-            <numerusform>%Ln fichiers n’ont pas pu être remis en place :</numerusform>
+            <numerusform>%Ln fichier n’a pas pu être remis en place&#xa0;:</numerusform>
+            <numerusform>%Ln fichiers n’ont pas pu être remis en place&#xa0;:</numerusform>
         </translation>
     </message>
     <message numerus="yes">
@@ -601,7 +601,7 @@
     <message>
         <source>It is not certain that the file was moved (%1). Look for it at %2 and at %3, and for what was put in its place at %4.</source>
         <comment>an error and three paths</comment>
-        <translation>Il n’est pas certain que le fichier ait été déplacé (%1). Cherchez-le à %2 et à %3 ; ce qui a été mis à sa place est à %4.</translation>
+        <translation>Il n’est pas certain que le fichier ait été déplacé (%1). Cherchez-le à %2 et à %3&#x202f;; ce qui a été mis à sa place est à %4.</translation>
     </message>
 </context>
 <context>
@@ -636,7 +636,7 @@
     </message>
     <message>
         <source>Sort: %1</source>
-        <translation>Tri : %1</translation>
+        <translation>Tri&#xa0;: %1</translation>
     </message>
 </context>
 <context>
@@ -686,9 +686,9 @@ For large music libraries, we recommend:
 This helps ensure accurate duplicate detection and optimal performance.</source>
         <translation>Impossible d’importer plus de %L1 morceaux en une seule session.
 
-Pour les grandes bibliothèques musicales, il est recommandé de :
+Pour les grandes bibliothèques musicales, il est recommandé de&#xa0;:
 • traiter la bibliothèque par lots, selon le genre ou le dossier
-• se limiter à 1 000 à 2 000 morceaux par session pour de meilleures performances
+• se limiter à 1&#x202f;000 à 2&#x202f;000 morceaux par session pour de meilleures performances
 • effacer les résultats précédents avant de commencer un nouveau lot
 
 La détection des doublons reste ainsi précise et rapide.</translation>
@@ -701,7 +701,7 @@ Veuillez choisir un dossier plus petit.</translation>
     </message>
     <message>
         <source>Files are being moved. Open “%1” again when that is done.</source>
-        <translation>Des fichiers sont en cours de déplacement. Rouvrez « %1 » ensuite.</translation>
+        <translation>Des fichiers sont en cours de déplacement. Rouvrez «&#xa0;%1&#xa0;» ensuite.</translation>
     </message>
     <message numerus="yes">
         <source>Files are being moved. Open these %Ln items again when that is done.</source>
@@ -713,8 +713,8 @@ Veuillez choisir un dossier plus petit.</translation>
     <message numerus="yes">
         <source>Scanning “%1” replaces this list, which still has %Ln duplicates.</source>
         <translation>
-            <numerusform>L’analyse de « %1 » remplace cette liste, qui contient encore %Ln doublon.</numerusform>
-            <numerusform>L’analyse de « %1 » remplace cette liste, qui contient encore %Ln doublons.</numerusform>
+            <numerusform>L’analyse de «&#xa0;%1&#xa0;» remplace cette liste, qui contient encore %Ln doublon.</numerusform>
+            <numerusform>L’analyse de «&#xa0;%1&#xa0;» remplace cette liste, qui contient encore %Ln doublons.</numerusform>
         </translation>
     </message>
     <message numerus="yes">
@@ -733,7 +733,7 @@ Veuillez choisir un dossier plus petit.</translation>
     <message>
         <source>Of %L1 items that were dropped, only “%2” is scanned</source>
         <extracomment>%L1 is the number of files and folders, at least 2</extracomment>
-        <translation>Sur %L1 éléments déposés, seul « %2 » est analysé</translation>
+        <translation>Sur %L1 éléments déposés, seul «&#xa0;%2&#xa0;» est analysé</translation>
     </message>
 </context>
 <context>
@@ -817,7 +817,7 @@ Veuillez choisir un dossier plus petit.</translation>
     <name>NoDuplicatesFoundView</name>
     <message>
         <source>Perfect! No Duplicates Found</source>
-        <translation>Parfait ! Aucun doublon trouvé</translation>
+        <translation>Parfait&#x202f;! Aucun doublon trouvé</translation>
     </message>
     <message>
         <source>Your music library is clean and organized</source>
@@ -882,7 +882,7 @@ Veuillez choisir un dossier plus petit.</translation>
     <name>ReplaceResultSheet</name>
     <message>
         <source>Replace the List?</source>
-        <translation>Remplacer la liste ?</translation>
+        <translation>Remplacer la liste&#x202f;?</translation>
     </message>
     <message>
         <source>Cancel</source>
@@ -902,7 +902,7 @@ Veuillez choisir un dossier plus petit.</translation>
     </message>
     <message>
         <source>Report saved: %1</source>
-        <translation>Rapport enregistré : %1</translation>
+        <translation>Rapport enregistré&#xa0;: %1</translation>
     </message>
     <message>
         <source>Show in Folder</source>
@@ -914,7 +914,7 @@ Veuillez choisir un dossier plus petit.</translation>
     </message>
     <message>
         <source>The report could not be saved: %1</source>
-        <translation>Impossible d’enregistrer le rapport : %1</translation>
+        <translation>Impossible d’enregistrer le rapport&#xa0;: %1</translation>
     </message>
 </context>
 <context>
@@ -972,7 +972,7 @@ Veuillez choisir un dossier plus petit.</translation>
     </message>
     <message>
         <source>Not a duplicate: %1</source>
-        <translation>Pas un doublon : %1</translation>
+        <translation>Pas un doublon&#xa0;: %1</translation>
     </message>
 </context>
 <context>
@@ -983,7 +983,7 @@ Veuillez choisir un dossier plus petit.</translation>
     </message>
     <message>
         <source>Step 1/4: Discovering audio files...</source>
-        <translation>Étape 1/4 : recherche des fichiers audio…</translation>
+        <translation>Étape 1/4&#xa0;: recherche des fichiers audio…</translation>
     </message>
     <message>
         <source>No audio files found in the selected folder.</source>
@@ -992,17 +992,17 @@ Veuillez choisir un dossier plus petit.</translation>
     <message numerus="yes">
         <source>Step 1/4: Processing %n audio files...</source>
         <translation>
-            <numerusform>Étape 1/4 : traitement de %Ln fichier audio…</numerusform>
-            <numerusform>Étape 1/4 : traitement de %Ln fichiers audio…</numerusform>
+            <numerusform>Étape 1/4&#xa0;: traitement de %Ln fichier audio…</numerusform>
+            <numerusform>Étape 1/4&#xa0;: traitement de %Ln fichiers audio…</numerusform>
         </translation>
     </message>
     <message>
         <source>Step 1/4: Processing audio files (%1 of %2)</source>
-        <translation>Étape 1/4 : traitement des fichiers audio (%L1 sur %L2)</translation>
+        <translation>Étape 1/4&#xa0;: traitement des fichiers audio (%L1 sur %L2)</translation>
     </message>
     <message>
         <source>Step 2/4: Preparing for duplicate analysis...</source>
-        <translation>Étape 2/4 : préparation de la recherche des doublons…</translation>
+        <translation>Étape 2/4&#xa0;: préparation de la recherche des doublons…</translation>
     </message>
     <message>
         <source>No supported audio files found.</source>
@@ -1010,7 +1010,7 @@ Veuillez choisir un dossier plus petit.</translation>
     </message>
     <message>
         <source>Step 2/4: Analyzing duplicates...</source>
-        <translation>Étape 2/4 : analyse des doublons…</translation>
+        <translation>Étape 2/4&#xa0;: analyse des doublons…</translation>
     </message>
 </context>
 <context>
@@ -1041,7 +1041,7 @@ Veuillez choisir un dossier plus petit.</translation>
     </message>
     <message>
         <source>On a Group: Hide or Show Its Songs</source>
-        <translation>Sur un groupe : masquer ou afficher ses morceaux</translation>
+        <translation>Sur un groupe&#xa0;: masquer ou afficher ses morceaux</translation>
     </message>
     <message>
         <source>Listen, or Stop</source>
@@ -1147,19 +1147,19 @@ Veuillez choisir un dossier plus petit.</translation>
     </message>
     <message>
         <source>Performance Recommendations:</source>
-        <translation>Recommandations :</translation>
+        <translation>Recommandations&#xa0;:</translation>
     </message>
     <message>
         <source>Best Performance: Up to 5000 songs</source>
-        <translation>Performances optimales : jusqu’à 5 000 morceaux</translation>
+        <translation>Performances optimales&#xa0;: jusqu’à 5&#x202f;000 morceaux</translation>
     </message>
     <message>
         <source>Good Performance: 5000-10000 songs</source>
-        <translation>Bonnes performances : de 5 000 à 10 000 morceaux</translation>
+        <translation>Bonnes performances&#xa0;: de 5&#x202f;000 à 10&#x202f;000 morceaux</translation>
     </message>
     <message>
         <source>Maximum per session: 500000 songs</source>
-        <translation>Maximum par session : 500 000 morceaux</translation>
+        <translation>Maximum par session&#xa0;: 500&#x202f;000 morceaux</translation>
     </message>
     <message>
         <source>Cancel</source>
@@ -1226,7 +1226,7 @@ Veuillez choisir un dossier plus petit.</translation>
     <name>Start</name>
     <message>
         <source>no window can be opened on this display; --report needs none</source>
-        <translation>impossible d’ouvrir une fenêtre sur cet affichage ; --report n’en a pas besoin</translation>
+        <translation>impossible d’ouvrir une fenêtre sur cet affichage&#x202f;; --report n’en a pas besoin</translation>
     </message>
     <message>
         <source>the window is moving files and can scan nothing until that is done</source>
@@ -1234,7 +1234,7 @@ Veuillez choisir un dossier plus petit.</translation>
     </message>
     <message>
         <source>there is no display to open a window on; --report needs none</source>
-        <translation>aucun affichage où ouvrir une fenêtre ; --report n’en a pas besoin</translation>
+        <translation>aucun affichage où ouvrir une fenêtre&#x202f;; --report n’en a pas besoin</translation>
     </message>
 </context>
 <context>
@@ -1258,7 +1258,7 @@ Veuillez choisir un dossier plus petit.</translation>
     <message>
         <source>999.99 GB</source>
         <comment>the longest size, for the width of its column</comment>
-        <translation>999,99 Go</translation>
+        <translation>999,99&#xa0;Go</translation>
     </message>
     <message>
         <source>ORIGINAL</source>
@@ -1290,7 +1290,7 @@ Veuillez choisir un dossier plus petit.</translation>
     <message>
         <source>The Trash of this disk cannot be used: %1</source>
         <comment>%1 is the reason</comment>
-        <translation>La corbeille de ce disque est inutilisable : %1</translation>
+        <translation>La corbeille de ce disque est inutilisable&#xa0;: %1</translation>
     </message>
     <message>
         <source>It is on another file system</source>
@@ -1312,7 +1312,7 @@ Veuillez choisir un dossier plus petit.</translation>
     <message>
         <source>Undo %1</source>
         <comment>the name of a step, such as Move to Trash</comment>
-        <translation>Annuler : %1</translation>
+        <translation>Annuler&#xa0;: %1</translation>
     </message>
 </context>
 <context>

@@ -49,7 +49,7 @@
         <source>Found %n duplicate files • %1 • Use speaker icon to verify before deleting</source>
         <comment>%1 says how many more were found</comment>
         <translation>
-            <numerusform>重複ファイルが %Ln 個見つかりました • %1 • 削除する前にスピーカーのアイコンで確認してください</numerusform>
+            <numerusform>重複ファイル %Ln 個 • %1 • 削除する前に聴いて確認してください</numerusform>
         </translation>
     </message>
     <message numerus="yes">
@@ -63,31 +63,31 @@
     <name>ByteCount</name>
     <message>
         <source>%1 KB</source>
-        <translation>%1 KB</translation>
+        <translation>%1&#xa0;KB</translation>
     </message>
     <message>
         <source>%1 MB</source>
-        <translation>%1 MB</translation>
+        <translation>%1&#xa0;MB</translation>
     </message>
     <message>
         <source>%1 GB</source>
-        <translation>%1 GB</translation>
+        <translation>%1&#xa0;GB</translation>
     </message>
     <message>
         <source>%1 TB</source>
-        <translation>%1 TB</translation>
+        <translation>%1&#xa0;TB</translation>
     </message>
     <message>
         <source>%1 PB</source>
-        <translation>%1 PB</translation>
+        <translation>%1&#xa0;PB</translation>
     </message>
     <message>
         <source>%1 EB</source>
-        <translation>%1 EB</translation>
+        <translation>%1&#xa0;EB</translation>
     </message>
     <message>
         <source>Zero KB</source>
-        <translation>0 KB</translation>
+        <translation>0&#xa0;KB</translation>
     </message>
     <message>
         <source>1 byte</source>
@@ -115,7 +115,7 @@
     </message>
     <message>
         <source>Your files stay as they are</source>
-        <translation>ファイルはそのまま残ります</translation>
+        <translation>ファイルは変わりません</translation>
     </message>
     <message>
         <source>Cancel &amp; Go Back</source>
@@ -1226,7 +1226,7 @@ Please select a smaller folder.</source>
     <message>
         <source>999.99 GB</source>
         <comment>the longest size, for the width of its column</comment>
-        <translation>999.99 GB</translation>
+        <translation>999.99&#xa0;GB</translation>
     </message>
     <message>
         <source>ORIGINAL</source>

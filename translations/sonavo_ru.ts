@@ -49,9 +49,9 @@
         <source>Found %n duplicate files • %1 • Use speaker icon to verify before deleting</source>
         <comment>%1 says how many more were found</comment>
         <translation>
-            <numerusform>Найден %Ln повторяющийся файл • %1 • Перед удалением прослушайте его</numerusform>
-            <numerusform>Найдено %Ln повторяющихся файла • %1 • Перед удалением прослушайте их</numerusform>
-            <numerusform>Найдено %Ln повторяющихся файлов • %1 • Перед удалением прослушайте их</numerusform>
+            <numerusform>%Ln повторяющийся файл • %1 • Прослушайте перед удалением</numerusform>
+            <numerusform>%Ln повторяющихся файла • %1 • Прослушайте перед удалением</numerusform>
+            <numerusform>%Ln повторяющихся файлов • %1 • Прослушайте перед удалением</numerusform>
         </translation>
     </message>
     <message numerus="yes">
@@ -67,31 +67,31 @@
     <name>ByteCount</name>
     <message>
         <source>%1 KB</source>
-        <translation>%1 КБ</translation>
+        <translation>%1&#xa0;КБ</translation>
     </message>
     <message>
         <source>%1 MB</source>
-        <translation>%1 МБ</translation>
+        <translation>%1&#xa0;МБ</translation>
     </message>
     <message>
         <source>%1 GB</source>
-        <translation>%1 ГБ</translation>
+        <translation>%1&#xa0;ГБ</translation>
     </message>
     <message>
         <source>%1 TB</source>
-        <translation>%1 ТБ</translation>
+        <translation>%1&#xa0;ТБ</translation>
     </message>
     <message>
         <source>%1 PB</source>
-        <translation>%1 ПБ</translation>
+        <translation>%1&#xa0;ПБ</translation>
     </message>
     <message>
         <source>%1 EB</source>
-        <translation>%1 ЭБ</translation>
+        <translation>%1&#xa0;ЭБ</translation>
     </message>
     <message>
         <source>Zero KB</source>
-        <translation>0 КБ</translation>
+        <translation>0&#xa0;КБ</translation>
     </message>
     <message>
         <source>1 byte</source>
@@ -112,7 +112,7 @@
     <message>
         <source>%1%</source>
         <comment>a percentage</comment>
-        <translation>%1 %</translation>
+        <translation>%1&#xa0;%</translation>
     </message>
     <message>
         <source>of this step</source>
@@ -208,7 +208,7 @@
     </message>
     <message>
         <source>Another song of this group is the very same file and would be gone as well.</source>
-        <translation>Другая песня этой группы — тот же самый файл, и она тоже исчезла бы.</translation>
+        <translation>Другая песня этой группы&#xa0;— тот же самый файл, и она тоже исчезла бы.</translation>
     </message>
     <message>
         <source>Another song of this group was gone as well</source>
@@ -278,7 +278,7 @@
     <message>
         <source>%1%</source>
         <comment>a percentage</comment>
-        <translation>%1 %</translation>
+        <translation>%1&#xa0;%</translation>
     </message>
     <message>
         <source>Stopping…</source>
@@ -625,7 +625,7 @@
     <message>
         <source>It is not certain that the file was moved (%1). Look for it at %2 and at %3, and for what was put in its place at %4.</source>
         <comment>an error and three paths</comment>
-        <translation>Неизвестно, был ли файл перемещён (%1). Ищите его здесь: %2 или здесь: %3, а то, что оказалось на его месте, — здесь: %4.</translation>
+        <translation>Неизвестно, был ли файл перемещён (%1). Ищите его здесь: %2 или здесь: %3, а то, что оказалось на его месте,&#xa0;— здесь: %4.</translation>
     </message>
 </context>
 <context>
@@ -900,7 +900,7 @@ Please select a smaller folder.</source>
     <message>
         <source>The file at %1 is not the one that was moved there</source>
         <comment>%1 is a path</comment>
-        <translation>Файл %1 — не тот, который был туда перемещён</translation>
+        <translation>Файл %1&#xa0;— не тот, который был туда перемещён</translation>
     </message>
     <message>
         <source>The file is neither at %1 nor at %2 any more</source>
@@ -1187,11 +1187,11 @@ Please select a smaller folder.</source>
     </message>
     <message>
         <source>Good Performance: 5000-10000 songs</source>
-        <translation>Хорошая скорость: 5000–10 000 песен</translation>
+        <translation>Хорошая скорость: 5000–10&#xa0;000 песен</translation>
     </message>
     <message>
         <source>Maximum per session: 500000 songs</source>
-        <translation>Не больше за сеанс: 500 000 песен</translation>
+        <translation>Не больше за сеанс: 500&#xa0;000 песен</translation>
     </message>
     <message>
         <source>Cancel</source>
@@ -1290,7 +1290,7 @@ Please select a smaller folder.</source>
     <message>
         <source>999.99 GB</source>
         <comment>the longest size, for the width of its column</comment>
-        <translation>999,99 ГБ</translation>
+        <translation>999,99&#xa0;ГБ</translation>
     </message>
     <message>
         <source>ORIGINAL</source>

@@ -119,7 +119,7 @@ void ReportSaver::publish(const QString &path, const Outcome &outcome)
     using ToastType = Notices::ToastType;
     if (outcome.failure.isEmpty()) {
         m_savedPath = path;
-        const QString name = withVisibleControls(QFileInfo(path).fileName());
+        const QString name = nameInText(QFileInfo(path).fileName());
         m_notices.showToast(translate("ReportSaver", "Report saved: %1").arg(name), ToastType::Success,
                             translate("ReportSaver", "Show in Folder"), Notices::ToastAction::ShowReport);
     } else if (m_job.state().isStopping) {

@@ -35,7 +35,11 @@ T.Button {
     }
 
     contentItem: Item {
-        implicitWidth: label.implicitWidth
+        id: content
+
+        readonly property real iconWidth: icon.visible ? icon.width + label.spacing : 0
+
+        implicitWidth: iconWidth + caption.implicitWidth
         implicitHeight: label.implicitHeight
         opacity: !control.enabled ? 0.4 : control.down ? 0.8 : 1
         scale: control.down ? 0.95 : 1
@@ -58,8 +62,9 @@ T.Button {
             }
 
             ElidedText {
+                id: caption
                 anchors.verticalCenter: parent.verticalCenter
-                width: Math.min(implicitWidth, control.availableWidth - icon.width - label.spacing)
+                width: Math.min(implicitWidth, control.availableWidth - content.iconWidth)
                 fontSizeMode: Text.HorizontalFit
                 minimumPixelSize: 9
                 text: control.text

@@ -33,7 +33,7 @@ Rectangle {
         anchors.right: parent.right
         anchors.rightMargin: 18
         anchors.verticalCenter: parent.verticalCenter
-        width: 76
+        width: Math.max(76, implicitWidth + 12)
         text: qsTr("Show", "the files that could not be moved")
         description: failures.title
         onClicked: notice.show()

@@ -7,7 +7,7 @@ ModernButtonStyle {
 
     required property DuplicateViewModel viewModel
 
-    width: 190
+    width: Math.max(190, implicitWidth + 12)
     enabled: !viewModel.showCleanUpProgress
     symbol: viewModel.isFurtherResult ? "arrow.uturn.backward" : "plus.magnifyingglass"
     symbolSize: 15

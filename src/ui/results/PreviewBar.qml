@@ -49,7 +49,7 @@ Rectangle {
         }
 
         ModernButtonStyle {
-            Layout.preferredWidth: 76
+            Layout.preferredWidth: Math.max(76, implicitWidth + 12)
             symbol: "stop.fill"
             symbolSize: 13
             text: qsTr("Stop", "the playback of a song")

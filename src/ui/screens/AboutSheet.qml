@@ -46,7 +46,7 @@ ModalSheet {
             id: closeButton
             Layout.alignment: Qt.AlignHCenter
             Layout.topMargin: 6
-            Layout.preferredWidth: 100
+            Layout.preferredWidth: Math.max(100, implicitWidth)
             text: qsTr("Close")
             font.pixelSize: 15
             onClicked: about.close()

@@ -110,7 +110,7 @@ FocusScope {
 
                 ScaleButtonStyle {
                     id: stopButton
-                    Layout.preferredWidth: 130
+                    Layout.preferredWidth: Math.max(130, implicitWidth)
                     enabled: !view.viewModel.isCleanUpStopping
                     symbol: "stop.fill"
                     symbolSize: 13

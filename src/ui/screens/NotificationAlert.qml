@@ -67,7 +67,7 @@ ModalSheet {
         ScaleButtonStyle {
             id: okButton
             Layout.alignment: Qt.AlignRight
-            Layout.preferredWidth: 100
+            Layout.preferredWidth: Math.max(100, implicitWidth)
             Layout.topMargin: 4
             isFilled: true
             text: qsTr("OK")

@@ -49,7 +49,7 @@ ModalSheet {
 
             ScaleButtonStyle {
                 id: cancelButton
-                Layout.preferredWidth: 100
+                Layout.preferredWidth: Math.max(100, implicitWidth)
                 text: qsTr("Cancel")
                 font.pixelSize: 15
                 tint: Colors.neutral
@@ -57,7 +57,7 @@ ModalSheet {
             }
 
             ScaleButtonStyle {
-                Layout.preferredWidth: 100
+                Layout.preferredWidth: Math.max(100, implicitWidth)
                 isFilled: true
                 text: qsTr("Scan", "a button that starts a scan")
                 font.pixelSize: 15

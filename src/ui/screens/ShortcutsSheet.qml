@@ -49,7 +49,7 @@ ModalSheet {
         ScaleButtonStyle {
             id: closeButton
             Layout.alignment: Qt.AlignRight
-            Layout.preferredWidth: 100
+            Layout.preferredWidth: Math.max(100, implicitWidth)
             text: qsTr("Close")
             font.pixelSize: 15
             onClicked: sheet.close()

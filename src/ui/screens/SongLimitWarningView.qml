@@ -94,7 +94,7 @@ ModalSheet {
             spacing: 16
 
             ScaleButtonStyle {
-                Layout.preferredWidth: 120
+                Layout.preferredWidth: Math.max(120, implicitWidth)
                 Layout.preferredHeight: 42
                 text: qsTr("Cancel")
                 font.pixelSize: 15
@@ -104,7 +104,7 @@ ModalSheet {
 
             ScaleButtonStyle {
                 id: addButton
-                Layout.preferredWidth: 160
+                Layout.preferredWidth: Math.max(160, implicitWidth)
                 Layout.preferredHeight: 42
                 isFilled: true
                 text: qsTr("Add Anyway")

@@ -71,7 +71,7 @@ FocusScope {
 
             ScaleButtonStyle {
                 Layout.alignment: Qt.AlignHCenter
-                Layout.preferredWidth: 180
+                Layout.preferredWidth: Math.max(180, implicitWidth)
                 Layout.preferredHeight: 44
                 symbol: "folder"
                 symbolSize: 16
