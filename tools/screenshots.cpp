@@ -228,6 +228,7 @@ int main(int argc, char *argv[])
     QApplication::setQuitOnLastWindowClosed(false);
     sonavo::useLanguage(QLocale(argc > 3 ? QString::fromLocal8Bit(argv[3]) : QStringLiteral("en")));
     const QString scale = qEnvironmentVariable("QT_SCALE_FACTOR", QStringLiteral("1"));
-    sonavo::takePictures(QString::fromLocal8Bit(argv[1]), QString::fromLocal8Bit(argv[2]), scale);
+    const QString songs = QDir(QString::fromLocal8Bit(argv[2])).absolutePath();
+    sonavo::takePictures(QString::fromLocal8Bit(argv[1]), songs, scale);
     return 0;
 }
