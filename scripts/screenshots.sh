@@ -1,9 +1,9 @@
 #!/usr/bin/env bash
 # Installs what is missing and takes pictures of every screen, in both themes, at three sizes, once and twice as fine.
 #
-#     scripts/screenshots.sh [FOLDER]
+#     scripts/screenshots.sh [FOLDER [LANGUAGE]]
 #
-# Without a folder they go into build/screenshots.
+# Without a folder they go into build/screenshots. The language is a code such as "de"; English unless given.
 set -euo pipefail
 source "$(dirname -- "${BASH_SOURCE[0]}")/prepare.sh"
 
@@ -13,5 +13,5 @@ install_svg_plugin_if_missing
 build test
 mkdir -p "$folder"
 for scale in 1 2; do
-    QT_SCALE_FACTOR=$scale "$root/build/test/bin/sonavo_screenshots" "$folder" "$root/samples"
+    QT_SCALE_FACTOR=$scale "$root/build/test/bin/sonavo_screenshots" "$folder" "$root/samples" "${2-en}"
 done

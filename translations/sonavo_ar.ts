@@ -675,7 +675,7 @@
     <message>
         <source>Songs (*.%1)</source>
         <comment>a kind of files; %1 lists their extensions</comment>
-        <translation>أغانٍ (*.%1)</translation>
+        <translation>أغانٍ ⁦(*.%1)</translation>
     </message>
     <message>
         <source>Save Report</source>

@@ -144,6 +144,17 @@ TEST_F(ProgramTest, SaysInOneLineThatNoWindowCanBeOpened)
     }
 }
 
+TEST_F(ProgramTest, SpeaksTheLanguageOfTheUserExceptInReports)
+{
+    // Installed or not.
+    m_environment.insert(QStringLiteral("LC_ALL"), QStringLiteral("de_DE.UTF-8"));
+    m_environment.remove(QStringLiteral("LANGUAGE"));
+    EXPECT_EQ(run({}), 1);
+    EXPECT_EQ(errors(), "sonavo: keine Anzeige für ein Fenster vorhanden; --report braucht keine\n");
+    EXPECT_EQ(run({REPORT, SAMPLES}), 0);
+    EXPECT_THAT(output(), HasSubstr("6 groups \u2022 7 duplicate files \u2022 43 KB to free"));
+}
+
 TEST_F(ProgramTest, SaysWhenTheReportCannotBeWritten)
 {
     m_process.setStandardOutputFile(QStringLiteral("/dev/full"));
