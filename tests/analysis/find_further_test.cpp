@@ -39,14 +39,14 @@ TEST(FindFurther, AgreesWithTheDirectWayOnLibrariesAsUsersHaveThem)
 {
     // Many of the last are similar to more others than are counted, in windows of playing times that overlap.
     QList<Song> dense;
-    for (int i = 0; i < 140; ++i) {
-        const QString letters = QString(QChar(u'a' + i * 37 % 140 / 12)) + QChar(u'a' + i * 37 % 140 % 12);
-        dense << songOf(u""_s, u"Track %1 of the Best Of"_s.arg(letters), 180.0 + 0.06 * (i * 91 % 140));
-        dense.last().size = i * 53 % 140;
+    for (int i = 0; i < 125; ++i) {
+        const QString letters = QString(QChar(u'a' + i * 37 % 125 / 12)) + QChar(u'a' + i * 37 % 125 % 12);
+        dense << songOf(u""_s, u"Track %1 of the Best Of"_s.arg(letters), 180.0 + 0.06 * (i * 91 % 125));
+        dense.last().size = i * 53 % 125;
     }
     // One title by artists of whom some are similar.
     QList<Song> covers;
-    for (int i = 0; i < 140; ++i) {
+    for (int i = 0; i < 60; ++i) {
         QString artist;
         for (int letter = 0; letter < 8; ++letter)
             artist += QChar(u'a' + (i / 4 * (letter + 7) + letter * letter * 5) % 26);
@@ -55,12 +55,11 @@ TEST(FindFurther, AgreesWithTheDirectWayOnLibrariesAsUsersHaveThem)
     }
     // Artists that are all alike.
     QList<Song> bands;
-    for (int i = 0; i < 90; ++i) {
+    for (int i = 0; i < 60; ++i) {
         QString artist = u"quartetofnames"_s;
         artist[i % 7] = QChar(u'a' + i / 7);
         artist[7 + i % 5] = QChar(u'a' + i % 11);
-        bands << songOf(artist, u"Night %1 Song %2"_s.arg(i * 7 % 30).arg(i % 4),
-                        180.0 + 0.1 * (i * 37 % 90));
+        bands << songOf(artist, u"Night %1 Song %2"_s.arg(i % 12).arg(i % 4), 180.0 + 0.1 * (i * 37 % 60));
     }
     QList<QList<Song>> libraries{dense, covers, bands};
     for (const LibraryKind kind : {LibraryKind::Realistic, LibraryKind::NumberedTracks,
@@ -84,6 +83,33 @@ QList<Song> medleys()
             songs[i].title += u' ' + songs[(i * 7 + 1) % songs.size()].title;
     }
     return songs;
+}
+
+TEST(FurtherArtists, ListsEveryArtistThatIsSimilar)
+{
+    QList<Song> library;
+    for (int i = 0; i < 600; ++i) {
+        QString artist;
+        for (int letter = 0; letter < 10; ++letter)
+            artist += QChar(char16_t(u'a' + (i / 12 * (letter + 7) + letter * letter * 5) % 26));
+        for (int edit = 0; edit < i % 4; ++edit)
+            artist[(i * 3 + edit * (2 + i % 3)) % 10] = u'-';
+        library << songOf(artist, u"Night Song"_s);
+    }
+    const FurtherSongs songs(library, {});
+    const FurtherArtists artists(songs, {});
+    for (FurtherArtists::Artist artist = 0; artist < artists.size(); ++artist) {
+        std::vector<FurtherArtists::Artist> expected;
+        for (FurtherArtists::Artist other = 0; other < artists.size(); ++other) {
+            // One title for all: the artists decide.
+            if (other != artist &&
+                songsMatchFurther(songs[artists.songsOf(artist)[0]], songs[artists.songsOf(other)[0]]))
+                expected.push_back(other);
+        }
+        const auto similar = artists.similarTo(artist);
+        ASSERT_TRUE(similar);
+        EXPECT_THAT(*similar, testing::ElementsAreArray(expected));
+    }
 }
 
 TEST(FurtherMatches, FindsEverySongThatMatches)
