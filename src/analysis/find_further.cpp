@@ -27,9 +27,9 @@ constexpr std::size_t SONGS_PER_PART = 512;
 constexpr std::size_t SONGS_PER_REPORT = 64;
 
 /// How much of the work is done after each part of it, as measured on large libraries.
-constexpr double AFTER_PREPARING = 0.25;
-constexpr double AFTER_INDEXING = 0.4;
-constexpr double AFTER_COUNTING = 0.9;
+constexpr double AFTER_PREPARING = 0.4;
+constexpr double AFTER_INDEXING = 0.6;
+constexpr double AFTER_COUNTING = 0.95;
 
 /// How many others each song matches, and which, where they are few.
 class MatchCounts
