@@ -153,7 +153,7 @@ public:
 
     void accept() override
     {
-        const QString name = nameEdit()->text();
+        QString name = nameEdit()->text();
         const bool isFolder = directory().exists(name) && QFileInfo(directory(), name).isDir();
         // Before the base class asks whether a file of this name may be replaced.
         if (!name.isEmpty() && !isFolder && baseName() == name)
@@ -168,7 +168,7 @@ private:
     }
     [[nodiscard]] QString baseName() const
     {
-        const QString name = nameEdit()->text();
+        QString name = nameEdit()->text();
         for (const QString &extension : {QStringLiteral(".csv"), QStringLiteral(".json")}) {
             if (name.endsWith(extension, Qt::CaseInsensitive))
                 return name.chopped(extension.size());
