@@ -153,7 +153,7 @@ public:
 
     void accept() override
     {
-        QString name = nameEdit()->text();
+        const QString name = nameEdit()->text();
         const bool isFolder = directory().exists(name) && QFileInfo(directory(), name).isDir();
         // Before the base class asks whether a file of this name may be replaced.
         if (!name.isEmpty() && !isFolder && baseName() == name)
