@@ -12,9 +12,9 @@
 namespace sonavo {
 namespace {
 
-const QString SERVICE = QStringLiteral("org.freedesktop.portal.Desktop");
-const QString OBJECT_PATH = QStringLiteral("/org/freedesktop/portal/desktop");
-const QString INTERFACE = QStringLiteral("org.freedesktop.portal.Settings");
+const QString PORTAL = QStringLiteral("org.freedesktop.portal.Desktop");
+const QString PORTAL_PATH = QStringLiteral("/org/freedesktop/portal/desktop");
+const QString PORTAL_SETTINGS = QStringLiteral("org.freedesktop.portal.Settings");
 
 // Every desktop is to offer the first; the others are those of two that are older.
 const QString APPEARANCE = QStringLiteral("org.freedesktop.appearance");
@@ -24,7 +24,7 @@ const QString KDE = QStringLiteral("org.kde.kdeglobals.KDE");
 
 QDBusMessage portalCall(const QString &method)
 {
-    return QDBusMessage::createMethodCall(SERVICE, OBJECT_PATH, INTERFACE, method);
+    return QDBusMessage::createMethodCall(PORTAL, PORTAL_PATH, PORTAL_SETTINGS, method);
 }
 
 /// Some portals wrap values twice.
@@ -42,11 +42,11 @@ SettingsPortal::SettingsPortal(const QDBusConnection &bus, QObject *parent)
     , m_bus(bus)
 {
     qDBusRegisterMetaType<Settings>();
-    m_bus.connect(SERVICE, OBJECT_PATH, INTERFACE, QStringLiteral("SettingChanged"), this,
+    m_bus.connect(PORTAL, PORTAL_PATH, PORTAL_SETTINGS, QStringLiteral("SettingChanged"), this,
                   SLOT(change(QDBusMessage)));
     // One that starts later, or again, may have other settings.
     const auto *watcher =
-        new QDBusServiceWatcher(SERVICE, m_bus, QDBusServiceWatcher::WatchForRegistration, this);
+        new QDBusServiceWatcher(PORTAL, m_bus, QDBusServiceWatcher::WatchForRegistration, this);
     connect(watcher, &QDBusServiceWatcher::serviceRegistered, this, &SettingsPortal::read);
     read();
 }

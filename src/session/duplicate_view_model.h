@@ -49,7 +49,7 @@ class DuplicateViewModel : public QObject
     Q_PROPERTY(double progress READ progress NOTIFY progressChanged)
     Q_PROPERTY(qint64 processedFiles READ processedFiles NOTIFY progressChanged)
     Q_PROPERTY(qint64 totalFiles READ totalFiles NOTIFY progressChanged)
-    Q_PROPERTY(qint64 foundFiles READ foundFiles NOTIFY progressChanged)
+    Q_PROPERTY(int foundFiles READ foundFiles NOTIFY progressChanged)
     Q_PROPERTY(QString scanMessage READ scanMessage NOTIFY progressChanged)
     /// Set to false when the user dismisses the alert.
     Q_PROPERTY(bool showAlert READ showAlert WRITE setShowAlert NOTIFY showAlertChanged)
@@ -145,7 +145,7 @@ public:
     [[nodiscard]] double progress() const { return m_scan.state().progress; }
     [[nodiscard]] qint64 processedFiles() const { return m_scan.state().processedFiles; }
     [[nodiscard]] qint64 totalFiles() const { return m_scan.state().totalFiles; }
-    [[nodiscard]] qint64 foundFiles() const { return m_scan.state().foundFiles; }
+    [[nodiscard]] int foundFiles() const { return static_cast<int>(m_scan.state().foundFiles); }
     [[nodiscard]] const QString &scanMessage() const { return m_scan.state().message; }
     [[nodiscard]] bool showAlert() const { return m_notices.state().isAlertShown; }
     [[nodiscard]] const QString &alertMessage() const { return m_notices.state().alertMessage; }

@@ -59,7 +59,7 @@ Rectangle {
     }
 
     component Hint: ElidedText {
-        width: hints.width
+        width: parent.width
         font.pixelSize: 12
         Accessible.role: Accessible.StaticText
         Accessible.name: text
