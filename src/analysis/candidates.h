@@ -50,8 +50,8 @@ namespace sonavo {
 /// The thresholds can be changed freely: everything above is derived from the constants of matching.h. A new
 /// condition, or a stricter one, needs no change here. Weakening the first condition (the durations) breaks
 /// the windows, the second (the texts) mayBeSimilar(), the third (the artists) the artists, and the fourth (a
-/// shared word) the words: what is broken must then be adapted or removed. tests/analysis/direct_analysis.cpp states the rule a second time without any index; the tests
-/// and the fuzzer compare the program with it.
+/// shared word) the words: what is broken must then be adapted or removed. tests/analysis/direct_analysis.cpp
+/// states the rule a second time without any index; the tests and the fuzzer compare the program with it.
 class CandidateIndex
 {
 public:
