@@ -100,6 +100,16 @@ constexpr std::array BEGINNINGS{
           .name = 0,
           .copies = 0,
           .seed = 7},
+    // Longer ones
+    Shape{.artist = {6, 0, 13, 3, 4},
+          .title = {0, 2, 0, 1, 0},
+          .seconds = 1,
+          .name = 0,
+          .copies = 0,
+          .seed = 5},
+    // The same with digits
+    Shape{
+        .artist = {6, 0, 7, 1, 6}, .title = {0, 2, 0, 1, 0}, .seconds = 1, .name = 0, .copies = 0, .seed = 2},
 };
 
 struct Choice

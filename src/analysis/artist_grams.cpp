@@ -13,7 +13,7 @@ namespace {
 /// Fewer songs than this are looked through as fast as n-grams are chosen.
 constexpr std::size_t FEW_SONGS = 256;
 /// How many songs can be looked through in the time that an entry of a list takes.
-constexpr std::size_t SONGS_PER_ENTRY = 2;
+constexpr std::size_t SONGS_PER_ENTRY = 32;
 
 /// Longer artists are few.
 constexpr std::size_t LONGEST_ARTIST = 64;
@@ -142,6 +142,10 @@ void ArtistGrams::build(std::span<const PreparedSong> bucket)
         if (group.songs.size() > FEW_SONGS && group.songs.size() < MOST_SONGS &&
             group.length <= LONGEST_ARTIST)
             listGrams(group, bucket);
+        if (group.songs.size() > FEW_SONGS && group.length <= CharacterPlaces::LONGEST)
+            group.places.build(group.length, group.songs.size(), [&](std::size_t number) {
+                return m_songs.artistOf(bucket[group.songs[number]]);
+            });
     }
     m_groups = std::move(groups);
 }
@@ -178,7 +182,7 @@ void ArtistGrams::appendMatching(std::vector<BucketPosition> &positions, const P
         };
         const Search search{group, artist, song.artistPairs, limit, numberOf(begin), numberOf(end)};
         const std::size_t before = positions.size();
-        if (!appendByGrams(positions, search))
+        if (!appendByGrams(positions, search) && !appendByPlaces(positions, search))
             appendNear(positions, static_cast<std::uint32_t>(search.first),
                        std::span(group.pairs).subspan(search.first, search.last - search.first), search.pairs,
                        limit);
@@ -217,6 +221,14 @@ bool ArtistGrams::appendByGrams(std::vector<std::uint32_t> &found, const Search 
         }
     });
     return true;
+}
+
+/// @return false, having appended nothing, if the group has no such index
+bool ArtistGrams::appendByPlaces(std::vector<std::uint32_t> &found, const Search &search)
+{
+    const Group &group = search.group;
+    return group.songs.size() > FEW_SONGS && group.length <= CharacterPlaces::LONGEST &&
+           group.places.appendNear(found, search.artist, search.limit, search.first, search.last);
 }
 
 } // namespace sonavo

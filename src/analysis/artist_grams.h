@@ -1,6 +1,7 @@
 #pragma once
 
 #include "analysis/artist_index.h"
+#include "analysis/character_places.h"
 #include "analysis/prepared_songs.h"
 
 #include <cstddef>
@@ -19,7 +20,7 @@ namespace sonavo {
 /// beginning. Those are looked up that the fewest artists have: see S. Chaudhuri, V. Ganti and R. Kaushik, "A
 /// primitive operator for similarity joins in data cleaning" (2006) for rare n-grams, G. Li, D. Deng, J. Wang
 /// and J. Feng, "Pass-Join: a partition-based method for similarity joins" (2011) for parts that do not
-/// overlap.
+/// overlap. Where even those are in too many artists, all artists are measured (CharacterPlaces).
 class ArtistGrams
 {
 public:
@@ -50,12 +51,15 @@ private:
         std::vector<std::uint32_t> starts;
         /// The song's number in the group, and in the lowest bits where the n-gram stands in the artist.
         std::vector<std::uint32_t> entries;
+        /// Empty for groups that are looked through as fast.
+        CharacterPlaces places;
     };
     struct Search;
     class Choice;
 
     void listGrams(Group &group, std::span<const PreparedSong> bucket) const;
     static bool appendByGrams(std::vector<std::uint32_t> &found, const Search &search);
+    static bool appendByPlaces(std::vector<std::uint32_t> &found, const Search &search);
 
     const PreparedSongs &m_songs;
     std::vector<Group> m_groups;

@@ -17,16 +17,22 @@ constexpr std::size_t ARTISTS_PER_SONG = 4;
 
 /// If a seed can have more songs to check than this and there are more artists than that, looking for
 /// n-grams pays off.
-constexpr std::size_t GRAMS_THRESHOLD = 1024;
-constexpr std::size_t MANY_ARTISTS = 1024;
+constexpr std::size_t GRAMS_THRESHOLD = 512;
+constexpr std::size_t MANY_ARTISTS = 512;
 
-/// The length of the longest artists that can match one of this length.
-std::size_t longestSimilar(std::size_t length)
+/// The length of the longest texts that can be as similar to one of this length.
+std::size_t longestSimilar(std::size_t length, double least)
 {
     std::size_t longest = length;
-    while (longest + 1 - length <= largestDistance(longest + 1, MATCH_ARTIST_SIMILARITY))
+    while (longest + 1 - length <= largestDistance(longest + 1, least))
         ++longest;
     return longest;
+}
+
+/// Whether one text may contain the other.
+bool mayContain(std::uint64_t bigramsA, std::uint64_t bigramsB)
+{
+    return (bigramsA & ~bigramsB) == 0 || (bigramsB & ~bigramsA) == 0;
 }
 
 } // namespace
@@ -42,9 +48,11 @@ void CandidateIndex::build(std::span<const SongIndex> bucket)
 {
     sort(bucket);
     m_artistPairs.clear();
+    m_texts.clear();
     m_longestArtist = 0;
     for (const PreparedSong &song : m_bucket) {
         m_artistPairs.push_back(song.artistPairs);
+        m_texts.push_back({song.fullPairs, song.titleBigrams, song.nameBigrams});
         m_longestArtist = std::max(m_longestArtist, song.artistLength);
     }
     m_isRemoved.assign(m_bucket.size(), 0);
@@ -184,13 +192,27 @@ void CandidateIndex::proposeByWords(BucketPosition seed, Window window, Query &q
 
 void CandidateIndex::proposeWindow(BucketPosition seed, Window window, Query &query) const
 {
-    const std::size_t longest =
-        std::min<std::size_t>(m_longestArtist, longestSimilar(m_bucket[seed].artistLength));
+    const std::size_t longest = std::min<std::size_t>(
+        m_longestArtist, longestSimilar(m_bucket[seed].artistLength, MATCH_ARTIST_SIMILARITY));
     appendNear(query.m_candidates, window.begin,
                std::span(m_artistPairs).subspan(window.begin, window.end - window.begin), m_artistPairs[seed],
                largestDistance(longest, MATCH_ARTIST_SIMILARITY));
-    std::erase_if(query.m_candidates,
-                  [&](BucketPosition position) { return isRemoved(position) || position == seed; });
+    const std::size_t limit = largestFullDistance(seed);
+    std::erase_if(query.m_candidates, [&](BucketPosition position) {
+        return !mayBeSimilar(m_texts[seed], m_texts[position], limit) || isRemoved(position) ||
+               position == seed;
+    });
+}
+
+std::size_t CandidateIndex::largestFullDistance(BucketPosition seed) const
+{
+    const std::size_t longest = longestSimilar(m_bucket[seed].fullLength, MATCH_TITLE_SIMILARITY);
+    return largestDistance(longest, MATCH_TITLE_SIMILARITY);
+}
+
+bool CandidateIndex::mayBeSimilar(const TextBits &a, const TextBits &b, std::size_t limit)
+{
+    return mayContain(a.title, b.title) || mayContain(a.name, b.name) || mayBeWithin(limit, a.full, b.full);
 }
 
 void CandidateIndex::proposeByGrams(BucketPosition seed, Window window, Query &query) const
@@ -207,12 +229,14 @@ void CandidateIndex::proposeByGrams(BucketPosition seed, Window window, Query &q
 bool CandidateIndex::proposeByArtists(BucketPosition seed, Window window, std::size_t most,
                                       Query &query) const
 {
+    const std::size_t limit = largestFullDistance(seed);
     for (const std::uint32_t artist : m_artists.matchingArtists(m_bucket[seed], query.m_artists)) {
         const auto songs = m_artists.songsOf(artist);
         const auto begin = std::lower_bound(songs.begin(), songs.end(), window.begin);
         const auto end = std::lower_bound(begin, songs.end(), window.end);
         for (auto position = begin; position != end; ++position) {
-            if (!isRemoved(*position) && *position != seed)
+            if (mayBeSimilar(m_texts[seed], m_texts[*position], limit) && !isRemoved(*position) &&
+                *position != seed)
                 query.m_candidates.push_back(*position);
         }
         if (query.m_candidates.size() > most) {

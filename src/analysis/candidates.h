@@ -32,6 +32,8 @@ namespace sonavo {
 ///      artist, or by none, or where there are very many artists.
 ///    - Parts of the artists (ArtistGrams), where there are very many artists.
 ///    - The window itself, less the songs whose artists have too few pairs of characters in common.
+///    Of the artists' songs and of the window, songs are left out whose titles, file names and full texts are
+///    all too different (mayBeSimilar()).
 ///    The one with the fewest songs to check is used. The constants behind that choice are estimates of cost:
 ///    any values give the same clusters.
 ///
@@ -47,10 +49,9 @@ namespace sonavo {
 ///
 /// The thresholds can be changed freely: everything above is derived from the constants of matching.h. A new
 /// condition, or a stricter one, needs no change here. Weakening the first condition (the durations) breaks
-/// the windows, the fourth (a shared word) the words, and the third (the artists) the artists: what is broken
-/// must then be adapted
-/// or removed. tests/analysis/direct_analysis.cpp states the rule a second time without any index; the tests
-/// and the fuzzer compare the program with it.
+/// the windows, the second (the texts) mayBeSimilar(), the third (the artists) the artists, and the fourth (a
+/// shared word) the words: what is broken must then be adapted or removed. tests/analysis/direct_analysis.cpp
+/// states the rule a second time without any index; the tests and the fuzzer compare the program with it.
 class CandidateIndex
 {
 public:
@@ -104,6 +105,19 @@ private:
         std::uint32_t end = 0;
     };
 
+    /// PreparedSong::fullPairs, titleBigrams and nameBigrams.
+    struct TextBits
+    {
+        std::uint64_t full = 0;
+        std::uint64_t title = 0;
+        std::uint64_t name = 0;
+    };
+
+    /// A quick test of the second condition of songsMatch().
+    /// @param limit the most edits between the full texts
+    [[nodiscard]] static bool mayBeSimilar(const TextBits &a, const TextBits &b, std::size_t limit);
+    /// The most edits between the full text of a song and one that is similar.
+    [[nodiscard]] std::size_t largestFullDistance(BucketPosition seed) const;
     void sort(std::span<const SongIndex> bucket);
     void listWords();
     [[nodiscard]] Window windowOf(const PreparedSong &seed) const;
@@ -123,6 +137,8 @@ private:
     /// PreparedSong::artistPairs of each song: apart from the rest, to be read fast.
     std::vector<std::uint64_t> m_artistPairs;
     std::uint32_t m_longestArtist = 0;
+    /// The same for what the second condition of songsMatch() looks at.
+    std::vector<TextBits> m_texts;
     bool m_isSorted = false;
     std::vector<char> m_isRemoved;
     /// By word id; empty for words that the bucket does not have.

@@ -27,7 +27,7 @@ inline constexpr std::size_t MATCH_WORD_LENGTH = 3;
 /// for similarity see calculateSimilarity().
 ///
 /// Symmetric and pure, but not transitive; any thread may call it. Before changing a condition, see
-/// CandidateIndex, which relies on the third and the fourth.
+/// CandidateIndex, which relies on all of them.
 [[nodiscard]] bool songsMatch(const PreparedSongs &songs, const PreparedSong &seed,
                               const PreparedSong &candidate);
 

@@ -9,6 +9,7 @@
 #include <QHashFunctions>
 
 #include <algorithm>
+#include <functional>
 
 namespace sonavo {
 namespace {
@@ -69,16 +70,27 @@ PreparedSongs::PreparedSongs(QList<Song> songs, const std::stop_token &stop)
     m_nameIds.reserve(count);
     m_pathIds.reserve(count);
     m_titles.reserve(count);
-    StringPool names;
+    // Neither names nor paths are needed again, so they are not kept.
+    IdTable names;
     names.reserve(count);
+    std::vector<SongIndex> firstOfName;
     IdTable paths;
     paths.reserve(count);
     std::vector<SongIndex> firstOfPath;
 
     const auto addNames = [&](std::span<const Texts> parts) {
         for (const Texts &part : parts) {
-            for (SongIndex i = 0; i < part.songCount(); ++i)
-                m_nameIds.push_back(names.add(part.nameOf(i)));
+            for (SongIndex i = 0; i < part.songCount(); ++i) {
+                const SongIndex index = part.begin + i;
+                const auto isName = [&](std::uint32_t other) {
+                    const QString &name = song(firstOfName[other]).name;
+                    return name == song(index).name || normalizeString(name) == part.nameOf(i);
+                };
+                const std::uint32_t id = names.idOf(std::hash<std::string_view>{}(part.nameOf(i)), isName);
+                if (id == firstOfName.size())
+                    firstOfName.push_back(index);
+                m_nameIds.push_back(id);
+            }
         }
     };
     const auto addPaths = [&](std::span<const Texts> parts) {

@@ -1,0 +1,66 @@
+#include "analysis/character_places.h"
+#include "generators/random_source.h"
+
+#include <gtest/gtest.h>
+
+#include <algorithm>
+#include <string>
+#include <vector>
+
+namespace sonavo {
+namespace {
+
+char characterOf(RandomSource &random, std::size_t characters)
+{
+    return " abcdefghijklmnopqrstuvwxyz0123456789"[random.below(characters)];
+}
+
+/// One edit that leaves the length, or two.
+void edit(std::string &text, RandomSource &random, std::size_t characters)
+{
+    if (random.isOneIn(2)) {
+        text[random.below(text.size())] = characterOf(random, characters);
+        return;
+    }
+    text.erase(random.below(text.size()), 1);
+    text.insert(random.below(text.size() + 1), 1, characterOf(random, characters));
+}
+
+TEST(CharacterPlaces, FindsTheTextsWithinTheLimitAndNoOthers)
+{
+    RandomSource random(5);
+    for (const std::size_t length : {1U, 4U, 10U, 16U, 33U, 70U, 128U}) {
+        for (const std::size_t characters : {3U, 11U, 37U}) {
+            std::string model;
+            while (model.size() < length)
+                model += characterOf(random, characters);
+            std::vector<std::string> texts(300, model);
+            for (std::string &text : texts) {
+                for (std::size_t edits = random.below(length + 1); edits > 0; --edits)
+                    edit(text, random, characters);
+            }
+            CharacterPlaces places;
+            places.build(length, texts.size(), [&](std::size_t number) { return texts[number]; });
+            for (int i = 0; i < 40; ++i) {
+                std::string text = texts[random.below(texts.size())];
+                const std::size_t surplus = random.below(length / 3 + 1);
+                if (random.isOneIn(3))
+                    text.erase(random.below(length - surplus + 1), surplus);
+                else if (random.isOneIn(2) && length + surplus <= CharacterPlaces::LONGEST)
+                    text.insert(random.below(length), surplus, characterOf(random, characters));
+                const std::size_t limit = surplus + random.below(length / 3 + 1);
+                std::vector<std::uint32_t> expected;
+                for (std::uint32_t number = 10; number < 290; ++number) {
+                    if (levenshteinDistance(text, texts[number]) <= limit)
+                        expected.push_back(number);
+                }
+                std::vector<std::uint32_t> found;
+                EXPECT_TRUE(places.appendNear(found, text, limit, 10, 290));
+                EXPECT_EQ(found, expected) << text << " within " << limit;
+            }
+        }
+    }
+}
+
+} // namespace
+} // namespace sonavo
