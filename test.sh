@@ -44,7 +44,7 @@ check_views() {
 
 run_tests() {
     echo "Testing ($1)"
-    ctest --preset "$1" --parallel "$(nproc)" --progress
+    ctest --preset "$1" --parallel "$(($(nproc) + 1))" --progress
 }
 
 install_packages "${BUILD_PACKAGES[@]}" "${TEST_PACKAGES[@]}" "${BENCH_PACKAGES[@]}"

@@ -9,8 +9,6 @@
 #include <algorithm>
 #include <cmath>
 #include <functional>
-#include <numeric>
-#include <string>
 #include <vector>
 
 namespace sonavo::direct {
@@ -201,19 +199,22 @@ QString normalizeString(const QString &text)
 
 int levenshteinDistance(const QString &textA, const QString &textB)
 {
-    const std::u32string a = textA.toStdU32String();
-    const std::u32string b = textB.toStdU32String();
-    std::vector<std::vector<int>> table(a.size() + 1, std::vector<int>(b.size() + 1));
-    for (std::size_t i = 0; i <= a.size(); ++i)
-        table[i][0] = int(i);
-    std::iota(table[0].begin(), table[0].end(), 0);
-    for (std::size_t i = 0; i < a.size(); ++i) {
-        for (std::size_t j = 0; j < b.size(); ++j) {
-            table[i + 1][j + 1] =
-                a[i] == b[j] ? table[i][j] : 1 + std::min({table[i][j + 1], table[i + 1][j], table[i][j]});
+    const QList<uint> a = textA.toUcs4();
+    const QList<uint> b = textB.toUcs4();
+    const qsizetype width = b.size() + 1;
+    std::vector<int> table(std::size_t((a.size() + 1) * width));
+    const auto cell = [&](qsizetype i, qsizetype j) -> int & { return table[std::size_t(i * width + j)]; };
+    for (int i = 0; i <= a.size(); ++i)
+        cell(i, 0) = i;
+    for (int j = 0; j <= b.size(); ++j)
+        cell(0, j) = j;
+    for (int i = 0; i < a.size(); ++i) {
+        for (int j = 0; j < b.size(); ++j) {
+            cell(i + 1, j + 1) =
+                a[i] == b[j] ? cell(i, j) : 1 + std::min({cell(i, j + 1), cell(i + 1, j), cell(i, j)});
         }
     }
-    return table[a.size()][b.size()];
+    return cell(a.size(), b.size());
 }
 
 bool songsMatch(const Song &seed, const Song &candidate)
