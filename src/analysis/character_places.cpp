@@ -235,6 +235,7 @@ std::vector<Cut> usefulCuts(const Rows &rows, std::size_t length, std::size_t li
     }
     std::sort(cuts.begin(), cuts.end(), [](const auto &a, const auto &b) { return a.first < b.first; });
     std::vector<Cut> sorted;
+    sorted.reserve(cuts.size());
     for (const auto &[size, cut] : cuts)
         sorted.push_back(cut);
     return sorted;

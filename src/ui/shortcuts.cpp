@@ -96,6 +96,17 @@ QStringList Shortcuts::keysOf(int action)
     return QString::fromLatin1(listed(action).keys).split(u' ');
 }
 
+QVariantList Shortcuts::sequencesOf(int action)
+{
+    const QStringList keys = keysOf(action);
+    return {keys.begin(), keys.end()};
+}
+
+QVariantList Shortcuts::furtherSequencesOf(int action)
+{
+    return sequencesOf(action).sliced(1);
+}
+
 QString Shortcuts::keyOf(int action)
 {
     return keysOf(action).constFirst();

@@ -65,7 +65,11 @@ public:
     /// What an action does, as in its menu.
     Q_INVOKABLE [[nodiscard]] static QString textOf(int action);
     /// Every key of an action, in Qt's portable format, as "Ctrl+O".
-    Q_INVOKABLE [[nodiscard]] static QStringList keysOf(int action);
+    [[nodiscard]] static QStringList keysOf(int action);
+    /// The same, as a Shortcut takes them.
+    Q_INVOKABLE [[nodiscard]] static QVariantList sequencesOf(int action);
+    /// All but the first, which is that of the menu item.
+    Q_INVOKABLE [[nodiscard]] static QVariantList furtherSequencesOf(int action);
     /// The first of them.
     Q_INVOKABLE [[nodiscard]] static QString keyOf(int action);
     /// All of them as the user's keyboard and language name them.

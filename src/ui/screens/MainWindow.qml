@@ -134,7 +134,7 @@ ApplicationWindow {
 
     // Its other keys: a menu has one.
     Shortcut {
-        sequences: Shortcuts.keysOf(Shortcuts.ShowShortcuts).slice(1)
+        sequences: Shortcuts.furtherSequencesOf(Shortcuts.ShowShortcuts)
         onActivated: shortcuts.open()
     }
 

@@ -19,7 +19,7 @@ ModalSheet {
         Shortcut {
             // Two active shortcuts would cancel each other.
             enabled: sheet.opened
-            sequences: Shortcuts.keysOf(Shortcuts.ShowShortcuts)
+            sequences: Shortcuts.sequencesOf(Shortcuts.ShowShortcuts)
             onActivated: sheet.close()
         }
 

@@ -12,8 +12,9 @@ Rectangle {
 
     // Opens the first menu, for the keyboard.
     function openMenu() {
-        menuBar.itemAt(0).forceActiveFocus(Qt.MenuBarFocusReason);
-        menuBar.itemAt(0).clicked();
+        const first = menuBar.itemAt(0) as MenuBarItem;
+        first.forceActiveFocus(Qt.MenuBarFocusReason);
+        first.clicked();
     }
 
     implicitHeight: 36
