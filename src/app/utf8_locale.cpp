@@ -1,6 +1,6 @@
 #include "app/utf8_locale.h"
 
-#include <QByteArray>
+#include <QByteArrayList>
 #include <QtGlobal>
 
 #include <clocale>
