@@ -1,5 +1,6 @@
 #include "ui/results/group_texts.h"
 
+#include "model/audio_formats.h"
 #include "model/bit_rate.h"
 #include "model/byte_count.h"
 #include "model/saturating.h"
@@ -83,7 +84,7 @@ QString qualityText(const Song &song)
     QStringList parts;
     if (const std::optional<double> rate = kilobitsPerSecond(song))
         parts.append(translate("DuplicateList", "%1 kbit/s").arg(*rate, 0, 'f', 0));
-    if (song.fileType == QStringLiteral("FLAC") || song.fileType == QStringLiteral("WAV"))
+    if (const std::optional<AudioFormat> format = audioFormatOf(song.path); format && isLossless(*format))
         parts.append(translate("DuplicateList", "lossless", "the kind of a sound file"));
     return joinedParts(parts);
 }
