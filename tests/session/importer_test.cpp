@@ -9,6 +9,8 @@
 
 #include <gmock/gmock.h>
 
+#include <utility>
+
 namespace sonavo {
 namespace {
 
@@ -17,6 +19,13 @@ using namespace Qt::Literals::StringLiterals;
 class ImporterTest : public testing::Test
 {
 protected:
+    ImporterTest()
+    {
+        QObject::connect(&scan, &Scan::changed, &scan, [this](const Scan::State &before) {
+            hasStarted = hasStarted || (scan.state().isRunning && !before.isRunning);
+        });
+    }
+
     /// Cancelled scans come to their end.
     void TearDown() override
     {
@@ -24,10 +33,11 @@ protected:
         settle();
     }
 
-    /// A slow disk delays what is imported.
-    [[nodiscard]] bool isScanning() const
+    /// Waits for a scan to start that has not been waited for. A slow disk delays it, and it may be over by
+    /// then.
+    [[nodiscard]] bool scanStarts()
     {
-        return QTest::qWaitFor([this] { return scan.state().isRunning; }, 20'000);
+        return QTest::qWaitFor([this] { return std::exchange(hasStarted, false); }, 20'000);
     }
 
     const QUrl song = QUrl::fromLocalFile(QStringLiteral(SONAVO_SAMPLES "/Albums/Cora Lind - Go.mp3"));
@@ -38,6 +48,7 @@ protected:
     Scan scan{library, notices, pauses};
     const FileJob job;
     Importer importer{desktop, library, job, scan, notices};
+    bool hasStarted = false;
 };
 
 TEST_F(ImporterTest, AsksBeforeALargeImportAndRefusesAHugeOne)
@@ -55,12 +66,13 @@ TEST_F(ImporterTest, AsksBeforeALargeImportAndRefusesAHugeOne)
         scan.reset();
         importer.reset();
         notices.clearAlert();
+        hasStarted = false;
         library.setSongs(QList<Song>(entry.songs));
-        const bool hasStarted = importer.importDroppedItems(QList<QUrl>(entry.items, song));
-        EXPECT_TRUE(entry.starts || !hasStarted);
+        const bool isStarted = importer.importDroppedItems(QList<QUrl>(entry.items, song));
+        EXPECT_TRUE(entry.starts || !isStarted);
         ASSERT_TRUE(QTest::qWaitFor(
             [&] {
-                return scan.state().isRunning == entry.starts && importer.state().isAsking == entry.asks &&
+                return hasStarted == entry.starts && importer.state().isAsking == entry.asks &&
                        notices.state().isAlertShown == entry.refuses;
             },
             20'000));
@@ -90,7 +102,7 @@ TEST_F(ImporterTest, ImportsWhatIsChosenUnlessTheSessionWasClearedMeanwhile)
     importer.setAsking(true);
     desktop.onChoice = [] {};
     importer.importWithOpenPanel();
-    EXPECT_TRUE(isScanning());
+    EXPECT_TRUE(scanStarts());
     EXPECT_FALSE(importer.state().isAsking);
     EXPECT_TRUE(importer.state().pendingUrls.isEmpty()) << "the later import replaces the pending one";
 }
@@ -155,7 +167,7 @@ TEST_F(ImporterTest, OffersToScanAllThatWasDroppedTogether)
     const QList<QUrl> folders{music.urlOf(u"a"_s), music.urlOf(u"b\n"_s)};
     const auto isOffered = [this] { return !importer.scanAllText().isEmpty(); };
     importer.importDrop({folders[0], text});
-    EXPECT_TRUE(isScanning());
+    EXPECT_TRUE(scanStarts());
     EXPECT_FALSE(isOffered());
 
     importer.importDrop(folders + QList{text});
@@ -184,7 +196,7 @@ TEST_F(ImporterTest, DoesNotWaitForADiskThatHangs)
         GTEST_SKIP() << "no right to let a disk hang";
     const QList<QUrl> hanging{music.urlOf(u"hangs"_s)};
     const auto hangs = [&](std::size_t reads) {
-        return QTest::qWaitFor([&] { return disk.hangingReads() == reads; });
+        return QTest::qWaitFor([&] { return disk.hangingReads() == reads; }, 20'000);
     };
     QElapsedTimer timer;
     timer.start();
@@ -193,19 +205,21 @@ TEST_F(ImporterTest, DoesNotWaitForADiskThatHangs)
     ASSERT_TRUE(hangs(1));
     // Another import, or the end of the session, takes its place.
     importer.importDroppedItems({song});
-    ASSERT_TRUE(isScanning());
+    ASSERT_TRUE(scanStarts());
     EXPECT_FALSE(importer.importChosenItems(hanging));
     ASSERT_TRUE(hangs(2));
     scan.start(QList{song} + hanging);
-    EXPECT_TRUE(QTest::qWaitFor([this] { return scan.state().foundFiles == 1; }));
+    EXPECT_TRUE(QTest::qWaitFor([this] { return scan.state().foundFiles == 1; }, 20'000));
+    ASSERT_TRUE(hangs(3));
     scan.reset();
     importer.reset();
     EXPECT_FALSE(importer.importDrop(hanging + QList{song}));
     ASSERT_TRUE(hangs(4));
     const auto gone = std::make_unique<Importer>(desktop, library, job, scan, notices);
     EXPECT_FALSE(gone->importDrop(hanging));
+    hasStarted = false;
     disk.letGo();
-    ASSERT_TRUE(isScanning());
+    ASSERT_TRUE(scanStarts());
     EXPECT_EQ(importer.state().droppedUrls.size(), 2);
 }
 
