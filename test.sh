@@ -42,10 +42,16 @@ check_views() {
     quietly "$root/build/test/qmllint.log" cmake --build --preset test --target all_qmllint
 }
 
+# Windows, sound and disks that hang are real here, and a busy machine can delay them. So a test may fail once, but its
+# name is kept for the end: somebody should find out why.
 run_tests() {
     echo "Testing ($1)"
-    ctest --preset "$1" --parallel "$(($(nproc) + 1))" --progress
+    local log=$root/build/$1/tests.log
+    ctest --preset "$1" --parallel "$(($(nproc) + 1))" --repeat until-pass:2 --progress | tee "$log"
+    mapfile -t -O "${#unsteady[@]}" unsteady \
+        < <(sed -nE "s/.*Test +#[0-9]+: ([^ ]+) .*\*\*\*.*/\1 ($1)/p" "$log" | sort --unique)
 }
+unsteady=()
 
 install_packages "${BUILD_PACKAGES[@]}" "${TEST_PACKAGES[@]}" "${BENCH_PACKAGES[@]}"
 install_svg_plugin_if_missing
@@ -67,3 +73,7 @@ run_tests test
 build sanitize
 run_tests sanitize
 "$root/scripts/fuzz.sh" 10
+if ((${#unsteady[@]})); then
+    echo "Passed only when they were tried again:"
+    printf '  %s\n' "${unsteady[@]}"
+fi
