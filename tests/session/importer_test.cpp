@@ -215,8 +215,10 @@ TEST_F(ImporterTest, DoesNotWaitForADiskThatHangs)
     importer.reset();
     EXPECT_FALSE(importer.importDrop(hanging + QList{song}));
     ASSERT_TRUE(hangs(4));
-    const auto gone = std::make_unique<Importer>(desktop, library, job, scan, notices);
+    auto gone = std::make_unique<Importer>(desktop, library, job, scan, notices);
     EXPECT_FALSE(gone->importDrop(hanging));
+    ASSERT_TRUE(hangs(5));
+    gone.reset();
     hasStarted = false;
     disk.letGo();
     ASSERT_TRUE(scanStarts());

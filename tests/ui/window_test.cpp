@@ -192,9 +192,9 @@ TEST_F(WindowTest, AsksBeforeALargeImportEveryTime)
     raiseLimitWarning();
     press(Qt::Key_Escape);
     session.importDroppedItems(MANY);
+    EXPECT_TRUE(waitFor([this] { return session.pendingImportURLs().size() == MANY.size(); }));
     QTest::qWait(300);
     EXPECT_TRUE(shows(LARGE_LIBRARY));
-    EXPECT_EQ(session.pendingImportURLs().size(), MANY.size());
     session.clearAll();
     EXPECT_TRUE(waitForNoText(LARGE_LIBRARY));
     EXPECT_EQ(scans(), 0);
@@ -255,7 +255,7 @@ TEST_F(WindowTest, ShowsTheLatestToastUntilItIsClosed)
         EXPECT_FALSE(session.showToast());
     }
     session.showToast(u"One moment"_s, ToastType::Info);
-    QTest::qWait(1);
+    EXPECT_TRUE(waitFor([] { return alerts.size() == 1; }));
     session.showToast(LONG_TOAST, ToastType::Success);
     EXPECT_TRUE(waitFor([] { return alerts == QStringList{u"One moment"_s, LONG_TOAST}; }));
     session.showToast(LONG_TOAST, ToastType::Success);
@@ -299,11 +299,10 @@ TEST_F(WindowTest, ImportsOnceWhatIsChosen)
     EXPECT_TRUE(shows(WELCOME)) << "nothing was chosen";
     desktop.choice = SAMPLES;
     activate(BROWSE);
-    QTest::qWait(1);
-    EXPECT_TRUE(shows(CANCEL_SCAN));
+    EXPECT_TRUE(waitForText(CANCEL_SCAN));
+    EXPECT_TRUE(waitFor([this] { return scans() == 1; }));
     press(Qt::Key_O, Qt::ControlModifier);
-    QTest::qWait(1);
-    EXPECT_EQ(scans(), 2) << "also during a scan";
+    EXPECT_TRUE(waitFor([this] { return scans() == 2; })) << "also during a scan";
 }
 
 TEST_F(WindowTest, LightsUpUnderFilesAndImportsThemOnceWhereverTheyAreDropped)
