@@ -29,6 +29,8 @@ Loader {
         text: loader.text
         // Only now that everything else is set: Qt does not always take a text that comes during the delay.
         Component.onCompleted: open()
+        // The delay can end between this and the deletion, when there is no window any more.
+        Component.onDestruction: close()
         contentItem: PlainText {
             wrapMode: Text.Wrap
             text: loader.text
