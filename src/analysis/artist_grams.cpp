@@ -131,7 +131,7 @@ void ArtistGrams::build(std::span<const PreparedSong> bucket)
         if (group.songs.size() > FEW_SONGS && group.songs.size() < MOST_SONGS &&
             group.length <= LONGEST_ARTIST)
             listGrams(group, bucket);
-        group.hasPlaces = group.songs.size() > FEW_SONGS && group.length <= CharacterPlaces::LONGEST;
+        group.hasPlaces = group.songs.size() > FEW_SONGS && group.length <= LONGEST_PLACED;
         if (group.hasPlaces)
             group.places.build(
                 group.length, group.songs.size(),
@@ -184,7 +184,7 @@ void ArtistGrams::findInGroup(const Group &group, std::span<const Search> search
         const auto at = std::lower_bound(group.songs.begin(), group.songs.end(), position);
         return static_cast<std::size_t>(at - group.songs.begin());
     };
-    std::vector<CharacterPlaces::Search> byPlaces;
+    std::vector<CharacterPlaces<char>::Search> byPlaces;
     std::vector<std::vector<BucketPosition> *> foundByPlaces;
     for (const Search &search : searches) {
         const std::string_view artist = m_songs.artistOf(*search.song);
@@ -197,7 +197,7 @@ void ArtistGrams::findInGroup(const Group &group, std::span<const Search> search
             search.found};
         if (findByGrams(group, inGroup))
             continue;
-        if (group.hasPlaces && artist.size() <= CharacterPlaces::LONGEST) {
+        if (group.hasPlaces && artist.size() <= LONGEST_PLACED) {
             byPlaces.push_back({artist, limit, inGroup.first, inGroup.last});
             foundByPlaces.push_back(search.found);
             continue;

@@ -65,7 +65,7 @@ private:
         /// The song's number in the group, and in the lowest bits where the n-gram stands in the artist.
         std::vector<std::uint32_t> entries;
         /// Not for groups that are looked through as fast.
-        CharacterPlaces places;
+        CharacterPlaces<char> places;
         bool hasPlaces = false;
     };
     class Choice;

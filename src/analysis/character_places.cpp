@@ -16,7 +16,7 @@ constexpr std::size_t PART = sizeof(Part) / sizeof(std::uint64_t);
 constexpr std::size_t TEXTS_PER_PART = PART * BITS;
 
 /// Vertical counters of the texts of a part: bit i of all words together is the number of text i.
-using Counters = std::array<Part, std::bit_width(CharacterPlaces::LONGEST)>;
+using Counters = std::array<Part, std::bit_width(LONGEST_PLACED)>;
 
 /// The distance table of a text and others of one length, as far as it matters.
 struct Table
@@ -76,7 +76,7 @@ struct Diagonals
 template <>
 struct Diagonals<0>
 {
-    static constexpr std::size_t MOST = CharacterPlaces::LONGEST + 1;
+    static constexpr std::size_t MOST = LONGEST_PLACED + 1;
     explicit Diagonals(std::size_t count)
         : m_count(count)
     {}
@@ -132,7 +132,7 @@ struct Difference
 [[gnu::always_inline]] inline void measureDistance(Part &left, const Table &table, const std::uint64_t *bits)
 {
     const Difference one{~Part{}, Part{}};
-    std::array<Difference, CharacterPlaces::LONGEST> above;
+    std::array<Difference, LONGEST_PLACED> above;
     for (std::ptrdiff_t column = 0; column < table.columns; ++column)
         above[static_cast<std::size_t>(column)] = one;
     // The edits on the last diagonal, where so many are left for it.
@@ -244,12 +244,11 @@ KeepNear fastestKeepNear()
     return keepNearHere;
 }
 
-Table tableOf(const CharacterPlaces::Search &search, std::size_t length,
-              std::span<const std::uint32_t> firstRows)
+/// The table of a search, but for its rows.
+template <typename Search>
+Table tableOf(const Search &search, std::size_t length)
 {
     Table table;
-    for (const char character : search.text)
-        table.rows.push_back(firstRows[symbolOf(character)]);
     table.columns = static_cast<std::ptrdiff_t>(length);
     // So many insertions or deletions are before and behind what the texts have in common, at most.
     const std::ptrdiff_t surplus = table.columns - static_cast<std::ptrdiff_t>(search.text.size());
@@ -266,8 +265,8 @@ Table tableOf(const CharacterPlaces::Search &search, std::size_t length,
 
 /// Calls `visit` with the texts of a word that a search asks for, until it returns false.
 /// @return whether it did not
-template <typename Visit>
-bool visitTexts(std::uint64_t word, std::size_t first, const CharacterPlaces::Search &search, Visit visit)
+template <typename Search, typename Visit>
+bool visitTexts(std::uint64_t word, std::size_t first, const Search &search, Visit visit)
 {
     for (; word != 0; word &= word - 1) {
         const std::size_t number = first + static_cast<std::size_t>(std::countr_zero(word));
@@ -279,7 +278,23 @@ bool visitTexts(std::uint64_t word, std::size_t first, const CharacterPlaces::Se
 
 } // namespace
 
-void CharacterPlaces::clear(std::size_t length, std::size_t count, std::size_t mostEdits)
+template <>
+std::size_t CharacterPlaces<char>::symbolOfCharacter(char character)
+{
+    return symbolOf(character);
+}
+
+template <>
+std::size_t CharacterPlaces<char32_t>::symbolOfCharacter(char32_t character)
+{
+    if (character < 0x80)
+        return symbolOf(static_cast<char>(character));
+    // Neighbours in an alphabet get different symbols as far as there are enough.
+    return ALPHABET + character % (SYMBOLS - ALPHABET);
+}
+
+template <typename Character>
+void CharacterPlaces<Character>::clear(std::size_t length, std::size_t count, std::size_t mostEdits)
 {
     m_length = length;
     m_parts = (count + TEXTS_PER_PART - 1) / TEXTS_PER_PART;
@@ -290,13 +305,15 @@ void CharacterPlaces::clear(std::size_t length, std::size_t count, std::size_t m
         m_left[number / BITS] |= std::uint64_t{1} << number % BITS;
 }
 
-void CharacterPlaces::noteCharacters(std::string_view text)
+template <typename Character>
+void CharacterPlaces<Character>::noteCharacters(Text text)
 {
-    for (const char character : text)
-        m_firstRows[symbolOf(character)] = 1;
+    for (const Character character : text)
+        m_firstRows[symbolOfCharacter(character)] = 1;
 }
 
-void CharacterPlaces::layOut()
+template <typename Character>
+void CharacterPlaces<Character>::layOut()
 {
     m_rows = m_margin;
     for (std::uint32_t &first : m_firstRows) {
@@ -308,26 +325,31 @@ void CharacterPlaces::layOut()
     m_bits.assign(m_rows * m_parts * PART, 0);
 }
 
-void CharacterPlaces::add(std::string_view text, std::size_t number)
+template <typename Character>
+void CharacterPlaces<Character>::add(Text text, std::size_t number)
 {
     const std::uint64_t bit = std::uint64_t{1} << number % BITS;
     std::uint64_t *part = &m_bits[number / TEXTS_PER_PART * m_rows * PART + number / BITS % PART];
     for (std::size_t place = 0; place < text.size(); ++place)
-        part[(m_firstRows[symbolOf(text[place])] + place) * PART] |= bit;
+        part[(m_firstRows[symbolOfCharacter(text[place])] + place) * PART] |= bit;
 }
 
-void CharacterPlaces::remove(std::size_t number)
+template <typename Character>
+void CharacterPlaces<Character>::remove(std::size_t number)
 {
     m_left[number / BITS] &= ~(std::uint64_t{1} << number % BITS);
 }
 
-void CharacterPlaces::findNear(std::span<const Search> searches, const Visit &visit) const
+template <typename Character>
+void CharacterPlaces<Character>::findNear(std::span<const Search> searches, const Visit &visit) const
 {
     std::vector<Table> tables;
     std::size_t firstPart = m_parts;
     std::size_t endPart = 0;
     for (const Search &search : searches) {
-        tables.push_back(tableOf(search, m_length, m_firstRows));
+        tables.push_back(tableOf(search, m_length));
+        for (const Character character : search.text)
+            tables.back().rows.push_back(m_firstRows[symbolOfCharacter(character)]);
         firstPart = std::min(firstPart, tables.back().firstPart);
         endPart = std::max(endPart, tables.back().endPart);
     }
@@ -355,5 +377,8 @@ void CharacterPlaces::findNear(std::span<const Search> searches, const Visit &vi
         }
     }
 }
+
+template class CharacterPlaces<char>;
+template class CharacterPlaces<char32_t>;
 
 } // namespace sonavo

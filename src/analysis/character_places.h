@@ -12,6 +12,9 @@
 
 namespace sonavo {
 
+/// Longer texts are neither indexed nor searched for.
+inline constexpr std::size_t LONGEST_PLACED = 128;
+
 /// Normalised texts of one length, as a bit for each text, character and place: finds those within some edits
 /// of other texts, hundreds at a time.
 ///
@@ -22,16 +25,18 @@ namespace sonavo {
 /// For texts that are left, the cells of that table follow, each for all texts of a part; see
 /// levenshteinDistance(). Both count in vertical counters: H. Hyyrö, K. Fredriksson and G. Navarro,
 /// "Increased bit-parallelism for approximate and multiple string matching" (2005).
+/// @tparam Character char, or char32_t for code points: those outside the Latin alphabet share a few symbols,
+/// so that texts beyond the limit may be found as well
+template <typename Character>
 class CharacterPlaces
 {
 public:
-    /// Longer texts are neither indexed nor searched for.
-    static constexpr std::size_t LONGEST = 128;
+    using Text = std::basic_string_view<Character>;
 
     /// A text whose neighbours are looked for.
     struct Search
     {
-        std::string_view text;
+        Text text;
         /// At least the difference of the lengths, at most what the index was built for.
         std::size_t limit = 0;
         /// The numbers that are asked for: from the first to before the last.
@@ -43,7 +48,7 @@ public:
     using Visit = std::function<bool(std::size_t search, std::uint32_t number)>;
 
     /// Replaces what the index holds.
-    /// @param length of each text, at most LONGEST
+    /// @param length of each text, at most LONGEST_PLACED
     /// @param mostEdits the largest limit of a search
     /// @param textOf gives the text for each number below `count`
     template <typename TextOf>
@@ -63,14 +68,18 @@ public:
     /// Calls `visit` with each text that is within the limit of a search and not removed; for each search by
     /// ascending numbers. Several searches together take less time than one after the other. Any thread may
     /// ask.
-    /// @param searches with texts of at most LONGEST characters
+    /// @param searches with texts of at most LONGEST_PLACED characters
     void findNear(std::span<const Search> searches, const Visit &visit) const;
 
 private:
+    /// Symbols are below this.
+    static constexpr std::size_t SYMBOLS = 64;
+
+    [[nodiscard]] static std::size_t symbolOfCharacter(Character character);
     void clear(std::size_t length, std::size_t count, std::size_t mostEdits);
-    void noteCharacters(std::string_view text);
+    void noteCharacters(Text text);
     void layOut();
-    void add(std::string_view text, std::size_t number);
+    void add(Text text, std::size_t number);
 
     std::size_t m_length = 0;
     std::size_t m_parts = 0;
@@ -78,7 +87,7 @@ private:
     std::size_t m_margin = 0;
     std::size_t m_rows = 0;
     /// By symbol, the number of its first row; 0 for those that no text has.
-    std::array<std::uint32_t, ALPHABET> m_firstRows{};
+    std::array<std::uint32_t, SYMBOLS> m_firstRows{};
     /// By part: an empty row, and then one for each character and place.
     std::vector<std::uint64_t> m_bits;
     /// The texts that are not removed.

@@ -157,6 +157,8 @@ private:
     /// Songs counted at a time in takeCentresOfMost(): some of them in vain.
     static constexpr std::size_t LEAST_BATCH = 64;
     static constexpr std::size_t LARGEST_BATCH = 4096;
+    /// By one thread.
+    static constexpr std::size_t MOST_COUNTED_TOGETHER = 16;
 
     bool countCheapSongs()
     {
@@ -180,10 +182,7 @@ private:
                 if (!m_removed.isRemoved(*end) && !m_counts.isCounted(*end))
                     uncounted.push_back(*end);
             }
-            const auto count = [&](FurtherMatches &matches, std::size_t i) {
-                setCount(uncounted[i], matches.matchesOf(uncounted[i], MOST_MATCHES_COUNTED));
-            };
-            if (!countInParallel(uncounted.size(), 1, count))
+            if (!countTogether(uncounted))
                 return false;
             for (; begin != end; ++begin) {
                 if (m_counts[*begin] >= MOST_MATCHES_COUNTED && !takeStarOf(*begin))
@@ -195,6 +194,21 @@ private:
             batchSize = std::clamp(areMany ? batchSize / 2 : batchSize * 2, LEAST_BATCH, LARGEST_BATCH);
         }
         return true;
+    }
+
+    /// @return false if it was stopped
+    bool countTogether(std::span<const Position> songs)
+    {
+        const std::size_t partSize =
+            std::clamp<std::size_t>(songs.size() / (4 * computingThreads()), 1, MOST_COUNTED_TOGETHER);
+        const auto count = [&](FurtherMatches &matches, std::size_t part) {
+            const auto some =
+                songs.subspan(part * partSize, std::min(partSize, songs.size() - part * partSize));
+            matches.forEachMatches(
+                some, MOST_MATCHES_COUNTED,
+                [&](std::size_t i, std::span<const Position> found) { setCount(some[i], found); });
+        };
+        return countInParallel((songs.size() + partSize - 1) / partSize, 1, count);
     }
 
     bool takeCentresOfFewer()

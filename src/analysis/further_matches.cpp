@@ -16,6 +16,11 @@ namespace {
 
 using Position = FurtherSongs::Position;
 
+/// Fewer artists than this are compared as fast as they are looked up.
+constexpr std::size_t FEW_ARTISTS = 256;
+/// How many artists CharacterPlaces rejects in the time that it takes to compare two songs.
+constexpr std::size_t PLACED_PER_COMPARED = 32;
+
 /// Blocks span as much as the window of a song, so that a window needs few of them.
 std::vector<Position> blockEndsOf(const FurtherSongs &songs)
 {
@@ -140,7 +145,7 @@ void FurtherIndex::chooseSongsWithKeys(const std::stop_token &stop)
     });
     if (!m_artists.areAllKnown()) {
         std::fill(m_hasKeys.begin(), m_hasKeys.end(), 1);
-        groupByArtistLength();
+        groupByArtistLength(stop);
         return;
     }
     for (FurtherArtists::Artist artist = 0; artist < m_artists.size(); ++artist) {
@@ -153,7 +158,7 @@ void FurtherIndex::chooseSongsWithKeys(const std::stop_token &stop)
     }
 }
 
-void FurtherIndex::groupByArtistLength()
+void FurtherIndex::groupByArtistLength(const std::stop_token &stop)
 {
     for (Position song = 0; song < m_songs.size(); ++song) {
         const std::size_t length = m_songs[song].artistLength;
@@ -164,6 +169,15 @@ void FurtherIndex::groupByArtistLength()
         m_byArtistLength[length].pairBits.push_back(m_artists.pairBitsOf(m_artists.of(song)));
     }
     std::erase_if(m_byArtistLength, [](const ArtistLength &group) { return group.songs.empty(); });
+    (void)forEachInParallel(m_byArtistLength.size(), 1, stop, [this](std::size_t i) {
+        ArtistLength &group = m_byArtistLength[i];
+        if (group.songs.size() < FEW_ARTISTS || group.length > LONGEST_PLACED)
+            return;
+        group.places.emplace();
+        group.places->build(group.length, group.songs.size(),
+                            largestDistanceToSimilar(group.length, MATCH_ARTIST_SIMILARITY),
+                            [&](std::size_t number) { return artistOf(m_songs[group.songs[number]]); });
+    });
 }
 
 void FurtherIndex::countKeys()
@@ -209,10 +223,30 @@ void FurtherIndex::fillBlock(FurtherKeys &keys, std::size_t block)
 
 std::span<const Position> FurtherMatches::matchesOf(Position song, std::size_t most)
 {
-    begin(song, most);
-    (void)chooseWay();
-    find();
+    forEachMatches({&song, 1}, most, [this](std::size_t, std::span<const Position> matches) {
+        if (matches.data() != m_matches.data())
+            m_matches.assign(matches.begin(), matches.end());
+    });
     return m_matches;
+}
+
+void FurtherMatches::forEachMatches(std::span<const Position> songs, std::size_t most,
+                                    const std::function<void(std::size_t, std::span<const Position>)> &visit)
+{
+    m_windowSearches.clear();
+    for (std::size_t i = 0; i < songs.size(); ++i) {
+        begin(songs[i], most);
+        (void)chooseWay();
+        if (!m_isByKey && !m_areArtistsKnown) {
+            m_windowSearches.push_back({i, songs[i], m_window, {}});
+            continue;
+        }
+        find();
+        visit(i, m_matches);
+    }
+    compareWithWindows();
+    for (const WindowSearch &search : m_windowSearches)
+        visit(search.place, search.matches);
 }
 
 std::optional<std::span<const Position>> FurtherMatches::matchesIfCheap(Position song, std::size_t most)
@@ -259,7 +293,8 @@ std::size_t FurtherMatches::chooseWay()
 {
     const FurtherArtists::Artist self = m_index.artists().of(m_song);
     const std::size_t count = m_areArtistsKnown ? m_groupedCount : m_window.end - m_window.begin;
-    const std::size_t cost = m_areArtistsKnown ? count / 3 : costOfWindow();
+    // The texts of most of them are not read.
+    const std::size_t cost = m_areArtistsKnown ? count / 3 : count / PLACED_PER_COMPARED;
     m_isByKey = m_index.hasKeysFor(self) && count > m_index.fewSongs();
     if (!m_isByKey)
         return cost;
@@ -269,30 +304,17 @@ std::size_t FurtherMatches::chooseWay()
     return std::min(proposed, cost);
 }
 
-std::size_t FurtherMatches::costOfWindow() const
-{
-    // Most artists are rejected fast, unless all are a little alike: a few of them tell.
-    constexpr std::size_t REJECTED_PER_COMPARED = 8;
-    constexpr std::size_t SAMPLES = 32;
-    const FurtherArtists &artists = m_index.artists();
-    const FurtherArtists::Artist self = artists.of(m_song);
-    const std::size_t count = m_window.end - m_window.begin;
-    std::size_t compared = 0;
-    for (std::size_t i = 0; i < SAMPLES; ++i) {
-        const auto song = static_cast<Position>(m_window.begin + i * count / SAMPLES);
-        compared += artists.mayBeSimilar(self, artists.of(song)) ? 1U : 0U;
-    }
-    return count / REJECTED_PER_COMPARED + count * compared / SAMPLES;
-}
-
 void FurtherMatches::find()
 {
     if (m_isByKey)
         compareWithProposed();
     else if (m_areArtistsKnown)
         compareWithSimilarArtists();
-    else
-        compareWithWindow();
+    else {
+        m_windowSearches.assign(1, {0, m_song, m_window, {}});
+        compareWithWindows();
+        m_matches.swap(m_windowSearches[0].matches);
+    }
 }
 
 void FurtherMatches::compareWithSimilarArtists()
@@ -311,38 +333,72 @@ void FurtherMatches::compareWithSimilarArtists()
     }
 }
 
-void FurtherMatches::compareWithWindow()
+void FurtherMatches::compareWithWindows()
 {
-    const std::size_t length = m_index.songs()[m_song].artistLength;
-    for (const FurtherIndex::ArtistLength &group : m_index.byArtistLength()) {
-        const std::size_t longer = std::max(length, group.length);
-        const std::size_t limit = largestDistance(longer, MATCH_ARTIST_SIMILARITY);
-        if (longer - std::min(length, group.length) <= limit && !compareWithArtistsOf(group, limit))
-            return;
-    }
+    if (m_windowSearches.empty())
+        return;
+    for (const FurtherIndex::ArtistLength &group : m_index.byArtistLength())
+        compareWithArtistsOf(group);
 }
 
-bool FurtherMatches::compareWithArtistsOf(const FurtherIndex::ArtistLength &group, std::size_t limit)
+void FurtherMatches::compareWithArtistsOf(const FurtherIndex::ArtistLength &group)
 {
-    constexpr std::size_t SONGS_AT_A_TIME = 4096;
-    const FurtherArtists &artists = m_index.artists();
-    const std::uint64_t pairBits = artists.pairBitsOf(artists.of(m_song));
     const auto placeOf = [&group](Position song) {
         const auto place = std::lower_bound(group.songs.begin(), group.songs.end(), song);
         return static_cast<std::size_t>(place - group.songs.begin());
     };
-    const std::size_t end = placeOf(m_window.end);
-    for (std::size_t begin = placeOf(m_window.begin); begin < end; begin += SONGS_AT_A_TIME) {
+    std::vector<CharacterPlaces<char32_t>::Search> placed;
+    std::vector<WindowSearch *> searches;
+    for (WindowSearch &search : m_windowSearches) {
+        const std::u32string_view artist = artistOf(m_index.songs()[search.song]);
+        const std::size_t longer = std::max(artist.size(), group.length);
+        const std::size_t limit = largestDistance(longer, MATCH_ARTIST_SIMILARITY);
+        if (search.matches.size() >= m_most || longer - std::min(artist.size(), group.length) > limit)
+            continue;
+        if (!group.places || artist.size() > LONGEST_PLACED) {
+            compareWithArtistsOf(group, limit, search);
+            continue;
+        }
+        placed.push_back({artist, limit, placeOf(search.window.begin), placeOf(search.window.end)});
+        searches.push_back(&search);
+    }
+    if (placed.empty())
+        return;
+    group.places->findNear(placed, [&](std::size_t search, std::uint32_t number) {
+        return compareWith(*searches[search], group.songs[number]);
+    });
+}
+
+void FurtherMatches::compareWithArtistsOf(const FurtherIndex::ArtistLength &group, std::size_t limit,
+                                          WindowSearch &search)
+{
+    constexpr std::size_t SONGS_AT_A_TIME = 4096;
+    const FurtherArtists &artists = m_index.artists();
+    const FurtherArtists::Artist self = artists.of(search.song);
+    const auto placeOf = [&group](Position song) {
+        const auto place = std::lower_bound(group.songs.begin(), group.songs.end(), song);
+        return static_cast<std::size_t>(place - group.songs.begin());
+    };
+    const std::size_t end = placeOf(search.window.end);
+    for (std::size_t begin = placeOf(search.window.begin); begin < end; begin += SONGS_AT_A_TIME) {
         m_near.clear();
         appendNear(m_near, static_cast<std::uint32_t>(begin),
-                   std::span(group.pairBits).subspan(begin, std::min(SONGS_AT_A_TIME, end - begin)), pairBits,
-                   limit);
+                   std::span(group.pairBits).subspan(begin, std::min(SONGS_AT_A_TIME, end - begin)),
+                   artists.pairBitsOf(self), limit);
         for (const std::uint32_t place : m_near) {
-            if (!compareWith(group.songs[place]))
-                return false;
+            const Position candidate = group.songs[place];
+            if (artists.mayBeSimilar(self, artists.of(candidate)) && !compareWith(search, candidate))
+                return;
         }
     }
-    return true;
+}
+
+bool FurtherMatches::compareWith(WindowSearch &search, Position candidate) const
+{
+    if (candidate != search.song && !isRemoved(candidate) &&
+        songsMatchFurther(m_index.songs()[search.song], m_index.songs()[candidate]))
+        search.matches.push_back(candidate);
+    return search.matches.size() < m_most;
 }
 
 void FurtherMatches::compareWithProposed()

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "analysis/character_places.h"
 #include "analysis/disjoint_grams.h"
 #include "analysis/further_artists.h"
 #include "analysis/further_keys.h"
@@ -8,6 +9,7 @@
 
 #include <cstddef>
 #include <cstdint>
+#include <functional>
 #include <optional>
 #include <span>
 #include <stop_token>
@@ -68,6 +70,8 @@ public:
         /// Ascending, and FurtherArtists::pairBitsOf() of the artist of each: side by side, to be read fast.
         std::vector<Position> songs;
         std::vector<std::uint64_t> pairBits;
+        /// The artists of these songs, unless they are compared as fast.
+        std::optional<CharacterPlaces<char32_t>> places;
     };
     /// Empty if the similar artists of all are known.
     [[nodiscard]] const std::vector<ArtistLength> &byArtistLength() const { return m_byArtistLength; }
@@ -79,7 +83,7 @@ private:
     }
     [[nodiscard]] bool isLarge(FurtherArtists::Artist artist) const;
     void chooseSongsWithKeys(const std::stop_token &stop);
-    void groupByArtistLength();
+    void groupByArtistLength(const std::stop_token &stop);
     [[nodiscard]] bool hasKeys(Position song) const { return m_hasKeys[m_artists.of(song)] != 0; }
     void countKeys();
     void fillBlock(FurtherKeys &keys, std::size_t block);
@@ -143,6 +147,11 @@ public:
     /// @param most no more than that many are looked for
     /// @return valid until the next call
     [[nodiscard]] std::span<const Position> matchesOf(Position song, std::size_t most);
+    /// The same for several songs, in any order: together they can take less time.
+    /// @param visit takes a song, as its place among them, and what matches it, which is valid during the
+    /// call
+    void forEachMatches(std::span<const Position> songs, std::size_t most,
+                        const std::function<void(std::size_t, std::span<const Position>)> &visit);
     /// The same, or nothing if a large share of the library would have to be looked at.
     [[nodiscard]] std::optional<std::span<const Position>> matchesIfCheap(Position song, std::size_t most);
 
@@ -157,12 +166,24 @@ private:
     /// Decides how to find the matches.
     /// @return about how many songs have to be read from memory
     std::size_t chooseWay();
-    [[nodiscard]] std::size_t costOfWindow() const;
     void find();
 
-    void compareWithWindow();
+    /// A song that is compared with those of similar artists in its window, where similar artists are not
+    /// known.
+    struct WindowSearch
+    {
+        std::size_t place = 0;
+        Position song = 0;
+        FurtherIndex::Window window;
+        std::vector<Position> matches;
+    };
+
+    void compareWithWindows();
+    void compareWithArtistsOf(const FurtherIndex::ArtistLength &group);
+    void compareWithArtistsOf(const FurtherIndex::ArtistLength &group, std::size_t limit,
+                              WindowSearch &search);
     /// @return whether to go on
-    bool compareWithArtistsOf(const FurtherIndex::ArtistLength &group, std::size_t limit);
+    bool compareWith(WindowSearch &search, Position candidate) const;
     void compareWithSimilarArtists();
     void compareWithProposed();
     /// @return whether to go on
@@ -208,6 +229,9 @@ private:
     /// About which share of all songs has one of them.
     double m_artistShare = 1.0;
     std::vector<Hash> m_proposals;
+
+    /// Those of the last songs that were asked for together.
+    std::vector<WindowSearch> m_windowSearches;
 
     // Kept for their memory.
     std::vector<std::size_t> m_counts;

@@ -41,16 +41,16 @@ TEST(CharacterPlaces, FindsTheTextsWithinTheLimitAndNoOthers)
                 for (std::size_t edits = random.below(length + 1); edits > 0; --edits)
                     edit(text, random, characters);
             }
-            CharacterPlaces places;
+            CharacterPlaces<char> places;
             places.build(length, texts.size(), length, [&](std::size_t number) { return texts[number]; });
             std::vector<std::string> asked(40);
-            std::vector<CharacterPlaces::Search> searches;
+            std::vector<CharacterPlaces<char>::Search> searches;
             for (std::string &text : asked) {
                 text = texts[random.below(texts.size())];
                 const std::size_t surplus = random.below(length / 3 + 1);
                 if (random.isOneIn(3))
                     text.erase(random.below(length - surplus + 1), surplus);
-                else if (random.isOneIn(2) && length + surplus <= CharacterPlaces::LONGEST)
+                else if (random.isOneIn(2) && length + surplus <= LONGEST_PLACED)
                     text.insert(random.below(length), surplus, characterOf(random, characters));
                 searches.push_back({text, surplus + random.below(length / 3 + 1), 10, 290});
             }
