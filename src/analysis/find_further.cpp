@@ -133,7 +133,7 @@ class StarSearch
 {
 public:
     /// All must outlive this.
-    StarSearch(const QList<Song> &songs, const FurtherIndex &index, const std::stop_token &stop,
+    StarSearch(const QList<Song> &songs, FurtherIndex &index, const std::stop_token &stop,
                const FurtherProgressSink &report)
         : m_songs(songs)
         , m_index(index)
@@ -157,6 +157,8 @@ private:
     /// Songs counted at a time in takeCentresOfMost(): some of them in vain.
     static constexpr std::size_t LEAST_BATCH = 64;
     static constexpr std::size_t LARGEST_BATCH = 4096;
+    /// If more songs than this are expensive to count, another index pays off.
+    static constexpr std::size_t MANY_EXPENSIVE = 1024;
     /// By one thread.
     static constexpr std::size_t MOST_COUNTED_TOGETHER = 16;
 
@@ -174,6 +176,10 @@ private:
     bool takeCentresOfMost()
     {
         const std::vector<Position> songs = songsOfMost();
+        const auto expensive = std::count_if(songs.begin(), songs.end(),
+                                             [this](Position song) { return !m_counts.isCounted(song); });
+        if (static_cast<std::size_t>(expensive) >= MANY_EXPENSIVE)
+            m_index.placeTexts(m_stop);
         std::size_t batchSize = LEAST_BATCH;
         for (auto begin = songs.begin(); begin != songs.end();) {
             std::vector<Position> uncounted;
@@ -296,7 +302,7 @@ private:
     }
 
     const QList<Song> &m_songs;
-    const FurtherIndex &m_index;
+    FurtherIndex &m_index;
     const std::stop_token &m_stop;
     const Progress m_counting;
     const Progress m_takingFew;
@@ -348,7 +354,7 @@ std::optional<QList<DuplicateGroup>> findFurther(const QList<Song> &songs, const
     if (stop.stop_requested())
         return std::nullopt;
     reportProgress(AFTER_PREPARING);
-    const FurtherIndex index(prepared, stop);
+    FurtherIndex index(prepared, stop);
     if (stop.stop_requested())
         return std::nullopt;
     std::optional<std::vector<Star>> stars = StarSearch(songs, index, stop, reportProgress).run();

@@ -76,6 +76,28 @@ public:
     /// Empty if the similar artists of all are known.
     [[nodiscard]] const std::vector<ArtistLength> &byArtistLength() const { return m_byArtistLength; }
 
+    /// The full text of a song, as a whole or without a part.
+    struct Text
+    {
+        Position song = 0;
+        TrackNumber number = TrackNumber::Kept;
+        Tail tail = Tail::Kept;
+    };
+    /// Those of one length.
+    struct TextLength
+    {
+        std::size_t length = 0;
+        /// By song.
+        std::vector<Text> texts;
+        /// Unless they are compared as fast.
+        std::optional<CharacterPlaces<char32_t>> places;
+    };
+    /// Indexes the full texts of all songs with keys: worthwhile where keys are common to very many songs.
+    /// Must not overlap with any other call. Uses all cores.
+    void placeTexts(const std::stop_token &stop);
+    /// Empty if they are not indexed.
+    [[nodiscard]] const std::vector<TextLength> &byTextLength() const { return m_byTextLength; }
+
 private:
     [[nodiscard]] std::size_t placeOf(FurtherKeys::Hash title) const
     {
@@ -98,6 +120,7 @@ private:
     WindowIndex m_byKey;
     std::vector<bool> m_hasTitle;
     std::vector<ArtistLength> m_byArtistLength;
+    std::vector<TextLength> m_byTextLength;
     /// The songs whose keys were counted, and how often common keys are among those at least.
     std::size_t m_countedSongs = 0;
     std::size_t m_commonCount = 0;
@@ -163,6 +186,14 @@ private:
     /// Begins a query.
     void begin(Position song, std::size_t most);
     void readSimilarArtists();
+    enum class Way
+    {
+        SimilarArtists,
+        Window,
+        Keys,
+        /// And the keys of titles that contain one another.
+        Texts
+    };
     /// Decides how to find the matches.
     /// @return about how many songs have to be read from memory
     std::size_t chooseWay();
@@ -176,33 +207,37 @@ private:
         Position song = 0;
         FurtherIndex::Window window;
         std::vector<Position> matches;
+        /// Those to which similar ones are looked for, or none to look for similar artists.
+        std::vector<std::u32string> texts;
     };
 
+    void addWindowSearch(std::size_t place);
     void compareWithWindows();
+    void compareWithTextsOf(const FurtherIndex::TextLength &group);
     void compareWithArtistsOf(const FurtherIndex::ArtistLength &group);
     void compareWithArtistsOf(const FurtherIndex::ArtistLength &group, std::size_t limit,
                               WindowSearch &search);
     /// @return whether to go on
     bool compareWith(WindowSearch &search, Position candidate) const;
     void compareWithSimilarArtists();
-    void compareWithProposed();
+    void compareWithProposed(std::span<const FurtherKeys::Hash> proposals);
     /// @return whether to go on
     bool compareWith(Position candidate);
 
     /// Chooses the keys of all songs that can match this one.
     void propose();
     /// About how many songs were proposed.
-    [[nodiscard]] std::size_t proposedCount() const;
+    [[nodiscard]] std::size_t countOf(std::span<const Hash> proposals) const;
     /// Chooses the artist grams of which each song with a similar artist has one.
     void chooseArtistGrams(std::uint32_t artistLength);
     /// About how many songs a gram of the full text proposes.
     [[nodiscard]] std::size_t costOfGram(Hash gram) const;
     /// The same for a word of the title.
     [[nodiscard]] std::size_t costOfWord(Hash word) const;
-    void proposeGram(Hash gram);
-    void proposeWord(Hash word);
+    void proposeGram(std::vector<Hash> &proposals, Hash gram) const;
+    void proposeWord(std::vector<Hash> &proposals, Hash word) const;
     /// @param key a word or title, in its scope
-    void proposeWithArtist(Hash key);
+    void proposeWithArtist(std::vector<Hash> &proposals, Hash key) const;
     void proposeSimilar(std::span<const Hash> grams, std::size_t length);
     void proposeContaining();
     void proposeContained();
@@ -223,12 +258,14 @@ private:
     /// The songs of similar artists in the window, if those are known, and how many songs there are.
     std::vector<std::span<const Position>> m_groups;
     std::size_t m_groupedCount = 0;
-    bool m_isByKey = false;
+    Way m_way = Way::Window;
     FurtherKeys m_keys;
     std::vector<Hash> m_artistGrams;
     /// About which share of all songs has one of them.
     double m_artistShare = 1.0;
-    std::vector<Hash> m_proposals;
+    /// For similar texts, and for titles that contain one another.
+    std::vector<Hash> m_similarProposals;
+    std::vector<Hash> m_containingProposals;
 
     /// Those of the last songs that were asked for together.
     std::vector<WindowSearch> m_windowSearches;
