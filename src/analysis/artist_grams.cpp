@@ -211,10 +211,11 @@ void ArtistGrams::findInGroup(const Group &group, std::span<const Search> search
     }
     if (byPlaces.empty())
         return;
-    group.places.findNear(byPlaces, [&](std::size_t search, std::uint32_t number) {
-        foundByPlaces[search]->push_back(group.songs[number]);
-        return true;
-    });
+    group.places.findNear(byPlaces, CharacterPlaces<char>::Removed::LeftOut,
+                          [&](std::size_t search, std::uint32_t number) {
+                              foundByPlaces[search]->push_back(group.songs[number]);
+                              return true;
+                          });
 }
 
 /// @return false, having found nothing, if it is faster to look through all songs

@@ -341,7 +341,8 @@ void CharacterPlaces<Character>::remove(std::size_t number)
 }
 
 template <typename Character>
-void CharacterPlaces<Character>::findNear(std::span<const Search> searches, const Visit &visit) const
+void CharacterPlaces<Character>::findNear(std::span<const Search> searches, Removed removed,
+                                          const Visit &visit) const
 {
     std::vector<Table> tables;
     std::size_t firstPart = m_parts;
@@ -361,7 +362,9 @@ void CharacterPlaces<Character>::findNear(std::span<const Search> searches, cons
             if (part < table.firstPart || part >= table.endPart)
                 continue;
             std::array<std::uint64_t, PART> found;
-            std::copy_n(&m_left[part * PART], PART, found.begin());
+            found.fill(~std::uint64_t{0});
+            if (removed == Removed::LeftOut)
+                std::copy_n(&m_left[part * PART], PART, found.begin());
             if ((found[0] | found[1] | found[2] | found[3]) == 0)
                 break;
             keepNear(found.data(), table, &m_bits[part * m_rows * PART]);

@@ -43,6 +43,12 @@ public:
         std::size_t first = 0;
         std::size_t last = 0;
     };
+    /// Whether texts that were removed are looked for as well.
+    enum class Removed
+    {
+        LeftOut,
+        Included
+    };
     /// Takes a search, as its index, and the number of a text that it has found.
     /// @return whether to go on with this search
     using Visit = std::function<bool(std::size_t search, std::uint32_t number)>;
@@ -62,14 +68,13 @@ public:
             add(textOf(number), number);
     }
 
-    /// Takes a text out: it is no longer found. Must not overlap with findNear().
+    /// Takes a text out. Must not overlap with findNear().
     void remove(std::size_t number);
 
-    /// Calls `visit` with each text that is within the limit of a search and not removed; for each search by
-    /// ascending numbers. Several searches together take less time than one after the other. Any thread may
-    /// ask.
+    /// Calls `visit` with each text that is within the limit of a search; for each search by ascending
+    /// numbers. Several searches together take less time than one after the other. Any thread may ask.
     /// @param searches with texts of at most LONGEST_PLACED characters
-    void findNear(std::span<const Search> searches, const Visit &visit) const;
+    void findNear(std::span<const Search> searches, Removed removed, const Visit &visit) const;
 
 private:
     /// Symbols are below this.

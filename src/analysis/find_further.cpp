@@ -271,8 +271,10 @@ private:
         Star star = starOf(m_songs, m_index.songs(), centre, m_counts.matchesOf(centre, m_removed));
         if (star.size() < 2)
             return true;
-        for (const Position song : star)
+        for (const Position song : star) {
             m_removed.remove(song);
+            m_index.remove(song);
+        }
         m_stars.push_back(std::move(star));
         return true;
     }

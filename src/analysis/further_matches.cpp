@@ -46,6 +46,18 @@ void forEachNumberOf(const FurtherSong &song, Visit visit)
         visit(TrackNumber::Kept);
 }
 
+/// Calls `visit` with each way in which the full text of a song is compared.
+template <typename Visit>
+void forEachTextOf(const FurtherSong &song, Visit visit)
+{
+    for (const TrackNumber number : {TrackNumber::Kept, TrackNumber::Dropped}) {
+        for (const Tail tail : {Tail::Kept, Tail::Dropped}) {
+            if ((number == TrackNumber::Kept || song.isNumbered()) && (tail == Tail::Kept || song.hasTail()))
+                visit(number, tail);
+        }
+    }
+}
+
 template <typename Visit>
 void forEachKey(FurtherKeys &keys, const FurtherSong &song, std::uint32_t family, Visit visit)
 {
@@ -192,13 +204,7 @@ void FurtherIndex::placeTexts(const std::stop_token &stop)
     for (Position song = 0; song < m_songs.size(); ++song) {
         if (!hasKeys(song))
             continue;
-        forEachNumberOf(m_songs[song], [&](TrackNumber number) {
-            // A song without a number is found by its whole text.
-            const TrackNumber kept = m_songs[song].isNumbered() ? number : TrackNumber::Kept;
-            add(song, kept, Tail::Kept);
-            if (m_songs[song].hasTail())
-                add(song, kept, Tail::Dropped);
-        });
+        forEachTextOf(m_songs[song], [&](TrackNumber number, Tail tail) { add(song, number, tail); });
     }
     std::erase_if(m_byTextLength, [](const TextLength &group) { return group.texts.empty(); });
     (void)forEachInParallel(m_byTextLength.size(), 1, stop, [this](std::size_t i) {
@@ -214,6 +220,29 @@ void FurtherIndex::placeTexts(const std::stop_token &stop)
                                 fullTextInto(characters, m_songs[text.song], text.number, text.tail);
                                 return characters;
                             });
+    });
+}
+
+void FurtherIndex::remove(Position song)
+{
+    const auto isShorter = [](const auto &group, std::size_t length) { return group.length < length; };
+    const FurtherSong &removed = m_songs[song];
+    const auto byArtist =
+        std::lower_bound(m_byArtistLength.begin(), m_byArtistLength.end(), removed.artistLength, isShorter);
+    if (byArtist != m_byArtistLength.end() && byArtist->places) {
+        const auto place = std::lower_bound(byArtist->songs.begin(), byArtist->songs.end(), song);
+        byArtist->places->remove(static_cast<std::size_t>(place - byArtist->songs.begin()));
+    }
+    forEachTextOf(removed, [&](TrackNumber number, Tail tail) {
+        const auto group = std::lower_bound(m_byTextLength.begin(), m_byTextLength.end(),
+                                            removed.fullLength(number, tail), isShorter);
+        if (group == m_byTextLength.end() || !group->places)
+            return;
+        const auto [begin, end] =
+            std::equal_range(group->texts.begin(), group->texts.end(), Text{song},
+                             [](const Text &a, const Text &b) { return a.song < b.song; });
+        for (auto text = begin; text != end; ++text)
+            group->places->remove(static_cast<std::size_t>(text - group->texts.begin()));
     });
 }
 
@@ -291,7 +320,9 @@ std::optional<std::span<const Position>> FurtherMatches::matchesIfCheap(Position
     // Only songs that are each compared with a share of the library take quadratic time.
     constexpr std::size_t MANY = 4096;
     begin(song, most);
-    if (chooseWay() > std::min(MANY, m_index.songs().size() / 32))
+    const std::size_t cost = chooseWay();
+    const bool isLarge = (m_way == Way::Window || m_way == Way::Texts) && m_window.end - m_window.begin > MANY;
+    if (isLarge || cost > std::min(MANY, m_index.songs().size() / 32))
         return std::nullopt;
     find();
     return m_matches;
@@ -373,14 +404,9 @@ void FurtherMatches::addWindowSearch(std::size_t place)
         compareWithProposed(m_containingProposals);
         search.matches = m_matches;
         const FurtherSong &song = m_index.songs()[m_song];
-        for (const TrackNumber number : {TrackNumber::Kept, TrackNumber::Dropped}) {
-            for (const Tail tail : {Tail::Kept, Tail::Dropped}) {
-                if ((number == TrackNumber::Dropped && !song.isNumbered()) ||
-                    (tail == Tail::Dropped && !song.hasTail()))
-                    continue;
-                fullTextInto(search.texts.emplace_back(), song, number, tail);
-            }
-        }
+        forEachTextOf(song, [&](TrackNumber number, Tail tail) {
+            fullTextInto(search.texts.emplace_back(), song, number, tail);
+        });
     }
     m_windowSearches.push_back(std::move(search));
 }
@@ -446,7 +472,7 @@ void FurtherMatches::compareWithTextsOf(const FurtherIndex::TextLength &group)
     }
     if (placed.empty())
         return;
-    group.places->findNear(placed, [&](std::size_t search, std::uint32_t number) {
+    group.places->findNear(placed, m_removed, [&](std::size_t search, std::uint32_t number) {
         return compareWith(*searches[search], group.texts[number].song);
     });
 }
@@ -475,7 +501,7 @@ void FurtherMatches::compareWithArtistsOf(const FurtherIndex::ArtistLength &grou
     }
     if (placed.empty())
         return;
-    group.places->findNear(placed, [&](std::size_t search, std::uint32_t number) {
+    group.places->findNear(placed, m_removed, [&](std::size_t search, std::uint32_t number) {
         return compareWith(*searches[search], group.songs[number]);
     });
 }

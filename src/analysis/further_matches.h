@@ -95,6 +95,9 @@ public:
     /// Indexes the full texts of all songs with keys: worthwhile where keys are common to very many songs.
     /// Must not overlap with any other call. Uses all cores.
     void placeTexts(const std::stop_token &stop);
+    /// Takes a song out: FurtherMatches of which songs are removed may not find it. Must not overlap with any
+    /// other call.
+    void remove(Position song);
     /// Empty if they are not indexed.
     [[nodiscard]] const std::vector<TextLength> &byTextLength() const { return m_byTextLength; }
 
@@ -163,7 +166,11 @@ public:
     {}
 
     /// Takes a song out: it is no longer found.
-    void remove(Position song) { m_lastQueries[song] = REMOVED; }
+    void remove(Position song)
+    {
+        m_lastQueries[song] = REMOVED;
+        m_removed = CharacterPlaces<char32_t>::Removed::LeftOut;
+    }
     [[nodiscard]] bool isRemoved(Position song) const { return m_lastQueries[song] == REMOVED; }
 
     /// All other songs that match this one and are not removed, in no particular order.
@@ -246,6 +253,7 @@ private:
     /// By song: the last query in which it was compared.
     std::vector<std::uint32_t> m_lastQueries;
     std::uint32_t m_query = 0;
+    CharacterPlaces<char32_t>::Removed m_removed = CharacterPlaces<char32_t>::Removed::Included;
 
     // The query that is running.
     Position m_song = 0;

@@ -55,20 +55,25 @@ TEST(CharacterPlaces, FindsTheTextsWithinTheLimitAndNoOthers)
                 searches.push_back({text, surplus + random.below(length / 3 + 1), 10, 290});
             }
             places.remove(17);
-            using Numbers = std::vector<std::uint32_t>;
-            std::vector<Numbers> found(asked.size());
-            std::vector<Numbers> expected(asked.size());
-            for (std::size_t i = 0; i < searches.size(); ++i) {
-                for (std::uint32_t number = 10; number < 290 && expected[i].size() < MOST_FOUND; ++number) {
-                    if (number != 17 && levenshteinDistance(asked[i], texts[number]) <= searches[i].limit)
-                        expected[i].push_back(number);
+            using Places = CharacterPlaces<char>;
+            for (const auto removed : {Places::Removed::LeftOut, Places::Removed::Included}) {
+                using Numbers = std::vector<std::uint32_t>;
+                std::vector<Numbers> found(asked.size());
+                std::vector<Numbers> expected(asked.size());
+                for (std::size_t i = 0; i < searches.size(); ++i) {
+                    for (std::uint32_t number = 10; number < 290 && expected[i].size() < MOST_FOUND;
+                         ++number) {
+                        if ((number != 17 || removed == Places::Removed::Included) &&
+                            levenshteinDistance(asked[i], texts[number]) <= searches[i].limit)
+                            expected[i].push_back(number);
+                    }
                 }
+                places.findNear(searches, removed, [&](std::size_t search, std::uint32_t number) {
+                    found[search].push_back(number);
+                    return found[search].size() < MOST_FOUND;
+                });
+                EXPECT_EQ(found, expected) << length << " of " << characters;
             }
-            places.findNear(searches, [&](std::size_t search, std::uint32_t number) {
-                found[search].push_back(number);
-                return found[search].size() < MOST_FOUND;
-            });
-            EXPECT_EQ(found, expected) << length << " of " << characters;
         }
     }
 }
