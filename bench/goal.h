@@ -21,6 +21,14 @@ inline void printGoal(const char *name, double value, const char *unit, double g
     std::fflush(stdout);
 }
 
+/// The same for a figure of which only the beginning is known, since what was measured was ended: missed.
+/// @param least what it came to until then
+inline void printUnfinished(const char *name, double least, const char *unit, double goal)
+{
+    std::printf("%-60s >%9.4g %-6s goal %8.4g   MISSED\n", name, least, unit, goal);
+    std::fflush(stdout);
+}
+
 /// The same for a figure that should be large.
 /// @param goal the least that the figure may be
 inline void printGoalAtLeast(const char *name, double value, const char *unit, double goal)

@@ -287,9 +287,7 @@ Cost costOf(Way way, const QList<Song> &songs)
         (void)findFurther(songs, {}, [](double) {});
     }
     const std::chrono::duration<double> time = Clock::now() - start;
-    rusage usage{};
-    getrusage(RUSAGE_SELF, &usage);
-    return {cpuSeconds() - cpu, time.count(), static_cast<double>(usage.ru_maxrss) / 1024, true};
+    return {cpuSeconds() - cpu, time.count(), 0.0, true};
 }
 
 /// Makes and analyses a library in a process of its own, for its memory and so that it can be ended.
@@ -314,7 +312,9 @@ Cost costInChild(Way way, MakeLibrary makeLibrary, rlim_t mostSeconds)
         cost.seconds = cost.cpuSeconds = static_cast<double>(mostSeconds);
     }
     close(pipe[0]);
-    waitpid(child, nullptr, 0);
+    rusage usage{};
+    wait4(child, nullptr, 0, &usage);
+    cost.megabytes = static_cast<double>(usage.ru_maxrss) / 1024;
     return cost;
 }
 
@@ -424,6 +424,7 @@ void search(Way way, double minutes, std::uint64_t seed)
     std::printf("\n%zu libraries; the slowest:\n", found.size());
     double seconds = 0.0;
     double megabytes = 0.0;
+    bool areComplete = true;
     for (std::size_t i = 0; i < std::min(SHOWN, found.size()); ++i) {
         const Cost large = costInChild(
             way, [&] { return libraryOf(found[i].shape, LARGE); }, MOST_SECONDS);
@@ -432,12 +433,14 @@ void search(Way way, double minutes, std::uint64_t seed)
                     textOf(found[i].shape).c_str());
         seconds = std::max(seconds, large.seconds);
         megabytes = std::max(megabytes, large.megabytes);
+        areComplete = areComplete && large.isComplete;
     }
+    const auto print = areComplete ? printGoal : printUnfinished;
     if (!found.empty())
         printGoal((name + ", slowest / realistic, 100,000 songs, CPU").c_str(),
                   found.front().cost.cpuSeconds / realistic.cpuSeconds, "times", 8.0);
-    printGoal((name + ", the slowest of them, 500,000 songs").c_str(), seconds, "s", 5.0);
-    printGoal((name + ", the largest of them, 500,000 songs").c_str(), megabytes, "MB", 700.0);
+    print((name + ", the slowest of them, 500,000 songs").c_str(), seconds, "s", 5.0);
+    print((name + ", the largest of them, 500,000 songs").c_str(), megabytes, "MB", 700.0);
 }
 
 } // namespace

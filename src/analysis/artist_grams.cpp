@@ -1,5 +1,6 @@
 #include "analysis/artist_grams.h"
 
+#include "analysis/disjoint_grams.h"
 #include "analysis/distance.h"
 #include "analysis/matching.h"
 
@@ -13,7 +14,7 @@ namespace {
 /// Fewer songs than this are looked through as fast as n-grams are chosen.
 constexpr std::size_t FEW_SONGS = 256;
 /// How many songs can be looked through in the time that an entry of a list takes.
-constexpr std::size_t SONGS_PER_ENTRY = 32;
+constexpr std::size_t SONGS_PER_ENTRY = 256;
 
 /// Longer artists are few.
 constexpr std::size_t LONGEST_ARTIST = 64;
@@ -46,18 +47,6 @@ void forEachGram(std::string_view text, Visit visit)
 }
 
 } // namespace
-
-struct ArtistGrams::Search
-{
-    const Group &group;
-    std::string_view artist;
-    std::uint64_t pairs = 0;
-    /// The most edits between the artists.
-    std::size_t limit = 0;
-    /// Numbers in the group.
-    std::size_t first = 0;
-    std::size_t last = 0;
-};
 
 /// The n-grams of an artist that do not overlap and have the fewest entries together, by dynamic programming.
 class ArtistGrams::Choice
@@ -142,12 +131,28 @@ void ArtistGrams::build(std::span<const PreparedSong> bucket)
         if (group.songs.size() > FEW_SONGS && group.songs.size() < MOST_SONGS &&
             group.length <= LONGEST_ARTIST)
             listGrams(group, bucket);
-        if (group.songs.size() > FEW_SONGS && group.length <= CharacterPlaces::LONGEST)
-            group.places.build(group.length, group.songs.size(), [&](std::size_t number) {
-                return m_songs.artistOf(bucket[group.songs[number]]);
-            });
+        group.hasPlaces = group.songs.size() > FEW_SONGS && group.length <= LONGEST_PLACED;
+        if (group.hasPlaces)
+            group.places.build(
+                group.length, group.songs.size(),
+                largestDistanceToSimilar(group.length, MATCH_ARTIST_SIMILARITY),
+                [&](std::size_t number) { return m_songs.artistOf(bucket[group.songs[number]]); });
     }
     m_groups = std::move(groups);
+    m_places.resize(bucket.size());
+    for (std::uint32_t group = 0; group < m_groups.size(); ++group) {
+        const std::vector<BucketPosition> &songs = m_groups[group].songs;
+        for (std::uint32_t number = 0; number < songs.size(); ++number)
+            m_places[songs[number]] = {group, number};
+    }
+}
+
+void ArtistGrams::remove(BucketPosition position)
+{
+    const Place place = m_places[position];
+    Group &group = m_groups[place.group];
+    if (group.hasPlaces)
+        group.places.remove(place.number);
 }
 
 void ArtistGrams::listGrams(Group &group, std::span<const PreparedSong> bucket) const
@@ -167,34 +172,55 @@ void ArtistGrams::listGrams(Group &group, std::span<const PreparedSong> bucket) 
     }
 }
 
-void ArtistGrams::appendMatching(std::vector<BucketPosition> &positions, const PreparedSong &song,
-                                 BucketPosition begin, BucketPosition end) const
+void ArtistGrams::findMatching(std::span<const Search> searches) const
 {
-    const std::string_view artist = m_songs.artistOf(song);
-    for (const Group &group : m_groups) {
+    for (const Group &group : m_groups)
+        findInGroup(group, searches);
+}
+
+void ArtistGrams::findInGroup(const Group &group, std::span<const Search> searches) const
+{
+    const auto numberOf = [&group](BucketPosition position) {
+        const auto at = std::lower_bound(group.songs.begin(), group.songs.end(), position);
+        return static_cast<std::size_t>(at - group.songs.begin());
+    };
+    std::vector<CharacterPlaces<char>::Search> byPlaces;
+    std::vector<std::vector<BucketPosition> *> foundByPlaces;
+    for (const Search &search : searches) {
+        const std::string_view artist = m_songs.artistOf(*search.song);
         const std::size_t longer = std::max(group.length, artist.size());
         const std::size_t limit = largestDistance(longer, MATCH_ARTIST_SIMILARITY);
         if (longer - std::min(group.length, artist.size()) > limit)
             continue;
-        const auto numberOf = [&group](BucketPosition position) {
-            const auto at = std::lower_bound(group.songs.begin(), group.songs.end(), position);
-            return static_cast<std::size_t>(at - group.songs.begin());
-        };
-        const Search search{group, artist, song.artistPairs, limit, numberOf(begin), numberOf(end)};
-        const std::size_t before = positions.size();
-        if (!appendByGrams(positions, search) && !appendByPlaces(positions, search))
-            appendNear(positions, static_cast<std::uint32_t>(search.first),
-                       std::span(group.pairs).subspan(search.first, search.last - search.first), search.pairs,
-                       limit);
-        for (BucketPosition &found : std::span(positions).subspan(before))
+        const GroupSearch inGroup{
+            artist,      search.song->artistPairs, limit, numberOf(search.begin), numberOf(search.end),
+            search.found};
+        if (findByGrams(group, inGroup))
+            continue;
+        if (group.hasPlaces && artist.size() <= LONGEST_PLACED) {
+            byPlaces.push_back({artist, limit, inGroup.first, inGroup.last});
+            foundByPlaces.push_back(search.found);
+            continue;
+        }
+        const std::size_t before = search.found->size();
+        appendNear(*search.found, static_cast<std::uint32_t>(inGroup.first),
+                   std::span(group.pairs).subspan(inGroup.first, inGroup.last - inGroup.first), inGroup.pairs,
+                   limit);
+        for (BucketPosition &found : std::span(*search.found).subspan(before))
             found = group.songs[found];
     }
+    if (byPlaces.empty())
+        return;
+    group.places.findNear(byPlaces, CharacterPlaces<char>::Removed::LeftOut,
+                          [&](std::size_t search, std::uint32_t number) {
+                              foundByPlaces[search]->push_back(group.songs[number]);
+                              return true;
+                          });
 }
 
-/// @return false, having appended nothing, if it is faster to look through all songs
-bool ArtistGrams::appendByGrams(std::vector<std::uint32_t> &found, const Search &search)
+/// @return false, having found nothing, if it is faster to look through all songs
+bool ArtistGrams::findByGrams(const Group &group, const GroupSearch &search)
 {
-    const Group &group = search.group;
     const std::size_t songs = search.last - search.first;
     if (group.starts.empty() || songs < FEW_SONGS || search.artist.size() > LONGEST_ARTIST ||
         search.limit >= MOST_GRAMS)
@@ -217,18 +243,10 @@ bool ArtistGrams::appendByGrams(std::vector<std::uint32_t> &found, const Search 
             // At least so many insertions or deletions are before the n-gram and behind it.
             const auto least = static_cast<std::size_t>(std::abs(shift) + std::abs(surplus - shift));
             if (least <= search.limit && mayBeWithin(search.limit, group.pairs[number], search.pairs))
-                found.push_back(number);
+                search.found->push_back(group.songs[number]);
         }
     });
     return true;
-}
-
-/// @return false, having appended nothing, if the group has no such index
-bool ArtistGrams::appendByPlaces(std::vector<std::uint32_t> &found, const Search &search)
-{
-    const Group &group = search.group;
-    return group.songs.size() > FEW_SONGS && group.length <= CharacterPlaces::LONGEST &&
-           group.places.appendNear(found, search.artist, search.limit, search.first, search.last);
 }
 
 } // namespace sonavo

@@ -32,11 +32,24 @@ public:
     /// Replaces what the index holds.
     void build(std::span<const PreparedSong> bucket);
 
-    /// Appends the songs whose artists match a song's (see artistsMatch()), the song itself among them. Songs
-    /// that do not match may be among them, and a song can come several times. Any thread may ask.
-    /// @param begin,end the positions in the bucket that are asked for
-    void appendMatching(std::vector<BucketPosition> &positions, const PreparedSong &song,
-                        BucketPosition begin, BucketPosition end) const;
+    /// Takes a song out; it may still be found. Must not overlap with findMatching().
+    void remove(BucketPosition position);
+
+    /// A song whose artist is looked for.
+    struct Search
+    {
+        const PreparedSong *song = nullptr;
+        /// The positions in the bucket that are asked for.
+        BucketPosition begin = 0;
+        BucketPosition end = 0;
+        /// Where those are appended that are found.
+        std::vector<BucketPosition> *found = nullptr;
+    };
+
+    /// Finds the songs that are not removed and whose artists match a song's (see artistsMatch()), for
+    /// several songs at a time. The song itself is among them, others that do not match may be, and a song
+    /// can come several times. Any thread may ask.
+    void findMatching(std::span<const Search> searches) const;
 
 private:
     /// The songs whose artists are of one length.
@@ -51,18 +64,38 @@ private:
         std::vector<std::uint32_t> starts;
         /// The song's number in the group, and in the lowest bits where the n-gram stands in the artist.
         std::vector<std::uint32_t> entries;
-        /// Empty for groups that are looked through as fast.
-        CharacterPlaces places;
+        /// Not for groups that are looked through as fast.
+        CharacterPlaces<char> places;
+        bool hasPlaces = false;
     };
-    struct Search;
     class Choice;
+    /// A song's search in one group.
+    struct GroupSearch
+    {
+        std::string_view artist;
+        std::uint64_t pairs = 0;
+        /// The most edits between the artists.
+        std::size_t limit = 0;
+        /// Numbers in the group.
+        std::size_t first = 0;
+        std::size_t last = 0;
+        std::vector<BucketPosition> *found = nullptr;
+    };
+    /// Where a song is in the groups.
+    struct Place
+    {
+        std::uint32_t group = 0;
+        std::uint32_t number = 0;
+    };
 
     void listGrams(Group &group, std::span<const PreparedSong> bucket) const;
-    static bool appendByGrams(std::vector<std::uint32_t> &found, const Search &search);
-    static bool appendByPlaces(std::vector<std::uint32_t> &found, const Search &search);
+    void findInGroup(const Group &group, std::span<const Search> searches) const;
+    static bool findByGrams(const Group &group, const GroupSearch &search);
 
     const PreparedSongs &m_songs;
     std::vector<Group> m_groups;
+    /// By position in the bucket.
+    std::vector<Place> m_places;
 };
 
 } // namespace sonavo

@@ -119,28 +119,51 @@ void CandidateIndex::listWords()
     }
 }
 
-std::span<const BucketPosition> CandidateIndex::candidatesFor(BucketPosition seed, Query &query) const
+void CandidateIndex::remove(BucketPosition position)
 {
-    query.m_candidates.clear();
+    m_isRemoved[position] = 1;
+    if (m_hasGrams)
+        m_grams.remove(position);
+}
+
+void CandidateIndex::findCandidates(std::span<const BucketPosition> seeds, Query &query) const
+{
+    query.m_candidates.resize(std::max(query.m_candidates.size(), seeds.size()));
+    query.m_searches.clear();
+    std::vector<std::size_t> searched;
+    for (std::size_t i = 0; i < seeds.size(); ++i) {
+        Candidates &candidates = query.m_candidates[i];
+        candidates.clear();
+        if (propose(seeds[i], query, candidates))
+            continue;
+        const Window window = windowOf(m_bucket[seeds[i]]);
+        query.m_searches.push_back({&m_bucket[seeds[i]], window.begin, window.end, &candidates});
+        searched.push_back(i);
+    }
+    m_grams.findMatching(query.m_searches);
+    for (const std::size_t i : searched)
+        dropRepeated(seeds[i], query, query.m_candidates[i]);
+}
+
+bool CandidateIndex::propose(BucketPosition seed, Query &query, Candidates &candidates) const
+{
     const Window window = windowOf(m_bucket[seed]);
     const std::size_t byWords = countByWords(m_bucket[seed], window);
     if (byWords == 0)
-        return {};
+        return true;
     const std::size_t byWindow = window.end - window.begin;
     const std::size_t least = std::min(byWords, byWindow);
-    if (m_hasGrams && least > GRAMS_THRESHOLD) {
-        proposeByGrams(seed, window, query);
-        return query.m_candidates;
-    }
+    if (m_hasGrams && least > GRAMS_THRESHOLD)
+        return false;
     // Finding the matching artists takes a look at every artist.
     if (m_hasArtists && least > m_artists.artistCount() / ARTISTS_PER_SONG &&
-        proposeByArtists(seed, window, least, query))
-        return query.m_candidates;
+        proposeByArtists(seed, window, least, query, candidates))
+        return true;
     if (byWindow < byWords)
-        proposeWindow(seed, window, query);
+        proposeWindow(seed, window, candidates);
     else
-        proposeByWords(seed, window, query);
-    return query.m_candidates;
+        proposeByWords(seed, window, query, candidates);
+    return true;
 }
 
 CandidateIndex::Window CandidateIndex::windowOf(const PreparedSong &seed) const
@@ -176,7 +199,8 @@ std::size_t CandidateIndex::countByWords(const PreparedSong &seed, Window window
     return count;
 }
 
-void CandidateIndex::proposeByWords(BucketPosition seed, Window window, Query &query) const
+void CandidateIndex::proposeByWords(BucketPosition seed, Window window, Query &query,
+                                    Candidates &candidates) const
 {
     query.m_lastSeeds.resize(std::max(query.m_lastSeeds.size(), m_bucket.size()));
     query.m_lastSeeds[seed] = ++query.m_seedCount;
@@ -185,20 +209,20 @@ void CandidateIndex::proposeByWords(BucketPosition seed, Window window, Query &q
             if (isRemoved(position) || query.m_lastSeeds[position] == query.m_seedCount)
                 continue;
             query.m_lastSeeds[position] = query.m_seedCount;
-            query.m_candidates.push_back(position);
+            candidates.push_back(position);
         }
     }
 }
 
-void CandidateIndex::proposeWindow(BucketPosition seed, Window window, Query &query) const
+void CandidateIndex::proposeWindow(BucketPosition seed, Window window, Candidates &candidates) const
 {
     const std::size_t longest = std::min<std::size_t>(
         m_longestArtist, longestSimilar(m_bucket[seed].artistLength, MATCH_ARTIST_SIMILARITY));
-    appendNear(query.m_candidates, window.begin,
+    appendNear(candidates, window.begin,
                std::span(m_artistPairs).subspan(window.begin, window.end - window.begin), m_artistPairs[seed],
                largestDistance(longest, MATCH_ARTIST_SIMILARITY));
     const std::size_t limit = largestFullDistance(seed);
-    std::erase_if(query.m_candidates, [&](BucketPosition position) {
+    std::erase_if(candidates, [&](BucketPosition position) {
         return !mayBeSimilar(m_texts[seed], m_texts[position], limit) || isRemoved(position) ||
                position == seed;
     });
@@ -215,19 +239,18 @@ bool CandidateIndex::mayBeSimilar(const TextBits &a, const TextBits &b, std::siz
     return mayContain(a.title, b.title) || mayContain(a.name, b.name) || mayBeWithin(limit, a.full, b.full);
 }
 
-void CandidateIndex::proposeByGrams(BucketPosition seed, Window window, Query &query) const
+void CandidateIndex::dropRepeated(BucketPosition seed, Query &query, Candidates &candidates) const
 {
-    m_grams.appendMatching(query.m_candidates, m_bucket[seed], window.begin, window.end);
     query.m_lastSeeds.resize(std::max(query.m_lastSeeds.size(), m_bucket.size()));
     query.m_lastSeeds[seed] = ++query.m_seedCount;
-    std::erase_if(query.m_candidates, [&](BucketPosition position) {
+    std::erase_if(candidates, [&](BucketPosition position) {
         return isRemoved(position) ||
                std::exchange(query.m_lastSeeds[position], query.m_seedCount) == query.m_seedCount;
     });
 }
 
-bool CandidateIndex::proposeByArtists(BucketPosition seed, Window window, std::size_t most,
-                                      Query &query) const
+bool CandidateIndex::proposeByArtists(BucketPosition seed, Window window, std::size_t most, Query &query,
+                                      Candidates &candidates) const
 {
     const std::size_t limit = largestFullDistance(seed);
     for (const std::uint32_t artist : m_artists.matchingArtists(m_bucket[seed], query.m_artists)) {
@@ -237,10 +260,10 @@ bool CandidateIndex::proposeByArtists(BucketPosition seed, Window window, std::s
         for (auto position = begin; position != end; ++position) {
             if (mayBeSimilar(m_texts[seed], m_texts[*position], limit) && !isRemoved(*position) &&
                 *position != seed)
-                query.m_candidates.push_back(*position);
+                candidates.push_back(*position);
         }
-        if (query.m_candidates.size() > most) {
-            query.m_candidates.clear();
+        if (candidates.size() > most) {
+            candidates.clear();
             return false;
         }
     }

@@ -58,10 +58,19 @@ public:
     /// What one thread needs to ask.
     class Query
     {
+    public:
+        /// The candidates of one of the seeds that were asked for, by its place among them.
+        [[nodiscard]] std::span<const BucketPosition> candidatesOf(std::size_t seed) const
+        {
+            return m_candidates[seed];
+        }
+
     private:
         friend class CandidateIndex;
 
-        std::vector<BucketPosition> m_candidates;
+        /// By seed; those of former seeds are kept for their memory.
+        std::vector<std::vector<BucketPosition>> m_candidates;
+        std::vector<ArtistGrams::Search> m_searches;
         /// For each song the last seed that it was proposed to, as a count.
         std::vector<std::uint32_t> m_lastSeeds;
         std::uint32_t m_seedCount = 0;
@@ -81,15 +90,15 @@ public:
     /// The positions of the songs in the order in which they were given.
     [[nodiscard]] std::span<const BucketPosition> order() const { return m_order; }
 
-    /// Takes a song out of the bucket: it is no longer proposed. Must not overlap with candidatesFor().
-    void remove(BucketPosition position) { m_isRemoved[position] = 1; }
+    /// Takes a song out of the bucket: it is no longer proposed. Must not overlap with findCandidates().
+    void remove(BucketPosition position);
     [[nodiscard]] bool isRemoved(BucketPosition position) const { return m_isRemoved[position] != 0; }
 
-    /// All other songs of the bucket that match the seed and are not removed, each once, in no particular
-    /// order. Songs that do not match may be among them. Several threads may ask at a time, each with a query
-    /// of its own, which it keeps from one seed to the next.
-    /// @return valid until the query is used again
-    [[nodiscard]] std::span<const BucketPosition> candidatesFor(BucketPosition seed, Query &query) const;
+    /// Finds for each seed all other songs of the bucket that match it and are not removed, each once, in no
+    /// particular order. Songs that do not match may be among them. Several threads may ask at a time, each
+    /// with a query of its own, which it keeps from one call to the next and which then holds the answer. In
+    /// large buckets, several seeds together take less time than one after the other.
+    void findCandidates(std::span<const BucketPosition> seeds, Query &query) const;
 
 private:
     /// Positions from `begin` to before `end`.
@@ -123,11 +132,15 @@ private:
     [[nodiscard]] Window windowOf(const PreparedSong &seed) const;
     [[nodiscard]] std::span<const BucketPosition> songsWith(std::uint32_t word, Window window) const;
     [[nodiscard]] std::size_t countByWords(const PreparedSong &seed, Window window) const;
-    void proposeByWords(BucketPosition seed, Window window, Query &query) const;
-    void proposeWindow(BucketPosition seed, Window window, Query &query) const;
-    void proposeByGrams(BucketPosition seed, Window window, Query &query) const;
-    [[nodiscard]] bool proposeByArtists(BucketPosition seed, Window window, std::size_t most,
-                                        Query &query) const;
+    using Candidates = std::vector<BucketPosition>;
+    /// @return false if the seed is left to findByGrams()
+    [[nodiscard]] bool propose(BucketPosition seed, Query &query, Candidates &candidates) const;
+    void proposeByWords(BucketPosition seed, Window window, Query &query, Candidates &candidates) const;
+    void proposeWindow(BucketPosition seed, Window window, Candidates &candidates) const;
+    [[nodiscard]] bool proposeByArtists(BucketPosition seed, Window window, std::size_t most, Query &query,
+                                        Candidates &candidates) const;
+    /// Drops the seed itself, songs that are removed, and all but one of the same.
+    void dropRepeated(BucketPosition seed, Query &query, Candidates &candidates) const;
 
     const PreparedSongs &m_songs;
     /// By playing time where that differs by more than matching songs may, else in the order given.

@@ -1,106 +1,28 @@
 #include "analysis/character_places.h"
 
-#include "analysis/matching.h"
-
 #include <algorithm>
 #include <bit>
 #include <cstdlib>
 #include <cstring>
-#include <span>
-#include <utility>
 
 namespace sonavo {
 namespace {
 
 constexpr std::size_t BITS = 64;
-/// Words that are looked at together: few enough to stay in the nearest cache.
-constexpr std::size_t BLOCK = 32;
-using Block = std::array<std::uint64_t, BLOCK>;
-
-constexpr std::size_t LONGEST_PIECE = 3;
-constexpr std::size_t FARTHEST_REACH = 2;
-
-/// The rows of each character of a text, for each shift that its pieces can have.
-struct Rows
-{
-    std::size_t shifts = 0;
-    /// By shift and place in the text.
-    std::vector<const std::uint64_t *> rows;
-};
-
-/// How a text is cut, and how many pieces are to be found.
-struct Cut
-{
-    std::size_t length = 0;
-    std::size_t pieceLength = 0;
-    std::size_t least = 0;
-};
 
 /// So many words that the widest registers hold them: GCC's and Clang's extension for that.
 using Part [[gnu::vector_size(32)]] = std::uint64_t;
 constexpr std::size_t PART = sizeof(Part) / sizeof(std::uint64_t);
+constexpr std::size_t TEXTS_PER_PART = PART * BITS;
 
 /// Vertical counters of the texts of a part: bit i of all words together is the number of text i.
-using Counters = std::array<Part, std::bit_width(CharacterPlaces::LONGEST)>;
-
-[[gnu::always_inline]] inline void addOnes(Counters &counters, const Part &ones, std::size_t bits)
-{
-    Part carry = ones;
-    for (std::size_t bit = 0; bit < bits; ++bit) {
-        const Part next = counters[bit] & carry;
-        counters[bit] ^= carry;
-        carry = next;
-    }
-}
-
-/// @return the texts whose counter has reached `least`
-[[gnu::always_inline]] inline void findReached(Part &reached, const Counters &counters, std::size_t least,
-                                               std::size_t bits)
-{
-    reached = ~Part{};
-    for (std::size_t bit = 0; bit < bits; ++bit)
-        reached = (least >> bit & 1) != 0 ? counters[bit] & reached : counters[bit] | reached;
-}
-
-/// Keeps the texts of a block that have enough pieces.
-[[gnu::always_inline]] inline void countPieces(Block &found, const Rows &rows, Cut cut, std::size_t word)
-{
-    const std::size_t pieces = (cut.length + cut.pieceLength - 1) / cut.pieceLength;
-    const auto bits = static_cast<std::size_t>(std::bit_width(pieces));
-    for (std::size_t offset = 0; offset < BLOCK; offset += PART) {
-        Counters counters{};
-        for (std::size_t begin = 0; begin < cut.length; begin += cut.pieceLength) {
-            const std::size_t end = std::min(begin + cut.pieceLength, cut.length);
-            Part intact{};
-            for (std::size_t shift = 0; shift < rows.shifts; ++shift) {
-                const std::uint64_t *const *row = rows.rows.data() + shift * cut.length;
-                Part all = ~Part{};
-                for (std::size_t place = begin; place < end; ++place) {
-                    Part has;
-                    std::memcpy(&has, row[place] + word + offset, sizeof has);
-                    all &= has;
-                }
-                intact |= all;
-            }
-            addOnes(counters, intact, bits);
-        }
-        Part enough;
-        findReached(enough, counters, cut.least, bits);
-        Part before;
-        std::memcpy(&before, &found[offset], sizeof before);
-        before &= enough;
-        std::memcpy(&found[offset], &before, sizeof before);
-    }
-}
+using Counters = std::array<Part, std::bit_width(LONGEST_PLACED)>;
 
 /// The distance table of a text and others of one length, as far as it matters.
 struct Table
 {
-    /// For each part of a block, a part of each row.
-    const std::uint64_t *bits = nullptr;
-    std::size_t rowCount = 0;
     /// For each character of the text its first row, or 0.
-    std::vector<std::size_t> rows;
+    std::vector<std::uint32_t> rows;
     /// Characters of the others.
     std::ptrdiff_t columns = 0;
     /// The diagonals that `limit` edits can reach, and the last cell's.
@@ -108,9 +30,93 @@ struct Table
     std::ptrdiff_t highest = 0;
     std::ptrdiff_t last = 0;
     std::size_t limit = 0;
-    /// Enough to count the edits on a diagonal.
-    std::size_t counterBits = 0;
+    /// Parts of the index that are asked for, and the texts of the first and the last of them.
+    std::size_t firstPart = 0;
+    std::size_t endPart = 0;
 };
+
+[[gnu::always_inline]] inline void read(Part &part, const std::uint64_t *words)
+{
+    std::memcpy(&part, words, sizeof part);
+}
+
+[[gnu::always_inline]] inline bool isEmpty(const Part &part)
+{
+    return (part[0] | part[1] | part[2] | part[3]) == 0;
+}
+
+/// Counters that overflow once they are counted up more than `limit` times.
+[[gnu::always_inline]] inline void startCounters(Counters &counters, std::size_t limit, std::size_t bits)
+{
+    const std::size_t start = (std::size_t{1} << bits) - 1 - limit;
+    for (std::size_t bit = 0; bit < bits; ++bit)
+        counters[bit] = (start >> bit & 1) != 0 ? ~Part{} : Part{};
+}
+
+/// Counts up and drops the texts whose counters overflow.
+[[gnu::always_inline]] inline void count(Part &left, Counters &counters, const Part &ones, std::size_t bits)
+{
+    Part carry = ones;
+    for (std::size_t bit = 0; bit < bits; ++bit) {
+        const Part next = counters[bit] & carry;
+        counters[bit] ^= carry;
+        carry = next;
+    }
+    left &= ~carry;
+}
+
+/// The same number of diagonals as a constant, so that the runs on them stay in registers, or any.
+template <std::size_t DIAGONALS>
+struct Diagonals
+{
+    static constexpr std::size_t MOST = DIAGONALS;
+    explicit Diagonals(std::size_t) {}
+    static constexpr std::size_t count() { return DIAGONALS; }
+};
+template <>
+struct Diagonals<0>
+{
+    static constexpr std::size_t MOST = LONGEST_PLACED + 1;
+    explicit Diagonals(std::size_t count)
+        : m_count(count)
+    {}
+    [[nodiscard]] std::size_t count() const { return m_count; }
+
+private:
+    std::size_t m_count;
+};
+
+/// Drops the texts of a part that have too many obstacles.
+/// @param bits the part of each row
+template <std::size_t DIAGONALS>
+[[gnu::always_inline]] inline void countObstacles(Part &left, const Table &table, const std::uint64_t *bits)
+{
+    const Diagonals<DIAGONALS> diagonals(static_cast<std::size_t>(table.highest - table.lowest + 1));
+    const auto counterBits = static_cast<std::size_t>(std::bit_width(table.limit));
+    std::array<Part, Diagonals<DIAGONALS>::MOST> runs;
+    for (std::size_t diagonal = 0; diagonal < diagonals.count(); ++diagonal)
+        runs[diagonal] = ~Part{};
+    Counters counters;
+    startCounters(counters, table.limit, counterBits);
+    const std::uint64_t *column = bits + table.lowest * static_cast<std::ptrdiff_t>(PART);
+    for (std::size_t row = 0; row < table.rows.size(); ++row, column += PART) {
+        Part any{};
+        if (const std::size_t firstRow = table.rows[row]; firstRow != 0) {
+            const std::uint64_t *equal = column + firstRow * PART;
+            for (std::size_t diagonal = 0; diagonal < diagonals.count(); ++diagonal) {
+                Part isEqual;
+                read(isEqual, equal + diagonal * PART);
+                runs[diagonal] &= isEqual;
+                any |= runs[diagonal];
+            }
+        }
+        for (std::size_t diagonal = 0; diagonal < diagonals.count(); ++diagonal)
+            runs[diagonal] |= ~any;
+        count(left, counters, ~any, counterBits);
+        if (row >= table.limit && isEmpty(left))
+            return;
+    }
+}
 
 /// Differences between neighbouring cells.
 struct Difference
@@ -119,236 +125,263 @@ struct Difference
     Part less;
 };
 
-/// Keeps the texts of a part of a block that are within the limit.
+/// Keeps the texts of a part that are within the limit.
 ///
 /// The cells of the distance table one by one, each for many texts at a time; see levenshteinDistance() for
 /// the rules. Cells beyond the diagonals are taken for as large as they can be.
-[[gnu::always_inline]] inline void measureDistance(std::uint64_t *result, const Table &table,
-                                                   std::size_t word)
+[[gnu::always_inline]] inline void measureDistance(Part &left, const Table &table, const std::uint64_t *bits)
 {
     const Difference one{~Part{}, Part{}};
-    std::array<Difference, CharacterPlaces::LONGEST> above;
+    std::array<Difference, LONGEST_PLACED> above;
     for (std::ptrdiff_t column = 0; column < table.columns; ++column)
         above[static_cast<std::size_t>(column)] = one;
-    Counters edits{};
+    // The edits on the last diagonal, where so many are left for it.
+    const std::size_t limit = table.limit - static_cast<std::size_t>(std::abs(table.last));
+    const auto counterBits = static_cast<std::size_t>(std::bit_width(limit));
+    Counters counters;
+    startCounters(counters, limit, counterBits);
     for (std::ptrdiff_t row = 0; row < static_cast<std::ptrdiff_t>(table.rows.size()); ++row) {
         const std::size_t firstRow = table.rows[static_cast<std::size_t>(row)];
-        const std::uint64_t *equal = table.bits + (word / PART * table.rowCount + firstRow) * PART;
+        const std::uint64_t *equal = bits + firstRow * PART;
         const std::size_t stride = firstRow == 0 ? 0 : PART;
-        Difference left = one;
+        Difference before = one;
         const std::ptrdiff_t end = std::min(row + table.highest + 1, table.columns);
         for (std::ptrdiff_t column = std::max<std::ptrdiff_t>(row + table.lowest, 0); column < end;
              ++column) {
             Difference &place = above[static_cast<std::size_t>(column)];
             const Difference top = place;
             Part diagonal;
-            std::memcpy(&diagonal, equal + static_cast<std::size_t>(column) * stride, sizeof diagonal);
-            diagonal |= left.less | top.less;
-            place = {left.less | ~(diagonal | left.more), left.more & diagonal};
-            left = {top.less | ~(diagonal | top.more), top.more & diagonal};
+            read(diagonal, equal + static_cast<std::size_t>(column) * stride);
+            diagonal |= before.less | top.less;
+            place = {before.less | ~(diagonal | before.more), before.more & diagonal};
+            before = {top.less | ~(diagonal | top.more), top.more & diagonal};
             if (column - row != table.last)
                 continue;
-            addOnes(edits, ~diagonal, table.counterBits);
+            count(left, counters, ~diagonal, counterBits);
         }
-    }
-    // Who has more edits on the last diagonal than are left for it.
-    const std::size_t least = table.limit + 1 - static_cast<std::size_t>(std::abs(table.last));
-    Part isFar;
-    findReached(isFar, edits, least, table.counterBits);
-    Part found;
-    std::memcpy(&found, result, sizeof found);
-    found &= ~isFar;
-    std::memcpy(result, &found, sizeof found);
-}
-
-/// Keeps the texts of a block that are within the limit.
-[[gnu::always_inline]] inline void measureFound(Block &found, const Table &table, std::size_t word)
-{
-    for (std::size_t begin = 0; begin < BLOCK; begin += PART) {
-        const auto part = std::span(found).subspan(begin, PART);
-        if (std::any_of(part.begin(), part.end(), [](std::uint64_t bits) { return bits != 0; }))
-            measureDistance(part.data(), table, word + begin);
+        if (isEmpty(left))
+            return;
     }
 }
 
-/// For the machine that the program is built for, and for processors with wider registers.
-struct Loops
+/// Keeps the texts of a part that are within the limit.
+[[gnu::always_inline]] inline void keepNear(std::uint64_t *words, const Table &table,
+                                            const std::uint64_t *bits)
 {
-    void (*countPieces)(Block &, const Rows &, Cut, std::size_t);
-    void (*measureFound)(Block &, const Table &, std::size_t);
-};
-
-void countPiecesHere(Block &result, const Rows &rows, Cut cut, std::size_t word)
-{
-    countPieces(result, rows, cut, word);
+    Part left;
+    read(left, words);
+    switch (table.highest - table.lowest) {
+    case 0:
+        countObstacles<1>(left, table, bits);
+        break;
+    case 1:
+        countObstacles<2>(left, table, bits);
+        break;
+    case 2:
+        countObstacles<3>(left, table, bits);
+        break;
+    case 3:
+        countObstacles<4>(left, table, bits);
+        break;
+    case 4:
+        countObstacles<5>(left, table, bits);
+        break;
+    case 5:
+        countObstacles<6>(left, table, bits);
+        break;
+    case 6:
+        countObstacles<7>(left, table, bits);
+        break;
+    case 7:
+        countObstacles<8>(left, table, bits);
+        break;
+    case 8:
+        countObstacles<9>(left, table, bits);
+        break;
+    case 9:
+        countObstacles<10>(left, table, bits);
+        break;
+    case 10:
+        countObstacles<11>(left, table, bits);
+        break;
+    case 11:
+        countObstacles<12>(left, table, bits);
+        break;
+    case 12:
+        countObstacles<13>(left, table, bits);
+        break;
+    default:
+        countObstacles<0>(left, table, bits);
+    }
+    if (!isEmpty(left))
+        measureDistance(left, table, bits);
+    std::memcpy(words, &left, sizeof left);
 }
 
-void measureFoundHere(Block &found, const Table &table, std::size_t word)
+using KeepNear = void (*)(std::uint64_t *words, const Table &, const std::uint64_t *bits);
+
+void keepNearHere(std::uint64_t *words, const Table &table, const std::uint64_t *bits)
 {
-    measureFound(found, table, word);
+    keepNear(words, table, bits);
 }
 
 #ifdef __x86_64__
-[[gnu::target("avx2")]] void countPiecesWithAvx2(Block &result, const Rows &rows, Cut cut, std::size_t word)
+[[gnu::target("avx2")]] void keepNearWithAvx2(std::uint64_t *words, const Table &table,
+                                              const std::uint64_t *bits)
 {
-    countPieces(result, rows, cut, word);
-}
-
-[[gnu::target("avx2")]] void measureFoundWithAvx2(Block &found, const Table &table, std::size_t word)
-{
-    measureFound(found, table, word);
+    keepNear(words, table, bits);
 }
 #endif
 
-Loops fastestLoops()
+/// For the machine that the program is built for, or for processors with wider registers.
+KeepNear fastestKeepNear()
 {
 #ifdef __x86_64__
     static const bool hasAvx2 = __builtin_cpu_supports("avx2") != 0;
     if (hasAvx2)
-        return {countPiecesWithAvx2, measureFoundWithAvx2};
+        return keepNearWithAvx2;
 #endif
-    return {countPiecesHere, measureFoundHere};
+    return keepNearHere;
 }
 
-std::size_t sizeOf(const Block &block)
+/// The table of a search, but for its rows.
+template <typename Search>
+Table tableOf(const Search &search, std::size_t length)
 {
-    std::size_t size = 0;
-    for (const std::uint64_t word : block)
-        size += static_cast<std::size_t>(std::popcount(word));
-    return size;
+    Table table;
+    table.columns = static_cast<std::ptrdiff_t>(length);
+    // So many insertions or deletions are before and behind what the texts have in common, at most.
+    const std::ptrdiff_t surplus = table.columns - static_cast<std::ptrdiff_t>(search.text.size());
+    const std::ptrdiff_t spare = (static_cast<std::ptrdiff_t>(search.limit) - std::abs(surplus)) / 2;
+    table.lowest = std::min<std::ptrdiff_t>(surplus, 0) - spare;
+    table.highest = std::max<std::ptrdiff_t>(surplus, 0) + spare;
+    table.last = surplus;
+    table.limit = search.limit;
+    table.firstPart = search.first / TEXTS_PER_PART;
+    table.endPart =
+        search.first < search.last ? (search.last + TEXTS_PER_PART - 1) / TEXTS_PER_PART : table.firstPart;
+    return table;
 }
 
-/// @return the cuts that leave out some texts of a block, the one that leaves the fewest first
-std::vector<Cut> usefulCuts(const Rows &rows, std::size_t length, std::size_t limit, std::size_t word)
+/// Calls `visit` with the texts of a word that a search asks for, until it returns false.
+/// @return whether it did not
+template <typename Search, typename Visit>
+bool visitTexts(std::uint64_t word, std::size_t first, const Search &search, Visit visit)
 {
-    std::vector<std::pair<std::size_t, Cut>> cuts;
-    for (std::size_t pieceLength = 1; pieceLength <= LONGEST_PIECE; ++pieceLength) {
-        const std::size_t pieces = (length + pieceLength - 1) / pieceLength;
-        if (pieces <= limit)
-            break;
-        const Cut cut{length, pieceLength, pieces - limit};
-        Block found;
-        found.fill(~std::uint64_t{0});
-        fastestLoops().countPieces(found, rows, cut, word);
-        if (const std::size_t size = sizeOf(found); size < BLOCK * BITS / 2)
-            cuts.emplace_back(size, cut);
+    for (; word != 0; word &= word - 1) {
+        const std::size_t number = first + static_cast<std::size_t>(std::countr_zero(word));
+        if (number >= search.first && number < search.last && !visit(static_cast<std::uint32_t>(number)))
+            return false;
     }
-    std::sort(cuts.begin(), cuts.end(), [](const auto &a, const auto &b) { return a.first < b.first; });
-    std::vector<Cut> sorted;
-    sorted.reserve(cuts.size());
-    for (const auto &[size, cut] : cuts)
-        sorted.push_back(cut);
-    return sorted;
+    return true;
 }
 
 } // namespace
 
-void CharacterPlaces::clear(std::size_t length, std::size_t count)
+template <>
+std::size_t CharacterPlaces<char>::symbolOfCharacter(char character)
+{
+    return symbolOf(character);
+}
+
+template <>
+std::size_t CharacterPlaces<char32_t>::symbolOfCharacter(char32_t character)
+{
+    if (character < 0x80)
+        return symbolOf(static_cast<char>(character));
+    // Neighbours in an alphabet get different symbols as far as there are enough.
+    return ALPHABET + character % (SYMBOLS - ALPHABET);
+}
+
+template <typename Character>
+void CharacterPlaces<Character>::clear(std::size_t length, std::size_t count, std::size_t mostEdits)
 {
     m_length = length;
-    m_words = (count + BITS * BLOCK - 1) / (BITS * BLOCK) * BLOCK;
-    m_reach = std::min(largestDistance(length, MATCH_ARTIST_SIMILARITY) / 2, FARTHEST_REACH);
+    m_parts = (count + TEXTS_PER_PART - 1) / TEXTS_PER_PART;
+    m_margin = std::max<std::size_t>(mostEdits, 1);
     m_firstRows.fill(0);
+    m_left.assign(m_parts * PART, 0);
+    for (std::size_t number = 0; number < count; ++number)
+        m_left[number / BITS] |= std::uint64_t{1} << number % BITS;
 }
 
-void CharacterPlaces::noteCharacters(std::string_view text)
+template <typename Character>
+void CharacterPlaces<Character>::noteCharacters(Text text)
 {
-    for (const char character : text)
-        m_firstRows[symbolOf(character)] = 1;
+    for (const Character character : text)
+        m_firstRows[symbolOfCharacter(character)] = 1;
 }
 
-void CharacterPlaces::layOut()
+template <typename Character>
+void CharacterPlaces<Character>::layOut()
 {
-    m_rows = 1;
-    for (std::size_t &first : m_firstRows) {
+    m_rows = m_margin;
+    for (std::uint32_t &first : m_firstRows) {
         if (first == 0)
             continue;
-        first = m_rows;
-        m_rows += m_length;
+        first = static_cast<std::uint32_t>(m_rows);
+        m_rows += m_length + m_margin;
     }
-    m_bits.assign(m_rows * m_words, 0);
-    m_exact.assign(m_rows * m_words, 0);
+    m_bits.assign(m_rows * m_parts * PART, 0);
 }
 
-void CharacterPlaces::add(std::string_view text, std::size_t number)
+template <typename Character>
+void CharacterPlaces<Character>::add(Text text, std::size_t number)
 {
-    for (std::size_t place = 0; place < text.size(); ++place) {
-        const std::size_t first = place - std::min(place, m_reach);
-        const std::size_t last = std::min(place + m_reach, m_length - 1);
-        const std::uint64_t bit = std::uint64_t{1} << number % BITS;
-        const std::size_t firstRow = m_firstRows[symbolOf(text[place])];
-        const std::size_t part = number / (BITS * PART);
-        m_exact[(part * m_rows + firstRow + place) * PART + number / BITS % PART] |= bit;
-        std::uint64_t *row = &m_bits[(firstRow + first) * m_words];
-        for (std::size_t i = first; i <= last; ++i, row += m_words)
-            row[number / BITS] |= bit;
-    }
+    const std::uint64_t bit = std::uint64_t{1} << number % BITS;
+    std::uint64_t *part = &m_bits[number / TEXTS_PER_PART * m_rows * PART + number / BITS % PART];
+    for (std::size_t place = 0; place < text.size(); ++place)
+        part[(m_firstRows[symbolOfCharacter(text[place])] + place) * PART] |= bit;
 }
 
-const std::uint64_t *CharacterPlaces::rowOf(char character, std::ptrdiff_t place) const
+template <typename Character>
+void CharacterPlaces<Character>::remove(std::size_t number)
 {
-    const auto reach = static_cast<std::ptrdiff_t>(m_reach);
-    const auto last = static_cast<std::ptrdiff_t>(m_length) - 1;
-    const std::size_t first = m_firstRows[symbolOf(character)];
-    if (first == 0 || place + reach < 0 || place - reach > last)
-        return m_bits.data();
-    return &m_bits[(first + static_cast<std::size_t>(std::clamp<std::ptrdiff_t>(place, 0, last))) * m_words];
+    m_left[number / BITS] &= ~(std::uint64_t{1} << number % BITS);
 }
 
-bool CharacterPlaces::appendNear(std::vector<std::uint32_t> &numbers, std::string_view text,
-                                 std::size_t limit, std::size_t first, std::size_t last) const
+template <typename Character>
+void CharacterPlaces<Character>::findNear(std::span<const Search> searches, Removed removed,
+                                          const Visit &visit) const
 {
-    if (text.size() > LONGEST)
-        return false;
-    if (first >= last)
-        return true;
-    // What an intact piece is shifted by, at most: so many insertions or deletions are before and behind it.
-    const auto surplus = static_cast<std::ptrdiff_t>(m_length) - static_cast<std::ptrdiff_t>(text.size());
-    const std::ptrdiff_t spare = (static_cast<std::ptrdiff_t>(limit) - std::abs(surplus)) / 2;
-    const std::ptrdiff_t highest = std::max<std::ptrdiff_t>(surplus, 0) + spare;
-    const auto reach = static_cast<std::ptrdiff_t>(m_reach);
-    Rows rows;
-    for (std::ptrdiff_t shift = std::min<std::ptrdiff_t>(surplus, 0) - spare; shift <= highest;
-         shift += 2 * reach + 1) {
-        ++rows.shifts;
-        for (std::size_t place = 0; place < text.size(); ++place)
-            rows.rows.push_back(rowOf(text[place], static_cast<std::ptrdiff_t>(place) + shift + reach));
+    std::vector<Table> tables;
+    std::size_t firstPart = m_parts;
+    std::size_t endPart = 0;
+    for (const Search &search : searches) {
+        tables.push_back(tableOf(search, m_length));
+        for (const Character character : search.text)
+            tables.back().rows.push_back(m_firstRows[symbolOfCharacter(character)]);
+        firstPart = std::min(firstPart, tables.back().firstPart);
+        endPart = std::max(endPart, tables.back().endPart);
     }
-
-    const auto mostEdits = static_cast<std::size_t>(std::bit_width(std::max(text.size(), limit + 1)));
-    Table table{nullptr,
-                0,
-                {},
-                static_cast<std::ptrdiff_t>(m_length),
-                std::min<std::ptrdiff_t>(surplus, 0) - spare,
-                highest,
-                surplus,
-                limit,
-                mostEdits};
-    table.bits = m_exact.data();
-    table.rowCount = m_rows;
-    for (const char character : text)
-        table.rows.push_back(m_firstRows[symbolOf(character)]);
-    constexpr std::size_t BLOCK_BITS = BLOCK * BITS;
-    const std::size_t firstBlock = first / BLOCK_BITS;
-    const std::vector<Cut> cuts = usefulCuts(rows, text.size(), limit, firstBlock * BLOCK);
-    const Loops loops = fastestLoops();
-    Block found;
-    for (std::size_t block = firstBlock; block * BLOCK_BITS < last; ++block) {
-        found.fill(~std::uint64_t{0});
-        for (const Cut &cut : cuts)
-            loops.countPieces(found, rows, cut, block * BLOCK);
-        loops.measureFound(found, table, block * BLOCK);
-        for (std::size_t i = 0; i < BLOCK; ++i) {
-            for (std::uint64_t left = found[i]; left != 0; left &= left - 1) {
-                const std::size_t number =
-                    (block * BLOCK + i) * BITS + static_cast<std::size_t>(std::countr_zero(left));
-                if (number >= first && number < last)
-                    numbers.push_back(static_cast<std::uint32_t>(number));
-            }
+    const KeepNear keepNear = fastestKeepNear();
+    // A part stays in the nearest caches while all searches look at it.
+    for (std::size_t part = firstPart; part < endPart; ++part) {
+        for (std::size_t search = 0; search < searches.size(); ++search) {
+            Table &table = tables[search];
+            if (part < table.firstPart || part >= table.endPart)
+                continue;
+            std::array<std::uint64_t, PART> found;
+            found.fill(~std::uint64_t{0});
+            if (removed == Removed::LeftOut)
+                std::copy_n(&m_left[part * PART], PART, found.begin());
+            if ((found[0] | found[1] | found[2] | found[3]) == 0)
+                break;
+            keepNear(found.data(), table, &m_bits[part * m_rows * PART]);
+            const bool goesOn = std::all_of(
+                found.begin(), found.end(), [&, number = part * TEXTS_PER_PART](std::uint64_t word) mutable {
+                    const std::size_t first = number;
+                    number += BITS;
+                    return visitTexts(word, first, searches[search],
+                                      [&](std::uint32_t next) { return visit(search, next); });
+                });
+            if (!goesOn)
+                table.endPart = part;
         }
     }
-    return true;
 }
+
+template class CharacterPlaces<char>;
+template class CharacterPlaces<char32_t>;
 
 } // namespace sonavo

@@ -5,31 +5,62 @@
 #include <array>
 #include <cstddef>
 #include <cstdint>
+#include <functional>
+#include <span>
 #include <string_view>
 #include <vector>
 
 namespace sonavo {
 
+/// Longer texts are neither indexed nor searched for.
+inline constexpr std::size_t LONGEST_PLACED = 128;
+
 /// Normalised texts of one length, as a bit for each text, character and place: finds those within some edits
-/// of another text, hundreds at a time.
+/// of other texts, hundreds at a time.
 ///
-/// Of p pieces of a text, k edits leave at least p - k intact, each about as far from the beginning. So the
-/// pieces that each text still has are counted first, in vertical counters: H. Hyyrö, K. Fredriksson and
-/// G. Navarro, "Increased bit-parallelism for approximate and multiple string matching" (2005). Where enough
-/// are left, the cells of the distance table follow, each for all texts of a part; see levenshteinDistance().
+/// Obstacles are counted first, since an edit is needed for each: from the beginning of a text, or from
+/// behind the last obstacle, what it has in common with the other is followed on every diagonal of the
+/// distance table, until none goes on: M. Alser, T. Shahroodi, J. Gómez-Luna, C. Alkan and O. Mutlu,
+/// "SneakySnake: a fast and accurate universal genome pre-alignment filter for CPUs, GPUs and FPGAs" (2020).
+/// For texts that are left, the cells of that table follow, each for all texts of a part; see
+/// levenshteinDistance(). Both count in vertical counters: H. Hyyrö, K. Fredriksson and G. Navarro,
+/// "Increased bit-parallelism for approximate and multiple string matching" (2005).
+/// @tparam Character char, or char32_t for code points: those outside the Latin alphabet share a few symbols,
+/// so that texts beyond the limit may be found as well
+template <typename Character>
 class CharacterPlaces
 {
 public:
-    /// Longer texts are neither indexed nor searched for.
-    static constexpr std::size_t LONGEST = 128;
+    using Text = std::basic_string_view<Character>;
+
+    /// A text whose neighbours are looked for.
+    struct Search
+    {
+        Text text;
+        /// At least the difference of the lengths, at most what the index was built for.
+        std::size_t limit = 0;
+        /// The numbers that are asked for: from the first to before the last.
+        std::size_t first = 0;
+        std::size_t last = 0;
+    };
+    /// Whether texts that were removed are looked for as well.
+    enum class Removed
+    {
+        LeftOut,
+        Included
+    };
+    /// Takes a search, as its index, and the number of a text that it has found.
+    /// @return whether to go on with this search
+    using Visit = std::function<bool(std::size_t search, std::uint32_t number)>;
 
     /// Replaces what the index holds.
-    /// @param length of each text, at most LONGEST
+    /// @param length of each text, at most LONGEST_PLACED
+    /// @param mostEdits the largest limit of a search
     /// @param textOf gives the text for each number below `count`
     template <typename TextOf>
-    void build(std::size_t length, std::size_t count, TextOf textOf)
+    void build(std::size_t length, std::size_t count, std::size_t mostEdits, TextOf textOf)
     {
-        clear(length, count);
+        clear(length, count, mostEdits);
         for (std::size_t number = 0; number < count; ++number)
             noteCharacters(textOf(number));
         layOut();
@@ -37,32 +68,35 @@ public:
             add(textOf(number), number);
     }
 
-    /// Appends the numbers of the texts that are within `limit` edits of another text. Any thread may ask.
-    /// @param limit at least the difference of the lengths
-    /// @param first,last the numbers that are asked for
-    /// @return false, having appended nothing, if the text is longer than LONGEST
-    [[nodiscard]] bool appendNear(std::vector<std::uint32_t> &numbers, std::string_view text,
-                                  std::size_t limit, std::size_t first, std::size_t last) const;
+    /// Takes a text out. Must not overlap with findNear().
+    void remove(std::size_t number);
+
+    /// Calls `visit` with each text that is within the limit of a search; for each search by ascending
+    /// numbers. Several searches together take less time than one after the other. Any thread may ask.
+    /// @param searches with texts of at most LONGEST_PLACED characters
+    void findNear(std::span<const Search> searches, Removed removed, const Visit &visit) const;
 
 private:
-    void clear(std::size_t length, std::size_t count);
-    void noteCharacters(std::string_view text);
+    /// Symbols are below this.
+    static constexpr std::size_t SYMBOLS = 64;
+
+    [[nodiscard]] static std::size_t symbolOfCharacter(Character character);
+    void clear(std::size_t length, std::size_t count, std::size_t mostEdits);
+    void noteCharacters(Text text);
     void layOut();
-    void add(std::string_view text, std::size_t number);
-    [[nodiscard]] const std::uint64_t *rowOf(char character, std::ptrdiff_t place) const;
+    void add(Text text, std::size_t number);
 
     std::size_t m_length = 0;
-    /// Words of a row, a multiple of those that are looked at together.
-    std::size_t m_words = 0;
+    std::size_t m_parts = 0;
+    /// Empty rows before and behind those of a character.
+    std::size_t m_margin = 0;
     std::size_t m_rows = 0;
-    /// How far from a place a character counts as there.
-    std::size_t m_reach = 0;
     /// By symbol, the number of its first row; 0 for those that no text has.
-    std::array<std::size_t, ALPHABET> m_firstRows{};
-    /// An empty row, and then one for each character and place.
+    std::array<std::uint32_t, SYMBOLS> m_firstRows{};
+    /// By part: an empty row, and then one for each character and place.
     std::vector<std::uint64_t> m_bits;
-    /// The same without a reach, and with what is looked at together side by side.
-    std::vector<std::uint64_t> m_exact;
+    /// The texts that are not removed.
+    std::vector<std::uint64_t> m_left;
 };
 
 } // namespace sonavo

@@ -4,6 +4,7 @@
 #include "analysis/parallel.h"
 
 #include <algorithm>
+#include <array>
 #include <utility>
 
 namespace sonavo {
@@ -14,6 +15,8 @@ constexpr std::size_t LARGE_BUCKET = 512;
 /// Comparisons after which the threads of a round may meet.
 constexpr std::size_t ENOUGH_COMPARISONS = 100'000;
 constexpr std::size_t MOST_SEEDS = 256;
+/// Of those, the ones that a thread compares together.
+constexpr std::size_t SEEDS_AT_A_TIME = 16;
 
 } // namespace
 
@@ -82,17 +85,34 @@ void Clustering::takeSeeds()
 
 void Clustering::compareSeeds()
 {
+    const std::size_t partSize =
+        std::clamp<std::size_t>(m_seedCount / (2 * computingThreads()), 1, SEEDS_AT_A_TIME);
     const auto queryOf = [this](std::size_t thread) { return &m_queries[thread]; };
-    forEachInParallel(m_seedCount, 1, {}, queryOf, [this](CandidateIndex::Query *query, std::size_t i) {
-        Seed &seed = m_seeds[i];
-        const auto candidates = m_candidates.candidatesFor(seed.position, *query);
+    forEachInParallel((m_seedCount + partSize - 1) / partSize, 1, {}, queryOf,
+                      [&](CandidateIndex::Query *query, std::size_t part) {
+                          const std::span seeds = std::span(m_seeds).first(m_seedCount);
+                          const std::size_t begin = part * partSize;
+                          compareSeeds(seeds.subspan(begin, std::min(partSize, seeds.size() - begin)),
+                                       *query);
+                      });
+}
+
+void Clustering::compareSeeds(std::span<Seed> seeds, CandidateIndex::Query &query) const
+{
+    std::array<BucketPosition, SEEDS_AT_A_TIME> positions;
+    std::transform(seeds.begin(), seeds.end(), positions.begin(),
+                   [](const Seed &seed) { return seed.position; });
+    m_candidates.findCandidates(std::span(positions).first(seeds.size()), query);
+    for (std::size_t i = 0; i < seeds.size(); ++i) {
+        Seed &seed = seeds[i];
+        const auto candidates = query.candidatesOf(i);
         seed.comparisons = candidates.size();
         seed.matches.clear();
         for (const BucketPosition candidate : candidates) {
             if (songsMatch(m_songs, m_candidates[seed.position], m_candidates[candidate]))
                 seed.matches.push_back(candidate);
         }
-    });
+    }
 }
 
 std::vector<Cluster> Clustering::gather()

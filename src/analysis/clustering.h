@@ -5,6 +5,7 @@
 
 #include <cstddef>
 #include <functional>
+#include <span>
 #include <stop_token>
 #include <vector>
 
@@ -48,6 +49,7 @@ private:
     void dropRemoved();
     void takeSeeds();
     void compareSeeds();
+    void compareSeeds(std::span<Seed> seeds, CandidateIndex::Query &query) const;
     [[nodiscard]] std::vector<Cluster> gather();
     [[nodiscard]] Cluster gatherMatches(const Seed &seed);
     void remove(BucketPosition position);

@@ -33,31 +33,26 @@ class RowsOfCharacters<char32_t, MOST>
 public:
     void add(char32_t character, std::size_t row)
     {
-        Slot &slot = m_slots[slotOf(character)];
-        slot.character = character;
-        slot.rows |= std::uint64_t{1} << row;
+        const std::size_t slot = slotOf(character);
+        m_characters[slot] = character;
+        m_rows[slot] |= std::uint64_t{1} << row;
     }
-    [[nodiscard]] std::uint64_t operator[](char32_t character) const
-    {
-        return m_slots[slotOf(character)].rows;
-    }
+    [[nodiscard]] std::uint64_t operator[](char32_t character) const { return m_rows[slotOf(character)]; }
 
 private:
-    struct Slot
-    {
-        char32_t character = 0;
-        std::uint64_t rows = 0;
-    };
+    static constexpr std::size_t SLOTS = 2 * MOST;
 
     [[nodiscard]] std::size_t slotOf(char32_t character) const
     {
-        std::size_t slot = character % m_slots.size();
-        while (m_slots[slot].rows != 0 && m_slots[slot].character != character)
-            slot = (slot + 1) % m_slots.size();
+        std::size_t slot = character % SLOTS;
+        while (m_rows[slot] != 0 && m_characters[slot] != character)
+            slot = (slot + 1) % SLOTS;
         return slot;
     }
 
-    std::array<Slot, 2 * MOST> m_slots{};
+    std::array<std::uint64_t, SLOTS> m_rows{};
+    /// Set where a slot has rows: clearing it would take longer than the search.
+    std::array<char32_t, SLOTS> m_characters;
 };
 
 template <typename Character>

@@ -133,7 +133,7 @@ class StarSearch
 {
 public:
     /// All must outlive this.
-    StarSearch(const QList<Song> &songs, const FurtherIndex &index, const std::stop_token &stop,
+    StarSearch(const QList<Song> &songs, FurtherIndex &index, const std::stop_token &stop,
                const FurtherProgressSink &report)
         : m_songs(songs)
         , m_index(index)
@@ -157,6 +157,10 @@ private:
     /// Songs counted at a time in takeCentresOfMost(): some of them in vain.
     static constexpr std::size_t LEAST_BATCH = 64;
     static constexpr std::size_t LARGEST_BATCH = 4096;
+    /// If more songs than this are expensive to count, another index pays off.
+    static constexpr std::size_t MANY_EXPENSIVE = 1024;
+    /// By one thread.
+    static constexpr std::size_t MOST_COUNTED_TOGETHER = 16;
 
     bool countCheapSongs()
     {
@@ -172,6 +176,10 @@ private:
     bool takeCentresOfMost()
     {
         const std::vector<Position> songs = songsOfMost();
+        const auto expensive = std::count_if(songs.begin(), songs.end(),
+                                             [this](Position song) { return !m_counts.isCounted(song); });
+        if (static_cast<std::size_t>(expensive) >= MANY_EXPENSIVE)
+            m_index.placeTexts(m_stop);
         std::size_t batchSize = LEAST_BATCH;
         for (auto begin = songs.begin(); begin != songs.end();) {
             std::vector<Position> uncounted;
@@ -180,10 +188,7 @@ private:
                 if (!m_removed.isRemoved(*end) && !m_counts.isCounted(*end))
                     uncounted.push_back(*end);
             }
-            const auto count = [&](FurtherMatches &matches, std::size_t i) {
-                setCount(uncounted[i], matches.matchesOf(uncounted[i], MOST_MATCHES_COUNTED));
-            };
-            if (!countInParallel(uncounted.size(), 1, count))
+            if (!countTogether(uncounted))
                 return false;
             for (; begin != end; ++begin) {
                 if (m_counts[*begin] >= MOST_MATCHES_COUNTED && !takeStarOf(*begin))
@@ -195,6 +200,21 @@ private:
             batchSize = std::clamp(areMany ? batchSize / 2 : batchSize * 2, LEAST_BATCH, LARGEST_BATCH);
         }
         return true;
+    }
+
+    /// @return false if it was stopped
+    bool countTogether(std::span<const Position> songs)
+    {
+        const std::size_t partSize =
+            std::clamp<std::size_t>(songs.size() / (4 * computingThreads()), 1, MOST_COUNTED_TOGETHER);
+        const auto count = [&](FurtherMatches &matches, std::size_t part) {
+            const auto some =
+                songs.subspan(part * partSize, std::min(partSize, songs.size() - part * partSize));
+            matches.forEachMatches(
+                some, MOST_MATCHES_COUNTED,
+                [&](std::size_t i, std::span<const Position> found) { setCount(some[i], found); });
+        };
+        return countInParallel((songs.size() + partSize - 1) / partSize, 1, count);
     }
 
     bool takeCentresOfFewer()
@@ -251,8 +271,10 @@ private:
         Star star = starOf(m_songs, m_index.songs(), centre, m_counts.matchesOf(centre, m_removed));
         if (star.size() < 2)
             return true;
-        for (const Position song : star)
+        for (const Position song : star) {
             m_removed.remove(song);
+            m_index.remove(song);
+        }
         m_stars.push_back(std::move(star));
         return true;
     }
@@ -282,7 +304,7 @@ private:
     }
 
     const QList<Song> &m_songs;
-    const FurtherIndex &m_index;
+    FurtherIndex &m_index;
     const std::stop_token &m_stop;
     const Progress m_counting;
     const Progress m_takingFew;
@@ -334,7 +356,7 @@ std::optional<QList<DuplicateGroup>> findFurther(const QList<Song> &songs, const
     if (stop.stop_requested())
         return std::nullopt;
     reportProgress(AFTER_PREPARING);
-    const FurtherIndex index(prepared, stop);
+    FurtherIndex index(prepared, stop);
     if (stop.stop_requested())
         return std::nullopt;
     std::optional<std::vector<Star>> stars = StarSearch(songs, index, stop, reportProgress).run();

@@ -16,6 +16,11 @@ namespace {
 
 using Position = FurtherSongs::Position;
 
+/// Fewer texts than this are compared as fast as they are looked up.
+constexpr std::size_t FEW_TEXTS = 256;
+/// How many texts CharacterPlaces rejects in the time that it takes to compare two songs.
+constexpr std::size_t PLACED_PER_COMPARED = 32;
+
 /// Blocks span as much as the window of a song, so that a window needs few of them.
 std::vector<Position> blockEndsOf(const FurtherSongs &songs)
 {
@@ -39,6 +44,18 @@ void forEachNumberOf(const FurtherSong &song, Visit visit)
     visit(TrackNumber::Dropped);
     if (song.isNumbered())
         visit(TrackNumber::Kept);
+}
+
+/// Calls `visit` with each way in which the full text of a song is compared.
+template <typename Visit>
+void forEachTextOf(const FurtherSong &song, Visit visit)
+{
+    for (const TrackNumber number : {TrackNumber::Kept, TrackNumber::Dropped}) {
+        for (const Tail tail : {Tail::Kept, Tail::Dropped}) {
+            if ((number == TrackNumber::Kept || song.isNumbered()) && (tail == Tail::Kept || song.hasTail()))
+                visit(number, tail);
+        }
+    }
 }
 
 template <typename Visit>
@@ -140,7 +157,7 @@ void FurtherIndex::chooseSongsWithKeys(const std::stop_token &stop)
     });
     if (!m_artists.areAllKnown()) {
         std::fill(m_hasKeys.begin(), m_hasKeys.end(), 1);
-        groupByArtistLength();
+        groupByArtistLength(stop);
         return;
     }
     for (FurtherArtists::Artist artist = 0; artist < m_artists.size(); ++artist) {
@@ -153,7 +170,7 @@ void FurtherIndex::chooseSongsWithKeys(const std::stop_token &stop)
     }
 }
 
-void FurtherIndex::groupByArtistLength()
+void FurtherIndex::groupByArtistLength(const std::stop_token &stop)
 {
     for (Position song = 0; song < m_songs.size(); ++song) {
         const std::size_t length = m_songs[song].artistLength;
@@ -164,6 +181,69 @@ void FurtherIndex::groupByArtistLength()
         m_byArtistLength[length].pairBits.push_back(m_artists.pairBitsOf(m_artists.of(song)));
     }
     std::erase_if(m_byArtistLength, [](const ArtistLength &group) { return group.songs.empty(); });
+    (void)forEachInParallel(m_byArtistLength.size(), 1, stop, [this](std::size_t i) {
+        ArtistLength &group = m_byArtistLength[i];
+        if (group.songs.size() < FEW_TEXTS || group.length > LONGEST_PLACED)
+            return;
+        group.places.emplace();
+        group.places->build(group.length, group.songs.size(),
+                            largestDistanceToSimilar(group.length, MATCH_ARTIST_SIMILARITY),
+                            [&](std::size_t number) { return artistOf(m_songs[group.songs[number]]); });
+    });
+}
+
+void FurtherIndex::placeTexts(const std::stop_token &stop)
+{
+    const auto add = [this](Position song, TrackNumber number, Tail tail) {
+        const std::size_t length = m_songs[song].fullLength(number, tail);
+        if (length >= m_byTextLength.size())
+            m_byTextLength.resize(length + 1);
+        m_byTextLength[length].length = length;
+        m_byTextLength[length].texts.push_back({song, number, tail});
+    };
+    for (Position song = 0; song < m_songs.size(); ++song) {
+        if (!hasKeys(song))
+            continue;
+        forEachTextOf(m_songs[song], [&](TrackNumber number, Tail tail) { add(song, number, tail); });
+    }
+    std::erase_if(m_byTextLength, [](const TextLength &group) { return group.texts.empty(); });
+    (void)forEachInParallel(m_byTextLength.size(), 1, stop, [this](std::size_t i) {
+        TextLength &group = m_byTextLength[i];
+        if (group.texts.size() < FEW_TEXTS || group.length > LONGEST_PLACED)
+            return;
+        group.places.emplace();
+        group.places->build(group.length, group.texts.size(),
+                            largestDistanceToSimilar(group.length, MATCH_TITLE_SIMILARITY),
+                            [&](std::size_t number) {
+                                const Text &text = group.texts[number];
+                                std::u32string characters;
+                                fullTextInto(characters, m_songs[text.song], text.number, text.tail);
+                                return characters;
+                            });
+    });
+}
+
+void FurtherIndex::remove(Position song)
+{
+    const auto isShorter = [](const auto &group, std::size_t length) { return group.length < length; };
+    const FurtherSong &removed = m_songs[song];
+    const auto byArtist =
+        std::lower_bound(m_byArtistLength.begin(), m_byArtistLength.end(), removed.artistLength, isShorter);
+    if (byArtist != m_byArtistLength.end() && byArtist->places) {
+        const auto place = std::lower_bound(byArtist->songs.begin(), byArtist->songs.end(), song);
+        byArtist->places->remove(static_cast<std::size_t>(place - byArtist->songs.begin()));
+    }
+    forEachTextOf(removed, [&](TrackNumber number, Tail tail) {
+        const auto group = std::lower_bound(m_byTextLength.begin(), m_byTextLength.end(),
+                                            removed.fullLength(number, tail), isShorter);
+        if (group == m_byTextLength.end() || !group->places)
+            return;
+        const auto [begin, end] =
+            std::equal_range(group->texts.begin(), group->texts.end(), Text{song},
+                             [](const Text &a, const Text &b) { return a.song < b.song; });
+        for (auto text = begin; text != end; ++text)
+            group->places->remove(static_cast<std::size_t>(text - group->texts.begin()));
+    });
 }
 
 void FurtherIndex::countKeys()
@@ -209,10 +289,30 @@ void FurtherIndex::fillBlock(FurtherKeys &keys, std::size_t block)
 
 std::span<const Position> FurtherMatches::matchesOf(Position song, std::size_t most)
 {
-    begin(song, most);
-    (void)chooseWay();
-    find();
+    forEachMatches({&song, 1}, most, [this](std::size_t, std::span<const Position> matches) {
+        if (matches.data() != m_matches.data())
+            m_matches.assign(matches.begin(), matches.end());
+    });
     return m_matches;
+}
+
+void FurtherMatches::forEachMatches(std::span<const Position> songs, std::size_t most,
+                                    const std::function<void(std::size_t, std::span<const Position>)> &visit)
+{
+    m_windowSearches.clear();
+    for (std::size_t i = 0; i < songs.size(); ++i) {
+        begin(songs[i], most);
+        (void)chooseWay();
+        if (m_way == Way::Window || m_way == Way::Texts) {
+            addWindowSearch(i);
+            continue;
+        }
+        find();
+        visit(i, m_matches);
+    }
+    compareWithWindows();
+    for (const WindowSearch &search : m_windowSearches)
+        visit(search.place, search.matches);
 }
 
 std::optional<std::span<const Position>> FurtherMatches::matchesIfCheap(Position song, std::size_t most)
@@ -220,7 +320,9 @@ std::optional<std::span<const Position>> FurtherMatches::matchesIfCheap(Position
     // Only songs that are each compared with a share of the library take quadratic time.
     constexpr std::size_t MANY = 4096;
     begin(song, most);
-    if (chooseWay() > std::min(MANY, m_index.songs().size() / 32))
+    const std::size_t cost = chooseWay();
+    const bool isLarge = (m_way == Way::Window || m_way == Way::Texts) && m_window.end - m_window.begin > MANY;
+    if (isLarge || cost > std::min(MANY, m_index.songs().size() / 32))
         return std::nullopt;
     find();
     return m_matches;
@@ -259,40 +361,54 @@ std::size_t FurtherMatches::chooseWay()
 {
     const FurtherArtists::Artist self = m_index.artists().of(m_song);
     const std::size_t count = m_areArtistsKnown ? m_groupedCount : m_window.end - m_window.begin;
-    const std::size_t cost = m_areArtistsKnown ? count / 3 : costOfWindow();
-    m_isByKey = m_index.hasKeysFor(self) && count > m_index.fewSongs();
-    if (!m_isByKey)
+    // The texts of most of them are not read.
+    const std::size_t cost = m_areArtistsKnown ? count / 3 : count / PLACED_PER_COMPARED;
+    m_way = m_areArtistsKnown ? Way::SimilarArtists : Way::Window;
+    if (!m_index.hasKeysFor(self) || count <= m_index.fewSongs())
         return cost;
     propose();
-    const std::size_t proposed = proposedCount();
-    m_isByKey = proposed < cost;
-    return std::min(proposed, cost);
-}
-
-std::size_t FurtherMatches::costOfWindow() const
-{
-    // Most artists are rejected fast, unless all are a little alike: a few of them tell.
-    constexpr std::size_t REJECTED_PER_COMPARED = 8;
-    constexpr std::size_t SAMPLES = 32;
-    const FurtherArtists &artists = m_index.artists();
-    const FurtherArtists::Artist self = artists.of(m_song);
-    const std::size_t count = m_window.end - m_window.begin;
-    std::size_t compared = 0;
-    for (std::size_t i = 0; i < SAMPLES; ++i) {
-        const auto song = static_cast<Position>(m_window.begin + i * count / SAMPLES);
-        compared += artists.mayBeSimilar(self, artists.of(song)) ? 1U : 0U;
-    }
-    return count / REJECTED_PER_COMPARED + count * compared / SAMPLES;
+    const std::size_t containing = countOf(m_containingProposals);
+    const std::size_t proposed = containing + countOf(m_similarProposals);
+    const std::size_t placed = m_index.byTextLength().empty()
+                                   ? std::numeric_limits<std::size_t>::max()
+                                   : containing + (m_window.end - m_window.begin) / PLACED_PER_COMPARED;
+    const std::size_t least = std::min({cost, proposed, placed});
+    if (least < cost)
+        m_way = least == proposed ? Way::Keys : Way::Texts;
+    return least;
 }
 
 void FurtherMatches::find()
 {
-    if (m_isByKey)
-        compareWithProposed();
-    else if (m_areArtistsKnown)
+    switch (m_way) {
+    case Way::SimilarArtists:
         compareWithSimilarArtists();
-    else
-        compareWithWindow();
+        break;
+    case Way::Keys:
+        compareWithProposed(m_containingProposals);
+        compareWithProposed(m_similarProposals);
+        break;
+    case Way::Window:
+    case Way::Texts:
+        m_windowSearches.clear();
+        addWindowSearch(0);
+        compareWithWindows();
+        m_matches.swap(m_windowSearches[0].matches);
+    }
+}
+
+void FurtherMatches::addWindowSearch(std::size_t place)
+{
+    WindowSearch search{place, m_song, m_window, {}, {}};
+    if (m_way == Way::Texts) {
+        compareWithProposed(m_containingProposals);
+        search.matches = m_matches;
+        const FurtherSong &song = m_index.songs()[m_song];
+        forEachTextOf(song, [&](TrackNumber number, Tail tail) {
+            fullTextInto(search.texts.emplace_back(), song, number, tail);
+        });
+    }
+    m_windowSearches.push_back(std::move(search));
 }
 
 void FurtherMatches::compareWithSimilarArtists()
@@ -311,52 +427,133 @@ void FurtherMatches::compareWithSimilarArtists()
     }
 }
 
-void FurtherMatches::compareWithWindow()
+void FurtherMatches::compareWithWindows()
 {
-    const std::size_t length = m_index.songs()[m_song].artistLength;
-    for (const FurtherIndex::ArtistLength &group : m_index.byArtistLength()) {
-        const std::size_t longer = std::max(length, group.length);
-        const std::size_t limit = largestDistance(longer, MATCH_ARTIST_SIMILARITY);
-        if (longer - std::min(length, group.length) <= limit && !compareWithArtistsOf(group, limit))
-            return;
+    if (m_windowSearches.empty())
+        return;
+    for (const FurtherIndex::ArtistLength &group : m_index.byArtistLength())
+        compareWithArtistsOf(group);
+    for (const FurtherIndex::TextLength &group : m_index.byTextLength())
+        compareWithTextsOf(group);
+    for (WindowSearch &search : m_windowSearches) {
+        std::sort(search.matches.begin(), search.matches.end());
+        search.matches.erase(std::unique(search.matches.begin(), search.matches.end()), search.matches.end());
     }
 }
 
-bool FurtherMatches::compareWithArtistsOf(const FurtherIndex::ArtistLength &group, std::size_t limit)
+void FurtherMatches::compareWithTextsOf(const FurtherIndex::TextLength &group)
 {
-    constexpr std::size_t SONGS_AT_A_TIME = 4096;
-    const FurtherArtists &artists = m_index.artists();
-    const std::uint64_t pairBits = artists.pairBitsOf(artists.of(m_song));
+    const auto placeOf = [&group](Position song) {
+        const auto place = std::lower_bound(
+            group.texts.begin(), group.texts.end(), song,
+            [](const FurtherIndex::Text &text, Position other) { return text.song < other; });
+        return static_cast<std::size_t>(place - group.texts.begin());
+    };
+    std::vector<CharacterPlaces<char32_t>::Search> placed;
+    std::vector<WindowSearch *> searches;
+    for (WindowSearch &search : m_windowSearches) {
+        const std::size_t begin = placeOf(search.window.begin);
+        const std::size_t end = placeOf(search.window.end);
+        for (const std::u32string &text : search.texts) {
+            const std::size_t longer = std::max(text.size(), group.length);
+            const std::size_t limit = largestDistance(longer, MATCH_TITLE_SIMILARITY);
+            if (search.matches.size() >= m_most || longer - std::min(text.size(), group.length) > limit)
+                continue;
+            if (group.places && text.size() <= LONGEST_PLACED) {
+                placed.push_back({text, limit, begin, end});
+                searches.push_back(&search);
+                continue;
+            }
+            (void)std::all_of(
+                group.texts.begin() + static_cast<std::ptrdiff_t>(begin),
+                group.texts.begin() + static_cast<std::ptrdiff_t>(end),
+                [&](const FurtherIndex::Text &other) { return compareWith(search, other.song); });
+        }
+    }
+    if (placed.empty())
+        return;
+    group.places->findNear(placed, m_removed, [&](std::size_t search, std::uint32_t number) {
+        return compareWith(*searches[search], group.texts[number].song);
+    });
+}
+
+void FurtherMatches::compareWithArtistsOf(const FurtherIndex::ArtistLength &group)
+{
     const auto placeOf = [&group](Position song) {
         const auto place = std::lower_bound(group.songs.begin(), group.songs.end(), song);
         return static_cast<std::size_t>(place - group.songs.begin());
     };
-    const std::size_t end = placeOf(m_window.end);
-    for (std::size_t begin = placeOf(m_window.begin); begin < end; begin += SONGS_AT_A_TIME) {
-        m_near.clear();
-        appendNear(m_near, static_cast<std::uint32_t>(begin),
-                   std::span(group.pairBits).subspan(begin, std::min(SONGS_AT_A_TIME, end - begin)), pairBits,
-                   limit);
-        for (const std::uint32_t place : m_near) {
-            if (!compareWith(group.songs[place]))
-                return false;
+    std::vector<CharacterPlaces<char32_t>::Search> placed;
+    std::vector<WindowSearch *> searches;
+    for (WindowSearch &search : m_windowSearches) {
+        const std::u32string_view artist = artistOf(m_index.songs()[search.song]);
+        const std::size_t longer = std::max(artist.size(), group.length);
+        const std::size_t limit = largestDistance(longer, MATCH_ARTIST_SIMILARITY);
+        if (!search.texts.empty() || search.matches.size() >= m_most ||
+            longer - std::min(artist.size(), group.length) > limit)
+            continue;
+        if (!group.places || artist.size() > LONGEST_PLACED) {
+            compareWithArtistsOf(group, limit, search);
+            continue;
         }
+        placed.push_back({artist, limit, placeOf(search.window.begin), placeOf(search.window.end)});
+        searches.push_back(&search);
     }
-    return true;
+    if (placed.empty())
+        return;
+    group.places->findNear(placed, m_removed, [&](std::size_t search, std::uint32_t number) {
+        return compareWith(*searches[search], group.songs[number]);
+    });
 }
 
-void FurtherMatches::compareWithProposed()
+void FurtherMatches::compareWithArtistsOf(const FurtherIndex::ArtistLength &group, std::size_t limit,
+                                          WindowSearch &search)
+{
+    constexpr std::size_t SONGS_AT_A_TIME = 4096;
+    const FurtherArtists &artists = m_index.artists();
+    const FurtherArtists::Artist self = artists.of(search.song);
+    const auto placeOf = [&group](Position song) {
+        const auto place = std::lower_bound(group.songs.begin(), group.songs.end(), song);
+        return static_cast<std::size_t>(place - group.songs.begin());
+    };
+    const std::size_t end = placeOf(search.window.end);
+    for (std::size_t begin = placeOf(search.window.begin); begin < end; begin += SONGS_AT_A_TIME) {
+        m_near.clear();
+        appendNear(m_near, static_cast<std::uint32_t>(begin),
+                   std::span(group.pairBits).subspan(begin, std::min(SONGS_AT_A_TIME, end - begin)),
+                   artists.pairBitsOf(self), limit);
+        for (const std::uint32_t place : m_near) {
+            const Position candidate = group.songs[place];
+            if (artists.mayBeSimilar(self, artists.of(candidate)) && !compareWith(search, candidate))
+                return;
+        }
+    }
+}
+
+bool FurtherMatches::compareWith(WindowSearch &search, Position candidate) const
+{
+    // A song can be found by several of its texts; what is left of that is dropped in the end.
+    constexpr std::ptrdiff_t FEW = 128;
+    const auto last = search.matches.end();
+    const auto first = last - std::min(last - search.matches.begin(), FEW);
+    if (candidate != search.song && !isRemoved(candidate) && std::find(first, last, candidate) == last &&
+        songsMatchFurther(m_index.songs()[search.song], m_index.songs()[candidate]))
+        search.matches.push_back(candidate);
+    return search.matches.size() < m_most;
+}
+
+void FurtherMatches::compareWithProposed(std::span<const Hash> proposals)
 {
     const WindowIndex &index = m_index.byKey();
-    for (const Hash key : m_proposals)
+    for (const Hash key : proposals)
         index.prefetchList(key, m_window.begin, m_window.end);
-    for (const Hash key : m_proposals)
+    for (const Hash key : proposals)
         index.prefetchSongs(key, m_window.begin, m_window.end);
-    for (const Hash key : m_proposals) {
-        index.forEachSongWith(key, m_window.begin, m_window.end,
-                              [this](Position candidate) { return compareWith(candidate); });
+    for (const Hash key : proposals) {
         if (m_matches.size() >= m_most)
             return;
+        index.forEachSongWith(key, m_window.begin, m_window.end,
+                              [this](Position candidate) { return compareWith(candidate); });
     }
 }
 
@@ -383,7 +580,8 @@ void FurtherMatches::propose()
 {
     const FurtherSong &song = m_index.songs()[m_song];
     const FurtherArtists::Artist family = m_index.artists().familyOf(m_index.artists().of(m_song));
-    m_proposals.clear();
+    m_similarProposals.clear();
+    m_containingProposals.clear();
     for (const TrackNumber number : {TrackNumber::Kept, TrackNumber::Dropped}) {
         if (number == TrackNumber::Dropped && !song.isNumbered())
             continue;
@@ -398,10 +596,10 @@ void FurtherMatches::propose()
     proposeContained();
 }
 
-std::size_t FurtherMatches::proposedCount() const
+std::size_t FurtherMatches::countOf(std::span<const Hash> proposals) const
 {
     const WindowIndex &index = m_index.byKey();
-    return std::accumulate(m_proposals.begin(), m_proposals.end(), std::size_t{0},
+    return std::accumulate(proposals.begin(), proposals.end(), std::size_t{0},
                            [&](std::size_t sum, Hash key) {
                                return sum + index.mostSongsWith(key, m_window.begin, m_window.end);
                            });
@@ -442,26 +640,26 @@ std::size_t FurtherMatches::costOfWord(Hash word) const
     return cost;
 }
 
-void FurtherMatches::proposeGram(Hash gram)
+void FurtherMatches::proposeGram(std::vector<Hash> &proposals, Hash gram) const
 {
     for (const Hash scope : m_keys.scopesOfMatches())
-        m_proposals.push_back(FurtherKeys::inScope(gram, scope));
+        proposals.push_back(FurtherKeys::inScope(gram, scope));
 }
 
-void FurtherMatches::proposeWord(Hash word)
+void FurtherMatches::proposeWord(std::vector<Hash> &proposals, Hash word) const
 {
     for (const Hash scope : m_keys.scopesOfMatches())
-        proposeWithArtist(FurtherKeys::inScope(word, scope));
+        proposeWithArtist(proposals, FurtherKeys::inScope(word, scope));
 }
 
-void FurtherMatches::proposeWithArtist(Hash key)
+void FurtherMatches::proposeWithArtist(std::vector<Hash> &proposals, Hash key) const
 {
     if (m_artistShare >= 1.0 || !m_index.isCommon(key)) {
-        m_proposals.push_back(key);
+        proposals.push_back(key);
         return;
     }
     for (const Hash artistGram : m_artistGrams)
-        m_proposals.push_back(FurtherIndex::withArtist(key, artistGram));
+        proposals.push_back(FurtherIndex::withArtist(key, artistGram));
 }
 
 void FurtherMatches::proposeSimilar(std::span<const Hash> grams, std::size_t length)
@@ -481,10 +679,10 @@ void FurtherMatches::proposeSimilar(std::span<const Hash> grams, std::size_t len
         wordCost += costOfWord(word);
     if (wordCost < gramCost) {
         for (const Hash word : m_keys.titleWords())
-            proposeWord(word);
+            proposeWord(m_similarProposals, word);
     } else {
         for (const std::size_t place : m_choice.places())
-            proposeGram(grams[place]);
+            proposeGram(m_similarProposals, grams[place]);
     }
 }
 
@@ -500,9 +698,9 @@ void FurtherMatches::proposeContaining()
     const auto word = rarestOf(m_keys.wordsBehindNumber(), [this](Hash key) { return costOfWord(key); });
     const auto gram = rarestOf(m_keys.gramsOfTitle(), [this](Hash key) { return costOfGram(key); });
     if (word.first <= gram.first)
-        proposeWord(word.second);
+        proposeWord(m_containingProposals, word.second);
     else
-        proposeGram(gram.second);
+        proposeGram(m_containingProposals, gram.second);
 }
 
 void FurtherMatches::proposeContained()
@@ -512,7 +710,7 @@ void FurtherMatches::proposeContained()
     for (const Hash title : m_keys.titlesInTitle()) {
         const Hash key = FurtherKeys::inScope(title, scope);
         if (m_index.mayHaveTitle(key))
-            proposeWithArtist(key);
+            proposeWithArtist(m_containingProposals, key);
     }
 }
 

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "analysis/character_places.h"
 #include "analysis/disjoint_grams.h"
 #include "analysis/further_artists.h"
 #include "analysis/further_keys.h"
@@ -8,6 +9,7 @@
 
 #include <cstddef>
 #include <cstdint>
+#include <functional>
 #include <optional>
 #include <span>
 #include <stop_token>
@@ -68,9 +70,36 @@ public:
         /// Ascending, and FurtherArtists::pairBitsOf() of the artist of each: side by side, to be read fast.
         std::vector<Position> songs;
         std::vector<std::uint64_t> pairBits;
+        /// The artists of these songs, unless they are compared as fast.
+        std::optional<CharacterPlaces<char32_t>> places;
     };
     /// Empty if the similar artists of all are known.
     [[nodiscard]] const std::vector<ArtistLength> &byArtistLength() const { return m_byArtistLength; }
+
+    /// The full text of a song, as a whole or without a part.
+    struct Text
+    {
+        Position song = 0;
+        TrackNumber number = TrackNumber::Kept;
+        Tail tail = Tail::Kept;
+    };
+    /// Those of one length.
+    struct TextLength
+    {
+        std::size_t length = 0;
+        /// By song.
+        std::vector<Text> texts;
+        /// Unless they are compared as fast.
+        std::optional<CharacterPlaces<char32_t>> places;
+    };
+    /// Indexes the full texts of all songs with keys: worthwhile where keys are common to very many songs.
+    /// Must not overlap with any other call. Uses all cores.
+    void placeTexts(const std::stop_token &stop);
+    /// Takes a song out: FurtherMatches of which songs are removed may not find it. Must not overlap with any
+    /// other call.
+    void remove(Position song);
+    /// Empty if they are not indexed.
+    [[nodiscard]] const std::vector<TextLength> &byTextLength() const { return m_byTextLength; }
 
 private:
     [[nodiscard]] std::size_t placeOf(FurtherKeys::Hash title) const
@@ -79,7 +108,7 @@ private:
     }
     [[nodiscard]] bool isLarge(FurtherArtists::Artist artist) const;
     void chooseSongsWithKeys(const std::stop_token &stop);
-    void groupByArtistLength();
+    void groupByArtistLength(const std::stop_token &stop);
     [[nodiscard]] bool hasKeys(Position song) const { return m_hasKeys[m_artists.of(song)] != 0; }
     void countKeys();
     void fillBlock(FurtherKeys &keys, std::size_t block);
@@ -94,6 +123,7 @@ private:
     WindowIndex m_byKey;
     std::vector<bool> m_hasTitle;
     std::vector<ArtistLength> m_byArtistLength;
+    std::vector<TextLength> m_byTextLength;
     /// The songs whose keys were counted, and how often common keys are among those at least.
     std::size_t m_countedSongs = 0;
     std::size_t m_commonCount = 0;
@@ -136,13 +166,22 @@ public:
     {}
 
     /// Takes a song out: it is no longer found.
-    void remove(Position song) { m_lastQueries[song] = REMOVED; }
+    void remove(Position song)
+    {
+        m_lastQueries[song] = REMOVED;
+        m_removed = CharacterPlaces<char32_t>::Removed::LeftOut;
+    }
     [[nodiscard]] bool isRemoved(Position song) const { return m_lastQueries[song] == REMOVED; }
 
     /// All other songs that match this one and are not removed, in no particular order.
     /// @param most no more than that many are looked for
     /// @return valid until the next call
     [[nodiscard]] std::span<const Position> matchesOf(Position song, std::size_t most);
+    /// The same for several songs, in any order: together they can take less time.
+    /// @param visit takes a song, as its place among them, and what matches it, which is valid during the
+    /// call
+    void forEachMatches(std::span<const Position> songs, std::size_t most,
+                        const std::function<void(std::size_t, std::span<const Position>)> &visit);
     /// The same, or nothing if a large share of the library would have to be looked at.
     [[nodiscard]] std::optional<std::span<const Position>> matchesIfCheap(Position song, std::size_t most);
 
@@ -154,34 +193,58 @@ private:
     /// Begins a query.
     void begin(Position song, std::size_t most);
     void readSimilarArtists();
+    enum class Way
+    {
+        SimilarArtists,
+        Window,
+        Keys,
+        /// And the keys of titles that contain one another.
+        Texts
+    };
     /// Decides how to find the matches.
     /// @return about how many songs have to be read from memory
     std::size_t chooseWay();
-    [[nodiscard]] std::size_t costOfWindow() const;
     void find();
 
-    void compareWithWindow();
+    /// A song that is compared with those of similar artists in its window, where similar artists are not
+    /// known.
+    struct WindowSearch
+    {
+        std::size_t place = 0;
+        Position song = 0;
+        FurtherIndex::Window window;
+        std::vector<Position> matches;
+        /// Those to which similar ones are looked for, or none to look for similar artists.
+        std::vector<std::u32string> texts;
+    };
+
+    void addWindowSearch(std::size_t place);
+    void compareWithWindows();
+    void compareWithTextsOf(const FurtherIndex::TextLength &group);
+    void compareWithArtistsOf(const FurtherIndex::ArtistLength &group);
+    void compareWithArtistsOf(const FurtherIndex::ArtistLength &group, std::size_t limit,
+                              WindowSearch &search);
     /// @return whether to go on
-    bool compareWithArtistsOf(const FurtherIndex::ArtistLength &group, std::size_t limit);
+    bool compareWith(WindowSearch &search, Position candidate) const;
     void compareWithSimilarArtists();
-    void compareWithProposed();
+    void compareWithProposed(std::span<const FurtherKeys::Hash> proposals);
     /// @return whether to go on
     bool compareWith(Position candidate);
 
     /// Chooses the keys of all songs that can match this one.
     void propose();
     /// About how many songs were proposed.
-    [[nodiscard]] std::size_t proposedCount() const;
+    [[nodiscard]] std::size_t countOf(std::span<const Hash> proposals) const;
     /// Chooses the artist grams of which each song with a similar artist has one.
     void chooseArtistGrams(std::uint32_t artistLength);
     /// About how many songs a gram of the full text proposes.
     [[nodiscard]] std::size_t costOfGram(Hash gram) const;
     /// The same for a word of the title.
     [[nodiscard]] std::size_t costOfWord(Hash word) const;
-    void proposeGram(Hash gram);
-    void proposeWord(Hash word);
+    void proposeGram(std::vector<Hash> &proposals, Hash gram) const;
+    void proposeWord(std::vector<Hash> &proposals, Hash word) const;
     /// @param key a word or title, in its scope
-    void proposeWithArtist(Hash key);
+    void proposeWithArtist(std::vector<Hash> &proposals, Hash key) const;
     void proposeSimilar(std::span<const Hash> grams, std::size_t length);
     void proposeContaining();
     void proposeContained();
@@ -190,6 +253,7 @@ private:
     /// By song: the last query in which it was compared.
     std::vector<std::uint32_t> m_lastQueries;
     std::uint32_t m_query = 0;
+    CharacterPlaces<char32_t>::Removed m_removed = CharacterPlaces<char32_t>::Removed::Included;
 
     // The query that is running.
     Position m_song = 0;
@@ -202,12 +266,17 @@ private:
     /// The songs of similar artists in the window, if those are known, and how many songs there are.
     std::vector<std::span<const Position>> m_groups;
     std::size_t m_groupedCount = 0;
-    bool m_isByKey = false;
+    Way m_way = Way::Window;
     FurtherKeys m_keys;
     std::vector<Hash> m_artistGrams;
     /// About which share of all songs has one of them.
     double m_artistShare = 1.0;
-    std::vector<Hash> m_proposals;
+    /// For similar texts, and for titles that contain one another.
+    std::vector<Hash> m_similarProposals;
+    std::vector<Hash> m_containingProposals;
+
+    /// Those of the last songs that were asked for together.
+    std::vector<WindowSearch> m_windowSearches;
 
     // Kept for their memory.
     std::vector<std::size_t> m_counts;
