@@ -2,6 +2,7 @@
 
 #include "import/audio_duration.h"
 #include "model/file_name.h"
+#include "model/random_id.h"
 
 #include <QFile>
 
@@ -105,7 +106,7 @@ Song SongBuilder::build(const QString &path, const AudioFileInfo &info)
     }
 
     Song song;
-    song.id = QUuid::createUuid();
+    song.id = randomId();
     song.path = path;
     song.name = sharedEnd(path, slash + 1);
     song.duration = info.duration;
