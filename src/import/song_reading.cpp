@@ -4,24 +4,11 @@
 #include "model/file_name.h"
 #include "model/random_id.h"
 
-#include <QFile>
-
-#include <sys/stat.h>
-
 #include <chrono>
 #include <utility>
 
 namespace sonavo {
 namespace {
-
-/// Bytes of the directory entry itself.
-std::optional<qint64> entrySize(const QString &path)
-{
-    struct stat status = {};
-    if (::lstat(QFile::encodeName(path).constData(), &status) != 0)
-        return std::nullopt;
-    return status.st_size;
-}
 
 /// The end of a text, sharing its memory: half a million names of their own take 55 MB.
 QString sharedEnd(const QString &text, qsizetype start)
@@ -86,10 +73,7 @@ std::optional<AudioFileInfo> readAudioFile(const QString &path, const std::stop_
     const std::optional<double> duration = knownOrReadDuration(file, stop, known);
     if (!duration)
         return std::nullopt;
-    const std::optional<qint64> size = entrySize(path);
-    if (!size)
-        return std::nullopt;
-    return AudioFileInfo{*duration, *size, file.version().note};
+    return AudioFileInfo{*duration, file.entrySize(), file.version().note};
 }
 
 Song SongBuilder::build(const QString &path, const AudioFileInfo &info)
