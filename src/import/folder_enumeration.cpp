@@ -6,17 +6,18 @@
 #include <QFile>
 #include <QStringDecoder>
 
-#include <system_error>
+#include <fcntl.h>
+#include <sys/stat.h>
 
 #include <algorithm>
 #include <array>
-#include <filesystem>
+#include <dirent.h>
 #include <iterator>
+#include <memory>
+#include <string_view>
 
 namespace sonavo {
 namespace {
-
-namespace fs = std::filesystem;
 
 /// Extensions of the packages that music collections contain: projects, libraries, plug-ins, applications.
 bool isPackage(const QString &folder)
@@ -38,6 +39,17 @@ QString decodedName(const std::string &name)
     return decoder(QByteArrayView(name.data(), std::ssize(name)));
 }
 
+/// Not for a link to one.
+bool isFolder(DIR *stream, const struct dirent &entry)
+{
+    if (entry.d_type != DT_UNKNOWN)
+        return entry.d_type == DT_DIR;
+    // Some file systems do not tell.
+    struct stat status = {};
+    return ::fstatat(::dirfd(stream), entry.d_name, &status, AT_SYMLINK_NOFOLLOW) == 0 &&
+           S_ISDIR(status.st_mode);
+}
+
 QString pathInFolder(const QString &folder, const QString &name)
 {
     return folder.endsWith(u'/') ? folder + name : folder + u'/' + name;
@@ -48,18 +60,18 @@ QString pathInFolder(const QString &folder, const QString &name)
 FolderEntries readFolder(const QString &path, std::size_t maxEntries, ReadCounter *answers)
 {
     FolderEntries folder{path, {}};
-    std::error_code error;
-    fs::directory_iterator entry(QFile::encodeName(path).toStdString(), error);
-    for (; !error && entry != fs::directory_iterator() && folder.entries.size() < maxEntries;
-         entry.increment(error)) {
+    const std::unique_ptr<DIR, int (*)(DIR *)> stream(::opendir(QFile::encodeName(path).constData()),
+                                                      ::closedir);
+    while (stream && folder.entries.size() < maxEntries) {
+        const struct dirent *const entry = ::readdir(stream.get());
+        if (!entry)
+            break;
         if (answers)
             ++*answers;
-        std::string name = entry->path().filename().native();
+        const std::string_view name = entry->d_name;
         if (name.starts_with('.') || !QUtf8StringView(name.data(), std::ssize(name)).isValidUtf8())
             continue;
-        std::error_code unreadable;
-        const bool isFolder = !entry->is_symlink(unreadable) && entry->is_directory(unreadable);
-        folder.entries.push_back({std::move(name), isFolder});
+        folder.entries.push_back({std::string(name), isFolder(stream.get(), *entry)});
     }
     std::sort(folder.entries.begin(), folder.entries.end(),
               [](const FolderEntries::Entry &a, const FolderEntries::Entry &b) { return a.name < b.name; });

@@ -32,13 +32,19 @@ RegularFile::RegularFile(QString path, ReadCounter *counter)
 {
     const QByteArray name = QFile::encodeName(m_path);
     struct stat status = {};
-    if (::stat(name.constData(), &status) != 0 || !S_ISREG(status.st_mode))
+    if (::lstat(name.constData(), &status) != 0)
+        return;
+    const bool isLink = S_ISLNK(status.st_mode);
+    m_entrySize = status.st_size;
+    if ((isLink && ::stat(name.constData(), &status) != 0) || !S_ISREG(status.st_mode))
         return;
     m_descriptor = ::open(name.constData(), O_RDONLY | O_CLOEXEC | O_NOCTTY | O_NONBLOCK);
     // The name can have been given to another file in between.
     if (m_descriptor >= 0 && (::fstat(m_descriptor, &status) != 0 || !S_ISREG(status.st_mode)))
         close();
     m_version = versionOf(status);
+    if (!isLink)
+        m_entrySize = size();
 }
 
 RegularFile::~RegularFile()

@@ -47,6 +47,9 @@ public:
     /// Size in bytes when the file was opened.
     [[nodiscard]] qint64 size() const { return m_version.note.size; }
 
+    /// Bytes of the directory entry when the file was opened: as size(), but a link counts with its own few.
+    [[nodiscard]] qint64 entrySize() const { return m_entrySize; }
+
     /// Waits for the disk.
     /// @param offset bytes from the start of the file
     /// @return bytes read, which can be fewer than asked for; 0 at the end, negative on an error
@@ -59,6 +62,7 @@ private:
     ReadCounter *const m_counter;
     int m_descriptor = -1;
     FileVersion m_version;
+    qint64 m_entrySize = 0;
 };
 
 } // namespace sonavo

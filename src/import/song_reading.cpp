@@ -2,25 +2,13 @@
 
 #include "import/audio_duration.h"
 #include "model/file_name.h"
-
-#include <QFile>
-
-#include <sys/stat.h>
+#include "model/random_id.h"
 
 #include <chrono>
 #include <utility>
 
 namespace sonavo {
 namespace {
-
-/// Bytes of the directory entry itself.
-std::optional<qint64> entrySize(const QString &path)
-{
-    struct stat status = {};
-    if (::lstat(QFile::encodeName(path).constData(), &status) != 0)
-        return std::nullopt;
-    return status.st_size;
-}
 
 /// The end of a text, sharing its memory: half a million names of their own take 55 MB.
 QString sharedEnd(const QString &text, qsizetype start)
@@ -85,10 +73,7 @@ std::optional<AudioFileInfo> readAudioFile(const QString &path, const std::stop_
     const std::optional<double> duration = knownOrReadDuration(file, stop, known);
     if (!duration)
         return std::nullopt;
-    const std::optional<qint64> size = entrySize(path);
-    if (!size)
-        return std::nullopt;
-    return AudioFileInfo{*duration, *size, file.version().note};
+    return AudioFileInfo{*duration, file.entrySize(), file.version().note};
 }
 
 Song SongBuilder::build(const QString &path, const AudioFileInfo &info)
@@ -105,7 +90,7 @@ Song SongBuilder::build(const QString &path, const AudioFileInfo &info)
     }
 
     Song song;
-    song.id = QUuid::createUuid();
+    song.id = randomId();
     song.path = path;
     song.name = sharedEnd(path, slash + 1);
     song.duration = info.duration;

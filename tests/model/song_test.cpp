@@ -1,6 +1,12 @@
+#include "model/random_id.h"
 #include "model/song.h"
 
+#include <QSet>
+
 #include <gtest/gtest.h>
+
+#include <functional>
+#include <thread>
 
 namespace sonavo {
 namespace {
@@ -19,6 +25,25 @@ TEST(Song, ComparesAndHashesTextsByCanonicalEquivalence)
     Song readAgain = song;
     readAgain.id = QUuid::createUuid();
     EXPECT_FALSE(song == readAgain);
+}
+
+TEST(RandomId, IsAnotherRandomUuidEachTimeInEveryThread)
+{
+    constexpr int COUNT = 1000; // several times what is asked of the kernel at once
+    QList<QUuid> ids[2];
+    const auto fill = [](QList<QUuid> &list) {
+        for (int i = 0; i < COUNT; ++i)
+            list += randomId();
+    };
+    std::thread(fill, std::ref(ids[0])).join();
+    fill(ids[1]);
+    QSet<QUuid> different;
+    for (const QUuid &id : ids[0] + ids[1]) {
+        different += id;
+        EXPECT_EQ(id.variant(), QUuid::DCE);
+        EXPECT_EQ(id.version(), QUuid::Random);
+    }
+    EXPECT_EQ(different.size(), 2 * COUNT);
 }
 
 TEST(SongDeathTest, EndsTheProgramOnADurationThatIsNotFiniteOrTooLong)

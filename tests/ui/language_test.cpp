@@ -104,6 +104,7 @@ TEST_P(InLanguage, EveryTextFits)
     QString latest;
     EXPECT_TRUE(goOnUntil([&] {
         if (session.isScanning() && session.scanMessage() != latest) {
+            EXPECT_TRUE(waitFor([&] { return !session.isScanning() || shows(session.scanMessage()); }));
             latest = session.scanMessage();
             expectLegible(latest);
         }

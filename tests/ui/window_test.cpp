@@ -142,7 +142,10 @@ TEST_F(WindowTest, ShowsAScanFromItsStartAndTheResultsAfterwards)
     session.startScan(SAMPLES);
     EXPECT_TRUE(waitForText(u"Step 1/4: Discovering audio files..."_s));
     EXPECT_TRUE(goOnUntil([this] { return session.progress() > 0.0; }));
-    EXPECT_TRUE(shows(QString::number(static_cast<int>(session.progress() * 100)) + u'%'));
+    EXPECT_TRUE(waitFor([this] {
+        return shows(session.scanMessage()) &&
+               shows(QString::number(static_cast<int>(session.progress() * 100)) + u'%');
+    }));
     EXPECT_FALSE(shows(WELCOME));
     EXPECT_THAT(buttons(), ElementsAre(CANCEL_SCAN, TO_DARK)) << "there is nothing to work with yet";
     expectAccessible();

@@ -6,15 +6,29 @@ import Sonavo
 FocusScope {
     id: view
 
-    // From 0.0 to 1.0.
-    required property real progress
-    required property string message
-    // Files that the walk of the folders has found so far.
-    required property int foundFiles
+    required property DuplicateViewModel viewModel
     // The user cancels the scan.
     signal stop
 
+    // What the scan has published, as it is shown: taken over some times a second, since a text takes as long to lay
+    // out as dozens of files to read.
+    property real progress
+    property string message
+    property int foundFiles
+
     property real rotationAngle
+
+    Timer {
+        interval: 50
+        running: view.visible
+        repeat: true
+        triggeredOnStart: true
+        onTriggered: {
+            view.progress = view.viewModel.progress;
+            view.message = view.viewModel.scanMessage;
+            view.foundFiles = view.viewModel.foundFiles;
+        }
+    }
 
     // Turns the gradient once whenever the view appears.
     NumberAnimation on rotationAngle {

@@ -100,9 +100,7 @@ FocusScope {
         anchors.fill: parent
         visible: view.hasAddedSongs && view.isScanning
         focus: visible
-        progress: view.viewModel.progress
-        message: view.viewModel.scanMessage
-        foundFiles: view.viewModel.foundFiles
+        viewModel: view.viewModel
         onStop: view.stop()
     }
 
