@@ -225,13 +225,13 @@ TEST_F(ResultsTest, PlaysOneSongAtATimeAndSeeksOnlyInItsRow)
     clickRow(2);
     EXPECT_THAT(desktop.takeCalls(), IsEmpty());
     const QRect playingRow = rows()[1].rect;
-    const QImage lit = window->grabWindow().copy(playingRow);
+    const QImage lit = pictureOf(playingRow);
     QTest::mouseClick(window, Qt::LeftButton, {}, QPoint(880, playingRow.center().y() - 12));
     EXPECT_THAT(desktop.takeCalls(), ElementsAre(HasSubstr("0/Artist0 - Title0.flac: seek ")));
 
     clickInRow(PLAY, 2);
     EXPECT_EQ(playing(), "1/Artist0 - Title0.flac");
-    EXPECT_TRUE(waitFor([&] { return window->grabWindow().copy(playingRow) != lit; }));
+    EXPECT_TRUE(waitFor([&] { return pictureOf(playingRow) != lit; }));
     clickInRow(u"Stop listening"_s, 2);
     EXPECT_EQ(playing(), "");
 }
