@@ -4,10 +4,14 @@
 #include "theme/palette.h"
 #include "theme/theme_manager.h"
 #include "ui/main_window.h"
+#include "ui/results/duplicate_list_model.h"
 
+#include <QAbstractEventDispatcher>
 #include <QCoreApplication>
 #include <QEventLoop>
 
+#include <algorithm>
+#include <ctime>
 #include <stdexcept>
 
 namespace sonavo {
@@ -16,6 +20,13 @@ namespace {
 double milliseconds(const QElapsedTimer &timer)
 {
     return static_cast<double>(timer.nsecsElapsed()) / 1e6;
+}
+
+double threadMilliseconds()
+{
+    timespec time{};
+    clock_gettime(CLOCK_THREAD_CPUTIME_ID, &time);
+    return static_cast<double>(time.tv_sec) * 1e3 + static_cast<double>(time.tv_nsec) * 1e-6;
 }
 
 std::size_t countOf(const QQuickItem *item)
@@ -81,6 +92,31 @@ std::vector<double> BenchWindow::scroll(int frames)
     return times;
 }
 
+double BenchWindow::filter(const QString &text)
+{
+    QObject context;
+    double start = threadMilliseconds();
+    double longest = 0.0;
+    const auto update = [&] {
+        longest = std::max(longest, threadMilliseconds() - start);
+        start = threadMilliseconds();
+    };
+    QAbstractEventDispatcher *dispatcher = QAbstractEventDispatcher::instance();
+    QObject::connect(dispatcher, &QAbstractEventDispatcher::awake, &context, update);
+    QObject::connect(dispatcher, &QAbstractEventDispatcher::aboutToBlock, &context, update);
+    const auto *model = m_window->findChild<DuplicateListModel *>();
+    // When it begins, for the text, and when the groups are there, which are at once without a text.
+    const int allChanges = text.isEmpty() ? 2 : 3;
+    int changes = 0;
+    QObject::connect(model, &DuplicateListModel::arrangementChanged, &context, [&] { ++changes; });
+    filterField()->setProperty("text", text);
+    while (changes < allChanges)
+        QCoreApplication::processEvents(QEventLoop::WaitForMoreEvents);
+    waitForFrame();
+    update();
+    return longest;
+}
+
 std::size_t BenchWindow::itemCount() const
 {
     return countOf(m_window->contentItem());
@@ -98,6 +134,15 @@ QQuickItem *BenchWindow::list() const
 {
     for (QQuickItem *item : m_window->findChildren<QQuickItem *>()) {
         if (item->inherits("QQuickListView") && item->isVisible() && item->property("count").toInt() > 0)
+            return item;
+    }
+    return nullptr;
+}
+
+QQuickItem *BenchWindow::filterField() const
+{
+    for (QQuickItem *item : m_window->findChildren<QQuickItem *>()) {
+        if (item->inherits("QQuickTextInput") && item->isVisible())
             return item;
     }
     return nullptr;

@@ -31,11 +31,16 @@ public:
     /// @return milliseconds of each frame
     [[nodiscard]] std::vector<double> scroll(int frames);
 
+    /// Puts a text into the filter field and waits until the list shows what it leaves.
+    /// @return milliseconds for which the longest turn of the event loop has computed, with its frame
+    [[nodiscard]] double filter(const QString &text);
+
     [[nodiscard]] std::size_t itemCount() const;
 
 private:
     void waitForFrame();
     [[nodiscard]] QQuickItem *list() const;
+    [[nodiscard]] QQuickItem *filterField() const;
 
     HeadlessDesktop m_desktop;
     DuplicateViewModel m_session;

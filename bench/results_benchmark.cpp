@@ -49,11 +49,15 @@ void measure(int groups, int runs, int frames)
     std::vector<double> firstFrames;
     std::vector<double> slowFrames;
     std::vector<double> medianFrames;
+    std::vector<double> keystrokes;
     for (int run = 0; run < runs; ++run) {
         firstFrames.push_back(window.showResults(folder.path()));
         std::vector<double> times = window.scroll(frames);
         medianFrames.push_back(percentile(times, 0.5));
         slowFrames.push_back(percentile(times, 0.99));
+        // To no group, through fewer and fewer, and back.
+        for (const char *text : {"1", "12", "12 3", "12 3x", "12 3", "12", "1", ""})
+            keystrokes.push_back(window.filter(QString::fromLatin1(text)));
     }
     const QString rows = QStringLiteral("%1 rows: ").arg(groups * (SONGS_A_GROUP + 1));
     const auto name = [&rows](const char *figure) { return rows.toStdString() + figure; };
@@ -64,6 +68,9 @@ void measure(int groups, int runs, int frames)
     printGoal(name("scrolling, 99th percentile, median of the runs").c_str(), percentile(slowFrames, 0.5),
               "ms", FRAME_GOAL);
     printFigure(name("scrolling, 99th percentile, worst run").c_str(), slowFrames.back(), "ms");
+    printGoal(name("keystroke in the filter, 90th percentile").c_str(), percentile(keystrokes, 0.9), "ms",
+              FRAME_GOAL);
+    printFigure(name("keystroke in the filter, longest").c_str(), keystrokes.back(), "ms");
     printFigure(name("items in the scene").c_str(), static_cast<double>(window.itemCount()), "");
 }
 

@@ -17,15 +17,15 @@ void checkReading(const QString &path)
 {
     ReadCounter reads = 0;
     const RegularFile file(path, &reads);
-    const std::optional<double> duration = readAudioDuration(file);
-    require(!duration || (std::isfinite(*duration) && *duration >= 0.0 && *duration < 1e9),
+    const std::optional<Sound> sound = readSound(file);
+    require(!sound || (std::isfinite(sound->duration) && sound->duration >= 0.0 && sound->duration < 1e9),
             "a duration is a number of seconds that a song can have");
 
     require(reads <= 100 + static_cast<quint64>(file.size()) / 256,
             "no part of a file is read over and over");
 
     const std::optional<Song> song = loadSong(path);
-    require(song.has_value() == duration.has_value() && (!song || song->duration == *duration),
+    require(song.has_value() == sound.has_value() && (!song || song->duration == sound->duration),
             "a second reading has the same result");
 
     std::stop_source stop;

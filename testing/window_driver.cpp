@@ -108,6 +108,14 @@ QRect WindowDriver::rectOf(const QObject *item)
     return quickItem.mapRectToScene(QRectF(QPointF(), quickItem.size())).toAlignedRect();
 }
 
+QImage WindowDriver::pictureOf(const QRect &rect) const
+{
+    const QImage picture = window->grabWindow();
+    // The image does not say how fine it is.
+    const qreal scale = static_cast<qreal>(picture.width()) / window->width();
+    return picture.copy(QRectF(rect.topLeft() * scale, rect.size() * scale).toRect());
+}
+
 void WindowDriver::click(const QString &button) const
 {
     QAccessibleInterface *node = find(QAccessible::Button, button);

@@ -3,6 +3,7 @@
 #include "session/duplicate_view_model.h"
 
 #include <QAccessible>
+#include <QImage>
 #include <QQmlApplicationEngine>
 #include <QQuickItem>
 #include <QQuickWindow>
@@ -47,6 +48,10 @@ public:
     [[nodiscard]] QString focusedName() const;
     /// Where an item is in the window, in logical pixels.
     [[nodiscard]] static QRect rectOf(const QObject *item);
+
+    /// What a part of the window looks like.
+    /// @param rect in logical pixels
+    [[nodiscard]] QImage pictureOf(const QRect &rect) const;
 
     /// Clicks in the middle of a button; throws std::runtime_error when it is not shown.
     void click(const QString &button) const;

@@ -1,4 +1,5 @@
-// Takes pictures of every screen of the real window, in both themes and at several sizes, without a display.
+// Takes pictures of every screen of the real window, in both themes with and without high contrast, at two
+// sizes, without a display.
 //
 //     screenshots FOLDER SONGS [LANGUAGE]
 //
@@ -22,6 +23,7 @@
 #include <cstdio>
 #include <functional>
 #include <memory>
+#include <tuple>
 
 namespace sonavo {
 namespace {
@@ -111,6 +113,8 @@ QList<Screen> scanScreens(const QString &songs)
         {u"welcome"_s, [](Scene &) {}},
         // In the middle of the third step.
         {u"scan"_s, [songs](Scene &scene) { scene.session.startScan({QUrl::fromLocalFile(songs)}); }, 3},
+        // While the folders are walked.
+        {u"walk"_s, [songs](Scene &scene) { scene.session.startScan({QUrl::fromLocalFile(songs)}); }, 0},
         {u"warning"_s,
          [songs](Scene &scene) {
              const QUrl song = QUrl::fromLocalFile(songs + u"/none.mp3"_s);
@@ -149,6 +153,16 @@ QList<Screen> scanScreens(const QString &songs)
              scene.session.showToast(
                  toastText({.target = CleanUpTarget::Folder, .moved = 12, .saved = 84'300'000}),
                  DuplicateViewModel::ToastType::Success);
+         }},
+        {u"folders"_s,
+         [songs](Scene &scene) {
+             QList<QUrl> folders;
+             for (const QString &folder : {u"/Laptop"_s, u"/Phone"_s, u"/Albums"_s})
+                 folders.append(QUrl::fromLocalFile(songs + folder));
+             scene.session.importDrop(folders);
+             if (!scene.waitFor(
+                     [&scene] { return scene.session.songCount() > 0 && !scene.session.isScanning(); }))
+                 qFatal("the drop is not scanned");
          }},
         {u"shortcuts"_s,
          [](Scene &scene) {
@@ -193,9 +207,15 @@ QList<Screen> cleanUpScreens(const QString &songs)
 
 void takePictures(const QString &folder, const QString &songs, const QString &scale)
 {
-    for (const AppTheme theme : {AppTheme::Light, AppTheme::Dark}) {
+    const std::tuple<AppTheme, bool, QString> looks[] = {
+        {AppTheme::Light, false, u"light"_s},
+        {AppTheme::Dark, false, u"dark"_s},
+        {AppTheme::Light, true, u"light-contrast"_s},
+        {AppTheme::Dark, true, u"dark-contrast"_s},
+    };
+    for (const auto &[theme, isHighContrast, themeName] : looks) {
         ThemeManager::shared()->setCurrentTheme(theme);
-        const QString themeName = theme == AppTheme::Dark ? u"dark"_s : u"light"_s;
+        ThemeManager::shared()->setWishes({.isHighContrast = isHighContrast});
         for (const QSize size : {QSize(900, 600), QSize(1440, 900)}) {
             for (const Screen &screen : scanScreens(songs) + cleanUpScreens(songs)) {
                 FakeDesktop desktop;

@@ -54,33 +54,39 @@ qint64 skipZeros(FileWindow &window, qint64 offset)
                      bytes.begin());
 }
 
-std::optional<double> secondsOf(const std::optional<FrameTime> &time)
+std::optional<Sound> lossy(const std::optional<FrameTime> &time)
 {
-    return time ? std::optional(time->seconds()) : std::nullopt;
+    return time ? std::optional(Sound{time->seconds(), false}) : std::nullopt;
 }
 
-std::optional<double> durationInFormat(FileWindow &window, AudioFormat format, qint64 offset)
+std::optional<Sound> readFlac(FileWindow &window, qint64 offset)
+{
+    const std::optional<double> duration = flacDuration(window, offset);
+    return duration ? std::optional(Sound{*duration, true}) : std::nullopt;
+}
+
+std::optional<Sound> readInFormat(FileWindow &window, AudioFormat format, qint64 offset)
 {
     switch (format) {
     case AudioFormat::Mp3:
-        return secondsOf(mp3FrameTime(window, offset));
+        return lossy(mp3FrameTime(window, offset));
     case AudioFormat::M4a:
-        return mp4Duration(window, offset);
+        return readMp4(window, offset);
     case AudioFormat::Wav:
-        return waveDuration(window, offset);
+        return readWave(window, offset);
     case AudioFormat::Aac:
-        return secondsOf(countFrames(window, Framing::Adts, offset, window.fileSize()));
+        return lossy(countFrames(window, Framing::Adts, offset, window.fileSize()));
     case AudioFormat::Flac:
-        return flacDuration(window, offset);
+        return readFlac(window, offset);
     }
     return std::nullopt;
 }
 
-std::optional<double> durationOf(FileWindow &window)
+std::optional<Sound> soundIn(FileWindow &window)
 {
     const qint64 offset = skipId3Tags(window);
     if (const std::optional<double> stored = storedMp3Duration(window, offset))
-        return stored;
+        return Sound{*stored, false};
     // Detection takes several times as long as the rest. It is for what does not start as it should.
     std::optional<AudioFormat> format = formatOfContainer(window, offset);
     if (!format)
@@ -89,20 +95,22 @@ std::optional<double> durationOf(FileWindow &window)
         format = formatOfFrames(window, skipZeros(window, offset));
     if (!format)
         format = detectAudioFormat(window, offset);
-    return format ? durationInFormat(window, *format, offset) : std::nullopt;
+    return format ? readInFormat(window, *format, offset) : std::nullopt;
 }
 
 } // namespace
 
-std::optional<double> readAudioDuration(const RegularFile &file, const std::stop_token &stop)
+std::optional<Sound> readSound(const RegularFile &file, const std::stop_token &stop)
 {
     if (!file.isOpen())
         return std::nullopt;
     FileWindow window(file, stop);
-    const std::optional<double> duration = durationOf(window);
-    if (!duration || stop.stop_requested())
+    std::optional<Sound> sound = soundIn(window);
+    if (!sound || stop.stop_requested())
         return std::nullopt;
-    return *duration < MAX_DURATION ? *duration : 0.0;
+    if (!(sound->duration < MAX_DURATION))
+        sound->duration = 0.0;
+    return sound;
 }
 
 } // namespace sonavo

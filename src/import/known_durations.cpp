@@ -4,17 +4,17 @@
 
 namespace sonavo {
 
-std::optional<double> KnownDurations::find(const QString &path, const FileVersion &version)
+std::optional<Sound> KnownDurations::find(const QString &path, const FileVersion &version)
 {
     const std::lock_guard lock(m_mutex);
     const auto entry = m_entries.find(qHash(path));
     if (entry == m_entries.end() || entry->version != version)
         return std::nullopt;
     entry->isUsed = true;
-    return entry->duration;
+    return entry->sound;
 }
 
-void KnownDurations::add(const QString &path, const FileVersion &version, qint64 opened, double duration)
+void KnownDurations::add(const QString &path, const FileVersion &version, qint64 opened, const Sound &sound)
 {
     constexpr qint64 MIN_AGE = 3'000'000'000;
     const size_t key = qHash(path);
@@ -22,7 +22,7 @@ void KnownDurations::add(const QString &path, const FileVersion &version, qint64
     if (opened - version.note.modified < MIN_AGE)
         m_entries.remove(key);
     else if (m_entries.size() < MAX_FILES || m_entries.contains(key))
-        m_entries.insert(key, {version, duration, true});
+        m_entries.insert(key, {version, sound, true});
 }
 
 void KnownDurations::forgetUnused()

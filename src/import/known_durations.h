@@ -1,6 +1,7 @@
 #pragma once
 
 #include "import/regular_file.h"
+#include "import/sound.h"
 
 #include <QHash>
 #include <QString>
@@ -10,7 +11,7 @@
 
 namespace sonavo {
 
-/// Playing times that were read before, so that the next scan reads only the files that have changed. About
+/// What the content of files told before, so that the next scan reads only the files that have changed. About
 /// 100 bytes for each file, in memory only. Any thread may call it.
 class KnownDurations
 {
@@ -18,14 +19,14 @@ public:
     /// How many files are remembered at most; further ones are not.
     static constexpr qsizetype MAX_FILES = 500'000;
 
-    /// The playing time in seconds of a file that was remembered at this path in this version.
-    [[nodiscard]] std::optional<double> find(const QString &path, const FileVersion &version);
+    /// What is remembered of the file at this path in this version.
+    [[nodiscard]] std::optional<Sound> find(const QString &path, const FileVersion &version);
 
-    /// Remembers the playing time of a file, unless it was modified less than three seconds before it was
+    /// Remembers what a file has told, unless it was modified less than three seconds before it was
     /// opened: file systems keep times as coarse as two seconds, so that the file could change again without
     /// a trace.
     /// @param opened nanoseconds since the epoch, before anything was read
-    void add(const QString &path, const FileVersion &version, qint64 opened, double duration);
+    void add(const QString &path, const FileVersion &version, qint64 opened, const Sound &sound);
 
     /// Forgets the files that were neither found nor added since the last call.
     void forgetUnused();
@@ -34,7 +35,7 @@ private:
     struct Entry
     {
         FileVersion version;
-        double duration;
+        Sound sound;
         bool isUsed;
     };
 

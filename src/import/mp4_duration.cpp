@@ -20,6 +20,7 @@ struct Track
 {
     std::uint32_t id = 0;
     bool isAudio = false;
+    bool isLossless = false;
     /// Units per second.
     qint64 timeScale = 1;
     /// As the header states it, 0 where it does not.
@@ -48,6 +49,15 @@ std::uint32_t trackId(BoxFields fields)
 {
     fields.skip(fields.version() == 1 ? 19 : 11);
     return fields.number32();
+}
+
+/// @param fields of a description of samples, of which the first one counts
+bool isLossless(BoxFields fields)
+{
+    constexpr qint64 CODEC_OFFSET = 12;
+    fields.skip(CODEC_OFFSET);
+    const BoxType codec = fields.number32();
+    return codec == boxType("alac") || codec == boxType("fLaC");
 }
 
 qint64 sumOfSamples(BoxFields fields, TableBudget &budget)
@@ -91,7 +101,7 @@ public:
         : m_window(window)
     {}
 
-    std::optional<double> duration(qint64 begin)
+    std::optional<Sound> read(qint64 begin)
     {
         bool hasMovie = false;
         Boxes boxes(m_window, begin, m_window.fileSize());
@@ -109,7 +119,8 @@ public:
         }
         if (!m_audio || m_window.hasFailed())
             return std::nullopt;
-        return static_cast<double>(trackLength()) / static_cast<double>(m_audio->timeScale);
+        return Sound{static_cast<double>(trackLength()) / static_cast<double>(m_audio->timeScale),
+                     m_audio->isLossless};
     }
 
 private:
@@ -164,19 +175,21 @@ private:
                 handler.skip(HANDLER_OFFSET);
                 track.isAudio = handler.number32() == boxType("soun");
             } else if (box.type == boxType("minf")) {
-                readSampleLength(box, track);
+                readSampleTables(box, track);
             }
             return true;
         });
     }
 
-    /// Stops at the table: large ones follow it.
-    void readSampleLength(const Box &information, Track &track)
+    /// Stops at the lengths: large tables follow them.
+    void readSampleTables(const Box &information, Track &track)
     {
         forEachBox(m_window, information, [&](const Box &tables) {
             if (tables.type != boxType("stbl"))
                 return true;
             forEachBox(m_window, tables, [&](const Box &table) {
+                if (table.type == boxType("stsd"))
+                    track.isLossless = isLossless(fields(table));
                 if (table.type != boxType("stts"))
                     return true;
                 track.sampleLength = sumOfSamples(fields(table), m_budget);
@@ -249,9 +262,9 @@ private:
 
 } // namespace
 
-std::optional<double> mp4Duration(FileWindow &window, qint64 begin)
+std::optional<Sound> readMp4(FileWindow &window, qint64 begin)
 {
-    return Mp4File(window).duration(begin);
+    return Mp4File(window).read(begin);
 }
 
 } // namespace sonavo

@@ -1,5 +1,7 @@
 #pragma once
 
+#include "import/sound.h"
+
 #include <QtGlobal>
 
 #include <optional>
@@ -13,10 +15,11 @@ class FileWindow;
 /// fragments, their "tfdt" and the durations of the samples in their "trun"; where an index of many fragments
 /// ("mfra") fits a handful of them, only of those. Other boxes, such as the sound and pictures, are passed
 /// over.
+/// Whether it is lossless comes from "stsd", where that stands before "stts", as usual.
 ///
 /// Edit lists: silence counts that they add, and of the sound what they play.
 /// @param begin where the first box starts
-/// @return seconds, 0.0 where the length is unknown; nothing where there is no audio track or a read failed
-[[nodiscard]] std::optional<double> mp4Duration(FileWindow &window, qint64 begin);
+/// @return nothing where there is no audio track or a read failed
+[[nodiscard]] std::optional<Sound> readMp4(FileWindow &window, qint64 begin);
 
 } // namespace sonavo

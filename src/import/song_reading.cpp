@@ -48,18 +48,18 @@ qint64 nanosecondsNow()
     return std::chrono::nanoseconds(time).count();
 }
 
-std::optional<double> knownOrReadDuration(const RegularFile &file, const std::stop_token &stop,
-                                          KnownDurations *known)
+std::optional<Sound> knownOrReadSound(const RegularFile &file, const std::stop_token &stop,
+                                      KnownDurations *known)
 {
     if (!known || !file.isOpen())
-        return readAudioDuration(file, stop);
-    if (const std::optional<double> duration = known->find(file.path(), file.version()))
-        return duration;
+        return readSound(file, stop);
+    if (const std::optional<Sound> sound = known->find(file.path(), file.version()))
+        return sound;
     const qint64 opened = nanosecondsNow();
-    const std::optional<double> duration = readAudioDuration(file, stop);
-    if (duration)
-        known->add(file.path(), file.version(), opened, *duration);
-    return duration;
+    const std::optional<Sound> sound = readSound(file, stop);
+    if (sound)
+        known->add(file.path(), file.version(), opened, *sound);
+    return sound;
 }
 
 } // namespace
@@ -70,10 +70,10 @@ std::optional<AudioFileInfo> readAudioFile(const QString &path, const std::stop_
     if (pathExtension(path).compare(u"ds_store", Qt::CaseInsensitive) == 0)
         return std::nullopt;
     const RegularFile file(path, counter);
-    const std::optional<double> duration = knownOrReadDuration(file, stop, known);
-    if (!duration)
+    const std::optional<Sound> sound = knownOrReadSound(file, stop, known);
+    if (!sound)
         return std::nullopt;
-    return AudioFileInfo{*duration, file.entrySize(), file.version().note};
+    return AudioFileInfo{sound->duration, file.entrySize(), file.version().note, sound->isLossless};
 }
 
 Song SongBuilder::build(const QString &path, const AudioFileInfo &info)

@@ -22,12 +22,14 @@ struct AudioFileInfo
     qint64 size = 0;
     /// What the file was when it was opened for that.
     FileNote note = {};
+    /// See Sound.
+    bool isLossless = false;
 };
 
 /// Reads an audio file's playing time and size. Waits for the disk; any thread may call it.
 /// @param stop ends the reading before its next read
 /// @param counter incremented after every read, if given
-/// @param known asked before the file is read, and told its playing time, if given
+/// @param known asked before the file is read, and told what it is, if given
 /// @return nothing when the file cannot be read as audio or stop was requested
 [[nodiscard]] std::optional<AudioFileInfo> readAudioFile(const QString &path,
                                                          const std::stop_token &stop = {},

@@ -102,6 +102,11 @@ public:
         return static_cast<double>(samples) / static_cast<double>(m_format->sampleRate);
     }
 
+    [[nodiscard]] bool isLossless() const
+    {
+        return m_format && (m_format->codec == Codec::Pcm || m_format->codec == Codec::FloatPcm);
+    }
+
 private:
     [[nodiscard]] bool isComplete() const
     {
@@ -211,9 +216,11 @@ private:
 
 } // namespace
 
-std::optional<double> waveDuration(FileWindow &window, qint64 begin)
+std::optional<Sound> readWave(FileWindow &window, qint64 begin)
 {
-    return WaveFile(window, begin).duration();
+    const WaveFile file(window, begin);
+    const std::optional<double> duration = file.duration();
+    return duration ? std::optional(Sound{*duration, file.isLossless()}) : std::nullopt;
 }
 
 } // namespace sonavo

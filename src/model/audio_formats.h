@@ -24,8 +24,8 @@ enum class AudioFormat
 /// file is not looked at.
 [[nodiscard]] std::optional<AudioFormat> audioFormatOf(QStringView path);
 
-/// Whether files of a format keep the samples as they were recorded: FLAC, and WAV, which nearly always holds
-/// them as they are. An M4A file can as well, but its name does not tell.
+/// Whether files of a format nearly always keep the samples as they were recorded: FLAC and WAV. The content
+/// of a file can tell otherwise; see LosslessSongs.
 [[nodiscard]] bool isLossless(AudioFormat format);
 
 } // namespace sonavo

@@ -139,6 +139,11 @@ public:
     /// When a song's file was last changed before it was read, in local time; invalid unless it is in a
     /// group.
     [[nodiscard]] QDateTime modifiedAt(const Song &song) const;
+    /// Whether a song keeps the samples as they were recorded.
+    [[nodiscard]] bool isLossless(const Song &song) const
+    {
+        return m_library.scanResult().lossless.contains(song);
+    }
     /// Ids of the duplicates that only looking further has found.
     [[nodiscard]] const QSet<QUuid> &onlyFurther() const { return m_library.lists().onlyFurther; }
     [[nodiscard]] bool isScanning() const { return m_scan.state().isRunning; }

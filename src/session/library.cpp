@@ -8,12 +8,13 @@
 
 namespace sonavo {
 
-void Library::setSongs(const QList<Song> &songs, const QList<FileNote> &notes)
+void Library::setSongs(const QList<Song> &songs, const QList<FileNote> &notes, const LosslessSongs &lossless)
 {
     ScanResult result;
     result.id = ++m_lastScanId;
     result.songs = songs;
     result.notes = notes;
+    result.lossless = lossless;
     releaseLater(std::exchange(m_scanResult, std::move(result)));
     SongLists lists = m_lists;
     lists.songs = songs;

@@ -2,6 +2,7 @@
 
 #include "model/duplicate_group.h"
 #include "model/file_note.h"
+#include "model/lossless_songs.h"
 #include "model/song.h"
 #include "session/scan_result.h"
 #include "session/undo_history.h"
@@ -37,7 +38,8 @@ public:
 
     /// The songs that a new scan has read. The groups stay until it has found its own.
     /// @param notes what their files were: as many, or none
-    void setSongs(const QList<Song> &songs, const QList<FileNote> &notes = {});
+    void setSongs(const QList<Song> &songs, const QList<FileNote> &notes = {},
+                  const LosslessSongs &lossless = {});
     /// The groups that this scan has found.
     void setDuplicateGroups(const QList<DuplicateGroup> &groups);
     /// What looking further has found among the songs of this scan. Not announced: it is not shown yet.

@@ -31,6 +31,7 @@ QCoro::Task<std::optional<ReadSongs>> readSongs(QStringList files, std::shared_p
             if (file) {
                 result.songs.append(builder.build(files[processed], *file));
                 result.notes.append(file->note);
+                result.lossless.add(result.songs.last(), file->isLossless);
             }
             ++processed;
             if (processed % FILES_PER_REPORT == 0)

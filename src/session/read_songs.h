@@ -3,6 +3,7 @@
 #include "analysis/pauses.h"
 #include "import/known_durations.h"
 #include "model/file_note.h"
+#include "model/lossless_songs.h"
 #include "model/song.h"
 
 #include <QCoroTask>
@@ -22,11 +23,12 @@ struct ReadSongs
     QList<Song> songs;
     /// As many, in the same order.
     QList<FileNote> notes;
+    LosslessSongs lossless;
 };
 
 /// Reads files into songs, in order, skipping those that cannot be read. Pauses for 10 ms every 200 files.
 /// @param files absolute paths
-/// @param known asked before a file is read, and told its playing time; may be null
+/// @param known asked before a file is read, and told what it is; may be null
 /// @param reportProgress called every 50 files with the number of files handled so far
 /// @return the songs; nothing when `stop` was requested meanwhile
 [[nodiscard]] QCoro::Task<std::optional<ReadSongs>>

@@ -95,7 +95,7 @@ public:
     void publishSongs(const ReadSongs &read) const
     {
         if (isCurrent())
-            m_scan->m_library.setSongs(read.songs, read.notes);
+            m_scan->m_library.setSongs(read.songs, read.notes, read.lossless);
     }
     void publishGroups(const QList<DuplicateGroup> &groups, const FileNotes &notes) const
     {

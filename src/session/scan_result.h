@@ -2,6 +2,7 @@
 
 #include "model/duplicate_group.h"
 #include "model/file_note.h"
+#include "model/lossless_songs.h"
 #include "model/song.h"
 
 #include <QList>
@@ -30,6 +31,7 @@ struct ScanResult
     QList<Song> songs;
     /// What their files were when they were read: as many, in the same order, or none.
     QList<FileNote> notes;
+    LosslessSongs lossless;
     /// In the order in which the analysis made them; empty until it is done.
     QList<DuplicateGroup> groups;
     /// What looking further has found among the same songs; absent until somebody has.

@@ -1,7 +1,6 @@
 #include "session/undo_history.h"
 
 #include "analysis/find_further.h"
-#include "model/audio_formats.h"
 #include "model/translate.h"
 
 #include <QHash>
@@ -33,28 +32,17 @@ auto isIn(const QSet<QUuid> &ids)
     return [&ids](const Song &song) { return ids.contains(song.id); };
 }
 
-bool isKept(const Song &song, const KeptSong &kept)
+/// Also in a folder below it.
+bool isInFolder(const Song &song, const QString &folder)
 {
-    return song.id == kept.id;
-}
-
-bool isKept(const Song &song, const KeptFolder &kept)
-{
-    return song.path.size() > kept.path.size() && song.path.startsWith(kept.path) &&
-           (kept.path.endsWith(u'/') || song.path[kept.path.size()] == u'/');
-}
-
-bool isKept(const Song &song, const KeptLossless &)
-{
-    const std::optional<AudioFormat> format = audioFormatOf(song.path);
-    return format && isLossless(*format);
+    return song.path.size() > folder.size() && song.path.startsWith(folder) &&
+           (folder.endsWith(u'/') || song.path[folder.size()] == u'/');
 }
 
 /// Moves the songs that are to be kept to the front, the largest first. The others follow as they were: so it
 /// makes no difference whether songs leave the group before or after.
-void moveToFront(DuplicateGroup &group, const auto &kept)
+void moveToFront(DuplicateGroup &group, const auto &isFirst)
 {
-    const auto isFirst = [&kept](const Song &song) { return isKept(song, kept); };
     if (!isFirst(group.original) && std::ranges::none_of(group.duplicates, isFirst))
         return;
     QList<Song> members = membersOf(group);
@@ -68,8 +56,9 @@ void moveToFront(DuplicateGroup &group, const auto &kept)
 class Originals
 {
 public:
-    explicit Originals(QList<DuplicateGroup> &groups)
+    Originals(QList<DuplicateGroup> &groups, const LosslessSongs &lossless)
         : m_groups(groups)
+        , m_lossless(lossless)
     {}
 
     void operator()(const KeptSong &kept)
@@ -81,16 +70,26 @@ public:
             }
         }
         if (const auto group = m_groupOf.constFind(kept.id); group != m_groupOf.cend())
-            moveToFront(m_groups[*group], kept);
+            moveToFront(m_groups[*group], [&kept](const Song &song) { return song.id == kept.id; });
     }
-    void operator()(const auto &kept)
+    void operator()(const KeptFolder &kept)
     {
-        for (DuplicateGroup &group : m_groups)
-            moveToFront(group, kept);
+        moveToFrontOfAll([&kept](const Song &song) { return isInFolder(song, kept.path); });
+    }
+    void operator()(const KeptLossless &)
+    {
+        moveToFrontOfAll([this](const Song &song) { return m_lossless.contains(song); });
     }
 
 private:
+    void moveToFrontOfAll(const auto &isFirst)
+    {
+        for (DuplicateGroup &group : m_groups)
+            moveToFront(group, isFirst);
+    }
+
     QList<DuplicateGroup> &m_groups;
+    const LosslessSongs &m_lossless;
     /// By the ids of its songs; made when it is first needed.
     QHash<QUuid, qsizetype> m_groupOf;
 };
@@ -182,13 +181,13 @@ UndoHistory UndoHistory::keptFor(quint64 scan) const
     return rest;
 }
 
-QList<DuplicateGroup> UndoHistory::applyTo(const QList<DuplicateGroup> &groups, quint64 scan) const
+QList<DuplicateGroup> UndoHistory::applyTo(const QList<DuplicateGroup> &groups, const ScanResult &scan) const
 {
-    const Removal removal = removalFrom(scan);
+    const Removal removal = removalFrom(scan.id);
     QList<DuplicateGroup> rest = groups;
-    Originals originals(rest);
+    Originals originals(rest, scan.lossless);
     for (const auto &step : m_steps) {
-        if (step->scan == scan && step->kept)
+        if (step->scan == scan.id && step->kept)
             std::visit(originals, *step->kept);
     }
     rest.removeIf([&](const DuplicateGroup &group) {
@@ -205,10 +204,10 @@ SongLists UndoHistory::applyTo(const ScanResult &scan) const
     SongLists lists;
     lists.songs = scan.songs;
     lists.songs.removeIf(isIn(removal.songs));
-    lists.groups = applyTo(scan.groups, scan.id);
+    lists.groups = applyTo(scan.groups, scan);
     lists.depth = depthOf(scan.id);
     if (lists.depth == SearchDepth::Further && scan.furtherGroups) {
-        const QList<DuplicateGroup> further = applyTo(*scan.furtherGroups, scan.id);
+        const QList<DuplicateGroup> further = applyTo(*scan.furtherGroups, scan);
         lists.onlyFurther = foundOnlyFurther(further, lists.groups);
         lists.groups = further;
     }

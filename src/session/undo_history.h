@@ -38,7 +38,7 @@ struct KeptFolder
 {
     QString path;
 };
-/// The largest of those whose kind of file loses nothing; see isLossless().
+/// The largest of those that lose nothing; see LosslessSongs.
 struct KeptLossless
 {};
 using KeptCopies = std::variant<KeptSong, KeptFolder, KeptLossless>;
@@ -96,7 +96,9 @@ public:
 private:
     [[nodiscard]] Removal removalFrom(quint64 scan) const;
     [[nodiscard]] SearchDepth depthOf(quint64 scan) const;
-    [[nodiscard]] QList<DuplicateGroup> applyTo(const QList<DuplicateGroup> &groups, quint64 scan) const;
+    /// @param groups found by that scan, or by looking further among its songs
+    [[nodiscard]] QList<DuplicateGroup> applyTo(const QList<DuplicateGroup> &groups,
+                                                const ScanResult &scan) const;
 
     /// The last one is the next.
     QList<std::shared_ptr<const UndoStep>> m_steps;

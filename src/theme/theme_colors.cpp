@@ -55,6 +55,18 @@ QColor ThemeColors::errorText() const
     return mixed(error(), textPrimary(), 0.3F);
 }
 
+QColor ThemeColors::errorMark() const
+{
+    return mixed(error(), textPrimary(), 0.15F);
+}
+
+QColor ThemeColors::textOnAccent() const
+{
+    // Only with high contrast is the accent of the light theme dark.
+    return blended(isHighContrast() ? PaletteColor::Background : PaletteColor::TextPrimary,
+                   PaletteColor::Background);
+}
+
 QColor ThemeColors::mutedText() const
 {
     return mixed(textSecondary(), textPrimary(), 0.3F);

@@ -29,6 +29,10 @@ class ThemeColors : public QObject
     // not.
     Q_PROPERTY(QColor accentText READ accentText NOTIFY changed)
     Q_PROPERTY(QColor errorText READ errorText NOTIFY changed)
+    /// A mark on rows, with a contrast of 3 to 1 (WCAG 2.2, 1.4.11).
+    Q_PROPERTY(QColor errorMark READ errorMark NOTIFY changed)
+    /// Text on the accent, as on the button of the default action.
+    Q_PROPERTY(QColor textOnAccent READ textOnAccent NOTIFY changed)
     /// Secondary text on rows and on the bar below them.
     Q_PROPERTY(QColor mutedText READ mutedText NOTIFY changed)
 
@@ -73,6 +77,8 @@ public:
 
     [[nodiscard]] QColor accentText() const;
     [[nodiscard]] QColor errorText() const;
+    [[nodiscard]] QColor errorMark() const;
+    [[nodiscard]] QColor textOnAccent() const;
     [[nodiscard]] QColor mutedText() const;
 
     [[nodiscard]] double outlineWidth() const { return isHighContrast() ? 2.0 : 1.0; }

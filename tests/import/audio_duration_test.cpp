@@ -20,6 +20,12 @@ const QStringList TYPES{u"mp3"_s, u"m4a"_s, u"wav"_s, u"aac"_s, u"flac"_s};
 
 using Encodings = std::pair<QString, QString>[];
 
+std::optional<double> durationOf(const RegularFile &file, const std::stop_token &stop = {})
+{
+    const std::optional<Sound> sound = readSound(file, stop);
+    return sound ? std::optional(sound->duration) : std::nullopt;
+}
+
 class ReadAudioDuration : public testing::Test
 {
 protected:
@@ -32,8 +38,7 @@ protected:
     }
     static void expectDuration(const QString &path, double seconds, ReadCounter *reads = nullptr)
     {
-        EXPECT_NEAR(readAudioDuration(RegularFile(path, reads)).value_or(-1), seconds, 0.06)
-            << path.toStdString();
+        EXPECT_NEAR(durationOf(RegularFile(path, reads)).value_or(-1), seconds, 0.06) << path.toStdString();
     }
 
     const QTemporaryDir m_folder;
@@ -67,7 +72,7 @@ TEST_F(ReadAudioDuration, TakesTheStoredLengthOrCountsAsLibavformatDoes)
         for (const double length : {1.1, 11.3}) {
             SCOPED_TRACE((type + u' ' + options).toStdString());
             const QString path = write(u"x."_s + type, audioContent(type, length, options));
-            const double duration = readAudioDuration(RegularFile(path)).value_or(-1);
+            const double duration = durationOf(RegularFile(path)).value_or(-1);
             EXPECT_EQ(duration, libavDuration(path));
             // Encoders add a frame or two at the start and pad the last one.
             EXPECT_NEAR(duration, length + 0.04, 0.05);
@@ -90,12 +95,12 @@ TEST_F(ReadAudioDuration, CountsFramesWithoutAHeaderAlsoBehindAPictureAndOfATrun
         SCOPED_TRACE((type + u' ' + options).toStdString());
         const QByteArray content = audioContent(type, SECONDS, options);
         // Encoders add a frame or two at the start and pad the last one.
-        const double whole = readAudioDuration(RegularFile(write(u"x."_s + type, content))).value_or(-1);
+        const double whole = durationOf(RegularFile(write(u"x."_s + type, content))).value_or(-1);
         EXPECT_NEAR(whole, SECONDS + 0.07, 0.08);
         const QByteArray tagged = tag.leftJustified(TAG_SIZE, 'p', true) + content;
-        EXPECT_EQ(readAudioDuration(RegularFile(write(u"tagged."_s + type, tagged))), whole);
+        EXPECT_EQ(durationOf(RegularFile(write(u"tagged."_s + type, tagged))), whole);
         const QByteArray half = content.first(content.size() / 2);
-        const double rest = readAudioDuration(RegularFile(write(u"half."_s + type, half))).value_or(-1);
+        const double rest = durationOf(RegularFile(write(u"half."_s + type, half))).value_or(-1);
         EXPECT_NEAR(rest, whole / 2, options.contains(u"-b:a") ? 0.05 : 0.8);
     }
 }
@@ -119,7 +124,7 @@ TEST_F(ReadAudioDuration, LooksAtAFewFragmentsOfAnIndexAndAtAllWhereOneDoesNotFi
     const auto expectReads = [&](const QByteArray &content, bool areFew) {
         const QString path = write(u"x.m4a"_s, content);
         ReadCounter reads = 0;
-        EXPECT_EQ(readAudioDuration(RegularFile(path, &reads)), libavDuration(path));
+        EXPECT_EQ(durationOf(RegularFile(path, &reads)), libavDuration(path));
         EXPECT_EQ(reads <= FEW_READS, areFew) << reads;
     };
     expectReads(song, true);
@@ -131,6 +136,33 @@ TEST_F(ReadAudioDuration, LooksAtAFewFragmentsOfAnIndexAndAtAllWhereOneDoesNotFi
         QByteArray damaged = song;
         damaged[lastEntry + number] = static_cast<char>(damaged[lastEntry + number] ^ 1);
         expectReads(damaged, false);
+    }
+}
+
+TEST_F(ReadAudioDuration, TellsByTheContentWhetherTheSoundIsLossless)
+{
+    const struct
+    {
+        QString type;
+        QString options;
+        bool isLossless;
+    } cases[] = {
+        {u"m4a"_s, u"-c:a alac"_s, true},
+        {u"m4a"_s, u"-c:a alac -movflags +empty_moov+default_base_moof -frag_duration 1000000"_s, true},
+        {u"m4a"_s, u"-c:a flac -f mp4 -strict -2"_s, true},
+        {u"m4a"_s, u"-c:a aac"_s, false},
+        {u"flac"_s, u""_s, true},
+        {u"wav"_s, u"-c:a pcm_s24le -ac 2 -rf64 always"_s, true},
+        {u"wav"_s, u"-c:a pcm_f32le"_s, true},
+        {u"wav"_s, u"-c:a libmp3lame"_s, false},
+        {u"wav"_s, u"-c:a pcm_alaw"_s, false},
+        {u"mp3"_s, u""_s, false},
+        {u"aac"_s, u""_s, false},
+    };
+    for (const auto &[type, options, isLossless] : cases) {
+        const RegularFile file(write(u"x.mp3"_s, audioContent(type, 2, options)));
+        EXPECT_EQ(readSound(file).value_or(Sound{0, !isLossless}).isLossless, isLossless)
+            << (type + options).toStdString();
     }
 }
 
@@ -171,8 +203,8 @@ TEST_F(ReadAudioDuration, DetectsTheFormatUnderAnyExtensionAndGivesNothingOnceSt
             audioContent(type, SECONDS, type == u"mp3" ? u"-q:a 4 -write_xing 0"_s : QString());
         for (const QString &extension : TYPES) {
             const QString path = write(type + u"_as."_s + extension, content);
-            EXPECT_NEAR(readAudioDuration(RegularFile(path)).value_or(0), SECONDS, 0.1) << path.toStdString();
-            EXPECT_FALSE(readAudioDuration(RegularFile(path), stop.get_token())) << path.toStdString();
+            EXPECT_NEAR(durationOf(RegularFile(path)).value_or(0), SECONDS, 0.1) << path.toStdString();
+            EXPECT_FALSE(durationOf(RegularFile(path), stop.get_token())) << path.toStdString();
         }
     }
 }
@@ -193,11 +225,11 @@ TEST_F(ReadAudioDuration, GivesNothingForOtherContentAndOpensNoFileItRefersTo)
     OpenWatch watch(target);
     for (const QByteArray &content : contents) {
         for (const QString &type : TYPES)
-            EXPECT_FALSE(readAudioDuration(RegularFile(write(u"x."_s + type, content))))
+            EXPECT_FALSE(durationOf(RegularFile(write(u"x."_s + type, content))))
                 << content.left(40).toStdString();
     }
     EXPECT_FALSE(watch.sawOpening());
-    EXPECT_TRUE(readAudioDuration(RegularFile(target)));
+    EXPECT_TRUE(durationOf(RegularFile(target)));
     EXPECT_TRUE(watch.sawOpening());
 }
 
@@ -209,7 +241,7 @@ TEST_F(ReadAudioDuration, OpensOnlyRegularFiles)
     ASSERT_TRUE(QDir(m_folder.path()).mkdir(u"folder.mp3"_s));
     OpenWatch watch(m_folder.path());
     for (const QString &name : {u"pipe.mp3"_s, u"link.wav"_s, u"device.mp3"_s, u"folder.mp3"_s})
-        EXPECT_FALSE(readAudioDuration(RegularFile(m_folder.filePath(name)))) << name.toStdString();
+        EXPECT_FALSE(durationOf(RegularFile(m_folder.filePath(name)))) << name.toStdString();
     EXPECT_FALSE(watch.sawOpening());
 }
 
@@ -262,7 +294,7 @@ TEST_F(ReadAudioDuration, PassesOverPicturesAndStopsAtBoxesWithoutEnd)
     reads = 0;
     const QString boxes =
         write(u"x.m4a"_s, song.first(FILE_TYPE_SIZE) + empty.repeated(500'000) + song.sliced(FILE_TYPE_SIZE));
-    EXPECT_FALSE(readAudioDuration(RegularFile(boxes, &reads)));
+    EXPECT_FALSE(durationOf(RegularFile(boxes, &reads)));
     EXPECT_LT(reads, 100U);
 }
 

@@ -69,7 +69,7 @@ protected:
     double duration(const QByteArray &content)
     {
         m_reads = 0;
-        return readAudioDuration(RegularFile(write(content), &m_reads)).value_or(-1);
+        return readSound(RegularFile(write(content), &m_reads)).value_or(Sound{-1}).duration;
     }
 
     const QTemporaryDir m_folder;

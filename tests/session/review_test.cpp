@@ -1,5 +1,6 @@
 #include "generators/small_audio.h"
 #include "session/duplicate_view_model.h"
+#include "testing/audio_fixtures.h"
 #include "testing/fake_desktop.h"
 #include "testing/music_folder.h"
 #include "testing/private_home.h"
@@ -100,7 +101,8 @@ protected:
 
     const PrivateHome home;
     FakeDesktop desktop;
-    DuplicateViewModel session{desktop, std::make_shared<InstantPauses>(), {Color()}};
+    DuplicateViewModel session{
+        desktop, std::make_shared<InstantPauses>(), {Color()}, std::make_shared<KnownDurations>()};
 };
 
 constexpr const char *THREE =
@@ -257,6 +259,27 @@ TEST_F(ReviewTest, KeepsTheLargestLosslessCopyOfEveryGroup)
     session.keepLosslessCopies();
     finish();
     EXPECT_EQ(toast(), "No original has changed");
+}
+
+TEST_F(ReviewTest, KnowsByTheContentWhichM4aIsLosslessAlsoAfterASecondScan)
+{
+    using namespace std::chrono_literals;
+    const auto addM4a = [this](const char *folder, const QString &codec, std::uintmax_t size) {
+        const auto path = home.path(std::string("music/") + folder + "/Band Four - Last Waltz.m4a");
+        writeSound(QString::fromStdString(path.string()), u"0"_s, 50, u"-c:a "_s + codec);
+        std::filesystem::resize_file(path, size);
+        // Old enough to be remembered.
+        std::filesystem::last_write_time(path, std::filesystem::file_time_type::clock::now() - 1h);
+    };
+    addM4a("a", u"aac"_s, 3'000'010);
+    addM4a("b", u"alac"_s, 3'000'000);
+    for (int i = 0; i < 2; ++i) {
+        scan();
+        session.keepLosslessCopies();
+        finish();
+        EXPECT_THAT(shown(),
+                    testing::Contains("b/Band Four - Last Waltz.m4a; a/Band Four - Last Waltz.m4a; "));
+    }
 }
 
 TEST_F(ReviewTest, CleansUpWhatOnlyLookingFurtherFoundUnlessItHasChangedSinceTheScan)

@@ -134,7 +134,7 @@ TEST_F(ScanTest, TakesThePlayingTimesThatTheLastScanLeftUntilOneOfOtherFiles)
     const QString path = folder.pathOf(u"Ada - One.flac"_s);
     const FileVersion version = RegularFile(path).version();
     constexpr double KNOWN = 77.0;
-    session->known->add(path, version, std::numeric_limits<qint64>::max(), KNOWN);
+    session->known->add(path, version, std::numeric_limits<qint64>::max(), Sound{KNOWN});
     std::vector<QUuid> ids;
     for (int run = 0; run < 2; ++run) {
         scan(folder.urls());

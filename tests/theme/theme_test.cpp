@@ -115,6 +115,9 @@ TEST_F(ThemeTest, KeepsTextAndMarksLegibleInBothThemes)
         expect("secondary text", text, colors.textSecondary(), {colors.background(), raised});
         expect("muted text", text, colors.mutedText(), {row, playing, hovered});
         expect("accent text", text, colors.accentText(), {colors.background(), raised});
+        expect("default action", text, colors.textOnAccent(),
+               {colors.accent(), colors.accent().lighter(106)});
+        expect("delete mark", mark, colors.errorMark(), {row, playing, hovered});
         expect("original", text, colors.success(), {colors.background()});
         expect("error text", text, colors.errorText(), {raised});
         expect("outlines", mark, colors.accent(), {colors.background(), raised});

@@ -96,6 +96,11 @@ protected:
     {
         QTest::mouseClick(window, Qt::LeftButton, {}, rectOf(buttonInRow(button, row)->object()).center());
     }
+    void type(std::string_view text) const
+    {
+        for (const char character : text)
+            QTest::keyClick(window, character);
+    }
     [[nodiscard]] bool waitForMenu(const QString &entry) const
     {
         return waitFor([&] { return find(QAccessible::MenuItem, entry) != nullptr; });
@@ -220,13 +225,13 @@ TEST_F(ResultsTest, PlaysOneSongAtATimeAndSeeksOnlyInItsRow)
     clickRow(2);
     EXPECT_THAT(desktop.takeCalls(), IsEmpty());
     const QRect playingRow = rows()[1].rect;
-    const QImage lit = window->grabWindow().copy(playingRow);
+    const QImage lit = pictureOf(playingRow);
     QTest::mouseClick(window, Qt::LeftButton, {}, QPoint(880, playingRow.center().y() - 12));
     EXPECT_THAT(desktop.takeCalls(), ElementsAre(HasSubstr("0/Artist0 - Title0.flac: seek ")));
 
     clickInRow(PLAY, 2);
     EXPECT_EQ(playing(), "1/Artist0 - Title0.flac");
-    EXPECT_TRUE(waitFor([&] { return window->grabWindow().copy(playingRow) != lit; }));
+    EXPECT_TRUE(waitFor([&] { return pictureOf(playingRow) != lit; }));
     clickInRow(u"Stop listening"_s, 2);
     EXPECT_EQ(playing(), "");
 }
@@ -585,11 +590,7 @@ TEST_F(ResultsTest, FiltersAndSortsWhatIsShownAndNothingElse)
     showGroups({2, 3, 2});
     const std::vector<std::string> before = names();
     press(Qt::Key_F, Qt::ControlModifier);
-    const auto type = [this](const QString &text) {
-        for (const QChar character : text)
-            QTest::keyClick(window, character.toLatin1());
-    };
-    type(u"tITLE1 arti"_s);
+    type("tITLE1 arti");
     const auto shows2nd = [this] { return names().size() == 4 && names()[1] == "Original 1/0"; };
     EXPECT_TRUE(waitFor(shows2nd));
     EXPECT_TRUE(waitForText(u"Filter hides 2 duplicates"_s));
@@ -603,7 +604,7 @@ TEST_F(ResultsTest, FiltersAndSortsWhatIsShownAndNothingElse)
     QTest::qWait(50);
     EXPECT_THAT(trashed(), IsEmpty());
     EXPECT_FALSE(session.isCleaningUp() || session.currentlyPlayingSong());
-    type(u"x"_s);
+    type("x");
     EXPECT_TRUE(waitForText(u"No group matches the filter"_s));
     press(Qt::Key_Escape);
     EXPECT_TRUE(waitFor([&] { return names() == before; }));
@@ -619,6 +620,38 @@ TEST_F(ResultsTest, FiltersAndSortsWhatIsShownAndNothingElse)
     EXPECT_TRUE(waitFor([this] { return names()[1] == "Original 0/0"; }));
     session.undo();
     EXPECT_TRUE(waitFor([this] { return names()[0] == "Group of 3 songs"; }));
+}
+
+TEST_F(ResultsTest, ShowsTheDetailsOfNoOtherRowThanTheOneUnderThePointer)
+{
+    showGroups({2, 2, 2, 2, 2, 2, 2});
+    const auto hover = [this](std::size_t row) {
+        const QRect rect = rows().at(row).rect;
+        QTest::mouseMove(window, {rect.left() + 400, rect.center().y()});
+    };
+    const auto toolTips = [this] {
+        std::vector<std::string> texts;
+        for (const QAccessibleInterface *node : accessibleNodes()) {
+            if (node->role() == QAccessible::ToolTip)
+                texts.push_back(node->text(QAccessible::Name).toStdString());
+        }
+        return texts;
+    };
+    const auto isDetails = HasSubstr("/0/Artist5 - Title5.flac");
+    // The second time, items of rows that were there before are used for others.
+    for (int i = 0; i < 2; ++i) {
+        hover(1);
+        press(Qt::Key_F, Qt::ControlModifier);
+        type("5");
+        ASSERT_TRUE(waitFor([&] { return names().size() == 3; }));
+        hover(0);
+        hover(1);
+        ASSERT_TRUE(waitFor([&] { return testing::Value(toolTips(), testing::Contains(isDetails)); }));
+        EXPECT_THAT(toolTips(), ElementsAre(isDetails));
+        hover(2);
+        press(Qt::Key_Escape);
+        ASSERT_TRUE(waitFor([&] { return names().size() > 8; }));
+    }
 }
 
 TEST_F(ResultsTest, NamesTheFilesThatACleanUpCouldNotMove)

@@ -78,7 +78,7 @@ T.Button {
         radius: 8
         color: control.hovered && control.enabled ? Qt.alpha(control.tint, 0.12) : "transparent"
         border.width: Colors.outlineWidth
-        border.color: control.enabled ? control.tint : Colors.border
+        border.color: Qt.alpha(control.tint, control.enabled ? 1 : 0.4)
 
         FocusRing { control: control }
     }

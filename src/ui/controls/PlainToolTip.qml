@@ -25,6 +25,8 @@ Loader {
         id: toolTip
 
         delay: 500
+        // Without the wrapping, Qt takes several lines for one.
+        contentWidth: Math.min(lines.implicitWidth, loader.Window.width - 40)
         // For screen readers.
         text: loader.text
         // Only now that everything else is set: Qt does not always take a text that comes during the delay.
@@ -36,6 +38,12 @@ Loader {
             text: loader.text
             font.pixelSize: 12
             color: Colors.textPrimary
+        }
+        PlainText {
+            id: lines
+            visible: false
+            text: loader.text
+            font.pixelSize: 12
         }
         background: Rectangle {
             radius: 6

@@ -11,7 +11,7 @@ T.Button {
     property color tint: Colors.accent
     // For the default action.
     property bool isFilled: false
-    readonly property color labelColor: isFilled ? Colors.background : Colors.textPrimary
+    readonly property color labelColor: isFilled ? Colors.textOnAccent : Colors.textPrimary
 
     implicitWidth: implicitContentWidth + leftPadding + rightPadding
     implicitHeight: implicitContentHeight + topPadding + bottomPadding

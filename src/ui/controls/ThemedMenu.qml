@@ -12,6 +12,8 @@ Menu {
         return width + leftPadding + rightPadding;
     }
     padding: 5
+    // To the edges of the window.
+    margins: 6
 
     delegate: ThemedMenuItem {}
     background: Card {

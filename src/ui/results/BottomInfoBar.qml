@@ -42,7 +42,8 @@ Rectangle {
         anchors.rightMargin: 8
         anchors.verticalCenter: parent.verticalCenter
         width: implicitWidth + 16
-        visible: text !== ""
+        // A toast that offers the same lies over it.
+        visible: text !== "" && !(bar.viewModel.showToast && bar.viewModel.toastAction === text)
         // Out of sight it would keep the focus.
         enabled: visible && !bar.viewModel.showCleanUpProgress
         text: bar.viewModel.scanAllText

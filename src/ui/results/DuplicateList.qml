@@ -192,11 +192,18 @@ FocusScope {
         highlightMoveDuration: 0
         highlightMoveVelocity: -1
         currentIndex: 0
-        leftMargin: 2
-        rightMargin: 2
+        leftMargin: TableColumns.listMargin
+        rightMargin: TableColumns.listMargin
 
         readonly property real rowWidth: width - leftMargin - rightMargin
         readonly property bool showsCurrent: activeFocus
+
+        // Hides a pooled item from screen readers. Where it was it could be under the pointer when it is shown
+        // again, before it gets its new place, and would stay hovered.
+        function hide(item) {
+            item.visible = false;
+            item.y = originY - item.height;
+        }
 
         Accessible.role: Accessible.List
         Accessible.name: qsTr("Duplicate songs")
@@ -219,8 +226,7 @@ FocusScope {
 
                     width: list.rowWidth
                     isCurrent: list.showsCurrent && list.currentIndex === index
-                    // Hides pooled items from screen readers.
-                    ListView.onPooled: visible = false
+                    ListView.onPooled: list.hide(group)
                     ListView.onReused: {
                         visible = true;
                         // Qt 6.8 keeps reused items out of the accessibility tree.
@@ -258,7 +264,7 @@ FocusScope {
                     onSeek: x => view.viewModel.seekPlayback(x, width)
                     onRemove: view.removeByPointer(index)
                     onOpenMenu: (x, y) => menu.openFor(index, songRow, x, y)
-                    ListView.onPooled: visible = false
+                    ListView.onPooled: list.hide(songRow)
                     ListView.onReused: {
                         visible = true;
                         Accessible.ignored = false;

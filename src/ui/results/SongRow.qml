@@ -183,7 +183,7 @@ Item {
         anchors.verticalCenter: parent.verticalCenter
         symbol: "trash.fill"
         symbolSize: 14
-        tint: Colors.error
+        tint: Colors.errorMark
         toolTip: qsTr("Delete this song")
         description: qsTr("Moves %1 to the Trash").arg(row.name)
         onClicked: row.remove()

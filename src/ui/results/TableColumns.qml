@@ -18,7 +18,9 @@ QtObject {
     readonly property real durationWidth: columnWidth(42, durationTitle, durationText)
     readonly property real sizeWidth: columnWidth(50, sizeTitle, sizeText)
     // Takes a share of a wide window.
-    readonly property real folderWidth: Math.max(columnWidth(130, folderTitle, null), (rowWidth - 620) * 0.45)
+    readonly property real folderWidth: Math.max(columnWidth(130, folderTitle, null), (rowWidth - 500) * 0.45)
+    // What the list leaves free on both sides of a row.
+    readonly property real listMargin: 2
     // Width of the rows.
     property real rowWidth: 0
     readonly property real trashWidth: 26

@@ -8,40 +8,47 @@ Rectangle {
     implicitHeight: 32
     color: Colors.tableHeader
 
-    Title {
-        anchors.left: parent.left
-        anchors.leftMargin: TableColumns.badgeX
-        anchors.right: parent.right
-        anchors.rightMargin: TableColumns.nameEndOffset
-        text: qsTr("File Name")
-    }
-    Title {
-        anchors.right: parent.right
-        anchors.rightMargin: TableColumns.typeOffset - width
-        width: TableColumns.typeWidth
-        symbol: "doc.badge.gearshape"
-        text: TableColumns.typeTitle.text
-    }
-    Title {
-        anchors.right: parent.right
-        anchors.rightMargin: TableColumns.durationOffset - width
-        width: TableColumns.durationWidth
-        symbol: "clock"
-        text: TableColumns.durationTitle.text
-    }
-    Title {
-        anchors.right: parent.right
-        anchors.rightMargin: TableColumns.sizeOffset - width
-        width: TableColumns.sizeWidth
-        symbol: "arrow.down.circle"
-        text: TableColumns.sizeTitle.text
-    }
-    Title {
-        anchors.right: parent.right
-        anchors.rightMargin: TableColumns.folderOffset - width
-        width: TableColumns.folderWidth
-        symbol: "folder"
-        text: TableColumns.folderTitle.text
+    // As wide as the rows.
+    Item {
+        anchors.fill: parent
+        anchors.leftMargin: TableColumns.listMargin
+        anchors.rightMargin: TableColumns.listMargin
+
+        Title {
+            anchors.left: parent.left
+            anchors.leftMargin: TableColumns.badgeX
+            anchors.right: parent.right
+            anchors.rightMargin: TableColumns.nameEndOffset
+            text: qsTr("File Name")
+        }
+        Title {
+            anchors.right: parent.right
+            anchors.rightMargin: TableColumns.typeOffset - width
+            width: TableColumns.typeWidth
+            symbol: "doc.badge.gearshape"
+            text: TableColumns.typeTitle.text
+        }
+        Title {
+            anchors.right: parent.right
+            anchors.rightMargin: TableColumns.durationOffset - width
+            width: TableColumns.durationWidth
+            symbol: "clock"
+            text: TableColumns.durationTitle.text
+        }
+        Title {
+            anchors.right: parent.right
+            anchors.rightMargin: TableColumns.sizeOffset - width
+            width: TableColumns.sizeWidth
+            symbol: "arrow.down.circle"
+            text: TableColumns.sizeTitle.text
+        }
+        Title {
+            anchors.right: parent.right
+            anchors.rightMargin: TableColumns.folderOffset - width
+            width: TableColumns.folderWidth
+            symbol: "folder"
+            text: TableColumns.folderTitle.text
+        }
     }
 
     Rectangle {

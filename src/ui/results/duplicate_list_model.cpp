@@ -165,9 +165,10 @@ QVariant DuplicateListModel::songData(const Entry &entry, int role) const
     case FolderRole:
         return folderText(song, commonFolderLengthOf(entry.group));
     case DetailsRole:
-        return detailsText(song, m_viewModel->modifiedAt(song));
+        return detailsText(song, qualityText(song, m_viewModel->isLossless(song)),
+                           m_viewModel->modifiedAt(song));
     case QualityRole:
-        return qualityText(song);
+        return qualityText(song, m_viewModel->isLossless(song));
     case DescriptionRole: {
         QStringList parts{badgeText(isOriginal),
                           withVisibleControls(song.name),

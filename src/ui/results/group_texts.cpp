@@ -1,6 +1,5 @@
 #include "ui/results/group_texts.h"
 
-#include "model/audio_formats.h"
 #include "model/bit_rate.h"
 #include "model/byte_count.h"
 #include "model/saturating.h"
@@ -79,24 +78,24 @@ QString folderText(const Song &song, qsizetype commonLength)
     return pathInText(rest.endsWith(u'/') ? rest.chopped(1) : rest);
 }
 
-QString qualityText(const Song &song)
+QString qualityText(const Song &song, bool isLossless)
 {
     QStringList parts;
     if (const std::optional<double> rate = kilobitsPerSecond(song))
         parts.append(translate("DuplicateList", "%1 kbit/s").arg(*rate, 0, 'f', 0));
-    if (const std::optional<AudioFormat> format = audioFormatOf(song.path); format && isLossless(*format))
+    if (isLossless)
         parts.append(translate("DuplicateList", "lossless", "the kind of a sound file"));
     return joinedParts(parts);
 }
 
-QString detailsText(const Song &song, const QDateTime &modified)
+QString detailsText(const Song &song, const QString &quality, const QDateTime &modified)
 {
     QStringList lines{pathInText(song.path)};
     lines.append(translate("DuplicateList", "%1 (%L2 bytes)", "a size in short, and in full")
                      .arg(formattedByteCount(song.size))
                      .arg(song.size));
     QStringList sound{song.formattedDuration()};
-    if (const QString quality = qualityText(song); !quality.isEmpty())
+    if (!quality.isEmpty())
         sound.append(quality);
     lines.append(joinedParts(sound));
     if (modified.isValid())

@@ -26,15 +26,16 @@ namespace sonavo {
 /// The folder of a song from there on; its name alone where the length is zero.
 [[nodiscard]] QString folderText(const Song &song, qsizetype commonLength);
 
-/// "320 kbit/s, lossless": the mean rate as far as size and length are known, and whether the kind of file
-/// loses nothing (FLAC, and WAV, which nearly always holds plain samples).
-[[nodiscard]] QString qualityText(const Song &song);
+/// "320 kbit/s, lossless": the mean rate as far as size and length are known, and that a lossless song is
+/// one.
+[[nodiscard]] QString qualityText(const Song &song, bool isLossless);
 
 /// The parts of a description, one after the other.
 [[nodiscard]] QString joinedParts(const QStringList &parts);
 
-/// Path, exact size, length, quality and date of a song's file, in one line each.
+/// Path, exact size, length with quality, and date of a song's file, in one line each.
+/// @param quality see qualityText()
 /// @param modified left out when it is not valid
-[[nodiscard]] QString detailsText(const Song &song, const QDateTime &modified);
+[[nodiscard]] QString detailsText(const Song &song, const QString &quality, const QDateTime &modified);
 
 } // namespace sonavo
