@@ -12,7 +12,7 @@ export SOURCE_DATE_EPOCH
 BUILD_PACKAGES=(
     g++ cmake ninja-build pkg-config
     qt6-base-dev qcoro-qt6-dev
-    qt6-declarative-dev qt6-declarative-dev-tools qt6-svg-dev qt6-qpa-plugins qt6-wayland
+    qt6-declarative-dev qt6-declarative-dev-tools qt6-svg-dev qt6-qpa-plugins qt6-wayland libxcb1-dev
     qml6-module-qtquick qml6-module-qtquick-controls qml6-module-qtquick-layouts
     qml6-module-qtquick-templates qml6-module-qtquick-window qml6-module-qtqml qml6-module-qtqml-models
     qml6-module-qtqml-workerscript qml6-module-qt-labs-qmlmodels

@@ -14,6 +14,8 @@ const QString OBJECT_PATH = QStringLiteral("/org/sonavo/Sonavo");
 const QString INTERFACE = QStringLiteral("org.freedesktop.Application");
 const QString BUSY_ERROR = QStringLiteral("org.sonavo.Sonavo.Error.Busy");
 const QString ACTIVATION_TOKEN = QStringLiteral("activation-token");
+/// Its name before Wayland.
+const QString STARTUP_ID = QStringLiteral("desktop-startup-id");
 
 QDBusMessage busCall(const QString &method)
 {
@@ -25,16 +27,22 @@ QDBusMessage busCall(const QString &method)
 /// What the launcher has told this process, for the one that shows the window.
 QVariantMap ownPlatformData()
 {
-    constexpr std::array VARIABLES{
-        std::pair{"XDG_ACTIVATION_TOKEN", "activation-token"},
-        std::pair{"DESKTOP_STARTUP_ID", "desktop-startup-id"},
+    const std::array variables{
+        std::pair{"XDG_ACTIVATION_TOKEN", ACTIVATION_TOKEN},
+        std::pair{"DESKTOP_STARTUP_ID", STARTUP_ID},
     };
     QVariantMap data;
-    for (const auto &[variable, key] : VARIABLES) {
+    for (const auto &[variable, key] : variables) {
         if (const QString value = qEnvironmentVariable(variable); !value.isEmpty())
-            data.insert(QString::fromLatin1(key), value);
+            data.insert(key, value);
     }
     return data;
+}
+
+QString activationTokenOf(const QVariantMap &platformData)
+{
+    const QString token = platformData.value(ACTIVATION_TOKEN).toString();
+    return !token.isEmpty() ? token : platformData.value(STARTUP_ID).toString();
 }
 
 } // namespace
@@ -68,7 +76,7 @@ void ApplicationService::releaseName()
 
 void ApplicationService::Activate(const QVariantMap &platformData)
 {
-    handle({{}, platformData.value(ACTIVATION_TOKEN).toString()});
+    handle({{}, activationTokenOf(platformData)});
 }
 
 void ApplicationService::Open(const QStringList &uris, const QVariantMap &platformData)
@@ -78,7 +86,7 @@ void ApplicationService::Open(const QStringList &uris, const QVariantMap &platfo
         if (const QUrl url = QUrl::fromEncoded(uri.toUtf8()); url.isLocalFile())
             items.append(url);
     }
-    handle({items, platformData.value(ACTIVATION_TOKEN).toString()});
+    handle({items, activationTokenOf(platformData)});
 }
 
 void ApplicationService::ActivateAction(const QString & /*name*/, const QVariantList & /*parameters*/,

@@ -19,7 +19,7 @@ struct OpenRequest
 {
     /// File URLs to scan; may be empty.
     QList<QUrl> items;
-    /// With which the desktop lets the window come to the front; empty where the desktop has none.
+    /// With which the desktop lets the window come to the front, see bringToFront(); empty where it has none.
     QString activationToken;
 };
 

@@ -1,6 +1,7 @@
 #include "app/sonavo_app.h"
 
 #include "desktop/session_bus.h"
+#include "desktop/window_activation.h"
 #include "session/clean_up_work.h"
 #include "session/event_loop_pauses.h"
 #include "theme/palette.h"
@@ -28,7 +29,7 @@ bool SonavoApp::launch(const QList<QUrl> &items)
     m_window->installEventFilter(&m_sceneDelegate);
     m_longWork = std::make_unique<LongWork>(m_viewModel, *m_window);
     QObject::connect(m_longWork.get(), &LongWork::activated,
-                     [this](const QString &token) { bringToFront(token); });
+                     [this](const QString &token) { bringToFront(*m_window, token); });
     connectToSessionBus().then(m_longWork.get(), [this](const QDBusConnection &bus) {
         if (bus.isConnected())
             followSettings(bus);
@@ -40,7 +41,8 @@ bool SonavoApp::launch(const QList<QUrl> &items)
 
 bool SonavoApp::open(const OpenRequest &request)
 {
-    bringToFront(request.activationToken);
+    if (m_window)
+        bringToFront(*m_window, request.activationToken);
     return request.items.isEmpty() || m_viewModel.openItems(request.items);
 }
 
@@ -51,16 +53,6 @@ void SonavoApp::followSettings(const QDBusConnection &bus)
         ThemeManager::shared()->setWishes({.isHighContrast = m_settings->isHighContrast(),
                                            .isMotionReduced = m_settings->isMotionReduced()});
     });
-}
-
-void SonavoApp::bringToFront(const QString &activationToken)
-{
-    if (!m_window)
-        return;
-    // Where Qt looks for it when the window is activated.
-    if (!activationToken.isEmpty())
-        qputenv("XDG_ACTIVATION_TOKEN", activationToken.toUtf8());
-    QMetaObject::invokeMethod(m_window, "showMainWindow");
 }
 
 } // namespace sonavo

@@ -40,7 +40,6 @@ public:
 private:
     /// Follows what the user has set for all programs.
     void followSettings(const QDBusConnection &bus);
-    void bringToFront(const QString &activationToken);
 
     SystemDesktop m_desktop;
     DuplicateViewModel m_viewModel;

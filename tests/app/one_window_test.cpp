@@ -15,6 +15,9 @@
 #include <sys/syscall.h>
 
 #include <atomic>
+#include <cstdlib>
+#include <set>
+#include <xcb/xcb.h>
 
 namespace sonavo {
 namespace {
@@ -125,6 +128,41 @@ TEST_F(OneWindow, RefusesOthersWhileItMovesFiles)
     EXPECT_EQ(errors, "sonavo: the window is moving files and can scan nothing until that is done\n");
     EXPECT_EQ(run({}), 0) << "it can come to the front";
     listener.letThrough(held);
+    window.terminate();
+    EXPECT_TRUE(window.waitForFinished(TIMEOUT_MS));
+}
+
+TEST_F(OneWindow, ComesToTheFrontAsOfTheUsersActionInTheOtherProgram)
+{
+    QProcess window;
+    start(window, program(), {});
+    ASSERT_TRUE(hasWindows(1));
+    // What window managers and task bars are told.
+    xcb_connection_t *x11 = xcb_connect(nullptr, nullptr);
+    const uint32_t mask = XCB_EVENT_MASK_SUBSTRUCTURE_NOTIFY | XCB_EVENT_MASK_PROPERTY_CHANGE;
+    const xcb_window_t root = xcb_setup_roots_iterator(xcb_get_setup(x11)).data->root;
+    free(xcb_request_check(x11, xcb_change_window_attributes_checked(x11, root, XCB_CW_EVENT_MASK, &mask)));
+    qputenv("DESKTOP_STARTUP_ID", "the files_TIME4711");
+    EXPECT_EQ(run({}), 0);
+    qunsetenv("DESKTOP_STARTUP_ID");
+    std::set<uint32_t> times;
+    std::string notice;
+    EXPECT_TRUE(QTest::qWaitFor(
+        [&] {
+            while (xcb_generic_event_t *event = xcb_poll_for_event(x11)) {
+                const auto *message = reinterpret_cast<const xcb_client_message_event_t *>(event);
+                if ((event->response_type & 0x7F) == XCB_CLIENT_MESSAGE && message->format == 8)
+                    notice.append(reinterpret_cast<const char *>(message->data.data8), 20);
+                else if ((event->response_type & 0x7F) == XCB_CLIENT_MESSAGE)
+                    times.insert(message->data.data32[1]);
+                free(event);
+            }
+            return notice.find('\0') != std::string::npos;
+        },
+        TIMEOUT_MS));
+    EXPECT_STREQ(notice.c_str(), "remove: ID=\"the files_TIME4711\"");
+    EXPECT_TRUE(times.contains(4711));
+    xcb_disconnect(x11);
     window.terminate();
     EXPECT_TRUE(window.waitForFinished(TIMEOUT_MS));
 }

@@ -10,6 +10,7 @@
 #include <QCoreApplication>
 #include <QRegularExpression>
 
+#include <fcntl.h>
 #include <gmock/gmock.h>
 #include <sys/prctl.h>
 #include <sys/stat.h>

@@ -1,10 +1,13 @@
 #include "language/language.h"
 #include "model/visible_controls.h"
+#include "session/clean_up_text.h"
+#include "session/file_job.h"
 #include "testing/music_folder.h"
 #include "testing/private_home.h"
 #include "tests/ui/ui_test.h"
 
 #include <QRegularExpression>
+#include <QSemaphore>
 
 #include <gmock/gmock.h>
 
@@ -65,6 +68,36 @@ protected:
         press(Qt::Key_Escape);
         QTest::qWait(200);
     }
+    /// As in the walk of very many files.
+    void expectFoundFilesLegible() const
+    {
+        const QString step =
+            QCoreApplication::translate("CircularProgressView", "of this step", "follows a percentage");
+        for (QQuickItem *text : textItems()) {
+            if (text->property("text") == step)
+                text->setProperty("text", QCoreApplication::translate("CircularProgressView",
+                                                                      "%Ln files found", "", 400'000));
+        }
+        expectLegible(u"found files"_s);
+    }
+    /// With a clean-up that waits, then stops.
+    void expectCleanUpLegible()
+    {
+        QSemaphore isLookedAt;
+        fileJobThread().start([&] { isLookedAt.acquire(); });
+        session.cleanupAll();
+        EXPECT_TRUE(waitFor([this] { return session.showCleanUpProgress(); }));
+        QQuickItem *stop = window->activeFocusItem();
+        QQuickItem *timeLeft = stop->parentItem()->childItems().constFirst();
+        for (const int minutes : {1, 58, 100 * 60}) {
+            timeLeft->setProperty("text", timeLeftText(std::chrono::minutes(minutes), 1, 2));
+            expectLegible(timeLeft->property("text").toString());
+        }
+        session.stopCleanUp();
+        expectLegible(stop->property("text").toString());
+        isLookedAt.release();
+        EXPECT_TRUE(waitFor([this] { return !session.isCleaningUp(); }));
+    }
     /// As for a library of very many songs.
     void expectLargeNumbersLegible() const
     {
@@ -107,10 +140,12 @@ TEST_P(InLanguage, EveryTextFits)
             EXPECT_TRUE(waitFor([&] { return !session.isScanning() || shows(session.scanMessage()); }));
             latest = session.scanMessage();
             expectLegible(latest);
+            expectFoundFilesLegible();
         }
         return !session.isScanning();
     }));
     expectLegible(u"results"_s);
+    expectCleanUpLegible();
     for (const Qt::Key key : {Qt::Key_Home, Qt::Key_Down}) {
         press(key);
         press(Qt::Key_Menu);

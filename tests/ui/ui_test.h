@@ -6,6 +6,7 @@
 #include "testing/window_driver.h"
 #include "theme/theme_manager.h"
 
+#include <QLineF>
 #include <QTest>
 
 #include <gtest/gtest.h>
@@ -70,6 +71,23 @@ protected:
             return condition();
         });
     }
+    /// A text that is drawn inside a ring does not touch it.
+    static void expectInsideRings(const QQuickItem &text, const QQuickItem &around)
+    {
+        const QSizeF drawn(text.property("contentWidth").toDouble(),
+                           text.property("contentHeight").toDouble());
+        QRectF bounds(QPointF(), drawn);
+        bounds.moveCenter(text.mapRectToItem(&around, QRectF(QPointF(), text.size())).center());
+        for (const QQuickItem *ring : around.childItems()) {
+            if (!ring->inherits("sonavo::ProgressRing"))
+                continue;
+            const double radius = ring->width() / 2 - ring->property("lineWidth").toDouble();
+            const QPointF center = QRectF(ring->position(), ring->size()).center();
+            for (const QPointF corner :
+                 {bounds.topLeft(), bounds.topRight(), bounds.bottomLeft(), bounds.bottomRight()})
+                EXPECT_LE(QLineF(center, corner).length(), radius);
+        }
+    }
     /// A text is drawn within its own bounds, and these within every control and rectangle around it.
     static void expectLegible(const QQuickItem &text)
     {
@@ -79,6 +97,7 @@ protected:
         EXPECT_LE(text.property("contentHeight").toDouble(), text.height() + 0.5);
         const QQuickItem *inner = &text;
         for (const QQuickItem *outer = text.parentItem(); outer; outer = outer->parentItem()) {
+            expectInsideRings(text, *outer);
             if (!outer->clip() && !outer->inherits("QQuickControl") && !outer->inherits("QQuickRectangle") &&
                 outer->parentItem())
                 continue;

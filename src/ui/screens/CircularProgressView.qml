@@ -88,6 +88,10 @@ FocusScope {
 
                 ColumnLayout {
                     anchors.centerIn: parent
+                    // There is more room above the large digits than below the texts.
+                    anchors.verticalCenterOffset: -2
+                    // What the ring leaves to the texts.
+                    width: 150
                     spacing: 2
 
                     PlainText {
@@ -101,7 +105,9 @@ FocusScope {
                     }
 
                     PlainText {
-                        Layout.alignment: Qt.AlignHCenter
+                        Layout.fillWidth: true
+                        horizontalAlignment: Text.AlignHCenter
+                        wrapMode: Text.Wrap
                         text: view.foundFiles > 0
                               ? qsTr("%Ln files found", "", view.foundFiles)
                               : qsTr("of this step", "follows a percentage")
@@ -113,7 +119,9 @@ FocusScope {
                     }
 
                     PlainText {
-                        Layout.alignment: Qt.AlignHCenter
+                        Layout.fillWidth: true
+                        horizontalAlignment: Text.AlignHCenter
+                        wrapMode: Text.Wrap
                         text: qsTr("Your files stay as they are")
                         font.pixelSize: 12
                         color: Colors.textSecondary

@@ -101,6 +101,7 @@ FocusScope {
 
                 PlainText {
                     Layout.fillWidth: true
+                    wrapMode: Text.Wrap
                     text: view.viewModel.cleanUpTimeLeft
                     font.pixelSize: 13
                     color: Colors.textSecondary
