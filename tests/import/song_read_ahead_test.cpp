@@ -149,7 +149,7 @@ TEST_F(HangingDiskTest, FoldersThatHangAreLeftOutAndAfterEightOfThemTheWalkEnds)
         QList<QUrl> urls;
         for (const char *const name : names)
             urls += QUrl::fromLocalFile(folder.filePath(QString::fromLatin1(name)));
-        const AudioDiscovery discovery(urls, 200ms);
+        const AudioDiscovery discovery(urls, 500ms);
         if (!QTest::qWaitFor([&discovery] { return discovery.result().isFinished(); }, 30'000))
             throw std::runtime_error("the walk does not end");
         return discovery.result().result().join(u' ').remove(folder.path() + u'/').toStdString();
