@@ -321,7 +321,8 @@ std::optional<std::span<const Position>> FurtherMatches::matchesIfCheap(Position
     constexpr std::size_t MANY = 4096;
     begin(song, most);
     const std::size_t cost = chooseWay();
-    const bool isLarge = (m_way == Way::Window || m_way == Way::Texts) && m_window.end - m_window.begin > MANY;
+    const bool isLarge =
+        (m_way == Way::Window || m_way == Way::Texts) && m_window.end - m_window.begin > MANY;
     if (isLarge || cost > std::min(MANY, m_index.songs().size() / 32))
         return std::nullopt;
     find();
