@@ -45,7 +45,7 @@ QList<Song> manyTexts(bool areArtists)
     }
     // Too long to be looked up.
     for (int i = 0; i < 5; ++i)
-        songs << songOf(QString(60, u'x'), QString(90 + i, u'y'));
+        songs << songOf(QString(60, u'x'), QString(90, u'y') + QChar(u'a' + i));
     return songs;
 }
 
