@@ -42,6 +42,7 @@ CandidateIndex::CandidateIndex(const PreparedSongs &songs)
     , m_wordLists(songs.wordCount())
     , m_artists(songs)
     , m_grams(songs)
+    , m_fullTexts(songs)
 {}
 
 void CandidateIndex::build(std::span<const SongIndex> bucket)
@@ -63,7 +64,10 @@ void CandidateIndex::build(std::span<const SongIndex> bucket)
     m_hasArtists = longest > ARTIST_INDEX_THRESHOLD;
     if (m_hasArtists)
         m_artists.build(m_bucket);
-    m_hasGrams = longest > GRAMS_THRESHOLD && m_artists.artistCount() > MANY_ARTISTS;
+    m_hasFullTexts = longest > GRAMS_THRESHOLD && areTextsMoreDistinct();
+    if (m_hasFullTexts)
+        m_fullTexts.build(m_bucket);
+    m_hasGrams = !m_hasFullTexts && longest > GRAMS_THRESHOLD && m_artists.artistCount() > MANY_ARTISTS;
     if (m_hasGrams)
         m_grams.build(m_bucket);
 }
@@ -124,6 +128,8 @@ void CandidateIndex::remove(BucketPosition position)
     m_isRemoved[position] = 1;
     if (m_hasGrams)
         m_grams.remove(position);
+    if (m_hasFullTexts)
+        m_fullTexts.remove(position);
 }
 
 void CandidateIndex::findCandidates(std::span<const BucketPosition> seeds, Query &query) const
@@ -140,7 +146,10 @@ void CandidateIndex::findCandidates(std::span<const BucketPosition> seeds, Query
         query.m_searches.push_back({&m_bucket[seeds[i]], window.begin, window.end, &candidates});
         searched.push_back(i);
     }
-    m_grams.findMatching(query.m_searches);
+    if (m_hasFullTexts)
+        m_fullTexts.findMatching(query.m_searches);
+    else
+        m_grams.findMatching(query.m_searches);
     for (const std::size_t i : searched)
         dropRepeated(seeds[i], query, query.m_candidates[i]);
 }
@@ -153,7 +162,7 @@ bool CandidateIndex::propose(BucketPosition seed, Query &query, Candidates &cand
         return true;
     const std::size_t byWindow = window.end - window.begin;
     const std::size_t least = std::min(byWords, byWindow);
-    if (m_hasGrams && least > GRAMS_THRESHOLD)
+    if ((m_hasGrams || m_hasFullTexts) && least > GRAMS_THRESHOLD)
         return false;
     // Finding the matching artists takes a look at every artist.
     if (m_hasArtists && least > m_artists.artistCount() / ARTISTS_PER_SONG &&
@@ -179,6 +188,23 @@ CandidateIndex::Window CandidateIndex::windowOf(const PreparedSong &seed) const
     });
     return {static_cast<BucketPosition>(begin - m_bucket.begin()),
             static_cast<BucketPosition>(end - m_bucket.begin())};
+}
+
+bool CandidateIndex::areTextsMoreDistinct() const
+{
+    constexpr std::size_t SAMPLES = 256;
+    // Neighbours play for about as long, and some have copies beside them.
+    constexpr std::size_t STEP = 7;
+    std::size_t ofSimilarArtists = 0;
+    std::size_t ofMatchingTexts = 0;
+    for (std::size_t i = 0; i < SAMPLES; ++i) {
+        const std::size_t first = i * (m_bucket.size() - STEP) / SAMPLES;
+        const PreparedSong &a = m_bucket[first];
+        const PreparedSong &b = m_bucket[first + 1 + i % STEP];
+        ofSimilarArtists += artistsMatch(m_songs, a, b) ? 1U : 0U;
+        ofMatchingTexts += textsMatch(m_songs, a, b) ? 1U : 0U;
+    }
+    return ofSimilarArtists >= SAMPLES / 8 && ofMatchingTexts <= ofSimilarArtists / 2;
 }
 
 std::span<const BucketPosition> CandidateIndex::songsWith(std::uint32_t word, Window window) const

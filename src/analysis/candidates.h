@@ -2,6 +2,7 @@
 
 #include "analysis/artist_grams.h"
 #include "analysis/artist_index.h"
+#include "analysis/full_texts.h"
 #include "analysis/prepared_songs.h"
 
 #include <cstddef>
@@ -31,6 +32,7 @@ namespace sonavo {
 ///    - The artists (ArtistIndex). Matching songs have matching artists. Slow where most songs are by one
 ///      artist, or by none, or where there are very many artists.
 ///    - Parts of the artists (ArtistGrams), where there are very many artists.
+///    - The texts that the second condition looks at (FullTexts), where most artists are similar.
 ///    - The window itself, less the songs whose artists have too few pairs of characters in common.
 ///    Of the artists' songs and of the window, songs are left out whose titles, file names and full texts are
 ///    all too different (mayBeSimilar()).
@@ -129,11 +131,13 @@ private:
     [[nodiscard]] std::size_t largestFullDistance(BucketPosition seed) const;
     void sort(std::span<const SongIndex> bucket);
     void listWords();
+    /// Whether texts tell more songs apart than artists do, where those tell few.
+    [[nodiscard]] bool areTextsMoreDistinct() const;
     [[nodiscard]] Window windowOf(const PreparedSong &seed) const;
     [[nodiscard]] std::span<const BucketPosition> songsWith(std::uint32_t word, Window window) const;
     [[nodiscard]] std::size_t countByWords(const PreparedSong &seed, Window window) const;
     using Candidates = std::vector<BucketPosition>;
-    /// @return false if the seed is left to findByGrams()
+    /// @return false if the seed is to be looked for together with others
     [[nodiscard]] bool propose(BucketPosition seed, Query &query, Candidates &candidates) const;
     void proposeByWords(BucketPosition seed, Window window, Query &query, Candidates &candidates) const;
     void proposeWindow(BucketPosition seed, Window window, Candidates &candidates) const;
@@ -164,6 +168,9 @@ private:
     /// Built only where that can take long and the artists are many.
     ArtistGrams m_grams;
     bool m_hasGrams = false;
+    /// Built instead where most artists are similar and few texts are.
+    FullTexts m_fullTexts;
+    bool m_hasFullTexts = false;
 };
 
 } // namespace sonavo

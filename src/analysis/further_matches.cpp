@@ -321,7 +321,8 @@ std::optional<std::span<const Position>> FurtherMatches::matchesIfCheap(Position
     constexpr std::size_t MANY = 4096;
     begin(song, most);
     const std::size_t cost = chooseWay();
-    const bool isLarge = (m_way == Way::Window || m_way == Way::Texts) && m_window.end - m_window.begin > MANY;
+    const bool isLarge =
+        (m_way == Way::Window || m_way == Way::Texts) && m_window.end - m_window.begin > MANY;
     if (isLarge || cost > std::min(MANY, m_index.songs().size() / 32))
         return std::nullopt;
     find();
@@ -361,8 +362,7 @@ std::size_t FurtherMatches::chooseWay()
 {
     const FurtherArtists::Artist self = m_index.artists().of(m_song);
     const std::size_t count = m_areArtistsKnown ? m_groupedCount : m_window.end - m_window.begin;
-    // The texts of most of them are not read.
-    const std::size_t cost = m_areArtistsKnown ? count / 3 : count / PLACED_PER_COMPARED;
+    const std::size_t cost = m_areArtistsKnown ? count / 3 : costOfWindow();
     m_way = m_areArtistsKnown ? Way::SimilarArtists : Way::Window;
     if (!m_index.hasKeysFor(self) || count <= m_index.fewSongs())
         return cost;
@@ -376,6 +376,21 @@ std::size_t FurtherMatches::chooseWay()
     if (least < cost)
         m_way = least == proposed ? Way::Keys : Way::Texts;
     return least;
+}
+
+std::size_t FurtherMatches::costOfWindow() const
+{
+    // Songs of similar artists are compared; a few tell how many those are.
+    constexpr std::size_t SAMPLES = 32;
+    const FurtherArtists &artists = m_index.artists();
+    const FurtherArtists::Artist self = artists.of(m_song);
+    const std::size_t count = m_window.end - m_window.begin;
+    std::size_t similar = 0;
+    for (std::size_t i = 0; i < SAMPLES; ++i) {
+        const auto song = static_cast<Position>(m_window.begin + i * count / SAMPLES);
+        similar += artists.mayBeSimilar(self, artists.of(song)) ? 1U : 0U;
+    }
+    return count / PLACED_PER_COMPARED + count * similar / SAMPLES;
 }
 
 void FurtherMatches::find()

@@ -204,6 +204,7 @@ private:
     /// Decides how to find the matches.
     /// @return about how many songs have to be read from memory
     std::size_t chooseWay();
+    [[nodiscard]] std::size_t costOfWindow() const;
     void find();
 
     /// A song that is compared with those of similar artists in its window, where similar artists are not

@@ -54,22 +54,13 @@ bool oneContainsTheOther(const QString &a, const QString &b)
     return loweredA.size() >= loweredB.size() ? loweredA.contains(loweredB) : loweredB.contains(loweredA);
 }
 
-bool titlesOrNamesMatch(const PreparedSongs &songs, const PreparedSong &a, const PreparedSong &b)
-{
-    return areFullTextsSimilar(songs, a, b) ||
-           (mayOneContainTheOther(a.titleLength, b.titleLength, a.titleBigrams, b.titleBigrams) &&
-            oneContainsTheOther(songs.song(a).title, songs.song(b).title)) ||
-           (mayOneContainTheOther(a.nameLength, b.nameLength, a.nameBigrams, b.nameBigrams) &&
-            oneContainsTheOther(songs.song(a).name, songs.song(b).name));
-}
-
 } // namespace
 
 bool songsMatch(const PreparedSongs &songs, const PreparedSong &seed, const PreparedSong &candidate)
 {
     // The order changes only the speed: the sooner a condition fails, the less there is to do.
     return durationsMatch(seed, candidate) && artistsMatch(songs, seed, candidate) &&
-           titlesOrNamesMatch(songs, seed, candidate) && shareTitleWord(songs, seed, candidate);
+           textsMatch(songs, seed, candidate) && shareTitleWord(songs, seed, candidate);
 }
 
 bool artistsMatch(const PreparedSongs &songs, const PreparedSong &a, const PreparedSong &b)
@@ -82,6 +73,15 @@ bool artistsMatch(const PreparedSongs &songs, const PreparedSong &a, const Prepa
            mayBeWithin(limit, a.artistPairs, b.artistPairs) &&
            calculateSimilarity(songs.artistOf(a), songs.artistOf(b), MATCH_ARTIST_SIMILARITY) >=
                MATCH_ARTIST_SIMILARITY;
+}
+
+bool textsMatch(const PreparedSongs &songs, const PreparedSong &a, const PreparedSong &b)
+{
+    return areFullTextsSimilar(songs, a, b) ||
+           (mayOneContainTheOther(a.titleLength, b.titleLength, a.titleBigrams, b.titleBigrams) &&
+            oneContainsTheOther(songs.song(a).title, songs.song(b).title)) ||
+           (mayOneContainTheOther(a.nameLength, b.nameLength, a.nameBigrams, b.nameBigrams) &&
+            oneContainsTheOther(songs.song(a).name, songs.song(b).name));
 }
 
 bool artistsCompatible(const PreparedSongs &songs, const PreparedSong &duplicate,

@@ -34,6 +34,9 @@ inline constexpr std::size_t MATCH_WORD_LENGTH = 3;
 /// The third condition of songsMatch() alone.
 [[nodiscard]] bool artistsMatch(const PreparedSongs &songs, const PreparedSong &a, const PreparedSong &b);
 
+/// The second condition alone.
+[[nodiscard]] bool textsMatch(const PreparedSongs &songs, const PreparedSong &a, const PreparedSong &b);
+
 /// Whether two songs can be in one group of the first step: their artists share a word of any length, or one
 /// of the songs has no artist at all.
 [[nodiscard]] bool artistsCompatible(const PreparedSongs &songs, const PreparedSong &duplicate,

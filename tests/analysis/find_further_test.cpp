@@ -2,12 +2,14 @@
 #include "analysis/find_further.h"
 #include "analysis/further_matches.h"
 #include "generators/library_generator.h"
+#include "generators/random_source.h"
 #include "testing/arbitrary_songs.h"
 
 #include <gmock/gmock.h>
 #include <rapidcheck/gtest.h>
 
 #include <algorithm>
+#include <iterator>
 #include <vector>
 
 namespace sonavo {
@@ -112,9 +114,66 @@ TEST(FurtherArtists, ListsEveryArtistThatIsSimilar)
     }
 }
 
+/// Songs of one title whose artists resemble one another, or not, through a third that has few songs itself.
+QList<Song> artistsBetween()
+{
+    QList<Song> songs = medleys();
+    for (qsizetype i = 0; i < songs.size(); ++i) {
+        const QStringView artists[] = {u"aaaaaaabbb", u"aaaabbbbbb", u"aaaaaaaaaa"};
+        songs[i].artist = artists[std::min<qsizetype>(i % 50, 2)].toString();
+        if (i % 50 == 1)
+            songs[i].title = songs[i - 1].title;
+    }
+    return songs;
+}
+
+/// Artists of the same letters in another order, some of them a few edits from the one before.
+QList<Song> shuffledArtists()
+{
+    RandomSource random(6);
+    QList<Song> songs;
+    QString artist = u"abcdefghijklmnopqrstuvwxyz01abcdefghijklmnopqrstuvwxyz0123"_s;
+    for (int i = 0; i < 600; ++i) {
+        for (int swaps = i % 3 == 0 ? 200 : 4; swaps > 0; --swaps)
+            std::swap(artist[static_cast<qsizetype>(random.below(58))],
+                      artist[static_cast<qsizetype>(random.below(58))]);
+        songs << songOf(artist, u"Night"_s, 180.0 + 0.01 * (i * 37 % 600));
+    }
+    return songs;
+}
+
+/// Titles of few lengths that are all a little alike, some with a number or a tail.
+QList<Song> titlesALittleAlike()
+{
+    RandomSource random(4);
+    QList<Song> songs;
+    for (int i = 0; i < 900; ++i) {
+        QString title = u"night of the montgomery wilson quartet in rome"_s;
+        for (std::size_t edits = random.below(9); edits > 0; --edits)
+            title[static_cast<qsizetype>(6 + random.below(40))] =
+                QChar(u'a' + static_cast<char16_t>(random.below(26)));
+        songs << songOf(i % 90 < 80 ? u"Queen"_s : u"Queens"_s, title, 180.0 + 0.01 * (i * 37 % 900));
+        if (i % 10 == 3)
+            songs.last().title.prepend(u"0%1 - "_s.arg(i % 7));
+        if (i % 10 > 7)
+            songs.last().title += i % 3 == 0 ? u" (Live)"_s : u" (Live in the Castle)"_s;
+    }
+    return songs;
+}
+
+using Positions = std::vector<FurtherSongs::Position>;
+
+Positions sortedMatchesOf(FurtherMatches &matches, FurtherSongs::Position song)
+{
+    const auto found = matches.matchesOf(song, SIZE_MAX);
+    Positions sorted(found.begin(), found.end());
+    std::sort(sorted.begin(), sorted.end());
+    return sorted;
+}
+
 TEST(FurtherMatches, FindsEverySongThatMatches)
 {
-    // Large enough that the index is asked for most songs.
+    // Large enough that the indexes are asked for most songs.
     QList<Song> alike = medleys();
     for (qsizetype i = 0; i < alike.size(); ++i) {
         alike[i].artist = u"quartetofnames"_s;
@@ -122,17 +181,31 @@ TEST(FurtherMatches, FindsEverySongThatMatches)
         alike[i].artist[7 + i % 5] = QChar(char16_t(u'a' + i % 11));
     }
     const QList<Song> one = generateLibrary({.songs = 600, .kind = LibraryKind::NumberedTracks, .seed = 5});
-    for (const QList<Song> &library : {medleys(), alike, one}) {
+    for (const QList<Song> &library :
+         {medleys(), alike, one, artistsBetween(), shuffledArtists(), titlesALittleAlike()}) {
         const FurtherSongs songs(library, {});
-        const FurtherIndex index(songs, {});
+        FurtherIndex index(songs, {});
         FurtherMatches matches(index);
+        FurtherMatches matchesLeft(index);
+        std::vector<Positions> expected(songs.size());
         for (FurtherSongs::Position song = 0; song < songs.size(); ++song) {
-            std::vector<FurtherSongs::Position> expected;
             for (FurtherSongs::Position other = 0; other < songs.size(); ++other) {
                 if (other != song && songsMatchFurther(songs[song], songs[other]))
-                    expected.push_back(other);
+                    expected[song].push_back(other);
             }
-            EXPECT_THAT(matches.matchesOf(song, songs.size()), testing::UnorderedElementsAreArray(expected));
+            EXPECT_EQ(sortedMatchesOf(matches, song), expected[song]);
+        }
+        index.placeTexts({});
+        for (FurtherSongs::Position song = 0; song < songs.size(); ++song) {
+            Positions left;
+            std::copy_if(expected[song].begin(), expected[song].end(), std::back_inserter(left),
+                         [song](FurtherSongs::Position other) { return other % 4 != 0 || other > song; });
+            EXPECT_EQ(sortedMatchesOf(matches, song), expected[song]);
+            EXPECT_EQ(sortedMatchesOf(matchesLeft, song), left);
+            if (song % 4 == 0) {
+                matchesLeft.remove(song);
+                index.remove(song);
+            }
         }
     }
 }
