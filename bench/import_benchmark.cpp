@@ -23,6 +23,7 @@
 #include <cstdlib>
 #include <exception>
 #include <functional>
+#include <malloc.h>
 #include <optional>
 #include <span>
 #include <stdexcept>
@@ -280,6 +281,9 @@ void measureCold(int argc, char **argv)
 
 void showInWindow(int argc, char **argv, const char *folder)
 {
+    // As the program does.
+    constexpr int LARGE_BLOCK = 128 * 1024;
+    ::mallopt(M_MMAP_THRESHOLD, LARGE_BLOCK);
     useOffscreenWindows();
     const QTemporaryDir settings;
     qputenv("XDG_CONFIG_HOME", QFile::encodeName(settings.path()));
