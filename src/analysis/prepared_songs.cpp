@@ -10,12 +10,13 @@
 
 #include <algorithm>
 #include <functional>
+#include <utility>
 
 namespace sonavo {
 namespace {
 
 constexpr std::size_t SONGS_PER_BLOCK = 1024;
-constexpr std::size_t PARTS_AT_A_TIME = 64;
+constexpr std::size_t PARTS_AT_A_TIME = 32;
 
 /// As normalising "artist - title" would give it.
 void joinInto(std::string &result, std::string_view artist, std::string_view title)
@@ -74,9 +75,11 @@ PreparedSongs::PreparedSongs(QList<Song> songs, const std::stop_token &stop)
     IdTable names;
     names.reserve(count);
     std::vector<SongIndex> firstOfName;
+    firstOfName.reserve(count);
     IdTable paths;
     paths.reserve(count);
     std::vector<SongIndex> firstOfPath;
+    firstOfPath.reserve(count);
 
     const auto addNames = [&](std::span<const Texts> parts) {
         for (const Texts &part : parts) {
@@ -125,6 +128,9 @@ PreparedSongs::PreparedSongs(QList<Song> songs, const std::stop_token &stop)
         });
         begin += partCount * SONGS_PER_BLOCK;
     }
+    m_artists.finish();
+    m_titles.finish();
+    m_wordCount = std::exchange(m_words, {}).size();
 }
 
 void PreparedSongs::prepare(SongIndex begin, Texts &texts)

@@ -75,7 +75,7 @@ public:
     /// Ids of the title's words of at least MATCH_WORD_LENGTH characters, ascending, each once.
     [[nodiscard]] std::span<const std::uint32_t> titleWordsOf(const PreparedSong &song) const;
     /// Word ids are below this.
-    [[nodiscard]] std::size_t wordCount() const { return m_words.size(); }
+    [[nodiscard]] std::size_t wordCount() const { return m_wordCount; }
 
 private:
     struct Texts;
@@ -90,7 +90,9 @@ private:
     std::vector<std::uint32_t> m_pathIds;
     StringPool m_artists;
     StringPool m_titles;
+    /// Empty once all songs are prepared.
     StringPool m_words;
+    std::size_t m_wordCount = 0;
     /// The words of all titles one after the other, and for each title where they end.
     std::vector<std::uint32_t> m_titleWords;
     std::vector<std::size_t> m_titleWordEnds;

@@ -47,6 +47,9 @@ public:
 
     [[nodiscard]] std::size_t size() const { return m_ends.size(); }
 
+    /// Releases what only add() needs, which may not be called any more.
+    void finish() { m_ids = {}; }
+
 private:
     IdTable m_ids;
     std::basic_string<Character> m_characters;

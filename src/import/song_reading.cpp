@@ -10,31 +10,33 @@
 namespace sonavo {
 namespace {
 
-/// The end of a text, sharing its memory: half a million names of their own take 55 MB.
-QString sharedEnd(const QString &text, qsizetype start)
+/// A part of a text, sharing its memory: half a million names and titles of their own take 100 MB. No zero
+/// follows the characters unless the part ends the text, which only functions of other libraries than Qt
+/// would need.
+QString sharedPart(const QString &text, QStringView part)
 {
-    QString::DataPointer end = text.data_ptr();
-    end.setBegin(end.data() + start);
-    end.size -= start;
-    return QString(std::move(end));
+    QString::DataPointer shared = text.data_ptr();
+    shared.setBegin(shared.data() + (part.data() - text.constData()));
+    shared.size = part.size();
+    return QString(std::move(shared));
 }
 
 /// The file name without its last extension.
-QString baseName(const QString &name)
+QStringView baseName(QStringView name)
 {
     const qsizetype dot = name.lastIndexOf(u'.');
     return dot >= 0 && dot + 1 < name.size() ? name.first(dot) : name;
 }
 
 /// Without spaces and tabs at both ends; other white space stays.
-QString trimmed(QStringView text)
+QStringView trimmed(QStringView text)
 {
     const auto isBlank = [](QChar character) { return character == u' ' || character == u'\t'; };
     while (!text.isEmpty() && isBlank(text.front()))
         text = text.sliced(1);
     while (!text.isEmpty() && isBlank(text.back()))
         text.chop(1);
-    return text.toString();
+    return text;
 }
 
 QString folderNameOf(QStringView folder)
@@ -92,19 +94,20 @@ Song SongBuilder::build(const QString &path, const AudioFileInfo &info)
     Song song;
     song.id = randomId();
     song.path = path;
-    song.name = sharedEnd(path, slash + 1);
+    const QStringView name = QStringView(path).sliced(slash + 1);
+    song.name = sharedPart(path, name);
     song.duration = info.duration;
     song.size = info.size;
     song.fileType = m_fileType;
-    const QString base = baseName(song.name);
+    const QStringView base = baseName(name);
     const qsizetype hyphen = base.indexOf(u'-');
     if (hyphen >= 0) {
-        if (const QString artist = trimmed(QStringView(base).first(hyphen)); artist != m_artist)
-            m_artist = artist;
+        if (const QStringView artist = trimmed(base.first(hyphen)); artist != m_artist)
+            m_artist = artist.toString();
         song.artist = m_artist;
-        song.title = trimmed(QStringView(base).sliced(hyphen + 1));
+        song.title = sharedPart(path, trimmed(base.sliced(hyphen + 1)));
     } else {
-        song.title = base;
+        song.title = sharedPart(path, base);
     }
     song.folderName = m_folderName;
     return song;

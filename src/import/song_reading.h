@@ -38,7 +38,7 @@ struct AudioFileInfo
 
 /// Makes songs of audio files. Artist and title are the parts of the file name before and after its first
 /// hyphen; tags inside a file do not count. Songs that follow each other share the memory of equal artists,
-/// folder names and types, and a name shares that of its path.
+/// folder names and types; name and title share that of their path.
 class SongBuilder
 {
 public:

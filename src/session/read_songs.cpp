@@ -29,7 +29,7 @@ QCoro::Task<std::optional<ReadSongs>> readSongs(QStringList files, std::shared_p
             co_return std::nullopt;
         for (const auto &file : batch) {
             if (file) {
-                result.songs.append(builder.build(files[processed], *file));
+                result.songs.append(builder.build(files.at(processed), *file));
                 result.notes.append(file->note);
                 result.lossless.add(result.songs.last(), file->isLossless);
             }

@@ -146,6 +146,7 @@ TEST_F(WindowTest, ShowsAScanFromItsStartAndTheResultsAfterwards)
         return shows(session.scanMessage()) &&
                shows(QString::number(static_cast<int>(session.progress() * 100)) + u'%');
     }));
+    [[maybe_unused]] const QImage drawn = window->grabWindow(); // lays everything out
     EXPECT_FALSE(shows(WELCOME));
     EXPECT_THAT(buttons(), ElementsAre(CANCEL_SCAN, TO_DARK)) << "there is nothing to work with yet";
     expectAccessible();
