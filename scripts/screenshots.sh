@@ -1,5 +1,6 @@
 #!/usr/bin/env bash
-# Installs what is missing and takes pictures of every screen, in both themes, at three sizes, once and twice as fine.
+# Installs what is missing and takes pictures of every screen, in both themes, at two sizes, and with high contrast at
+# the smaller one, once and twice as fine.
 #
 #     scripts/screenshots.sh [FOLDER [LANGUAGE]]
 #

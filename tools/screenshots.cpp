@@ -1,5 +1,5 @@
-// Takes pictures of every screen of the real window, in both themes with and without high contrast, at two
-// sizes, without a display.
+// Takes pictures of every screen of the real window, in both themes at several sizes, and with high contrast
+// at the smallest, without a display.
 //
 //     screenshots FOLDER SONGS [LANGUAGE]
 //
@@ -24,6 +24,7 @@
 #include <functional>
 #include <memory>
 #include <tuple>
+#include <utility>
 
 namespace sonavo {
 namespace {
@@ -216,7 +217,10 @@ void takePictures(const QString &folder, const QString &songs, const QString &sc
     for (const auto &[theme, isHighContrast, themeName] : looks) {
         ThemeManager::shared()->setCurrentTheme(theme);
         ThemeManager::shared()->setWishes({.isHighContrast = isHighContrast});
-        for (const QSize size : {QSize(900, 600), QSize(1440, 900)}) {
+        QList<QSize> sizes{QSize(900, 600)};
+        if (!isHighContrast)
+            sizes.append(QSize(1440, 900));
+        for (const QSize size : std::as_const(sizes)) {
             for (const Screen &screen : scanScreens(songs) + cleanUpScreens(songs)) {
                 FakeDesktop desktop;
                 Scene scene(desktop, size, screen.pauses);

@@ -120,9 +120,9 @@ Item {
     // The badge's colours are legible on this surface, not on the row's.
     Rectangle {
         anchors.left: parent.left
-        anchors.leftMargin: TableColumns.badgeX - 5
+        anchors.leftMargin: TableColumns.badgeX - TableColumns.badgePadding
         anchors.verticalCenter: parent.verticalCenter
-        width: TableColumns.badgeWidth + 10
+        width: TableColumns.badgeWidth + 2 * TableColumns.badgePadding
         height: 20
         radius: 5
         color: Colors.background
@@ -139,7 +139,7 @@ Item {
 
     Cell {
         anchors.left: parent.left
-        anchors.leftMargin: TableColumns.badgeX + TableColumns.badgeWidth + TableColumns.spacing
+        anchors.leftMargin: TableColumns.badgeX + TableColumns.badgeWidth + TableColumns.badgePadding + TableColumns.spacing
         anchors.right: parent.right
         anchors.rightMargin: TableColumns.nameEndOffset
         text: row.name

@@ -28,6 +28,8 @@ QtObject {
     readonly property real badgeX: margin + playWidth + spacing
     readonly property font badgeFont: Qt.font({ pixelSize: 12, weight: Font.DemiBold })
     readonly property real badgeWidth: Math.ceil(Math.max(originalTitle.advanceWidth, duplicateTitle.advanceWidth))
+    // Of the surface behind the text.
+    readonly property real badgePadding: 5
 
     // Distances from the right edge of the row to the left edges of the columns, and to the end of the name.
     readonly property real trashOffset: margin + trashWidth
