@@ -125,6 +125,8 @@ QList<Screen> scanScreens(const QString &songs)
          [songs](Scene &scene) {
              const QUrl song = QUrl::fromLocalFile(songs + u"/none.mp3"_s);
              scene.session.importDroppedItems(QList<QUrl>(500'001, song));
+             if (!Scene::waitFor([&scene] { return scene.session.showAlert(); }))
+                 qFatal("there is no alert");
          }},
         {u"results"_s, [songs](Scene &scene) { scene.scan(songs); }},
         {u"further"_s,

@@ -121,7 +121,8 @@
     <message>
         <source>%1%</source>
         <comment>a percentage</comment>
-        <translation>%L1٪</translation>
+        <translatorcomment>Ends with an Arabic letter mark (U+061C): without it the sign would be on the right of the digits.</translatorcomment>
+        <translation>%L1٪؜</translation>
     </message>
     <message>
         <source>of this step</source>
@@ -290,7 +291,8 @@
     <message>
         <source>%1%</source>
         <comment>a percentage</comment>
-        <translation>%L1٪</translation>
+        <translatorcomment>Ends with an Arabic letter mark (U+061C): without it the sign would be on the right of the digits.</translatorcomment>
+        <translation>%L1٪؜</translation>
     </message>
     <message>
         <source>Stopping…</source>

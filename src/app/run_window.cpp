@@ -55,7 +55,7 @@ void handleStartMessage(QtMsgType type, const QMessageLogContext & /*context*/, 
 /// @return the exit status when nothing is left to do
 std::optional<ExitStatus> shareWindow(ApplicationService &service, const WindowRequest &request)
 {
-    if (!doesSessionBusAnswer(1s)) {
+    if (!doesSessionBusAnswer(500ms)) {
         // Qt would wait for it, or start one.
         qputenv("DBUS_SESSION_BUS_ADDRESS", "disabled:");
         return {};

@@ -124,10 +124,12 @@ TEST_P(InLanguage, EveryTextFits)
     expectLegible(u"welcome"_s);
     const QUrl song = SAMPLES.first().resolved(QUrl(u"none.mp3"_s));
     session.importDroppedItems(QList<QUrl>(10'001, song));
+    EXPECT_TRUE(waitFor([this] { return session.showLimitWarning(); }));
     QTest::qWait(200);
     expectLegible(u"warning"_s);
     session.clearAll();
     session.importDroppedItems(QList<QUrl>(500'001, song));
+    EXPECT_TRUE(waitFor([this] { return session.showAlert(); }));
     QTest::qWait(200);
     expectLegible(u"alert"_s);
     session.clearAll();

@@ -61,6 +61,8 @@ Rectangle {
 
     component Hint: ElidedText {
         width: parent.width
+        fontSizeMode: Text.HorizontalFit
+        minimumPixelSize: 10
         font.pixelSize: 12
         Accessible.role: Accessible.StaticText
         Accessible.name: text

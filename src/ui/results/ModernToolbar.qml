@@ -51,6 +51,8 @@ Rectangle {
         // Why the two buttons before it are disabled.
         PlainText {
             Layout.fillWidth: true
+            // What the others leave.
+            Layout.preferredWidth: 0
             text: toolbar.filterNote
             wrapMode: Text.Wrap
             maximumLineCount: 2
@@ -100,7 +102,11 @@ Rectangle {
     }
 
     component ToolbarButton: ModernButtonStyle {
+        // Where fonts are wide and numbers are large, it gives up its margins and then shrinks its text.
+        Layout.fillWidth: true
+        Layout.minimumWidth: implicitWidth * 0.85
         Layout.preferredWidth: Math.max(115, implicitWidth + 12)
+        Layout.maximumWidth: Layout.preferredWidth
         symbolSize: 15
         font.pixelSize: 13
     }

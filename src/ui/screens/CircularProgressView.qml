@@ -97,6 +97,10 @@ FocusScope {
                     PlainText {
                         id: percentage
                         Layout.alignment: Qt.AlignHCenter
+                        Layout.preferredWidth: 130
+                        horizontalAlignment: Text.AlignHCenter
+                        fontSizeMode: Text.HorizontalFit
+                        minimumPixelSize: 30
                         text: qsTr("%1%", "a percentage").arg(ring.percentage)
                         font.pixelSize: 44
                         font.bold: true

@@ -14,7 +14,7 @@ Rectangle {
     function openMenu() {
         const first = menuBar.itemAt(0) as MenuBarItem;
         first.forceActiveFocus(Qt.MenuBarFocusReason);
-        first.clicked();
+        first.triggered();
     }
 
     implicitHeight: 36
@@ -40,7 +40,7 @@ Rectangle {
                 color: Colors.textPrimary
                 Accessible.role: Accessible.MenuItem
                 Accessible.name: text
-                Accessible.onPressAction: item.clicked()
+                Accessible.onPressAction: item.triggered()
             }
             background: Rectangle {
                 radius: 6
