@@ -146,6 +146,8 @@ void CandidateIndex::findCandidates(std::span<const BucketPosition> seeds, Query
         query.m_searches.push_back({&m_bucket[seeds[i]], window.begin, window.end, &candidates});
         searched.push_back(i);
     }
+    if (searched.empty())
+        return;
     if (m_hasFullTexts)
         m_fullTexts.findMatching(query.m_searches);
     else

@@ -30,7 +30,7 @@ struct Table
     std::ptrdiff_t highest = 0;
     std::ptrdiff_t last = 0;
     std::size_t limit = 0;
-    /// Parts of the index that are asked for, and the texts of the first and the last of them.
+    /// The parts of the index that are asked for: from the first to before the end.
     std::size_t firstPart = 0;
     std::size_t endPart = 0;
 };
@@ -65,7 +65,8 @@ struct Table
     left &= ~carry;
 }
 
-/// The same number of diagonals as a constant, so that the runs on them stay in registers, or any.
+/// How many diagonals there are: a constant for few, so that what is computed on them stays in registers, or
+/// any number (0).
 template <std::size_t DIAGONALS>
 struct Diagonals
 {

@@ -86,7 +86,7 @@ void Clustering::takeSeeds()
 void Clustering::compareSeeds()
 {
     const std::size_t partSize =
-        std::clamp<std::size_t>(m_seedCount / (2 * computingThreads()), 1, SEEDS_AT_A_TIME);
+        std::clamp<std::size_t>(m_seedCount / (2 * m_queries.size()), 1, SEEDS_AT_A_TIME);
     const auto queryOf = [this](std::size_t thread) { return &m_queries[thread]; };
     forEachInParallel((m_seedCount + partSize - 1) / partSize, 1, {}, queryOf,
                       [&](CandidateIndex::Query *query, std::size_t part) {

@@ -8,6 +8,7 @@
 #include <cstdint>
 #include <optional>
 #include <span>
+#include <string>
 #include <vector>
 
 namespace sonavo {
@@ -55,10 +56,11 @@ private:
     void findContaining(std::size_t block, const Search &search) const;
 
     const PreparedSongs &m_songs;
+    /// By length.
     std::vector<Group> m_groups;
-    /// By position in the bucket: the index in Group::songs.
-    std::vector<std::uint32_t> m_numbers;
+    /// By position in the bucket: the song's group and its index in Group::songs.
     std::vector<std::uint32_t> m_lengths;
+    std::vector<std::uint32_t> m_numbers;
     /// PreparedSong::titleBigrams and nameBigrams, by block of songs: for each bit those that have it.
     std::vector<std::uint64_t> m_titleBits;
     std::vector<std::uint64_t> m_nameBits;

@@ -145,6 +145,10 @@ private:
 /// - The other title contains this one. It has all of its words and grams, the rarest among them.
 /// - This title contains the other one. The other is a row of words of this one: each row is looked up.
 ///
+/// Where nearly all grams are common, similar texts are found by character and place instead (placeTexts()).
+/// Where similar artists are not known, because too many artists are alike, they are found in the same way
+/// among all artists of the window, unless the keys propose fewer songs.
+///
 /// Words and titles that very many songs have are combined with grams of the artist (two characters): by the
 /// third condition the artists are similar, so the same principle holds for them.
 ///
