@@ -3,7 +3,7 @@
 set -euo pipefail
 source "$(dirname -- "${BASH_SOURCE[0]}")/prepare.sh"
 
-install_packages "${BUILD_PACKAGES[@]}" dpkg-dev
+install_packages "${BUILD_PACKAGES[@]}" dpkg-dev file
 build release
 cd "$root/build/release"
 rm -f sonavo_*.deb
