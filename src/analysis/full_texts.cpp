@@ -13,13 +13,13 @@ namespace sonavo {
 namespace {
 
 /// Fewer songs than this are looked through as fast.
-constexpr std::size_t FEW_SONGS = 256;
+constexpr std::size_t FEW_TEXTS = 256;
 
-constexpr std::size_t BITS = 64;
+constexpr std::size_t WORD_BITS = 64;
 /// Words that are looked at together.
 constexpr std::size_t WORDS = 4;
-constexpr std::size_t SONGS_PER_BLOCK = WORDS * BITS;
-constexpr std::size_t WORDS_PER_BLOCK = BITS * WORDS;
+constexpr std::size_t BLOCK_SONGS = WORDS * WORD_BITS;
+constexpr std::size_t BLOCK_WORDS = WORD_BITS * WORDS;
 using Words = std::array<std::uint64_t, WORDS>;
 
 bool isEmpty(const Words &words)
@@ -50,9 +50,8 @@ void addContaining(Words &found, const Words &left, std::uint64_t bits, const st
 void addToRows(std::vector<std::uint64_t> &rows, BucketPosition song, std::uint64_t bits)
 {
     for (; bits != 0; bits &= bits - 1)
-        rows[song / SONGS_PER_BLOCK * WORDS_PER_BLOCK +
-             static_cast<std::size_t>(std::countr_zero(bits)) * WORDS + song / BITS % WORDS] |=
-            std::uint64_t{1} << song % BITS;
+        rows[song / BLOCK_SONGS * BLOCK_WORDS + static_cast<std::size_t>(std::countr_zero(bits)) * WORDS +
+             song / WORD_BITS % WORDS] |= std::uint64_t{1} << song % WORD_BITS;
 }
 
 } // namespace
@@ -65,9 +64,9 @@ void FullTexts::build(std::span<const PreparedSong> bucket)
     m_groups.assign(std::size_t{longest} + 1, {});
     m_numbers.resize(bucket.size());
     m_lengths.resize(bucket.size());
-    const std::size_t blocks = (bucket.size() + SONGS_PER_BLOCK - 1) / SONGS_PER_BLOCK;
-    m_titleBits.assign(blocks * WORDS_PER_BLOCK, 0);
-    m_nameBits.assign(blocks * WORDS_PER_BLOCK, 0);
+    const std::size_t blocks = (bucket.size() + BLOCK_SONGS - 1) / BLOCK_SONGS;
+    m_titleBits.assign(blocks * BLOCK_WORDS, 0);
+    m_nameBits.assign(blocks * BLOCK_WORDS, 0);
     m_left.assign(blocks * WORDS, 0);
     for (BucketPosition i = 0; i < bucket.size(); ++i) {
         Group &group = m_groups[bucket[i].fullLength];
@@ -77,12 +76,12 @@ void FullTexts::build(std::span<const PreparedSong> bucket)
         group.pairs.push_back(bucket[i].fullPairs);
         addToRows(m_titleBits, i, bucket[i].titleBigrams);
         addToRows(m_nameBits, i, bucket[i].nameBigrams);
-        m_left[i / BITS] |= std::uint64_t{1} << i % BITS;
+        m_left[i / WORD_BITS] |= std::uint64_t{1} << i % WORD_BITS;
     }
     for (std::size_t length = 0; length < m_groups.size(); ++length) {
         Group &group = m_groups[length];
         group.length = length;
-        if (group.songs.size() <= FEW_SONGS || length > LONGEST_PLACED)
+        if (group.songs.size() <= FEW_TEXTS || length > LONGEST_PLACED)
             continue;
         group.places.emplace();
         group.places->build(
@@ -93,7 +92,7 @@ void FullTexts::build(std::span<const PreparedSong> bucket)
 
 void FullTexts::remove(BucketPosition position)
 {
-    m_left[position / BITS] &= ~(std::uint64_t{1} << position % BITS);
+    m_left[position / WORD_BITS] &= ~(std::uint64_t{1} << position % WORD_BITS);
     Group &group = m_groups[m_lengths[position]];
     if (group.places)
         group.places->remove(m_numbers[position]);
@@ -106,8 +105,8 @@ void FullTexts::findMatching(std::span<const Search> searches) const
     std::size_t endBlock = 0;
     for (const Search &search : searches) {
         texts.push_back(m_songs.fullTextOf(*search.song));
-        firstBlock = std::min<std::size_t>(firstBlock, search.begin / SONGS_PER_BLOCK);
-        endBlock = std::max<std::size_t>(endBlock, (search.end + SONGS_PER_BLOCK - 1) / SONGS_PER_BLOCK);
+        firstBlock = std::min<std::size_t>(firstBlock, search.begin / BLOCK_SONGS);
+        endBlock = std::max<std::size_t>(endBlock, (search.end + BLOCK_SONGS - 1) / BLOCK_SONGS);
     }
     for (const Group &group : m_groups) {
         if (!group.songs.empty())
@@ -159,19 +158,19 @@ void FullTexts::findSimilar(const Group &group, std::span<const Search> searches
 
 void FullTexts::findContaining(std::size_t block, const Search &search) const
 {
-    const std::size_t begin = block * SONGS_PER_BLOCK;
-    if (begin >= search.end || begin + SONGS_PER_BLOCK <= search.begin)
+    const std::size_t begin = block * BLOCK_SONGS;
+    if (begin >= search.end || begin + BLOCK_SONGS <= search.begin)
         return;
     Words left;
     std::copy_n(&m_left[block * WORDS], WORDS, left.begin());
     if (isEmpty(left))
         return;
     Words found{};
-    addContaining(found, left, search.song->titleBigrams, &m_titleBits[block * WORDS_PER_BLOCK]);
-    addContaining(found, left, search.song->nameBigrams, &m_nameBits[block * WORDS_PER_BLOCK]);
+    addContaining(found, left, search.song->titleBigrams, &m_titleBits[block * BLOCK_WORDS]);
+    addContaining(found, left, search.song->nameBigrams, &m_nameBits[block * BLOCK_WORDS]);
     for (std::size_t i = 0; i < WORDS; ++i) {
         for (std::uint64_t word = found[i]; word != 0; word &= word - 1) {
-            const std::size_t song = begin + i * BITS + static_cast<std::size_t>(std::countr_zero(word));
+            const std::size_t song = begin + i * WORD_BITS + static_cast<std::size_t>(std::countr_zero(word));
             if (song >= search.begin && song < search.end)
                 search.found->push_back(static_cast<BucketPosition>(song));
         }

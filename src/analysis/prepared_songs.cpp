@@ -15,7 +15,7 @@
 namespace sonavo {
 namespace {
 
-constexpr std::size_t SONGS_PER_BLOCK = 1024;
+constexpr std::size_t SONGS_A_PART = 1024;
 constexpr std::size_t PARTS_AT_A_TIME = 32;
 
 /// As normalising "artist - title" would give it.
@@ -111,9 +111,9 @@ PreparedSongs::PreparedSongs(QList<Song> songs, const std::stop_token &stop)
     std::vector<Texts> parts(PARTS_AT_A_TIME);
     for (std::size_t begin = 0; begin < count && !stop.stop_requested();) {
         const std::size_t partCount =
-            std::min(PARTS_AT_A_TIME, (count - begin + SONGS_PER_BLOCK - 1) / SONGS_PER_BLOCK);
+            std::min(PARTS_AT_A_TIME, (count - begin + SONGS_A_PART - 1) / SONGS_A_PART);
         forEachInParallel(partCount, 1, stop, [&](std::size_t i) {
-            prepare(static_cast<SongIndex>(begin + i * SONGS_PER_BLOCK), parts[i]);
+            prepare(static_cast<SongIndex>(begin + i * SONGS_A_PART), parts[i]);
         });
         if (stop.stop_requested())
             return;
@@ -126,7 +126,7 @@ PreparedSongs::PreparedSongs(QList<Song> songs, const std::stop_token &stop)
             else
                 addPaths(ready);
         });
-        begin += partCount * SONGS_PER_BLOCK;
+        begin += partCount * SONGS_A_PART;
     }
     m_artists.finish();
     m_titles.finish();
@@ -142,7 +142,7 @@ void PreparedSongs::prepare(SongIndex begin, Texts &texts)
     std::string text;
     PreparedSong prepared;
     const QString *previousArtist = nullptr;
-    const std::size_t end = std::min(begin + SONGS_PER_BLOCK, size());
+    const std::size_t end = std::min(begin + SONGS_A_PART, size());
     for (SongIndex index = begin; index < end; ++index) {
         const Song &song = this->song(index);
         prepared.index = index;
