@@ -33,15 +33,15 @@ wait_for pactl info
 dbus-run-session -- "$program" "$folder" &
 window_program=$!
 wait_for xdotool search --onlyvisible --name '^Sonavo$'
-window=$(xdotool search --onlyvisible --name '^Sonavo$' | head -n 1)
-xdotool windowsize --sync "$window" 1200 760 windowfocus --sync "$window"
+# Fails while the window is being decorated.
+wait_for xdotool search --onlyvisible --name '^Sonavo$' windowsize --sync 1200 760 windowactivate --sync
 # A scan of a few songs takes a second or two.
 sleep 5
 
 parec --device=silent.monitor --format=s16le --rate=8000 --channels=1 >"$XDG_RUNTIME_DIR/heard" &
 recorder=$!
-# Tabs go to the list of results. Its first row is a group, the next the original of that group.
-xdotool key --window "$window" --delay 200 Tab Tab Tab Tab Tab Tab Home Down space
+# The list of results has the keyboard. Its first row is a group, the next the original of that group.
+xdotool key --delay 200 Home Down space
 sleep 2
 ffmpeg -nostdin -loglevel error -f x11grab -i "$DISPLAY" -frames:v 1 -y window.png
 kill "$recorder"
@@ -50,5 +50,5 @@ loud=$(od --address-radix=n --format=d2 --width=2 "$XDG_RUNTIME_DIR/heard" | awk
 echo "$loud loud samples were heard"
 ((loud > 200))
 
-xdotool key --window "$window" ctrl+q
+xdotool key ctrl+q
 wait "$window_program"
