@@ -13,13 +13,13 @@ namespace sonavo {
 namespace {
 
 /// Fewer songs than this are looked through as fast.
-constexpr std::size_t FEW_TEXTS = 256;
+constexpr std::size_t FEWEST_PLACED = 256;
 
-constexpr std::size_t WORD_BITS = 64;
+constexpr std::size_t BITS_A_WORD = 64;
 /// Words that are looked at together.
 constexpr std::size_t WORDS = 4;
-constexpr std::size_t BLOCK_SONGS = WORDS * WORD_BITS;
-constexpr std::size_t BLOCK_WORDS = WORD_BITS * WORDS;
+constexpr std::size_t BLOCK_SONGS = WORDS * BITS_A_WORD;
+constexpr std::size_t BLOCK_WORDS = BITS_A_WORD * WORDS;
 using Words = std::array<std::uint64_t, WORDS>;
 
 bool isEmpty(const Words &words)
@@ -51,7 +51,7 @@ void addToRows(std::vector<std::uint64_t> &rows, BucketPosition song, std::uint6
 {
     for (; bits != 0; bits &= bits - 1)
         rows[song / BLOCK_SONGS * BLOCK_WORDS + static_cast<std::size_t>(std::countr_zero(bits)) * WORDS +
-             song / WORD_BITS % WORDS] |= std::uint64_t{1} << song % WORD_BITS;
+             song / BITS_A_WORD % WORDS] |= std::uint64_t{1} << song % BITS_A_WORD;
 }
 
 } // namespace
@@ -76,12 +76,12 @@ void FullTexts::build(std::span<const PreparedSong> bucket)
         group.pairs.push_back(bucket[i].fullPairs);
         addToRows(m_titleBits, i, bucket[i].titleBigrams);
         addToRows(m_nameBits, i, bucket[i].nameBigrams);
-        m_left[i / WORD_BITS] |= std::uint64_t{1} << i % WORD_BITS;
+        m_left[i / BITS_A_WORD] |= std::uint64_t{1} << i % BITS_A_WORD;
     }
     for (std::size_t length = 0; length < m_groups.size(); ++length) {
         Group &group = m_groups[length];
         group.length = length;
-        if (group.songs.size() <= FEW_TEXTS || length > LONGEST_PLACED)
+        if (group.songs.size() <= FEWEST_PLACED || length > LONGEST_PLACED)
             continue;
         group.places.emplace();
         group.places->build(
@@ -92,7 +92,7 @@ void FullTexts::build(std::span<const PreparedSong> bucket)
 
 void FullTexts::remove(BucketPosition position)
 {
-    m_left[position / WORD_BITS] &= ~(std::uint64_t{1} << position % WORD_BITS);
+    m_left[position / BITS_A_WORD] &= ~(std::uint64_t{1} << position % BITS_A_WORD);
     Group &group = m_groups[m_lengths[position]];
     if (group.places)
         group.places->remove(m_numbers[position]);
@@ -170,7 +170,8 @@ void FullTexts::findContaining(std::size_t block, const Search &search) const
     addContaining(found, left, search.song->nameBigrams, &m_nameBits[block * BLOCK_WORDS]);
     for (std::size_t i = 0; i < WORDS; ++i) {
         for (std::uint64_t word = found[i]; word != 0; word &= word - 1) {
-            const std::size_t song = begin + i * WORD_BITS + static_cast<std::size_t>(std::countr_zero(word));
+            const std::size_t song =
+                begin + i * BITS_A_WORD + static_cast<std::size_t>(std::countr_zero(word));
             if (song >= search.begin && song < search.end)
                 search.found->push_back(static_cast<BucketPosition>(song));
         }
