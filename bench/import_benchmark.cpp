@@ -215,7 +215,12 @@ void measure(const char *program, const char *option, const Library &library, co
     if (library.memoryGoal) {
         const auto isLess = [](const Run &a, const Run &b) { return a.peakMemory < b.peakMemory; };
         const double peak = std::max_element(runs.begin(), runs.end(), isLess)->peakMemory;
-        printGoal((name + ", peak memory").c_str(), peak / 1e6, "MB", *library.memoryGoal);
+        const std::string what = name + ", peak memory";
+        // The goal is the report's.
+        if (option[0] == '-')
+            printGoal(what.c_str(), peak / 1e6, "MB", *library.memoryGoal);
+        else
+            printFigure(what.c_str(), peak / 1e6, "MB");
     }
 }
 
