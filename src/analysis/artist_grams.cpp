@@ -131,9 +131,8 @@ void ArtistGrams::build(std::span<const PreparedSong> bucket)
         if (group.songs.size() > FEW_SONGS && group.songs.size() < MOST_SONGS &&
             group.length <= LONGEST_ARTIST)
             listGrams(group, bucket);
-        group.hasPlaces = group.songs.size() > FEW_SONGS && group.length <= LONGEST_PLACED;
-        if (group.hasPlaces)
-            group.places.build(
+        if (group.songs.size() > FEW_SONGS && group.length <= LONGEST_PLACED)
+            group.places.emplace().build(
                 group.length, group.songs.size(),
                 largestDistanceToSimilar(group.length, MATCH_ARTIST_SIMILARITY),
                 [&](std::size_t number) { return m_songs.artistOf(bucket[group.songs[number]]); });
@@ -151,8 +150,8 @@ void ArtistGrams::remove(BucketPosition position)
 {
     const Place place = m_places[position];
     Group &group = m_groups[place.group];
-    if (group.hasPlaces)
-        group.places.remove(place.number);
+    if (group.places)
+        group.places->remove(place.number);
 }
 
 void ArtistGrams::listGrams(Group &group, std::span<const PreparedSong> bucket) const
@@ -197,7 +196,7 @@ void ArtistGrams::findInGroup(const Group &group, std::span<const Search> search
             search.found};
         if (findByGrams(group, inGroup))
             continue;
-        if (group.hasPlaces && artist.size() <= LONGEST_PLACED) {
+        if (group.places && artist.size() <= LONGEST_PLACED) {
             byPlaces.push_back({artist, limit, inGroup.first, inGroup.last});
             foundByPlaces.push_back(search.found);
             continue;
@@ -211,11 +210,11 @@ void ArtistGrams::findInGroup(const Group &group, std::span<const Search> search
     }
     if (byPlaces.empty())
         return;
-    group.places.findNear(byPlaces, CharacterPlaces<char>::Removed::LeftOut,
-                          [&](std::size_t search, std::uint32_t number) {
-                              foundByPlaces[search]->push_back(group.songs[number]);
-                              return true;
-                          });
+    group.places->findNear(byPlaces, CharacterPlaces<char>::Removed::LeftOut,
+                           [&](std::size_t search, std::uint32_t number) {
+                               foundByPlaces[search]->push_back(group.songs[number]);
+                               return true;
+                           });
 }
 
 /// @return false, having found nothing, if it is faster to look through all songs

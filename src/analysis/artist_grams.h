@@ -6,6 +6,7 @@
 
 #include <cstddef>
 #include <cstdint>
+#include <optional>
 #include <span>
 #include <string_view>
 #include <vector>
@@ -65,8 +66,7 @@ private:
         /// The song's number in the group, and in the lowest bits where the n-gram stands in the artist.
         std::vector<std::uint32_t> entries;
         /// Not for groups that are looked through as fast.
-        CharacterPlaces<char> places;
-        bool hasPlaces = false;
+        std::optional<CharacterPlaces<char>> places;
     };
     class Choice;
     /// A song's search in one group.
