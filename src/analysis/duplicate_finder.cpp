@@ -12,44 +12,52 @@
 namespace sonavo {
 namespace {
 
-/// Puts songs that share a key into one bucket; buckets come in the order of their first song. Buckets of a
-/// single song are left out.
+/// Puts songs that share a key into one bucket. Buckets of a single song are left out.
+/// @param idOf gives an integer below `idCount` for each position in `songs`, equal for songs of one key; the
+/// buckets come in the order of these ids
+template <typename IdOf>
+std::vector<Bucket> bucketsById(std::span<const SongIndex> songs, std::size_t idCount, IdOf idOf)
+{
+    std::vector<std::uint32_t> sizes(idCount);
+    for (std::size_t i = 0; i < songs.size(); ++i)
+        ++sizes[idOf(i)];
+
+    // Most keys are those of a single song and need no bucket.
+    constexpr std::uint32_t NONE = UINT32_MAX;
+    std::vector<Bucket> buckets;
+    std::vector<std::uint32_t> bucketOfId(idCount, NONE);
+    for (std::size_t id = 0; id < idCount; ++id) {
+        if (sizes[id] < 2)
+            continue;
+        bucketOfId[id] = static_cast<std::uint32_t>(buckets.size());
+        buckets.emplace_back().reserve(sizes[id]);
+    }
+    for (std::size_t i = 0; i < songs.size(); ++i) {
+        if (const std::uint32_t bucket = bucketOfId[idOf(i)]; bucket != NONE)
+            buckets[bucket].push_back(songs[i]);
+    }
+    return buckets;
+}
+
+/// The same for keys of any size; buckets come in the order of their first song.
 /// @param keyOf gives an integer for each song
 template <typename KeyOf>
-std::vector<Bucket> bucketsOf(const std::vector<SongIndex> &songs, KeyOf keyOf)
+std::vector<Bucket> bucketsByKey(std::span<const SongIndex> songs, KeyOf keyOf)
 {
     IdTable keyIds;
     std::vector<SongIndex> firstSongs;
-    std::vector<std::uint32_t> idsOfSongs;
-    std::vector<std::uint32_t> sizes;
-    idsOfSongs.reserve(songs.size());
+    std::vector<std::uint32_t> ids;
+    ids.reserve(songs.size());
     for (const SongIndex song : songs) {
         const auto key = static_cast<quint64>(keyOf(song));
         const std::uint32_t id = keyIds.idOf(::qHash(key), [&](std::uint32_t other) {
             return static_cast<quint64>(keyOf(firstSongs[other])) == key;
         });
-        if (id == firstSongs.size()) {
+        if (id == firstSongs.size())
             firstSongs.push_back(song);
-            sizes.push_back(0);
-        }
-        ++sizes[id];
-        idsOfSongs.push_back(id);
+        ids.push_back(id);
     }
-
-    // Most keys are those of a single song and need no bucket.
-    std::vector<Bucket> buckets;
-    std::vector<std::size_t> bucketOfId(sizes.size());
-    for (std::size_t id = 0; id < sizes.size(); ++id) {
-        if (sizes[id] < 2)
-            continue;
-        bucketOfId[id] = buckets.size();
-        buckets.emplace_back().reserve(sizes[id]);
-    }
-    for (std::size_t i = 0; i < songs.size(); ++i) {
-        if (sizes[idsOfSongs[i]] >= 2)
-            buckets[bucketOfId[idsOfSongs[i]]].push_back(songs[i]);
-    }
-    return buckets;
+    return bucketsById(songs, firstSongs.size(), [&ids](std::size_t i) { return ids[i]; });
 }
 
 std::vector<SongIndex> allOf(const PreparedSongs &songs)
@@ -72,7 +80,9 @@ void DuplicateFinder::groupByTitle()
 {
     if (m_stop.stop_requested())
         return;
-    const auto buckets = bucketsOf(allOf(m_songs), [this](SongIndex song) { return m_songs[song].titleId; });
+    const auto buckets = bucketsById(allOf(m_songs), m_songs.size(), [this](std::size_t song) {
+        return m_songs[static_cast<SongIndex>(song)].titleId;
+    });
     for (const std::vector<Cluster> &clusters : clustersOf(buckets, ArtistFilter::On)) {
         for (const Cluster &cluster : clusters) {
             if (!makeGroup(cluster, ArtistFilter::On))
@@ -85,7 +95,9 @@ void DuplicateFinder::groupByFileName()
 {
     if (m_stop.stop_requested())
         return;
-    auto buckets = bucketsOf(allOf(m_songs), [this](SongIndex song) { return m_songs.nameIdOf(song); });
+    auto buckets = bucketsById(allOf(m_songs), m_songs.size(), [this](std::size_t song) {
+        return m_songs.nameIdOf(static_cast<SongIndex>(song));
+    });
     const auto erasePlaced = [this](Bucket &bucket) {
         return std::erase_if(bucket, [this](SongIndex song) { return isPlaced(song); });
     };
@@ -117,7 +129,7 @@ DuplicateFinder::Batches DuplicateFinder::groupNextBatchByArtistAndTitle()
     const std::vector<SongIndex> batch(at(m_nextBatch), at(end));
     m_nextBatch = end;
 
-    const auto buckets = bucketsOf(batch, [this](SongIndex song) {
+    const auto buckets = bucketsByKey(batch, [this](SongIndex song) {
         return quint64{m_songs[song].artistId} << 32 | m_songs[song].titleId;
     });
     groupBuckets(buckets);
@@ -128,8 +140,8 @@ void DuplicateFinder::groupByWholeSeconds()
 {
     if (m_stop.stop_requested())
         return;
-    const auto buckets =
-        bucketsOf(unplacedSongs(), [this](SongIndex song) { return wholeSeconds(m_songs[song].duration); });
+    const auto buckets = bucketsByKey(
+        unplacedSongs(), [this](SongIndex song) { return wholeSeconds(m_songs[song].duration); });
     groupBuckets(buckets);
 }
 

@@ -16,7 +16,7 @@ namespace sonavo {
 namespace {
 
 constexpr std::size_t SONGS_A_PART = 1024;
-constexpr std::size_t PARTS_AT_A_TIME = 32;
+constexpr std::size_t PARTS_AT_A_TIME = 16;
 
 /// As normalising "artist - title" would give it.
 void joinInto(std::string &result, std::string_view artist, std::string_view title)
@@ -27,9 +27,27 @@ void joinInto(std::string &result, std::string_view artist, std::string_view tit
     result += title;
 }
 
+/// Replaces the hash of each song by an id: equal for songs that are the same, counting up from 0.
+/// @param isSame compares two songs of equal hashes
+template <typename IsSame>
+void replaceByIds(std::vector<std::uint32_t> &hashes, IsSame isSame)
+{
+    IdTable ids;
+    ids.reserve(hashes.size());
+    std::vector<SongIndex> firstOfId;
+    firstOfId.reserve(hashes.size());
+    for (SongIndex i = 0; i < hashes.size(); ++i) {
+        const std::uint32_t id =
+            ids.idOf(hashes[i], [&](std::uint32_t other) { return isSame(firstOfId[other], i); });
+        if (id == firstOfId.size())
+            firstOfId.push_back(i);
+        hashes[i] = id;
+    }
+}
+
 } // namespace
 
-/// The normalised texts of some neighbours.
+/// The normalised artists and titles of some neighbours.
 struct PreparedSongs::Texts
 {
     void clear(SongIndex newBegin)
@@ -43,10 +61,9 @@ struct PreparedSongs::Texts
         m_characters += text;
         m_ends.push_back(m_characters.size());
     }
-    [[nodiscard]] SongIndex songCount() const { return static_cast<SongIndex>(m_ends.size() / 3); }
-    [[nodiscard]] std::string_view artistOf(SongIndex i) const { return at(std::size_t{i} * 3); }
-    [[nodiscard]] std::string_view titleOf(SongIndex i) const { return at(std::size_t{i} * 3 + 1); }
-    [[nodiscard]] std::string_view nameOf(SongIndex i) const { return at(std::size_t{i} * 3 + 2); }
+    [[nodiscard]] SongIndex songCount() const { return static_cast<SongIndex>(m_ends.size() / 2); }
+    [[nodiscard]] std::string_view artistOf(SongIndex i) const { return at(std::size_t{i} * 2); }
+    [[nodiscard]] std::string_view titleOf(SongIndex i) const { return at(std::size_t{i} * 2 + 1); }
 
     /// The first of them.
     SongIndex begin = 0;
@@ -59,7 +76,7 @@ private:
     }
 
     std::string m_characters;
-    /// Of artist, title and name of each song in turn.
+    /// Of artist and title of each song in turn.
     std::vector<std::size_t> m_ends;
 };
 
@@ -68,69 +85,43 @@ PreparedSongs::PreparedSongs(QList<Song> songs, const std::stop_token &stop)
 {
     const auto count = static_cast<std::size_t>(m_songs.size());
     m_prepared.resize(count);
-    m_nameIds.reserve(count);
-    m_pathIds.reserve(count);
+    m_nameIds.resize(count);
+    m_pathIds.resize(count);
     m_titles.reserve(count);
-    // Neither names nor paths are needed again, so they are not kept.
-    IdTable names;
-    names.reserve(count);
-    std::vector<SongIndex> firstOfName;
-    firstOfName.reserve(count);
-    IdTable paths;
-    paths.reserve(count);
-    std::vector<SongIndex> firstOfPath;
-    firstOfPath.reserve(count);
-
-    const auto addNames = [&](std::span<const Texts> parts) {
-        for (const Texts &part : parts) {
-            for (SongIndex i = 0; i < part.songCount(); ++i) {
-                const SongIndex index = part.begin + i;
-                const auto isName = [&](std::uint32_t other) {
-                    const QString &name = song(firstOfName[other]).name;
-                    return name == song(index).name || normalizeString(name) == part.nameOf(i);
-                };
-                const std::uint32_t id = names.idOf(std::hash<std::string_view>{}(part.nameOf(i)), isName);
-                if (id == firstOfName.size())
-                    firstOfName.push_back(index);
-                m_nameIds.push_back(id);
-            }
-        }
-    };
-    const auto addPaths = [&](std::span<const Texts> parts) {
-        for (SongIndex i = parts.front().begin; i < parts.back().begin + parts.back().songCount(); ++i) {
-            const QString &path = song(i).path;
-            const std::uint32_t id = paths.idOf(
-                ::qHash(path), [&](std::uint32_t other) { return song(firstOfPath[other]).path == path; });
-            if (id == firstOfPath.size())
-                firstOfPath.push_back(i);
-            m_pathIds.push_back(id);
-        }
-    };
-
-    // Normalising takes the longest and is done for a few at a time, so that their texts need little memory.
-    std::vector<Texts> parts(PARTS_AT_A_TIME);
-    for (std::size_t begin = 0; begin < count && !stop.stop_requested();) {
-        const std::size_t partCount =
-            std::min(PARTS_AT_A_TIME, (count - begin + SONGS_A_PART - 1) / SONGS_A_PART);
-        forEachInParallel(partCount, 1, stop, [&](std::size_t i) {
-            prepare(static_cast<SongIndex>(begin + i * SONGS_A_PART), parts[i]);
-        });
-        if (stop.stop_requested())
-            return;
-        const auto ready = std::span<const Texts>(parts).first(partCount);
-        forEachInParallel(3, 1, {}, [&](std::size_t i) {
-            if (i == 0)
-                addArtistsAndTitles(ready);
-            else if (i == 1)
-                addNames(ready);
-            else
-                addPaths(ready);
-        });
-        begin += partCount * SONGS_A_PART;
-    }
+    m_titleWordEnds.reserve(count);
+    prepareAll(stop);
+    if (stop.stop_requested())
+        return;
     m_artists.finish();
     m_titles.finish();
     m_wordCount = std::exchange(m_words, {}).size();
+    identifyNamesAndPaths();
+}
+
+void PreparedSongs::prepareAll(const std::stop_token &stop)
+{
+    // A few at a time, so that their texts need little memory. While some are normalised on all cores, one
+    // gives ids to the texts before.
+    std::vector<Texts> ready;
+    std::vector<Texts> next;
+    const auto addReady = [&] {
+        for (const Texts &texts : ready)
+            addArtistsAndTitles(texts);
+    };
+    for (std::size_t begin = 0; begin < size(); begin += PARTS_AT_A_TIME * SONGS_A_PART) {
+        const std::size_t left = (size() - begin + SONGS_A_PART - 1) / SONGS_A_PART;
+        next.resize(std::min(PARTS_AT_A_TIME, left));
+        const bool isDone = forEachInParallel(1 + next.size(), 1, stop, [&](std::size_t i) {
+            if (i == 0)
+                addReady();
+            else
+                prepare(static_cast<SongIndex>(begin + (i - 1) * SONGS_A_PART), next[i - 1]);
+        });
+        if (!isDone)
+            return;
+        ready.swap(next);
+    }
+    addReady();
 }
 
 void PreparedSongs::prepare(SongIndex begin, Texts &texts)
@@ -147,6 +138,7 @@ void PreparedSongs::prepare(SongIndex begin, Texts &texts)
         const Song &song = this->song(index);
         prepared.index = index;
         prepared.duration = song.duration;
+        m_pathIds[index] = static_cast<std::uint32_t>(::qHash(song.path));
 
         // Neighbours in a folder are mostly by one artist.
         if (!previousArtist || song.artist != *previousArtist) {
@@ -173,23 +165,37 @@ void PreparedSongs::prepare(SongIndex begin, Texts &texts)
         prepared.nameLength = static_cast<std::uint32_t>(lowered.size());
         prepared.nameBigrams = bigramsOf(lowered);
         normalizeLoweredInto(text, lowered);
-        texts.add(text);
+        m_nameIds[index] = static_cast<std::uint32_t>(std::hash<std::string>{}(text));
 
         m_prepared[index] = prepared;
     }
 }
 
-void PreparedSongs::addArtistsAndTitles(std::span<const Texts> parts)
+void PreparedSongs::addArtistsAndTitles(const Texts &texts)
 {
-    for (const Texts &part : parts) {
-        for (SongIndex i = 0; i < part.songCount(); ++i) {
-            PreparedSong &song = m_prepared[part.begin + i];
-            const bool isSameArtist = i > 0 && part.artistOf(i) == part.artistOf(i - 1);
-            song.artistId =
-                isSameArtist ? m_prepared[part.begin + i - 1].artistId : m_artists.add(part.artistOf(i));
-            song.titleId = addTitle(part.titleOf(i));
-        }
+    for (SongIndex i = 0; i < texts.songCount(); ++i) {
+        PreparedSong &song = m_prepared[texts.begin + i];
+        const bool isSameArtist = i > 0 && texts.artistOf(i) == texts.artistOf(i - 1);
+        song.artistId =
+            isSameArtist ? m_prepared[texts.begin + i - 1].artistId : m_artists.add(texts.artistOf(i));
+        song.titleId = addTitle(texts.titleOf(i));
     }
+}
+
+void PreparedSongs::identifyNamesAndPaths()
+{
+    const auto isSameName = [this](SongIndex a, SongIndex b) {
+        const QString &nameA = song(a).name;
+        const QString &nameB = song(b).name;
+        return nameA == nameB || normalizeString(nameA) == normalizeString(nameB);
+    };
+    const auto isSamePath = [this](SongIndex a, SongIndex b) { return song(a).path == song(b).path; };
+    forEachInParallel(2, 1, {}, [&](std::size_t i) {
+        if (i == 0)
+            replaceByIds(m_nameIds, isSameName);
+        else
+            replaceByIds(m_pathIds, isSamePath);
+    });
 }
 
 std::uint32_t PreparedSongs::addTitle(std::string_view normalizedTitle)

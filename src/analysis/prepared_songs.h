@@ -39,7 +39,8 @@ struct PreparedSong
     /// Characters of the normalised artist, and of artist and title joined.
     std::uint32_t artistLength = 0;
     std::uint32_t fullLength = 0;
-    /// Equal for songs whose normalised artists are equal, and the same for titles.
+    /// Equal for songs whose normalised artists are equal, and the same for titles; below the number of
+    /// songs.
     std::uint32_t artistId = 0;
     std::uint32_t titleId = 0;
     /// Where the song stands in the list.
@@ -67,7 +68,7 @@ public:
     [[nodiscard]] std::string fullTextOf(const PreparedSong &song) const;
     /// Artist ids are below this.
     [[nodiscard]] std::size_t artistCount() const { return m_artists.size(); }
-    /// Equal for songs whose normalised file names are equal.
+    /// Equal for songs whose normalised file names are equal; below the number of songs.
     [[nodiscard]] std::uint32_t nameIdOf(SongIndex index) const { return m_nameIds[index]; }
     /// Equal for songs whose paths are equal; below the number of songs.
     [[nodiscard]] std::uint32_t pathIdOf(SongIndex index) const { return m_pathIds[index]; }
@@ -80,12 +81,15 @@ public:
 private:
     struct Texts;
 
+    void prepareAll(const std::stop_token &stop);
     void prepare(SongIndex begin, Texts &texts);
-    void addArtistsAndTitles(std::span<const Texts> parts);
+    void addArtistsAndTitles(const Texts &texts);
     std::uint32_t addTitle(std::string_view normalizedTitle);
+    void identifyNamesAndPaths();
 
     const QList<Song> m_songs;
     std::vector<PreparedSong> m_prepared;
+    /// Hashes of the names and paths until all songs are prepared.
     std::vector<std::uint32_t> m_nameIds;
     std::vector<std::uint32_t> m_pathIds;
     StringPool m_artists;
