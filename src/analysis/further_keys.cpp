@@ -13,7 +13,6 @@ using Hash = FurtherKeys::Hash;
 enum class KeyKind : Hash
 {
     Gram = 0xCBF29CE484222325,
-    ArtistGram = 0x94D049BB133111EB,
     Word = 0x9E3779B97F4A7C15,
     Title = 0xC2B2AE3D27D4EB4F,
     Number = 0x165667B19E3779F9
@@ -42,7 +41,6 @@ void FurtherKeys::read(const FurtherSong &song, TrackNumber number, std::uint32_
 {
     m_song = &song;
     readGrams(number);
-    readArtistGrams();
     readWords();
     readScopes(number, family);
 }
@@ -62,18 +60,6 @@ void FurtherKeys::readGrams(TrackNumber number)
     m_gramsOfTitle = std::max(titleLength + 2, GRAM_LENGTH) - GRAM_LENGTH;
 }
 
-void FurtherKeys::readArtistGrams()
-{
-    const std::u32string_view artist = artistOf(*m_song);
-    m_text.assign(1, U' ');
-    m_text += artist;
-    m_text += U' ';
-    m_artistGrams.clear();
-    for (std::size_t i = 0; i + ARTIST_GRAM_LENGTH <= m_text.size(); ++i)
-        m_artistGrams.push_back(
-            hashOf(KeyKind::ArtistGram, std::u32string_view(m_text).substr(i, ARTIST_GRAM_LENGTH)));
-}
-
 void FurtherKeys::readWords()
 {
     m_words.clear();
@@ -87,21 +73,24 @@ void FurtherKeys::readWords()
 
 void FurtherKeys::readScopes(TrackNumber number, std::uint32_t family)
 {
+    constexpr std::size_t MOST_NUMBERS = 2;
     const Hash ownScope = scopeOf(family);
+    m_scopes.clear();
+    if (m_song->numberBits(number) != 0) {
+        forEachNumber(titleOf(*m_song, number, Tail::Kept), [&](std::u32string_view digits) {
+            const Hash scope = ownScope ^ hashOf(KeyKind::Number, digits);
+            if (std::find(m_scopes.begin(), m_scopes.end(), scope) == m_scopes.end())
+                m_scopes.push_back(scope);
+        });
+    }
     m_scopesOfMatches.assign(1, ownScope);
-    if (m_song->numberBits(number) == 0) {
+    if (m_scopes.empty() || m_scopes.size() > MOST_NUMBERS) {
         m_scopes.assign(1, ownScope);
         m_scopesOfMatches.push_back(ownScope ^ WITH_NUMBERS);
         return;
     }
-    m_scopes.assign(1, ownScope ^ WITH_NUMBERS);
-    forEachNumber(titleOf(*m_song, number, Tail::Kept), [&](std::u32string_view digits) {
-        const Hash scope = ownScope ^ hashOf(KeyKind::Number, digits);
-        if (std::find(m_scopes.begin(), m_scopes.end(), scope) == m_scopes.end()) {
-            m_scopes.push_back(scope);
-            m_scopesOfMatches.push_back(scope);
-        }
-    });
+    m_scopesOfMatches.insert(m_scopesOfMatches.end(), m_scopes.begin(), m_scopes.end());
+    m_scopes.push_back(ownScope ^ WITH_NUMBERS);
 }
 
 Hash FurtherKeys::scopeOf(std::uint32_t family)

@@ -21,17 +21,23 @@ constexpr std::size_t FEW_TEXTS = 256;
 /// How many texts CharacterPlaces rejects in the time that it takes to compare two songs.
 constexpr std::size_t PLACED_PER_COMPARED = 32;
 
-/// Blocks span as much as the window of a song, so that a window needs few of them.
+/// Blocks span as much as the window of a song, so that a window needs few of them. Filling one takes memory
+/// for all of its keys.
 std::vector<Position> blockEndsOf(const FurtherSongs &songs)
 {
     constexpr double SPAN = 2 * MATCH_DURATION_DIFF;
+    constexpr std::size_t MANY_CHARACTERS = std::size_t{1} << 20;
     std::vector<Position> ends;
     Position begin = 0;
-    for (Position song = 1; song <= songs.size(); ++song) {
-        if (song == songs.size() || song - begin == WindowIndex::MOST_SONGS_IN_BLOCK ||
-            songs[song].duration - songs[begin].duration > SPAN) {
-            ends.push_back(song);
-            begin = song;
+    std::size_t characters = 0;
+    for (Position song = 0; song < songs.size(); ++song) {
+        characters += songs[song].wholeLength;
+        const Position next = song + 1;
+        if (next == songs.size() || next - begin == WindowIndex::MOST_SONGS_IN_BLOCK ||
+            characters > MANY_CHARACTERS || songs[next].duration - songs[begin].duration > SPAN) {
+            ends.push_back(next);
+            begin = next;
+            characters = 0;
         }
     }
     return ends;
@@ -73,20 +79,6 @@ void forEachKey(FurtherKeys &keys, const FurtherSong &song, std::uint32_t family
     visit(FurtherKeys::inScope(FurtherKeys::titleKeyOf(song), FurtherKeys::scopeOf(family)));
 }
 
-/// Calls `visit` with each key that is combined with grams of the artist where it is common.
-template <typename Visit>
-void forEachKeyWithArtist(FurtherKeys &keys, const FurtherSong &song, std::uint32_t family, Visit visit)
-{
-    forEachNumberOf(song, [&](TrackNumber number) {
-        keys.read(song, number, family);
-        for (const FurtherKeys::Hash scope : keys.scopes()) {
-            for (const FurtherKeys::Hash word : keys.words())
-                visit(FurtherKeys::inScope(word, scope));
-        }
-    });
-    visit(FurtherKeys::inScope(FurtherKeys::titleKeyOf(song), FurtherKeys::scopeOf(family)));
-}
-
 } // namespace
 
 FurtherIndex::FurtherIndex(const FurtherSongs &songs, const std::stop_token &stop)
@@ -96,6 +88,7 @@ FurtherIndex::FurtherIndex(const FurtherSongs &songs, const std::stop_token &sto
     , m_hasKeys(m_artists.size())
     , m_byKey(blockEndsOf(songs))
     , m_hasTitle(std::bit_ceil(songs.size() * 16 + 1))
+    , m_isRemoved(songs.size())
 {
     // Comparing with so many songs takes about as long as choosing keys and asking for them.
     constexpr std::size_t FEW = 1024;
@@ -225,6 +218,7 @@ void FurtherIndex::placeTexts(const std::stop_token &stop)
 
 void FurtherIndex::remove(Position song)
 {
+    m_isRemoved[song] = true;
     const auto isShorter = [](const auto &group, std::size_t length) { return group.length < length; };
     const FurtherSong &removed = m_songs[song];
     const auto byArtist =
@@ -264,44 +258,23 @@ void FurtherIndex::countKeys()
     const auto count = [this](FurtherKeys::Hash key) { m_byKey.count(key); };
     for (std::size_t i = 0; i < songs.size(); i += step) {
         forEachKey(keys, m_songs[songs[i]], m_artists.familyOf(m_artists.of(songs[i])), count);
-        std::for_each(keys.artistGrams().begin(), keys.artistGrams().end(), count);
-        ++m_countedSongs;
     }
-    constexpr std::size_t LEAST_COMMON_COUNT = 50;
-    m_commonCount = std::max(LEAST_COMMON_COUNT, m_countedSongs / 100);
 }
 
 void FurtherIndex::fillBlock(FurtherKeys &keys, std::size_t block)
 {
     m_byKey.fill(block, [&](Position song, auto visit) {
-        if (!hasKeys(song))
-            return;
-        const FurtherArtists::Artist family = m_artists.familyOf(m_artists.of(song));
-        forEachKey(keys, m_songs[song], family, visit);
-        forEachKeyWithArtist(keys, m_songs[song], family, [&](FurtherKeys::Hash key) {
-            if (!isCommon(key))
-                return;
-            for (const FurtherKeys::Hash artistGram : keys.artistGrams())
-                visit(withArtist(key, artistGram));
-        });
+        if (hasKeys(song))
+            forEachKey(keys, m_songs[song], m_artists.familyOf(m_artists.of(song)), visit);
     });
 }
 
-std::span<const Position> FurtherMatches::matchesOf(Position song, std::size_t most)
-{
-    forEachMatches({&song, 1}, most, [this](std::size_t, std::span<const Position> matches) {
-        if (matches.data() != m_matches.data())
-            m_matches.assign(matches.begin(), matches.end());
-    });
-    return m_matches;
-}
-
-void FurtherMatches::forEachMatches(std::span<const Position> songs, std::size_t most,
+void FurtherMatches::forEachMatches(std::span<const Position> songs, std::size_t most, Removed removed,
                                     const std::function<void(std::size_t, std::span<const Position>)> &visit)
 {
     m_windowSearches.clear();
     for (std::size_t i = 0; i < songs.size(); ++i) {
-        begin(songs[i], most);
+        begin(songs[i], most, removed);
         (void)chooseWay();
         if (m_way == Way::Window || m_way == Way::Texts) {
             addWindowSearch(i);
@@ -319,7 +292,7 @@ std::optional<std::span<const Position>> FurtherMatches::matchesIfCheap(Position
 {
     // Only songs that are each compared with a share of the library take quadratic time.
     constexpr std::size_t MANY = 4096;
-    begin(song, most);
+    begin(song, most, Removed::Included);
     const std::size_t cost = chooseWay();
     const bool isLarge =
         (m_way == Way::Window || m_way == Way::Texts) && m_window.end - m_window.begin > MANY;
@@ -329,9 +302,10 @@ std::optional<std::span<const Position>> FurtherMatches::matchesIfCheap(Position
     return m_matches;
 }
 
-void FurtherMatches::begin(Position song, std::size_t most)
+void FurtherMatches::begin(Position song, std::size_t most, Removed removed)
 {
     m_song = song;
+    m_removed = removed;
     m_window = m_index.windowOf(song);
     m_most = most;
     m_matches.clear();
@@ -432,7 +406,7 @@ void FurtherMatches::compareWithSimilarArtists()
     const FurtherSong &song = songs[m_song];
     for (const std::span<const Position> group : m_groups) {
         for (const Position candidate : group) {
-            if (!mayMatchFurther(song, songs[candidate]) || candidate == m_song || isRemoved(candidate) ||
+            if (!mayMatchFurther(song, songs[candidate]) || candidate == m_song || isLeftOut(candidate) ||
                 !songsMatchFurther(song, songs[candidate]))
                 continue;
             m_matches.push_back(candidate);
@@ -551,7 +525,7 @@ bool FurtherMatches::compareWith(WindowSearch &search, Position candidate) const
     constexpr std::ptrdiff_t FEW = 128;
     const auto last = search.matches.end();
     const auto first = last - std::min(last - search.matches.begin(), FEW);
-    if (candidate != search.song && !isRemoved(candidate) && std::find(first, last, candidate) == last &&
+    if (candidate != search.song && !isLeftOut(candidate) && std::find(first, last, candidate) == last &&
         songsMatchFurther(m_index.songs()[search.song], m_index.songs()[candidate]))
         search.matches.push_back(candidate);
     return search.matches.size() < m_most;
@@ -575,7 +549,7 @@ void FurtherMatches::compareWithProposed(std::span<const Hash> proposals)
 bool FurtherMatches::compareWith(Position candidate)
 {
     std::uint32_t &lastQuery = m_lastQueries[candidate];
-    if (lastQuery >= m_query || candidate == m_song)
+    if (lastQuery == m_query || candidate == m_song || isLeftOut(candidate))
         return true;
     lastQuery = m_query;
     const FurtherSong &song = m_index.songs()[m_song];
@@ -601,7 +575,6 @@ void FurtherMatches::propose()
         if (number == TrackNumber::Dropped && !song.isNumbered())
             continue;
         m_keys.read(song, number, family);
-        chooseArtistGrams(song.artistLength);
         const std::span<const Hash> grams = m_keys.grams();
         proposeSimilar(grams, song.fullLength(number, Tail::Kept));
         if (song.hasTail())
@@ -620,61 +593,18 @@ std::size_t FurtherMatches::countOf(std::span<const Hash> proposals) const
                            });
 }
 
-void FurtherMatches::chooseArtistGrams(std::uint32_t artistLength)
-{
-    const std::vector<Hash> &grams = m_keys.artistGrams();
-    m_counts.resize(grams.size());
-    std::transform(grams.begin(), grams.end(), m_counts.begin(),
-                   [this](Hash gram) { return m_index.byKey().countOf(gram); });
-    const std::size_t needed = largestDistanceToSimilar(artistLength, MATCH_ARTIST_SIMILARITY) + 1;
-    (void)m_choice.choose(m_counts, FurtherKeys::ARTIST_GRAM_LENGTH, needed);
-    m_artistGrams.clear();
-    m_artistShare = 0.0;
-    for (const std::size_t place : m_choice.places()) {
-        m_artistGrams.push_back(grams[place]);
-        m_artistShare += m_index.shareOf(grams[place]);
-    }
-}
-
-std::size_t FurtherMatches::costOfGram(Hash gram) const
+std::size_t FurtherMatches::costOf(Hash key) const
 {
     std::size_t cost = 0;
     for (const Hash scope : m_keys.scopesOfMatches())
-        cost += m_index.byKey().countOf(FurtherKeys::inScope(gram, scope));
+        cost += m_index.byKey().countOf(FurtherKeys::inScope(key, scope));
     return cost;
 }
 
-std::size_t FurtherMatches::costOfWord(Hash word) const
-{
-    std::size_t cost = 0;
-    for (const Hash scope : m_keys.scopesOfMatches()) {
-        const Hash key = FurtherKeys::inScope(word, scope);
-        const double share = m_index.isCommon(key) ? std::min(m_artistShare, 1.0) : 1.0;
-        cost += static_cast<std::size_t>(share * static_cast<double>(m_index.byKey().countOf(key)));
-    }
-    return cost;
-}
-
-void FurtherMatches::proposeGram(std::vector<Hash> &proposals, Hash gram) const
+void FurtherMatches::proposeKey(std::vector<Hash> &proposals, Hash key) const
 {
     for (const Hash scope : m_keys.scopesOfMatches())
-        proposals.push_back(FurtherKeys::inScope(gram, scope));
-}
-
-void FurtherMatches::proposeWord(std::vector<Hash> &proposals, Hash word) const
-{
-    for (const Hash scope : m_keys.scopesOfMatches())
-        proposeWithArtist(proposals, FurtherKeys::inScope(word, scope));
-}
-
-void FurtherMatches::proposeWithArtist(std::vector<Hash> &proposals, Hash key) const
-{
-    if (m_artistShare >= 1.0 || !m_index.isCommon(key)) {
-        proposals.push_back(key);
-        return;
-    }
-    for (const Hash artistGram : m_artistGrams)
-        proposals.push_back(FurtherIndex::withArtist(key, artistGram));
+        proposals.push_back(FurtherKeys::inScope(key, scope));
 }
 
 void FurtherMatches::proposeSimilar(std::span<const Hash> grams, std::size_t length)
@@ -683,39 +613,33 @@ void FurtherMatches::proposeSimilar(std::span<const Hash> grams, std::size_t len
     if (grams.empty())
         return;
     m_counts.resize(grams.size());
-    std::transform(grams.begin(), grams.end(), m_counts.begin(),
-                   [this](Hash gram) { return costOfGram(gram); });
+    std::transform(grams.begin(), grams.end(), m_counts.begin(), [this](Hash gram) { return costOf(gram); });
     // There is room for them: the distance is little more than a tenth of the length.
     const std::size_t needed = largestDistanceToSimilar(length, MATCH_TITLE_SIMILARITY) + 1;
     const std::size_t gramCost = m_choice.choose(m_counts, FurtherKeys::GRAM_LENGTH, needed);
 
     std::size_t wordCost = 0;
     for (const Hash word : m_keys.titleWords())
-        wordCost += costOfWord(word);
+        wordCost += costOf(word);
     if (wordCost < gramCost) {
         for (const Hash word : m_keys.titleWords())
-            proposeWord(m_similarProposals, word);
+            proposeKey(m_similarProposals, word);
     } else {
         for (const std::size_t place : m_choice.places())
-            proposeGram(m_similarProposals, grams[place]);
+            proposeKey(m_similarProposals, grams[place]);
     }
 }
 
 void FurtherMatches::proposeContaining()
 {
-    static constexpr auto LARGEST = std::numeric_limits<std::size_t>::max();
-    const auto rarestOf = [](std::span<const Hash> keys, auto costOf) {
-        std::pair<std::size_t, Hash> rarest(LARGEST, 0);
+    std::pair<std::size_t, Hash> rarest(std::numeric_limits<std::size_t>::max(), 0);
+    const auto findRarest = [&](std::span<const Hash> keys) {
         for (const Hash key : keys)
             rarest = std::min(rarest, std::pair(costOf(key), key));
-        return rarest;
     };
-    const auto word = rarestOf(m_keys.wordsBehindNumber(), [this](Hash key) { return costOfWord(key); });
-    const auto gram = rarestOf(m_keys.gramsOfTitle(), [this](Hash key) { return costOfGram(key); });
-    if (word.first <= gram.first)
-        proposeWord(m_containingProposals, word.second);
-    else
-        proposeGram(m_containingProposals, gram.second);
+    findRarest(m_keys.wordsBehindNumber());
+    findRarest(m_keys.gramsOfTitle());
+    proposeKey(m_containingProposals, rarest.second);
 }
 
 void FurtherMatches::proposeContained()
@@ -725,7 +649,7 @@ void FurtherMatches::proposeContained()
     for (const Hash title : m_keys.titlesInTitle()) {
         const Hash key = FurtherKeys::inScope(title, scope);
         if (m_index.mayHaveTitle(key))
-            proposeWithArtist(m_containingProposals, key);
+            m_containingProposals.push_back(key);
     }
 }
 

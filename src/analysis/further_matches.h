@@ -48,18 +48,6 @@ public:
     /// Whether byKey() has all songs that can match those of an artist. It has for artists that have more
     /// similar ones in a window than fewSongs().
     [[nodiscard]] bool hasKeysFor(FurtherArtists::Artist artist) const { return m_hasKeysFor[artist] != 0; }
-    /// Whether a key belongs to so many songs that they also stand under the key combined with each of their
-    /// artist grams (see withArtist()).
-    [[nodiscard]] bool isCommon(FurtherKeys::Hash key) const { return m_byKey.countOf(key) >= m_commonCount; }
-    [[nodiscard]] static FurtherKeys::Hash withArtist(FurtherKeys::Hash key, FurtherKeys::Hash artistGram)
-    {
-        return key ^ artistGram;
-    }
-    /// About which share of all songs has an artist gram.
-    [[nodiscard]] double shareOf(FurtherKeys::Hash artistGram) const
-    {
-        return static_cast<double>(m_byKey.countOf(artistGram)) / static_cast<double>(m_countedSongs);
-    }
     /// Whether any song can have this title; see FurtherKeys::titleKeyOf(). In the scope of its family.
     [[nodiscard]] bool mayHaveTitle(FurtherKeys::Hash title) const { return m_hasTitle[placeOf(title)]; }
 
@@ -95,9 +83,10 @@ public:
     /// Indexes the full texts of all songs with keys: worthwhile where keys are common to very many songs.
     /// Must not overlap with any other call. Uses all cores.
     void placeTexts(const std::stop_token &stop);
-    /// Takes a song out: FurtherMatches of which songs are removed may not find it. Must not overlap with any
-    /// other call.
+    /// Takes a song out: it is found only where removed songs are asked for. Must not overlap with any other
+    /// call.
     void remove(Position song);
+    [[nodiscard]] bool isRemoved(Position song) const { return m_isRemoved[song]; }
     /// Empty if they are not indexed.
     [[nodiscard]] const std::vector<TextLength> &byTextLength() const { return m_byTextLength; }
 
@@ -124,9 +113,7 @@ private:
     std::vector<bool> m_hasTitle;
     std::vector<ArtistLength> m_byArtistLength;
     std::vector<TextLength> m_byTextLength;
-    /// The songs whose keys were counted, and how often common keys are among those at least.
-    std::size_t m_countedSongs = 0;
-    std::size_t m_commonCount = 0;
+    std::vector<bool> m_isRemoved;
 };
 
 /// Finds, for a song, all songs that match it (see songsMatchFurther()). Each thread needs its own.
@@ -149,9 +136,6 @@ private:
 /// Where similar artists are not known, because too many artists are alike, they are found in the same way
 /// among all artists of the window, unless the keys propose fewer songs.
 ///
-/// Words and titles that very many songs have are combined with grams of the artist (two characters): by the
-/// third condition the artists are similar, so the same principle holds for them.
-///
 /// Track numbers: where one title contains another with their numbers, it does so without. A similar text is
 /// looked for with the song's number and without; a song with a number is in the index with the keys of
 /// both. Tails: a similar text is looked for with the song's tail and without; a text has the grams of the
@@ -161,6 +145,7 @@ class FurtherMatches
 {
 public:
     using Position = FurtherSongs::Position;
+    using Removed = CharacterPlaces<char32_t>::Removed;
 
     /// @param index must outlive this
     explicit FurtherMatches(const FurtherIndex &index)
@@ -169,33 +154,24 @@ public:
         , m_similarArtists(index.artists().size())
     {}
 
-    /// Takes a song out: it is no longer found.
-    void remove(Position song)
-    {
-        m_lastQueries[song] = REMOVED;
-        m_removed = CharacterPlaces<char32_t>::Removed::LeftOut;
-    }
-    [[nodiscard]] bool isRemoved(Position song) const { return m_lastQueries[song] == REMOVED; }
-
-    /// All other songs that match this one and are not removed, in no particular order.
-    /// @param most no more than that many are looked for
-    /// @return valid until the next call
-    [[nodiscard]] std::span<const Position> matchesOf(Position song, std::size_t most);
-    /// The same for several songs, in any order: together they can take less time.
-    /// @param visit takes a song, as its place among them, and what matches it, which is valid during the
-    /// call
-    void forEachMatches(std::span<const Position> songs, std::size_t most,
+    /// Finds all other songs that match some songs. Several songs together can take less time than one after
+    /// the other.
+    /// @param most no more than that many are looked for, for each song
+    /// @param removed whether songs that were removed from the index are looked for as well
+    /// @param visit takes a song, as its place among `songs`, in any order, and what matches it, in no
+    /// particular order and valid during the call
+    void forEachMatches(std::span<const Position> songs, std::size_t most, Removed removed,
                         const std::function<void(std::size_t, std::span<const Position>)> &visit);
-    /// The same, or nothing if a large share of the library would have to be looked at.
+    /// The matches of one song, removed ones included, or nothing if a large share of the library would have
+    /// to be looked at.
+    /// @return valid until the next call
     [[nodiscard]] std::optional<std::span<const Position>> matchesIfCheap(Position song, std::size_t most);
 
 private:
     using Hash = FurtherKeys::Hash;
 
-    static constexpr std::uint32_t REMOVED = UINT32_MAX;
-
     /// Begins a query.
-    void begin(Position song, std::size_t most);
+    void begin(Position song, std::size_t most, Removed removed);
     void readSimilarArtists();
     enum class Way
     {
@@ -231,6 +207,10 @@ private:
                               WindowSearch &search);
     /// @return whether to go on
     bool compareWith(WindowSearch &search, Position candidate) const;
+    [[nodiscard]] bool isLeftOut(Position song) const
+    {
+        return m_removed == Removed::LeftOut && m_index.isRemoved(song);
+    }
     void compareWithSimilarArtists();
     void compareWithProposed(std::span<const FurtherKeys::Hash> proposals);
     /// @return whether to go on
@@ -240,16 +220,10 @@ private:
     void propose();
     /// About how many songs were proposed.
     [[nodiscard]] std::size_t countOf(std::span<const Hash> proposals) const;
-    /// Chooses the artist grams of which each song with a similar artist has one.
-    void chooseArtistGrams(std::uint32_t artistLength);
-    /// About how many songs a gram of the full text proposes.
-    [[nodiscard]] std::size_t costOfGram(Hash gram) const;
-    /// The same for a word of the title.
-    [[nodiscard]] std::size_t costOfWord(Hash word) const;
-    void proposeGram(std::vector<Hash> &proposals, Hash gram) const;
-    void proposeWord(std::vector<Hash> &proposals, Hash word) const;
-    /// @param key a word or title, in its scope
-    void proposeWithArtist(std::vector<Hash> &proposals, Hash key) const;
+    /// Proposes the songs that have a gram or word and matching numbers.
+    void proposeKey(std::vector<Hash> &proposals, Hash key) const;
+    /// About how many songs that are.
+    [[nodiscard]] std::size_t costOf(Hash key) const;
     void proposeSimilar(std::span<const Hash> grams, std::size_t length);
     void proposeContaining();
     void proposeContained();
@@ -258,10 +232,10 @@ private:
     /// By song: the last query in which it was compared.
     std::vector<std::uint32_t> m_lastQueries;
     std::uint32_t m_query = 0;
-    CharacterPlaces<char32_t>::Removed m_removed = CharacterPlaces<char32_t>::Removed::Included;
 
     // The query that is running.
     Position m_song = 0;
+    Removed m_removed = Removed::Included;
     FurtherIndex::Window m_window;
     std::size_t m_most = 0;
     std::vector<Position> m_matches;
@@ -273,9 +247,6 @@ private:
     std::size_t m_groupedCount = 0;
     Way m_way = Way::Window;
     FurtherKeys m_keys;
-    std::vector<Hash> m_artistGrams;
-    /// About which share of all songs has one of them.
-    double m_artistShare = 1.0;
     /// For similar texts, and for titles that contain one another.
     std::vector<Hash> m_similarProposals;
     std::vector<Hash> m_containingProposals;
