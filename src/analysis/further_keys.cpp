@@ -62,12 +62,19 @@ void FurtherKeys::readGrams(TrackNumber number)
 
 void FurtherKeys::readWords()
 {
+    const std::u32string_view title = titleOf(*m_song, TrackNumber::Kept, Tail::Kept);
     m_words.clear();
+    forEachWord(title, [this](std::u32string_view word) { m_words.push_back(hashOf(KeyKind::Word, word)); });
+    m_rowOfWords = m_words.size();
+    const auto addTo = [](std::vector<Hash> &words, Hash key) {
+        if (std::find(words.begin(), words.end(), key) == words.end())
+            words.push_back(key);
+    };
     m_titleWords.clear();
-    forEachWord(titleOf(*m_song, TrackNumber::Kept, Tail::Kept), [this](std::u32string_view word) {
-        m_words.push_back(hashOf(KeyKind::Word, word));
-        if (isTitleWord(word))
-            m_titleWords.push_back(m_words.back());
+    forEachTitleWord(title, m_song->numberLength, m_song->tailLength, [&](std::u32string_view word) {
+        const Hash key = hashOf(KeyKind::Word, word);
+        addTo(m_titleWords, key);
+        addTo(m_words, key);
     });
 }
 

@@ -40,12 +40,14 @@ public:
     {
         return std::span(m_grams).last(m_gramsOfTitle);
     }
-    /// The words of the title, those of them that are title words, and those but for the track number.
+    /// The words of the title, and what else forEachTitleWord() visits; in no particular order.
     [[nodiscard]] const std::vector<Hash> &words() const { return m_words; }
+    /// What forEachTitleWord() visits.
     [[nodiscard]] const std::vector<Hash> &titleWords() const { return m_titleWords; }
+    /// The words of the title but for the track number.
     [[nodiscard]] std::span<const Hash> wordsBehindNumber() const
     {
-        return std::span(m_words).subspan(m_song->isNumbered() ? 1 : 0);
+        return std::span(m_words).first(m_rowOfWords).subspan(m_song->isNumbered() ? 1 : 0);
     }
 
     /// A key in a scope.
@@ -72,6 +74,8 @@ private:
     std::size_t m_gramsBeforeTail = 0;
     std::size_t m_gramsOfTitle = 0;
     std::vector<Hash> m_words;
+    /// How many of m_words, from the first on, are words of the title.
+    std::size_t m_rowOfWords = 0;
     std::vector<Hash> m_titleWords;
     std::vector<Hash> m_scopes;
     std::vector<Hash> m_scopesOfMatches;

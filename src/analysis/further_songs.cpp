@@ -16,11 +16,36 @@
 namespace sonavo {
 namespace {
 
-void dropLeadingThe(std::u32string &artist)
+/// @param artist as it is written
+/// @param normalized the same, see normalizeAllScripts()
+void dropThe(std::u32string &normalized, const QString &artist)
 {
-    constexpr std::u32string_view THE = U"the ";
-    if (artist.starts_with(THE))
-        artist.erase(0, THE.size());
+    constexpr std::u32string_view BEFORE = U"the ";
+    constexpr std::u32string_view BEHIND = U" the";
+    if (normalized.starts_with(BEFORE))
+        normalized.erase(0, BEFORE.size());
+    else if (artist.endsWith(u", the", Qt::CaseInsensitive) && normalized.ends_with(BEHIND))
+        normalized.erase(normalized.size() - BEHIND.size());
+}
+
+void dropGuests(std::u32string &artist)
+{
+    std::size_t end = artist.size();
+    forEachWord(std::u32string_view(artist), [&](std::u32string_view word) {
+        const auto begin = static_cast<std::size_t>(word.data() - artist.data());
+        if (begin > 0 && (word == U"feat" || word == U"ft" || word == U"featuring"))
+            end = std::min(end, begin - 1);
+    });
+    artist.resize(end);
+}
+
+/// An artist as it is compared; see FurtherSongs.
+std::u32string preparedArtist(const QString &artist)
+{
+    std::u32string prepared = normalizeAllScripts(artist);
+    dropThe(prepared, artist);
+    dropGuests(prepared);
+    return prepared;
 }
 
 /// Characters of the track number at the front of a title and of the blank behind it.
@@ -58,23 +83,25 @@ std::uint64_t numberBitsOf(std::u32string_view title)
     return bits;
 }
 
-std::uint64_t titleWordBitsOf(std::u32string_view title)
+std::uint64_t titleWordBitsOf(std::u32string_view title, const FurtherSong &song)
 {
     std::uint64_t bits = 0;
-    forEachWord(title, [&](std::u32string_view word) {
-        if (isTitleWord(word))
-            bits |= std::uint64_t{1} << std::hash<std::u32string_view>{}(word) % 64;
+    forEachTitleWord(title, song.numberLength, song.tailLength, [&](std::u32string_view word) {
+        bits |= std::uint64_t{1} << std::hash<std::u32string_view>{}(word) % 64;
     });
     return bits;
 }
 
-bool haveTitleWordInCommon(std::u32string_view a, std::u32string_view b)
+bool haveTitleWordInCommon(const FurtherSong &a, const FurtherSong &b)
 {
+    const auto visitWordsOf = [](const FurtherSong &song, auto visit) {
+        forEachTitleWord(titleOf(song, TrackNumber::Kept, Tail::Kept), song.numberLength, song.tailLength,
+                         visit);
+    };
     bool isFound = false;
-    forEachWord(a, [&](std::u32string_view word) {
-        if (isFound || !isTitleWord(word))
-            return;
-        forEachWord(b, [&](std::u32string_view other) { isFound = isFound || word == other; });
+    visitWordsOf(a, [&](std::u32string_view word) {
+        if (!isFound)
+            visitWordsOf(b, [&](std::u32string_view other) { isFound = isFound || word == other; });
     });
     return isFound;
 }
@@ -193,11 +220,12 @@ public:
     bool prepare(FurtherSong &prepared, const Song &song)
     {
         const std::u32string title = normalizeAllScripts(song.title);
-        prepared.titleWordBits = titleWordBitsOf(title);
+        prepared.numberLength = numberLengthOf(title);
+        prepared.tailLength = tailLengthOf(song.title, title, prepared.numberLength);
+        prepared.titleWordBits = titleWordBitsOf(title, prepared);
         if (prepared.titleWordBits == 0)
             return false;
-        std::u32string text = normalizeAllScripts(song.artist);
-        dropLeadingThe(text);
+        std::u32string text = preparedArtist(song.artist);
         prepared.artistHash = std::hash<std::u32string>{}(text);
         prepared.artistLength = static_cast<std::uint32_t>(text.size());
         if (!text.empty())
@@ -205,8 +233,6 @@ public:
         text += title;
         prepared.pairs = PairCounts(text);
         prepared.wholeLength = static_cast<std::uint32_t>(text.size());
-        prepared.numberLength = numberLengthOf(title);
-        prepared.tailLength = tailLengthOf(song.title, title, prepared.numberLength);
         const std::u32string_view bare = std::u32string_view(title).substr(prepared.numberLength);
         prepared.titlePairBits = pairBitsOf(bare);
         prepared.otherNumberBits = numberBitsOf(bare);
@@ -334,8 +360,7 @@ bool songsMatchFurther(const FurtherSong &a, const FurtherSong &b)
                 (a.hasTail() != b.hasTail() && areFullTextsSimilarFurther(a, b, number, Tail::Dropped)));
     };
     return (oneTitleContainsTheOther(a, b, number) || areSimilar()) && haveCompatibleNumbers(a, b, number) &&
-           haveTitleWordInCommon(titleOf(a, TrackNumber::Kept, Tail::Kept),
-                                 titleOf(b, TrackNumber::Kept, Tail::Kept));
+           haveTitleWordInCommon(a, b);
 }
 
 bool mayMatchFurther(const FurtherSong &a, const FurtherSong &b)

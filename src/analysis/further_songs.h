@@ -1,6 +1,8 @@
 #pragma once
 
 #include "analysis/character_counts.h"
+#include "analysis/matching.h"
+#include "analysis/normalization.h"
 #include "model/song.h"
 
 #include <QList>
@@ -75,14 +77,16 @@ struct FurtherSong
 /// The songs that are compared when looking further, sorted by playing time. Their texts are prepared in
 /// another way than for the four passes:
 /// - letters and digits of every script count (see normalizeAllScripts());
-/// - "The" before an artist is dropped;
+/// - "The" before an artist, or behind it as in "Beatles, The", is dropped, and so are the guests behind
+///   "feat.", "ft." or "featuring";
 /// - a title that begins with one to three digits and a blank has a track number, which is compared only
 ///   where the other title has one, too;
 /// - a title that ends in brackets, or else holds a dash between blanks, has a tail: the brackets, or the
 ///   last dash and what follows.
 ///
-/// Songs that can match no other are left out: those without a title word (see isTitleWord()), and those of a
-/// path that an earlier song has, since one file is no copy of itself. Immutable; any thread may read it.
+/// Songs that can match no other are left out: those without a title word (see forEachTitleWord()), and those
+/// of a path that an earlier song has, since one file is no copy of itself. Immutable; any thread may read
+/// it.
 class FurtherSongs
 {
 public:
@@ -129,6 +133,34 @@ void forEachNumber(std::u32string_view text, Visit visit)
 /// Whether two titles that share this word can be those of one recording: it has at least three characters,
 /// or one of a script in which words are short.
 [[nodiscard]] bool isTitleWord(std::u32string_view word);
+
+/// Calls `visit` with each word that two titles of one recording can share, some of them more than once: the
+/// words of the title for which isTitleWord() is true, and the title without its track number written as one
+/// word, with its tail and without, if that has three characters. So titles that differ in their blanks share
+/// a word.
+/// @param title see titleOf()
+template <typename Visit>
+void forEachTitleWord(std::u32string_view title, std::uint32_t numberLength, std::uint32_t tailLength,
+                      Visit visit)
+{
+    forEachWord(title, [&](std::u32string_view word) {
+        if (isTitleWord(word))
+            visit(word);
+    });
+    std::u32string joined;
+    const auto join = [&](std::u32string_view text) {
+        if (text.find(U' ') == text.npos)
+            return; // the only word
+        joined = text;
+        std::erase(joined, U' ');
+        if (joined.size() >= MATCH_WORD_LENGTH)
+            visit(std::u32string_view(joined));
+    };
+    const std::u32string_view bare = title.substr(numberLength);
+    join(bare);
+    if (tailLength > 0)
+        join(bare.substr(0, bare.size() - tailLength));
+}
 
 /// Whether two songs are the same recording when looking further: the four conditions of songsMatch() over
 /// the texts of FurtherSongs, and one more.

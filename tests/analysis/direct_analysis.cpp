@@ -106,16 +106,9 @@ struct Run
     }
 };
 
-QSet<QString> furtherTitleWordsOf(const QString &title)
+QString joined(const QString &title)
 {
-    static const QRegularExpression shortWords(
-        u"[\\p{Han}\\p{Hiragana}\\p{Katakana}\\p{Hangul}\\p{Thai}\\p{Lao}\\p{Khmer}\\p{Myanmar}]"_s);
-    QSet<QString> words;
-    for (const QString &word : title.split(u' ', Qt::SkipEmptyParts)) {
-        if (word.toUcs4().size() >= 3 || word.contains(shortWords))
-            words << word;
-    }
-    return words;
+    return QString(title).remove(u' ');
 }
 
 QString withoutTrackNumber(const QString &title)
@@ -132,6 +125,22 @@ QString withoutTail(const QString &title)
     const bool isTail = !withoutTrackNumber(before + u' ').trimmed().isEmpty() &&
                         normalizeAllScripts(title).startsWith(before + u' ');
     return isTail ? before : normalizeAllScripts(title);
+}
+
+QSet<QString> furtherTitleWordsOf(const QString &title)
+{
+    static const QRegularExpression shortWords(
+        u"[\\p{Han}\\p{Hiragana}\\p{Katakana}\\p{Hangul}\\p{Thai}\\p{Lao}\\p{Khmer}\\p{Myanmar}]"_s);
+    QSet<QString> words;
+    for (const QString &word : normalizeAllScripts(title).split(u' ', Qt::SkipEmptyParts)) {
+        if (word.toUcs4().size() >= 3 || word.contains(shortWords))
+            words << word;
+    }
+    for (const QString &text : {normalizeAllScripts(title), withoutTail(title.trimmed())}) {
+        if (const QString word = joined(withoutTrackNumber(text)); word.toUcs4().size() >= 3)
+            words << word;
+    }
+    return words;
 }
 
 bool haveCompatibleNumbers(const QString &a, const QString &b)
@@ -155,6 +164,16 @@ bool containsWords(const QString &text, const QString &words)
     return (u' ' + text + u' ').contains(u' ' + words + u' ');
 }
 
+QString furtherArtistOf(const Song &song)
+{
+    static const QRegularExpression the(u"^the "_s);
+    static const QRegularExpression theBehind(u" the$"_s);
+    static const QRegularExpression guests(u" (feat|ft|featuring)( .*)?$"_s);
+    const QString artist = normalizeAllScripts(song.artist);
+    const bool isBehind = !artist.contains(the) && song.artist.toLower().endsWith(u", the");
+    return QString(artist).remove(isBehind ? theBehind : the).remove(guests);
+}
+
 bool songsMatchFurther(const Song &a, const Song &b)
 {
     if (!(std::abs(a.duration - b.duration) <= 5.0))
@@ -162,12 +181,11 @@ bool songsMatchFurther(const Song &a, const Song &b)
 
     const QString wholeA = normalizeAllScripts(a.title);
     const QString wholeB = normalizeAllScripts(b.title);
-    if (!furtherTitleWordsOf(wholeA).intersects(furtherTitleWordsOf(wholeB)))
+    if (!furtherTitleWordsOf(a.title).intersects(furtherTitleWordsOf(b.title)))
         return false;
 
-    static const QRegularExpression the(u"^the "_s);
-    const QString artistA = normalizeAllScripts(a.artist).remove(the);
-    const QString artistB = normalizeAllScripts(b.artist).remove(the);
+    const QString artistA = furtherArtistOf(a);
+    const QString artistB = furtherArtistOf(b);
     if (similarity(artistA, artistB) < 0.7)
         return false;
 

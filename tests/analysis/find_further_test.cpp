@@ -75,7 +75,8 @@ TEST(FindFurther, AgreesWithTheDirectWayOnLibrariesAsUsersHaveThem)
     }
 }
 
-/// Songs of a few hundred recordings whose titles contain those of others, by similar artists.
+/// Songs of a few hundred recordings whose titles contain those of others or lack their blanks, by similar
+/// artists.
 QList<Song> medleys()
 {
     QList<Song> songs = generateLibrary({.songs = 600, .kind = LibraryKind::OneArtist, .seed = 3});
@@ -84,6 +85,8 @@ QList<Song> medleys()
         songs[i].artist = i % 9 == 0 ? u"Sonomirego"_s : u"Sonomirage"_s;
         if (i % 3 == 0)
             songs[i].title += u' ' + songs[(i * 7 + 1) % songs.size()].title;
+        if (i % 11 == 1)
+            songs[i].title = QString(songs[i - 1].title).remove(u' ');
     }
     return songs;
 }
@@ -231,6 +234,7 @@ TEST(FindFurther, TellsSameFromDifferentInEveryScript)
         {u"Queen"_s, u"He Said"_s, u"Queen"_s, u"The Said Thing"_s, false},
         // "The" before an artist and a track number that only one title has do not count.
         {u"The Enchanted"_s, u"Portal"_s, u"Enchanted"_s, u"Portal (Demo)"_s, true},
+        {u"Enchanted, The"_s, u"Portal"_s, u"The Enchanted"_s, u"Portal"_s, true},
         {u"Queen"_s, u"003-Night Song"_s, u"Queen"_s, u"Night Song - Best of"_s, true},
         {u"Queen"_s, u"003-Night"_s, u"Queen"_s, u"014-Night"_s, false},
         // Nor does a tail that only one title has; numbers always count.
@@ -238,6 +242,11 @@ TEST(FindFurther, TellsSameFromDifferentInEveryScript)
         {u"Queen"_s, u"Nihgt Songs of Love [Live]"_s, u"Queen"_s, u"Night Songs of Love - Demo"_s, false},
         {u"Queen"_s, u"Night Songs, Part 1"_s, u"Queen"_s, u"Night Songs, Part 2"_s, false},
         {u"Queen"_s, u"Night Songs, Part 01"_s, u"Queen"_s, u"Night Song Part 1 (2009)"_s, true},
+        // Nor do guests, nor blanks.
+        {u"Queen"_s, u"Night (feat. Vaibin)"_s, u"Queen ft. Vaibin"_s, u"Night"_s, true},
+        {u"Ft. Minor"_s, u"Night"_s, u"Minor"_s, u"Night"_s, false},
+        {u"Queen of Hearts"_s, u"01 NightSong"_s, u"Queen of Hearts"_s, u"Night Song (Live)"_s, true},
+        {u"Queen"_s, u"M.I.A."_s, u"Queen"_s, u"M.I.A. - Best of"_s, true},
         // One of ten characters may differ; each of these is one, though not one unit of UTF-16.
         {u""_s, u"𐌰𐌱𐌲𐌳𐌴𐌵 live"_s, u""_s, u"𐌰𐌱𐌲𐌳𐌴𐌶 live"_s, true},
         {u""_s, u"𐌰𐌱𐌲𐌳𐌴𐌵 live"_s, u""_s, u"𐌰𐌱𐌲𐌳𐌷𐌶 live"_s, false},
@@ -293,7 +302,8 @@ TEST(FindFurther, ReportsGrowingProgressAndStopsWhenAsked)
     EXPECT_EQ(reported.front(), 0.0);
     EXPECT_EQ(reported.back(), 1.0);
 
-    for (const double when : {reported[0], reported[1], reported[3], reported[reported.size() - 2]}) {
+    // There are few reports where the other threads take most songs.
+    for (const double when : {reported[0], reported[1], reported[reported.size() - 2]}) {
         std::stop_source stop;
         const auto stopThen = [&](double fraction) {
             if (fraction >= when)
