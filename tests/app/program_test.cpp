@@ -199,7 +199,7 @@ TEST_F(ProgramTest, ReportsAndQuitsEvenIfADiskHangs)
 {
     HangingDisk disk("hangs.mp3");
     if (!disk.start())
-        GTEST_SKIP() << "no right to hold system calls";
+        GTEST_SKIP() << "no right to hold system calls, or not the only test";
     const QByteArray song = audioContent(QStringLiteral("mp3"), 0.2);
     for (const char *name : {"A - B.mp3", "A - hangs.mp3", "C - D.mp3"})
         writeFile(m_folder.filePath(QString::fromLatin1(name)), song);
