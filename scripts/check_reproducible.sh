@@ -10,7 +10,7 @@ trap 'rm -rf "$work"' EXIT
 export CCACHE_DISABLE=1
 
 packages=()
-for folder in "$work/one" "$work/another, with a longer name"; do
+for folder in "$work/one" "$work/another one with a longer name"; do
     mkdir "$folder"
     git -C "$root" archive HEAD | tar --extract --directory "$folder"
     packages+=("$("$folder/scripts/package.sh")")

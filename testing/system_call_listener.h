@@ -13,7 +13,7 @@ namespace sonavo {
 
 /// Stops system calls of the calling thread, and of the threads and processes that it starts from then on,
 /// until a test has decided what becomes of them. Once per process: it cannot be undone. When the
-/// listener is destroyed, calls that are not answered fail with ENOSYS.
+/// listener is destroyed, such calls fail with ENOSYS.
 class SystemCallListener
 {
 public:
@@ -27,10 +27,13 @@ public:
         AllOtherCalls,
     };
 
+    /// For a test that has its process for itself, as in ctest: others would be held up after it, and threads
+    /// that they have left would not be stopped.
     /// @param numbers of calls, such as SYS_unlink
     /// @return whether this process may do that
-    [[nodiscard]] bool start(const std::vector<unsigned> &numbers, Handler handler,
-                             Stops stops = Stops::OnlyTheseCalls);
+    [[nodiscard]] bool start(const std::vector<unsigned> &numbers, Handler handler);
+    /// The same in a process that runs no other tests, such as runInChild().
+    [[nodiscard]] bool stopCalls(const std::vector<unsigned> &numbers, Handler handler, Stops stops);
 
     // To be called from any thread, for every call once.
     void letThrough(quint64 id) const;

@@ -569,6 +569,80 @@
     </message>
 </context>
 <context>
+    <name>CommandLine</name>
+    <message>
+        <source>Usage: sonavo [--new-window] [PATH...]
+       sonavo --report [--further] [--json | --csv] PATH...
+
+Finds the songs that a music folder holds more than once and helps to remove them. Opens
+a window, in which the files and folders PATH... are scanned at once. If the window is
+open already, it comes to the front and scans them.
+
+  --new-window   open a window although there is one
+  --report       print the duplicate songs among PATH... instead, changing nothing
+  --further      compare every song with every other, in every script: finds more
+  --json         print them as JSON
+  --csv          print them as comma-separated values, for spreadsheets
+  -h, --help     print this text
+  -v, --version  print the version
+
+Exit status: 0 when the window was closed, the open one took over, or a report was
+printed, 1 when there was nothing to report, no window could be opened, or the open one
+is busy moving files, 2 for unusable arguments, 130 after Ctrl-C during a report.
+</source>
+        <translation>الاستخدام: sonavo [--new-window] [PATH...]
+           sonavo --report [--further] [--json | --csv] PATH...
+
+يعثر على الأغاني الموجودة أكثر من مرة في مجلد الموسيقى ويساعد على إزالتها. يفتح نافذة
+تُفحص فيها الملفات والمجلدات PATH... فورًا. إذا كانت النافذة مفتوحة، تأتي إلى المقدمة وتفحصها.
+
+  --new-window   فتح نافذة حتى إن وُجدت واحدة
+  --report       عرض الأغاني المكررة ضمن PATH... بدلًا من ذلك، دون تغيير أي شيء
+  --further      مقارنة كل أغنية بكل الأغاني الأخرى، بكل الكتابات: يعثر على المزيد
+  --json         عرضها بصيغة JSON
+  --csv          عرضها قيمًا مفصولة بفواصل، لجداول البيانات
+  -h, --help     عرض هذا النص
+  -v, --version  عرض الإصدار
+
+حالة الخروج: 0 إذا أُغلقت النافذة أو تولت النافذة المفتوحة الأمر أو عُرض تقرير؛ 1 إذا لم
+يوجد ما يُعرض أو تعذر فتح نافذة أو كانت النافذة المفتوحة تنقل ملفات؛ 2 عند وسيطات غير صالحة؛
+130 بعد Ctrl+C أثناء التقرير.
+</translation>
+    </message>
+    <message>
+        <source>skipped, its name is not valid UTF-8: %1</source>
+        <translation>تم التخطي، الاسم ليس UTF-8 صالحًا: %1</translation>
+    </message>
+    <message>
+        <source>Unknown option &apos;%1&apos;.</source>
+        <translation>خيار غير معروف ”%1“.</translation>
+    </message>
+    <message>
+        <source>--%1 needs --report</source>
+        <translation>يحتاج --%1 إلى --report</translation>
+    </message>
+    <message>
+        <source>--report opens no window</source>
+        <translation>لا يفتح --report أي نافذة</translation>
+    </message>
+    <message>
+        <source>--json and --csv exclude each other</source>
+        <translation>لا يمكن استخدام --json و--csv معًا</translation>
+    </message>
+    <message>
+        <source>no such file or folder: %1</source>
+        <translation>لا يوجد ملف أو مجلد كهذا: %1</translation>
+    </message>
+    <message>
+        <source>--report needs at least one PATH</source>
+        <translation>يحتاج --report إلى PATH واحد على الأقل</translation>
+    </message>
+    <message>
+        <source>Try &apos;sonavo --help&apos;.</source>
+        <translation>جرّب ”sonavo --help“.</translation>
+    </message>
+</context>
+<context>
     <name>DropZone</name>
     <message>
         <source>Drag &amp; Drop Music Folder Here</source>

@@ -471,6 +471,82 @@
     </message>
 </context>
 <context>
+    <name>CommandLine</name>
+    <message>
+        <source>Usage: sonavo [--new-window] [PATH...]
+       sonavo --report [--further] [--json | --csv] PATH...
+
+Finds the songs that a music folder holds more than once and helps to remove them. Opens
+a window, in which the files and folders PATH... are scanned at once. If the window is
+open already, it comes to the front and scans them.
+
+  --new-window   open a window although there is one
+  --report       print the duplicate songs among PATH... instead, changing nothing
+  --further      compare every song with every other, in every script: finds more
+  --json         print them as JSON
+  --csv          print them as comma-separated values, for spreadsheets
+  -h, --help     print this text
+  -v, --version  print the version
+
+Exit status: 0 when the window was closed, the open one took over, or a report was
+printed, 1 when there was nothing to report, no window could be opened, or the open one
+is busy moving files, 2 for unusable arguments, 130 after Ctrl-C during a report.
+</source>
+        <translation>Aufruf: sonavo [--new-window] [PATH...]
+        sonavo --report [--further] [--json | --csv] PATH...
+
+Findet Titel, die in einem Musikordner mehrfach vorhanden sind, und hilft, sie zu entfernen.
+Öffnet ein Fenster, in dem die Dateien und Ordner PATH... gleich durchsucht werden. Ist das
+Fenster schon offen, kommt es nach vorn und durchsucht sie.
+
+  --new-window   ein Fenster öffnen, obwohl es schon eines gibt
+  --report       stattdessen die doppelten Titel in PATH... ausgeben und nichts verändern
+  --further      jeden Titel mit jedem anderen vergleichen, in jeder Schrift: findet mehr
+  --json         sie als JSON ausgeben
+  --csv          sie als kommagetrennte Werte ausgeben, für Tabellen
+  -h, --help     diesen Text ausgeben
+  -v, --version  die Version ausgeben
+
+Rückgabewert: 0, wenn das Fenster geschlossen wurde, das offene übernommen hat oder ein
+Bericht ausgegeben wurde; 1, wenn es nichts zu berichten gab, kein Fenster geöffnet werden
+konnte oder das offene gerade Dateien verschiebt; 2 bei unbrauchbaren Argumenten; 130 nach
+Strg+C während eines Berichts.
+</translation>
+    </message>
+    <message>
+        <source>skipped, its name is not valid UTF-8: %1</source>
+        <translation>übersprungen, der Name ist kein gültiges UTF-8: %1</translation>
+    </message>
+    <message>
+        <source>Unknown option &apos;%1&apos;.</source>
+        <translation>Unbekannte Option „%1“.</translation>
+    </message>
+    <message>
+        <source>--%1 needs --report</source>
+        <translation>--%1 geht nur mit --report</translation>
+    </message>
+    <message>
+        <source>--report opens no window</source>
+        <translation>--report öffnet kein Fenster</translation>
+    </message>
+    <message>
+        <source>--json and --csv exclude each other</source>
+        <translation>--json und --csv schließen einander aus</translation>
+    </message>
+    <message>
+        <source>no such file or folder: %1</source>
+        <translation>Datei oder Ordner nicht gefunden: %1</translation>
+    </message>
+    <message>
+        <source>--report needs at least one PATH</source>
+        <translation>--report braucht mindestens ein PATH</translation>
+    </message>
+    <message>
+        <source>Try &apos;sonavo --help&apos;.</source>
+        <translation>„sonavo --help“ zeigt Hilfe.</translation>
+    </message>
+</context>
+<context>
     <name>DropZone</name>
     <message>
         <source>Drag &amp; Drop Music Folder Here</source>

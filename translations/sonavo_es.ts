@@ -471,6 +471,82 @@
     </message>
 </context>
 <context>
+    <name>CommandLine</name>
+    <message>
+        <source>Usage: sonavo [--new-window] [PATH...]
+       sonavo --report [--further] [--json | --csv] PATH...
+
+Finds the songs that a music folder holds more than once and helps to remove them. Opens
+a window, in which the files and folders PATH... are scanned at once. If the window is
+open already, it comes to the front and scans them.
+
+  --new-window   open a window although there is one
+  --report       print the duplicate songs among PATH... instead, changing nothing
+  --further      compare every song with every other, in every script: finds more
+  --json         print them as JSON
+  --csv          print them as comma-separated values, for spreadsheets
+  -h, --help     print this text
+  -v, --version  print the version
+
+Exit status: 0 when the window was closed, the open one took over, or a report was
+printed, 1 when there was nothing to report, no window could be opened, or the open one
+is busy moving files, 2 for unusable arguments, 130 after Ctrl-C during a report.
+</source>
+        <translation>Uso: sonavo [--new-window] [PATH...]
+     sonavo --report [--further] [--json | --csv] PATH...
+
+Encuentra las canciones que una carpeta de música contiene más de una vez y ayuda a
+quitarlas. Abre una ventana en la que se analizan enseguida los archivos y carpetas PATH...
+Si la ventana ya está abierta, pasa al frente y los analiza.
+
+  --new-window   abrir una ventana aunque ya haya una
+  --report       mostrar en su lugar las canciones duplicadas entre PATH..., sin cambiar nada
+  --further      comparar cada canción con todas las demás, en toda escritura: encuentra más
+  --json         mostrarlas como JSON
+  --csv          mostrarlas como valores separados por comas, para hojas de cálculo
+  -h, --help     mostrar este texto
+  -v, --version  mostrar la versión
+
+Estado de salida: 0 si se cerró la ventana, se encargó la que estaba abierta o se mostró un
+informe; 1 si no había nada de que informar, no se pudo abrir ninguna ventana o la abierta
+está moviendo archivos; 2 si los argumentos no son utilizables; 130 tras Ctrl+C durante un
+informe.
+</translation>
+    </message>
+    <message>
+        <source>skipped, its name is not valid UTF-8: %1</source>
+        <translation>omitido, su nombre no es UTF-8 válido: %1</translation>
+    </message>
+    <message>
+        <source>Unknown option &apos;%1&apos;.</source>
+        <translation>Opción «%1» desconocida.</translation>
+    </message>
+    <message>
+        <source>--%1 needs --report</source>
+        <translation>--%1 necesita --report</translation>
+    </message>
+    <message>
+        <source>--report opens no window</source>
+        <translation>--report no abre ninguna ventana</translation>
+    </message>
+    <message>
+        <source>--json and --csv exclude each other</source>
+        <translation>--json y --csv se excluyen entre sí</translation>
+    </message>
+    <message>
+        <source>no such file or folder: %1</source>
+        <translation>no existe el archivo o la carpeta: %1</translation>
+    </message>
+    <message>
+        <source>--report needs at least one PATH</source>
+        <translation>--report necesita al menos un PATH</translation>
+    </message>
+    <message>
+        <source>Try &apos;sonavo --help&apos;.</source>
+        <translation>Pruebe «sonavo --help».</translation>
+    </message>
+</context>
+<context>
     <name>DropZone</name>
     <message>
         <source>Drag &amp; Drop Music Folder Here</source>

@@ -471,6 +471,82 @@
     </message>
 </context>
 <context>
+    <name>CommandLine</name>
+    <message>
+        <source>Usage: sonavo [--new-window] [PATH...]
+       sonavo --report [--further] [--json | --csv] PATH...
+
+Finds the songs that a music folder holds more than once and helps to remove them. Opens
+a window, in which the files and folders PATH... are scanned at once. If the window is
+open already, it comes to the front and scans them.
+
+  --new-window   open a window although there is one
+  --report       print the duplicate songs among PATH... instead, changing nothing
+  --further      compare every song with every other, in every script: finds more
+  --json         print them as JSON
+  --csv          print them as comma-separated values, for spreadsheets
+  -h, --help     print this text
+  -v, --version  print the version
+
+Exit status: 0 when the window was closed, the open one took over, or a report was
+printed, 1 when there was nothing to report, no window could be opened, or the open one
+is busy moving files, 2 for unusable arguments, 130 after Ctrl-C during a report.
+</source>
+        <translation>Utilisation : sonavo [--new-window] [PATH...]
+              sonavo --report [--further] [--json | --csv] PATH...
+
+Trouve les morceaux présents plusieurs fois dans un dossier de musique et aide à les
+retirer. Ouvre une fenêtre où les fichiers et dossiers PATH... sont analysés aussitôt. Si la
+fenêtre est déjà ouverte, elle passe au premier plan et les analyse.
+
+  --new-window   ouvrir une fenêtre même s’il y en a déjà une
+  --report       afficher plutôt les morceaux en double parmi PATH..., sans rien changer
+  --further      comparer chaque morceau à tous les autres, dans toutes les écritures
+  --json         les afficher en JSON
+  --csv          les afficher séparés par des virgules, pour un tableur
+  -h, --help     afficher ce texte
+  -v, --version  afficher la version
+
+Code de sortie : 0 si la fenêtre a été fermée, si celle déjà ouverte a pris le relais ou si
+un rapport a été affiché ; 1 s’il n’y avait rien à rapporter, si aucune fenêtre n’a pu être
+ouverte ou si celle déjà ouverte déplace des fichiers ; 2 pour des arguments inutilisables ;
+130 après Ctrl+C pendant un rapport.
+</translation>
+    </message>
+    <message>
+        <source>skipped, its name is not valid UTF-8: %1</source>
+        <translation>ignoré, son nom n’est pas en UTF-8 valide : %1</translation>
+    </message>
+    <message>
+        <source>Unknown option &apos;%1&apos;.</source>
+        <translation>Option « %1 » inconnue.</translation>
+    </message>
+    <message>
+        <source>--%1 needs --report</source>
+        <translation>--%1 demande --report</translation>
+    </message>
+    <message>
+        <source>--report opens no window</source>
+        <translation>--report n’ouvre pas de fenêtre</translation>
+    </message>
+    <message>
+        <source>--json and --csv exclude each other</source>
+        <translation>--json et --csv s’excluent mutuellement</translation>
+    </message>
+    <message>
+        <source>no such file or folder: %1</source>
+        <translation>fichier ou dossier introuvable : %1</translation>
+    </message>
+    <message>
+        <source>--report needs at least one PATH</source>
+        <translation>--report demande au moins un PATH</translation>
+    </message>
+    <message>
+        <source>Try &apos;sonavo --help&apos;.</source>
+        <translation>Essayez « sonavo --help ».</translation>
+    </message>
+</context>
+<context>
     <name>DropZone</name>
     <message>
         <source>Drag &amp; Drop Music Folder Here</source>

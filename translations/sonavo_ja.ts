@@ -447,6 +447,82 @@
     </message>
 </context>
 <context>
+    <name>CommandLine</name>
+    <message>
+        <source>Usage: sonavo [--new-window] [PATH...]
+       sonavo --report [--further] [--json | --csv] PATH...
+
+Finds the songs that a music folder holds more than once and helps to remove them. Opens
+a window, in which the files and folders PATH... are scanned at once. If the window is
+open already, it comes to the front and scans them.
+
+  --new-window   open a window although there is one
+  --report       print the duplicate songs among PATH... instead, changing nothing
+  --further      compare every song with every other, in every script: finds more
+  --json         print them as JSON
+  --csv          print them as comma-separated values, for spreadsheets
+  -h, --help     print this text
+  -v, --version  print the version
+
+Exit status: 0 when the window was closed, the open one took over, or a report was
+printed, 1 when there was nothing to report, no window could be opened, or the open one
+is busy moving files, 2 for unusable arguments, 130 after Ctrl-C during a report.
+</source>
+        <translation>使い方: sonavo [--new-window] [PATH...]
+        sonavo --report [--further] [--json | --csv] PATH...
+
+ミュージックフォルダーに重複して入っている曲を見つけ、取り除くのを助けます。
+ウィンドウを開き、ファイルやフォルダー PATH... をすぐにスキャンします。
+ウィンドウがすでに開いていれば、それが前面に出てスキャンします。
+
+  --new-window   ウィンドウがあっても新しく開く
+  --report       代わりに PATH... の中の重複した曲を表示し、何も変更しない
+  --further      文字の種類を問わずすべての曲を互いに比較し、より多く見つける
+  --json         JSON で表示する
+  --csv          表計算ソフト用に、コンマ区切りの値で表示する
+  -h, --help     この説明を表示する
+  -v, --version  バージョンを表示する
+
+終了ステータス: ウィンドウが閉じられた、開いているウィンドウが引き継いだ、または
+レポートを表示したときは 0。報告するものがない、ウィンドウを開けない、または
+開いているウィンドウがファイルを移動中のときは 1。引数が正しくないときは 2。
+レポート中に Ctrl+C が押されたときは 130。
+</translation>
+    </message>
+    <message>
+        <source>skipped, its name is not valid UTF-8: %1</source>
+        <translation>スキップしました。名前が有効な UTF-8 ではありません: %1</translation>
+    </message>
+    <message>
+        <source>Unknown option &apos;%1&apos;.</source>
+        <translation>オプション「%1」は不明です。</translation>
+    </message>
+    <message>
+        <source>--%1 needs --report</source>
+        <translation>--%1 には --report が必要です</translation>
+    </message>
+    <message>
+        <source>--report opens no window</source>
+        <translation>--report はウィンドウを開きません</translation>
+    </message>
+    <message>
+        <source>--json and --csv exclude each other</source>
+        <translation>--json と --csv は同時に使えません</translation>
+    </message>
+    <message>
+        <source>no such file or folder: %1</source>
+        <translation>ファイルまたはフォルダーがありません: %1</translation>
+    </message>
+    <message>
+        <source>--report needs at least one PATH</source>
+        <translation>--report には少なくとも 1 つの PATH が必要です</translation>
+    </message>
+    <message>
+        <source>Try &apos;sonavo --help&apos;.</source>
+        <translation>「sonavo --help」をお試しください。</translation>
+    </message>
+</context>
+<context>
     <name>DropZone</name>
     <message>
         <source>Drag &amp; Drop Music Folder Here</source>

@@ -495,6 +495,81 @@
     </message>
 </context>
 <context>
+    <name>CommandLine</name>
+    <message>
+        <source>Usage: sonavo [--new-window] [PATH...]
+       sonavo --report [--further] [--json | --csv] PATH...
+
+Finds the songs that a music folder holds more than once and helps to remove them. Opens
+a window, in which the files and folders PATH... are scanned at once. If the window is
+open already, it comes to the front and scans them.
+
+  --new-window   open a window although there is one
+  --report       print the duplicate songs among PATH... instead, changing nothing
+  --further      compare every song with every other, in every script: finds more
+  --json         print them as JSON
+  --csv          print them as comma-separated values, for spreadsheets
+  -h, --help     print this text
+  -v, --version  print the version
+
+Exit status: 0 when the window was closed, the open one took over, or a report was
+printed, 1 when there was nothing to report, no window could be opened, or the open one
+is busy moving files, 2 for unusable arguments, 130 after Ctrl-C during a report.
+</source>
+        <translation>Использование: sonavo [--new-window] [PATH...]
+               sonavo --report [--further] [--json | --csv] PATH...
+
+Находит песни, которые есть в папке с музыкой больше одного раза, и помогает их удалить.
+Открывает окно, в котором сразу проверяются файлы и папки PATH... Если окно уже открыто,
+оно выходит на передний план и проверяет их.
+
+  --new-window   открыть окно, даже если одно уже есть
+  --report       вместо этого вывести повторяющиеся песни из PATH..., ничего не меняя
+  --further      сравнить каждую песню со всеми остальными, на любом письме: находит больше
+  --json         вывести их в формате JSON
+  --csv          вывести их через запятую, для электронных таблиц
+  -h, --help     вывести этот текст
+  -v, --version  вывести версию
+
+Код завершения: 0, если окно закрыто, задание приняло открытое окно или выведен отчёт;
+1, если сообщить нечего, окно не удалось открыть или открытое окно занято перемещением
+файлов; 2 при непригодных аргументах; 130 после Ctrl+C во время отчёта.
+</translation>
+    </message>
+    <message>
+        <source>skipped, its name is not valid UTF-8: %1</source>
+        <translation>пропущено, имя не в кодировке UTF-8: %1</translation>
+    </message>
+    <message>
+        <source>Unknown option &apos;%1&apos;.</source>
+        <translation>Неизвестный параметр «%1».</translation>
+    </message>
+    <message>
+        <source>--%1 needs --report</source>
+        <translation>для --%1 нужен --report</translation>
+    </message>
+    <message>
+        <source>--report opens no window</source>
+        <translation>--report не открывает окно</translation>
+    </message>
+    <message>
+        <source>--json and --csv exclude each other</source>
+        <translation>--json и --csv исключают друг друга</translation>
+    </message>
+    <message>
+        <source>no such file or folder: %1</source>
+        <translation>нет такого файла или папки: %1</translation>
+    </message>
+    <message>
+        <source>--report needs at least one PATH</source>
+        <translation>для --report нужен хотя бы один PATH</translation>
+    </message>
+    <message>
+        <source>Try &apos;sonavo --help&apos;.</source>
+        <translation>Справка: «sonavo --help».</translation>
+    </message>
+</context>
+<context>
     <name>DropZone</name>
     <message>
         <source>Drag &amp; Drop Music Folder Here</source>

@@ -447,6 +447,80 @@
     </message>
 </context>
 <context>
+    <name>CommandLine</name>
+    <message>
+        <source>Usage: sonavo [--new-window] [PATH...]
+       sonavo --report [--further] [--json | --csv] PATH...
+
+Finds the songs that a music folder holds more than once and helps to remove them. Opens
+a window, in which the files and folders PATH... are scanned at once. If the window is
+open already, it comes to the front and scans them.
+
+  --new-window   open a window although there is one
+  --report       print the duplicate songs among PATH... instead, changing nothing
+  --further      compare every song with every other, in every script: finds more
+  --json         print them as JSON
+  --csv          print them as comma-separated values, for spreadsheets
+  -h, --help     print this text
+  -v, --version  print the version
+
+Exit status: 0 when the window was closed, the open one took over, or a report was
+printed, 1 when there was nothing to report, no window could be opened, or the open one
+is busy moving files, 2 for unusable arguments, 130 after Ctrl-C during a report.
+</source>
+        <translation>用法: sonavo [--new-window] [PATH...]
+      sonavo --report [--further] [--json | --csv] PATH...
+
+查找音乐文件夹中重复的歌曲，并帮助移除它们。打开一个窗口，立即扫描文件和
+文件夹 PATH...。如果窗口已经打开，它会来到前台并进行扫描。
+
+  --new-window   即使已有窗口也打开新窗口
+  --report       改为输出 PATH... 中重复的歌曲，不做任何更改
+  --further      不论文字，将每首歌曲与其他所有歌曲比较：能找到更多
+  --json         以 JSON 格式输出
+  --csv          以逗号分隔的值输出，用于电子表格
+  -h, --help     输出本文
+  -v, --version  输出版本
+
+退出状态：窗口已关闭、已打开的窗口已接手或已输出报告时为 0；没有可报告的内容、
+无法打开窗口或已打开的窗口正在移动文件时为 1；参数无法使用时为 2；在报告期间
+按下 Ctrl+C 后为 130。
+</translation>
+    </message>
+    <message>
+        <source>skipped, its name is not valid UTF-8: %1</source>
+        <translation>已跳过，其名称不是有效的 UTF-8：%1</translation>
+    </message>
+    <message>
+        <source>Unknown option &apos;%1&apos;.</source>
+        <translation>未知选项“%1”。</translation>
+    </message>
+    <message>
+        <source>--%1 needs --report</source>
+        <translation>--%1 需要 --report</translation>
+    </message>
+    <message>
+        <source>--report opens no window</source>
+        <translation>--report 不打开窗口</translation>
+    </message>
+    <message>
+        <source>--json and --csv exclude each other</source>
+        <translation>--json 和 --csv 不能同时使用</translation>
+    </message>
+    <message>
+        <source>no such file or folder: %1</source>
+        <translation>没有此文件或文件夹：%1</translation>
+    </message>
+    <message>
+        <source>--report needs at least one PATH</source>
+        <translation>--report 至少需要一个 PATH</translation>
+    </message>
+    <message>
+        <source>Try &apos;sonavo --help&apos;.</source>
+        <translation>请尝试“sonavo --help”。</translation>
+    </message>
+</context>
+<context>
     <name>DropZone</name>
     <message>
         <source>Drag &amp; Drop Music Folder Here</source>

@@ -1,5 +1,6 @@
 #include "app/command_line.h"
 
+#include "language/language.h"
 #include "model/visible_controls.h"
 
 #include <QCommandLineParser>
@@ -16,28 +17,33 @@ namespace {
 
 namespace fs = std::filesystem;
 
-QString helpText()
+/// A text in the user's language. Nothing that translates is there before the application.
+/// @param text of the context CommandLine
+QString translated(const char *text)
 {
-    return QStringLiteral(
-        "Usage: sonavo [--new-window] [PATH...]\n"
-        "       sonavo --report [--further] [--json | --csv] PATH...\n"
-        "\n"
-        "Finds the songs that a music folder holds more than once and helps to remove them. Opens\n"
-        "a window, in which the files and folders PATH... are scanned at once. If the window is\n"
-        "open already, it comes to the front and scans them.\n"
-        "\n"
-        "  --new-window   open a window although there is one\n"
-        "  --report       print the duplicate songs among PATH... instead, changing nothing\n"
-        "  --further      compare every song with every other, in every script: finds more\n"
-        "  --json         print them as JSON\n"
-        "  --csv          print them as comma-separated values, for spreadsheets\n"
-        "  -h, --help     print this text\n"
-        "  -v, --version  print the version\n"
-        "\n"
-        "Exit status: 0 when the window was closed, the open one took over, or a report was\n"
-        "printed, 1 when there was nothing to report, no window could be opened, or the open one\n"
-        "is busy moving files, 2 for unusable arguments, 130 after Ctrl-C during a report.\n");
+    return systemLanguageText("CommandLine", text);
 }
+
+constexpr const char *HELP_TEXT = QT_TRANSLATE_NOOP(
+    "CommandLine",
+    "Usage: sonavo [--new-window] [PATH...]\n"
+    "       sonavo --report [--further] [--json | --csv] PATH...\n"
+    "\n"
+    "Finds the songs that a music folder holds more than once and helps to remove them. Opens\n"
+    "a window, in which the files and folders PATH... are scanned at once. If the window is\n"
+    "open already, it comes to the front and scans them.\n"
+    "\n"
+    "  --new-window   open a window although there is one\n"
+    "  --report       print the duplicate songs among PATH... instead, changing nothing\n"
+    "  --further      compare every song with every other, in every script: finds more\n"
+    "  --json         print them as JSON\n"
+    "  --csv          print them as comma-separated values, for spreadsheets\n"
+    "  -h, --help     print this text\n"
+    "  -v, --version  print the version\n"
+    "\n"
+    "Exit status: 0 when the window was closed, the open one took over, or a report was\n"
+    "printed, 1 when there was nothing to report, no window could be opened, or the open one\n"
+    "is busy moving files, 2 for unusable arguments, 130 after Ctrl-C during a report.\n");
 
 std::optional<QString> decoded(const char *argument)
 {
@@ -54,11 +60,35 @@ QStringList decodedArguments(std::span<char *const> arguments, QStringList &warn
         if (const std::optional<QString> text = decoded(argument)) {
             texts.append(*text);
         } else {
-            warnings.append(QStringLiteral("skipped, its name is not valid UTF-8: %1")
-                                .arg(withVisibleControls(QString::fromUtf8(argument))));
+            warnings.append(
+                translated(QT_TRANSLATE_NOOP("CommandLine", "skipped, its name is not valid UTF-8: %1"))
+                    .arg(withVisibleControls(QString::fromUtf8(argument))));
         }
     }
     return texts;
+}
+
+QString parseError(const QCommandLineParser &parser)
+{
+    const QStringList unknown = parser.unknownOptionNames();
+    if (unknown.size() != 1)
+        return parser.errorText();
+    return translated(QT_TRANSLATE_NOOP("CommandLine", "Unknown option '%1'.")).arg(unknown.constFirst());
+}
+
+/// @return why the options that are set do not go together; empty if they do
+QString optionConflict(const QCommandLineParser &parser)
+{
+    const bool isReport = parser.isSet(QStringLiteral("report"));
+    for (const QString &option : {QStringLiteral("further"), QStringLiteral("json"), QStringLiteral("csv")}) {
+        if (!isReport && parser.isSet(option))
+            return translated(QT_TRANSLATE_NOOP("CommandLine", "--%1 needs --report")).arg(option);
+    }
+    if (isReport && parser.isSet(QStringLiteral("new-window")))
+        return translated(QT_TRANSLATE_NOOP("CommandLine", "--report opens no window"));
+    if (parser.isSet(QStringLiteral("json")) && parser.isSet(QStringLiteral("csv")))
+        return translated(QT_TRANSLATE_NOOP("CommandLine", "--json and --csv exclude each other"));
+    return {};
 }
 
 bool exists(const QString &path)
@@ -104,37 +134,30 @@ CommandLine parseCommandLine(std::span<char *const> arguments)
         return commandLine;
     };
     if (!parser.parse(texts))
-        return unusable(withVisibleControls(parser.errorText()));
+        return unusable(withVisibleControls(parseError(parser)));
     if (parser.isSet(help)) {
-        commandLine.request = TextRequest{helpText()};
+        commandLine.request = TextRequest{translated(HELP_TEXT)};
         return commandLine;
     }
     if (parser.isSet(version)) {
         commandLine.request = TextRequest{QStringLiteral("sonavo " SONAVO_VERSION "\n")};
         return commandLine;
     }
-    const bool isReport = parser.isSet(report);
-    for (const QCommandLineOption &option : {further, json, csv}) {
-        if (!isReport && parser.isSet(option))
-            return unusable(QStringLiteral("--%1 needs --report").arg(option.names().constFirst()));
-    }
-    if (isReport && parser.isSet(newWindow))
-        return unusable(QStringLiteral("--report opens no window"));
-
-    if (parser.isSet(json) && parser.isSet(csv))
-        return unusable(QStringLiteral("--json and --csv exclude each other"));
+    if (const QString conflict = optionConflict(parser); !conflict.isEmpty())
+        return unusable(conflict);
 
     QList<QUrl> items;
     for (const QString &path : parser.positionalArguments()) {
         if (!exists(path))
-            return unusable(QStringLiteral("no such file or folder: %1").arg(withVisibleControls(path)));
+            return unusable(translated(QT_TRANSLATE_NOOP("CommandLine", "no such file or folder: %1"))
+                                .arg(withVisibleControls(path)));
         items.append(fileUrlOf(path));
     }
-    if (!isReport) {
+    if (!parser.isSet(report)) {
         commandLine.request =
             WindowRequest{items, parser.isSet(newWindow) ? WindowChoice::New : WindowChoice::Shared};
     } else if (items.isEmpty()) {
-        return unusable(QStringLiteral("--report needs at least one PATH"));
+        return unusable(translated(QT_TRANSLATE_NOOP("CommandLine", "--report needs at least one PATH")));
     } else {
         commandLine.request =
             ReportRequest{items,

@@ -62,7 +62,11 @@ int main(int argc, char *argv[])
                 return ExitStatus::Success;
             },
             [](const UnusableArguments &arguments) {
-                print(stderr, QStringLiteral("sonavo: %1\nTry 'sonavo --help'.\n").arg(arguments.text));
+                print(stderr,
+                      QStringLiteral("sonavo: %1\n%2\n")
+                          .arg(arguments.text,
+                               systemLanguageText("CommandLine",
+                                                  QT_TRANSLATE_NOOP("CommandLine", "Try 'sonavo --help'."))));
                 return ExitStatus::UnusableArguments;
             },
         },

@@ -26,7 +26,7 @@ bool SonavoApp::launch(const QList<QUrl> &items)
     m_window = loadMainWindow(m_engine, m_viewModel, *ThemeManager::shared());
     if (!m_window)
         return false;
-    m_window->installEventFilter(&m_sceneDelegate);
+    m_sceneDelegate.setWindow(*m_window);
     m_longWork = std::make_unique<LongWork>(m_viewModel, *m_window);
     QObject::connect(m_longWork.get(), &LongWork::activated,
                      [this](const QString &token) { bringToFront(*m_window, token); });

@@ -3,11 +3,13 @@
 #include <QDBusConnection>
 #include <QObject>
 #include <QString>
+#include <QVariantList>
 
 namespace sonavo {
 
-/// The program's notification on the desktop (org.freedesktop.Notifications), one at a time. Nothing here
-/// waits for an answer. Main thread only.
+/// The program's notification on the desktop, one at a time: through org.freedesktop.Notifications or, where
+/// that does not answer, as in a sandbox, through the portal (org.freedesktop.portal.Notification). Nothing
+/// here waits for an answer. Main thread only.
 class Notification : public QObject
 {
     Q_OBJECT
@@ -32,10 +34,13 @@ Q_SIGNALS:
 private:
     Q_SLOT void keepToken(uint id, const QString &token);
     Q_SLOT void activate(uint id, const QString &action);
+    Q_SLOT void activateByPortal(const QString &id, const QString &action, const QVariantList &parameter);
+    void showByPortal(const QString &text);
 
     QDBusConnection m_bus;
     /// 0 without one.
     uint m_id = 0;
+    bool m_isInPortal = false;
     QString m_token;
 };
 

@@ -1,5 +1,7 @@
 #include "desktop/settings_portal.h"
 
+#include "desktop/portal.h"
+
 #include <QDBusArgument>
 #include <QDBusMetaType>
 #include <QDBusPendingCallWatcher>
@@ -12,8 +14,6 @@
 namespace sonavo {
 namespace {
 
-const QString PORTAL = QStringLiteral("org.freedesktop.portal.Desktop");
-const QString PORTAL_PATH = QStringLiteral("/org/freedesktop/portal/desktop");
 const QString PORTAL_SETTINGS = QStringLiteral("org.freedesktop.portal.Settings");
 
 // Every desktop is to offer the first; the others are those of two that are older.

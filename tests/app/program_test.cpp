@@ -119,7 +119,7 @@ TEST_F(ProgramTest, TellsApartSuccessNothingFoundAndUnusableArguments)
         {{CSV, SAMPLES}, 2, "", "sonavo: --csv needs"},
         {{REPORT, CSV, JSON, SAMPLES}, 2, "", "sonavo: --json and --csv"},
         {{FURTHER, SAMPLES}, 2, "", "sonavo: --further needs"},
-        {{REPORT, QStringLiteral("--loud"), SAMPLES}, 2, "", "sonavo: "},
+        {{REPORT, QStringLiteral("--loud"), SAMPLES}, 2, "", "sonavo: Unknown option 'loud'.\nTry"},
         {{}, 1, "", "sonavo: there is no display"},
         {{QStringLiteral("--help")}, 0, "Usage: sonavo", ""},
         {{QStringLiteral("--version")}, 0, "sonavo ", ""},
@@ -151,6 +151,10 @@ TEST_F(ProgramTest, SpeaksTheLanguageOfTheUserExceptInReports)
     m_environment.remove(QStringLiteral("LANGUAGE"));
     EXPECT_EQ(run({}), 1);
     EXPECT_EQ(errors(), "sonavo: keine Anzeige für ein Fenster vorhanden; --report braucht keine\n");
+    EXPECT_EQ(run({QStringLiteral("--loud")}), 2);
+    EXPECT_EQ(errors(), "sonavo: Unbekannte Option „loud“.\n„sonavo --help“ zeigt Hilfe.\n");
+    EXPECT_EQ(run({QStringLiteral("--help")}), 0);
+    EXPECT_THAT(output(), testing::StartsWith("Aufruf: sonavo"));
     EXPECT_EQ(run({REPORT, SAMPLES}), 0);
     EXPECT_THAT(output(), HasSubstr("6 groups \u2022 7 duplicate files \u2022 43 KB to free"));
 }
@@ -199,7 +203,7 @@ TEST_F(ProgramTest, ReportsAndQuitsEvenIfADiskHangs)
 {
     HangingDisk disk("hangs.mp3");
     if (!disk.start())
-        GTEST_SKIP() << "no right to hold system calls";
+        GTEST_SKIP() << "no right to hold system calls, or not the only test";
     const QByteArray song = audioContent(QStringLiteral("mp3"), 0.2);
     for (const char *name : {"A - B.mp3", "A - hangs.mp3", "C - D.mp3"})
         writeFile(m_folder.filePath(QString::fromLatin1(name)), song);

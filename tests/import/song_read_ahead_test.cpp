@@ -81,7 +81,7 @@ protected:
     void SetUp() override
     {
         if (!m_disk.start())
-            GTEST_SKIP() << "no right to hold system calls";
+            GTEST_SKIP() << "no right to hold system calls, or not the only test";
     }
     void TearDown() override
     {

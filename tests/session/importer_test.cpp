@@ -193,7 +193,7 @@ TEST_F(ImporterTest, DoesNotWaitForADiskThatHangs)
     const MusicFolder music;
     music.addSong(u"hangs/A - B.flac"_s);
     if (!disk.start())
-        GTEST_SKIP() << "no right to let a disk hang";
+        GTEST_SKIP() << "no right to let a disk hang, or not the only test";
     const QList<QUrl> hanging{music.urlOf(u"hangs"_s)};
     const auto hangs = [&](std::size_t reads) {
         return QTest::qWaitFor([&] { return disk.hangingReads() == reads; }, 20'000);

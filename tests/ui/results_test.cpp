@@ -652,6 +652,10 @@ TEST_F(ResultsTest, ShowsTheDetailsOfNoOtherRowThanTheOneUnderThePointer)
         press(Qt::Key_Escape);
         ASSERT_TRUE(waitFor([&] { return names().size() > 8; }));
     }
+    hover(1);
+    ASSERT_TRUE(waitFor([&] { return !toolTips().empty(); }));
+    press(Qt::Key_F10);
+    EXPECT_TRUE(waitFor([&] { return toolTips().empty(); })) << "it would cover the menu";
 }
 
 TEST_F(ResultsTest, NamesTheFilesThatACleanUpCouldNotMove)

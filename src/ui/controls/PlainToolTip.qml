@@ -11,13 +11,13 @@ Loader {
     required property bool isHovered
     // Whether the item is pressed, if it is a button.
     property bool isPressed: false
-    // A press hides the tooltip until the pointer comes again.
-    property bool wasPressed: false
+    // A press, or a menu that opens, hides the tooltip until the pointer comes again.
+    property bool isDismissed: false
 
     anchors.fill: parent
-    active: isHovered && enabled && !wasPressed && text !== ""
-    onIsHoveredChanged: wasPressed = isPressed
-    onIsPressedChanged: wasPressed = wasPressed || isPressed
+    active: isHovered && enabled && !isDismissed && text !== ""
+    onIsHoveredChanged: isDismissed = isPressed
+    onIsPressedChanged: isDismissed = isDismissed || isPressed
 
     // The Loader of Qt 6.4 cannot create a bound component.
     // qmllint disable unqualified
@@ -31,6 +31,13 @@ Loader {
         text: loader.text
         // Only now that everything else is set: Qt does not always take a text that comes during the delay.
         Component.onCompleted: open()
+        // As every menu does that opens.
+        Connections {
+            target: loader.Window.window
+            function onActiveFocusItemChanged() {
+                loader.isDismissed = true;
+            }
+        }
         // The delay can end between this and the deletion, when there is no window any more.
         Component.onDestruction: close()
         contentItem: PlainText {

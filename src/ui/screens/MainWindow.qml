@@ -14,6 +14,9 @@ ApplicationWindow {
     readonly property bool canChange: !viewModel.isCleaningUp
     readonly property bool hasResult: viewModel.songCount > 0 && !viewModel.isScanning
 
+    // The user wants the window in front.
+    signal showRequested
+
     title: qsTr("Sonavo")
     width: 1100
     height: 740
@@ -100,7 +103,7 @@ ApplicationWindow {
                 Action {
                     text: Shortcuts.textOf(Shortcuts.ShowWindow)
                     shortcut: Shortcuts.keyOf(Shortcuts.ShowWindow)
-                    onTriggered: window.showMainWindow()
+                    onTriggered: window.showRequested()
                 }
             },
             ThemedMenu {
@@ -116,13 +119,6 @@ ApplicationWindow {
                 }
             }
         ]
-    }
-
-    function showMainWindow() {
-        if (visibility === Window.Minimized || visibility === Window.Hidden)
-            showNormal();
-        raise();
-        requestActivate();
     }
 
     ContentView {

@@ -52,7 +52,7 @@ ModalSheet {
                 Layout.preferredWidth: Math.max(100, implicitWidth)
                 text: qsTr("Cancel")
                 font.pixelSize: 15
-                tint: Colors.neutral
+                tint: Colors.textSecondary
                 onClicked: sheet.close()
             }
 
