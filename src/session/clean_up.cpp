@@ -28,7 +28,7 @@ CleanUp::CleanUp(const Session &session, std::shared_ptr<Pauses> pauses, QObject
     , m_session(session)
     , m_pauses(std::move(pauses))
 {
-    connect(&session.library, &Library::songsChanged, this, &CleanUp::forgetSummaryOfOtherScan);
+    connect(&session.library, &Library::songsChanged, this, &CleanUp::forgetOtherScan);
     // Nothing can be undone while a scan runs.
     connect(&session.scan, &Scan::changed, this, [this](const Scan::State &before) {
         if (!before.isRunning && m_session.scan.state().isRunning)
@@ -149,6 +149,15 @@ void CleanUp::stopPreviewOfDuplicates(const QList<DuplicateGroup> &groups)
         m_session.preview.stop();
 }
 
+/// Nothing else would show that it plays, and stop it. The user can have started it during the job.
+void CleanUp::stopPreviewWithoutRow(const WorkResult &result)
+{
+    const auto &played = m_session.preview.state().song;
+    const bool showsSummary = result.withRow.isEmpty() && m_state.summary;
+    if (played && !result.withRow.contains(played->id) && !showsSummary)
+        m_session.preview.stop();
+}
+
 void CleanUp::start(const CleanUpPlan &plan)
 {
     m_session.job.run<CleanedUp>(
@@ -181,6 +190,8 @@ void CleanUp::publish(quint64 scan, const CleanedUp &cleaned)
             setSummary(cleaned.total);
         if (self && isShown(scan))
             m_session.library.show(cleaned.lists);
+        if (self && isShown(scan))
+            stopPreviewWithoutRow(cleaned);
     } else if (self) {
         m_session.library.setHistory(cleaned.history);
     }
@@ -257,9 +268,9 @@ void CleanUp::publish(quint64 scan, const Song &song, const DeletedSong &deleted
                       ToastType::Success, undoText());
     if (self && isShown(scan))
         library.show(deleted.lists);
-    // The user can have started one meanwhile that has no row any more.
-    const auto &played = self ? m_session.preview.state().song : std::nullopt;
-    if (played && (played->id == song.id || deleted.alone.contains(played->id)))
+    if (self && isShown(scan))
+        stopPreviewWithoutRow(deleted);
+    if (self && m_session.preview.isOf(song))
         m_session.preview.stop();
 }
 
@@ -295,9 +306,8 @@ void CleanUp::publish(quint64 scan, const UndoStep &step, const UndoneStep &undo
     } else {
         m_session.library.setHistory(undone.history);
     }
-    const auto &played = self ? m_session.preview.state().song : std::nullopt;
-    if (played && undone.hidden.contains(played->id))
-        m_session.preview.stop();
+    if (self && undone.changesLists && isShown(scan))
+        stopPreviewWithoutRow(undone);
     if (!self)
         return;
     if (step.files.isEmpty()) {
@@ -322,9 +332,14 @@ void CleanUp::setSummary(const std::shared_ptr<const CleanUpSummary> &summary)
     set(std::move(state));
 }
 
-void CleanUp::forgetSummaryOfOtherScan()
+void CleanUp::forgetOtherScan()
 {
-    if (!m_state.summary || isShown(m_summaryScan))
+    const QPointer<CleanUp> self(this);
+    // No row will show that it plays.
+    const quint64 listed = m_session.library.scanResult().id;
+    if (std::exchange(m_listedScan, listed) != listed)
+        m_session.preview.stop();
+    if (!self || !m_state.summary || isShown(m_summaryScan))
         return;
     State state = m_state;
     state.summary.reset();

@@ -88,6 +88,7 @@ private:
     [[nodiscard]] CleanUpPlan plan(CleanUpTarget target) const;
     [[nodiscard]] std::optional<CleanUpPlan> planForGroupOf(QUuid member, CleanUpTarget target) const;
     void stopPreviewOfDuplicates(const QList<DuplicateGroup> &groups);
+    void stopPreviewWithoutRow(const WorkResult &result);
     void chooseFolderAndStart(CleanUpPlan plan);
     void start(const CleanUpPlan &plan);
 
@@ -97,7 +98,7 @@ private:
     void publish(quint64 scan, const UndoStep &step, const UndoneStep &undone);
 
     void setSummary(const std::shared_ptr<const CleanUpSummary> &summary);
-    void forgetSummaryOfOtherScan();
+    void forgetOtherScan();
     void set(State state);
 
     const Session m_session;
@@ -105,6 +106,8 @@ private:
     State m_state;
     /// The scan that the summary is about.
     quint64 m_summaryScan = 0;
+    /// Whose songs are listed.
+    quint64 m_listedScan = 0;
 };
 
 } // namespace sonavo

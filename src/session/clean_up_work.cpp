@@ -143,16 +143,20 @@ WorkBasis basisOf(const Library &library)
     return {library.scanResult(), library.notes(), library.history(), library.duplicateGroups()};
 }
 
-QSet<QUuid> songsHidden(const QList<DuplicateGroup> &before, const QList<DuplicateGroup> &after)
+QSet<QUuid> songsWithRow(const QList<DuplicateGroup> &groups)
 {
     QSet<QUuid> ids;
-    for (const DuplicateGroup &group : before)
-        ids.unite(idsOf(membersOf(group)));
-    for (const DuplicateGroup &group : after) {
+    for (const DuplicateGroup &group : groups) {
         if (!group.duplicates.isEmpty())
-            ids.subtract(idsOf(membersOf(group)));
+            ids.unite(idsOf(membersOf(group)));
     }
     return ids;
+}
+
+void WorkResult::makeLists(const ScanResult &scan)
+{
+    lists = history.applyTo(scan);
+    withRow = songsWithRow(lists.groups);
 }
 
 void removeLeftoversLater()
@@ -199,7 +203,7 @@ CleanedUp cleanUp(const CleanUpPlan &plan, const FileJob::Control &control)
                             .files = outcome.moved,
                             .summaryBefore = plan.summaryBefore});
     }
-    result.lists = result.history.applyTo(plan.basis.scan);
+    result.makeLists(plan.basis.scan);
     const bool isAllDone = std::ranges::all_of(
         result.lists.groups, [](const DuplicateGroup &group) { return group.duplicates.isEmpty(); });
     if (plan.scope == CleanUpScope::OneGroup && outcome.failures.isEmpty() && !isAllDone)
@@ -216,7 +220,7 @@ DeletedSong deleteSong(const Song &song, const WorkBasis &basis, const FileJob::
     if (isGone(song.path)) {
         result.wasGone = true;
         result.history.addRemoval(basis.scan.id, {.songs = {song.id}, .members = {}, .cleanedUp = {}});
-        result.lists = result.history.applyTo(basis.scan);
+        result.makeLists(basis.scan);
         return result;
     }
     QList<DuplicateGroup> groupsOfSong;
@@ -232,11 +236,7 @@ DeletedSong deleteSong(const Song &song, const WorkBasis &basis, const FileJob::
                         .removal = {.songs = {song.id}, .members = {song.id}, .cleanedUp = {}},
                         .files = {std::get<DisposedSong>(trashed)},
                         .summaryBefore = {}});
-    result.lists = result.history.applyTo(basis.scan);
-    for (const DuplicateGroup &group : withoutSongs(groupsOfSong, {song.id})) {
-        if (group.duplicates.isEmpty())
-            result.alone.append(group.original.id);
-    }
+    result.makeLists(basis.scan);
     return result;
 }
 
@@ -260,10 +260,8 @@ UndoneStep undoNext(const WorkBasis &basis, const FileJob::Control &control)
     result.notReached = step->files.size() - result.restored - result.failures.size();
     result.summaryBefore = step->summaryBefore;
     result.changesLists = step->scan == basis.scan.id && (result.restored > 0 || step->files.isEmpty());
-    if (result.changesLists) {
-        result.lists = result.history.applyTo(basis.scan);
-        result.hidden = songsHidden(basis.groups, result.lists.groups);
-    }
+    if (result.changesLists)
+        result.makeLists(basis.scan);
     return result;
 }
 

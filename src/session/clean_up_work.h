@@ -39,15 +39,19 @@ struct WorkBasis
 
 [[nodiscard]] bool isMember(const DuplicateGroup &group, const QUuid &id);
 
-/// Ids of the songs that have a row in the list no longer when other groups are shown.
-[[nodiscard]] QSet<QUuid> songsHidden(const QList<DuplicateGroup> &before,
-                                      const QList<DuplicateGroup> &after);
+/// Ids of the songs that have a row in the list when groups are shown.
+[[nodiscard]] QSet<QUuid> songsWithRow(const QList<DuplicateGroup> &groups);
 
 /// What a job leaves.
 struct WorkResult
 {
     UndoHistory history;
     SongLists lists;
+    /// See songsWithRow().
+    QSet<QUuid> withRow;
+
+    /// Makes the lists of a scan by the history.
+    void makeLists(const ScanResult &scan);
 };
 
 /// Which duplicates a clean-up moves.
@@ -96,8 +100,6 @@ struct DeletedSong : WorkResult
     std::optional<Failure> failure;
     /// There was no file any more.
     bool wasGone = false;
-    /// Songs whose groups have no duplicates any more.
-    QList<QUuid> alone;
 };
 
 /// Moves one song's file to the Trash.
@@ -114,8 +116,6 @@ struct UndoneStep : WorkResult
     QList<SongFailure> failures;
     /// Whether the step has changed the lists of this scan, and has not been undone in vain.
     bool changesLists = false;
-    /// Ids of the songs that leave the groups shown.
-    QSet<QUuid> hidden;
     /// See UndoStep.
     std::optional<std::shared_ptr<const CleanUpSummary>> summaryBefore;
 };

@@ -103,7 +103,7 @@ void Review::publish(const UndoStep &step, const Reviewed &result, const ToastTe
         if (self && isShown(step.scan))
             library.show(result.lists);
         const auto &played = self ? m_session.preview.state().song : std::nullopt;
-        if (played && result.hidden.contains(played->id))
+        if (played && !result.withRow.contains(played->id))
             m_session.preview.stop();
     }
     if (!self)

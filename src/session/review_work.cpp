@@ -57,14 +57,13 @@ std::optional<Reviewed> reviewed(const WorkBasis &basis, const UndoStep &step,
     }
 
     result.history.add(step);
-    result.lists = result.history.applyTo(scan);
-    result.hidden = songsHidden(basis.groups, result.lists.groups);
+    result.makeLists(scan);
     if (step.depth == SearchDepth::Further)
         result.count = result.lists.onlyFurther.size();
     else if (step.kept)
         result.count = changedOriginals(basis.groups, result.lists.groups);
     else
-        result.count = result.hidden.size();
+        result.count = songsWithRow(basis.groups).size() - result.withRow.size();
     result.isTaken = result.count > 0 || step.depth == SearchDepth::FourPasses;
     return result;
 }

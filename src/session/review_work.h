@@ -29,8 +29,6 @@ struct Reviewed : WorkResult
     std::optional<QList<DuplicateGroup>> furtherGroups;
     /// Those of the basis, with those of the songs that were found.
     FileNotes notes;
-    /// See songsHidden().
-    QSet<QUuid> hidden;
 };
 
 /// Takes a step that moves no files, and looks further first where it needs that.

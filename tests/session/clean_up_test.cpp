@@ -171,6 +171,25 @@ TEST_F(CleanUpTest, EndsThePreviewOfASongWhoseRowLeavesTheList)
         EXPECT_EQ(preview.state().song.has_value(), copies == 3);
         preview.stop();
     }
+
+    addGroups(2, 2);
+    const QList<DuplicateGroup> groups = library.duplicateGroups();
+    preview.toggle(groups[1].original);
+    cleanUp.trashGroup(groups[1].original.id);
+    finish();
+    EXPECT_FALSE(preview.state().song) << "the other group is shown";
+
+    undo();
+    preview.toggle(groups[1].original);
+    trashDuplicates();
+    EXPECT_TRUE(preview.state().song) << "the summary shows it";
+    home.add("music/1/1.mp3");
+    undo();
+    EXPECT_FALSE(preview.state().song) << "only the other group is back";
+
+    preview.toggle(groups[0].original);
+    addGroups(1, 2);
+    EXPECT_FALSE(preview.state().song) << "the songs of another scan are shown";
 }
 
 TEST_F(CleanUpTest, MovesNothingWhenTheResultChangesWhileTheDialogIsOpen)

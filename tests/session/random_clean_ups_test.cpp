@@ -335,7 +335,9 @@ private:
             songs += membersOf(group);
         }
         const fs::path target = m_roots[m_random.below(m_roots.size())] / "target";
-        switch (m_random.weighted({8, 2, 2, 8, 2, 1, 5})) {
+        const DuplicateGroup group =
+            m_session->duplicateGroups().value(static_cast<qsizetype>(m_random.below(8)));
+        switch (m_random.weighted({8, 2, 2, 8, 2, 1, 5, 4, 4})) {
         case 0:
             if (const Song song = songs.value(static_cast<qsizetype>(m_random.below(60)));
                 !song.path.isEmpty())
@@ -357,8 +359,21 @@ private:
             if (m_random.isOneIn(2))
                 m_session->clearAll();
             return scan();
+        case 6:
+            return decide(songs.value(static_cast<qsizetype>(m_random.below(24))));
+        case 7:
+            m_desktop.onChooseFolder = [&target] { return QString::fromStdString(target.string()); };
+            if (m_random.isOneIn(2))
+                return remove("Trash group", group.duplicates,
+                              [&] { m_session->trashGroup(group.original); });
+            return remove("Move group", group.duplicates,
+                          [&] { m_session->moveGroupToFolder(group.original); });
         default:
-            decide(songs.value(static_cast<qsizetype>(m_random.below(24))));
+            if (group.duplicates.isEmpty())
+                return;
+            const Song &song = m_random.isOneIn(2) ? group.original : group.duplicates.last();
+            m_random.isOneIn(2) ? m_session->togglePlayback(song) : m_session->comparePlayback(song);
+            m_log += "Play " + song.path.toStdString() + '\n';
         }
     }
 
@@ -548,6 +563,7 @@ private:
         }
         for (const std::string &content : m_disks->contents)
             EXPECT_TRUE(found.contains(content)) << "Lost: " << content;
+        checkPreview();
         if (m_areOthersThere || !m_session)
             return;
         const auto isGone = [&files](const Song &song) { return !files.contains(pathOf(song)); };
@@ -576,6 +592,19 @@ private:
         for (DuplicateGroup &group : shown)
             group.id = isFurther ? QUuid() : group.id;
         EXPECT_EQ(linesOf(m_session->songs(), shown), linesOf(songs, groups));
+    }
+
+    /// The song that plays has a row, or stands beside the summary.
+    void checkPreview() const
+    {
+        if (!m_session || !m_session->currentlyPlayingSong())
+            return;
+        QList<Song> withRow;
+        for (const DuplicateGroup &group : m_session->duplicateGroups())
+            withRow += group.duplicates.isEmpty() ? QList<Song>() : membersOf(group);
+        EXPECT_TRUE(withRow.contains(*m_session->currentlyPlayingSong()) ||
+                    (withRow.isEmpty() && m_session->hasCleanUpSummary()))
+            << "Nothing shows that it plays: " << pathOf(*m_session->currentlyPlayingSong());
     }
 
     void endWhileFilesMove()

@@ -218,6 +218,8 @@ TEST_F(WindowTest, AsksBeforeAnotherProgramReplacesTheDuplicates)
         ASSERT_TRUE(waitForText(title));
         ASSERT_TRUE(waitFor([this] { return focusedName() == u"Cancel"; }));
         EXPECT_TRUE(shows(session.openQuestion()));
+        EXPECT_TRUE(session.openItems({SAMPLES[0], SAMPLES[0]}));
+        EXPECT_TRUE(waitForText(session.openQuestion())) << "of what was opened last";
         EXPECT_NE(find(QAccessible::AlertMessage, title), nullptr);
         isReplaced ? click(u"Scan"_s) : press(Qt::Key_Return);
         EXPECT_TRUE(waitForNoText(title));

@@ -7,11 +7,16 @@ ModalSheet {
     id: sheet
 
     required property DuplicateViewModel viewModel
+    readonly property string openQuestion: viewModel.openQuestion
 
     title: qsTr("Replace the List?")
     width: Math.min(460, parent ? parent.width - 40 : 460)
-    visible: viewModel.openQuestion !== ""
-    onAboutToShow: question.text = viewModel.openQuestion
+    visible: openQuestion !== ""
+    // The text stays while the sheet goes.
+    onOpenQuestionChanged: {
+        if (openQuestion !== "")
+            question.text = openQuestion;
+    }
     onAboutToHide: viewModel.declineOpenedItems()
     onOpened: {
         cancelButton.forceActiveFocus(Qt.PopupFocusReason);
