@@ -21,8 +21,10 @@ using Counters = std::array<Part, std::bit_width(LONGEST_PLACED)>;
 /// The distance table of a text and others of one length, as far as it matters.
 struct Table
 {
-    /// For each character of the text its first row, or 0.
+    /// For each character of the text its first row.
     std::vector<std::uint32_t> rows;
+    /// Characters that the text and all others have in common at the beginning; the table starts behind them.
+    std::size_t begin = 0;
     /// Characters of the others.
     std::ptrdiff_t columns = 0;
     /// The diagonals that `limit` edits can reach, and the last cell's.
@@ -33,6 +35,16 @@ struct Table
     /// The parts of the index that are asked for: from the first to before the end.
     std::size_t firstPart = 0;
     std::size_t endPart = 0;
+    /// In how many parts obstacles were counted, and in how many of them that dropped all texts.
+    std::size_t tried = 0;
+    std::size_t emptied = 0;
+
+    /// Where texts are left more often than not, measuring alone is faster.
+    [[nodiscard]] bool isWorthCounting() const
+    {
+        constexpr std::size_t FEW = 4;
+        return tried < FEW || emptied * 2 >= tried;
+    }
 };
 
 [[gnu::always_inline]] inline void read(Part &part, const std::uint64_t *words)
@@ -99,32 +111,53 @@ template <std::size_t DIAGONALS>
         runs[diagonal] = ~Part{};
     Counters counters;
     startCounters(counters, table.limit, counterBits);
-    const std::uint64_t *column = bits + table.lowest * static_cast<std::ptrdiff_t>(PART);
-    for (std::size_t row = 0; row < table.rows.size(); ++row, column += PART) {
+    const auto begin = static_cast<std::ptrdiff_t>(table.begin);
+    const std::uint64_t *column = bits + (begin + table.lowest) * static_cast<std::ptrdiff_t>(PART);
+    for (std::size_t row = table.begin; row < table.rows.size(); ++row, column += PART) {
+        const std::uint64_t *equal = column + table.rows[row] * PART;
         Part any{};
-        if (const std::size_t firstRow = table.rows[row]; firstRow != 0) {
-            const std::uint64_t *equal = column + firstRow * PART;
-            for (std::size_t diagonal = 0; diagonal < diagonals.count(); ++diagonal) {
-                Part isEqual;
-                read(isEqual, equal + diagonal * PART);
-                runs[diagonal] &= isEqual;
-                any |= runs[diagonal];
-            }
+        for (std::size_t diagonal = 0; diagonal < diagonals.count(); ++diagonal) {
+            Part isEqual;
+            read(isEqual, equal + diagonal * PART);
+            runs[diagonal] &= isEqual;
+            any |= runs[diagonal];
         }
         for (std::size_t diagonal = 0; diagonal < diagonals.count(); ++diagonal)
             runs[diagonal] |= ~any;
         count(left, counters, ~any, counterBits);
-        if (row >= table.limit && isEmpty(left))
+        if (row >= table.begin + table.limit && isEmpty(left))
             return;
     }
 }
 
-/// Differences between neighbouring cells.
-struct Difference
+/// The differences between neighbouring cells of a row, by column.
+struct RowDifferences
 {
-    Part more;
-    Part less;
+    std::array<Part, LONGEST_PLACED> more;
+    std::array<Part, LONGEST_PLACED> less;
 };
+
+/// The difference between a cell and the one above it.
+struct Step
+{
+    Part isNotMore;
+    Part isLess;
+};
+
+/// Goes on by one cell to the right: from the row above to the row of the cell, and from the cell's left
+/// neighbour to the cell.
+/// @param isSame becomes the texts for which the cell is the same as the one diagonally above it
+[[gnu::always_inline]] inline void advance(RowDifferences &row, std::size_t column, Step &step, Part &isSame,
+                                           const std::uint64_t *equal)
+{
+    const Part more = row.more[column];
+    const Part less = row.less[column];
+    read(isSame, equal + column * PART);
+    isSame |= less | step.isLess;
+    row.more[column] = step.isLess | (step.isNotMore & ~isSame);
+    row.less[column] = ~step.isNotMore & isSame;
+    step = {(more | isSame) & ~less, more & isSame};
+}
 
 /// Keeps the texts of a part that are within the limit.
 ///
@@ -132,45 +165,44 @@ struct Difference
 /// the rules. Cells beyond the diagonals are taken for as large as they can be.
 [[gnu::always_inline]] inline void measureDistance(Part &left, const Table &table, const std::uint64_t *bits)
 {
-    const Difference one{~Part{}, Part{}};
-    std::array<Difference, LONGEST_PLACED> above;
-    for (std::ptrdiff_t column = 0; column < table.columns; ++column)
-        above[static_cast<std::size_t>(column)] = one;
+    RowDifferences differences;
+    for (std::size_t column = table.begin; column < static_cast<std::size_t>(table.columns); ++column) {
+        differences.more[column] = ~Part{};
+        differences.less[column] = Part{};
+    }
     // The edits on the last diagonal, where so many are left for it.
     const std::size_t limit = table.limit - static_cast<std::size_t>(std::abs(table.last));
     const auto counterBits = static_cast<std::size_t>(std::bit_width(limit));
     Counters counters;
     startCounters(counters, limit, counterBits);
-    for (std::ptrdiff_t row = 0; row < static_cast<std::ptrdiff_t>(table.rows.size()); ++row) {
-        const std::size_t firstRow = table.rows[static_cast<std::size_t>(row)];
-        const std::uint64_t *equal = bits + firstRow * PART;
-        const std::size_t stride = firstRow == 0 ? 0 : PART;
-        Difference before = one;
-        const std::ptrdiff_t end = std::min(row + table.highest + 1, table.columns);
-        for (std::ptrdiff_t column = std::max<std::ptrdiff_t>(row + table.lowest, 0); column < end;
-             ++column) {
-            Difference &place = above[static_cast<std::size_t>(column)];
-            const Difference top = place;
-            Part diagonal;
-            read(diagonal, equal + static_cast<std::size_t>(column) * stride);
-            diagonal |= before.less | top.less;
-            place = {before.less | ~(diagonal | before.more), before.more & diagonal};
-            before = {top.less | ~(diagonal | top.more), top.more & diagonal};
-            if (column - row != table.last)
-                continue;
-            count(left, counters, ~diagonal, counterBits);
-        }
+    const auto columnOf = [&table](std::size_t row, std::ptrdiff_t diagonal) {
+        const auto column = static_cast<std::ptrdiff_t>(row) + diagonal;
+        const auto begin = static_cast<std::ptrdiff_t>(table.begin);
+        return static_cast<std::size_t>(std::clamp(column, begin, table.columns));
+    };
+    for (std::size_t row = table.begin; row < table.rows.size(); ++row) {
+        const std::uint64_t *equal = bits + table.rows[row] * PART;
+        Step step{Part{}, Part{}};
+        Part isSame{};
+        std::size_t column = columnOf(row, table.lowest);
+        const std::size_t afterLast = columnOf(row, table.last + 1);
+        const bool isOnLast = column < afterLast;
+        for (; column < afterLast; ++column)
+            advance(differences, column, step, isSame, equal);
+        if (isOnLast)
+            count(left, counters, ~isSame, counterBits);
+        const std::size_t end = columnOf(row, table.highest + 1);
+        for (; column < end; ++column)
+            advance(differences, column, step, isSame, equal);
         if (isEmpty(left))
             return;
     }
 }
 
-/// Keeps the texts of a part that are within the limit.
-[[gnu::always_inline]] inline void keepNear(std::uint64_t *words, const Table &table,
-                                            const std::uint64_t *bits)
+/// Drops the texts of a part that have too many obstacles.
+[[gnu::always_inline]] inline void countObstacles(Part &left, Table &table, const std::uint64_t *bits)
 {
-    Part left;
-    read(left, words);
+    ++table.tried;
     switch (table.highest - table.lowest) {
     case 0:
         countObstacles<1>(left, table, bits);
@@ -214,21 +246,30 @@ struct Difference
     default:
         countObstacles<0>(left, table, bits);
     }
+    table.emptied += isEmpty(left) ? 1U : 0U;
+}
+
+/// Keeps the texts of a part that are within the limit.
+[[gnu::always_inline]] inline void keepNear(std::uint64_t *words, Table &table, const std::uint64_t *bits)
+{
+    Part left;
+    read(left, words);
+    if (table.isWorthCounting())
+        countObstacles(left, table, bits);
     if (!isEmpty(left))
         measureDistance(left, table, bits);
     std::memcpy(words, &left, sizeof left);
 }
 
-using KeepNear = void (*)(std::uint64_t *words, const Table &, const std::uint64_t *bits);
+using KeepNear = void (*)(std::uint64_t *words, Table &, const std::uint64_t *bits);
 
-void keepNearHere(std::uint64_t *words, const Table &table, const std::uint64_t *bits)
+void keepNearHere(std::uint64_t *words, Table &table, const std::uint64_t *bits)
 {
     keepNear(words, table, bits);
 }
 
 #ifdef __x86_64__
-[[gnu::target("avx2")]] void keepNearWithAvx2(std::uint64_t *words, const Table &table,
-                                              const std::uint64_t *bits)
+[[gnu::target("avx2")]] void keepNearWithAvx2(std::uint64_t *words, Table &table, const std::uint64_t *bits)
 {
     keepNear(words, table, bits);
 }
@@ -243,6 +284,13 @@ KeepNear fastestKeepNear()
         return keepNearWithAvx2;
 #endif
     return keepNearHere;
+}
+
+/// How many characters two texts have in common at their beginning.
+template <typename Character>
+std::size_t lengthInCommon(std::basic_string_view<Character> a, std::basic_string_view<Character> b)
+{
+    return static_cast<std::size_t>(std::mismatch(a.begin(), a.end(), b.begin(), b.end()).first - a.begin());
 }
 
 /// The table of a search, but for its rows.
@@ -301,6 +349,7 @@ void CharacterPlaces<Character>::clear(std::size_t length, std::size_t count, st
     m_parts = (count + TEXTS_PER_PART - 1) / TEXTS_PER_PART;
     m_margin = std::max<std::size_t>(mostEdits, 1);
     m_firstRows.fill(0);
+    m_beginning.reset();
     m_left.assign(m_parts * PART, 0);
     for (std::size_t number = 0; number < count; ++number)
         m_left[number / BITS] |= std::uint64_t{1} << number % BITS;
@@ -309,6 +358,9 @@ void CharacterPlaces<Character>::clear(std::size_t length, std::size_t count, st
 template <typename Character>
 void CharacterPlaces<Character>::noteCharacters(Text text)
 {
+    if (!m_beginning)
+        m_beginning = text;
+    m_beginning->resize(lengthInCommon<Character>(*m_beginning, text));
     for (const Character character : text)
         m_firstRows[symbolOfCharacter(character)] = 1;
 }
@@ -316,23 +368,27 @@ void CharacterPlaces<Character>::noteCharacters(Text text)
 template <typename Character>
 void CharacterPlaces<Character>::layOut()
 {
-    m_rows = m_margin;
+    // The first rows are those of characters that no text has.
+    const std::size_t size = m_length + m_margin;
+    m_rows = m_margin + size;
     for (std::uint32_t &first : m_firstRows) {
-        if (first == 0)
+        if (first == 0) {
+            first = static_cast<std::uint32_t>(m_margin);
             continue;
+        }
         first = static_cast<std::uint32_t>(m_rows);
-        m_rows += m_length + m_margin;
+        m_rows += size;
     }
-    m_bits.assign(m_rows * m_parts * PART, 0);
+    m_bits.assign(m_rows * m_parts, {});
 }
 
 template <typename Character>
 void CharacterPlaces<Character>::add(Text text, std::size_t number)
 {
     const std::uint64_t bit = std::uint64_t{1} << number % BITS;
-    std::uint64_t *part = &m_bits[number / TEXTS_PER_PART * m_rows * PART + number / BITS % PART];
+    Words *part = &m_bits[number / TEXTS_PER_PART * m_rows];
     for (std::size_t place = 0; place < text.size(); ++place)
-        part[(m_firstRows[symbolOfCharacter(text[place])] + place) * PART] |= bit;
+        part[m_firstRows[symbolOfCharacter(text[place])] + place].words[number / BITS % PART] |= bit;
 }
 
 template <typename Character>
@@ -350,6 +406,7 @@ void CharacterPlaces<Character>::findNear(std::span<const Search> searches, Remo
     std::size_t endPart = 0;
     for (const Search &search : searches) {
         tables.push_back(tableOf(search, m_length));
+        tables.back().begin = m_beginning ? lengthInCommon<Character>(*m_beginning, search.text) : 0;
         for (const Character character : search.text)
             tables.back().rows.push_back(m_firstRows[symbolOfCharacter(character)]);
         firstPart = std::min(firstPart, tables.back().firstPart);
@@ -368,7 +425,7 @@ void CharacterPlaces<Character>::findNear(std::span<const Search> searches, Remo
                 std::copy_n(&m_left[part * PART], PART, found.begin());
             if ((found[0] | found[1] | found[2] | found[3]) == 0)
                 break;
-            keepNear(found.data(), table, &m_bits[part * m_rows * PART]);
+            keepNear(found.data(), table, m_bits[part * m_rows].words.data());
             const bool goesOn = std::all_of(
                 found.begin(), found.end(), [&, number = part * TEXTS_PER_PART](std::uint64_t word) mutable {
                     const std::size_t first = number;

@@ -6,7 +6,9 @@
 #include <cstddef>
 #include <cstdint>
 #include <functional>
+#include <optional>
 #include <span>
+#include <string>
 #include <string_view>
 #include <vector>
 
@@ -80,6 +82,12 @@ private:
     /// Symbols are below this.
     static constexpr std::size_t SYMBOLS = 64;
 
+    /// Aligned, since processors take longer to read across the border of a cache line.
+    struct alignas(32) Words
+    {
+        std::array<std::uint64_t, 4> words{};
+    };
+
     [[nodiscard]] static std::size_t symbolOfCharacter(Character character);
     void clear(std::size_t length, std::size_t count, std::size_t mostEdits);
     void noteCharacters(Text text);
@@ -91,10 +99,12 @@ private:
     /// Empty rows before and behind those of a character.
     std::size_t m_margin = 0;
     std::size_t m_rows = 0;
-    /// By symbol, the number of its first row; 0 for those that no text has.
+    /// By symbol, the number of its first row.
     std::array<std::uint32_t, SYMBOLS> m_firstRows{};
-    /// By part: an empty row, and then one for each character and place.
-    std::vector<std::uint64_t> m_bits;
+    /// What all texts begin with; searches skip it.
+    std::optional<std::basic_string<Character>> m_beginning;
+    /// By part, one for each character and place.
+    std::vector<Words> m_bits;
     /// The texts that are not removed.
     std::vector<std::uint64_t> m_left;
 };
