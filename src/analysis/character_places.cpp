@@ -21,8 +21,10 @@ using Counters = std::array<Part, std::bit_width(LONGEST_PLACED)>;
 /// The distance table of a text and others of one length, as far as it matters.
 struct Table
 {
-    /// For each character of the text its first row, or 0.
+    /// For each character of the text its first row.
     std::vector<std::uint32_t> rows;
+    /// Characters that the text and all others have in common at the beginning; the table starts behind them.
+    std::size_t begin = 0;
     /// Characters of the others.
     std::ptrdiff_t columns = 0;
     /// The diagonals that `limit` edits can reach, and the last cell's.
@@ -33,6 +35,16 @@ struct Table
     /// The parts of the index that are asked for: from the first to before the end.
     std::size_t firstPart = 0;
     std::size_t endPart = 0;
+    /// In how many parts obstacles were counted, and in how many of them that dropped all texts.
+    std::size_t tried = 0;
+    std::size_t emptied = 0;
+
+    /// Where texts are left more often than not, measuring alone is faster.
+    [[nodiscard]] bool isWorthCounting() const
+    {
+        constexpr std::size_t FEW = 4;
+        return tried < FEW || emptied * 2 >= tried;
+    }
 };
 
 [[gnu::always_inline]] inline void read(Part &part, const std::uint64_t *words)
@@ -99,32 +111,53 @@ template <std::size_t DIAGONALS>
         runs[diagonal] = ~Part{};
     Counters counters;
     startCounters(counters, table.limit, counterBits);
-    const std::uint64_t *column = bits + table.lowest * static_cast<std::ptrdiff_t>(PART);
-    for (std::size_t row = 0; row < table.rows.size(); ++row, column += PART) {
+    const auto begin = static_cast<std::ptrdiff_t>(table.begin);
+    const std::uint64_t *column = bits + (begin + table.lowest) * static_cast<std::ptrdiff_t>(PART);
+    for (std::size_t row = table.begin; row < table.rows.size(); ++row, column += PART) {
+        const std::uint64_t *equal = column + table.rows[row] * PART;
         Part any{};
-        if (const std::size_t firstRow = table.rows[row]; firstRow != 0) {
-            const std::uint64_t *equal = column + firstRow * PART;
-            for (std::size_t diagonal = 0; diagonal < diagonals.count(); ++diagonal) {
-                Part isEqual;
-                read(isEqual, equal + diagonal * PART);
-                runs[diagonal] &= isEqual;
-                any |= runs[diagonal];
-            }
+        for (std::size_t diagonal = 0; diagonal < diagonals.count(); ++diagonal) {
+            Part isEqual;
+            read(isEqual, equal + diagonal * PART);
+            runs[diagonal] &= isEqual;
+            any |= runs[diagonal];
         }
         for (std::size_t diagonal = 0; diagonal < diagonals.count(); ++diagonal)
             runs[diagonal] |= ~any;
         count(left, counters, ~any, counterBits);
-        if (row >= table.limit && isEmpty(left))
+        if (row >= table.begin + table.limit && isEmpty(left))
             return;
     }
 }
 
-/// Differences between neighbouring cells.
-struct Difference
+/// The differences between neighbouring cells of a row, by column.
+struct RowDifferences
 {
-    Part more;
-    Part less;
+    std::array<Part, LONGEST_PLACED> more;
+    std::array<Part, LONGEST_PLACED> less;
 };
+
+/// The difference between a cell and the one above it.
+struct Step
+{
+    Part isNotMore;
+    Part isLess;
+};
+
+/// Goes on by one cell to the right: from the row above to the row of the cell, and from the cell's left
+/// neighbour to the cell.
+/// @param isSame becomes the texts for which the cell is the same as the one diagonally above it
+[[gnu::always_inline]] inline void advance(RowDifferences &row, std::size_t column, Step &step, Part &isSame,
+                                           const std::uint64_t *equal)
+{
+    const Part more = row.more[column];
+    const Part less = row.less[column];
+    read(isSame, equal + column * PART);
+    isSame |= less | step.isLess;
+    row.more[column] = step.isLess | (step.isNotMore & ~isSame);
+    row.less[column] = ~step.isNotMore & isSame;
+    step = {(more | isSame) & ~less, more & isSame};
+}
 
 /// Keeps the texts of a part that are within the limit.
 ///
@@ -132,45 +165,44 @@ struct Difference
 /// the rules. Cells beyond the diagonals are taken for as large as they can be.
 [[gnu::always_inline]] inline void measureDistance(Part &left, const Table &table, const std::uint64_t *bits)
 {
-    const Difference one{~Part{}, Part{}};
-    std::array<Difference, LONGEST_PLACED> above;
-    for (std::ptrdiff_t column = 0; column < table.columns; ++column)
-        above[static_cast<std::size_t>(column)] = one;
+    RowDifferences differences;
+    for (std::size_t column = table.begin; column < static_cast<std::size_t>(table.columns); ++column) {
+        differences.more[column] = ~Part{};
+        differences.less[column] = Part{};
+    }
     // The edits on the last diagonal, where so many are left for it.
     const std::size_t limit = table.limit - static_cast<std::size_t>(std::abs(table.last));
     const auto counterBits = static_cast<std::size_t>(std::bit_width(limit));
     Counters counters;
     startCounters(counters, limit, counterBits);
-    for (std::ptrdiff_t row = 0; row < static_cast<std::ptrdiff_t>(table.rows.size()); ++row) {
-        const std::size_t firstRow = table.rows[static_cast<std::size_t>(row)];
-        const std::uint64_t *equal = bits + firstRow * PART;
-        const std::size_t stride = firstRow == 0 ? 0 : PART;
-        Difference before = one;
-        const std::ptrdiff_t end = std::min(row + table.highest + 1, table.columns);
-        for (std::ptrdiff_t column = std::max<std::ptrdiff_t>(row + table.lowest, 0); column < end;
-             ++column) {
-            Difference &place = above[static_cast<std::size_t>(column)];
-            const Difference top = place;
-            Part diagonal;
-            read(diagonal, equal + static_cast<std::size_t>(column) * stride);
-            diagonal |= before.less | top.less;
-            place = {before.less | ~(diagonal | before.more), before.more & diagonal};
-            before = {top.less | ~(diagonal | top.more), top.more & diagonal};
-            if (column - row != table.last)
-                continue;
-            count(left, counters, ~diagonal, counterBits);
-        }
+    const auto columnOf = [&table](std::size_t row, std::ptrdiff_t diagonal) {
+        const auto column = static_cast<std::ptrdiff_t>(row) + diagonal;
+        const auto begin = static_cast<std::ptrdiff_t>(table.begin);
+        return static_cast<std::size_t>(std::clamp(column, begin, table.columns));
+    };
+    for (std::size_t row = table.begin; row < table.rows.size(); ++row) {
+        const std::uint64_t *equal = bits + table.rows[row] * PART;
+        Step step{Part{}, Part{}};
+        Part isSame{};
+        std::size_t column = columnOf(row, table.lowest);
+        const std::size_t afterLast = columnOf(row, table.last + 1);
+        const bool isOnLast = column < afterLast;
+        for (; column < afterLast; ++column)
+            advance(differences, column, step, isSame, equal);
+        if (isOnLast)
+            count(left, counters, ~isSame, counterBits);
+        const std::size_t end = columnOf(row, table.highest + 1);
+        for (; column < end; ++column)
+            advance(differences, column, step, isSame, equal);
         if (isEmpty(left))
             return;
     }
 }
 
-/// Keeps the texts of a part that are within the limit.
-[[gnu::always_inline]] inline void keepNear(std::uint64_t *words, const Table &table,
-                                            const std::uint64_t *bits)
+/// Drops the texts of a part that have too many obstacles.
+[[gnu::always_inline]] inline void countObstacles(Part &left, Table &table, const std::uint64_t *bits)
 {
-    Part left;
-    read(left, words);
+    ++table.tried;
     switch (table.highest - table.lowest) {
     case 0:
         countObstacles<1>(left, table, bits);
@@ -214,6 +246,16 @@ struct Difference
     default:
         countObstacles<0>(left, table, bits);
     }
+    table.emptied += isEmpty(left) ? 1U : 0U;
+}
+
+/// Keeps the texts of a part that are within the limit.
+[[gnu::always_inline]] inline void keepNear(std::uint64_t *words, Table &table, const std::uint64_t *bits)
+{
+    Part left;
+    read(left, words);
+    if (table.isWorthCounting())
+        countObstacles(left, table, bits);
     if (!isEmpty(left))
         measureDistance(left, table, bits);
     std::memcpy(words, &left, sizeof left);
@@ -259,7 +301,7 @@ struct CodeRows
     }
 }
 
-using KeepNear = void (*)(std::uint64_t *words, const Table &, const std::uint64_t *bits);
+using KeepNear = void (*)(std::uint64_t *words, Table &, const std::uint64_t *bits);
 using Unpack = void (*)(std::uint64_t *rows, std::span<const CodeRows> codes, const std::uint64_t *planes,
                         std::size_t codeBits, std::size_t length);
 
@@ -270,7 +312,7 @@ struct Kernels
     Unpack unpack;
 };
 
-void keepNearHere(std::uint64_t *words, const Table &table, const std::uint64_t *bits)
+void keepNearHere(std::uint64_t *words, Table &table, const std::uint64_t *bits)
 {
     keepNear(words, table, bits);
 }
@@ -282,8 +324,7 @@ void unpackHere(std::uint64_t *rows, std::span<const CodeRows> codes, const std:
 }
 
 #ifdef __x86_64__
-[[gnu::target("avx2")]] void keepNearWithAvx2(std::uint64_t *words, const Table &table,
-                                              const std::uint64_t *bits)
+[[gnu::target("avx2")]] void keepNearWithAvx2(std::uint64_t *words, Table &table, const std::uint64_t *bits)
 {
     keepNear(words, table, bits);
 }
@@ -305,6 +346,13 @@ Kernels fastestKernels()
         return {keepNearWithAvx2, unpackWithAvx2};
 #endif
     return {keepNearHere, unpackHere};
+}
+
+/// How many characters two texts have in common at their beginning.
+template <typename Character>
+std::size_t lengthInCommon(std::basic_string_view<Character> a, std::basic_string_view<Character> b)
+{
+    return static_cast<std::size_t>(std::mismatch(a.begin(), a.end(), b.begin(), b.end()).first - a.begin());
 }
 
 /// The table of a search, but for its rows.
@@ -357,7 +405,8 @@ std::size_t CharacterPlaces<char32_t>::symbolOfCharacter(char32_t character)
 }
 
 /// For the characters of some searches: a row for each place, of the texts of one part that have the
-/// character there. Empty rows are before the first character's and behind those of each.
+/// character there. The first rows, which are those of characters that no text has, are empty, and so are
+/// some behind those of each character.
 template <typename Character>
 class CharacterPlaces<Character>::Rows
 {
@@ -367,12 +416,12 @@ public:
     {}
 
     /// Adds a character, before the first call of read().
-    /// @return its first row, or 0 if no text has it
+    /// @return its first row
     std::uint32_t add(Character character)
     {
         const std::uint8_t code = m_places.m_codes[symbolOfCharacter(character)];
         if (code == NO_CODE)
-            return 0;
+            return static_cast<std::uint32_t>(m_places.m_margin);
         std::uint32_t &firstRow = m_firstRows[code];
         if (firstRow == 0) {
             firstRow = static_cast<std::uint32_t>(rowCount());
@@ -384,24 +433,30 @@ public:
     /// @return the rows of a part, valid until the next call
     const std::uint64_t *read(std::size_t part, Unpack unpack)
     {
-        m_rows.resize(rowCount() * PART);
+        m_rows.resize(rowCount());
         const std::size_t planes = m_places.m_length * m_places.m_codeBits * PART;
-        unpack(m_rows.data(), m_codes, m_places.m_planes.data() + part * planes, m_places.m_codeBits,
-               m_places.m_length);
-        return m_rows.data();
+        unpack(m_rows.front().words.data(), m_codes, m_places.m_planes.data() + part * planes,
+               m_places.m_codeBits, m_places.m_length);
+        return m_rows.front().words.data();
     }
 
 private:
+    /// Aligned, since processors take longer to read across the border of a cache line.
+    struct alignas(Part) Row
+    {
+        std::array<std::uint64_t, PART> words{};
+    };
+
     [[nodiscard]] std::size_t rowCount() const
     {
-        return m_places.m_margin + m_codes.size() * (m_places.m_length + m_places.m_margin);
+        return m_places.m_margin + (1 + m_codes.size()) * (m_places.m_length + m_places.m_margin);
     }
 
     const CharacterPlaces &m_places;
     std::vector<CodeRows> m_codes;
     /// By code, or 0.
     std::array<std::uint32_t, SYMBOLS> m_firstRows{};
-    std::vector<std::uint64_t> m_rows;
+    std::vector<Row> m_rows;
 };
 
 template <typename Character>
@@ -411,6 +466,7 @@ void CharacterPlaces<Character>::clear(std::size_t length, std::size_t count, st
     m_parts = (count + TEXTS_PER_PART - 1) / TEXTS_PER_PART;
     m_margin = std::max<std::size_t>(mostEdits, 1);
     m_codes.fill(NO_CODE);
+    m_beginning.reset();
     m_left.assign(m_parts * PART, 0);
     for (std::size_t number = 0; number < count; ++number)
         m_left[number / BITS] |= std::uint64_t{1} << number % BITS;
@@ -419,6 +475,9 @@ void CharacterPlaces<Character>::clear(std::size_t length, std::size_t count, st
 template <typename Character>
 void CharacterPlaces<Character>::noteCharacters(Text text)
 {
+    if (!m_beginning)
+        m_beginning = text;
+    m_beginning->resize(lengthInCommon<Character>(*m_beginning, text));
     for (const Character character : text)
         m_codes[symbolOfCharacter(character)] = 0;
 }
@@ -464,6 +523,7 @@ void CharacterPlaces<Character>::findNear(std::span<const Search> searches, Remo
     std::size_t endPart = 0;
     for (const Search &search : searches) {
         tables.push_back(tableOf(search, m_length));
+        tables.back().begin = m_beginning ? lengthInCommon<Character>(*m_beginning, search.text) : 0;
         for (const Character character : search.text)
             tables.back().rows.push_back(rows.add(character));
         firstPart = std::min(firstPart, tables.back().firstPart);

@@ -6,7 +6,9 @@
 #include <cstddef>
 #include <cstdint>
 #include <functional>
+#include <optional>
 #include <span>
+#include <string>
 #include <string_view>
 #include <vector>
 
@@ -94,6 +96,8 @@ private:
     std::size_t m_parts = 0;
     /// The most edits that are asked for.
     std::size_t m_margin = 0;
+    /// What all texts begin with; searches skip it.
+    std::optional<std::basic_string<Character>> m_beginning;
     /// By symbol: a number from 0, or NO_CODE for those that no text has.
     std::array<std::uint8_t, SYMBOLS> m_codes{};
     std::size_t m_codeBits = 0;
