@@ -17,6 +17,8 @@ namespace {
 
 constexpr std::size_t SONGS_A_PART = 1024;
 constexpr std::size_t PARTS_AT_A_TIME = 32;
+/// How many songs before it is asked for, an entry of a table is fetched from memory.
+constexpr SongIndex SONGS_AHEAD = 8;
 
 /// As normalising "artist - title" would give it.
 void joinInto(std::string &result, std::string_view artist, std::string_view title)
@@ -29,38 +31,51 @@ void joinInto(std::string &result, std::string_view artist, std::string_view tit
 
 } // namespace
 
-/// The normalised texts of some neighbours.
+/// The normalised texts of some neighbours, and the hashes of these texts and of paths.
 struct PreparedSongs::Texts
 {
+    struct Text
+    {
+        std::string_view characters;
+        std::size_t hash = 0;
+    };
+
     void clear(SongIndex newBegin)
     {
         begin = newBegin;
         m_characters.clear();
         m_ends.clear();
+        m_hashes.clear();
+        m_pathHashes.clear();
     }
+    /// Artist, title and name of each song in turn.
     void add(std::string_view text)
     {
         m_characters += text;
         m_ends.push_back(m_characters.size());
+        m_hashes.push_back(StringPool::hashOf(text));
     }
-    [[nodiscard]] SongIndex songCount() const { return static_cast<SongIndex>(m_ends.size() / 3); }
-    [[nodiscard]] std::string_view artistOf(SongIndex i) const { return at(std::size_t{i} * 3); }
-    [[nodiscard]] std::string_view titleOf(SongIndex i) const { return at(std::size_t{i} * 3 + 1); }
-    [[nodiscard]] std::string_view nameOf(SongIndex i) const { return at(std::size_t{i} * 3 + 2); }
+    void addPath(const QString &path) { m_pathHashes.push_back(::qHash(path)); }
+    [[nodiscard]] SongIndex songCount() const { return static_cast<SongIndex>(m_pathHashes.size()); }
+    [[nodiscard]] Text artistOf(SongIndex i) const { return at(std::size_t{i} * 3); }
+    [[nodiscard]] Text titleOf(SongIndex i) const { return at(std::size_t{i} * 3 + 1); }
+    [[nodiscard]] Text nameOf(SongIndex i) const { return at(std::size_t{i} * 3 + 2); }
+    [[nodiscard]] std::size_t pathHashOf(SongIndex i) const { return m_pathHashes[i]; }
 
     /// The first of them.
     SongIndex begin = 0;
 
 private:
-    [[nodiscard]] std::string_view at(std::size_t i) const
+    [[nodiscard]] Text at(std::size_t i) const
     {
         const std::size_t start = i == 0 ? 0 : m_ends[i - 1];
-        return std::string_view(m_characters).substr(start, m_ends[i] - start);
+        return {std::string_view(m_characters).substr(start, m_ends[i] - start), m_hashes[i]};
     }
 
     std::string m_characters;
-    /// Of artist, title and name of each song in turn.
     std::vector<std::size_t> m_ends;
+    std::vector<std::size_t> m_hashes;
+    std::vector<std::size_t> m_pathHashes;
 };
 
 PreparedSongs::PreparedSongs(QList<Song> songs, const std::stop_token &stop)
@@ -84,12 +99,15 @@ PreparedSongs::PreparedSongs(QList<Song> songs, const std::stop_token &stop)
     const auto addNames = [&](std::span<const Texts> parts) {
         for (const Texts &part : parts) {
             for (SongIndex i = 0; i < part.songCount(); ++i) {
+                if (i + SONGS_AHEAD < part.songCount())
+                    names.prefetch(part.nameOf(i + SONGS_AHEAD).hash);
                 const SongIndex index = part.begin + i;
+                const Texts::Text text = part.nameOf(i);
                 const auto isName = [&](std::uint32_t other) {
                     const QString &name = song(firstOfName[other]).name;
-                    return name == song(index).name || normalizeString(name) == part.nameOf(i);
+                    return name == song(index).name || normalizeString(name) == text.characters;
                 };
-                const std::uint32_t id = names.idOf(std::hash<std::string_view>{}(part.nameOf(i)), isName);
+                const std::uint32_t id = names.idOf(text.hash, isName);
                 if (id == firstOfName.size())
                     firstOfName.push_back(index);
                 m_nameIds.push_back(id);
@@ -97,13 +115,19 @@ PreparedSongs::PreparedSongs(QList<Song> songs, const std::stop_token &stop)
         }
     };
     const auto addPaths = [&](std::span<const Texts> parts) {
-        for (SongIndex i = parts.front().begin; i < parts.back().begin + parts.back().songCount(); ++i) {
-            const QString &path = song(i).path;
-            const std::uint32_t id = paths.idOf(
-                ::qHash(path), [&](std::uint32_t other) { return song(firstOfPath[other]).path == path; });
-            if (id == firstOfPath.size())
-                firstOfPath.push_back(i);
-            m_pathIds.push_back(id);
+        for (const Texts &part : parts) {
+            for (SongIndex i = 0; i < part.songCount(); ++i) {
+                if (i + SONGS_AHEAD < part.songCount())
+                    paths.prefetch(part.pathHashOf(i + SONGS_AHEAD));
+                const SongIndex index = part.begin + i;
+                const QString &path = song(index).path;
+                const std::uint32_t id = paths.idOf(part.pathHashOf(i), [&](std::uint32_t other) {
+                    return song(firstOfPath[other]).path == path;
+                });
+                if (id == firstOfPath.size())
+                    firstOfPath.push_back(index);
+                m_pathIds.push_back(id);
+            }
         }
     };
 
@@ -174,6 +198,7 @@ void PreparedSongs::prepare(SongIndex begin, Texts &texts)
         prepared.nameBigrams = bigramsOf(lowered);
         normalizeLoweredInto(text, lowered);
         texts.add(text);
+        texts.addPath(song.path);
 
         m_prepared[index] = prepared;
     }
@@ -183,18 +208,22 @@ void PreparedSongs::addArtistsAndTitles(std::span<const Texts> parts)
 {
     for (const Texts &part : parts) {
         for (SongIndex i = 0; i < part.songCount(); ++i) {
+            if (i + SONGS_AHEAD < part.songCount())
+                m_titles.prefetch(part.titleOf(i + SONGS_AHEAD).hash);
             PreparedSong &song = m_prepared[part.begin + i];
-            const bool isSameArtist = i > 0 && part.artistOf(i) == part.artistOf(i - 1);
-            song.artistId =
-                isSameArtist ? m_prepared[part.begin + i - 1].artistId : m_artists.add(part.artistOf(i));
-            song.titleId = addTitle(part.titleOf(i));
+            const Texts::Text artist = part.artistOf(i);
+            const bool isSameArtist = i > 0 && artist.characters == part.artistOf(i - 1).characters;
+            song.artistId = isSameArtist ? m_prepared[part.begin + i - 1].artistId
+                                         : m_artists.add(artist.characters, artist.hash);
+            const Texts::Text title = part.titleOf(i);
+            song.titleId = addTitle(title.characters, title.hash);
         }
     }
 }
 
-std::uint32_t PreparedSongs::addTitle(std::string_view normalizedTitle)
+std::uint32_t PreparedSongs::addTitle(std::string_view normalizedTitle, std::size_t hash)
 {
-    const std::uint32_t id = m_titles.add(normalizedTitle);
+    const std::uint32_t id = m_titles.add(normalizedTitle, hash);
     if (id < m_titleWordEnds.size())
         return id;
 

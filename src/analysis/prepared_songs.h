@@ -82,7 +82,7 @@ private:
 
     void prepare(SongIndex begin, Texts &texts);
     void addArtistsAndTitles(std::span<const Texts> parts);
-    std::uint32_t addTitle(std::string_view normalizedTitle);
+    std::uint32_t addTitle(std::string_view normalizedTitle, std::size_t hash);
 
     const QList<Song> m_songs;
     std::vector<PreparedSong> m_prepared;
