@@ -78,6 +78,29 @@ private:
     std::vector<std::size_t> m_pathHashes;
 };
 
+/// The first song of each name, or of each path.
+struct PreparedSongs::FirstSongs
+{
+    explicit FirstSongs(std::size_t most)
+    {
+        ids.reserve(most);
+        songs.reserve(most);
+    }
+
+    /// @param isSame whether the song has the name or path of this other one
+    template <typename IsSame>
+    std::uint32_t idOf(std::size_t hash, SongIndex song, IsSame isSame)
+    {
+        const std::uint32_t id = ids.idOf(hash, [&](std::uint32_t other) { return isSame(songs[other]); });
+        if (id == songs.size())
+            songs.push_back(song);
+        return id;
+    }
+
+    IdTable ids;
+    std::vector<SongIndex> songs;
+};
+
 PreparedSongs::PreparedSongs(QList<Song> songs, const std::stop_token &stop)
     : m_songs(std::move(songs))
 {
@@ -87,49 +110,8 @@ PreparedSongs::PreparedSongs(QList<Song> songs, const std::stop_token &stop)
     m_pathIds.reserve(count);
     m_titles.reserve(count);
     // Neither names nor paths are needed again, so they are not kept.
-    IdTable names;
-    names.reserve(count);
-    std::vector<SongIndex> firstOfName;
-    firstOfName.reserve(count);
-    IdTable paths;
-    paths.reserve(count);
-    std::vector<SongIndex> firstOfPath;
-    firstOfPath.reserve(count);
-
-    const auto addNames = [&](std::span<const Texts> parts) {
-        for (const Texts &part : parts) {
-            for (SongIndex i = 0; i < part.songCount(); ++i) {
-                if (i + SONGS_AHEAD < part.songCount())
-                    names.prefetch(part.nameOf(i + SONGS_AHEAD).hash);
-                const SongIndex index = part.begin + i;
-                const Texts::Text text = part.nameOf(i);
-                const auto isName = [&](std::uint32_t other) {
-                    const QString &name = song(firstOfName[other]).name;
-                    return name == song(index).name || normalizeString(name) == text.characters;
-                };
-                const std::uint32_t id = names.idOf(text.hash, isName);
-                if (id == firstOfName.size())
-                    firstOfName.push_back(index);
-                m_nameIds.push_back(id);
-            }
-        }
-    };
-    const auto addPaths = [&](std::span<const Texts> parts) {
-        for (const Texts &part : parts) {
-            for (SongIndex i = 0; i < part.songCount(); ++i) {
-                if (i + SONGS_AHEAD < part.songCount())
-                    paths.prefetch(part.pathHashOf(i + SONGS_AHEAD));
-                const SongIndex index = part.begin + i;
-                const QString &path = song(index).path;
-                const std::uint32_t id = paths.idOf(part.pathHashOf(i), [&](std::uint32_t other) {
-                    return song(firstOfPath[other]).path == path;
-                });
-                if (id == firstOfPath.size())
-                    firstOfPath.push_back(index);
-                m_pathIds.push_back(id);
-            }
-        }
-    };
+    FirstSongs names(count);
+    FirstSongs paths(count);
 
     // Normalising takes the longest and is done for a few at a time, so that their texts need little memory.
     std::vector<Texts> parts(PARTS_AT_A_TIME);
@@ -146,9 +128,9 @@ PreparedSongs::PreparedSongs(QList<Song> songs, const std::stop_token &stop)
             if (i == 0)
                 addArtistsAndTitles(ready);
             else if (i == 1)
-                addNames(ready);
+                addNames(ready, names);
             else
-                addPaths(ready);
+                addPaths(ready, paths);
         });
         begin += partCount * SONGS_A_PART;
     }
@@ -201,6 +183,36 @@ void PreparedSongs::prepare(SongIndex begin, Texts &texts)
         texts.addPath(song.path);
 
         m_prepared[index] = prepared;
+    }
+}
+
+void PreparedSongs::addNames(std::span<const Texts> parts, FirstSongs &names)
+{
+    for (const Texts &part : parts) {
+        for (SongIndex i = 0; i < part.songCount(); ++i) {
+            if (i + SONGS_AHEAD < part.songCount())
+                names.ids.prefetch(part.nameOf(i + SONGS_AHEAD).hash);
+            const SongIndex index = part.begin + i;
+            const Texts::Text text = part.nameOf(i);
+            const auto isSame = [&](SongIndex other) {
+                const QString &name = song(other).name;
+                return name == song(index).name || normalizeString(name) == text.characters;
+            };
+            m_nameIds.push_back(names.idOf(text.hash, index, isSame));
+        }
+    }
+}
+
+void PreparedSongs::addPaths(std::span<const Texts> parts, FirstSongs &paths)
+{
+    for (const Texts &part : parts) {
+        for (SongIndex i = 0; i < part.songCount(); ++i) {
+            if (i + SONGS_AHEAD < part.songCount())
+                paths.ids.prefetch(part.pathHashOf(i + SONGS_AHEAD));
+            const SongIndex index = part.begin + i;
+            const auto isSame = [&](SongIndex other) { return song(other).path == song(index).path; };
+            m_pathIds.push_back(paths.idOf(part.pathHashOf(i), index, isSame));
+        }
     }
 }
 

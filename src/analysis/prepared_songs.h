@@ -79,8 +79,11 @@ public:
 
 private:
     struct Texts;
+    struct FirstSongs;
 
     void prepare(SongIndex begin, Texts &texts);
+    void addNames(std::span<const Texts> parts, FirstSongs &names);
+    void addPaths(std::span<const Texts> parts, FirstSongs &paths);
     void addArtistsAndTitles(std::span<const Texts> parts);
     std::uint32_t addTitle(std::string_view normalizedTitle, std::size_t hash);
 
