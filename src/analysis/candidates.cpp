@@ -232,12 +232,14 @@ void CandidateIndex::proposeByWords(BucketPosition seed, Window window, Query &q
 {
     query.m_lastSeeds.resize(std::max(query.m_lastSeeds.size(), m_bucket.size()));
     query.m_lastSeeds[seed] = ++query.m_seedCount;
+    const std::size_t limit = largestFullDistance(seed);
     for (const std::uint32_t word : m_songs.titleWordsOf(m_bucket[seed])) {
         for (const BucketPosition position : songsWith(word, window)) {
             if (isRemoved(position) || query.m_lastSeeds[position] == query.m_seedCount)
                 continue;
             query.m_lastSeeds[position] = query.m_seedCount;
-            candidates.push_back(position);
+            if (mayBeSimilar(m_texts[seed], m_texts[position], limit))
+                candidates.push_back(position);
         }
     }
 }

@@ -105,7 +105,8 @@ template <std::size_t DIAGONALS>
 [[gnu::always_inline]] inline void countObstacles(Part &left, const Table &table, const std::uint64_t *bits)
 {
     const Diagonals<DIAGONALS> diagonals(static_cast<std::size_t>(table.highest - table.lowest + 1));
-    const auto counterBits = static_cast<std::size_t>(std::bit_width(table.limit));
+    // There are at least as many diagonals as edits.
+    const auto counterBits = static_cast<std::size_t>(std::bit_width(diagonals.count()));
     std::array<Part, Diagonals<DIAGONALS>::MOST> runs;
     for (std::size_t diagonal = 0; diagonal < diagonals.count(); ++diagonal)
         runs[diagonal] = ~Part{};

@@ -11,7 +11,9 @@ namespace sonavo {
 
 std::size_t computingThreads()
 {
-    return static_cast<std::size_t>(std::max(QThread::idealThreadCount(), 1));
+    // Asked for every small bucket; Qt asks the system each time.
+    static const auto count = static_cast<std::size_t>(std::max(QThread::idealThreadCount(), 1));
+    return count;
 }
 
 void runInThreads(std::size_t most, const std::function<void(std::size_t)> &takePart)

@@ -17,6 +17,8 @@ namespace {
 
 constexpr std::size_t SONGS_A_PART = 1024;
 constexpr std::size_t PARTS_AT_A_TIME = 16;
+/// How many songs before it is asked for, an entry of a table is fetched from memory.
+constexpr SongIndex SONGS_AHEAD = 8;
 
 /// As normalising "artist - title" would give it.
 void joinInto(std::string &result, std::string_view artist, std::string_view title)
@@ -37,6 +39,8 @@ void replaceByIds(std::vector<std::uint32_t> &hashes, IsSame isSame)
     std::vector<SongIndex> firstOfId;
     firstOfId.reserve(hashes.size());
     for (SongIndex i = 0; i < hashes.size(); ++i) {
+        if (i + SONGS_AHEAD < hashes.size())
+            ids.prefetch(hashes[i + SONGS_AHEAD]);
         const std::uint32_t id =
             ids.idOf(hashes[i], [&](std::uint32_t other) { return isSame(firstOfId[other], i); });
         if (id == firstOfId.size())
@@ -47,37 +51,46 @@ void replaceByIds(std::vector<std::uint32_t> &hashes, IsSame isSame)
 
 } // namespace
 
-/// The normalised artists and titles of some neighbours.
+/// The normalised artists and titles of some neighbours, with their hashes.
 struct PreparedSongs::Texts
 {
+    struct Text
+    {
+        std::string_view characters;
+        std::size_t hash = 0;
+    };
+
     void clear(SongIndex newBegin)
     {
         begin = newBegin;
         m_characters.clear();
         m_ends.clear();
+        m_hashes.clear();
     }
+    /// Artist and title of each song in turn.
     void add(std::string_view text)
     {
         m_characters += text;
         m_ends.push_back(m_characters.size());
+        m_hashes.push_back(StringPool::hashOf(text));
     }
     [[nodiscard]] SongIndex songCount() const { return static_cast<SongIndex>(m_ends.size() / 2); }
-    [[nodiscard]] std::string_view artistOf(SongIndex i) const { return at(std::size_t{i} * 2); }
-    [[nodiscard]] std::string_view titleOf(SongIndex i) const { return at(std::size_t{i} * 2 + 1); }
+    [[nodiscard]] Text artistOf(SongIndex i) const { return at(std::size_t{i} * 2); }
+    [[nodiscard]] Text titleOf(SongIndex i) const { return at(std::size_t{i} * 2 + 1); }
 
     /// The first of them.
     SongIndex begin = 0;
 
 private:
-    [[nodiscard]] std::string_view at(std::size_t i) const
+    [[nodiscard]] Text at(std::size_t i) const
     {
         const std::size_t start = i == 0 ? 0 : m_ends[i - 1];
-        return std::string_view(m_characters).substr(start, m_ends[i] - start);
+        return {std::string_view(m_characters).substr(start, m_ends[i] - start), m_hashes[i]};
     }
 
     std::string m_characters;
-    /// Of artist and title of each song in turn.
     std::vector<std::size_t> m_ends;
+    std::vector<std::size_t> m_hashes;
 };
 
 PreparedSongs::PreparedSongs(QList<Song> songs, const std::stop_token &stop)
@@ -174,11 +187,15 @@ void PreparedSongs::prepare(SongIndex begin, Texts &texts)
 void PreparedSongs::addArtistsAndTitles(const Texts &texts)
 {
     for (SongIndex i = 0; i < texts.songCount(); ++i) {
+        if (i + SONGS_AHEAD < texts.songCount())
+            m_titles.prefetch(texts.titleOf(i + SONGS_AHEAD).hash);
         PreparedSong &song = m_prepared[texts.begin + i];
-        const bool isSameArtist = i > 0 && texts.artistOf(i) == texts.artistOf(i - 1);
-        song.artistId =
-            isSameArtist ? m_prepared[texts.begin + i - 1].artistId : m_artists.add(texts.artistOf(i));
-        song.titleId = addTitle(texts.titleOf(i));
+        const Texts::Text artist = texts.artistOf(i);
+        const bool isSameArtist = i > 0 && artist.characters == texts.artistOf(i - 1).characters;
+        song.artistId = isSameArtist ? m_prepared[texts.begin + i - 1].artistId
+                                     : m_artists.add(artist.characters, artist.hash);
+        const Texts::Text title = texts.titleOf(i);
+        song.titleId = addTitle(title.characters, title.hash);
     }
 }
 
@@ -198,9 +215,9 @@ void PreparedSongs::identifyNamesAndPaths()
     });
 }
 
-std::uint32_t PreparedSongs::addTitle(std::string_view normalizedTitle)
+std::uint32_t PreparedSongs::addTitle(std::string_view normalizedTitle, std::size_t hash)
 {
-    const std::uint32_t id = m_titles.add(normalizedTitle);
+    const std::uint32_t id = m_titles.add(normalizedTitle, hash);
     if (id < m_titleWordEnds.size())
         return id;
 

@@ -84,7 +84,7 @@ private:
     void prepareAll(const std::stop_token &stop);
     void prepare(SongIndex begin, Texts &texts);
     void addArtistsAndTitles(const Texts &texts);
-    std::uint32_t addTitle(std::string_view normalizedTitle);
+    std::uint32_t addTitle(std::string_view normalizedTitle, std::size_t hash);
     void identifyNamesAndPaths();
 
     const QList<Song> m_songs;

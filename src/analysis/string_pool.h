@@ -18,18 +18,25 @@ class BasicStringPool
 public:
     using View = std::basic_string_view<Character>;
 
+    [[nodiscard]] static std::size_t hashOf(View string) { return std::hash<View>{}(string); }
+
     /// The id of a string, which is kept if it is new. Ids count up from 0.
-    std::uint32_t add(View string)
+    std::uint32_t add(View string) { return add(string, hashOf(string)); }
+    /// The same for those who have its hashOf().
+    std::uint32_t add(View string, std::size_t hash)
     {
         const std::size_t known = m_ids.size();
-        const std::uint32_t id = m_ids.idOf(std::hash<View>{}(string),
-                                            [&](std::uint32_t other) { return (*this)[other] == string; });
+        const std::uint32_t id =
+            m_ids.idOf(hash, [&](std::uint32_t other) { return (*this)[other] == string; });
         if (id == known) {
             m_characters.append(string);
             m_ends.push_back(m_characters.size());
         }
         return id;
     }
+
+    /// Hints to the processor that a string of this hash will be added soon.
+    void prefetch(std::size_t hash) const { m_ids.prefetch(hash); }
 
     /// Allocates for that many strings; does nothing once there are any.
     void reserve(std::size_t count)
