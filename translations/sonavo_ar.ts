@@ -798,18 +798,18 @@ Please select a smaller folder.</source>
 اختر مجلدًا أصغر.</translation>
     </message>
     <message>
-        <source>Files are being moved. Open “%1” again when that is done.</source>
-        <translation>يجري نقل ملفات. افتح «%1» مجددًا بعد الانتهاء.</translation>
+        <source>Sonavo is busy. Open “%1” again when that is done.</source>
+        <translation>Sonavo مشغول. افتح «%1» مجددًا بعد الانتهاء.</translation>
     </message>
     <message numerus="yes">
-        <source>Files are being moved. Open these %Ln items again when that is done.</source>
+        <source>Sonavo is busy. Open these %Ln items again when that is done.</source>
         <translation>
-            <numerusform>يجري نقل ملفات. حاول مجددًا بعد الانتهاء (%Ln).</numerusform>
-            <numerusform>يجري نقل ملفات. افتح هذا العنصر مجددًا بعد الانتهاء.</numerusform>
-            <numerusform>يجري نقل ملفات. افتح هذين العنصرين مجددًا بعد الانتهاء.</numerusform>
-            <numerusform>يجري نقل ملفات. افتح هذه العناصر (%Ln) مجددًا بعد الانتهاء.</numerusform>
-            <numerusform>يجري نقل ملفات. افتح هذه العناصر (%Ln) مجددًا بعد الانتهاء.</numerusform>
-            <numerusform>يجري نقل ملفات. افتح هذه العناصر (%Ln) مجددًا بعد الانتهاء.</numerusform>
+            <numerusform>Sonavo مشغول. حاول مجددًا بعد الانتهاء (%Ln).</numerusform>
+            <numerusform>Sonavo مشغول. افتح هذا العنصر مجددًا بعد الانتهاء.</numerusform>
+            <numerusform>Sonavo مشغول. افتح هذين العنصرين مجددًا بعد الانتهاء.</numerusform>
+            <numerusform>Sonavo مشغول. افتح هذه العناصر (%Ln) مجددًا بعد الانتهاء.</numerusform>
+            <numerusform>Sonavo مشغول. افتح هذه العناصر (%Ln) مجددًا بعد الانتهاء.</numerusform>
+            <numerusform>Sonavo مشغول. افتح هذه العناصر (%Ln) مجددًا بعد الانتهاء.</numerusform>
         </translation>
     </message>
     <message numerus="yes">
@@ -1359,8 +1359,8 @@ Please select a smaller folder.</source>
         <translation>تعذر فتح نافذة على هذه الشاشة؛ ‎--report لا يحتاجها</translation>
     </message>
     <message>
-        <source>the window is moving files and can scan nothing until that is done</source>
-        <translation>النافذة تنقل ملفات ولا يمكنها الفحص حتى تنتهي</translation>
+        <source>the window is busy and can scan nothing until that is done</source>
+        <translation>النافذة مشغولة ولا يمكنها الفحص حتى تنتهي</translation>
     </message>
     <message>
         <source>there is no display to open a window on; --report needs none</source>

@@ -700,14 +700,14 @@ Please select a smaller folder.</source>
 Bitte wählen Sie einen kleineren Ordner.</translation>
     </message>
     <message>
-        <source>Files are being moved. Open “%1” again when that is done.</source>
-        <translation>Es werden gerade Dateien verschoben. Öffnen Sie „%1“ danach erneut.</translation>
+        <source>Sonavo is busy. Open “%1” again when that is done.</source>
+        <translation>Sonavo ist gerade beschäftigt. Öffnen Sie „%1“ danach erneut.</translation>
     </message>
     <message numerus="yes">
-        <source>Files are being moved. Open these %Ln items again when that is done.</source>
+        <source>Sonavo is busy. Open these %Ln items again when that is done.</source>
         <translation>
-            <numerusform>Es werden gerade Dateien verschoben. Öffnen Sie dieses %Ln Objekt danach erneut.</numerusform>
-            <numerusform>Es werden gerade Dateien verschoben. Öffnen Sie diese %Ln Objekte danach erneut.</numerusform>
+            <numerusform>Sonavo ist gerade beschäftigt. Öffnen Sie dieses %Ln Objekt danach erneut.</numerusform>
+            <numerusform>Sonavo ist gerade beschäftigt. Öffnen Sie diese %Ln Objekte danach erneut.</numerusform>
         </translation>
     </message>
     <message numerus="yes">
@@ -1229,8 +1229,8 @@ Bitte wählen Sie einen kleineren Ordner.</translation>
         <translation>auf dieser Anzeige kann kein Fenster geöffnet werden; --report braucht keines</translation>
     </message>
     <message>
-        <source>the window is moving files and can scan nothing until that is done</source>
-        <translation>das Fenster verschiebt gerade Dateien und kann erst danach suchen</translation>
+        <source>the window is busy and can scan nothing until that is done</source>
+        <translation>das Fenster ist gerade beschäftigt und kann erst danach suchen</translation>
     </message>
     <message>
         <source>there is no display to open a window on; --report needs none</source>

@@ -700,14 +700,14 @@ Please select a smaller folder.</source>
 Seleccione una carpeta más pequeña.</translation>
     </message>
     <message>
-        <source>Files are being moved. Open “%1” again when that is done.</source>
-        <translation>Se están moviendo archivos. Abra «%1» de nuevo cuando termine.</translation>
+        <source>Sonavo is busy. Open “%1” again when that is done.</source>
+        <translation>Sonavo está ocupado. Abra «%1» de nuevo cuando termine.</translation>
     </message>
     <message numerus="yes">
-        <source>Files are being moved. Open these %Ln items again when that is done.</source>
+        <source>Sonavo is busy. Open these %Ln items again when that is done.</source>
         <translation>
-            <numerusform>Se están moviendo archivos. Abra este elemento (%Ln) de nuevo cuando termine.</numerusform>
-            <numerusform>Se están moviendo archivos. Abra estos %Ln elementos de nuevo cuando termine.</numerusform>
+            <numerusform>Sonavo está ocupado. Abra este elemento (%Ln) de nuevo cuando termine.</numerusform>
+            <numerusform>Sonavo está ocupado. Abra estos %Ln elementos de nuevo cuando termine.</numerusform>
         </translation>
     </message>
     <message numerus="yes">
@@ -1229,8 +1229,8 @@ Seleccione una carpeta más pequeña.</translation>
         <translation>no se puede abrir una ventana en esta pantalla; --report no la necesita</translation>
     </message>
     <message>
-        <source>the window is moving files and can scan nothing until that is done</source>
-        <translation>la ventana está moviendo archivos y no puede analizar nada hasta que termine</translation>
+        <source>the window is busy and can scan nothing until that is done</source>
+        <translation>la ventana está ocupada y no puede analizar nada hasta que termine</translation>
     </message>
     <message>
         <source>there is no display to open a window on; --report needs none</source>

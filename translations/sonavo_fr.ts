@@ -700,14 +700,14 @@ Please select a smaller folder.</source>
 Veuillez choisir un dossier plus petit.</translation>
     </message>
     <message>
-        <source>Files are being moved. Open “%1” again when that is done.</source>
-        <translation>Des fichiers sont en cours de déplacement. Rouvrez «&#xa0;%1&#xa0;» ensuite.</translation>
+        <source>Sonavo is busy. Open “%1” again when that is done.</source>
+        <translation>Sonavo est occupé. Rouvrez «&#xa0;%1&#xa0;» ensuite.</translation>
     </message>
     <message numerus="yes">
-        <source>Files are being moved. Open these %Ln items again when that is done.</source>
+        <source>Sonavo is busy. Open these %Ln items again when that is done.</source>
         <translation>
-            <numerusform>Des fichiers sont en cours de déplacement. Rouvrez cet élément (%Ln) ensuite.</numerusform>
-            <numerusform>Des fichiers sont en cours de déplacement. Rouvrez ces %Ln éléments ensuite.</numerusform>
+            <numerusform>Sonavo est occupé. Rouvrez cet élément (%Ln) ensuite.</numerusform>
+            <numerusform>Sonavo est occupé. Rouvrez ces %Ln éléments ensuite.</numerusform>
         </translation>
     </message>
     <message numerus="yes">
@@ -1229,8 +1229,8 @@ Veuillez choisir un dossier plus petit.</translation>
         <translation>impossible d’ouvrir une fenêtre sur cet affichage&#x202f;; --report n’en a pas besoin</translation>
     </message>
     <message>
-        <source>the window is moving files and can scan nothing until that is done</source>
-        <translation>la fenêtre déplace des fichiers et ne peut rien analyser avant la fin</translation>
+        <source>the window is busy and can scan nothing until that is done</source>
+        <translation>la fenêtre est occupée et ne peut rien analyser avant la fin</translation>
     </message>
     <message>
         <source>there is no display to open a window on; --report needs none</source>

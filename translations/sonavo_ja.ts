@@ -676,13 +676,13 @@ Please select a smaller folder.</source>
 より小さなフォルダーを選択してください。</translation>
     </message>
     <message>
-        <source>Files are being moved. Open “%1” again when that is done.</source>
-        <translation>ファイルを移動しています。終わってから「%1」を開き直してください。</translation>
+        <source>Sonavo is busy. Open “%1” again when that is done.</source>
+        <translation>Sonavo は処理中です。終わってから「%1」を開き直してください。</translation>
     </message>
     <message numerus="yes">
-        <source>Files are being moved. Open these %Ln items again when that is done.</source>
+        <source>Sonavo is busy. Open these %Ln items again when that is done.</source>
         <translation>
-            <numerusform>ファイルを移動しています。終わってから %Ln 個の項目を開き直してください。</numerusform>
+            <numerusform>Sonavo は処理中です。終わってから %Ln 個の項目を開き直してください。</numerusform>
         </translation>
     </message>
     <message numerus="yes">
@@ -1197,8 +1197,8 @@ Please select a smaller folder.</source>
         <translation>このディスプレイではウィンドウを開けません。--report には不要です</translation>
     </message>
     <message>
-        <source>the window is moving files and can scan nothing until that is done</source>
-        <translation>ウィンドウがファイルを移動しているため、終わるまでスキャンできません</translation>
+        <source>the window is busy and can scan nothing until that is done</source>
+        <translation>ウィンドウが処理中のため、終わるまでスキャンできません</translation>
     </message>
     <message>
         <source>there is no display to open a window on; --report needs none</source>

@@ -724,15 +724,15 @@ Please select a smaller folder.</source>
 Выберите папку поменьше.</translation>
     </message>
     <message>
-        <source>Files are being moved. Open “%1” again when that is done.</source>
-        <translation>Идёт перемещение файлов. Откройте «%1» ещё раз после его окончания.</translation>
+        <source>Sonavo is busy. Open “%1” again when that is done.</source>
+        <translation>Sonavo занят. Откройте «%1» ещё раз, когда он освободится.</translation>
     </message>
     <message numerus="yes">
-        <source>Files are being moved. Open these %Ln items again when that is done.</source>
+        <source>Sonavo is busy. Open these %Ln items again when that is done.</source>
         <translation>
-            <numerusform>Идёт перемещение файлов. Откройте %Ln объект ещё раз после его окончания.</numerusform>
-            <numerusform>Идёт перемещение файлов. Откройте %Ln объекта ещё раз после его окончания.</numerusform>
-            <numerusform>Идёт перемещение файлов. Откройте %Ln объектов ещё раз после его окончания.</numerusform>
+            <numerusform>Sonavo занят. Откройте %Ln объект ещё раз, когда он освободится.</numerusform>
+            <numerusform>Sonavo занят. Откройте %Ln объекта ещё раз, когда он освободится.</numerusform>
+            <numerusform>Sonavo занят. Откройте %Ln объектов ещё раз, когда он освободится.</numerusform>
         </translation>
     </message>
     <message numerus="yes">
@@ -1261,8 +1261,8 @@ Please select a smaller folder.</source>
         <translation>на этом дисплее нельзя открыть окно; для --report оно не нужно</translation>
     </message>
     <message>
-        <source>the window is moving files and can scan nothing until that is done</source>
-        <translation>окно перемещает файлы и до окончания не может ничего искать</translation>
+        <source>the window is busy and can scan nothing until that is done</source>
+        <translation>окно занято и пока не может ничего искать</translation>
     </message>
     <message>
         <source>there is no display to open a window on; --report needs none</source>

@@ -676,13 +676,13 @@ Please select a smaller folder.</source>
 请选择较小的文件夹。</translation>
     </message>
     <message>
-        <source>Files are being moved. Open “%1” again when that is done.</source>
-        <translation>正在移动文件。请在完成后重新打开“%1”。</translation>
+        <source>Sonavo is busy. Open “%1” again when that is done.</source>
+        <translation>Sonavo 正忙。请在完成后重新打开“%1”。</translation>
     </message>
     <message numerus="yes">
-        <source>Files are being moved. Open these %Ln items again when that is done.</source>
+        <source>Sonavo is busy. Open these %Ln items again when that is done.</source>
         <translation>
-            <numerusform>正在移动文件。请在完成后重新打开这 %Ln 个项目。</numerusform>
+            <numerusform>Sonavo 正忙。请在完成后重新打开这 %Ln 个项目。</numerusform>
         </translation>
     </message>
     <message numerus="yes">
@@ -1197,8 +1197,8 @@ Please select a smaller folder.</source>
         <translation>无法在此显示器上打开窗口；--report 不需要窗口</translation>
     </message>
     <message>
-        <source>the window is moving files and can scan nothing until that is done</source>
-        <translation>窗口正在移动文件，完成前无法扫描</translation>
+        <source>the window is busy and can scan nothing until that is done</source>
+        <translation>窗口正忙，完成前无法扫描</translation>
     </message>
     <message>
         <source>there is no display to open a window on; --report needs none</source>
