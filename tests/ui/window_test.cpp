@@ -220,6 +220,10 @@ TEST_F(WindowTest, AsksBeforeAnotherProgramReplacesTheDuplicates)
         EXPECT_TRUE(shows(session.openQuestion()));
         EXPECT_TRUE(session.openItems({SAMPLES[0], SAMPLES[0]}));
         EXPECT_TRUE(waitForText(session.openQuestion())) << "of what was opened last";
+        const int duplicates = session.duplicateCount();
+        session.excludeFromDuplicates(session.duplicateGroups().first().duplicates.first());
+        EXPECT_TRUE(waitFor([&] { return session.duplicateCount() == duplicates - 1; }));
+        EXPECT_TRUE(waitForText(session.openQuestion()));
         EXPECT_NE(find(QAccessible::AlertMessage, title), nullptr);
         isReplaced ? click(u"Scan"_s) : press(Qt::Key_Return);
         EXPECT_TRUE(waitForNoText(title));
