@@ -701,6 +701,10 @@
         <comment>an error and three paths</comment>
         <translation>ليس مؤكدًا أن الملف قد نُقل (%1). ابحث عنه في %2 وفي %3، وعمّا وُضع مكانه في %4.</translation>
     </message>
+    <message>
+        <source>The disk cannot store a file of this name</source>
+        <translation>لا يستطيع القرص تخزين ملف بهذا الاسم</translation>
+    </message>
 </context>
 <context>
     <name>FilterBar</name>

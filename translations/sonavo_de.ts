@@ -603,6 +603,10 @@
         <comment>an error and three paths</comment>
         <translation>Es ist nicht sicher, ob die Datei verschoben wurde (%1). Sie liegt unter %2 oder unter %3; was an ihre Stelle gelegt wurde, liegt unter %4.</translation>
     </message>
+    <message>
+        <source>The disk cannot store a file of this name</source>
+        <translation>Der Datenträger kann keine Datei dieses Namens speichern</translation>
+    </message>
 </context>
 <context>
     <name>FilterBar</name>

@@ -603,6 +603,10 @@
         <comment>an error and three paths</comment>
         <translation>No es seguro que el archivo se haya movido (%1). Búsquelo en %2 y en %3, y lo que se puso en su lugar, en %4.</translation>
     </message>
+    <message>
+        <source>The disk cannot store a file of this name</source>
+        <translation>El disco no puede guardar un archivo con este nombre</translation>
+    </message>
 </context>
 <context>
     <name>FilterBar</name>

@@ -603,6 +603,10 @@
         <comment>an error and three paths</comment>
         <translation>Il n’est pas certain que le fichier ait été déplacé (%1). Cherchez-le à %2 et à %3&#x202f;; ce qui a été mis à sa place est à %4.</translation>
     </message>
+    <message>
+        <source>The disk cannot store a file of this name</source>
+        <translation>Le disque ne peut pas stocker un fichier de ce nom</translation>
+    </message>
 </context>
 <context>
     <name>FilterBar</name>

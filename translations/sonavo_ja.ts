@@ -579,6 +579,10 @@
         <comment>an error and three paths</comment>
         <translation>ファイルが移動されたかどうか確かではありません (%1)。%2 と %3 を確認してください。代わりに置かれたものは %4 にあります。</translation>
     </message>
+    <message>
+        <source>The disk cannot store a file of this name</source>
+        <translation>ディスクにはこの名前のファイルを保存できません</translation>
+    </message>
 </context>
 <context>
     <name>FilterBar</name>

@@ -627,6 +627,10 @@
         <comment>an error and three paths</comment>
         <translation>Неизвестно, был ли файл перемещён (%1). Ищите его здесь: %2 или здесь: %3, а то, что оказалось на его месте,&#xa0;— здесь: %4.</translation>
     </message>
+    <message>
+        <source>The disk cannot store a file of this name</source>
+        <translation>Диск не может хранить файл с таким именем</translation>
+    </message>
 </context>
 <context>
     <name>FilterBar</name>

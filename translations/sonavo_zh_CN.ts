@@ -579,6 +579,10 @@
         <comment>an error and three paths</comment>
         <translation>无法确定文件是否已移动（%1）。请在 %2 和 %3 查找；放在其位置上的内容位于 %4。</translation>
     </message>
+    <message>
+        <source>The disk cannot store a file of this name</source>
+        <translation>磁盘无法存储此名称的文件</translation>
+    </message>
 </context>
 <context>
     <name>FilterBar</name>
