@@ -371,10 +371,12 @@ TEST_F(WindowTest, RestsDuringAScanWhereTheDesktopWishesLessMotion)
         ThemeManager::shared()->setWishes({.isMotionReduced = isReduced});
         session.startScan(SAMPLES);
         ASSERT_TRUE(waitForText(CANCEL_SCAN));
-        QTest::qWait(300); // until what had the focus before has faded
-        const QImage before = window->grabWindow();
-        QTest::qWait(300);
-        EXPECT_EQ(window->grabWindow() == before, isReduced);
+        QTest::qWait(300); // until what had the focus before has faded, which can take longer
+        EXPECT_TRUE(waitFor([&] {
+            const QImage before = window->grabWindow();
+            QTest::qWait(300);
+            return (window->grabWindow() == before) == isReduced;
+        }));
         session.clearAll();
         ASSERT_TRUE(waitForText(WELCOME));
     }
