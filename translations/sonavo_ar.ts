@@ -588,7 +588,7 @@ open already, it comes to the front and scans them.
 
 Exit status: 0 when the window was closed, the open one took over, or a report was
 printed, 1 when there was nothing to report, no window could be opened, or the open one
-is busy moving files, 2 for unusable arguments, 130 after Ctrl-C during a report.
+is busy, 2 for unusable arguments, 130 after Ctrl-C during a report.
 </source>
         <translation>الاستخدام: sonavo [--new-window] [PATH...]
            sonavo --report [--further] [--json | --csv] PATH...
@@ -605,7 +605,7 @@ is busy moving files, 2 for unusable arguments, 130 after Ctrl-C during a report
   -v, --version  عرض الإصدار
 
 حالة الخروج: 0 إذا أُغلقت النافذة أو تولت النافذة المفتوحة الأمر أو عُرض تقرير؛ 1 إذا لم
-يوجد ما يُعرض أو تعذر فتح نافذة أو كانت النافذة المفتوحة تنقل ملفات؛ 2 عند وسيطات غير صالحة؛
+يوجد ما يُعرض أو تعذر فتح نافذة أو كانت النافذة المفتوحة مشغولة؛ 2 عند وسيطات غير صالحة؛
 130 بعد Ctrl+C أثناء التقرير.
 </translation>
     </message>
@@ -775,6 +775,10 @@ is busy moving files, 2 for unusable arguments, 130 after Ctrl-C during a report
         <comment>an error and three paths</comment>
         <translation>ليس مؤكدًا أن الملف قد نُقل (%1). ابحث عنه في %2 وفي %3، وعمّا وُضع مكانه في %4.</translation>
     </message>
+    <message>
+        <source>The disk cannot store a file of this name</source>
+        <translation>لا يستطيع القرص تخزين ملف بهذا الاسم</translation>
+    </message>
 </context>
 <context>
     <name>FilterBar</name>
@@ -872,18 +876,18 @@ Please select a smaller folder.</source>
 اختر مجلدًا أصغر.</translation>
     </message>
     <message>
-        <source>Files are being moved. Open “%1” again when that is done.</source>
-        <translation>يجري نقل ملفات. افتح «%1» مجددًا بعد الانتهاء.</translation>
+        <source>Sonavo is busy. Open “%1” again when that is done.</source>
+        <translation>Sonavo مشغول. افتح «%1» مجددًا بعد الانتهاء.</translation>
     </message>
     <message numerus="yes">
-        <source>Files are being moved. Open these %Ln items again when that is done.</source>
+        <source>Sonavo is busy. Open these %Ln items again when that is done.</source>
         <translation>
-            <numerusform>يجري نقل ملفات. حاول مجددًا بعد الانتهاء (%Ln).</numerusform>
-            <numerusform>يجري نقل ملفات. افتح هذا العنصر مجددًا بعد الانتهاء.</numerusform>
-            <numerusform>يجري نقل ملفات. افتح هذين العنصرين مجددًا بعد الانتهاء.</numerusform>
-            <numerusform>يجري نقل ملفات. افتح هذه العناصر (%Ln) مجددًا بعد الانتهاء.</numerusform>
-            <numerusform>يجري نقل ملفات. افتح هذه العناصر (%Ln) مجددًا بعد الانتهاء.</numerusform>
-            <numerusform>يجري نقل ملفات. افتح هذه العناصر (%Ln) مجددًا بعد الانتهاء.</numerusform>
+            <numerusform>Sonavo مشغول. حاول مجددًا بعد الانتهاء (%Ln).</numerusform>
+            <numerusform>Sonavo مشغول. افتح هذا العنصر مجددًا بعد الانتهاء.</numerusform>
+            <numerusform>Sonavo مشغول. افتح هذين العنصرين مجددًا بعد الانتهاء.</numerusform>
+            <numerusform>Sonavo مشغول. افتح هذه العناصر (%Ln) مجددًا بعد الانتهاء.</numerusform>
+            <numerusform>Sonavo مشغول. افتح هذه العناصر (%Ln) مجددًا بعد الانتهاء.</numerusform>
+            <numerusform>Sonavo مشغول. افتح هذه العناصر (%Ln) مجددًا بعد الانتهاء.</numerusform>
         </translation>
     </message>
     <message numerus="yes">
@@ -1433,8 +1437,8 @@ Please select a smaller folder.</source>
         <translation>تعذر فتح نافذة على هذه الشاشة؛ ‎--report لا يحتاجها</translation>
     </message>
     <message>
-        <source>the window is moving files and can scan nothing until that is done</source>
-        <translation>النافذة تنقل ملفات ولا يمكنها الفحص حتى تنتهي</translation>
+        <source>the window is busy and can scan nothing until that is done</source>
+        <translation>النافذة مشغولة ولا يمكنها الفحص حتى تنتهي</translation>
     </message>
     <message>
         <source>there is no display to open a window on; --report needs none</source>

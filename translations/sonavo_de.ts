@@ -490,7 +490,7 @@ open already, it comes to the front and scans them.
 
 Exit status: 0 when the window was closed, the open one took over, or a report was
 printed, 1 when there was nothing to report, no window could be opened, or the open one
-is busy moving files, 2 for unusable arguments, 130 after Ctrl-C during a report.
+is busy, 2 for unusable arguments, 130 after Ctrl-C during a report.
 </source>
         <translation>Aufruf: sonavo [--new-window] [PATH...]
         sonavo --report [--further] [--json | --csv] PATH...
@@ -509,7 +509,7 @@ Fenster schon offen, kommt es nach vorn und durchsucht sie.
 
 Rückgabewert: 0, wenn das Fenster geschlossen wurde, das offene übernommen hat oder ein
 Bericht ausgegeben wurde; 1, wenn es nichts zu berichten gab, kein Fenster geöffnet werden
-konnte oder das offene gerade Dateien verschiebt; 2 bei unbrauchbaren Argumenten; 130 nach
+konnte oder das offene gerade beschäftigt ist; 2 bei unbrauchbaren Argumenten; 130 nach
 Strg+C während eines Berichts.
 </translation>
     </message>
@@ -679,6 +679,10 @@ Strg+C während eines Berichts.
         <comment>an error and three paths</comment>
         <translation>Es ist nicht sicher, ob die Datei verschoben wurde (%1). Sie liegt unter %2 oder unter %3; was an ihre Stelle gelegt wurde, liegt unter %4.</translation>
     </message>
+    <message>
+        <source>The disk cannot store a file of this name</source>
+        <translation>Der Datenträger kann keine Datei dieses Namens speichern</translation>
+    </message>
 </context>
 <context>
     <name>FilterBar</name>
@@ -776,14 +780,14 @@ Please select a smaller folder.</source>
 Bitte wählen Sie einen kleineren Ordner.</translation>
     </message>
     <message>
-        <source>Files are being moved. Open “%1” again when that is done.</source>
-        <translation>Es werden gerade Dateien verschoben. Öffnen Sie „%1“ danach erneut.</translation>
+        <source>Sonavo is busy. Open “%1” again when that is done.</source>
+        <translation>Sonavo ist gerade beschäftigt. Öffnen Sie „%1“ danach erneut.</translation>
     </message>
     <message numerus="yes">
-        <source>Files are being moved. Open these %Ln items again when that is done.</source>
+        <source>Sonavo is busy. Open these %Ln items again when that is done.</source>
         <translation>
-            <numerusform>Es werden gerade Dateien verschoben. Öffnen Sie dieses %Ln Objekt danach erneut.</numerusform>
-            <numerusform>Es werden gerade Dateien verschoben. Öffnen Sie diese %Ln Objekte danach erneut.</numerusform>
+            <numerusform>Sonavo ist gerade beschäftigt. Öffnen Sie dieses %Ln Objekt danach erneut.</numerusform>
+            <numerusform>Sonavo ist gerade beschäftigt. Öffnen Sie diese %Ln Objekte danach erneut.</numerusform>
         </translation>
     </message>
     <message numerus="yes">
@@ -1305,8 +1309,8 @@ Bitte wählen Sie einen kleineren Ordner.</translation>
         <translation>auf dieser Anzeige kann kein Fenster geöffnet werden; --report braucht keines</translation>
     </message>
     <message>
-        <source>the window is moving files and can scan nothing until that is done</source>
-        <translation>das Fenster verschiebt gerade Dateien und kann erst danach suchen</translation>
+        <source>the window is busy and can scan nothing until that is done</source>
+        <translation>das Fenster ist gerade beschäftigt und kann erst danach suchen</translation>
     </message>
     <message>
         <source>there is no display to open a window on; --report needs none</source>

@@ -194,10 +194,10 @@
 <context>
     <name>Importer</name>
     <message numerus="yes">
-        <source>Files are being moved. Open these %Ln items again when that is done.</source>
+        <source>Sonavo is busy. Open these %Ln items again when that is done.</source>
         <translation>
-            <numerusform>Files are being moved. Open these %Ln items again when that is done.</numerusform>
-            <numerusform>Files are being moved. Open these %Ln items again when that is done.</numerusform>
+            <numerusform>Sonavo is busy. Open these %Ln items again when that is done.</numerusform>
+            <numerusform>Sonavo is busy. Open these %Ln items again when that is done.</numerusform>
         </translation>
     </message>
     <message numerus="yes">

@@ -490,7 +490,7 @@ open already, it comes to the front and scans them.
 
 Exit status: 0 when the window was closed, the open one took over, or a report was
 printed, 1 when there was nothing to report, no window could be opened, or the open one
-is busy moving files, 2 for unusable arguments, 130 after Ctrl-C during a report.
+is busy, 2 for unusable arguments, 130 after Ctrl-C during a report.
 </source>
         <translation>Uso: sonavo [--new-window] [PATH...]
      sonavo --report [--further] [--json | --csv] PATH...
@@ -509,7 +509,7 @@ Si la ventana ya está abierta, pasa al frente y los analiza.
 
 Estado de salida: 0 si se cerró la ventana, se encargó la que estaba abierta o se mostró un
 informe; 1 si no había nada de que informar, no se pudo abrir ninguna ventana o la abierta
-está moviendo archivos; 2 si los argumentos no son utilizables; 130 tras Ctrl+C durante un
+está ocupada; 2 si los argumentos no son utilizables; 130 tras Ctrl+C durante un
 informe.
 </translation>
     </message>
@@ -679,6 +679,10 @@ informe.
         <comment>an error and three paths</comment>
         <translation>No es seguro que el archivo se haya movido (%1). Búsquelo en %2 y en %3, y lo que se puso en su lugar, en %4.</translation>
     </message>
+    <message>
+        <source>The disk cannot store a file of this name</source>
+        <translation>El disco no puede guardar un archivo con este nombre</translation>
+    </message>
 </context>
 <context>
     <name>FilterBar</name>
@@ -776,14 +780,14 @@ Please select a smaller folder.</source>
 Seleccione una carpeta más pequeña.</translation>
     </message>
     <message>
-        <source>Files are being moved. Open “%1” again when that is done.</source>
-        <translation>Se están moviendo archivos. Abra «%1» de nuevo cuando termine.</translation>
+        <source>Sonavo is busy. Open “%1” again when that is done.</source>
+        <translation>Sonavo está ocupado. Abra «%1» de nuevo cuando termine.</translation>
     </message>
     <message numerus="yes">
-        <source>Files are being moved. Open these %Ln items again when that is done.</source>
+        <source>Sonavo is busy. Open these %Ln items again when that is done.</source>
         <translation>
-            <numerusform>Se están moviendo archivos. Abra este elemento (%Ln) de nuevo cuando termine.</numerusform>
-            <numerusform>Se están moviendo archivos. Abra estos %Ln elementos de nuevo cuando termine.</numerusform>
+            <numerusform>Sonavo está ocupado. Abra este elemento (%Ln) de nuevo cuando termine.</numerusform>
+            <numerusform>Sonavo está ocupado. Abra estos %Ln elementos de nuevo cuando termine.</numerusform>
         </translation>
     </message>
     <message numerus="yes">
@@ -1305,8 +1309,8 @@ Seleccione una carpeta más pequeña.</translation>
         <translation>no se puede abrir una ventana en esta pantalla; --report no la necesita</translation>
     </message>
     <message>
-        <source>the window is moving files and can scan nothing until that is done</source>
-        <translation>la ventana está moviendo archivos y no puede analizar nada hasta que termine</translation>
+        <source>the window is busy and can scan nothing until that is done</source>
+        <translation>la ventana está ocupada y no puede analizar nada hasta que termine</translation>
     </message>
     <message>
         <source>there is no display to open a window on; --report needs none</source>

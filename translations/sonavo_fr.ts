@@ -490,7 +490,7 @@ open already, it comes to the front and scans them.
 
 Exit status: 0 when the window was closed, the open one took over, or a report was
 printed, 1 when there was nothing to report, no window could be opened, or the open one
-is busy moving files, 2 for unusable arguments, 130 after Ctrl-C during a report.
+is busy, 2 for unusable arguments, 130 after Ctrl-C during a report.
 </source>
         <translation>Utilisation : sonavo [--new-window] [PATH...]
               sonavo --report [--further] [--json | --csv] PATH...
@@ -509,7 +509,7 @@ fenêtre est déjà ouverte, elle passe au premier plan et les analyse.
 
 Code de sortie : 0 si la fenêtre a été fermée, si celle déjà ouverte a pris le relais ou si
 un rapport a été affiché ; 1 s’il n’y avait rien à rapporter, si aucune fenêtre n’a pu être
-ouverte ou si celle déjà ouverte déplace des fichiers ; 2 pour des arguments inutilisables ;
+ouverte ou si celle déjà ouverte est occupée ; 2 pour des arguments inutilisables ;
 130 après Ctrl+C pendant un rapport.
 </translation>
     </message>
@@ -679,6 +679,10 @@ ouverte ou si celle déjà ouverte déplace des fichiers ; 2 pour des arguments 
         <comment>an error and three paths</comment>
         <translation>Il n’est pas certain que le fichier ait été déplacé (%1). Cherchez-le à %2 et à %3&#x202f;; ce qui a été mis à sa place est à %4.</translation>
     </message>
+    <message>
+        <source>The disk cannot store a file of this name</source>
+        <translation>Le disque ne peut pas stocker un fichier de ce nom</translation>
+    </message>
 </context>
 <context>
     <name>FilterBar</name>
@@ -776,14 +780,14 @@ Please select a smaller folder.</source>
 Veuillez choisir un dossier plus petit.</translation>
     </message>
     <message>
-        <source>Files are being moved. Open “%1” again when that is done.</source>
-        <translation>Des fichiers sont en cours de déplacement. Rouvrez «&#xa0;%1&#xa0;» ensuite.</translation>
+        <source>Sonavo is busy. Open “%1” again when that is done.</source>
+        <translation>Sonavo est occupé. Rouvrez «&#xa0;%1&#xa0;» ensuite.</translation>
     </message>
     <message numerus="yes">
-        <source>Files are being moved. Open these %Ln items again when that is done.</source>
+        <source>Sonavo is busy. Open these %Ln items again when that is done.</source>
         <translation>
-            <numerusform>Des fichiers sont en cours de déplacement. Rouvrez cet élément (%Ln) ensuite.</numerusform>
-            <numerusform>Des fichiers sont en cours de déplacement. Rouvrez ces %Ln éléments ensuite.</numerusform>
+            <numerusform>Sonavo est occupé. Rouvrez cet élément (%Ln) ensuite.</numerusform>
+            <numerusform>Sonavo est occupé. Rouvrez ces %Ln éléments ensuite.</numerusform>
         </translation>
     </message>
     <message numerus="yes">
@@ -1305,8 +1309,8 @@ Veuillez choisir un dossier plus petit.</translation>
         <translation>impossible d’ouvrir une fenêtre sur cet affichage&#x202f;; --report n’en a pas besoin</translation>
     </message>
     <message>
-        <source>the window is moving files and can scan nothing until that is done</source>
-        <translation>la fenêtre déplace des fichiers et ne peut rien analyser avant la fin</translation>
+        <source>the window is busy and can scan nothing until that is done</source>
+        <translation>la fenêtre est occupée et ne peut rien analyser avant la fin</translation>
     </message>
     <message>
         <source>there is no display to open a window on; --report needs none</source>

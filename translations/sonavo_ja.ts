@@ -466,7 +466,7 @@ open already, it comes to the front and scans them.
 
 Exit status: 0 when the window was closed, the open one took over, or a report was
 printed, 1 when there was nothing to report, no window could be opened, or the open one
-is busy moving files, 2 for unusable arguments, 130 after Ctrl-C during a report.
+is busy, 2 for unusable arguments, 130 after Ctrl-C during a report.
 </source>
         <translation>使い方: sonavo [--new-window] [PATH...]
         sonavo --report [--further] [--json | --csv] PATH...
@@ -485,7 +485,7 @@ is busy moving files, 2 for unusable arguments, 130 after Ctrl-C during a report
 
 終了ステータス: ウィンドウが閉じられた、開いているウィンドウが引き継いだ、または
 レポートを表示したときは 0。報告するものがない、ウィンドウを開けない、または
-開いているウィンドウがファイルを移動中のときは 1。引数が正しくないときは 2。
+開いているウィンドウが処理中のときは 1。引数が正しくないときは 2。
 レポート中に Ctrl+C が押されたときは 130。
 </translation>
     </message>
@@ -655,6 +655,10 @@ is busy moving files, 2 for unusable arguments, 130 after Ctrl-C during a report
         <comment>an error and three paths</comment>
         <translation>ファイルが移動されたかどうか確かではありません (%1)。%2 と %3 を確認してください。代わりに置かれたものは %4 にあります。</translation>
     </message>
+    <message>
+        <source>The disk cannot store a file of this name</source>
+        <translation>ディスクにはこの名前のファイルを保存できません</translation>
+    </message>
 </context>
 <context>
     <name>FilterBar</name>
@@ -752,13 +756,13 @@ Please select a smaller folder.</source>
 より小さなフォルダーを選択してください。</translation>
     </message>
     <message>
-        <source>Files are being moved. Open “%1” again when that is done.</source>
-        <translation>ファイルを移動しています。終わってから「%1」を開き直してください。</translation>
+        <source>Sonavo is busy. Open “%1” again when that is done.</source>
+        <translation>Sonavo は処理中です。終わってから「%1」を開き直してください。</translation>
     </message>
     <message numerus="yes">
-        <source>Files are being moved. Open these %Ln items again when that is done.</source>
+        <source>Sonavo is busy. Open these %Ln items again when that is done.</source>
         <translation>
-            <numerusform>ファイルを移動しています。終わってから %Ln 個の項目を開き直してください。</numerusform>
+            <numerusform>Sonavo は処理中です。終わってから %Ln 個の項目を開き直してください。</numerusform>
         </translation>
     </message>
     <message numerus="yes">
@@ -1273,8 +1277,8 @@ Please select a smaller folder.</source>
         <translation>このディスプレイではウィンドウを開けません。--report には不要です</translation>
     </message>
     <message>
-        <source>the window is moving files and can scan nothing until that is done</source>
-        <translation>ウィンドウがファイルを移動しているため、終わるまでスキャンできません</translation>
+        <source>the window is busy and can scan nothing until that is done</source>
+        <translation>ウィンドウが処理中のため、終わるまでスキャンできません</translation>
     </message>
     <message>
         <source>there is no display to open a window on; --report needs none</source>

@@ -514,7 +514,7 @@ open already, it comes to the front and scans them.
 
 Exit status: 0 when the window was closed, the open one took over, or a report was
 printed, 1 when there was nothing to report, no window could be opened, or the open one
-is busy moving files, 2 for unusable arguments, 130 after Ctrl-C during a report.
+is busy, 2 for unusable arguments, 130 after Ctrl-C during a report.
 </source>
         <translation>Использование: sonavo [--new-window] [PATH...]
                sonavo --report [--further] [--json | --csv] PATH...
@@ -532,8 +532,8 @@ is busy moving files, 2 for unusable arguments, 130 after Ctrl-C during a report
   -v, --version  вывести версию
 
 Код завершения: 0, если окно закрыто, задание приняло открытое окно или выведен отчёт;
-1, если сообщить нечего, окно не удалось открыть или открытое окно занято перемещением
-файлов; 2 при непригодных аргументах; 130 после Ctrl+C во время отчёта.
+1, если сообщить нечего, окно не удалось открыть или открытое окно занято;
+2 при непригодных аргументах; 130 после Ctrl+C во время отчёта.
 </translation>
     </message>
     <message>
@@ -702,6 +702,10 @@ is busy moving files, 2 for unusable arguments, 130 after Ctrl-C during a report
         <comment>an error and three paths</comment>
         <translation>Неизвестно, был ли файл перемещён (%1). Ищите его здесь: %2 или здесь: %3, а то, что оказалось на его месте,&#xa0;— здесь: %4.</translation>
     </message>
+    <message>
+        <source>The disk cannot store a file of this name</source>
+        <translation>Диск не может хранить файл с таким именем</translation>
+    </message>
 </context>
 <context>
     <name>FilterBar</name>
@@ -799,15 +803,15 @@ Please select a smaller folder.</source>
 Выберите папку поменьше.</translation>
     </message>
     <message>
-        <source>Files are being moved. Open “%1” again when that is done.</source>
-        <translation>Идёт перемещение файлов. Откройте «%1» ещё раз после его окончания.</translation>
+        <source>Sonavo is busy. Open “%1” again when that is done.</source>
+        <translation>Sonavo занят. Откройте «%1» ещё раз, когда он освободится.</translation>
     </message>
     <message numerus="yes">
-        <source>Files are being moved. Open these %Ln items again when that is done.</source>
+        <source>Sonavo is busy. Open these %Ln items again when that is done.</source>
         <translation>
-            <numerusform>Идёт перемещение файлов. Откройте %Ln объект ещё раз после его окончания.</numerusform>
-            <numerusform>Идёт перемещение файлов. Откройте %Ln объекта ещё раз после его окончания.</numerusform>
-            <numerusform>Идёт перемещение файлов. Откройте %Ln объектов ещё раз после его окончания.</numerusform>
+            <numerusform>Sonavo занят. Откройте %Ln объект ещё раз, когда он освободится.</numerusform>
+            <numerusform>Sonavo занят. Откройте %Ln объекта ещё раз, когда он освободится.</numerusform>
+            <numerusform>Sonavo занят. Откройте %Ln объектов ещё раз, когда он освободится.</numerusform>
         </translation>
     </message>
     <message numerus="yes">
@@ -1336,8 +1340,8 @@ Please select a smaller folder.</source>
         <translation>на этом дисплее нельзя открыть окно; для --report оно не нужно</translation>
     </message>
     <message>
-        <source>the window is moving files and can scan nothing until that is done</source>
-        <translation>окно перемещает файлы и до окончания не может ничего искать</translation>
+        <source>the window is busy and can scan nothing until that is done</source>
+        <translation>окно занято и пока не может ничего искать</translation>
     </message>
     <message>
         <source>there is no display to open a window on; --report needs none</source>

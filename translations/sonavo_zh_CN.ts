@@ -466,7 +466,7 @@ open already, it comes to the front and scans them.
 
 Exit status: 0 when the window was closed, the open one took over, or a report was
 printed, 1 when there was nothing to report, no window could be opened, or the open one
-is busy moving files, 2 for unusable arguments, 130 after Ctrl-C during a report.
+is busy, 2 for unusable arguments, 130 after Ctrl-C during a report.
 </source>
         <translation>用法: sonavo [--new-window] [PATH...]
       sonavo --report [--further] [--json | --csv] PATH...
@@ -483,7 +483,7 @@ is busy moving files, 2 for unusable arguments, 130 after Ctrl-C during a report
   -v, --version  输出版本
 
 退出状态：窗口已关闭、已打开的窗口已接手或已输出报告时为 0；没有可报告的内容、
-无法打开窗口或已打开的窗口正在移动文件时为 1；参数无法使用时为 2；在报告期间
+无法打开窗口或已打开的窗口正忙时为 1；参数无法使用时为 2；在报告期间
 按下 Ctrl+C 后为 130。
 </translation>
     </message>
@@ -653,6 +653,10 @@ is busy moving files, 2 for unusable arguments, 130 after Ctrl-C during a report
         <comment>an error and three paths</comment>
         <translation>无法确定文件是否已移动（%1）。请在 %2 和 %3 查找；放在其位置上的内容位于 %4。</translation>
     </message>
+    <message>
+        <source>The disk cannot store a file of this name</source>
+        <translation>磁盘无法存储此名称的文件</translation>
+    </message>
 </context>
 <context>
     <name>FilterBar</name>
@@ -750,13 +754,13 @@ Please select a smaller folder.</source>
 请选择较小的文件夹。</translation>
     </message>
     <message>
-        <source>Files are being moved. Open “%1” again when that is done.</source>
-        <translation>正在移动文件。请在完成后重新打开“%1”。</translation>
+        <source>Sonavo is busy. Open “%1” again when that is done.</source>
+        <translation>Sonavo 正忙。请在完成后重新打开“%1”。</translation>
     </message>
     <message numerus="yes">
-        <source>Files are being moved. Open these %Ln items again when that is done.</source>
+        <source>Sonavo is busy. Open these %Ln items again when that is done.</source>
         <translation>
-            <numerusform>正在移动文件。请在完成后重新打开这 %Ln 个项目。</numerusform>
+            <numerusform>Sonavo 正忙。请在完成后重新打开这 %Ln 个项目。</numerusform>
         </translation>
     </message>
     <message numerus="yes">
@@ -1271,8 +1275,8 @@ Please select a smaller folder.</source>
         <translation>无法在此显示器上打开窗口；--report 不需要窗口</translation>
     </message>
     <message>
-        <source>the window is moving files and can scan nothing until that is done</source>
-        <translation>窗口正在移动文件，完成前无法扫描</translation>
+        <source>the window is busy and can scan nothing until that is done</source>
+        <translation>窗口正忙，完成前无法扫描</translation>
     </message>
     <message>
         <source>there is no display to open a window on; --report needs none</source>

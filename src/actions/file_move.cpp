@@ -14,6 +14,7 @@
 #include <sys/stat.h>
 #include <unistd.h>
 
+#include <algorithm>
 #include <cerrno>
 #include <cstdio>
 #include <filesystem>
@@ -299,6 +300,18 @@ MoveResult moveByCopying(const QByteArray &from, const QByteArray &to, const Mov
     return result;
 }
 
+/// Whether a move has failed because a name has characters that FAT and Windows do not allow. Drivers report
+/// it in several ways.
+bool isRefusedName(int error, const QByteArray &from, const QByteArray &to)
+{
+    const QByteArrayView name = QByteArrayView(to).sliced(to.lastIndexOf('/') + 1);
+    const auto isSpecial = [](char c) {
+        return static_cast<unsigned char>(c) < ' ' || QByteArrayView("\"*:<>?\\|").contains(c);
+    };
+    return (error == EINVAL || error == ENOENT || error == EILSEQ) && std::ranges::any_of(name, isSpecial) &&
+           isTaken(from) && isTaken(parentFolderOf(to));
+}
+
 } // namespace
 
 MoveResult renameWithoutReplacing(const QByteArray &from, const QByteArray &to, const MoveOptions &options)
@@ -338,6 +351,8 @@ MoveResult moveWithoutReplacing(const QByteArray &from, const QByteArray &to, co
 
 Failure toFailure(const MoveResult &result, const QByteArray &from, const QByteArray &to)
 {
+    if (result.state == State::NotMoved && isRefusedName(result.error, from, to))
+        return {translate("FileMove", "The disk cannot store a file of this name"), result.error};
     if (result.state != State::Uncertain)
         return {errorText(result.error), result.error};
     const QString error = errorText(result.error);

@@ -102,7 +102,7 @@ void ApplicationService::handle(const OpenRequest &request)
     if (!m_handler) // the window is about to go
         sendErrorReply(QDBusError::ServiceUnknown);
     else if (!m_handler(request))
-        sendErrorReply(BUSY_ERROR, QStringLiteral("files are being moved"));
+        sendErrorReply(BUSY_ERROR, QStringLiteral("a job is running"));
 }
 
 HandOver handOver(const QDBusConnection &bus, const QList<QUrl> &items, std::chrono::milliseconds timeout)

@@ -43,7 +43,7 @@ constexpr const char *HELP_TEXT = QT_TRANSLATE_NOOP(
     "\n"
     "Exit status: 0 when the window was closed, the open one took over, or a report was\n"
     "printed, 1 when there was nothing to report, no window could be opened, or the open one\n"
-    "is busy moving files, 2 for unusable arguments, 130 after Ctrl-C during a report.\n");
+    "is busy, 2 for unusable arguments, 130 after Ctrl-C during a report.\n");
 
 std::optional<QString> decoded(const char *argument)
 {

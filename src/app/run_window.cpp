@@ -68,7 +68,7 @@ std::optional<ExitStatus> shareWindow(ApplicationService &service, const WindowR
         return ExitStatus::Success;
     case HandOver::Refused:
         printMessage(
-            QT_TRANSLATE_NOOP("Start", "the window is moving files and can scan nothing until that is done"));
+            QT_TRANSLATE_NOOP("Start", "the window is busy and can scan nothing until that is done"));
         return ExitStatus::WindowBusy;
     case HandOver::Failed:
         break;

@@ -34,7 +34,7 @@ public:
 
     /// Brings the window to the front and imports what another process asks for. The user is asked first
     /// whether a result with duplicates may be replaced.
-    /// @return false when files are being moved and nothing can be imported
+    /// @return false when a job runs and nothing can be imported
     [[nodiscard]] bool open(const OpenRequest &request);
 
 private:

@@ -34,6 +34,8 @@ DuplicateViewModel::DuplicateViewModel(Desktop &desktop, const std::shared_ptr<P
     connect(&m_importer, &Importer::changed, this, &DuplicateViewModel::announceImporter);
     connect(&m_job, &FileJob::changed, this, &DuplicateViewModel::announceJob);
     connect(&m_cleanUp, &CleanUp::changed, this, &DuplicateViewModel::announceCleanUp);
+    // For the number of duplicates that are left.
+    connect(&m_library, &Library::duplicateGroupsChanged, this, &DuplicateViewModel::openQuestionChanged);
     // For the number of songs that remain.
     connect(&m_library, &Library::songsChanged, this, &DuplicateViewModel::cleanUpSummaryChanged);
 }

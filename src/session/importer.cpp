@@ -39,10 +39,10 @@ QString nameOf(const QUrl &item)
 QString busyText(const QList<QUrl> &urls)
 {
     if (urls.size() == 1)
-        return translate("Importer", "Files are being moved. Open “%1” again when that is done.")
+        return translate("Importer", "Sonavo is busy. Open “%1” again when that is done.")
             .arg(nameOf(urls.first()));
-    return translate("Importer", "Files are being moved. Open these %Ln items again when that is done.",
-                     nullptr, urls.size());
+    return translate("Importer", "Sonavo is busy. Open these %Ln items again when that is done.", nullptr,
+                     urls.size());
 }
 
 QString replaceQuestion(const QList<QUrl> &urls, int duplicates)

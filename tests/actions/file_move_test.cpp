@@ -153,6 +153,22 @@ TEST_F(DisturbedFileMove, SaysWhereItLeftAFileThatCouldNotGetItsNameBack)
     EXPECT_EQ(contentOf(other.path("a.mp3")), "song");
 }
 
+TEST_F(FileMove, SaysWhenADiskRefusesTheNameOfAFile)
+{
+    const auto reason = [](int error, const fs::path &from, const fs::path &to) {
+        return toFailure({.state = State::NotMoved, .error = error}, bytes(from), bytes(to)).reason;
+    };
+    const fs::path song = home.add("a.mp3");
+    const QString refused = QStringLiteral("The disk cannot store a file of this name");
+    EXPECT_EQ(reason(EINVAL, song, other.path("What?.mp3")), refused);
+    EXPECT_EQ(reason(ENOENT, song, other.path("a\nb.mp3")), refused);
+    EXPECT_EQ(reason(EINVAL, song, other.path("Ça va.mp3")), errorText(EINVAL))
+        << "the name is not the reason";
+    EXPECT_EQ(reason(ENOSPC, song, other.path("What?.mp3")), errorText(ENOSPC));
+    EXPECT_EQ(reason(ENOENT, song, other.path("gone/What?.mp3")), errorText(ENOENT));
+    EXPECT_EQ(reason(ENOENT, home.path("gone.mp3"), other.path("What?.mp3")), errorText(ENOENT));
+}
+
 TEST_F(FileMove, TakesTimesAndPermissionsToAnotherFileSystemButNotTheSpecialOnes)
 {
     const fs::path to = other.path("a.mp3");

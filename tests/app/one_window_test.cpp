@@ -125,7 +125,7 @@ TEST_F(OneWindow, RefusesOthersWhileItMovesFiles)
     ASSERT_TRUE(xdotool(visibleWindow + QStringList{u"windowactivate"_s, u"--sync"_s}));
     ASSERT_TRUE(pressUntil([&] { return held != 0; }, {u"Down"_s, u"Delete"_s}));
     EXPECT_EQ(run({music.path()}), 1);
-    EXPECT_EQ(errors, "sonavo: the window is moving files and can scan nothing until that is done\n");
+    EXPECT_EQ(errors, "sonavo: the window is busy and can scan nothing until that is done\n");
     EXPECT_EQ(run({}), 0) << "it can come to the front";
     listener.letThrough(held);
     window.terminate();

@@ -114,7 +114,7 @@ TEST(Catalogues, TranslateEveryTextWithItsPlaceholdersInEveryPluralForm)
                 QStringList placeholders = placeholdersOf(message.source);
                 // Words say what is none, one or two.
                 const bool isOneNumber = language == u"ar" && message.isPlural && form < 3;
-                if (isOneNumber && !translation.contains(u'n'))
+                if (isOneNumber && !placeholdersOf(translation).contains(u"n"_s))
                     placeholders.removeAll(u"n"_s);
                 EXPECT_EQ(placeholdersOf(translation), placeholders) << translation.toStdString();
             }

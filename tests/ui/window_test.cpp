@@ -220,6 +220,10 @@ TEST_F(WindowTest, AsksBeforeAnotherProgramReplacesTheDuplicates)
         EXPECT_TRUE(shows(session.openQuestion()));
         EXPECT_TRUE(session.openItems({SAMPLES[0], SAMPLES[0]}));
         EXPECT_TRUE(waitForText(session.openQuestion())) << "of what was opened last";
+        const int duplicates = session.duplicateCount();
+        session.excludeFromDuplicates(session.duplicateGroups().first().duplicates.first());
+        EXPECT_TRUE(waitFor([&] { return session.duplicateCount() == duplicates - 1; }));
+        EXPECT_TRUE(waitForText(session.openQuestion()));
         EXPECT_NE(find(QAccessible::AlertMessage, title), nullptr);
         isReplaced ? click(u"Scan"_s) : press(Qt::Key_Return);
         EXPECT_TRUE(waitForNoText(title));
@@ -367,10 +371,12 @@ TEST_F(WindowTest, RestsDuringAScanWhereTheDesktopWishesLessMotion)
         ThemeManager::shared()->setWishes({.isMotionReduced = isReduced});
         session.startScan(SAMPLES);
         ASSERT_TRUE(waitForText(CANCEL_SCAN));
-        QTest::qWait(300); // until what had the focus before has faded
-        const QImage before = window->grabWindow();
-        QTest::qWait(300);
-        EXPECT_EQ(window->grabWindow() == before, isReduced);
+        QTest::qWait(300); // until what had the focus before has faded, which can take longer
+        EXPECT_TRUE(waitFor([&] {
+            const QImage before = window->grabWindow();
+            QTest::qWait(300);
+            return (window->grabWindow() == before) == isReduced;
+        }));
         session.clearAll();
         ASSERT_TRUE(waitForText(WELCOME));
     }

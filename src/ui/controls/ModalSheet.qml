@@ -6,6 +6,8 @@ import Sonavo
 T.Dialog {
     implicitWidth: implicitContentWidth + leftPadding + rightPadding
     implicitHeight: implicitContentHeight + topPadding + bottomPadding
+    // Over the tooltip of what the pointer rests on below.
+    z: 1
     anchors.centerIn: T.Overlay.overlay
     modal: true
     focus: true
