@@ -74,6 +74,8 @@ DuplicateFinder::DuplicateFinder(QList<Song> songs, std::stop_token stop)
     , m_songs(std::move(songs), m_stop)
     , m_clusterings(computingThreads())
     , m_isPathPlaced(m_songs.size(), false)
+    , m_comparedByTitle(m_songs.size(), 0)
+    , m_comparedByName(m_songs.size(), 0)
 {}
 
 void DuplicateFinder::groupByTitle()
@@ -83,11 +85,13 @@ void DuplicateFinder::groupByTitle()
     const auto buckets = bucketsById(allOf(m_songs), m_songs.size(), [this](std::size_t song) {
         return m_songs[static_cast<SongIndex>(song)].titleId;
     });
-    for (const std::vector<Cluster> &clusters : clustersOf(buckets, ArtistFilter::On)) {
-        for (const Cluster &cluster : clusters) {
-            if (!makeGroup(cluster, ArtistFilter::On))
-                break;
-        }
+    const auto clusters = clustersOf(buckets, ArtistFilter::On);
+    for (std::size_t i = 0; i < buckets.size(); ++i) {
+        const bool isComplete =
+            std::all_of(clusters[i].begin(), clusters[i].end(),
+                        [&](const Cluster &cluster) { return makeGroup(cluster, ArtistFilter::On); });
+        if (isComplete)
+            noteComparedSongs(m_comparedByTitle, buckets[i], clusters[i]);
     }
 }
 
@@ -101,14 +105,19 @@ void DuplicateFinder::groupByFileName()
     const auto erasePlaced = [this](Bucket &bucket) {
         return std::erase_if(bucket, [this](SongIndex song) { return isPlaced(song); });
     };
-    std::for_each(buckets.begin(), buckets.end(), erasePlaced);
+    std::erase_if(buckets, [&](Bucket &bucket) {
+        erasePlaced(bucket);
+        return isCompared(bucket);
+    });
     const auto clusters = clustersOf(buckets, ArtistFilter::Off);
     for (std::size_t i = 0; i < buckets.size(); ++i) {
         // Songs of one path can have several names: then an earlier bucket places songs of a later one.
-        if (erasePlaced(buckets[i]) > 0)
+        if (erasePlaced(buckets[i]) > 0) {
             groupBuckets(std::span(buckets).subspan(i, 1));
-        else
-            makeGroups(clusters[i]);
+            continue;
+        }
+        makeGroups(clusters[i]);
+        noteComparedSongs(m_comparedByName, buckets[i], clusters[i]);
     }
 }
 
@@ -129,9 +138,10 @@ DuplicateFinder::Batches DuplicateFinder::groupNextBatchByArtistAndTitle()
     const std::vector<SongIndex> batch(at(m_nextBatch), at(end));
     m_nextBatch = end;
 
-    const auto buckets = bucketsByKey(batch, [this](SongIndex song) {
+    auto buckets = bucketsByKey(batch, [this](SongIndex song) {
         return quint64{m_songs[song].artistId} << 32 | m_songs[song].titleId;
     });
+    std::erase_if(buckets, [this](const Bucket &bucket) { return isCompared(bucket); });
     groupBuckets(buckets);
     return m_nextBatch < m_waitingForBatches.size() ? Batches::MoreToCome : Batches::Done;
 }
@@ -140,8 +150,9 @@ void DuplicateFinder::groupByWholeSeconds()
 {
     if (m_stop.stop_requested())
         return;
-    const auto buckets = bucketsByKey(
-        unplacedSongs(), [this](SongIndex song) { return wholeSeconds(m_songs[song].duration); });
+    auto buckets = bucketsByKey(unplacedSongs(),
+                                [this](SongIndex song) { return wholeSeconds(m_songs[song].duration); });
+    std::erase_if(buckets, [this](const Bucket &bucket) { return isCompared(bucket); });
     groupBuckets(buckets);
 }
 
@@ -177,6 +188,28 @@ std::vector<SongIndex> DuplicateFinder::unplacedSongs() const
     std::vector<SongIndex> unplaced = allOf(m_songs);
     std::erase_if(unplaced, [this](SongIndex song) { return isPlaced(song); });
     return unplaced;
+}
+
+void DuplicateFinder::noteComparedSongs(ComparedSongs &compared, const Bucket &bucket,
+                                        std::span<const Cluster> clusters)
+{
+    // Members of a cluster were compared with its seed only.
+    for (const SongIndex song : bucket)
+        compared[song] = bucket.front() + 1;
+    for (const Cluster &cluster : clusters) {
+        for (const SongIndex song : cluster)
+            compared[song] = 0;
+    }
+}
+
+bool DuplicateFinder::isCompared(const Bucket &bucket) const
+{
+    const auto isOneSet = [&bucket](const ComparedSongs &compared) {
+        const std::uint32_t number = bucket.empty() ? 0 : compared[bucket.front()];
+        return number != 0 && std::all_of(bucket.begin(), bucket.end(),
+                                          [&](SongIndex song) { return compared[song] == number; });
+    };
+    return isOneSet(m_comparedByTitle) || isOneSet(m_comparedByName);
 }
 
 void DuplicateFinder::groupBuckets(std::span<const Bucket> buckets)

@@ -76,6 +76,11 @@ private:
     [[nodiscard]] bool isPlaced(SongIndex song) const { return m_isPathPlaced[m_songs.pathIdOf(song)]; }
     void markPlaced(SongIndex song) { m_isPathPlaced[m_songs.pathIdOf(song)] = true; }
     [[nodiscard]] std::vector<SongIndex> unplacedSongs() const;
+    /// By song: songs of one number above 0 have been compared with one another and do not match.
+    using ComparedSongs = std::vector<std::uint32_t>;
+    static void noteComparedSongs(ComparedSongs &compared, const Bucket &bucket,
+                                  std::span<const Cluster> clusters);
+    [[nodiscard]] bool isCompared(const Bucket &bucket) const;
     void groupBuckets(std::span<const Bucket> buckets);
     void makeGroups(std::span<const Cluster> clusters);
     [[nodiscard]] SongIndex originalOf(const Cluster &cluster) const;
@@ -89,6 +94,9 @@ private:
     std::vector<std::unique_ptr<Clustering>> m_clusterings;
     /// By path id.
     std::vector<bool> m_isPathPlaced;
+    /// In the first step, and in the second.
+    ComparedSongs m_comparedByTitle;
+    ComparedSongs m_comparedByName;
     std::vector<SongIndex> m_waitingForBatches;
     std::size_t m_nextBatch = 0;
     QList<DuplicateGroup> m_groups;

@@ -9,7 +9,6 @@
 #include <QHashFunctions>
 
 #include <algorithm>
-#include <functional>
 #include <utility>
 
 namespace sonavo {

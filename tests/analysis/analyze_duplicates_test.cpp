@@ -107,6 +107,17 @@ TEST(AnalyzeDuplicates, ComparesUnplacedSongsByArtistAndTitleInBatchesOf5000)
     }
 }
 
+TEST(AnalyzeDuplicates, ComparesSongsThatTheFirstStepComparedWithAnOriginalAlone)
+{
+    // The first step drops the last two, whose artist has no word of the original's.
+    QList<Song> songs;
+    for (const QString &artist : {u"montgomery"_s, u"montgomery"_s, u"montgomeri"_s, u"montgomeri"_s})
+        songs << songOf(artist, u"Night"_s);
+    const Outcome outcome = analyze(songs);
+    EXPECT_EQ(outcome.groups.size(), 2);
+    EXPECT_TRUE(areEqualButForIds(outcome.groups, direct::analyzeDuplicates(songs)));
+}
+
 TEST(AnalyzeDuplicates, ComparesNothingOnceItIsStopped)
 {
     std::stop_source stop;
