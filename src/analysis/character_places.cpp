@@ -262,11 +262,66 @@ struct Step
     std::memcpy(words, &left, sizeof left);
 }
 
+/// A character that is looked for: its code, and its first row.
+struct CodeRows
+{
+    std::size_t code = 0;
+    std::size_t firstRow = 0;
+};
+
+/// Which texts of a part have some characters where.
+/// @param rows where those of each character are written, one for each place
+/// @param planes for each place and each bit of a code, the texts that have it there
+[[gnu::always_inline]] inline void unpack(std::uint64_t *rows, std::span<const CodeRows> codes,
+                                          const std::uint64_t *planes, std::size_t codeBits,
+                                          std::size_t length)
+{
+    // The texts by three bits of their codes, and by the other three.
+    constexpr std::size_t HALF_BITS = 3;
+    constexpr std::size_t HALF = std::size_t{1} << HALF_BITS;
+    std::array<std::array<Part, HALF>, 2> halves;
+    for (std::size_t place = 0; place < length; ++place) {
+        for (std::size_t half = 0; half < 2; ++half) {
+            std::array<Part, HALF> &texts = halves[half];
+            texts[0] = ~Part{};
+            for (std::size_t bit = 0; bit < HALF_BITS && half * HALF_BITS + bit < codeBits; ++bit) {
+                Part isSet;
+                read(isSet, planes);
+                planes += PART;
+                const std::size_t count = std::size_t{1} << bit;
+                for (std::size_t i = 0; i < count; ++i) {
+                    texts[i | count] = texts[i] & isSet;
+                    texts[i] &= ~isSet;
+                }
+            }
+        }
+        for (const CodeRows &code : codes) {
+            const Part texts = halves[0][code.code % HALF] & halves[1][code.code / HALF];
+            std::memcpy(rows + (code.firstRow + place) * PART, &texts, sizeof texts);
+        }
+    }
+}
+
 using KeepNear = void (*)(std::uint64_t *words, Table &, const std::uint64_t *bits);
+using Unpack = void (*)(std::uint64_t *rows, std::span<const CodeRows> codes, const std::uint64_t *planes,
+                        std::size_t codeBits, std::size_t length);
+
+/// What is done in the widest registers.
+struct Kernels
+{
+    KeepNear keepNear;
+    Unpack unpack;
+};
 
 void keepNearHere(std::uint64_t *words, Table &table, const std::uint64_t *bits)
 {
     keepNear(words, table, bits);
+}
+
+void unpackHere(std::uint64_t *rows, std::span<const CodeRows> codes, const std::uint64_t *planes,
+                std::size_t codeBits, std::size_t length)
+{
+    unpack(rows, codes, planes, codeBits, length);
 }
 
 #ifdef __x86_64__
@@ -274,17 +329,24 @@ void keepNearHere(std::uint64_t *words, Table &table, const std::uint64_t *bits)
 {
     keepNear(words, table, bits);
 }
+
+[[gnu::target("avx2")]] void unpackWithAvx2(std::uint64_t *rows, std::span<const CodeRows> codes,
+                                            const std::uint64_t *planes, std::size_t codeBits,
+                                            std::size_t length)
+{
+    unpack(rows, codes, planes, codeBits, length);
+}
 #endif
 
 /// For the machine that the program is built for, or for processors with wider registers.
-KeepNear fastestKeepNear()
+Kernels fastestKernels()
 {
 #ifdef __x86_64__
     static const bool hasAvx2 = __builtin_cpu_supports("avx2") != 0;
     if (hasAvx2)
-        return keepNearWithAvx2;
+        return {keepNearWithAvx2, unpackWithAvx2};
 #endif
-    return keepNearHere;
+    return {keepNearHere, unpackHere};
 }
 
 /// How many characters two texts have in common at their beginning.
@@ -343,13 +405,68 @@ std::size_t CharacterPlaces<char32_t>::symbolOfCharacter(char32_t character)
     return ALPHABET + character % (SYMBOLS - ALPHABET);
 }
 
+/// For the characters of some searches: a row for each place, of the texts of one part that have the
+/// character there. The first rows, which are those of characters that no text has, are empty, and so are
+/// some behind those of each character.
+template <typename Character>
+class CharacterPlaces<Character>::Rows
+{
+public:
+    explicit Rows(const CharacterPlaces &places)
+        : m_places(places)
+    {}
+
+    /// Adds a character, before the first call of read().
+    /// @return its first row
+    std::uint32_t add(Character character)
+    {
+        const std::uint8_t code = m_places.m_codes[symbolOfCharacter(character)];
+        if (code == NO_CODE)
+            return static_cast<std::uint32_t>(m_places.m_margin);
+        std::uint32_t &firstRow = m_firstRows[code];
+        if (firstRow == 0) {
+            firstRow = static_cast<std::uint32_t>(rowCount());
+            m_codes.push_back({code, firstRow});
+        }
+        return firstRow;
+    }
+
+    /// @return the rows of a part, valid until the next call
+    const std::uint64_t *read(std::size_t part, Unpack unpack)
+    {
+        m_rows.resize(rowCount());
+        const std::size_t planes = m_places.m_length * m_places.m_codeBits * PART;
+        unpack(m_rows.front().words.data(), m_codes, m_places.m_planes.data() + part * planes,
+               m_places.m_codeBits, m_places.m_length);
+        return m_rows.front().words.data();
+    }
+
+private:
+    /// Aligned, since processors take longer to read across the border of a cache line.
+    struct alignas(Part) Row
+    {
+        std::array<std::uint64_t, PART> words{};
+    };
+
+    [[nodiscard]] std::size_t rowCount() const
+    {
+        return m_places.m_margin + (1 + m_codes.size()) * (m_places.m_length + m_places.m_margin);
+    }
+
+    const CharacterPlaces &m_places;
+    std::vector<CodeRows> m_codes;
+    /// By code, or 0.
+    std::array<std::uint32_t, SYMBOLS> m_firstRows{};
+    std::vector<Row> m_rows;
+};
+
 template <typename Character>
 void CharacterPlaces<Character>::clear(std::size_t length, std::size_t count, std::size_t mostEdits)
 {
     m_length = length;
     m_parts = (count + TEXTS_PER_PART - 1) / TEXTS_PER_PART;
     m_margin = std::max<std::size_t>(mostEdits, 1);
-    m_firstRows.fill(0);
+    m_codes.fill(NO_CODE);
     m_beginning.reset();
     m_left.assign(m_parts * PART, 0);
     for (std::size_t number = 0; number < count; ++number)
@@ -363,33 +480,32 @@ void CharacterPlaces<Character>::noteCharacters(Text text)
         m_beginning = text;
     m_beginning->resize(lengthInCommon<Character>(*m_beginning, text));
     for (const Character character : text)
-        m_firstRows[symbolOfCharacter(character)] = 1;
+        m_codes[symbolOfCharacter(character)] = 0;
 }
 
 template <typename Character>
 void CharacterPlaces<Character>::layOut()
 {
-    // The first rows are those of characters that no text has.
-    const std::size_t size = m_length + m_margin;
-    m_rows = m_margin + size;
-    for (std::uint32_t &first : m_firstRows) {
-        if (first == 0) {
-            first = static_cast<std::uint32_t>(m_margin);
-            continue;
-        }
-        first = static_cast<std::uint32_t>(m_rows);
-        m_rows += size;
+    std::uint8_t codes = 0;
+    for (std::uint8_t &code : m_codes) {
+        if (code != NO_CODE)
+            code = codes++;
     }
-    m_bits.assign(m_rows * m_parts, {});
+    m_codeBits = static_cast<std::size_t>(std::bit_width(std::max(codes, std::uint8_t{1}) - 1U));
+    m_planes.assign(m_parts * m_length * m_codeBits * PART, 0);
 }
 
 template <typename Character>
 void CharacterPlaces<Character>::add(Text text, std::size_t number)
 {
     const std::uint64_t bit = std::uint64_t{1} << number % BITS;
-    Words *part = &m_bits[number / TEXTS_PER_PART * m_rows];
-    for (std::size_t place = 0; place < text.size(); ++place)
-        part[m_firstRows[symbolOfCharacter(text[place])] + place].words[number / BITS % PART] |= bit;
+    std::uint64_t *plane =
+        m_planes.data() + number / TEXTS_PER_PART * m_length * m_codeBits * PART + number / BITS % PART;
+    for (const Character character : text) {
+        const unsigned code = m_codes[symbolOfCharacter(character)];
+        for (std::size_t i = 0; i < m_codeBits; ++i, plane += PART)
+            *plane |= (code >> i & 1) != 0 ? bit : 0;
+    }
 }
 
 template <typename Character>
@@ -403,19 +519,21 @@ void CharacterPlaces<Character>::findNear(std::span<const Search> searches, Remo
                                           const Visit &visit) const
 {
     std::vector<Table> tables;
+    Rows rows(*this);
     std::size_t firstPart = m_parts;
     std::size_t endPart = 0;
     for (const Search &search : searches) {
         tables.push_back(tableOf(search, m_length));
         tables.back().begin = m_beginning ? lengthInCommon<Character>(*m_beginning, search.text) : 0;
         for (const Character character : search.text)
-            tables.back().rows.push_back(m_firstRows[symbolOfCharacter(character)]);
+            tables.back().rows.push_back(rows.add(character));
         firstPart = std::min(firstPart, tables.back().firstPart);
         endPart = std::max(endPart, tables.back().endPart);
     }
-    const KeepNear keepNear = fastestKeepNear();
+    const Kernels kernels = fastestKernels();
     // A part stays in the nearest caches while all searches look at it.
     for (std::size_t part = firstPart; part < endPart; ++part) {
+        const std::uint64_t *bits = nullptr;
         for (std::size_t search = 0; search < searches.size(); ++search) {
             Table &table = tables[search];
             if (part < table.firstPart || part >= table.endPart)
@@ -426,7 +544,9 @@ void CharacterPlaces<Character>::findNear(std::span<const Search> searches, Remo
                 std::copy_n(&m_left[part * PART], PART, found.begin());
             if ((found[0] | found[1] | found[2] | found[3]) == 0)
                 break;
-            keepNear(found.data(), table, m_bits[part * m_rows].words.data());
+            if (bits == nullptr)
+                bits = rows.read(part, kernels.unpack);
+            kernels.keepNear(found.data(), table, bits);
             const bool goesOn = std::all_of(
                 found.begin(), found.end(), [&, number = part * TEXTS_PER_PART](std::uint64_t word) mutable {
                     const std::size_t first = number;

@@ -17,8 +17,8 @@ namespace sonavo {
 /// Longer texts are neither indexed nor searched for.
 inline constexpr std::size_t LONGEST_PLACED = 128;
 
-/// Normalised texts of one length, as a bit for each text, character and place: finds those within some edits
-/// of other texts, hundreds at a time.
+/// Normalised texts of one length: finds those within some edits of other texts, hundreds at a time. Keeps at
+/// most six bits for each character of a text.
 ///
 /// Obstacles are counted first, since an edit is needed for each: from the beginning of a text, or from
 /// behind the last obstacle, what it has in common with the other is followed on every diagonal of the
@@ -82,11 +82,9 @@ private:
     /// Symbols are below this.
     static constexpr std::size_t SYMBOLS = 64;
 
-    /// Aligned, since processors take longer to read across the border of a cache line.
-    struct alignas(32) Words
-    {
-        std::array<std::uint64_t, 4> words{};
-    };
+    /// No symbol has this code.
+    static constexpr std::uint8_t NO_CODE = UINT8_MAX;
+    class Rows;
 
     [[nodiscard]] static std::size_t symbolOfCharacter(Character character);
     void clear(std::size_t length, std::size_t count, std::size_t mostEdits);
@@ -96,15 +94,15 @@ private:
 
     std::size_t m_length = 0;
     std::size_t m_parts = 0;
-    /// Empty rows before and behind those of a character.
+    /// The most edits that are asked for.
     std::size_t m_margin = 0;
-    std::size_t m_rows = 0;
-    /// By symbol, the number of its first row.
-    std::array<std::uint32_t, SYMBOLS> m_firstRows{};
     /// What all texts begin with; searches skip it.
     std::optional<std::basic_string<Character>> m_beginning;
-    /// By part, one for each character and place.
-    std::vector<Words> m_bits;
+    /// By symbol: a number from 0, or NO_CODE for those that no text has.
+    std::array<std::uint8_t, SYMBOLS> m_codes{};
+    std::size_t m_codeBits = 0;
+    /// By part, place and bit of a code: the texts of the part that have it there.
+    std::vector<std::uint64_t> m_planes;
     /// The texts that are not removed.
     std::vector<std::uint64_t> m_left;
 };
