@@ -52,20 +52,13 @@ public:
     [[nodiscard]] bool isCounted(Position song) const { return m_songs[song].isCounted; }
     [[nodiscard]] std::size_t operator[](Position song) const { return m_songs[song].count; }
 
-    /// All that match a song and are not removed, in no particular order.
-    [[nodiscard]] std::vector<Position> matchesOf(Position song, FurtherMatches &matches) const
+    /// All that match a song, in no particular order, or nothing if they have to be looked for again.
+    [[nodiscard]] std::optional<std::span<const Position>> matchesOf(Position song) const
     {
         const Entry &entry = m_songs[song];
-        if (entry.count > MOST_MATCHES_KEPT) {
-            const auto found = matches.matchesOf(song, std::numeric_limits<std::size_t>::max());
-            return {found.begin(), found.end()};
-        }
-        std::vector<Position> found;
-        for (const Position match : std::span(entry.matches).first(entry.count)) {
-            if (!matches.isRemoved(match))
-                found.push_back(match);
-        }
-        return found;
+        if (entry.count > MOST_MATCHES_KEPT)
+            return std::nullopt;
+        return std::span(entry.matches).first(entry.count);
     }
 
 private:
@@ -141,8 +134,7 @@ public:
         , m_counting(report, AFTER_INDEXING, AFTER_COUNTING)
         , m_takingFew(report, AFTER_COUNTING, 1.0)
         , m_counts(index.songs().size())
-        , m_removed(index)
-        , m_counters(computingThreads())
+        , m_matches(computingThreads())
     {}
 
     /// @return nothing if it was stopped; every song is in at most one star
@@ -154,19 +146,39 @@ public:
     }
 
 private:
-    /// Songs counted at a time in takeCentresOfMost(): some of them in vain.
-    static constexpr std::size_t LEAST_BATCH = 64;
-    static constexpr std::size_t LARGEST_BATCH = 4096;
+    /// How many songs are looked up at a time, some of them in vain, since a star before them takes them.
+    class BatchSize
+    {
+    public:
+        explicit BatchSize(std::size_t least)
+            : m_least(least)
+            , m_size(least)
+        {}
+        [[nodiscard]] std::size_t get() const { return m_size; }
+        /// @param inVain how many of a batch were
+        void adapt(std::size_t inVain, std::size_t songs)
+        {
+            m_size = std::clamp(inVain > songs / 8 ? m_size / 2 : m_size * 2, m_least, LARGEST);
+        }
+
+    private:
+        static constexpr std::size_t LARGEST = 4096;
+
+        std::size_t m_least;
+        std::size_t m_size;
+    };
+    static constexpr std::size_t LEAST_COUNTED = 64;
+    static constexpr std::size_t LEAST_CENTRES = 2;
     /// If more songs than this are expensive to count, another index pays off.
     static constexpr std::size_t MANY_EXPENSIVE = 1024;
     /// By one thread.
-    static constexpr std::size_t MOST_COUNTED_TOGETHER = 16;
+    static constexpr std::size_t MOST_TOGETHER = 64;
 
     bool countCheapSongs()
     {
         // Songs of one artist in a row, so that what is read of them stays in the processor's caches.
         const std::vector<Position> &songs = m_index.artists().songs();
-        return countInParallel(songs.size(), SONGS_PER_PART, [&](FurtherMatches &matches, std::size_t i) {
+        return findInParallel(songs.size(), SONGS_PER_PART, [&](FurtherMatches &matches, std::size_t i) {
             const Position song = songs[i];
             if (const auto found = matches.matchesIfCheap(song, MOST_MATCHES_COUNTED))
                 setCount(song, *found);
@@ -180,53 +192,87 @@ private:
                                              [this](Position song) { return !m_counts.isCounted(song); });
         if (static_cast<std::size_t>(expensive) >= MANY_EXPENSIVE)
             m_index.placeTexts(m_stop);
-        std::size_t batchSize = LEAST_BATCH;
+        BatchSize batchSize(LEAST_COUNTED);
         for (auto begin = songs.begin(); begin != songs.end();) {
             std::vector<Position> uncounted;
             auto end = begin;
-            for (; end != songs.end() && uncounted.size() < batchSize; ++end) {
-                if (!m_removed.isRemoved(*end) && !m_counts.isCounted(*end))
+            for (; end != songs.end() && uncounted.size() < batchSize.get(); ++end) {
+                if (!m_index.isRemoved(*end) && !m_counts.isCounted(*end))
                     uncounted.push_back(*end);
             }
-            if (!countTogether(uncounted))
+            const auto count = [&](std::size_t i, std::span<const Position> found) {
+                setCount(uncounted[i], found);
+            };
+            if (!findTogether(uncounted, MOST_MATCHES_COUNTED, FurtherMatches::Removed::Included, count))
                 return false;
-            for (; begin != end; ++begin) {
-                if (m_counts[*begin] >= MOST_MATCHES_COUNTED && !takeStarOf(*begin))
-                    return false;
-            }
-            const auto inVain = std::count_if(uncounted.begin(), uncounted.end(),
-                                              [this](Position song) { return m_removed.isRemoved(song); });
-            const bool areMany = static_cast<std::size_t>(inVain) > uncounted.size() / 8;
-            batchSize = std::clamp(areMany ? batchSize / 2 : batchSize * 2, LEAST_BATCH, LARGEST_BATCH);
+            std::vector<Position> centres;
+            std::copy_if(begin, end, std::back_inserter(centres),
+                         [this](Position song) { return m_counts[song] >= MOST_MATCHES_COUNTED; });
+            if (!takeStarsOf(centres, [](double) {}))
+                return false;
+            batchSize.adapt(countRemoved(uncounted), uncounted.size());
+            begin = end;
         }
         return true;
     }
 
-    /// @return false if it was stopped
-    bool countTogether(std::span<const Position> songs)
-    {
-        const std::size_t partSize =
-            std::clamp<std::size_t>(songs.size() / (4 * computingThreads()), 1, MOST_COUNTED_TOGETHER);
-        const auto count = [&](FurtherMatches &matches, std::size_t part) {
-            const auto some =
-                songs.subspan(part * partSize, std::min(partSize, songs.size() - part * partSize));
-            matches.forEachMatches(
-                some, MOST_MATCHES_COUNTED,
-                [&](std::size_t i, std::span<const Position> found) { setCount(some[i], found); });
-        };
-        return countInParallel((songs.size() + partSize - 1) / partSize, 1, count);
-    }
-
     bool takeCentresOfFewer()
     {
-        const std::vector<Position> centres = centresOfFewer();
-        for (std::size_t i = 0; i < centres.size(); ++i) {
-            if (i % SONGS_PER_REPORT == 0)
-                m_takingFew.set(static_cast<double>(i) / static_cast<double>(centres.size()));
-            if (!takeStarOf(centres[i]))
+        return takeStarsOf(centresOfFewer(), [this](double fraction) { m_takingFew.set(fraction); });
+    }
+
+    /// Takes the stars of those centres that no star before them takes.
+    /// @param report called with how much is done
+    /// @return false if it was stopped
+    template <typename Report>
+    bool takeStarsOf(std::span<const Position> centres, Report report)
+    {
+        for (std::size_t begin = 0; begin < centres.size();) {
+            report(static_cast<double>(begin) / static_cast<double>(centres.size()));
+            std::vector<Position> asked;
+            std::size_t end = begin;
+            for (; end < centres.size() && asked.size() < m_centresAtATime.get(); ++end) {
+                if (!m_index.isRemoved(centres[end]) && !m_counts.matchesOf(centres[end]))
+                    asked.push_back(centres[end]);
+            }
+            std::vector<std::vector<Position>> found(asked.size());
+            const auto keep = [&](std::size_t i, std::span<const Position> matches) {
+                found[i].assign(matches.begin(), matches.end());
+            };
+            if (!findTogether(asked, std::numeric_limits<std::size_t>::max(),
+                              FurtherMatches::Removed::LeftOut, keep))
                 return false;
+            std::size_t next = 0;
+            std::size_t inVain = 0;
+            for (; begin < end; ++begin) {
+                const bool isAsked = next < asked.size() && asked[next] == centres[begin];
+                const bool isTaken = m_index.isRemoved(centres[begin]);
+                inVain += isAsked && isTaken ? 1U : 0U;
+                if (!isTaken)
+                    takeStarOf(centres[begin], isAsked ? found[next] : *m_counts.matchesOf(centres[begin]));
+                next += isAsked ? 1U : 0U;
+            }
+            m_centresAtATime.adapt(inVain, asked.size());
         }
         return !m_stop.stop_requested();
+    }
+
+    /// Calls `visit` with what matches each song, as FurtherMatches::forEachMatches() does, on all cores.
+    /// @return false if it was stopped
+    template <typename Visit>
+    bool findTogether(std::span<const Position> songs, std::size_t most, FurtherMatches::Removed removed,
+                      Visit visit)
+    {
+        const std::size_t partSize =
+            std::clamp<std::size_t>(songs.size() / computingThreads(), 1, MOST_TOGETHER);
+        const auto find = [&](FurtherMatches &matches, std::size_t part) {
+            const std::size_t begin = part * partSize;
+            const auto some = songs.subspan(begin, std::min(partSize, songs.size() - begin));
+            matches.forEachMatches(some, most, removed, [&](std::size_t i, std::span<const Position> found) {
+                visit(begin + i, found);
+            });
+        };
+        return findInParallel((songs.size() + partSize - 1) / partSize, 1, find);
     }
 
     /// The songs that match at least MOST_MATCHES_COUNTED others or are not counted yet, in the order of the
@@ -251,7 +297,7 @@ private:
         const FurtherSongs &prepared = m_index.songs();
         std::vector<Position> centres;
         for (Position song = 0; song < prepared.size(); ++song) {
-            if (m_counts[song] > 0 && m_counts[song] < MOST_MATCHES_COUNTED && !m_removed.isRemoved(song))
+            if (m_counts[song] > 0 && m_counts[song] < MOST_MATCHES_COUNTED && !m_index.isRemoved(song))
                 centres.push_back(song);
         }
         std::sort(centres.begin(), centres.end(), [&](Position a, Position b) {
@@ -261,38 +307,41 @@ private:
         return centres;
     }
 
-    /// @return false if it was stopped
-    bool takeStarOf(Position centre)
+    /// @param matches of the centre; some of them can have been taken
+    void takeStarOf(Position centre, std::span<const Position> matches)
     {
-        if (m_removed.isRemoved(centre))
-            return true;
-        if (m_stop.stop_requested())
-            return false;
-        Star star = starOf(m_songs, m_index.songs(), centre, m_counts.matchesOf(centre, m_removed));
+        Star left;
+        std::copy_if(matches.begin(), matches.end(), std::back_inserter(left),
+                     [this](Position song) { return !m_index.isRemoved(song); });
+        Star star = starOf(m_songs, m_index.songs(), centre, std::move(left));
         if (star.size() < 2)
-            return true;
-        for (const Position song : star) {
-            m_removed.remove(song);
+            return;
+        for (const Position song : star)
             m_index.remove(song);
-        }
         m_stars.push_back(std::move(star));
-        return true;
     }
 
-    /// Calls `count(matches, i)` for each i below `songs` on all cores; each thread has FurtherMatches of its
-    /// own, of which nothing is removed.
-    /// @return false if it was stopped
-    template <typename Count>
-    bool countInParallel(std::size_t songs, std::size_t partSize, Count count)
+    [[nodiscard]] std::size_t countRemoved(std::span<const Position> songs) const
     {
-        const auto countersOf = [this](std::size_t thread) {
-            std::optional<FurtherMatches> &matches = m_counters[thread];
+        const auto count = std::count_if(songs.begin(), songs.end(),
+                                         [this](Position song) { return m_index.isRemoved(song); });
+        return static_cast<std::size_t>(count);
+    }
+
+    /// Calls `find(matches, i)` for each i below `count` on all cores; each thread has FurtherMatches of its
+    /// own.
+    /// @return false if it was stopped
+    template <typename Find>
+    bool findInParallel(std::size_t count, std::size_t partSize, Find find)
+    {
+        const auto matchesOf = [this](std::size_t thread) {
+            std::optional<FurtherMatches> &matches = m_matches[thread];
             if (!matches)
                 matches.emplace(m_index);
             return &*matches;
         };
-        return forEachInParallel(songs, partSize, m_stop, countersOf,
-                                 [&](FurtherMatches *matches, std::size_t i) { count(*matches, i); });
+        return forEachInParallel(count, partSize, m_stop, matchesOf,
+                                 [&](FurtherMatches *matches, std::size_t i) { find(*matches, i); });
     }
 
     void setCount(Position song, std::span<const Position> matches)
@@ -310,8 +359,9 @@ private:
     const Progress m_takingFew;
     MatchCounts m_counts;
     std::atomic<std::size_t> m_counted = 0;
-    FurtherMatches m_removed;
-    std::vector<std::optional<FurtherMatches>> m_counters;
+    BatchSize m_centresAtATime{LEAST_CENTRES};
+    /// By thread.
+    std::vector<std::optional<FurtherMatches>> m_matches;
     std::vector<Star> m_stars;
 };
 

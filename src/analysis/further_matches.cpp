@@ -96,6 +96,7 @@ FurtherIndex::FurtherIndex(const FurtherSongs &songs, const std::stop_token &sto
     , m_hasKeys(m_artists.size())
     , m_byKey(blockEndsOf(songs))
     , m_hasTitle(std::bit_ceil(songs.size() * 16 + 1))
+    , m_isRemoved(songs.size())
 {
     // Comparing with so many songs takes about as long as choosing keys and asking for them.
     constexpr std::size_t FEW = 1024;
@@ -225,6 +226,7 @@ void FurtherIndex::placeTexts(const std::stop_token &stop)
 
 void FurtherIndex::remove(Position song)
 {
+    m_isRemoved[song] = true;
     const auto isShorter = [](const auto &group, std::size_t length) { return group.length < length; };
     const FurtherSong &removed = m_songs[song];
     const auto byArtist =
@@ -287,21 +289,12 @@ void FurtherIndex::fillBlock(FurtherKeys &keys, std::size_t block)
     });
 }
 
-std::span<const Position> FurtherMatches::matchesOf(Position song, std::size_t most)
-{
-    forEachMatches({&song, 1}, most, [this](std::size_t, std::span<const Position> matches) {
-        if (matches.data() != m_matches.data())
-            m_matches.assign(matches.begin(), matches.end());
-    });
-    return m_matches;
-}
-
-void FurtherMatches::forEachMatches(std::span<const Position> songs, std::size_t most,
+void FurtherMatches::forEachMatches(std::span<const Position> songs, std::size_t most, Removed removed,
                                     const std::function<void(std::size_t, std::span<const Position>)> &visit)
 {
     m_windowSearches.clear();
     for (std::size_t i = 0; i < songs.size(); ++i) {
-        begin(songs[i], most);
+        begin(songs[i], most, removed);
         (void)chooseWay();
         if (m_way == Way::Window || m_way == Way::Texts) {
             addWindowSearch(i);
@@ -319,7 +312,7 @@ std::optional<std::span<const Position>> FurtherMatches::matchesIfCheap(Position
 {
     // Only songs that are each compared with a share of the library take quadratic time.
     constexpr std::size_t MANY = 4096;
-    begin(song, most);
+    begin(song, most, Removed::Included);
     const std::size_t cost = chooseWay();
     const bool isLarge =
         (m_way == Way::Window || m_way == Way::Texts) && m_window.end - m_window.begin > MANY;
@@ -329,9 +322,10 @@ std::optional<std::span<const Position>> FurtherMatches::matchesIfCheap(Position
     return m_matches;
 }
 
-void FurtherMatches::begin(Position song, std::size_t most)
+void FurtherMatches::begin(Position song, std::size_t most, Removed removed)
 {
     m_song = song;
+    m_removed = removed;
     m_window = m_index.windowOf(song);
     m_most = most;
     m_matches.clear();
@@ -432,7 +426,7 @@ void FurtherMatches::compareWithSimilarArtists()
     const FurtherSong &song = songs[m_song];
     for (const std::span<const Position> group : m_groups) {
         for (const Position candidate : group) {
-            if (!mayMatchFurther(song, songs[candidate]) || candidate == m_song || isRemoved(candidate) ||
+            if (!mayMatchFurther(song, songs[candidate]) || candidate == m_song || isLeftOut(candidate) ||
                 !songsMatchFurther(song, songs[candidate]))
                 continue;
             m_matches.push_back(candidate);
@@ -551,7 +545,7 @@ bool FurtherMatches::compareWith(WindowSearch &search, Position candidate) const
     constexpr std::ptrdiff_t FEW = 128;
     const auto last = search.matches.end();
     const auto first = last - std::min(last - search.matches.begin(), FEW);
-    if (candidate != search.song && !isRemoved(candidate) && std::find(first, last, candidate) == last &&
+    if (candidate != search.song && !isLeftOut(candidate) && std::find(first, last, candidate) == last &&
         songsMatchFurther(m_index.songs()[search.song], m_index.songs()[candidate]))
         search.matches.push_back(candidate);
     return search.matches.size() < m_most;
@@ -575,7 +569,7 @@ void FurtherMatches::compareWithProposed(std::span<const Hash> proposals)
 bool FurtherMatches::compareWith(Position candidate)
 {
     std::uint32_t &lastQuery = m_lastQueries[candidate];
-    if (lastQuery >= m_query || candidate == m_song)
+    if (lastQuery == m_query || candidate == m_song || isLeftOut(candidate))
         return true;
     lastQuery = m_query;
     const FurtherSong &song = m_index.songs()[m_song];

@@ -95,9 +95,10 @@ public:
     /// Indexes the full texts of all songs with keys: worthwhile where keys are common to very many songs.
     /// Must not overlap with any other call. Uses all cores.
     void placeTexts(const std::stop_token &stop);
-    /// Takes a song out: FurtherMatches of which songs are removed may not find it. Must not overlap with any
-    /// other call.
+    /// Takes a song out: it is found only where removed songs are asked for. Must not overlap with any other
+    /// call.
     void remove(Position song);
+    [[nodiscard]] bool isRemoved(Position song) const { return m_isRemoved[song]; }
     /// Empty if they are not indexed.
     [[nodiscard]] const std::vector<TextLength> &byTextLength() const { return m_byTextLength; }
 
@@ -124,6 +125,7 @@ private:
     std::vector<bool> m_hasTitle;
     std::vector<ArtistLength> m_byArtistLength;
     std::vector<TextLength> m_byTextLength;
+    std::vector<bool> m_isRemoved;
     /// The songs whose keys were counted, and how often common keys are among those at least.
     std::size_t m_countedSongs = 0;
     std::size_t m_commonCount = 0;
@@ -161,6 +163,7 @@ class FurtherMatches
 {
 public:
     using Position = FurtherSongs::Position;
+    using Removed = CharacterPlaces<char32_t>::Removed;
 
     /// @param index must outlive this
     explicit FurtherMatches(const FurtherIndex &index)
@@ -169,33 +172,24 @@ public:
         , m_similarArtists(index.artists().size())
     {}
 
-    /// Takes a song out: it is no longer found.
-    void remove(Position song)
-    {
-        m_lastQueries[song] = REMOVED;
-        m_removed = CharacterPlaces<char32_t>::Removed::LeftOut;
-    }
-    [[nodiscard]] bool isRemoved(Position song) const { return m_lastQueries[song] == REMOVED; }
-
-    /// All other songs that match this one and are not removed, in no particular order.
-    /// @param most no more than that many are looked for
-    /// @return valid until the next call
-    [[nodiscard]] std::span<const Position> matchesOf(Position song, std::size_t most);
-    /// The same for several songs, in any order: together they can take less time.
-    /// @param visit takes a song, as its place among them, and what matches it, which is valid during the
-    /// call
-    void forEachMatches(std::span<const Position> songs, std::size_t most,
+    /// Finds all other songs that match some songs. Several songs together can take less time than one after
+    /// the other.
+    /// @param most no more than that many are looked for, for each song
+    /// @param removed whether songs that were removed from the index are looked for as well
+    /// @param visit takes a song, as its place among `songs`, in any order, and what matches it, in no
+    /// particular order and valid during the call
+    void forEachMatches(std::span<const Position> songs, std::size_t most, Removed removed,
                         const std::function<void(std::size_t, std::span<const Position>)> &visit);
-    /// The same, or nothing if a large share of the library would have to be looked at.
+    /// The matches of one song, removed ones included, or nothing if a large share of the library would have
+    /// to be looked at.
+    /// @return valid until the next call
     [[nodiscard]] std::optional<std::span<const Position>> matchesIfCheap(Position song, std::size_t most);
 
 private:
     using Hash = FurtherKeys::Hash;
 
-    static constexpr std::uint32_t REMOVED = UINT32_MAX;
-
     /// Begins a query.
-    void begin(Position song, std::size_t most);
+    void begin(Position song, std::size_t most, Removed removed);
     void readSimilarArtists();
     enum class Way
     {
@@ -231,6 +225,10 @@ private:
                               WindowSearch &search);
     /// @return whether to go on
     bool compareWith(WindowSearch &search, Position candidate) const;
+    [[nodiscard]] bool isLeftOut(Position song) const
+    {
+        return m_removed == Removed::LeftOut && m_index.isRemoved(song);
+    }
     void compareWithSimilarArtists();
     void compareWithProposed(std::span<const FurtherKeys::Hash> proposals);
     /// @return whether to go on
@@ -258,10 +256,10 @@ private:
     /// By song: the last query in which it was compared.
     std::vector<std::uint32_t> m_lastQueries;
     std::uint32_t m_query = 0;
-    CharacterPlaces<char32_t>::Removed m_removed = CharacterPlaces<char32_t>::Removed::Included;
 
     // The query that is running.
     Position m_song = 0;
+    Removed m_removed = Removed::Included;
     FurtherIndex::Window m_window;
     std::size_t m_most = 0;
     std::vector<Position> m_matches;

@@ -9,7 +9,8 @@
 #include <rapidcheck/gtest.h>
 
 #include <algorithm>
-#include <iterator>
+#include <numeric>
+#include <span>
 #include <vector>
 
 namespace sonavo {
@@ -163,12 +164,18 @@ QList<Song> titlesALittleAlike()
 
 using Positions = std::vector<FurtherSongs::Position>;
 
-Positions sortedMatchesOf(FurtherMatches &matches, FurtherSongs::Position song)
+/// Of each song, sorted.
+std::vector<Positions> matchesOfAll(const FurtherIndex &index, FurtherMatches::Removed removed)
 {
-    const auto found = matches.matchesOf(song, SIZE_MAX);
-    Positions sorted(found.begin(), found.end());
-    std::sort(sorted.begin(), sorted.end());
-    return sorted;
+    Positions songs(index.songs().size());
+    std::iota(songs.begin(), songs.end(), 0U);
+    std::vector<Positions> matches(songs.size());
+    FurtherMatches(index).forEachMatches(
+        songs, SIZE_MAX, removed, [&](std::size_t song, std::span<const FurtherSongs::Position> found) {
+            matches[song].assign(found.begin(), found.end());
+            std::sort(matches[song].begin(), matches[song].end());
+        });
+    return matches;
 }
 
 TEST(FurtherMatches, FindsEverySongThatMatches)
@@ -185,28 +192,25 @@ TEST(FurtherMatches, FindsEverySongThatMatches)
          {medleys(), alike, one, artistsBetween(), shuffledArtists(), titlesALittleAlike()}) {
         const FurtherSongs songs(library, {});
         FurtherIndex index(songs, {});
-        FurtherMatches matches(index);
-        FurtherMatches matchesLeft(index);
         std::vector<Positions> expected(songs.size());
+        std::vector<Positions> left(songs.size());
         for (FurtherSongs::Position song = 0; song < songs.size(); ++song) {
             for (FurtherSongs::Position other = 0; other < songs.size(); ++other) {
-                if (other != song && songsMatchFurther(songs[song], songs[other]))
-                    expected[song].push_back(other);
+                if (other == song || !songsMatchFurther(songs[song], songs[other]))
+                    continue;
+                expected[song].push_back(other);
+                if (other % 4 != 0)
+                    left[song].push_back(other);
             }
-            EXPECT_EQ(sortedMatchesOf(matches, song), expected[song]);
         }
+        using Removed = FurtherMatches::Removed;
+        EXPECT_EQ(matchesOfAll(index, Removed::Included), expected);
         index.placeTexts({});
-        for (FurtherSongs::Position song = 0; song < songs.size(); ++song) {
-            Positions left;
-            std::copy_if(expected[song].begin(), expected[song].end(), std::back_inserter(left),
-                         [song](FurtherSongs::Position other) { return other % 4 != 0 || other > song; });
-            EXPECT_EQ(sortedMatchesOf(matches, song), expected[song]);
-            EXPECT_EQ(sortedMatchesOf(matchesLeft, song), left);
-            if (song % 4 == 0) {
-                matchesLeft.remove(song);
-                index.remove(song);
-            }
-        }
+        EXPECT_EQ(matchesOfAll(index, Removed::Included), expected);
+        for (FurtherSongs::Position song = 0; song < songs.size(); song += 4)
+            index.remove(song);
+        EXPECT_EQ(matchesOfAll(index, Removed::Included), expected);
+        EXPECT_EQ(matchesOfAll(index, Removed::LeftOut), left);
     }
 }
 
