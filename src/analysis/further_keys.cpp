@@ -13,7 +13,6 @@ using Hash = FurtherKeys::Hash;
 enum class KeyKind : Hash
 {
     Gram = 0xCBF29CE484222325,
-    ArtistGram = 0x94D049BB133111EB,
     Word = 0x9E3779B97F4A7C15,
     Title = 0xC2B2AE3D27D4EB4F,
     Number = 0x165667B19E3779F9
@@ -42,7 +41,6 @@ void FurtherKeys::read(const FurtherSong &song, TrackNumber number, std::uint32_
 {
     m_song = &song;
     readGrams(number);
-    readArtistGrams();
     readWords();
     readScopes(number, family);
 }
@@ -60,18 +58,6 @@ void FurtherKeys::readGrams(TrackNumber number)
     m_gramsBeforeTail = m_grams.size() - std::min<std::size_t>(m_song->tailLength, m_grams.size());
     const std::size_t titleLength = titleOf(*m_song, TrackNumber::Dropped, Tail::Kept).size();
     m_gramsOfTitle = std::max(titleLength + 2, GRAM_LENGTH) - GRAM_LENGTH;
-}
-
-void FurtherKeys::readArtistGrams()
-{
-    const std::u32string_view artist = artistOf(*m_song);
-    m_text.assign(1, U' ');
-    m_text += artist;
-    m_text += U' ';
-    m_artistGrams.clear();
-    for (std::size_t i = 0; i + ARTIST_GRAM_LENGTH <= m_text.size(); ++i)
-        m_artistGrams.push_back(
-            hashOf(KeyKind::ArtistGram, std::u32string_view(m_text).substr(i, ARTIST_GRAM_LENGTH)));
 }
 
 void FurtherKeys::readWords()

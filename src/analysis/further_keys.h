@@ -23,7 +23,6 @@ public:
     using Hash = std::uint64_t;
 
     static constexpr std::size_t GRAM_LENGTH = 4;
-    static constexpr std::size_t ARTIST_GRAM_LENGTH = 2;
 
     /// Replaces the song that is held.
     /// @param number Kept to compare it with songs that have a track number like it, Dropped to compare it
@@ -55,9 +54,6 @@ public:
     /// The scopes in which those are that have matching numbers.
     [[nodiscard]] const std::vector<Hash> &scopesOfMatches() const { return m_scopesOfMatches; }
 
-    /// The pairs of neighbouring characters of the artist, with a blank at either end, in order.
-    [[nodiscard]] const std::vector<Hash> &artistGrams() const { return m_artistGrams; }
-
     /// The scope of keys that are in no other scope of a family.
     [[nodiscard]] static Hash scopeOf(std::uint32_t family);
     /// The title of a song without its track number. In no scope.
@@ -67,7 +63,6 @@ public:
 
 private:
     void readGrams(TrackNumber number);
-    void readArtistGrams();
     void readWords();
     void readScopes(TrackNumber number, std::uint32_t family);
 
@@ -75,7 +70,6 @@ private:
     std::vector<Hash> m_grams;
     std::size_t m_gramsBeforeTail = 0;
     std::size_t m_gramsOfTitle = 0;
-    std::vector<Hash> m_artistGrams;
     std::vector<Hash> m_words;
     std::vector<Hash> m_titleWords;
     std::vector<Hash> m_scopes;

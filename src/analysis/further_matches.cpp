@@ -73,20 +73,6 @@ void forEachKey(FurtherKeys &keys, const FurtherSong &song, std::uint32_t family
     visit(FurtherKeys::inScope(FurtherKeys::titleKeyOf(song), FurtherKeys::scopeOf(family)));
 }
 
-/// Calls `visit` with each key that is combined with grams of the artist where it is common.
-template <typename Visit>
-void forEachKeyWithArtist(FurtherKeys &keys, const FurtherSong &song, std::uint32_t family, Visit visit)
-{
-    forEachNumberOf(song, [&](TrackNumber number) {
-        keys.read(song, number, family);
-        for (const FurtherKeys::Hash scope : keys.scopes()) {
-            for (const FurtherKeys::Hash word : keys.words())
-                visit(FurtherKeys::inScope(word, scope));
-        }
-    });
-    visit(FurtherKeys::inScope(FurtherKeys::titleKeyOf(song), FurtherKeys::scopeOf(family)));
-}
-
 } // namespace
 
 FurtherIndex::FurtherIndex(const FurtherSongs &songs, const std::stop_token &stop)
@@ -266,26 +252,14 @@ void FurtherIndex::countKeys()
     const auto count = [this](FurtherKeys::Hash key) { m_byKey.count(key); };
     for (std::size_t i = 0; i < songs.size(); i += step) {
         forEachKey(keys, m_songs[songs[i]], m_artists.familyOf(m_artists.of(songs[i])), count);
-        std::for_each(keys.artistGrams().begin(), keys.artistGrams().end(), count);
-        ++m_countedSongs;
     }
-    constexpr std::size_t LEAST_COMMON_COUNT = 50;
-    m_commonCount = std::max(LEAST_COMMON_COUNT, m_countedSongs / 100);
 }
 
 void FurtherIndex::fillBlock(FurtherKeys &keys, std::size_t block)
 {
     m_byKey.fill(block, [&](Position song, auto visit) {
-        if (!hasKeys(song))
-            return;
-        const FurtherArtists::Artist family = m_artists.familyOf(m_artists.of(song));
-        forEachKey(keys, m_songs[song], family, visit);
-        forEachKeyWithArtist(keys, m_songs[song], family, [&](FurtherKeys::Hash key) {
-            if (!isCommon(key))
-                return;
-            for (const FurtherKeys::Hash artistGram : keys.artistGrams())
-                visit(withArtist(key, artistGram));
-        });
+        if (hasKeys(song))
+            forEachKey(keys, m_songs[song], m_artists.familyOf(m_artists.of(song)), visit);
     });
 }
 
@@ -595,7 +569,6 @@ void FurtherMatches::propose()
         if (number == TrackNumber::Dropped && !song.isNumbered())
             continue;
         m_keys.read(song, number, family);
-        chooseArtistGrams(song.artistLength);
         const std::span<const Hash> grams = m_keys.grams();
         proposeSimilar(grams, song.fullLength(number, Tail::Kept));
         if (song.hasTail())
@@ -614,61 +587,18 @@ std::size_t FurtherMatches::countOf(std::span<const Hash> proposals) const
                            });
 }
 
-void FurtherMatches::chooseArtistGrams(std::uint32_t artistLength)
-{
-    const std::vector<Hash> &grams = m_keys.artistGrams();
-    m_counts.resize(grams.size());
-    std::transform(grams.begin(), grams.end(), m_counts.begin(),
-                   [this](Hash gram) { return m_index.byKey().countOf(gram); });
-    const std::size_t needed = largestDistanceToSimilar(artistLength, MATCH_ARTIST_SIMILARITY) + 1;
-    (void)m_choice.choose(m_counts, FurtherKeys::ARTIST_GRAM_LENGTH, needed);
-    m_artistGrams.clear();
-    m_artistShare = 0.0;
-    for (const std::size_t place : m_choice.places()) {
-        m_artistGrams.push_back(grams[place]);
-        m_artistShare += m_index.shareOf(grams[place]);
-    }
-}
-
-std::size_t FurtherMatches::costOfGram(Hash gram) const
+std::size_t FurtherMatches::costOf(Hash key) const
 {
     std::size_t cost = 0;
     for (const Hash scope : m_keys.scopesOfMatches())
-        cost += m_index.byKey().countOf(FurtherKeys::inScope(gram, scope));
+        cost += m_index.byKey().countOf(FurtherKeys::inScope(key, scope));
     return cost;
 }
 
-std::size_t FurtherMatches::costOfWord(Hash word) const
-{
-    std::size_t cost = 0;
-    for (const Hash scope : m_keys.scopesOfMatches()) {
-        const Hash key = FurtherKeys::inScope(word, scope);
-        const double share = m_index.isCommon(key) ? std::min(m_artistShare, 1.0) : 1.0;
-        cost += static_cast<std::size_t>(share * static_cast<double>(m_index.byKey().countOf(key)));
-    }
-    return cost;
-}
-
-void FurtherMatches::proposeGram(std::vector<Hash> &proposals, Hash gram) const
+void FurtherMatches::proposeKey(std::vector<Hash> &proposals, Hash key) const
 {
     for (const Hash scope : m_keys.scopesOfMatches())
-        proposals.push_back(FurtherKeys::inScope(gram, scope));
-}
-
-void FurtherMatches::proposeWord(std::vector<Hash> &proposals, Hash word) const
-{
-    for (const Hash scope : m_keys.scopesOfMatches())
-        proposeWithArtist(proposals, FurtherKeys::inScope(word, scope));
-}
-
-void FurtherMatches::proposeWithArtist(std::vector<Hash> &proposals, Hash key) const
-{
-    if (m_artistShare >= 1.0 || !m_index.isCommon(key)) {
-        proposals.push_back(key);
-        return;
-    }
-    for (const Hash artistGram : m_artistGrams)
-        proposals.push_back(FurtherIndex::withArtist(key, artistGram));
+        proposals.push_back(FurtherKeys::inScope(key, scope));
 }
 
 void FurtherMatches::proposeSimilar(std::span<const Hash> grams, std::size_t length)
@@ -677,39 +607,33 @@ void FurtherMatches::proposeSimilar(std::span<const Hash> grams, std::size_t len
     if (grams.empty())
         return;
     m_counts.resize(grams.size());
-    std::transform(grams.begin(), grams.end(), m_counts.begin(),
-                   [this](Hash gram) { return costOfGram(gram); });
+    std::transform(grams.begin(), grams.end(), m_counts.begin(), [this](Hash gram) { return costOf(gram); });
     // There is room for them: the distance is little more than a tenth of the length.
     const std::size_t needed = largestDistanceToSimilar(length, MATCH_TITLE_SIMILARITY) + 1;
     const std::size_t gramCost = m_choice.choose(m_counts, FurtherKeys::GRAM_LENGTH, needed);
 
     std::size_t wordCost = 0;
     for (const Hash word : m_keys.titleWords())
-        wordCost += costOfWord(word);
+        wordCost += costOf(word);
     if (wordCost < gramCost) {
         for (const Hash word : m_keys.titleWords())
-            proposeWord(m_similarProposals, word);
+            proposeKey(m_similarProposals, word);
     } else {
         for (const std::size_t place : m_choice.places())
-            proposeGram(m_similarProposals, grams[place]);
+            proposeKey(m_similarProposals, grams[place]);
     }
 }
 
 void FurtherMatches::proposeContaining()
 {
-    static constexpr auto LARGEST = std::numeric_limits<std::size_t>::max();
-    const auto rarestOf = [](std::span<const Hash> keys, auto costOf) {
-        std::pair<std::size_t, Hash> rarest(LARGEST, 0);
+    std::pair<std::size_t, Hash> rarest(std::numeric_limits<std::size_t>::max(), 0);
+    const auto findRarest = [&](std::span<const Hash> keys) {
         for (const Hash key : keys)
             rarest = std::min(rarest, std::pair(costOf(key), key));
-        return rarest;
     };
-    const auto word = rarestOf(m_keys.wordsBehindNumber(), [this](Hash key) { return costOfWord(key); });
-    const auto gram = rarestOf(m_keys.gramsOfTitle(), [this](Hash key) { return costOfGram(key); });
-    if (word.first <= gram.first)
-        proposeWord(m_containingProposals, word.second);
-    else
-        proposeGram(m_containingProposals, gram.second);
+    findRarest(m_keys.wordsBehindNumber());
+    findRarest(m_keys.gramsOfTitle());
+    proposeKey(m_containingProposals, rarest.second);
 }
 
 void FurtherMatches::proposeContained()
@@ -719,7 +643,7 @@ void FurtherMatches::proposeContained()
     for (const Hash title : m_keys.titlesInTitle()) {
         const Hash key = FurtherKeys::inScope(title, scope);
         if (m_index.mayHaveTitle(key))
-            proposeWithArtist(m_containingProposals, key);
+            m_containingProposals.push_back(key);
     }
 }
 

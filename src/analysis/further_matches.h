@@ -48,18 +48,6 @@ public:
     /// Whether byKey() has all songs that can match those of an artist. It has for artists that have more
     /// similar ones in a window than fewSongs().
     [[nodiscard]] bool hasKeysFor(FurtherArtists::Artist artist) const { return m_hasKeysFor[artist] != 0; }
-    /// Whether a key belongs to so many songs that they also stand under the key combined with each of their
-    /// artist grams (see withArtist()).
-    [[nodiscard]] bool isCommon(FurtherKeys::Hash key) const { return m_byKey.countOf(key) >= m_commonCount; }
-    [[nodiscard]] static FurtherKeys::Hash withArtist(FurtherKeys::Hash key, FurtherKeys::Hash artistGram)
-    {
-        return key ^ artistGram;
-    }
-    /// About which share of all songs has an artist gram.
-    [[nodiscard]] double shareOf(FurtherKeys::Hash artistGram) const
-    {
-        return static_cast<double>(m_byKey.countOf(artistGram)) / static_cast<double>(m_countedSongs);
-    }
     /// Whether any song can have this title; see FurtherKeys::titleKeyOf(). In the scope of its family.
     [[nodiscard]] bool mayHaveTitle(FurtherKeys::Hash title) const { return m_hasTitle[placeOf(title)]; }
 
@@ -126,9 +114,6 @@ private:
     std::vector<ArtistLength> m_byArtistLength;
     std::vector<TextLength> m_byTextLength;
     std::vector<bool> m_isRemoved;
-    /// The songs whose keys were counted, and how often common keys are among those at least.
-    std::size_t m_countedSongs = 0;
-    std::size_t m_commonCount = 0;
 };
 
 /// Finds, for a song, all songs that match it (see songsMatchFurther()). Each thread needs its own.
@@ -150,9 +135,6 @@ private:
 /// Where nearly all grams are common, similar texts are found by character and place instead (placeTexts()).
 /// Where similar artists are not known, because too many artists are alike, they are found in the same way
 /// among all artists of the window, unless the keys propose fewer songs.
-///
-/// Words and titles that very many songs have are combined with grams of the artist (two characters): by the
-/// third condition the artists are similar, so the same principle holds for them.
 ///
 /// Track numbers: where one title contains another with their numbers, it does so without. A similar text is
 /// looked for with the song's number and without; a song with a number is in the index with the keys of
@@ -238,16 +220,10 @@ private:
     void propose();
     /// About how many songs were proposed.
     [[nodiscard]] std::size_t countOf(std::span<const Hash> proposals) const;
-    /// Chooses the artist grams of which each song with a similar artist has one.
-    void chooseArtistGrams(std::uint32_t artistLength);
-    /// About how many songs a gram of the full text proposes.
-    [[nodiscard]] std::size_t costOfGram(Hash gram) const;
-    /// The same for a word of the title.
-    [[nodiscard]] std::size_t costOfWord(Hash word) const;
-    void proposeGram(std::vector<Hash> &proposals, Hash gram) const;
-    void proposeWord(std::vector<Hash> &proposals, Hash word) const;
-    /// @param key a word or title, in its scope
-    void proposeWithArtist(std::vector<Hash> &proposals, Hash key) const;
+    /// Proposes the songs that have a gram or word and matching numbers.
+    void proposeKey(std::vector<Hash> &proposals, Hash key) const;
+    /// About how many songs that are.
+    [[nodiscard]] std::size_t costOf(Hash key) const;
     void proposeSimilar(std::span<const Hash> grams, std::size_t length);
     void proposeContaining();
     void proposeContained();
@@ -271,9 +247,6 @@ private:
     std::size_t m_groupedCount = 0;
     Way m_way = Way::Window;
     FurtherKeys m_keys;
-    std::vector<Hash> m_artistGrams;
-    /// About which share of all songs has one of them.
-    double m_artistShare = 1.0;
     /// For similar texts, and for titles that contain one another.
     std::vector<Hash> m_similarProposals;
     std::vector<Hash> m_containingProposals;
