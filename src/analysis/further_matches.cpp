@@ -21,17 +21,23 @@ constexpr std::size_t FEW_TEXTS = 256;
 /// How many texts CharacterPlaces rejects in the time that it takes to compare two songs.
 constexpr std::size_t PLACED_PER_COMPARED = 32;
 
-/// Blocks span as much as the window of a song, so that a window needs few of them.
+/// Blocks span as much as the window of a song, so that a window needs few of them. Filling one takes memory
+/// for all of its keys.
 std::vector<Position> blockEndsOf(const FurtherSongs &songs)
 {
     constexpr double SPAN = 2 * MATCH_DURATION_DIFF;
+    constexpr std::size_t MANY_CHARACTERS = std::size_t{1} << 20;
     std::vector<Position> ends;
     Position begin = 0;
-    for (Position song = 1; song <= songs.size(); ++song) {
-        if (song == songs.size() || song - begin == WindowIndex::MOST_SONGS_IN_BLOCK ||
-            songs[song].duration - songs[begin].duration > SPAN) {
-            ends.push_back(song);
-            begin = song;
+    std::size_t characters = 0;
+    for (Position song = 0; song < songs.size(); ++song) {
+        characters += songs[song].wholeLength;
+        const Position next = song + 1;
+        if (next == songs.size() || next - begin == WindowIndex::MOST_SONGS_IN_BLOCK ||
+            characters > MANY_CHARACTERS || songs[next].duration - songs[begin].duration > SPAN) {
+            ends.push_back(next);
+            begin = next;
+            characters = 0;
         }
     }
     return ends;

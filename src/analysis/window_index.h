@@ -42,24 +42,23 @@ public:
     {
         Block &block = m_blocks[number];
         const Position end = number + 1 < m_blocks.size() ? m_blocks[number + 1].begin : m_end;
-        std::vector<Key> keys;
-        for (Position song = block.begin; song < end; ++song) {
-            forEachKey(song, [&](Hash hash) {
-                keys.push_back({spread(hash), static_cast<std::uint16_t>(song - block.begin)});
-            });
-        }
+        // The upper bits are of the key, the lowest are the song's position in the block.
+        std::vector<std::uint64_t> keys;
+        for (Position song = block.begin; song < end; ++song)
+            forEachKey(
+                song, [&](Hash hash) { keys.push_back((spread(hash) & ~SONG_MASK) | (song - block.begin)); });
         const auto listBits = static_cast<int>(std::bit_width(keys.size() / KEYS_PER_LIST));
         block.shift = 64 - std::max(listBits, 1);
 
         // Count, lay out, fill: one array holds all lists.
         block.starts.resize((std::size_t{1} << (64 - block.shift)) + 1);
-        for (const Key &key : keys)
-            ++block.starts[listOf(block, key.spread)];
+        for (const std::uint64_t key : keys)
+            ++block.starts[listOf(block, key)];
         std::partial_sum(block.starts.begin(), block.starts.end(), block.starts.begin());
         block.entries.resize(keys.size());
         for (std::size_t i = keys.size(); i-- > 0;)
-            block.entries[--block.starts[listOf(block, keys[i].spread)]] = {keys[i].song,
-                                                                            tagOf(keys[i].spread)};
+            block.entries[--block.starts[listOf(block, keys[i])]] = {
+                static_cast<std::uint16_t>(keys[i] & SONG_MASK), tagOf(keys[i])};
     }
 
     /// Counts a key for countOf().
@@ -117,12 +116,8 @@ public:
 private:
     static constexpr int COUNT_BITS = 16;
     static constexpr std::size_t KEYS_PER_LIST = 4;
+    static constexpr std::uint64_t SONG_MASK = 2 * MOST_SONGS_IN_BLOCK - 1;
 
-    struct Key
-    {
-        Hash spread = 0;
-        std::uint16_t song = 0;
-    };
     struct Entry
     {
         /// Position in the block.
