@@ -73,21 +73,24 @@ void FurtherKeys::readWords()
 
 void FurtherKeys::readScopes(TrackNumber number, std::uint32_t family)
 {
+    constexpr std::size_t MOST_NUMBERS = 2;
     const Hash ownScope = scopeOf(family);
+    m_scopes.clear();
+    if (m_song->numberBits(number) != 0) {
+        forEachNumber(titleOf(*m_song, number, Tail::Kept), [&](std::u32string_view digits) {
+            const Hash scope = ownScope ^ hashOf(KeyKind::Number, digits);
+            if (std::find(m_scopes.begin(), m_scopes.end(), scope) == m_scopes.end())
+                m_scopes.push_back(scope);
+        });
+    }
     m_scopesOfMatches.assign(1, ownScope);
-    if (m_song->numberBits(number) == 0) {
+    if (m_scopes.empty() || m_scopes.size() > MOST_NUMBERS) {
         m_scopes.assign(1, ownScope);
         m_scopesOfMatches.push_back(ownScope ^ WITH_NUMBERS);
         return;
     }
-    m_scopes.assign(1, ownScope ^ WITH_NUMBERS);
-    forEachNumber(titleOf(*m_song, number, Tail::Kept), [&](std::u32string_view digits) {
-        const Hash scope = ownScope ^ hashOf(KeyKind::Number, digits);
-        if (std::find(m_scopes.begin(), m_scopes.end(), scope) == m_scopes.end()) {
-            m_scopes.push_back(scope);
-            m_scopesOfMatches.push_back(scope);
-        }
-    });
+    m_scopesOfMatches.insert(m_scopesOfMatches.end(), m_scopes.begin(), m_scopes.end());
+    m_scopes.push_back(ownScope ^ WITH_NUMBERS);
 }
 
 Hash FurtherKeys::scopeOf(std::uint32_t family)

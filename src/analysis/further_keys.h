@@ -16,7 +16,8 @@ namespace sonavo {
 ///
 /// Songs of different numbers do not match, so keys are combined with the numbers of the title: a song that
 /// has none is in the index with its bare keys, another one with each key in the scope of each of its
-/// numbers, and in one scope that all songs with numbers share.
+/// numbers, and in one scope that all these songs share. A song with many numbers is in the index like one
+/// without, which every song is compared with, to limit the memory that it takes.
 class FurtherKeys
 {
 public:
