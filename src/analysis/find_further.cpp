@@ -22,9 +22,11 @@ using Position = FurtherSongs::Position;
 /// A centre and the songs that match it, in the order of the list.
 using Star = std::vector<Position>;
 
-/// Songs that a thread takes at a time where they are cheap, and songs from one report to the next.
+/// Songs that a thread takes at a time where they are cheap, and songs or centres from one report to the
+/// next.
 constexpr std::size_t SONGS_PER_PART = 512;
 constexpr std::size_t SONGS_PER_REPORT = 64;
+constexpr std::size_t CENTRES_PER_REPORT = 128;
 
 /// How much of the work is done after each part of it, as measured on large libraries.
 constexpr double AFTER_PREPARING = 0.4;
@@ -231,7 +233,8 @@ private:
             report(static_cast<double>(begin) / static_cast<double>(centres.size()));
             std::vector<Position> asked;
             std::size_t end = begin;
-            for (; end < centres.size() && asked.size() < m_centresAtATime.get(); ++end) {
+            const std::size_t last = std::min(begin + CENTRES_PER_REPORT, centres.size());
+            for (; end < last && asked.size() < m_centresAtATime.get(); ++end) {
                 if (!m_index.isRemoved(centres[end]) && !m_counts.matchesOf(centres[end]))
                     asked.push_back(centres[end]);
             }

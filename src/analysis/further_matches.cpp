@@ -64,21 +64,6 @@ void forEachTextOf(const FurtherSong &song, Visit visit)
     }
 }
 
-template <typename Visit>
-void forEachKey(FurtherKeys &keys, const FurtherSong &song, std::uint32_t family, Visit visit)
-{
-    forEachNumberOf(song, [&](TrackNumber number) {
-        keys.read(song, number, family);
-        for (const FurtherKeys::Hash scope : keys.scopes()) {
-            for (const FurtherKeys::Hash gram : keys.grams())
-                visit(FurtherKeys::inScope(gram, scope));
-            for (const FurtherKeys::Hash word : keys.words())
-                visit(FurtherKeys::inScope(word, scope));
-        }
-    });
-    visit(FurtherKeys::inScope(FurtherKeys::titleKeyOf(song), FurtherKeys::scopeOf(family)));
-}
-
 } // namespace
 
 FurtherIndex::FurtherIndex(const FurtherSongs &songs, const std::stop_token &stop)
@@ -240,32 +225,64 @@ void FurtherIndex::remove(Position song)
     });
 }
 
+template <typename Visit>
+void FurtherIndex::forEachKeyOf(Position position, FurtherKeys &keys, Visit visit) const
+{
+    const FurtherSong &song = m_songs[position];
+    const FurtherArtists::Artist family = m_artists.familyOf(m_artists.of(position));
+    forEachNumberOf(song, [&](TrackNumber number) {
+        keys.read(song, number, family);
+        for (const FurtherKeys::Hash scope : keys.scopes()) {
+            for (const FurtherKeys::Hash gram : keys.grams()) {
+                if (isKey(gram))
+                    visit(FurtherKeys::inScope(gram, scope));
+            }
+            for (const FurtherKeys::Hash word : keys.words())
+                visit(FurtherKeys::inScope(word, scope));
+        }
+    });
+    visit(FurtherKeys::inScope(FurtherKeys::titleKeyOf(song), FurtherKeys::scopeOf(family)));
+}
+
 void FurtherIndex::countKeys()
 {
-    // The counts only decide which of several keys is used, so some songs are enough.
-    constexpr std::size_t ENOUGH = 30'000;
     std::vector<Position> songs;
     for (Position song = 0; song < m_songs.size(); ++song) {
         if (hasKeys(song))
             songs.push_back(song);
     }
+    chooseGrams(songs);
     for (const Position song : songs)
         m_hasTitle[placeOf(
             FurtherKeys::inScope(FurtherKeys::titleKeyOf(m_songs[song]),
                                  FurtherKeys::scopeOf(m_artists.familyOf(m_artists.of(song)))))] = true;
-    const std::size_t step = 1 + songs.size() / ENOUGH;
+    // The counts only decide which of several keys is used, so some songs are enough.
+    constexpr std::size_t ENOUGH = 30'000;
     FurtherKeys keys;
-    const auto count = [this](FurtherKeys::Hash key) { m_byKey.count(key); };
-    for (std::size_t i = 0; i < songs.size(); i += step) {
-        forEachKey(keys, m_songs[songs[i]], m_artists.familyOf(m_artists.of(songs[i])), count);
-    }
+    for (std::size_t i = 0; i < songs.size(); i += 1 + songs.size() / ENOUGH)
+        forEachKeyOf(songs[i], keys, [this](FurtherKeys::Hash key) { m_byKey.count(key); });
+}
+
+void FurtherIndex::chooseGrams(std::span<const Position> songs)
+{
+    constexpr std::size_t MANY_KEYS = 64;
+    constexpr std::size_t SAMPLES = 1024;
+    // So many that there are still enough in a text that do not overlap.
+    constexpr std::uint64_t MOST = 3;
+    const std::size_t step = 1 + songs.size() / SAMPLES;
+    std::size_t keyCount = 0;
+    FurtherKeys keys;
+    for (std::size_t i = 0; i < songs.size(); i += step)
+        forEachKeyOf(songs[i], keys, [&keyCount](FurtherKeys::Hash) { ++keyCount; });
+    const std::size_t perSong = keyCount * step / songs.size();
+    m_gramMask = std::min(std::bit_ceil(perSong / MANY_KEYS + 1) - 1, MOST);
 }
 
 void FurtherIndex::fillBlock(FurtherKeys &keys, std::size_t block)
 {
     m_byKey.fill(block, [&](Position song, auto visit) {
         if (hasKeys(song))
-            forEachKey(keys, m_songs[song], m_artists.familyOf(m_artists.of(song)), visit);
+            forEachKeyOf(song, keys, visit);
     });
 }
 
@@ -601,6 +618,13 @@ std::size_t FurtherMatches::costOf(Hash key) const
     return cost;
 }
 
+std::size_t FurtherMatches::costOfGram(Hash gram) const
+{
+    // More than all songs, but so little that a sum does not overflow.
+    constexpr std::size_t UNUSABLE = std::size_t{1} << 40;
+    return m_index.isKey(gram) ? costOf(gram) : UNUSABLE;
+}
+
 void FurtherMatches::proposeKey(std::vector<Hash> &proposals, Hash key) const
 {
     for (const Hash scope : m_keys.scopesOfMatches())
@@ -613,7 +637,8 @@ void FurtherMatches::proposeSimilar(std::span<const Hash> grams, std::size_t len
     if (grams.empty())
         return;
     m_counts.resize(grams.size());
-    std::transform(grams.begin(), grams.end(), m_counts.begin(), [this](Hash gram) { return costOf(gram); });
+    std::transform(grams.begin(), grams.end(), m_counts.begin(),
+                   [this](Hash gram) { return costOfGram(gram); });
     // There is room for them: the distance is little more than a tenth of the length.
     const std::size_t needed = largestDistanceToSimilar(length, MATCH_TITLE_SIMILARITY) + 1;
     const std::size_t gramCost = m_choice.choose(m_counts, FurtherKeys::GRAM_LENGTH, needed);
@@ -633,12 +658,12 @@ void FurtherMatches::proposeSimilar(std::span<const Hash> grams, std::size_t len
 void FurtherMatches::proposeContaining()
 {
     std::pair<std::size_t, Hash> rarest(std::numeric_limits<std::size_t>::max(), 0);
-    const auto findRarest = [&](std::span<const Hash> keys) {
+    const auto findRarest = [&](std::span<const Hash> keys, auto cost) {
         for (const Hash key : keys)
-            rarest = std::min(rarest, std::pair(costOf(key), key));
+            rarest = std::min(rarest, std::pair(cost(key), key));
     };
-    findRarest(m_keys.wordsBehindNumber());
-    findRarest(m_keys.gramsOfTitle());
+    findRarest(m_keys.wordsBehindNumber(), [this](Hash word) { return costOf(word); });
+    findRarest(m_keys.gramsOfTitle(), [this](Hash gram) { return costOfGram(gram); });
     proposeKey(m_containingProposals, rarest.second);
 }
 

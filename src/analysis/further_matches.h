@@ -45,6 +45,12 @@ public:
 
     /// Under the keys of FurtherKeys, in the family of the artist (see FurtherArtists).
     [[nodiscard]] const WindowIndex &byKey() const { return m_byKey; }
+    /// Whether a gram is a key: where titles are long or have numbers, only some grams are. All words are.
+    [[nodiscard]] bool isKey(FurtherKeys::Hash gram) const
+    {
+        constexpr FurtherKeys::Hash MULTIPLIER = 0x9FB21C651E98DF25;
+        return ((gram * MULTIPLIER >> 32) & m_gramMask) == 0;
+    }
     /// Whether byKey() has all songs that can match those of an artist. It has for artists that have more
     /// similar ones in a window than fewSongs().
     [[nodiscard]] bool hasKeysFor(FurtherArtists::Artist artist) const { return m_hasKeysFor[artist] != 0; }
@@ -100,6 +106,9 @@ private:
     void groupByArtistLength(const std::stop_token &stop);
     [[nodiscard]] bool hasKeys(Position song) const { return m_hasKeys[m_artists.of(song)] != 0; }
     void countKeys();
+    void chooseGrams(std::span<const Position> songs);
+    template <typename Visit>
+    void forEachKeyOf(Position position, FurtherKeys &keys, Visit visit) const;
     void fillBlock(FurtherKeys &keys, std::size_t block);
 
     const FurtherSongs &m_songs;
@@ -110,6 +119,8 @@ private:
     std::vector<char> m_hasKeysFor;
     std::vector<char> m_hasKeys;
     WindowIndex m_byKey;
+    /// Which bits of a gram's hash are zero in those that are keys.
+    FurtherKeys::Hash m_gramMask = 0;
     std::vector<bool> m_hasTitle;
     std::vector<ArtistLength> m_byArtistLength;
     std::vector<TextLength> m_byTextLength;
@@ -224,6 +235,7 @@ private:
     void proposeKey(std::vector<Hash> &proposals, Hash key) const;
     /// About how many songs that are.
     [[nodiscard]] std::size_t costOf(Hash key) const;
+    [[nodiscard]] std::size_t costOfGram(Hash gram) const;
     void proposeSimilar(std::span<const Hash> grams, std::size_t length);
     void proposeContaining();
     void proposeContained();
