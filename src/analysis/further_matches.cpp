@@ -265,7 +265,7 @@ void FurtherIndex::countKeys()
 
 void FurtherIndex::chooseGrams(std::span<const Position> songs)
 {
-    constexpr std::size_t MANY_KEYS = 64;
+    constexpr std::size_t MANY_KEYS = 48;
     constexpr std::size_t SAMPLES = 1024;
     // So many that there are still enough in a text that do not overlap.
     constexpr std::uint64_t MOST = 3;
