@@ -15,14 +15,14 @@
 namespace sonavo {
 
 /// Whether a title is compared with its track number.
-enum class TrackNumber
+enum class TrackNumber : std::uint8_t
 {
     Kept,
     Dropped
 };
 
 /// Whether a title is compared with what stands behind it in brackets or behind a dash.
-enum class Tail
+enum class Tail : std::uint8_t
 {
     Kept,
     Dropped
@@ -108,6 +108,18 @@ private:
 [[nodiscard]] std::u32string_view titleOf(const FurtherSong &song, TrackNumber number, Tail tail);
 /// Artist and title joined by a blank. Overwrites `result` and reuses its memory.
 void fullTextInto(std::u32string &result, const FurtherSong &song, TrackNumber number, Tail tail);
+
+/// Calls `visit` with each way in which the full text of a song is compared.
+template <typename Visit>
+void forEachTextOf(const FurtherSong &song, Visit visit)
+{
+    for (const TrackNumber number : {TrackNumber::Kept, TrackNumber::Dropped}) {
+        for (const Tail tail : {Tail::Kept, Tail::Dropped}) {
+            if ((number == TrackNumber::Kept || song.isNumbered()) && (tail == Tail::Kept || song.hasTail()))
+                visit(number, tail);
+        }
+    }
+}
 
 /// Calls `visit` with each number in a text, in order: its runs of the digits 0 to 9, without leading zeros.
 template <typename Visit>
