@@ -225,17 +225,16 @@ void FurtherIndex::countKeys()
 
 void FurtherIndex::chooseGrams(std::span<const Position> songs)
 {
-    constexpr std::size_t MANY_KEYS = 48;
+    constexpr std::size_t MANY_KEYS = 64;
     constexpr std::size_t SAMPLES = 1024;
-    // So many that there are still enough in a text that do not overlap.
-    constexpr std::uint64_t MOST = 3;
     const std::size_t step = 1 + songs.size() / SAMPLES;
+    std::size_t sampled = 0;
     std::size_t keyCount = 0;
     FurtherKeys keys;
-    for (std::size_t i = 0; i < songs.size(); i += step)
+    for (std::size_t i = 0; i < songs.size(); i += step, ++sampled)
         forEachKeyOf(songs[i], keys, [&keyCount](FurtherKeys::Hash) { ++keyCount; });
-    const std::size_t perSong = keyCount * step / songs.size();
-    m_gramMask = std::min(std::bit_ceil(perSong / MANY_KEYS + 1) - 1, MOST);
+    // With half of them, a text still has enough that do not overlap.
+    m_gramMask = keyCount > MANY_KEYS * sampled ? 1 : 0;
 }
 
 void FurtherIndex::fillBlock(FurtherKeys &keys, std::size_t block)
