@@ -10,6 +10,7 @@
 #include <array>
 #include <atomic>
 #include <limits>
+#include <memory>
 #include <span>
 #include <thread>
 #include <utility>
@@ -33,48 +34,64 @@ constexpr double AFTER_PREPARING = 0.4;
 constexpr double AFTER_INDEXING = 0.6;
 constexpr double AFTER_COUNTING = 0.95;
 
-/// How many others each song matches, and which, where they are few.
+/// How many others each song matches, and which, as far as that needs little memory.
 class MatchCounts
 {
 public:
     explicit MatchCounts(std::size_t songs)
         : m_songs(songs)
+        , m_capacity(std::min<std::size_t>(KEPT_PER_SONG * songs, NONE))
+        , m_kept(std::make_unique_for_overwrite<Position[]>(m_capacity))
     {}
 
     /// Threads may set different songs at the same time.
+    /// @param matches all, or MOST_MATCHES_COUNTED of them
     void set(Position song, std::span<const Position> matches)
     {
-        m_songs[song].count = static_cast<std::uint32_t>(matches.size());
-        m_songs[song].isCounted = true;
-        if (matches.size() <= MOST_MATCHES_KEPT)
-            std::copy(matches.begin(), matches.end(), m_songs[song].matches.begin());
+        Entry &entry = m_songs[song];
+        entry.count = static_cast<std::uint32_t>(matches.size());
+        if (matches.size() >= MOST_MATCHES_COUNTED)
+            return;
+        const std::size_t first = m_keptCount.fetch_add(matches.size());
+        if (first + matches.size() > m_capacity)
+            return;
+        std::copy(matches.begin(), matches.end(), m_kept.get() + first);
+        entry.first = static_cast<std::uint32_t>(first);
     }
 
     [[nodiscard]] std::size_t size() const { return m_songs.size(); }
-    [[nodiscard]] bool isCounted(Position song) const { return m_songs[song].isCounted; }
-    [[nodiscard]] std::size_t operator[](Position song) const { return m_songs[song].count; }
+    [[nodiscard]] bool isCounted(Position song) const { return m_songs[song].count != NONE; }
+    /// 0 where they are not counted.
+    [[nodiscard]] std::size_t operator[](Position song) const
+    {
+        return isCounted(song) ? m_songs[song].count : 0;
+    }
 
     /// All that match a song, in no particular order, or nothing if they have to be looked for again.
     [[nodiscard]] std::optional<std::span<const Position>> matchesOf(Position song) const
     {
         const Entry &entry = m_songs[song];
-        if (entry.count > MOST_MATCHES_KEPT)
+        if (entry.first == NONE)
             return std::nullopt;
-        return std::span(entry.matches).first(entry.count);
+        return std::span<const Position>(m_kept.get() + entry.first, entry.count);
     }
 
 private:
-    /// Nearly all songs match fewer others; the rest are looked for again. Limits memory, not what is found.
-    static constexpr std::size_t MOST_MATCHES_KEPT = 8;
+    /// On average. Limits memory, not what is found. Memory that is not written to is not used.
+    static constexpr std::size_t KEPT_PER_SONG = 16;
+    static constexpr std::uint32_t NONE = UINT32_MAX;
 
     struct Entry
     {
-        std::uint32_t count = 0;
-        bool isCounted = false;
-        std::array<Position, MOST_MATCHES_KEPT> matches{};
+        std::uint32_t count = NONE;
+        /// In m_kept.
+        std::uint32_t first = NONE;
     };
 
     std::vector<Entry> m_songs;
+    const std::size_t m_capacity;
+    const std::unique_ptr<Position[]> m_kept;
+    std::atomic<std::size_t> m_keptCount = 0;
 };
 
 /// Part of the work, as a sink of what is done of it.

@@ -2,11 +2,8 @@
 
 #include "analysis/distance.h"
 #include "analysis/matching.h"
-#include "analysis/parallel.h"
 
 #include <algorithm>
-#include <bit>
-#include <iterator>
 #include <limits>
 #include <numeric>
 #include <utility>
@@ -16,275 +13,10 @@ namespace {
 
 using Position = FurtherSongs::Position;
 
-/// Fewer texts than this are compared as fast as they are looked up.
-constexpr std::size_t FEW_TEXTS = 256;
 /// How many texts CharacterPlaces rejects in the time that it takes to compare two songs.
 constexpr std::size_t PLACED_PER_COMPARED = 32;
 
-/// Blocks span as much as the window of a song, so that a window needs few of them. Filling one takes memory
-/// for all of its keys.
-std::vector<Position> blockEndsOf(const FurtherSongs &songs)
-{
-    constexpr double SPAN = 2 * MATCH_DURATION_DIFF;
-    constexpr std::size_t MANY_CHARACTERS = std::size_t{1} << 20;
-    std::vector<Position> ends;
-    Position begin = 0;
-    std::size_t characters = 0;
-    for (Position song = 0; song < songs.size(); ++song) {
-        characters += songs[song].wholeLength;
-        const Position next = song + 1;
-        if (next == songs.size() || next - begin == WindowIndex::MOST_SONGS_IN_BLOCK ||
-            characters > MANY_CHARACTERS || songs[next].duration - songs[begin].duration > SPAN) {
-            ends.push_back(next);
-            begin = next;
-            characters = 0;
-        }
-    }
-    return ends;
-}
-
-/// Calls `visit` for each way in which a song is in the index.
-template <typename Visit>
-void forEachNumberOf(const FurtherSong &song, Visit visit)
-{
-    visit(TrackNumber::Dropped);
-    if (song.isNumbered())
-        visit(TrackNumber::Kept);
-}
-
-/// Calls `visit` with each way in which the full text of a song is compared.
-template <typename Visit>
-void forEachTextOf(const FurtherSong &song, Visit visit)
-{
-    for (const TrackNumber number : {TrackNumber::Kept, TrackNumber::Dropped}) {
-        for (const Tail tail : {Tail::Kept, Tail::Dropped}) {
-            if ((number == TrackNumber::Kept || song.isNumbered()) && (tail == Tail::Kept || song.hasTail()))
-                visit(number, tail);
-        }
-    }
-}
-
 } // namespace
-
-FurtherIndex::FurtherIndex(const FurtherSongs &songs, const std::stop_token &stop)
-    : m_songs(songs)
-    , m_artists(songs, stop)
-    , m_hasKeysFor(m_artists.size())
-    , m_hasKeys(m_artists.size())
-    , m_byKey(blockEndsOf(songs))
-    , m_hasTitle(std::bit_ceil(songs.size() * 16 + 1))
-    , m_isRemoved(songs.size())
-{
-    // Comparing with so many songs takes about as long as choosing keys and asking for them.
-    constexpr std::size_t FEW = 1024;
-    m_fewSongs = std::min(FEW, songs.size() / 16);
-    m_durations.reserve(songs.size());
-    std::transform(songs.begin(), songs.end(), std::back_inserter(m_durations),
-                   [](const FurtherSong &song) { return song.duration; });
-    chooseSongsWithKeys(stop);
-    if (std::none_of(m_hasKeys.begin(), m_hasKeys.end(), [](char hasKeys) { return hasKeys != 0; }))
-        return;
-    countKeys();
-    (void)forEachInParallel(
-        m_byKey.blockCount(), 1, stop, [](std::size_t) { return FurtherKeys(); },
-        [this](FurtherKeys &keys, std::size_t block) { fillBlock(keys, block); });
-}
-
-FurtherIndex::Window FurtherIndex::windowOf(Position song) const
-{
-    const auto isBefore = [](double a, double b) { return b - a > MATCH_DURATION_DIFF; };
-    const double duration = m_durations[song];
-    const auto begin = std::lower_bound(m_durations.begin(), m_durations.end(), duration, isBefore);
-    const auto end = std::upper_bound(begin, m_durations.end(), duration, isBefore);
-    return {static_cast<Position>(begin - m_durations.begin()),
-            static_cast<Position>(end - m_durations.begin())};
-}
-
-std::span<const Position> FurtherIndex::songsIn(Window window, FurtherArtists::Artist artist) const
-{
-    const std::span<const Position> songs = m_artists.songsOf(artist);
-    const auto begin = std::lower_bound(songs.begin(), songs.end(), window.begin);
-    return {begin, std::lower_bound(begin, songs.end(), window.end)};
-}
-
-bool FurtherIndex::isLarge(FurtherArtists::Artist artist) const
-{
-    const auto similar = m_artists.similarTo(artist);
-    if (!similar)
-        return true;
-    std::size_t all = m_artists.songsOf(artist).size();
-    for (const FurtherArtists::Artist other : *similar)
-        all += m_artists.songsOf(other).size();
-    if (all <= m_fewSongs)
-        return false;
-    const std::span<const Position> songs = m_artists.songsOf(artist);
-    return std::any_of(songs.begin(), songs.end(), [&](Position song) {
-        const Window window = windowOf(song);
-        std::size_t count = songsIn(window, artist).size();
-        for (const FurtherArtists::Artist other : *similar)
-            count += songsIn(window, other).size();
-        return count > m_fewSongs;
-    });
-}
-
-void FurtherIndex::chooseSongsWithKeys(const std::stop_token &stop)
-{
-    constexpr std::size_t ARTISTS_PER_PART = 64;
-    (void)forEachInParallel(m_artists.size(), ARTISTS_PER_PART, stop, [this](std::size_t artist) {
-        m_hasKeysFor[artist] = isLarge(static_cast<FurtherArtists::Artist>(artist)) ? 1 : 0;
-    });
-    if (!m_artists.areAllKnown()) {
-        std::fill(m_hasKeys.begin(), m_hasKeys.end(), 1);
-        groupByArtistLength(stop);
-        return;
-    }
-    for (FurtherArtists::Artist artist = 0; artist < m_artists.size(); ++artist) {
-        if (!hasKeysFor(artist))
-            continue;
-        m_hasKeys[artist] = 1;
-        const auto similar = m_artists.similarTo(artist);
-        std::for_each(similar->begin(), similar->end(),
-                      [this](FurtherArtists::Artist other) { m_hasKeys[other] = 1; });
-    }
-}
-
-void FurtherIndex::groupByArtistLength(const std::stop_token &stop)
-{
-    for (Position song = 0; song < m_songs.size(); ++song) {
-        const std::size_t length = m_songs[song].artistLength;
-        if (length >= m_byArtistLength.size())
-            m_byArtistLength.resize(length + 1);
-        m_byArtistLength[length].length = length;
-        m_byArtistLength[length].songs.push_back(song);
-        m_byArtistLength[length].pairBits.push_back(m_artists.pairBitsOf(m_artists.of(song)));
-    }
-    std::erase_if(m_byArtistLength, [](const ArtistLength &group) { return group.songs.empty(); });
-    (void)forEachInParallel(m_byArtistLength.size(), 1, stop, [this](std::size_t i) {
-        ArtistLength &group = m_byArtistLength[i];
-        if (group.songs.size() < FEW_TEXTS || group.length > LONGEST_PLACED)
-            return;
-        group.places.emplace();
-        group.places->build(group.length, group.songs.size(),
-                            largestDistanceToSimilar(group.length, MATCH_ARTIST_SIMILARITY),
-                            [&](std::size_t number) { return artistOf(m_songs[group.songs[number]]); });
-    });
-}
-
-void FurtherIndex::placeTexts(const std::stop_token &stop)
-{
-    const auto add = [this](Position song, TrackNumber number, Tail tail) {
-        const std::size_t length = m_songs[song].fullLength(number, tail);
-        if (length >= m_byTextLength.size())
-            m_byTextLength.resize(length + 1);
-        m_byTextLength[length].length = length;
-        m_byTextLength[length].texts.push_back({song, number, tail});
-    };
-    for (Position song = 0; song < m_songs.size(); ++song) {
-        if (!hasKeys(song))
-            continue;
-        forEachTextOf(m_songs[song], [&](TrackNumber number, Tail tail) { add(song, number, tail); });
-    }
-    std::erase_if(m_byTextLength, [](const TextLength &group) { return group.texts.empty(); });
-    (void)forEachInParallel(m_byTextLength.size(), 1, stop, [this](std::size_t i) {
-        TextLength &group = m_byTextLength[i];
-        if (group.texts.size() < FEW_TEXTS || group.length > LONGEST_PLACED)
-            return;
-        group.places.emplace();
-        group.places->build(group.length, group.texts.size(),
-                            largestDistanceToSimilar(group.length, MATCH_TITLE_SIMILARITY),
-                            [&](std::size_t number) {
-                                const Text &text = group.texts[number];
-                                std::u32string characters;
-                                fullTextInto(characters, m_songs[text.song], text.number, text.tail);
-                                return characters;
-                            });
-    });
-}
-
-void FurtherIndex::remove(Position song)
-{
-    m_isRemoved[song] = true;
-    const auto isShorter = [](const auto &group, std::size_t length) { return group.length < length; };
-    const FurtherSong &removed = m_songs[song];
-    const auto byArtist =
-        std::lower_bound(m_byArtistLength.begin(), m_byArtistLength.end(), removed.artistLength, isShorter);
-    if (byArtist != m_byArtistLength.end() && byArtist->places) {
-        const auto place = std::lower_bound(byArtist->songs.begin(), byArtist->songs.end(), song);
-        byArtist->places->remove(static_cast<std::size_t>(place - byArtist->songs.begin()));
-    }
-    forEachTextOf(removed, [&](TrackNumber number, Tail tail) {
-        const auto group = std::lower_bound(m_byTextLength.begin(), m_byTextLength.end(),
-                                            removed.fullLength(number, tail), isShorter);
-        if (group == m_byTextLength.end() || !group->places)
-            return;
-        const auto [begin, end] =
-            std::equal_range(group->texts.begin(), group->texts.end(), Text{song},
-                             [](const Text &a, const Text &b) { return a.song < b.song; });
-        for (auto text = begin; text != end; ++text)
-            group->places->remove(static_cast<std::size_t>(text - group->texts.begin()));
-    });
-}
-
-template <typename Visit>
-void FurtherIndex::forEachKeyOf(Position position, FurtherKeys &keys, Visit visit) const
-{
-    const FurtherSong &song = m_songs[position];
-    const FurtherArtists::Artist family = m_artists.familyOf(m_artists.of(position));
-    forEachNumberOf(song, [&](TrackNumber number) {
-        keys.read(song, number, family);
-        for (const FurtherKeys::Hash scope : keys.scopes()) {
-            for (const FurtherKeys::Hash gram : keys.grams()) {
-                if (isKey(gram))
-                    visit(FurtherKeys::inScope(gram, scope));
-            }
-            for (const FurtherKeys::Hash word : keys.words())
-                visit(FurtherKeys::inScope(word, scope));
-        }
-    });
-    visit(FurtherKeys::inScope(FurtherKeys::titleKeyOf(song), FurtherKeys::scopeOf(family)));
-}
-
-void FurtherIndex::countKeys()
-{
-    std::vector<Position> songs;
-    for (Position song = 0; song < m_songs.size(); ++song) {
-        if (hasKeys(song))
-            songs.push_back(song);
-    }
-    chooseGrams(songs);
-    for (const Position song : songs)
-        m_hasTitle[placeOf(
-            FurtherKeys::inScope(FurtherKeys::titleKeyOf(m_songs[song]),
-                                 FurtherKeys::scopeOf(m_artists.familyOf(m_artists.of(song)))))] = true;
-    // The counts only decide which of several keys is used, so some songs are enough.
-    constexpr std::size_t ENOUGH = 30'000;
-    FurtherKeys keys;
-    for (std::size_t i = 0; i < songs.size(); i += 1 + songs.size() / ENOUGH)
-        forEachKeyOf(songs[i], keys, [this](FurtherKeys::Hash key) { m_byKey.count(key); });
-}
-
-void FurtherIndex::chooseGrams(std::span<const Position> songs)
-{
-    constexpr std::size_t MANY_KEYS = 64;
-    constexpr std::size_t SAMPLES = 1024;
-    // So many that there are still enough in a text that do not overlap.
-    constexpr std::uint64_t MOST = 3;
-    const std::size_t step = 1 + songs.size() / SAMPLES;
-    std::size_t keyCount = 0;
-    FurtherKeys keys;
-    for (std::size_t i = 0; i < songs.size(); i += step)
-        forEachKeyOf(songs[i], keys, [&keyCount](FurtherKeys::Hash) { ++keyCount; });
-    const std::size_t perSong = keyCount * step / songs.size();
-    m_gramMask = std::min(std::bit_ceil(perSong / MANY_KEYS + 1) - 1, MOST);
-}
-
-void FurtherIndex::fillBlock(FurtherKeys &keys, std::size_t block)
-{
-    m_byKey.fill(block, [&](Position song, auto visit) {
-        if (hasKeys(song))
-            forEachKeyOf(song, keys, visit);
-    });
-}
 
 void FurtherMatches::forEachMatches(std::span<const Position> songs, std::size_t most, Removed removed,
                                     const std::function<void(std::size_t, std::span<const Position>)> &visit)
@@ -405,11 +137,13 @@ void FurtherMatches::find()
 
 void FurtherMatches::addWindowSearch(std::size_t place)
 {
-    WindowSearch search{place, m_song, m_window, {}, {}};
-    if (m_way == Way::Texts) {
+    const FurtherSong &song = m_index.songs()[m_song];
+    WindowSearch search{place, m_song, m_window, m_way, {}, {}};
+    if (m_way == Way::Window) {
+        search.texts.emplace_back(artistOf(song));
+    } else {
         compareWithProposed(m_containingProposals);
         search.matches = m_matches;
-        const FurtherSong &song = m_index.songs()[m_song];
         forEachTextOf(song, [&](TrackNumber number, Tail tail) {
             fullTextInto(search.texts.emplace_back(), song, number, tail);
         });
@@ -437,99 +171,70 @@ void FurtherMatches::compareWithWindows()
 {
     if (m_windowSearches.empty())
         return;
-    for (const FurtherIndex::ArtistLength &group : m_index.byArtistLength())
-        compareWithArtistsOf(group);
-    for (const FurtherIndex::TextLength &group : m_index.byTextLength())
-        compareWithTextsOf(group);
+    for (const FurtherIndex::ArtistLength &group : m_index.byArtistLength()) {
+        compareWithTexts(group.artists, Way::Window, MATCH_ARTIST_SIMILARITY,
+                         [&](WindowSearch &search, std::size_t limit, std::size_t begin, std::size_t end) {
+                             compareWithArtists(group, search, limit, begin, end);
+                         });
+    }
+    for (const FurtherTexts &group : m_index.byTextLength()) {
+        compareWithTexts(group, Way::Texts, MATCH_TITLE_SIMILARITY,
+                         [&](WindowSearch &search, std::size_t, std::size_t begin, std::size_t end) {
+                             for (std::size_t i = begin; i < end && compareWith(search, group.songOf(i)); ++i)
+                                 continue;
+                         });
+    }
     for (WindowSearch &search : m_windowSearches) {
         std::sort(search.matches.begin(), search.matches.end());
         search.matches.erase(std::unique(search.matches.begin(), search.matches.end()), search.matches.end());
     }
 }
 
-void FurtherMatches::compareWithTextsOf(const FurtherIndex::TextLength &group)
+void FurtherMatches::compareWithTexts(const FurtherTexts &group, Way way, double least,
+                                      const CompareEach &compareEach)
 {
-    const auto placeOf = [&group](Position song) {
-        const auto place = std::lower_bound(
-            group.texts.begin(), group.texts.end(), song,
-            [](const FurtherIndex::Text &text, Position other) { return text.song < other; });
-        return static_cast<std::size_t>(place - group.texts.begin());
-    };
-    std::vector<CharacterPlaces<char32_t>::Search> placed;
+    const FurtherTexts::Places *places = nullptr;
+    std::vector<FurtherTexts::Places::Search> placed;
     std::vector<WindowSearch *> searches;
     for (WindowSearch &search : m_windowSearches) {
-        const std::size_t begin = placeOf(search.window.begin);
-        const std::size_t end = placeOf(search.window.end);
+        if (search.way != way)
+            continue;
+        const std::size_t begin = group.firstNumberOf(search.window.begin);
+        const std::size_t end = group.firstNumberOf(search.window.end);
         for (const std::u32string &text : search.texts) {
-            const std::size_t longer = std::max(text.size(), group.length);
-            const std::size_t limit = largestDistance(longer, MATCH_TITLE_SIMILARITY);
-            if (search.matches.size() >= m_most || longer - std::min(text.size(), group.length) > limit)
+            const std::size_t longer = std::max(text.size(), group.length());
+            const std::size_t limit = largestDistance(longer, least);
+            if (search.matches.size() >= m_most || longer - std::min(text.size(), group.length()) > limit)
                 continue;
-            if (group.places && text.size() <= LONGEST_PLACED) {
+            if (const auto *indexed = group.placesFor(text.size())) {
+                places = indexed;
                 placed.push_back({text, limit, begin, end});
                 searches.push_back(&search);
-                continue;
+            } else {
+                compareEach(search, limit, begin, end);
             }
-            (void)std::all_of(
-                group.texts.begin() + static_cast<std::ptrdiff_t>(begin),
-                group.texts.begin() + static_cast<std::ptrdiff_t>(end),
-                [&](const FurtherIndex::Text &other) { return compareWith(search, other.song); });
         }
     }
-    if (placed.empty())
+    if (places == nullptr)
         return;
-    group.places->findNear(placed, m_removed, [&](std::size_t search, std::uint32_t number) {
-        return compareWith(*searches[search], group.texts[number].song);
+    places->findNear(placed, m_removed, [&](std::size_t search, std::uint32_t number) {
+        return compareWith(*searches[search], group.songOf(number));
     });
 }
 
-void FurtherMatches::compareWithArtistsOf(const FurtherIndex::ArtistLength &group)
-{
-    const auto placeOf = [&group](Position song) {
-        const auto place = std::lower_bound(group.songs.begin(), group.songs.end(), song);
-        return static_cast<std::size_t>(place - group.songs.begin());
-    };
-    std::vector<CharacterPlaces<char32_t>::Search> placed;
-    std::vector<WindowSearch *> searches;
-    for (WindowSearch &search : m_windowSearches) {
-        const std::u32string_view artist = artistOf(m_index.songs()[search.song]);
-        const std::size_t longer = std::max(artist.size(), group.length);
-        const std::size_t limit = largestDistance(longer, MATCH_ARTIST_SIMILARITY);
-        if (!search.texts.empty() || search.matches.size() >= m_most ||
-            longer - std::min(artist.size(), group.length) > limit)
-            continue;
-        if (!group.places || artist.size() > LONGEST_PLACED) {
-            compareWithArtistsOf(group, limit, search);
-            continue;
-        }
-        placed.push_back({artist, limit, placeOf(search.window.begin), placeOf(search.window.end)});
-        searches.push_back(&search);
-    }
-    if (placed.empty())
-        return;
-    group.places->findNear(placed, m_removed, [&](std::size_t search, std::uint32_t number) {
-        return compareWith(*searches[search], group.songs[number]);
-    });
-}
-
-void FurtherMatches::compareWithArtistsOf(const FurtherIndex::ArtistLength &group, std::size_t limit,
-                                          WindowSearch &search)
+void FurtherMatches::compareWithArtists(const FurtherIndex::ArtistLength &group, WindowSearch &search,
+                                        std::size_t limit, std::size_t begin, std::size_t end)
 {
     constexpr std::size_t SONGS_AT_A_TIME = 4096;
     const FurtherArtists &artists = m_index.artists();
     const FurtherArtists::Artist self = artists.of(search.song);
-    const auto placeOf = [&group](Position song) {
-        const auto place = std::lower_bound(group.songs.begin(), group.songs.end(), song);
-        return static_cast<std::size_t>(place - group.songs.begin());
-    };
-    const std::size_t end = placeOf(search.window.end);
-    for (std::size_t begin = placeOf(search.window.begin); begin < end; begin += SONGS_AT_A_TIME) {
+    for (; begin < end; begin += SONGS_AT_A_TIME) {
         m_near.clear();
         appendNear(m_near, static_cast<std::uint32_t>(begin),
                    std::span(group.pairBits).subspan(begin, std::min(SONGS_AT_A_TIME, end - begin)),
                    artists.pairBitsOf(self), limit);
-        for (const std::uint32_t place : m_near) {
-            const Position candidate = group.songs[place];
+        for (const std::uint32_t number : m_near) {
+            const Position candidate = group.artists.songOf(number);
             if (artists.mayBeSimilar(self, artists.of(candidate)) && !compareWith(search, candidate))
                 return;
         }

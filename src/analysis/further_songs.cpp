@@ -49,12 +49,12 @@ std::u32string preparedArtist(const QString &artist)
 }
 
 /// Characters of the track number at the front of a title and of the blank behind it.
-std::uint32_t numberLengthOf(std::u32string_view title)
+std::uint8_t numberLengthOf(std::u32string_view title)
 {
     constexpr std::size_t MOST_DIGITS = 3;
     const std::size_t digits = title.find_first_not_of(U"0123456789");
     const bool isNumbered = digits > 0 && digits <= MOST_DIGITS && title[digits] == U' ';
-    return isNumbered ? static_cast<std::uint32_t>(digits + 1) : 0;
+    return isNumbered ? static_cast<std::uint8_t>(digits + 1) : std::uint8_t{0};
 }
 
 /// Characters of the tail and of the blank before it.
@@ -74,12 +74,16 @@ std::uint32_t tailLengthOf(const QString &title, std::u32string_view normalized,
     return isTail ? static_cast<std::uint32_t>(normalized.size() - before.size()) : 0;
 }
 
+std::uint8_t numberBitOf(std::u32string_view number)
+{
+    return static_cast<std::uint8_t>(std::hash<std::u32string_view>{}(number) % 64);
+}
+
 std::uint64_t numberBitsOf(std::u32string_view title)
 {
     std::uint64_t bits = 0;
-    forEachNumber(title, [&](std::u32string_view number) {
-        bits |= std::uint64_t{1} << std::hash<std::u32string_view>{}(number) % 64;
-    });
+    forEachNumber(title,
+                  [&](std::u32string_view number) { bits |= std::uint64_t{1} << numberBitOf(number); });
     return bits;
 }
 
@@ -226,7 +230,7 @@ public:
         if (prepared.titleWordBits == 0)
             return false;
         std::u32string text = preparedArtist(song.artist);
-        prepared.artistHash = std::hash<std::u32string>{}(text);
+        prepared.artistHash = static_cast<std::uint32_t>(std::hash<std::u32string>{}(text));
         prepared.artistLength = static_cast<std::uint32_t>(text.size());
         if (!text.empty())
             text += U' ';
@@ -236,7 +240,8 @@ public:
         const std::u32string_view bare = std::u32string_view(title).substr(prepared.numberLength);
         prepared.titlePairBits = pairBitsOf(bare);
         prepared.otherNumberBits = numberBitsOf(bare);
-        prepared.trackNumberBit = numberBitsOf(std::u32string_view(title).substr(0, prepared.numberLength));
+        forEachNumber(std::u32string_view(title).substr(0, prepared.numberLength),
+                      [&](std::u32string_view number) { prepared.trackNumberBit = numberBitOf(number); });
         m_texts += text;
         return true;
     }

@@ -17,22 +17,22 @@
 namespace sonavo {
 
 /// Whether a title is compared with its track number.
-enum class TrackNumber
+enum class TrackNumber : std::uint8_t
 {
     Kept,
     Dropped
 };
 
 /// Whether a title is compared with what stands behind it in brackets or behind a dash.
-enum class Tail
+enum class Tail : std::uint8_t
 {
     Kept,
     Dropped
 };
 
 /// What a comparison of two songs checks first when looking further: most pairs are rejected without reading
-/// their texts.
-struct FurtherSong
+/// their texts. In two cache lines, of which most comparisons read the first only.
+struct alignas(64) FurtherSong
 {
     [[nodiscard]] bool isNumbered() const { return numberLength > 0; }
     [[nodiscard]] bool hasTail() const { return tailLength > 0; }
@@ -45,33 +45,32 @@ struct FurtherSong
     /// One bit for each number in the title; different numbers can share a bit.
     [[nodiscard]] std::uint64_t numberBits(TrackNumber number) const
     {
-        return number == TrackNumber::Kept ? otherNumberBits | trackNumberBit : otherNumberBits;
+        const bool hasTrackNumber = number == TrackNumber::Kept && isNumbered();
+        return otherNumberBits | std::uint64_t{hasTrackNumber} << trackNumberBit;
     }
-
-    // What is read first stands together.
 
     /// Seconds.
     double duration = 0.0;
     /// One bit for each title word (see isTitleWord()); different words can share a bit.
     std::uint64_t titleWordBits = 0;
-    /// See numberBits().
+    /// See numberBits(): the bits of all numbers but the track number.
     std::uint64_t otherNumberBits = 0;
-    std::uint64_t trackNumberBit = 0;
     /// Of the title without its number; see pairBitsOf(). A title that contains another has all of its bits.
     std::uint64_t titlePairBits = 0;
-    /// Characters of artist and title joined, of the artist, of the track number with the blank behind it,
-    /// and of the tail with the blank before it.
+    const char32_t *text = nullptr;
+    /// Characters of artist and title joined, of the artist, and of the tail with the blank before it.
     std::uint32_t wholeLength = 0;
     std::uint32_t artistLength = 0;
-    std::uint32_t numberLength = 0;
     std::uint32_t tailLength = 0;
+    /// Of the artist; different artists can share it.
+    std::uint32_t artistHash = 0;
     /// Where the song stands in the list.
     std::uint32_t index = 0;
+    /// Characters of the track number with the blank behind it, and which bit it has in numberBits().
+    std::uint8_t numberLength = 0;
+    std::uint8_t trackNumberBit = 0;
     /// Of artist and title joined.
-    PairCounts pairs;
-    const char32_t *text = nullptr;
-    /// Of the artist; different artists can share it.
-    std::uint64_t artistHash = 0;
+    alignas(64) PairCounts pairs;
 };
 
 /// The songs that are compared when looking further, sorted by playing time. Their texts are prepared in
@@ -113,6 +112,18 @@ private:
 [[nodiscard]] std::u32string_view titleOf(const FurtherSong &song, TrackNumber number, Tail tail);
 /// Artist and title joined by a blank. Overwrites `result` and reuses its memory.
 void fullTextInto(std::u32string &result, const FurtherSong &song, TrackNumber number, Tail tail);
+
+/// Calls `visit` with each way in which the full text of a song is compared.
+template <typename Visit>
+void forEachTextOf(const FurtherSong &song, Visit visit)
+{
+    for (const TrackNumber number : {TrackNumber::Kept, TrackNumber::Dropped}) {
+        for (const Tail tail : {Tail::Kept, Tail::Dropped}) {
+            if ((number == TrackNumber::Kept || song.isNumbered()) && (tail == Tail::Kept || song.hasTail()))
+                visit(number, tail);
+        }
+    }
+}
 
 /// Calls `visit` with each number in a text, in order: its runs of the digits 0 to 9, without leading zeros.
 template <typename Visit>
