@@ -54,8 +54,8 @@ QString variantOf(const QString &text)
     return *gen::element(text, text, text, withTypos(text), withTypos(text), text.toUpper(),
                          text + u" (Live)"_s, withTypos(text) + u" - Sun 7"_s, u"7 "_s + text,
                          u"The "_s + text, text + u", The"_s, text + u" feat. Queen"_s,
-                         u"["_s + text + u"]! (1)"_s, QString(text).replace(u' ', u'_'),
-                         QString(text).remove(u' '), unusualLetters);
+                         text + u" ft. Beatles"_s, u"["_s + text + u"]! (1)"_s,
+                         QString(text).replace(u' ', u'_'), QString(text).remove(u' '), unusualLetters);
 }
 
 Song copyOf(Song song)

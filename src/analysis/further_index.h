@@ -14,7 +14,7 @@
 
 namespace sonavo {
 
-/// Where FurtherMatches looks songs up. Immutable; any thread may read it.
+/// Where FurtherMatches looks songs up. Any thread may read it.
 class FurtherIndex
 {
 public:

@@ -28,24 +28,21 @@ void dropThe(std::u32string &normalized, const QString &artist)
         normalized.erase(normalized.size() - BEHIND.size());
 }
 
-void dropGuests(std::u32string &artist)
+/// Takes the guests off an artist.
+std::u32string takeGuests(std::u32string &artist)
 {
-    std::size_t end = artist.size();
+    std::u32string_view guests;
     forEachWord(std::u32string_view(artist), [&](std::u32string_view word) {
         const auto begin = static_cast<std::size_t>(word.data() - artist.data());
-        if (begin > 0 && (word == U"feat" || word == U"ft" || word == U"featuring"))
-            end = std::min(end, begin - 1);
+        const bool announces = word == U"feat" || word == U"ft" || word == U"featuring";
+        if (announces && begin > 0 && guests.empty())
+            guests = std::u32string_view(artist).substr(begin);
     });
-    artist.resize(end);
-}
-
-/// An artist as it is compared; see FurtherSongs.
-std::u32string preparedArtist(const QString &artist)
-{
-    std::u32string prepared = normalizeAllScripts(artist);
-    dropThe(prepared, artist);
-    dropGuests(prepared);
-    return prepared;
+    const std::size_t end = std::min(guests.find(U' '), guests.size());
+    const std::u32string taken(guests.substr(std::min(end + 1, guests.size())));
+    if (!guests.empty())
+        artist.resize(artist.size() - guests.size() - 1);
+    return taken;
 }
 
 /// Characters of the track number at the front of a title and of the blank behind it.
@@ -125,10 +122,24 @@ bool haveSameArtist(const FurtherSong &a, const FurtherSong &b)
     return a.artistHash == b.artistHash && artistOf(a) == artistOf(b);
 }
 
+bool areSimilarArtists(std::u32string_view a, std::u32string_view b)
+{
+    return calculateSimilarity(a, b, MATCH_ARTIST_SIMILARITY) >= MATCH_ARTIST_SIMILARITY;
+}
+
+/// The artist with the guests.
+std::u32string allArtistsOf(const FurtherSong &song)
+{
+    std::u32string artists(artistOf(song));
+    artists += U' ';
+    return artists.append(song.text + song.wholeLength, song.guestsLength);
+}
+
 bool artistsMatchFurther(const FurtherSong &a, const FurtherSong &b)
 {
-    return haveSameArtist(a, b) ||
-           calculateSimilarity(artistOf(a), artistOf(b), MATCH_ARTIST_SIMILARITY) >= MATCH_ARTIST_SIMILARITY;
+    return (haveSameArtist(a, b) || areSimilarArtists(artistOf(a), artistOf(b))) &&
+           (a.guestsLength == 0 || b.guestsLength == 0 ||
+            areSimilarArtists(allArtistsOf(a), allArtistsOf(b)));
 }
 
 TrackNumber comparedNumber(const FurtherSong &a, const FurtherSong &b)
@@ -229,7 +240,10 @@ public:
         prepared.titleWordBits = titleWordBitsOf(title, prepared);
         if (prepared.titleWordBits == 0)
             return false;
-        std::u32string text = preparedArtist(song.artist);
+        std::u32string text = normalizeAllScripts(song.artist);
+        dropThe(text, song.artist);
+        const std::u32string guests = takeGuests(text);
+        prepared.guestsLength = static_cast<std::uint16_t>(std::min<std::size_t>(guests.size(), UINT16_MAX));
         prepared.artistHash = static_cast<std::uint32_t>(std::hash<std::u32string>{}(text));
         prepared.artistLength = static_cast<std::uint32_t>(text.size());
         if (!text.empty())
@@ -243,6 +257,7 @@ public:
         forEachNumber(std::u32string_view(title).substr(0, prepared.numberLength),
                       [&](std::u32string_view number) { prepared.trackNumberBit = numberBitOf(number); });
         m_texts += text;
+        m_texts.append(guests, 0, prepared.guestsLength);
         return true;
     }
 
@@ -265,7 +280,7 @@ void setTexts(std::span<FurtherSong> songs, const std::u32string &texts)
     const char32_t *text = texts.data();
     for (FurtherSong &song : songs) {
         song.text = text;
-        text += song.wholeLength;
+        text += song.wholeLength + song.guestsLength;
     }
 }
 

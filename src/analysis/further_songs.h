@@ -69,6 +69,8 @@ struct alignas(64) FurtherSong
     /// Characters of the track number with the blank behind it, and which bit it has in numberBits().
     std::uint8_t numberLength = 0;
     std::uint8_t trackNumberBit = 0;
+    /// Characters of the artist's guests, no more than fit: they stand behind the text.
+    std::uint16_t guestsLength = 0;
     /// Of artist and title joined.
     alignas(64) PairCounts pairs;
 };
@@ -76,8 +78,10 @@ struct alignas(64) FurtherSong
 /// The songs that are compared when looking further, sorted by playing time. Their texts are prepared in
 /// another way than for the four passes:
 /// - letters and digits of every script count (see normalizeAllScripts());
-/// - "The" before an artist, or behind it as in "Beatles, The", is dropped, and so are the guests behind
-///   "feat.", "ft." or "featuring";
+/// - "The" before an artist, or behind it as in "Beatles, The", is dropped;
+/// - what follows "feat.", "ft." or "featuring" in an artist are guests, which are compared only where the
+/// other
+///   artist has some, too;
 /// - a title that begins with one to three digits and a blank has a track number, which is compared only
 ///   where the other title has one, too;
 /// - a title that ends in brackets, or else holds a dash between blanks, has a tail: the brackets, or the
@@ -177,6 +181,7 @@ void forEachTitleWord(std::u32string_view title, std::uint32_t numberLength, std
 /// the texts of FurtherSongs, and one more.
 /// - One title contains another where it has all of its words in a row. File names are not compared: artist
 ///   and title are read from them.
+/// - Artists are similar without their guests, and where both have some, with them, too.
 /// - Where only one title has a tail, the texts may also be similar without it.
 /// - Titles with different numbers are different songs ("Part 1" and "Part 2"): one of them must hold all
 ///   numbers of the other.

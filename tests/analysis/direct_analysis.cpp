@@ -168,10 +168,21 @@ QString furtherArtistOf(const Song &song)
 {
     static const QRegularExpression the(u"^the "_s);
     static const QRegularExpression theBehind(u" the$"_s);
-    static const QRegularExpression guests(u" (feat|ft|featuring)( .*)?$"_s);
     const QString artist = normalizeAllScripts(song.artist);
     const bool isBehind = !artist.contains(the) && song.artist.toLower().endsWith(u", the");
-    return QString(artist).remove(isBehind ? theBehind : the).remove(guests);
+    return QString(artist).remove(isBehind ? theBehind : the);
+}
+
+/// The artist, and the guests if there are any.
+QStringList artistAndGuests(const QString &artist)
+{
+    static const QRegularExpression announcement(u" (?:feat|ft|featuring)(?: |$)"_s);
+    const auto match = announcement.match(artist);
+    if (!match.hasMatch())
+        return {artist};
+    const QString guests = artist.mid(match.capturedEnd());
+    return guests.isEmpty() ? QStringList{artist.first(match.capturedStart())}
+                            : QStringList{artist.first(match.capturedStart()), guests};
 }
 
 bool songsMatchFurther(const Song &a, const Song &b)
@@ -184,9 +195,13 @@ bool songsMatchFurther(const Song &a, const Song &b)
     if (!furtherTitleWordsOf(a.title).intersects(furtherTitleWordsOf(b.title)))
         return false;
 
-    const QString artistA = furtherArtistOf(a);
-    const QString artistB = furtherArtistOf(b);
-    if (similarity(artistA, artistB) < 0.7)
+    const QStringList artistsA = artistAndGuests(furtherArtistOf(a));
+    const QStringList artistsB = artistAndGuests(furtherArtistOf(b));
+    const QString &artistA = artistsA[0];
+    const QString &artistB = artistsB[0];
+    const bool haveGuests = artistsA.size() > 1 && artistsB.size() > 1;
+    if (similarity(artistA, artistB) < 0.7 ||
+        (haveGuests && similarity(artistsA.join(u' '), artistsB.join(u' ')) < 0.7))
         return false;
 
     const bool areOfOneKind =

@@ -252,8 +252,9 @@ TEST(FindFurther, TellsSameFromDifferentInEveryScript)
         {u"Queen"_s, u"Nihgt Songs of Love [Live]"_s, u"Queen"_s, u"Night Songs of Love - Demo"_s, false},
         {u"Queen"_s, u"Night Songs, Part 1"_s, u"Queen"_s, u"Night Songs, Part 2"_s, false},
         {u"Queen"_s, u"Night Songs, Part 01"_s, u"Queen"_s, u"Night Song Part 1 (2009)"_s, true},
-        // Nor do guests, nor blanks.
+        // Nor do blanks, nor guests unless both artists have some.
         {u"Queen"_s, u"Night (feat. Vaibin)"_s, u"Queen ft. Vaibin"_s, u"Night"_s, true},
+        {u"Queen feat. Sonomirage"_s, u"Night"_s, u"Queen feat. Vaibin"_s, u"Night"_s, false},
         {u"Ft. Minor"_s, u"Night"_s, u"Minor"_s, u"Night"_s, false},
         {u"Queen of Hearts"_s, u"01 NightSong"_s, u"Queen of Hearts"_s, u"Night Song (Live)"_s, true},
         {u"Queen"_s, u"M.I.A."_s, u"Queen"_s, u"M.I.A. - Best of"_s, true},
