@@ -8,11 +8,12 @@ install_packages git
 work=$(mktemp --directory)
 trap 'rm -rf "$work"' EXIT
 export CCACHE_DISABLE=1
+commit=$(git -C "$root" rev-parse HEAD)
 
 packages=()
 for folder in "$work/one" "$work/another one with a longer name"; do
     mkdir "$folder"
-    git -C "$root" archive HEAD | tar --extract --directory "$folder"
+    git -C "$root" archive "$commit" | tar --extract --directory "$folder"
     packages+=("$("$folder/scripts/package.sh")")
 done
 if ! cmp "${packages[@]}"; then
