@@ -186,8 +186,8 @@ void forEachTitleWord(std::u32string_view title, std::uint32_t numberLength, std
 /// - Titles with different numbers are different songs ("Part 1" and "Part 2"): one of them must hold all
 ///   numbers of the other.
 ///
-/// Symmetric and pure, but not transitive; any thread may call it. FurtherMatches relies on the second
-/// condition and on that of the numbers.
+/// Symmetric and pure, but not transitive; any thread may call it. FurtherMatches relies on the second,
+/// third and fourth condition and on that of the numbers.
 [[nodiscard]] bool songsMatchFurther(const FurtherSong &a, const FurtherSong &b);
 
 /// A quick test that leaves out artists and playing times: false only for songs that do not match.
