@@ -39,7 +39,7 @@ std::u32string takeGuests(std::u32string &artist)
             guests = std::u32string_view(artist).substr(begin);
     });
     const std::size_t end = std::min(guests.find(U' '), guests.size());
-    const std::u32string taken(guests.substr(std::min(end + 1, guests.size())));
+    std::u32string taken(guests.substr(std::min(end + 1, guests.size())));
     if (!guests.empty())
         artist.resize(artist.size() - guests.size() - 1);
     return taken;
