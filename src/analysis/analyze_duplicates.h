@@ -40,8 +40,7 @@ using BackgroundThread = std::function<QCoro::Task<>(std::function<void()> work)
 /// @param stop ends the work early; pauses and reports go on
 /// @param reportProgress called in the caller's thread before each step and at the end
 /// @return the groups in the order in which they were made; a song is in at most one of them. When it was
-/// stopped,
-///     no more than some of them
+///     stopped, no more than some of them
 [[nodiscard]] QCoro::Task<QList<DuplicateGroup>>
 analyzeDuplicates(QList<Song> songs, std::shared_ptr<Pauses> pauses, BackgroundThread background,
                   std::stop_token stop, AnalysisProgressSink reportProgress);

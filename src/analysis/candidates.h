@@ -24,8 +24,7 @@ namespace sonavo {
 /// duplicates.
 ///
 /// 1. Candidates (this class). Matching songs play for about as long. The bucket is sorted by playing time,
-/// so
-///    that they are a window of neighbours. Of the songs in it, one of four proposes, each of which finds
+///    so that they are a window of neighbours. Of the songs in it, one of four proposes, each of which finds
 ///    every match alone:
 ///    - The title words. Matching songs share a word of at least MATCH_WORD_LENGTH characters, so each match
 ///      is in the list of one of the seed's words. Slow where nearly all titles share a word ("Track 0001").

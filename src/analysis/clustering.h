@@ -32,8 +32,7 @@ public:
     /// @param isLast called with each cluster in turn; no cluster is looked for after the one for which it
     ///     gives true. Always false if it is empty
     /// @return clusters of at least two songs in the order of their seeds, seed first, the others ascending;
-    /// only
-    ///     some of them when it was stopped
+    ///     only some of them when it was stopped
     [[nodiscard]] std::vector<Cluster> clustersOf(const Bucket &bucket,
                                                   const std::function<bool(const Cluster &)> &isLast = {});
 

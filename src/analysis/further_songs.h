@@ -80,8 +80,7 @@ struct alignas(64) FurtherSong
 /// - letters and digits of every script count (see normalizeAllScripts());
 /// - "The" before an artist, or behind it as in "Beatles, The", is dropped;
 /// - what follows "feat.", "ft." or "featuring" in an artist are guests, which are compared only where the
-/// other
-///   artist has some, too;
+///   other artist has some, too;
 /// - a title that begins with one to three digits and a blank has a track number, which is compared only
 ///   where the other title has one, too;
 /// - a title that ends in brackets, or else holds a dash between blanks, has a tail: the brackets, or the

@@ -21,11 +21,9 @@ void runInThreads(std::size_t most, const std::function<void(std::size_t)> &take
 /// until all are done or those under way at the time of the stop are. What is computed depends on the number
 /// of threads only if `work` lets it: it should write to a place of its own for each i.
 /// @param partSize how many numbers in a row a thread takes at a time, at least 1; `stop` is looked at
-/// between
-///     them. So many should take far longer than a microsecond
+///     between them. So many should take far longer than a microsecond
 /// @param makeState called with a number below computingThreads(), another for each thread that takes part;
-/// gives
-///     it a state of its own, such as memory to reuse
+///     gives it a state of its own, such as memory to reuse
 /// @return false if it was stopped, perhaps before all were done
 template <typename MakeState, typename Work>
 bool forEachInParallel(std::size_t count, std::size_t partSize, const std::stop_token &stop,
