@@ -285,8 +285,8 @@ TEST_P(CleanUpTest, PutsADuplicateBackWhoseOriginalIsNotAsItWasEvenIfStopped)
     };
     for (const auto &[name, happens] : cases) {
         std::stop_source stop;
-        const auto stopThen = [&stop, &happens = happens](qint64) {
-            happens();
+        const auto stopThen = [&stop, &change = happens](qint64) {
+            change();
             stop.request_stop();
         };
         const CleanUpOutcome outcome =

@@ -78,15 +78,15 @@ TEST_F(MoveJournalTest, KeepsTheOnlyCopyAndWhatIsNotOurs)
     };
     for (const auto &[name, kind, content, meanwhile] : cases) {
         home.add("music/a.mp3");
-        const auto run = [&, &kind = kind, &content = content, &meanwhile = meanwhile](MoveJournal &journal) {
-            Leftover record = leftover(kind, "left", "to\n");
-            record.offset = kind == Kind::Line ? 5 : 0;
+        const auto run = [&, &ofKind = kind, &holds = content, &happens = meanwhile](MoveJournal &journal) {
+            Leftover record = leftover(ofKind, "left", "to\n");
+            record.offset = ofKind == Kind::Line ? 5 : 0;
             journal.record(record).keep();
-            if (kind == Kind::NewLink)
-                fs::create_symlink(content.substr(3), home.path("left"));
+            if (ofKind == Kind::NewLink)
+                fs::create_symlink(holds.substr(3), home.path("left"));
             else
-                home.add("left", content);
-            meanwhile();
+                home.add("left", holds);
+            happens();
         };
         Files left = leftAfter(run);
         left.erase("music/a.mp3");
