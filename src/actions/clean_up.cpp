@@ -167,6 +167,8 @@ QString pathOf(const DisposedFile &file)
 /// Somebody can have put another file in its place between the last look and the move.
 bool isAsLookedAt(const MovedFile &moved, const FileSnapshot &look)
 {
+    if (moved.copiedFrom)
+        return isSameFile(*moved.copiedFrom, look);
     const auto &now = moved.snapshot;
     return !now || S_ISLNK(now->mode) ||
            (now->size == look.size && std::abs(now->modified - look.modified) <= COARSEST_TIME);

@@ -54,8 +54,9 @@ int writeSparsely(int target, QByteArrayView data, qint64 offset)
 
 /// @param isSparse whether the file has holes. They are found by reading: file systems have been known to
 /// report data that was written a moment ago as a hole.
+/// @param length of the file; EBUSY when it turns out to be longer
 /// @return an error number, 0 for success
-int copyContent(int source, int target, bool isSparse, const std::stop_token &stop)
+int copyContent(int source, int target, bool isSparse, qint64 length, const std::stop_token &stop)
 {
     constexpr std::size_t CHUNK = 1024 * 1024;
     std::vector<char> chunk(CHUNK);
@@ -71,6 +72,8 @@ int copyContent(int source, int target, bool isSparse, const std::stop_token &st
         if (error != 0)
             return error;
         offset += size;
+        if (offset > length)
+            return EBUSY; // what somebody writes as fast would have no end
     }
     return ECANCELED;
 }
@@ -111,7 +114,8 @@ CopyResult copyFile(int source, const FileSnapshot &before, int target, const st
     if (::fstat(source, &status) != 0)
         return {errno};
     constexpr qint64 STAT_BLOCK = 512;
-    if (const int error = copyContent(source, target, status.st_blocks * STAT_BLOCK < status.st_size, stop))
+    const bool isSparse = status.st_blocks * STAT_BLOCK < status.st_size;
+    if (const int error = copyContent(source, target, isSparse, before.size, stop))
         return {error};
 
     CopyResult result{0, copyExtendedAttributes(source, target)};

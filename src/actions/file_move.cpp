@@ -18,6 +18,8 @@
 #include <cerrno>
 #include <cstdio>
 #include <filesystem>
+#include <utility>
+#include <variant>
 
 namespace sonavo {
 namespace {
@@ -95,9 +97,17 @@ MoveResult removeOldName(const KnownFile &old, const KnownFile &made, const Move
     return isMoved ? MOVED : uncertain(removal.error, removal.leftAt);
 }
 
-/// The last resort, for FUSE and the shared folders of virtual machines: an empty file takes the name, and is
-/// replaced.
-MoveResult renameOverPlaceholder(const KnownFile &old, const QByteArray &to, const MoveOptions &options)
+/// An empty file of our own.
+struct Placeholder
+{
+    MoveJournal::Entry entry;
+    KnownFile file;
+};
+
+/// Takes the new name of a file that is to be moved.
+/// @return as in errno if that failed; what could be left over is known to the next start
+std::variant<Placeholder, int> makePlaceholder(const KnownFile &old, const QByteArray &to,
+                                               const MoveOptions &options)
 {
     auto entry = MoveJournal::recordIn(options.journal, {.kind = Leftover::Kind::Placeholder,
                                                          .path = to,
@@ -110,16 +120,41 @@ MoveResult renameOverPlaceholder(const KnownFile &old, const QByteArray &to, con
     if (file.error() != 0 || std::holds_alternative<int>(snapshot)) {
         if (!isNothingAt(to))
             entry.keep();
-        return notMoved(file.error() != 0 ? file.error() : std::get<int>(snapshot));
+        return file.error() != 0 ? file.error() : std::get<int>(snapshot);
     }
-    const KnownFile placeholder{to, std::get<FileSnapshot>(snapshot)};
-    entry.made(placeholder.snapshot);
-    const bool isOurs = isUntouched(placeholder);
+    const KnownFile made{to, std::get<FileSnapshot>(snapshot)};
+    entry.made(made.snapshot);
+    const bool isOurs = isUntouched(made);
     file.close();
-    if (!isOurs) {
-        entry.keep(); // it can be that only the look failed
-        return notMoved(EIO);
-    }
+    if (isOurs)
+        return Placeholder{std::move(entry), made};
+    entry.keep(); // it can be that only the look failed
+    return EIO;
+}
+
+/// Whether a disk takes a name shows only when a file gets it. Better now than after a long copy.
+/// @return as in errno; 0 if the name can be given, and is free again
+int tryName(const KnownFile &old, const QByteArray &name, const MoveOptions &options)
+{
+    auto made = makePlaceholder(old, name, options);
+    if (const int *error = std::get_if<int>(&made))
+        return *error;
+    auto &placeholder = std::get<Placeholder>(made);
+    // Network shares may set the times of a file once more when it is closed.
+    const auto now = fileAt(name);
+    const bool isStillEmpty = now && S_ISREG(now->snapshot.mode) && now->snapshot.size == 0;
+    const MoveResult removed = removeNewName(isStillEmpty ? *now : placeholder.file, EIO, options);
+    return finish(placeholder.entry, removed).state == State::NotMoved ? 0 : EIO;
+}
+
+/// The last resort, for FUSE and the shared folders of virtual machines: an empty file takes the name, and is
+/// replaced.
+MoveResult renameOverPlaceholder(const KnownFile &old, const QByteArray &to, const MoveOptions &options)
+{
+    auto made = makePlaceholder(old, to, options);
+    if (const int *error = std::get_if<int>(&made))
+        return notMoved(*error);
+    auto &[entry, placeholder] = std::get<Placeholder>(made);
 
     const int error = ::rename(old.path.constData(), to.constData()) == 0 ? 0 : errno;
     const FileState atOldName = stateOfName(old);
@@ -284,6 +319,8 @@ MoveResult moveByCopying(const QByteArray &from, const QByteArray &to, const Mov
         return notMoved(*error);
     const KnownFile old{from, std::get<FileSnapshot>(before)};
 
+    if (const int error = tryName(old, to, options))
+        return notMoved(error);
     TemporaryCopy copy(old, to, options.journal);
     if (copy.file().error() != 0)
         return notMoved(copy.file().error());
@@ -295,8 +332,10 @@ MoveResult moveByCopying(const QByteArray &from, const QByteArray &to, const Mov
     MoveResult result = copy.place(to, options.journal);
     if (result.state == State::Moved)
         result = finish(copy.entry(), replaceByCopy(old, to, options));
-    if (result.state == State::Moved)
+    if (result.state == State::Moved) {
         result.lostAttributes = copied.lostAttributes;
+        result.copiedFrom = old.snapshot;
+    }
     return result;
 }
 
@@ -378,7 +417,8 @@ MovedFile describeMove(const QByteArray &from, const QByteArray &to, const MoveR
             .path = to,
             .snapshot = made ? std::optional(made->snapshot) : std::nullopt,
             .lostAttributes = result.lostAttributes,
-            .linkTarget = result.linkTarget};
+            .linkTarget = result.linkTarget,
+            .copiedFrom = result.copiedFrom};
 }
 
 } // namespace sonavo

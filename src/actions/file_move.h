@@ -56,6 +56,9 @@ struct MoveResult
     QByteArray leftAt = {};
     /// What a symbolic link said that was replaced by another one.
     QByteArray linkTarget = {};
+    /// The file before it was copied; nothing if it was renamed. Its copy can have other times: not every disk
+    /// can store every time.
+    std::optional<FileSnapshot> copiedFrom = {};
 };
 
 /// Renames a file or a symbolic link itself, unless the new name is taken: then NotMoved with EEXIST.
@@ -90,6 +93,8 @@ struct MovedFile
     /// The topmost folder of the volume that it was on, by which it is known whether that is mounted when the
     /// file goes back; see volumeTopOf(). Empty where it has stayed on its volume.
     QByteArray originalTop = {};
+    /// See MoveResult.
+    std::optional<FileSnapshot> copiedFrom = {};
 };
 
 /// @param result of the move

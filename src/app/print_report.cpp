@@ -7,12 +7,12 @@
 #include "session/duplicate_view_model.h"
 #include "session/event_loop_pauses.h"
 #include "theme/palette.h"
+#include "theme/stored_settings.h"
 #include "theme/theme_manager.h"
 
 #include <QEventLoop>
 #include <QFile>
 #include <QObject>
-#include <QSettings>
 
 #include <cstdio>
 
@@ -53,8 +53,8 @@ void printError(const QString &text)
 
 bool printReport(const QList<QUrl> &items, ReportFormat format, SearchDepth depth)
 {
-    QSettings settings;
-    const ThemeManager themeManager(settings);
+    QObject owner;
+    const ThemeManager themeManager(openStoredSettings(&owner));
     HeadlessDesktop desktop;
     DuplicateViewModel session(desktop, std::make_shared<EventLoopPauses>(),
                                groupColors(themeManager.currentTheme()));

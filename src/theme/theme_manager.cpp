@@ -1,6 +1,7 @@
 #include "theme/theme_manager.h"
 
 #include "theme/palette.h"
+#include "theme/stored_settings.h"
 
 #include <QGuiApplication>
 #include <QPalette>
@@ -67,24 +68,23 @@ QWindow *firstWindow()
 
 ThemeManager *ThemeManager::shared()
 {
-    static const QPointer<ThemeManager> manager = [] {
-        auto *settings = new QSettings(qApp);
-        return new ThemeManager(*settings, settings);
-    }();
+    static const QPointer<ThemeManager> manager = new ThemeManager(openStoredSettings(qApp), qApp);
     return manager;
 }
 
-ThemeManager::ThemeManager(QSettings &settings, QObject *parent)
+ThemeManager::ThemeManager(QSettings *settings, QObject *parent)
     : QObject(parent)
     , m_settings(settings)
-    , m_currentTheme(settings.value(THEME_KEY).toString() == DARK ? AppTheme::Dark : AppTheme::Light)
+    , m_currentTheme(settings && settings->value(THEME_KEY).toString() == DARK ? AppTheme::Dark
+                                                                               : AppTheme::Light)
 {}
 
 void ThemeManager::setCurrentTheme(AppTheme theme)
 {
     const bool isChange = theme != m_currentTheme;
     m_currentTheme = theme;
-    m_settings.setValue(THEME_KEY, QString(theme == AppTheme::Dark ? DARK : LIGHT));
+    if (m_settings)
+        m_settings->setValue(THEME_KEY, QString(theme == AppTheme::Dark ? DARK : LIGHT));
     if (isChange)
         Q_EMIT currentThemeChanged();
     applyTheme();

@@ -31,13 +31,13 @@ class ThemeManager : public QObject
     Q_PROPERTY(bool isDark READ isDark NOTIFY currentThemeChanged)
 
 public:
-    /// The one manager of the application, created on first use with the application's default settings.
+    /// The one manager of the application, created on first use with openStoredSettings().
     /// Requires the application object, which owns it.
     [[nodiscard]] static ThemeManager *shared();
 
     /// Starts with the stored theme; any value other than "dark" means light. Stores and applies nothing.
-    /// @param settings must outlive the manager
-    explicit ThemeManager(QSettings &settings, QObject *parent = nullptr);
+    /// @param settings must outlive the manager; without any, nothing is stored
+    explicit ThemeManager(QSettings *settings, QObject *parent = nullptr);
 
     [[nodiscard]] AppTheme currentTheme() const { return m_currentTheme; }
     [[nodiscard]] bool isDark() const { return m_currentTheme == AppTheme::Dark; }
@@ -60,7 +60,7 @@ Q_SIGNALS:
     void wishesChanged();
 
 private:
-    QSettings &m_settings;
+    QSettings *m_settings;
     AppTheme m_currentTheme;
     DesktopWishes m_wishes;
 };

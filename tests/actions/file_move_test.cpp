@@ -26,11 +26,23 @@ QByteArray bytes(const fs::path &path)
 
 #ifdef SYS_rename
 constexpr int RENAME = SYS_rename;
+constexpr std::size_t RENAMED = 0;
 constexpr int LINK = SYS_link;
 #else
 constexpr int RENAME = SYS_renameat;
+constexpr std::size_t RENAMED = 1;
 constexpr int LINK = SYS_linkat;
 #endif
+
+/// Whether an argument of a call is a path.
+bool isGiven(const seccomp_notif &call, std::size_t argument, const fs::path &expected)
+{
+    std::ifstream memory("/proc/" + std::to_string(call.pid) + "/mem");
+    memory.seekg(static_cast<std::streamoff>(call.data.args[argument]));
+    std::string path;
+    std::getline(memory, path, '\0');
+    return path == expected;
+}
 
 bool isOnFolder(const seccomp_notif &call)
 {
@@ -119,8 +131,8 @@ TEST_F(DisturbedFileMove, KeepsWhatIsWrittenUnderTheOldNameDuringAMove)
         const fs::path to = other.path("a.mp3");
         bool isDone = false;
         const auto handle = [&](const SystemCallListener &listener, const seccomp_notif &call) {
-            const bool isNow =
-                test.isAfterLastLook ? call.data.nr == RENAME : call.data.nr == SYS_fsync && isOnFolder(call);
+            const bool isNow = test.isAfterLastLook ? call.data.nr == RENAME && isGiven(call, RENAMED, song)
+                                                    : call.data.nr == SYS_fsync && isOnFolder(call);
             if (isNow && !std::exchange(isDone, true))
                 test.write();
             listener.letThrough(call.id);
@@ -139,7 +151,8 @@ TEST_F(DisturbedFileMove, SaysWhereItLeftAFileThatCouldNotGetItsNameBack)
     // Saved twice by others: when it gets its private name, and when that one is to be taken back.
     int saved = 0;
     const auto handle = [&](const SystemCallListener &listener, const seccomp_notif &call) {
-        if (saved == 0 ? call.data.nr == RENAME : call.data.nr == SYS_renameat2)
+        if (saved == 0 ? call.data.nr == RENAME && isGiven(call, RENAMED, song)
+                       : call.data.nr == SYS_renameat2)
             fs::rename(home.add("new", "saved " + std::to_string(++saved)), song);
         listener.letThrough(call.id);
     };
@@ -275,6 +288,29 @@ TEST_F(DisturbedFileMove, AbandonsACopyUntilItHasItsName)
         EXPECT_EQ(state, isAtFolder ? State::Moved : State::NotMoved);
         EXPECT_EQ(fs::exists(from), !isAtFolder);
         EXPECT_EQ(filesIn(other.path()).size(), isAtFolder ? 1U : 0U);
+    }
+}
+
+TEST_F(DisturbedFileMove, CopiesNothingIfTheDiskRefusesTheNameOrTheFileHasNoEnd)
+{
+    const fs::path to = other.path("What?.mp3");
+    for (const int expected : {EINVAL, EBUSY}) {
+        const fs::path song = home.add("What?.mp3", std::string(3'000'000, 'x'));
+        int writes = 0;
+        const auto handle = [&](const SystemCallListener &listener, const seccomp_notif &call) {
+            if (call.data.nr == SYS_openat && expected == EINVAL && isGiven(call, 1, to))
+                return listener.fail(call.id, EINVAL);
+            if (call.data.nr == SYS_pwrite64 && ++writes < 20)
+                std::ofstream(song, std::ios::app) << std::string(1'500'000, 'y');
+            listener.letThrough(call.id);
+        };
+        const auto work = [&] {
+            const int error = moveWithoutReplacing(bytes(song), bytes(to)).error;
+            return writes <= (error == EINVAL ? 0 : 4) ? error : -1;
+        };
+        EXPECT_EQ(runInChild(work, {SYS_openat, SYS_pwrite64}, handle), expected);
+        EXPECT_TRUE(fs::exists(song));
+        EXPECT_EQ(filesIn(other.path()), Files());
     }
 }
 

@@ -13,6 +13,7 @@
 #include <csignal>
 #include <fcntl.h>
 #include <gmock/gmock.h>
+#include <sys/stat.h>
 #include <unistd.h>
 
 #include <algorithm>
@@ -132,6 +133,14 @@ TEST_F(ProgramTest, TellsApartSuccessNothingFoundAndUnusableArguments)
         EXPECT_TRUE(expected.output.empty() ? printed.empty() : printed.starts_with(expected.output));
         EXPECT_TRUE(expected.errors.empty() ? warned.empty() : warned.starts_with(expected.errors)) << warned;
     }
+}
+
+TEST_F(ProgramTest, StartsWithoutSettingsThatWouldBeReadForever)
+{
+    const QByteArray file = QFile::encodeName(m_home.filePath(QStringLiteral("sonavo.conf")));
+    ASSERT_EQ(::mkfifo(file.constData(), 0600), 0);
+    EXPECT_EQ(run({REPORT, SAMPLES}), 0);
+    EXPECT_EQ(errors(), "");
 }
 
 TEST_F(ProgramTest, SaysInOneLineThatNoWindowCanBeOpened)

@@ -29,19 +29,19 @@ protected:
 
 TEST_F(ThemeTest, StartsDarkOnlyWithExactlyThatSetting)
 {
-    EXPECT_EQ(ThemeManager(settings).currentTheme(), AppTheme::Light);
+    EXPECT_EQ(ThemeManager(&settings).currentTheme(), AppTheme::Light);
     for (const QString &other : {u"Dark"_s, u"light"_s, u"a, b"_s}) {
         settings.setValue(u"appTheme"_s, other);
-        EXPECT_EQ(ThemeManager(settings).currentTheme(), AppTheme::Light);
+        EXPECT_EQ(ThemeManager(&settings).currentTheme(), AppTheme::Light);
         EXPECT_EQ(settings.value(u"appTheme"_s), other);
     }
     settings.setValue(u"appTheme"_s, u"dark"_s);
-    EXPECT_EQ(ThemeManager(settings).currentTheme(), AppTheme::Dark);
+    EXPECT_EQ(ThemeManager(&settings).currentTheme(), AppTheme::Dark);
 }
 
 TEST_F(ThemeTest, ColorsTheWindowAndTheToolkitAtTheNextTurnOfTheEventLoop)
 {
-    ThemeManager manager(settings);
+    ThemeManager manager(&settings);
     const QQuickWindow window;
     for (const auto &[background, text] :
          {std::pair(u"#1c1c1f"_s, u"#f5f5f5"_s), std::pair(u"#faf9f6"_s, u"#1a1a1a"_s)}) {
@@ -55,7 +55,7 @@ TEST_F(ThemeTest, ColorsTheWindowAndTheToolkitAtTheNextTurnOfTheEventLoop)
 
 TEST_F(ThemeTest, FadesAllColorsAndGroupTintsToTheNewThemeTogether)
 {
-    ThemeManager manager(settings);
+    ThemeManager manager(&settings);
     const ThemeColors colors(manager);
     const auto become = [&colors](QRgb background, QRgb lastTint) {
         return QTest::qWaitFor([=, &colors] {
@@ -94,7 +94,7 @@ QColor over(const QColor &surface, const QColor &tint, float alpha)
 
 TEST_F(ThemeTest, KeepsTextAndMarksLegibleInBothThemes)
 {
-    ThemeManager manager(settings);
+    ThemeManager manager(&settings);
     for (const char *theme : {"light", "dark", "high contrast, light", "high contrast, dark"}) {
         const bool isHighContrast = std::string_view(theme).starts_with("high");
         manager.setWishes({.isHighContrast = isHighContrast});

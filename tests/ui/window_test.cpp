@@ -466,6 +466,37 @@ TEST_F(WindowTest, ListsItsKeysInTheReadmeAndInAnOverview)
     }
 }
 
+TEST_F(WindowTest, KeepsKeysFromWhatLiesBehindASheet)
+{
+    scan(SAMPLES);
+    session.excludeFromDuplicates(session.duplicateGroups().first().duplicates.first());
+    ASSERT_TRUE(waitFor([this] { return !session.undoText().isEmpty() && !session.isCleaningUp(); }));
+    const int duplicates = session.duplicateCount();
+    desktop.choice = desktop.copied = SAMPLES;
+    const std::pair<QString, std::function<void()>> sheets[] = {
+        {u"Keyboard Shortcuts"_s, [this] { press(Qt::Key_F1); }},
+        {ALERT, [this] { raiseAlert(); }},
+        {u"Replace the List?"_s, [this] { EXPECT_TRUE(session.openItems(SAMPLES)); }},
+        {LARGE_LIBRARY, [this] { raiseLimitWarning(); }},
+    };
+    for (const auto &sheet : sheets) {
+        const auto isShown = [&] { return find(QAccessible::Dialog, sheet.first) != nullptr; };
+        SCOPED_TRACE(sheet.first.toStdString());
+        sheet.second();
+        ASSERT_TRUE(waitFor(isShown));
+        for (const Qt::Key key : {Qt::Key_Z, Qt::Key_L, Qt::Key_O, Qt::Key_V, Qt::Key_S, Qt::Key_F})
+            press(key, Qt::ControlModifier);
+        press(Qt::Key_F, Qt::ControlModifier | Qt::ShiftModifier);
+        QTest::qWait(20);
+        EXPECT_EQ(session.duplicateCount(), duplicates);
+        EXPECT_FALSE(session.isScanning() || session.isCleaningUp());
+        press(Qt::Key_Escape);
+        ASSERT_TRUE(waitFor([&] { return !isShown(); }));
+    }
+    press(Qt::Key_Z, Qt::ControlModifier);
+    EXPECT_TRUE(waitFor([&] { return session.duplicateCount() == duplicates + 1; }));
+}
+
 TEST_F(WindowTest, OpensTheMenuByKey)
 {
     press(Qt::Key_F10);

@@ -16,6 +16,8 @@ FocusScope {
     readonly property int songCount: viewModel.songCount
     // Whether the list shows every group.
     readonly property bool showsAll: results.showsAll
+    // Whether a sheet lies over the content.
+    readonly property bool hasSheet: alert.visible || replaceSheet.visible || limitSheet.visible
 
     function addSongs() {
         if (viewModel.importWithOpenPanel())
@@ -133,14 +135,17 @@ FocusScope {
     }
 
     NotificationAlert {
+        id: alert
         viewModel: view.viewModel
     }
 
     ReplaceResultSheet {
+        id: replaceSheet
         viewModel: view.viewModel
     }
 
     SongLimitWarningView {
+        id: limitSheet
         viewModel: view.viewModel
         isPresented: view.showLimitSheet
         pendingCount: view.viewModel.pendingImportURLs.length

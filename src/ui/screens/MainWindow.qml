@@ -11,7 +11,9 @@ ApplicationWindow {
     required property DuplicateViewModel viewModel
     required property ThemeManager themeManager
 
-    readonly property bool canChange: !viewModel.isCleaningUp
+    // Qt keeps the keys of closed menus active behind a sheet.
+    readonly property bool hasSheet: content.hasSheet || shortcuts.visible || about.visible
+    readonly property bool canChange: !viewModel.isCleaningUp && !hasSheet
     readonly property bool hasResult: viewModel.songCount > 0 && !viewModel.isScanning
 
     // The user wants the window in front.
