@@ -1,6 +1,5 @@
 #include "analysis/artist_grams.h"
 
-#include "analysis/disjoint_grams.h"
 #include "analysis/distance.h"
 #include "analysis/matching.h"
 
@@ -54,17 +53,16 @@ class ArtistGrams::Choice
 public:
     /// @param artist at most LONGEST_ARTIST characters
     /// @param count how many n-grams, at most MOST_GRAMS
-    Choice(const Group &group, std::string_view artist, std::size_t count)
-        : m_group(group)
+    Choice(const Grams &grams, std::string_view artist, std::size_t count)
+        : m_grams(grams)
         , m_artist(artist)
         , m_count(count)
     {
         m_least[0].fill(0);
-        for (std::size_t grams = 1; grams <= count; ++grams) {
-            std::fill_n(m_least[grams].begin(), std::min(2 * grams, artist.size() + 1), IMPOSSIBLE);
-            for (std::size_t end = 2 * grams; end <= artist.size(); ++end)
-                m_least[grams][end] =
-                    std::min({m_least[grams][end - 1], withBigram(grams, end), withTrigram(grams, end)});
+        for (std::size_t i = 1; i <= count; ++i) {
+            std::fill_n(m_least[i].begin(), std::min(2 * i, artist.size() + 1), IMPOSSIBLE);
+            for (std::size_t end = 2 * i; end <= artist.size(); ++end)
+                m_least[i][end] = std::min({m_least[i][end - 1], withBigram(i, end), withTrigram(i, end)});
         }
     }
 
@@ -94,7 +92,7 @@ private:
 
     [[nodiscard]] std::uint32_t sizeOf(std::size_t gram) const
     {
-        return m_group.starts[gram + 1] - m_group.starts[gram];
+        return m_grams.starts[gram + 1] - m_grams.starts[gram];
     }
     [[nodiscard]] std::uint32_t withBigram(std::size_t grams, std::size_t end) const
     {
@@ -107,7 +105,7 @@ private:
                    : std::min(m_least[grams - 1][end - 3] + sizeOf(trigramAt(m_artist, end - 3)), IMPOSSIBLE);
     }
 
-    const Group &m_group;
+    const Grams &m_grams;
     const std::string_view m_artist;
     const std::size_t m_count;
     /// By the number of n-grams and the length of the beginning that they are in: the fewest entries.
@@ -116,123 +114,71 @@ private:
 
 void ArtistGrams::build(std::span<const PreparedSong> bucket)
 {
-    std::uint32_t longest = 0;
-    for (const PreparedSong &song : bucket)
-        longest = std::max(longest, song.artistLength);
-    std::vector<Group> groups(std::size_t{longest} + 1);
-    for (BucketPosition i = 0; i < bucket.size(); ++i) {
-        Group &group = groups[bucket[i].artistLength];
-        group.length = bucket[i].artistLength;
-        group.songs.push_back(i);
-        group.pairs.push_back(bucket[i].artistPairs);
-    }
-    std::erase_if(groups, [](const Group &group) { return group.songs.empty(); });
-    for (Group &group : groups) {
-        if (group.songs.size() > FEW_SONGS && group.songs.size() < MOST_SONGS &&
-            group.length <= LONGEST_ARTIST)
-            listGrams(group, bucket);
-        if (group.songs.size() > FEW_SONGS && group.length <= LONGEST_PLACED)
-            group.places.emplace().build(
-                group.length, group.songs.size(),
-                largestDistanceToSimilar(group.length, MATCH_ARTIST_SIMILARITY),
-                [&](std::size_t number) { return m_songs.artistOf(bucket[group.songs[number]]); });
-    }
-    m_groups = std::move(groups);
-    m_places.resize(bucket.size());
-    for (std::uint32_t group = 0; group < m_groups.size(); ++group) {
-        const std::vector<BucketPosition> &songs = m_groups[group].songs;
-        for (std::uint32_t number = 0; number < songs.size(); ++number)
-            m_places[songs[number]] = {group, number};
-    }
+    m_artists.build(
+        bucket.size(), MATCH_ARTIST_SIMILARITY,
+        [&](BucketPosition song) {
+            return TextGroups::Key{bucket[song].artistLength, bucket[song].artistPairs};
+        },
+        [&](BucketPosition song) { return m_songs.artistOf(bucket[song]); });
+    m_grams.clear();
+    for (const TextGroup &group : m_artists.groups())
+        m_grams.push_back(gramsOf(group, bucket));
 }
 
-void ArtistGrams::remove(BucketPosition position)
+ArtistGrams::Grams ArtistGrams::gramsOf(const TextGroup &group, std::span<const PreparedSong> bucket) const
 {
-    const Place place = m_places[position];
-    Group &group = m_groups[place.group];
-    if (group.places)
-        group.places->remove(place.number);
-}
-
-void ArtistGrams::listGrams(Group &group, std::span<const PreparedSong> bucket) const
-{
+    const auto songs = group.songs();
+    if (songs.size() <= FEW_SONGS || songs.size() >= MOST_SONGS || group.length() > LONGEST_ARTIST)
+        return {};
     // Count, lay out, fill: one array holds all lists.
-    group.starts.assign(GRAMS + 1, 0);
-    for (const BucketPosition song : group.songs) {
+    Grams grams;
+    grams.starts.resize(GRAMS + 1);
+    for (const BucketPosition song : songs) {
         forEachGram(m_songs.artistOf(bucket[song]),
-                    [&](std::size_t gram, std::size_t) { ++group.starts[gram]; });
+                    [&](std::size_t gram, std::size_t) { ++grams.starts[gram]; });
     }
-    std::partial_sum(group.starts.begin(), group.starts.end(), group.starts.begin());
-    group.entries.resize(group.starts.back());
-    for (auto number = static_cast<std::uint32_t>(group.songs.size()); number-- > 0;) {
-        forEachGram(m_songs.artistOf(bucket[group.songs[number]]), [&](std::size_t gram, std::size_t place) {
-            group.entries[--group.starts[gram]] = number << PLACE_BITS | static_cast<std::uint32_t>(place);
+    std::partial_sum(grams.starts.begin(), grams.starts.end(), grams.starts.begin());
+    grams.entries.resize(grams.starts.back());
+    for (auto number = static_cast<std::uint32_t>(songs.size()); number-- > 0;) {
+        forEachGram(m_songs.artistOf(bucket[songs[number]]), [&](std::size_t gram, std::size_t place) {
+            grams.entries[--grams.starts[gram]] = number << PLACE_BITS | static_cast<std::uint32_t>(place);
         });
     }
+    return grams;
 }
 
-void ArtistGrams::findMatching(std::span<const Search> searches) const
+void ArtistGrams::findMatching(std::span<const SongSearch> searches) const
 {
-    for (const Group &group : m_groups)
-        findInGroup(group, searches);
-}
-
-void ArtistGrams::findInGroup(const Group &group, std::span<const Search> searches) const
-{
-    const auto numberOf = [&group](BucketPosition position) {
-        const auto at = std::lower_bound(group.songs.begin(), group.songs.end(), position);
-        return static_cast<std::size_t>(at - group.songs.begin());
-    };
-    std::vector<CharacterPlaces<char>::Search> byPlaces;
-    std::vector<std::vector<BucketPosition> *> foundByPlaces;
-    for (const Search &search : searches) {
-        const std::string_view artist = m_songs.artistOf(*search.song);
-        const std::size_t longer = std::max(group.length, artist.size());
-        const std::size_t limit = largestDistance(longer, MATCH_ARTIST_SIMILARITY);
-        if (longer - std::min(group.length, artist.size()) > limit)
-            continue;
-        const GroupSearch inGroup{
-            artist,      search.song->artistPairs, limit, numberOf(search.begin), numberOf(search.end),
-            search.found};
-        if (findByGrams(group, inGroup))
-            continue;
-        if (group.places && artist.size() <= LONGEST_PLACED) {
-            byPlaces.push_back({artist, limit, inGroup.first, inGroup.last});
-            foundByPlaces.push_back(search.found);
-            continue;
+    std::vector<TextGroup::Search> left;
+    for (std::size_t i = 0; i < m_grams.size(); ++i) {
+        const TextGroup &group = m_artists.groups()[i];
+        left.clear();
+        for (const SongSearch &search : searches) {
+            const auto inGroup =
+                group.searchFor(search, m_songs.artistOf(*search.song), search.song->artistPairs);
+            if (inGroup && !findByGrams(group, m_grams[i], *inGroup))
+                left.push_back(*inGroup);
         }
-        const std::size_t before = search.found->size();
-        appendNear(*search.found, static_cast<std::uint32_t>(inGroup.first),
-                   std::span(group.pairs).subspan(inGroup.first, inGroup.last - inGroup.first), inGroup.pairs,
-                   limit);
-        for (BucketPosition &found : std::span(*search.found).subspan(before))
-            found = group.songs[found];
+        group.findNear(left);
     }
-    if (byPlaces.empty())
-        return;
-    group.places->findNear(byPlaces, CharacterPlaces<char>::Removed::LeftOut,
-                           [&](std::size_t search, std::uint32_t number) {
-                               foundByPlaces[search]->push_back(group.songs[number]);
-                               return true;
-                           });
 }
 
 /// @return false, having found nothing, if it is faster to look through all songs
-bool ArtistGrams::findByGrams(const Group &group, const GroupSearch &search)
+bool ArtistGrams::findByGrams(const TextGroup &group, const Grams &grams, const TextGroup::Search &search)
 {
     const std::size_t songs = search.last - search.first;
-    if (group.starts.empty() || songs < FEW_SONGS || search.artist.size() > LONGEST_ARTIST ||
+    if (grams.starts.empty() || songs < FEW_SONGS || search.text.size() > LONGEST_ARTIST ||
         search.limit >= MOST_GRAMS)
         return false;
-    const Choice choice(group, search.artist, search.limit + 1);
-    const std::size_t entries = choice.entryCount() * songs / group.songs.size();
+    const Choice choice(grams, search.text, search.limit + 1);
+    const std::size_t entries = choice.entryCount() * songs / group.songs().size();
     if (entries * SONGS_PER_ENTRY + FEW_SONGS > songs)
         return false;
 
-    const auto surplus = static_cast<std::ptrdiff_t>(group.length - search.artist.size());
+    const auto surplus = static_cast<std::ptrdiff_t>(group.length() - search.text.size());
     choice.forEach([&](std::size_t gram, std::size_t place) {
         const auto list =
-            std::span(group.entries).subspan(group.starts[gram], group.starts[gram + 1] - group.starts[gram]);
+            std::span(grams.entries).subspan(grams.starts[gram], grams.starts[gram + 1] - grams.starts[gram]);
         auto entry = std::lower_bound(list.begin(), list.end(),
                                       static_cast<std::uint32_t>(search.first << PLACE_BITS));
         for (; entry != list.end() && *entry >> PLACE_BITS < search.last; ++entry) {
@@ -241,8 +187,8 @@ bool ArtistGrams::findByGrams(const Group &group, const GroupSearch &search)
             const std::ptrdiff_t shift = otherPlace - static_cast<std::ptrdiff_t>(place);
             // At least so many insertions or deletions are before the n-gram and behind it.
             const auto least = static_cast<std::size_t>(std::abs(shift) + std::abs(surplus - shift));
-            if (least <= search.limit && mayBeWithin(search.limit, group.pairs[number], search.pairs))
-                search.found->push_back(group.songs[number]);
+            if (least <= search.limit && mayBeWithin(search.limit, group.pairsOf(number), search.pairs))
+                search.found->push_back(group.songs()[number]);
         }
     });
     return true;

@@ -1,14 +1,11 @@
 #pragma once
 
-#include "analysis/artist_index.h"
-#include "analysis/character_places.h"
 #include "analysis/prepared_songs.h"
+#include "analysis/text_groups.h"
 
 #include <cstddef>
 #include <cstdint>
-#include <optional>
 #include <span>
-#include <string_view>
 #include <vector>
 
 namespace sonavo {
@@ -34,68 +31,31 @@ public:
     void build(std::span<const PreparedSong> bucket);
 
     /// Takes a song out; it may still be found. Must not overlap with findMatching().
-    void remove(BucketPosition position);
-
-    /// A song whose artist is looked for.
-    struct Search
-    {
-        const PreparedSong *song = nullptr;
-        /// The positions in the bucket that are asked for.
-        BucketPosition begin = 0;
-        BucketPosition end = 0;
-        /// Where those are appended that are found.
-        std::vector<BucketPosition> *found = nullptr;
-    };
+    void remove(BucketPosition position) { m_artists.remove(position); }
 
     /// Finds the songs that are not removed and whose artists match a song's (see artistsMatch()), for
     /// several songs at a time. The song itself is among them, others that do not match may be, and a song
     /// can come several times. Any thread may ask.
-    void findMatching(std::span<const Search> searches) const;
+    void findMatching(std::span<const SongSearch> searches) const;
 
 private:
-    /// The songs whose artists are of one length.
-    struct Group
+    /// The n-grams of the artists of one group. Empty for groups that are looked through as fast.
+    struct Grams
     {
-        std::size_t length = 0;
-        /// Ascending, and PreparedSong::artistPairs of each.
-        std::vector<BucketPosition> songs;
-        std::vector<std::uint64_t> pairs;
-        /// By n-gram, where its list begins in `entries`, and where the last one ends. Empty for groups that
-        /// are looked through as fast.
+        /// By n-gram, where its list begins in `entries`, and where the last one ends.
         std::vector<std::uint32_t> starts;
         /// The song's number in the group, and in the lowest bits where the n-gram stands in the artist.
         std::vector<std::uint32_t> entries;
-        /// Not for groups that are looked through as fast.
-        std::optional<CharacterPlaces<char>> places;
     };
     class Choice;
-    /// A song's search in one group.
-    struct GroupSearch
-    {
-        std::string_view artist;
-        std::uint64_t pairs = 0;
-        /// The most edits between the artists.
-        std::size_t limit = 0;
-        /// Numbers in the group.
-        std::size_t first = 0;
-        std::size_t last = 0;
-        std::vector<BucketPosition> *found = nullptr;
-    };
-    /// Where a song is in the groups.
-    struct Place
-    {
-        std::uint32_t group = 0;
-        std::uint32_t number = 0;
-    };
 
-    void listGrams(Group &group, std::span<const PreparedSong> bucket) const;
-    void findInGroup(const Group &group, std::span<const Search> searches) const;
-    static bool findByGrams(const Group &group, const GroupSearch &search);
+    [[nodiscard]] Grams gramsOf(const TextGroup &group, std::span<const PreparedSong> bucket) const;
+    static bool findByGrams(const TextGroup &group, const Grams &grams, const TextGroup::Search &search);
 
     const PreparedSongs &m_songs;
-    std::vector<Group> m_groups;
-    /// By position in the bucket.
-    std::vector<Place> m_places;
+    TextGroups m_artists;
+    /// Of each group.
+    std::vector<Grams> m_grams;
 };
 
 } // namespace sonavo

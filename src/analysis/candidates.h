@@ -4,6 +4,7 @@
 #include "analysis/artist_index.h"
 #include "analysis/full_texts.h"
 #include "analysis/prepared_songs.h"
+#include "analysis/text_groups.h"
 
 #include <cstddef>
 #include <cstdint>
@@ -71,7 +72,7 @@ public:
 
         /// By seed; those of former seeds are kept for their memory.
         std::vector<std::vector<BucketPosition>> m_candidates;
-        std::vector<ArtistGrams::Search> m_searches;
+        std::vector<SongSearch> m_searches;
         /// For each song the last seed that it was proposed to, as a count.
         std::vector<std::uint32_t> m_lastSeeds;
         std::uint32_t m_seedCount = 0;

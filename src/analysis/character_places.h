@@ -1,6 +1,7 @@
 #pragma once
 
 #include "analysis/distance.h"
+#include "analysis/distance_kernels.h"
 
 #include <array>
 #include <cstddef>
@@ -13,9 +14,6 @@
 #include <vector>
 
 namespace sonavo {
-
-/// Longer texts are neither indexed nor searched for.
-inline constexpr std::size_t LONGEST_PLACED = 128;
 
 /// Normalised texts of one length: finds those within some edits of other texts, hundreds at a time. Keeps at
 /// most six bits for each character of a text.

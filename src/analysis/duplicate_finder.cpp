@@ -44,20 +44,13 @@ std::vector<Bucket> bucketsById(std::span<const SongIndex> songs, std::size_t id
 template <typename KeyOf>
 std::vector<Bucket> bucketsByKey(std::span<const SongIndex> songs, KeyOf keyOf)
 {
-    IdTable keyIds;
-    std::vector<SongIndex> firstSongs;
-    std::vector<std::uint32_t> ids;
-    ids.reserve(songs.size());
-    for (const SongIndex song : songs) {
-        const auto key = static_cast<quint64>(keyOf(song));
-        const std::uint32_t id = keyIds.idOf(::qHash(key), [&](std::uint32_t other) {
-            return static_cast<quint64>(keyOf(firstSongs[other])) == key;
-        });
-        if (id == firstSongs.size())
-            firstSongs.push_back(song);
-        ids.push_back(id);
-    }
-    return bucketsById(songs, firstSongs.size(), [&ids](std::size_t i) { return ids[i]; });
+    std::vector<std::uint32_t> ids(songs.size());
+    std::transform(songs.begin(), songs.end(), ids.begin(), [&](SongIndex song) {
+        return static_cast<std::uint32_t>(::qHash(static_cast<quint64>(keyOf(song))));
+    });
+    const std::size_t idCount = replaceByIds(
+        ids, [&](std::uint32_t a, std::uint32_t b) { return keyOf(songs[a]) == keyOf(songs[b]); });
+    return bucketsById(songs, idCount, [&](std::size_t i) { return ids[i]; });
 }
 
 std::vector<SongIndex> allOf(const PreparedSongs &songs)

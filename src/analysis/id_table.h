@@ -4,6 +4,7 @@
 #include <bit>
 #include <cstddef>
 #include <cstdint>
+#include <span>
 #include <vector>
 
 namespace sonavo {
@@ -75,5 +76,29 @@ private:
     std::vector<Slot> m_slots;
     std::size_t m_size = 0;
 };
+
+/// Replaces the hash of each item of a list by an id: equal for equal items, 0, 1, 2 and so on in the order
+/// in which they first appear.
+/// @param hashes fewer than 2^32
+/// @param isSame compares two items of equal hashes, by their places in the list
+/// @return how many ids there are
+template <typename IsSame>
+std::size_t replaceByIds(std::span<std::uint32_t> hashes, IsSame isSame)
+{
+    // How many items before it is asked for, an entry of the table is fetched from memory.
+    constexpr std::size_t ITEMS_AHEAD = 8;
+    IdTable ids;
+    ids.reserve(hashes.size());
+    std::vector<std::uint32_t> firsts;
+    firsts.reserve(hashes.size());
+    for (std::uint32_t i = 0; i < hashes.size(); ++i) {
+        if (i + ITEMS_AHEAD < hashes.size())
+            ids.prefetch(hashes[i + ITEMS_AHEAD]);
+        hashes[i] = ids.idOf(hashes[i], [&](std::uint32_t id) { return isSame(firsts[id], i); });
+        if (hashes[i] == firsts.size())
+            firsts.push_back(i);
+    }
+    return firsts.size();
+}
 
 } // namespace sonavo

@@ -28,26 +28,6 @@ void joinInto(std::string &result, std::string_view artist, std::string_view tit
     result += title;
 }
 
-/// Replaces the hash of each song by an id: equal for songs that are the same, counting up from 0.
-/// @param isSame compares two songs of equal hashes
-template <typename IsSame>
-void replaceByIds(std::vector<std::uint32_t> &hashes, IsSame isSame)
-{
-    IdTable ids;
-    ids.reserve(hashes.size());
-    std::vector<SongIndex> firstOfId;
-    firstOfId.reserve(hashes.size());
-    for (SongIndex i = 0; i < hashes.size(); ++i) {
-        if (i + SONGS_AHEAD < hashes.size())
-            ids.prefetch(hashes[i + SONGS_AHEAD]);
-        const std::uint32_t id =
-            ids.idOf(hashes[i], [&](std::uint32_t other) { return isSame(firstOfId[other], i); });
-        if (id == firstOfId.size())
-            firstOfId.push_back(i);
-        hashes[i] = id;
-    }
-}
-
 } // namespace
 
 /// The normalised artists and titles of some neighbours, with their hashes.

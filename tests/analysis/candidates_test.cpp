@@ -61,7 +61,7 @@ void expectThatNoneIsMissed(const QList<Song> &songs, Matches matches)
     constexpr BucketPosition STEP = 25;
     constexpr BucketPosition BEGIN = 100;
     std::vector<std::vector<BucketPosition>> found((bucket.size() + STEP - 1) / STEP);
-    std::vector<typename Index::Search> searches;
+    std::vector<SongSearch> searches;
     for (std::size_t i = 0; i < found.size(); ++i)
         searches.push_back({&bucket[bucket.size() - 1 - i * STEP], BEGIN,
                             static_cast<BucketPosition>(bucket.size()), &found[i]});
