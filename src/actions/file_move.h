@@ -56,8 +56,8 @@ struct MoveResult
     QByteArray leftAt = {};
     /// What a symbolic link said that was replaced by another one.
     QByteArray linkTarget = {};
-    /// The file before it was copied; nothing if it was renamed. Its copy can have other times: not every disk
-    /// can store every time.
+    /// The file before it was copied; nothing if it was renamed. Its copy can have other times: not every
+    /// disk can store every time.
     std::optional<FileSnapshot> copiedFrom = {};
 };
 

@@ -348,6 +348,23 @@ TEST_F(MoveDuplicatesTest, DoesNotReachAFileWhoseCopyIsStopped)
     EXPECT_EQ(filesIn(home.path("music")).size(), 3U);
 }
 
+TEST_F(MoveDuplicatesTest, KnowsAFileWhoseTimeTheOtherDiskCannotStore)
+{
+    const DuplicateGroup songs = group(song("music/a.mp3"), {song("music/b.mp3")});
+    fs::last_write_time(home.path("music/b.mp3"), fs::file_time_type::clock::now() - std::chrono::hours(1));
+    const auto work = [&] {
+        DuplicatesFolder folder = folderIn(other.path());
+        return moveDuplicates({songs}, folder).moved.size() == 1 ? 0 : 1;
+    };
+    const auto refuse = [](const SystemCallListener &listener, const seccomp_notif &call) {
+        listener.fail(call.id, EPERM);
+    };
+    const auto status = runInChild(work, {SYS_utimensat}, refuse);
+    if (status == NOT_ALLOWED)
+        GTEST_SKIP() << "no right to filter system calls";
+    EXPECT_EQ(status, 0);
+}
+
 using TrashSongTest = SongTest;
 
 TEST_F(TrashSongTest, KeepsASongThatIsTheSameFileAsAnotherMember)

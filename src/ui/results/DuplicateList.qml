@@ -88,6 +88,9 @@ FocusScope {
     // Does what a key means for a row. Returns false where it means nothing.
     function perform(action, row) {
         const header = rows.headerRow(row);
+        // The filter can leave no row. Qt 6.4 crashes where a song is expected and none is given.
+        if (header < 0)
+            return false;
         switch (action) {
         case Shortcuts.HideSongs:
             list.currentIndex = header;
