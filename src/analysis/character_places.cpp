@@ -13,7 +13,7 @@ constexpr std::size_t BITS = 64;
 struct Progress
 {
     DistanceTable table;
-    DistanceKernels::Drop dropByObstacles = nullptr;
+    TextKernels::Drop dropByObstacles = nullptr;
     /// The parts of the index that are asked for: from the first to before the end.
     std::size_t firstPart = 0;
     std::size_t endPart = 0;
@@ -33,7 +33,7 @@ using PartTexts = std::array<std::uint64_t, PART_WORDS>;
 
 /// Drops the texts of a part that are beyond the limit of a search.
 /// @return whether texts are left
-bool keepNear(PartTexts &texts, Progress &search, const std::uint64_t *rows, const DistanceKernels &kernels)
+bool keepNear(PartTexts &texts, Progress &search, const std::uint64_t *rows, const TextKernels &kernels)
 {
     if (search.isWorthCounting()) {
         ++search.tried;
@@ -124,7 +124,7 @@ public:
     }
 
     /// @return the rows of a part, valid until the next call
-    const std::uint64_t *read(std::size_t part, DistanceKernels::Unpack unpack)
+    const std::uint64_t *read(std::size_t part, TextKernels::Unpack unpack)
     {
         m_rows.resize(rowCount());
         const std::size_t planes = m_places.m_length * m_places.m_codeBits * PART_WORDS;
@@ -210,7 +210,7 @@ template <typename Character>
 void CharacterPlaces<Character>::findNear(std::span<const Search> searches, Removed removed,
                                           const Visit &visit) const
 {
-    const DistanceKernels &kernels = fastestKernels();
+    const TextKernels &kernels = fastestKernels();
     std::vector<Progress> all;
     Rows rows(*this);
     std::size_t firstPart = m_parts;
