@@ -34,6 +34,12 @@ std::size_t trigramAt(std::string_view text, std::size_t place)
     return BIGRAMS + bigramAt(text, place) * ALPHABET + symbolOf(text[place + 2]);
 }
 
+/// Whether going through so many entries takes less time than looking through the songs.
+bool isRare(std::size_t entries, std::size_t songs)
+{
+    return entries * SONGS_PER_ENTRY + FEW_SONGS <= songs;
+}
+
 /// Calls `visit` with each bigram and trigram of a text and where it stands.
 template <typename Visit>
 void forEachGram(std::string_view text, Visit visit)
@@ -132,19 +138,38 @@ ArtistGrams::Grams ArtistGrams::gramsOf(const TextGroup &group, std::span<const 
         return {};
     // Count, lay out, fill: one array holds all lists.
     Grams grams;
-    grams.starts.resize(GRAMS + 1);
+    grams.starts.resize(GRAMS + 2);
     for (const BucketPosition song : songs) {
         forEachGram(m_songs.artistOf(bucket[song]),
-                    [&](std::size_t gram, std::size_t) { ++grams.starts[gram]; });
+                    [&](std::size_t gram, std::size_t) { ++grams.starts[gram + 1]; });
     }
     std::partial_sum(grams.starts.begin(), grams.starts.end(), grams.starts.begin());
+    if (!tellArtistsApart(grams, group, bucket))
+        return {};
     grams.entries.resize(grams.starts.back());
     for (auto number = static_cast<std::uint32_t>(songs.size()); number-- > 0;) {
         forEachGram(m_songs.artistOf(bucket[songs[number]]), [&](std::size_t gram, std::size_t place) {
-            grams.entries[--grams.starts[gram]] = number << PLACE_BITS | static_cast<std::uint32_t>(place);
+            grams.entries[--grams.starts[gram + 1]] =
+                number << PLACE_BITS | static_cast<std::uint32_t>(place);
         });
     }
+    // Filled from their ends, the lists now begin where the ones before them did.
+    grams.starts.erase(grams.starts.begin());
     return grams;
+}
+
+bool ArtistGrams::tellArtistsApart(const Grams &grams, const TextGroup &group,
+                                   std::span<const PreparedSong> bucket) const
+{
+    constexpr std::size_t SAMPLES = 32;
+    const auto songs = group.songs();
+    const std::size_t limit = largestDistance(group.length(), MATCH_ARTIST_SIMILARITY);
+    for (std::size_t i = 0; i < SAMPLES && limit < MOST_GRAMS; ++i) {
+        const PreparedSong &song = bucket[songs[i * songs.size() / SAMPLES]];
+        if (isRare(Choice(grams, m_songs.artistOf(song), limit + 1).entryCount(), songs.size()))
+            return true;
+    }
+    return false;
 }
 
 void ArtistGrams::findMatching(std::span<const SongSearch> searches) const
@@ -172,7 +197,7 @@ bool ArtistGrams::findByGrams(const TextGroup &group, const Grams &grams, const 
         return false;
     const Choice choice(grams, search.text, search.limit + 1);
     const std::size_t entries = choice.entryCount() * songs / group.songs().size();
-    if (entries * SONGS_PER_ENTRY + FEW_SONGS > songs)
+    if (!isRare(entries, songs))
         return false;
 
     const auto surplus = static_cast<std::ptrdiff_t>(group.length() - search.text.size());

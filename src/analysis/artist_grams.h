@@ -50,6 +50,9 @@ private:
     class Choice;
 
     [[nodiscard]] Grams gramsOf(const TextGroup &group, std::span<const PreparedSong> bucket) const;
+    /// Whether searches by n-grams are worthwhile for some of a group's artists.
+    [[nodiscard]] bool tellArtistsApart(const Grams &grams, const TextGroup &group,
+                                        std::span<const PreparedSong> bucket) const;
     static bool findByGrams(const TextGroup &group, const Grams &grams, const TextGroup::Search &search);
 
     const PreparedSongs &m_songs;

@@ -10,10 +10,10 @@ namespace {
 constexpr std::size_t BITS = 64;
 
 /// A search, and what it has come to.
-struct Progress
+struct SearchState
 {
     DistanceTable table;
-    DistanceKernels::Drop dropByObstacles = nullptr;
+    TextKernels::Drop dropByObstacles = nullptr;
     /// The parts of the index that are asked for: from the first to before the end.
     std::size_t firstPart = 0;
     std::size_t endPart = 0;
@@ -33,7 +33,7 @@ using PartTexts = std::array<std::uint64_t, PART_WORDS>;
 
 /// Drops the texts of a part that are beyond the limit of a search.
 /// @return whether texts are left
-bool keepNear(PartTexts &texts, Progress &search, const std::uint64_t *rows, const DistanceKernels &kernels)
+bool keepNear(PartTexts &texts, SearchState &search, const std::uint64_t *rows, const TextKernels &kernels)
 {
     if (search.isWorthCounting()) {
         ++search.tried;
@@ -124,7 +124,7 @@ public:
     }
 
     /// @return the rows of a part, valid until the next call
-    const std::uint64_t *read(std::size_t part, DistanceKernels::Unpack unpack)
+    const std::uint64_t *read(std::size_t part, TextKernels::Unpack unpack)
     {
         m_rows.resize(rowCount());
         const std::size_t planes = m_places.m_length * m_places.m_codeBits * PART_WORDS;
@@ -210,30 +210,30 @@ template <typename Character>
 void CharacterPlaces<Character>::findNear(std::span<const Search> searches, Removed removed,
                                           const Visit &visit) const
 {
-    const DistanceKernels &kernels = fastestKernels();
-    std::vector<Progress> all;
+    const TextKernels &kernels = fastestKernels();
+    std::vector<SearchState> states;
     Rows rows(*this);
     std::size_t firstPart = m_parts;
     std::size_t endPart = 0;
     for (const Search &search : searches) {
-        Progress &progress = all.emplace_back();
-        progress.table = tableFor(search.text.size(), m_length, search.limit);
-        progress.table.begin = m_beginning ? lengthInCommon<Character>(*m_beginning, search.text) : 0;
+        SearchState &state = states.emplace_back();
+        state.table = tableFor(search.text.size(), m_length, search.limit);
+        state.table.begin = m_beginning ? lengthInCommon<Character>(*m_beginning, search.text) : 0;
         for (const Character character : search.text)
-            progress.table.rows.push_back(rows.add(character));
-        progress.dropByObstacles = kernels.dropByObstaclesFor(progress.table);
-        progress.firstPart = search.first / PART_TEXTS;
-        progress.endPart =
-            search.first < search.last ? (search.last + PART_TEXTS - 1) / PART_TEXTS : progress.firstPart;
-        firstPart = std::min(firstPart, progress.firstPart);
-        endPart = std::max(endPart, progress.endPart);
+            state.table.rows.push_back(rows.add(character));
+        state.dropByObstacles = kernels.dropByObstaclesFor(state.table);
+        state.firstPart = search.first / PART_TEXTS;
+        state.endPart =
+            search.first < search.last ? (search.last + PART_TEXTS - 1) / PART_TEXTS : state.firstPart;
+        firstPart = std::min(firstPart, state.firstPart);
+        endPart = std::max(endPart, state.endPart);
     }
     // A part stays in the nearest caches while all searches look at it.
     for (std::size_t part = firstPart; part < endPart; ++part) {
         const std::uint64_t *bits = nullptr;
         for (std::size_t search = 0; search < searches.size(); ++search) {
-            Progress &progress = all[search];
-            if (part < progress.firstPart || part >= progress.endPart)
+            SearchState &state = states[search];
+            if (part < state.firstPart || part >= state.endPart)
                 continue;
             PartTexts found;
             found.fill(~std::uint64_t{0});
@@ -243,7 +243,7 @@ void CharacterPlaces<Character>::findNear(std::span<const Search> searches, Remo
                 break;
             if (bits == nullptr)
                 bits = rows.read(part, kernels.unpack);
-            if (!keepNear(found, progress, bits, kernels))
+            if (!keepNear(found, state, bits, kernels))
                 continue;
             const bool goesOn = std::all_of(
                 found.begin(), found.end(), [&, number = part * PART_TEXTS](std::uint64_t word) mutable {
@@ -253,7 +253,7 @@ void CharacterPlaces<Character>::findNear(std::span<const Search> searches, Remo
                                       [&](std::uint32_t next) { return visit(search, next); });
                 });
             if (!goesOn)
-                progress.endPart = part;
+                state.endPart = part;
         }
     }
 }

@@ -1,7 +1,7 @@
 #pragma once
 
 #include "analysis/distance.h"
-#include "analysis/distance_kernels.h"
+#include "analysis/text_kernels.h"
 
 #include <array>
 #include <cstddef>

@@ -16,7 +16,7 @@ constexpr std::size_t LARGE_BUCKET = 512;
 constexpr std::size_t ENOUGH_COMPARISONS = 100'000;
 constexpr std::size_t MOST_SEEDS = 256;
 /// Of those, the ones that a thread compares together.
-constexpr std::size_t SEEDS_AT_A_TIME = 16;
+constexpr std::size_t SEEDS_AT_A_TIME = 64;
 
 } // namespace
 

@@ -1,10 +1,10 @@
 #pragma once
 
+#include "analysis/bigram_rows.h"
 #include "analysis/prepared_songs.h"
 #include "analysis/text_groups.h"
 
 #include <cstddef>
-#include <cstdint>
 #include <span>
 #include <vector>
 
@@ -14,7 +14,7 @@ namespace sonavo {
 /// allows among very many of similar artists.
 ///
 /// Similar texts are found by character and place (CharacterPlaces), texts that contain one another by their
-/// pairs of characters: of those one has all that the other has (see bigramsOf()).
+/// pairs of characters (BigramRows).
 class FullTexts
 {
 public:
@@ -35,16 +35,24 @@ public:
     void findMatching(std::span<const SongSearch> searches) const;
 
 private:
-    void findContaining(std::size_t block, const SongSearch &search) const;
+    /// What a title or a name contains, or is contained in.
+    struct ContainingSearch
+    {
+        const SongSearch *search = nullptr;
+        BigramOrder title;
+        BigramOrder name;
+    };
+
+    void findSimilar(std::span<const SongSearch> searches) const;
+    void findContaining(std::size_t block, const ContainingSearch &search) const;
 
     const PreparedSongs &m_songs;
     /// By artist and title joined.
     TextGroups m_texts;
-    /// PreparedSong::titleBigrams and nameBigrams, by block of songs: for each bit those that have it.
-    std::vector<std::uint64_t> m_titleBits;
-    std::vector<std::uint64_t> m_nameBits;
-    /// The songs that are not removed.
-    std::vector<std::uint64_t> m_left;
+    BigramRows m_titles;
+    BigramRows m_names;
+    /// The songs that are not removed, by block.
+    std::vector<BigramRows::Block> m_left;
 };
 
 } // namespace sonavo

@@ -1,4 +1,4 @@
-#include "analysis/distance_kernels.h"
+#include "analysis/text_kernels.h"
 
 #include <algorithm>
 #include <bit>
@@ -209,6 +209,33 @@ struct Step
     }
 }
 
+[[gnu::always_inline]] inline void addContaining(std::uint64_t *found, const std::uint64_t *texts,
+                                                 const BigramOrder &order, const std::uint64_t *rows)
+{
+    // Looking whether texts are left takes longer than a row.
+    constexpr std::size_t ROWS = 4;
+    Part containing;
+    read(containing, texts);
+    Part contained = containing;
+    for (std::size_t i = 0; i < order.count; ++i) {
+        Part row;
+        read(row, rows + order.bigrams[i] * PART_WORDS);
+        containing &= row;
+        if (i % ROWS == ROWS - 1 && isEmpty(containing))
+            break;
+    }
+    for (std::size_t i = order.count; i < BigramOrder::BIGRAMS; ++i) {
+        Part row;
+        read(row, rows + order.bigrams[i] * PART_WORDS);
+        contained &= ~row;
+        if (i % ROWS == ROWS - 1 && isEmpty(contained))
+            break;
+    }
+    Part all;
+    read(all, found);
+    write(found, all | containing | contained);
+}
+
 template <std::size_t DIAGONALS>
 bool dropByObstaclesHere(std::uint64_t *texts, const DistanceTable &table, const std::uint64_t *rows)
 {
@@ -226,10 +253,16 @@ void unpackHere(std::uint64_t *rows, std::span<const CodeRows> codes, const std:
     unpack(rows, codes, planes, codeBits, length);
 }
 
-template <std::size_t... DIAGONALS>
-constexpr DistanceKernels kernelsHere(std::index_sequence<DIAGONALS...>)
+void addContainingHere(std::uint64_t *found, const std::uint64_t *texts, const BigramOrder &order,
+                       const std::uint64_t *rows)
 {
-    return {{dropByObstaclesHere<DIAGONALS>...}, dropByDistanceHere, unpackHere};
+    addContaining(found, texts, order, rows);
+}
+
+template <std::size_t... DIAGONALS>
+constexpr TextKernels kernelsHere(std::index_sequence<DIAGONALS...>)
+{
+    return {{dropByObstaclesHere<DIAGONALS>...}, dropByDistanceHere, unpackHere, addContainingHere};
 }
 
 #ifdef __x86_64__
@@ -253,26 +286,35 @@ template <std::size_t DIAGONALS>
     unpack(rows, codes, planes, codeBits, length);
 }
 
-template <std::size_t... DIAGONALS>
-constexpr DistanceKernels kernelsWithAvx2(std::index_sequence<DIAGONALS...>)
+[[gnu::target("avx2")]] void addContainingWithAvx2(std::uint64_t *found, const std::uint64_t *texts,
+                                                   const BigramOrder &order, const std::uint64_t *rows)
 {
-    return {{dropByObstaclesWithAvx2<DIAGONALS>...}, dropByDistanceWithAvx2, unpackWithAvx2};
+    addContaining(found, texts, order, rows);
+}
+
+template <std::size_t... DIAGONALS>
+constexpr TextKernels kernelsWithAvx2(std::index_sequence<DIAGONALS...>)
+{
+    return {{dropByObstaclesWithAvx2<DIAGONALS>...},
+            dropByDistanceWithAvx2,
+            unpackWithAvx2,
+            addContainingWithAvx2};
 }
 #endif
 
-using NumbersOfDiagonals = std::make_index_sequence<DistanceKernels::FEW_DIAGONALS + 1>;
+using NumbersOfDiagonals = std::make_index_sequence<TextKernels::FEW_DIAGONALS + 1>;
 
 } // namespace
 
-const DistanceKernels &fastestKernels()
+const TextKernels &fastestKernels()
 {
 #ifdef __x86_64__
-    static constexpr DistanceKernels WITH_AVX2 = kernelsWithAvx2(NumbersOfDiagonals());
+    static constexpr TextKernels WITH_AVX2 = kernelsWithAvx2(NumbersOfDiagonals());
     static const bool hasAvx2 = __builtin_cpu_supports("avx2") != 0;
     if (hasAvx2)
         return WITH_AVX2;
 #endif
-    static constexpr DistanceKernels HERE = kernelsHere(NumbersOfDiagonals());
+    static constexpr TextKernels HERE = kernelsHere(NumbersOfDiagonals());
     return HERE;
 }
 

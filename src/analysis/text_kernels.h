@@ -8,8 +8,8 @@
 
 namespace sonavo {
 
-// What CharacterPlaces does with the texts of one part of its index: many at a time, in the widest registers
-// that the processor has.
+// What CharacterPlaces and BigramRows do with the texts of one part of their index: all at a time, in the
+// widest registers that the processor has.
 
 /// Longer texts are neither indexed nor searched for.
 inline constexpr std::size_t LONGEST_PLACED = 128;
@@ -43,8 +43,17 @@ struct CodeRows
     std::size_t firstRow = 0;
 };
 
+/// In which order the rows of the bigrams (see bigramsOf()) of a text are looked at.
+struct BigramOrder
+{
+    static constexpr std::size_t BIGRAMS = 64;
+    /// Those that the text has, and behind them the others.
+    std::array<std::uint8_t, BIGRAMS> bigrams{};
+    std::size_t count = 0;
+};
+
 /// Functions for one kind of processor.
-struct DistanceKernels
+struct TextKernels
 {
     /// @param texts a set, from which some are dropped
     /// @param rows what unpack() has made
@@ -62,6 +71,13 @@ struct DistanceKernels
     /// Drops texts that are beyond the limit.
     Drop dropByDistance;
     Unpack unpack;
+    /// Adds texts that have all bigrams of another, and those that have no other bigrams.
+    /// @param found a set that they are added to
+    /// @param texts the set that they are taken from
+    /// @param rows for each bigram the set of texts that have it
+    using AddContaining = void (*)(std::uint64_t *found, const std::uint64_t *texts, const BigramOrder &order,
+                                   const std::uint64_t *rows);
+    AddContaining addContaining;
 
     [[nodiscard]] Drop dropByObstaclesFor(const DistanceTable &table) const
     {
@@ -70,6 +86,6 @@ struct DistanceKernels
 };
 
 /// Those for the processor that the program runs on. Any thread may ask.
-[[nodiscard]] const DistanceKernels &fastestKernels();
+[[nodiscard]] const TextKernels &fastestKernels();
 
 } // namespace sonavo
