@@ -9,6 +9,7 @@
 #include <algorithm>
 #include <atomic>
 #include <numeric>
+#include <string>
 #include <string_view>
 
 namespace sonavo {
@@ -42,16 +43,18 @@ public:
     {
         // Count, lay out, fill: one array holds all lists.
         const auto count = static_cast<Artist>(artists.size());
+        std::u32string memory;
         for (Artist artist = 0; artist < count; ++artist)
-            forEachArtistGram(textOf(artist), [this](std::uint32_t gram) { ++m_starts[gram]; });
+            forEachArtistGram(textOf(artist).widened(memory),
+                              [this](std::uint32_t gram) { ++m_starts[gram]; });
         std::partial_sum(m_starts.begin(), m_starts.end(), m_starts.begin());
         m_lists.resize(m_starts.back());
         for (Artist artist = count; artist-- > 0;)
-            forEachArtistGram(textOf(artist),
+            forEachArtistGram(textOf(artist).widened(memory),
                               [&](std::uint32_t gram) { m_lists[--m_starts[gram]] = artist; });
     }
 
-    [[nodiscard]] std::u32string_view textOf(Artist artist) const
+    [[nodiscard]] PackedText textOf(Artist artist) const
     {
         return artistOf(m_songs[m_artists.songsOf(artist).front()]);
     }
@@ -156,7 +159,7 @@ private:
         if (m_last - m_first < FEW)
             return false;
         m_lists.clear();
-        forEachArtistGram(m_grams.textOf(m_artist), [this](std::uint32_t gram) {
+        forEachArtistGram(m_grams.textOf(m_artist).widened(m_text), [this](std::uint32_t gram) {
             m_lists.push_back(m_grams.with(gram, m_first, m_last));
         });
         m_sizes.resize(m_lists.size());
@@ -191,8 +194,11 @@ private:
         if (m_readCharacters > MANY_CHARACTERS + MANY_CHARACTERS * songs / 32)
             return false;
         std::vector<Artist> &similar = m_artists.m_entries[m_artist].similar;
-        if (calculateSimilarity(m_grams.textOf(m_artist), m_grams.textOf(other), MATCH_ARTIST_SIMILARITY) >=
-            MATCH_ARTIST_SIMILARITY)
+        const double similarity =
+            visitBoth(m_grams.textOf(m_artist), m_grams.textOf(other), [](auto text, auto otherText) {
+                return calculateSimilarity(text, otherText, MATCH_ARTIST_SIMILARITY);
+            });
+        if (similarity >= MATCH_ARTIST_SIMILARITY)
             similar.push_back(other);
         return similar.size() <= MANY_SIMILAR + songs;
     }
@@ -206,6 +212,8 @@ private:
     /// Those whose length allows it.
     Artist m_first = 0;
     Artist m_last = 0;
+    /// Kept for its memory.
+    std::u32string m_text;
     DisjointGrams m_choice;
     std::vector<std::span<const Artist>> m_lists;
     std::vector<std::size_t> m_sizes;
@@ -249,9 +257,10 @@ void FurtherArtists::numberArtists(const FurtherSongs &songs)
                      [&](std::uint32_t a, std::uint32_t b) { return lengthOfId(a) < lengthOfId(b); });
     std::vector<Artist> artistOfId(order.size());
     m_entries.resize(order.size());
+    std::u32string memory;
     for (Artist artist = 0; artist < order.size(); ++artist) {
         artistOfId[order[artist]] = artist;
-        const std::u32string_view text = artistOf(songs[firstSongs[order[artist]]]);
+        const std::u32string_view text = artistOf(songs[firstSongs[order[artist]]]).widened(memory);
         m_entries[artist].length = static_cast<std::uint32_t>(text.size());
         m_pairBits.push_back(sonavo::pairBitsOf(text));
         m_counts.emplace_back(text);

@@ -140,7 +140,8 @@ void FurtherIndex::groupByArtistLength(const std::stop_token &stop)
     std::erase_if(m_byArtistLength, [](const ArtistLength &group) { return group.artists.isEmpty(); });
     (void)forEachInParallel(m_byArtistLength.size(), 1, stop, [this](std::size_t i) {
         m_byArtistLength[i].artists.place(MATCH_ARTIST_SIMILARITY, [this](const FurtherTexts::Text &text) {
-            return artistOf(m_songs[text.song]);
+            std::u32string memory;
+            return std::u32string(artistOf(m_songs[text.song]).widened(memory));
         });
     });
 }

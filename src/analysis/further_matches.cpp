@@ -140,7 +140,8 @@ void FurtherMatches::addWindowSearch(std::size_t place)
     const FurtherSong &song = m_index.songs()[m_song];
     WindowSearch search{place, m_song, m_window, m_way, {}, {}};
     if (m_way == Way::Window) {
-        search.texts.emplace_back(artistOf(song));
+        std::u32string memory;
+        search.texts.emplace_back(artistOf(song).widened(memory));
     } else {
         compareWithProposed(m_containingProposals);
         search.matches = m_matches;
