@@ -78,16 +78,27 @@ private:
 class FurtherArtists::Search
 {
 public:
-    /// @param listed how many similar artists all searches have found
-    Search(FurtherArtists &artists, const Grams &grams, std::atomic<std::size_t> &listed)
+    /// Of all searches together.
+    struct Totals
+    {
+        std::atomic<std::size_t> searched = 0;
+        /// Those whose similar artists were too many.
+        std::atomic<std::size_t> unknown = 0;
+        /// Similar artists that were found.
+        std::atomic<std::size_t> listed = 0;
+    };
+
+    Search(FurtherArtists &artists, const Grams &grams, Totals &totals)
         : m_artists(artists)
         , m_grams(grams)
-        , m_listed(listed)
+        , m_totals(totals)
         , m_lastSearches(artists.size(), UINT32_MAX)
     {}
 
     void run(Artist artist)
     {
+        if (areMostUnknown())
+            return;
         m_artist = artist;
         m_readCharacters = 0;
         const auto &entries = m_artists.m_entries;
@@ -108,7 +119,9 @@ public:
         // Limits the memory: where all artists are alike, the lists would grow with the square.
         const std::size_t mostListed = 32 * m_artists.size();
         entry.isKnown = (compareWithThoseOfGrams() || compareWithAll()) &&
-                        m_listed.fetch_add(entry.similar.size()) + entry.similar.size() <= mostListed;
+                        m_totals.listed.fetch_add(entry.similar.size()) + entry.similar.size() <= mostListed;
+        ++m_totals.searched;
+        m_totals.unknown += entry.isKnown ? 0U : 1U;
         if (!entry.isKnown)
             entry.similar = {};
         std::sort(entry.similar.begin(), entry.similar.end());
@@ -119,6 +132,13 @@ private:
     /// Artists that are compared at most, and more for each song of the artist.
     static constexpr std::size_t MOST_COMPARED = 16'384;
     static constexpr std::size_t MOST_COMPARED_PER_SONG = 64;
+
+    /// Where nearly all artists are alike, it is not worthwhile to find that out for each.
+    [[nodiscard]] bool areMostUnknown() const
+    {
+        constexpr std::size_t MANY = 1024;
+        return m_totals.unknown > MANY && m_totals.unknown * 2 > m_totals.searched;
+    }
 
     [[nodiscard]] bool isAffordable(std::size_t compared) const
     {
@@ -205,7 +225,7 @@ private:
 
     FurtherArtists &m_artists;
     const Grams &m_grams;
-    std::atomic<std::size_t> &m_listed;
+    Totals &m_totals;
     Artist m_artist = 0;
     /// Of others whose texts were read.
     std::size_t m_readCharacters = 0;
@@ -227,9 +247,9 @@ FurtherArtists::FurtherArtists(const FurtherSongs &songs, const std::stop_token 
     constexpr std::size_t ARTISTS_PER_PART = 64;
     numberArtists(songs);
     const Grams grams(*this, songs);
-    std::atomic<std::size_t> listed = 0;
+    Search::Totals totals;
     (void)forEachInParallel(
-        size(), ARTISTS_PER_PART, stop, [&](std::size_t) { return Search(*this, grams, listed); },
+        size(), ARTISTS_PER_PART, stop, [&](std::size_t) { return Search(*this, grams, totals); },
         [](Search &search, std::size_t artist) { search.run(static_cast<Artist>(artist)); });
     m_areAllKnown =
         std::all_of(m_entries.begin(), m_entries.end(), [](const Entry &entry) { return entry.isKnown; });

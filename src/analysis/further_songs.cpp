@@ -437,8 +437,7 @@ bool isTitleWord(std::u32string_view word)
 bool songsMatchFurther(const FurtherSong &a, const FurtherSong &b)
 {
     // The order changes only the speed: the sooner a condition fails, the less there is to do.
-    if (!(std::abs(a.duration - b.duration) <= MATCH_DURATION_DIFF) || !mayMatchFurther(a, b) ||
-        !artistsMatchFurther(a, b))
+    if (!(std::abs(a.duration - b.duration) <= MATCH_DURATION_DIFF) || !mayMatchFurther(a, b))
         return false;
     const TrackNumber number = comparedNumber(a, b);
     const auto areSimilar = [&] {
@@ -446,8 +445,8 @@ bool songsMatchFurther(const FurtherSong &a, const FurtherSong &b)
                (areFullTextsSimilarFurther(a, b, number, Tail::Kept) ||
                 (a.hasTail() != b.hasTail() && areFullTextsSimilarFurther(a, b, number, Tail::Dropped)));
     };
-    return (oneTitleContainsTheOther(a, b, number) || areSimilar()) && haveCompatibleNumbers(a, b, number) &&
-           haveTitleWordInCommon(a, b);
+    return (oneTitleContainsTheOther(a, b, number) || areSimilar()) && artistsMatchFurther(a, b) &&
+           haveCompatibleNumbers(a, b, number) && haveTitleWordInCommon(a, b);
 }
 
 bool mayMatchFurther(const FurtherSong &a, const FurtherSong &b)

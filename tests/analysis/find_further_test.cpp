@@ -220,6 +220,11 @@ TEST(FurtherMatches, FindsEverySongThatMatches)
         EXPECT_EQ(matchesOfAll(index, Removed::Included), expected);
         index.placeTexts({});
         EXPECT_EQ(matchesOfAll(index, Removed::Included), expected);
+        FurtherMatches(index).forEachCheapMatches(
+            index.artists().songs(), SIZE_MAX,
+            [&](std::size_t i, std::span<const FurtherSongs::Position> found) {
+                EXPECT_THAT(found, testing::UnorderedElementsAreArray(expected[index.artists().songs()[i]]));
+            });
         for (FurtherSongs::Position song = 0; song < songs.size(); song += 4)
             index.remove(song);
         EXPECT_EQ(matchesOfAll(index, Removed::Included), expected);
