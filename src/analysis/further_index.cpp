@@ -226,7 +226,7 @@ void FurtherIndex::countKeys()
 
 void FurtherIndex::chooseGrams(std::span<const Position> songs)
 {
-    constexpr std::size_t MANY_KEYS = 64;
+    constexpr std::size_t MANY_KEYS = 48;
     constexpr std::size_t SAMPLES = 1024;
     const std::size_t step = 1 + songs.size() / SAMPLES;
     std::size_t sampled = 0;
@@ -234,8 +234,9 @@ void FurtherIndex::chooseGrams(std::span<const Position> songs)
     FurtherKeys keys;
     for (std::size_t i = 0; i < songs.size(); i += step, ++sampled)
         forEachKeyOf(songs[i], keys, [&keyCount](FurtherKeys::Hash) { ++keyCount; });
-    // With half of them, a text still has enough that do not overlap.
-    m_gramMask = keyCount > MANY_KEYS * sampled ? 1 : 0;
+    // With a quarter of them, most texts still have enough that do not overlap.
+    while (m_gramMask < 3 && keyCount > MANY_KEYS * sampled * (m_gramMask + 1))
+        m_gramMask = 2 * m_gramMask + 1;
 }
 
 void FurtherIndex::fillBlock(FurtherKeys &keys, std::size_t block)
