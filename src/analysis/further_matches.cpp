@@ -94,10 +94,12 @@ std::size_t FurtherMatches::chooseWay()
     const std::size_t count = m_areArtistsKnown ? m_groupedCount : m_window.end - m_window.begin;
     const std::size_t cost = m_areArtistsKnown ? count / 3 : costOfWindow();
     m_way = m_areArtistsKnown ? Way::SimilarArtists : Way::Window;
-    const bool isPlaced =
-        !m_index.byTextLength().empty() && m_index.songs()[m_song].wholeLength <= LONGEST_PLACED;
+    const std::size_t length = m_index.songs()[m_song].wholeLength;
+    const bool isPlaced = !m_index.byTextLength().empty() && length <= LONGEST_PLACED;
+    // Choosing keys takes time with the square of the length.
     const std::size_t few =
-        isPlaced && !m_areArtistsKnown ? std::min(FEW_COMPARED, m_index.fewSongs()) : m_index.fewSongs();
+        length * length / 32 +
+        (isPlaced && !m_areArtistsKnown ? std::min(FEW_COMPARED, m_index.fewSongs()) : m_index.fewSongs());
     if (!m_index.hasKeysFor(self) || count <= few)
         return cost;
     propose();

@@ -9,6 +9,7 @@
 
 #include <algorithm>
 #include <cmath>
+#include <cstring>
 #include <functional>
 #include <span>
 #include <utility>
@@ -244,6 +245,21 @@ bool oneTitleContainsTheOther(const FurtherSong &a, const FurtherSong &b, TrackN
                      });
 }
 
+bool hasFinePairs(const FurtherSong &song)
+{
+    constexpr std::uint32_t LONG = 256;
+    return song.wholeLength > LONG && !song.isWide;
+}
+
+/// Those of artist and title joined; they are kept behind the text.
+FinePairCounts finePairsOf(const FurtherSong &song)
+{
+    FinePairCounts pairs;
+    std::memcpy(&pairs, static_cast<const char *>(song.text) + song.wholeLength + song.guestsLength,
+                sizeof pairs);
+    return pairs;
+}
+
 /// A quick test before areFullTextsSimilarFurther(), with or without track numbers and tails.
 bool mayFullTextsBeSimilar(const FurtherSong &a, const FurtherSong &b)
 {
@@ -251,7 +267,9 @@ bool mayFullTextsBeSimilar(const FurtherSong &a, const FurtherSong &b)
     const bool isWithin = a.isNumbered() <= b.isNumbered() && a.hasTail() <= b.hasTail();
     const bool isWithout = b.isNumbered() <= a.isNumbered() && b.hasTail() <= a.hasTail();
     if (isWithin && isWithout)
-        return mayBeWithin(limit, a.wholeLength, b.wholeLength, a.pairs, b.pairs);
+        return mayBeWithin(limit, a.wholeLength, b.wholeLength, a.pairs, b.pairs) &&
+               (!hasFinePairs(a) || !hasFinePairs(b) ||
+                mayBeWithin(limit, a.wholeLength, b.wholeLength, finePairsOf(a), finePairsOf(b)));
     // The counts of longer texts may have reached their limits.
     const bool isLong = std::max(a.wholeLength, b.wholeLength) > UINT8_MAX;
     if (isLong || (!isWithin && !isWithout))
@@ -343,6 +361,7 @@ public:
         forEachNumber(
             std::u32string_view(title).substr(0, prepared.numberLength),
             [&](std::u32string_view number) { prepared.trackNumberBit = numberBitOf(number) & 0x3F; });
+        const FinePairCounts finePairs(text);
         text.append(guests, 0, prepared.guestsLength);
         prepared.isWide =
             std::any_of(text.begin(), text.end(), [](char32_t character) { return character >= 0x80; });
@@ -350,6 +369,8 @@ public:
             m_texts.others += text;
         else
             m_texts.ascii.append(text.begin(), text.end());
+        if (hasFinePairs(prepared))
+            m_texts.ascii.append(reinterpret_cast<const char *>(&finePairs), sizeof finePairs);
         return true;
     }
 
@@ -369,7 +390,8 @@ public:
         const char *ascii = texts.ascii.data();
         const char32_t *other = texts.others.data();
         for (FurtherSong &song : songs) {
-            const std::uint32_t length = song.wholeLength + song.guestsLength;
+            const std::size_t length =
+                song.wholeLength + song.guestsLength + (hasFinePairs(song) ? sizeof(FinePairCounts) : 0);
             if (song.isWide)
                 song.text = std::exchange(other, other + length);
             else

@@ -38,6 +38,25 @@ RC_GTEST_PROP(FindFurther, AgreesWithTheDirectWay, ())
     RC_ASSERT(areAlike(further(songs), direct::findFurther(songs)));
 }
 
+/// Titles of very many words that are all of the same few, and copies with about as many typing errors as are
+/// allowed.
+QList<Song> wordyTitles()
+{
+    constexpr int LENGTH = 300;
+    RandomSource random(8);
+    QList<Song> songs;
+    for (int i = 0; i < 24; ++i) {
+        QString title = i % 4 == 0 ? QString() : songs[i / 4 * 4].title;
+        while (title.size() < LENGTH)
+            title += QStringList{u"night "_s, u"song "_s, u"in "_s, u"rome "_s}[qsizetype(random.below(4))];
+        for (std::size_t edits = i % 4 == 0 ? 0 : random.between(24, 40); edits > 0; --edits)
+            title[qsizetype(random.below(LENGTH))] = QChar(u'a' + char16_t(random.below(26)));
+        songs << songOf(u"Queen"_s, title);
+        songs.last().size = i * 7 % 24;
+    }
+    return songs;
+}
+
 TEST(FindFurther, AgreesWithTheDirectWayOnLibrariesAsUsersHaveThem)
 {
     // Many of the last are similar to more others than are counted, in windows of playing times that overlap.
@@ -64,7 +83,7 @@ TEST(FindFurther, AgreesWithTheDirectWayOnLibrariesAsUsersHaveThem)
         artist[7 + i % 5] = QChar(u'a' + i % 11);
         bands << songOf(artist, u"Night %1 Song %2"_s.arg(i % 12).arg(i % 4), 180.0 + 0.1 * (i * 37 % 60));
     }
-    QList<QList<Song>> libraries{dense, covers, bands};
+    QList<QList<Song>> libraries{dense, covers, bands, wordyTitles()};
     for (const LibraryKind kind : {LibraryKind::Realistic, LibraryKind::NumberedTracks,
                                    LibraryKind::OneArtist, LibraryKind::TenSeconds})
         libraries << generateLibrary({.songs = 120, .kind = kind, .seed = 7});
