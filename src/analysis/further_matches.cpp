@@ -96,10 +96,10 @@ std::size_t FurtherMatches::chooseWay()
     m_way = m_areArtistsKnown ? Way::SimilarArtists : Way::Window;
     const std::size_t length = m_index.songs()[m_song].wholeLength;
     const bool isPlaced = !m_index.byTextLength().empty() && length <= LONGEST_PLACED;
-    // Choosing keys takes time with the square of the length.
-    const std::size_t few =
-        length * length / 32 +
-        (isPlaced && !m_areArtistsKnown ? std::min(FEW_COMPARED, m_index.fewSongs()) : m_index.fewSongs());
+    // Choosing keys takes time with the square of the length. Songs of unknown artists are compared more
+    // slowly.
+    const std::size_t few = isPlaced && !m_areArtistsKnown ? std::min(FEW_COMPARED, m_index.fewSongs())
+                                                           : m_index.fewSongs() + length * length / 32;
     if (!m_index.hasKeysFor(self) || count <= few)
         return cost;
     propose();
