@@ -361,7 +361,6 @@ public:
         forEachNumber(
             std::u32string_view(title).substr(0, prepared.numberLength),
             [&](std::u32string_view number) { prepared.trackNumberBit = numberBitOf(number) & 0x3F; });
-        const FinePairCounts finePairs(text);
         text.append(guests, 0, prepared.guestsLength);
         prepared.isWide =
             std::any_of(text.begin(), text.end(), [](char32_t character) { return character >= 0x80; });
@@ -369,8 +368,10 @@ public:
             m_texts.others += text;
         else
             m_texts.ascii.append(text.begin(), text.end());
-        if (hasFinePairs(prepared))
-            m_texts.ascii.append(reinterpret_cast<const char *>(&finePairs), sizeof finePairs);
+        if (hasFinePairs(prepared)) {
+            const FinePairCounts pairs(std::u32string_view(text).substr(0, prepared.wholeLength));
+            m_texts.ascii.append(reinterpret_cast<const char *>(&pairs), sizeof pairs);
+        }
         return true;
     }
 
