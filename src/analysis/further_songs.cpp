@@ -260,6 +260,12 @@ FinePairCounts finePairsOf(const FurtherSong &song)
     return pairs;
 }
 
+/// On its own, so that the test of all other texts stays small.
+[[gnu::noinline]] bool mayLongTextsBeWithin(std::size_t limit, const FurtherSong &a, const FurtherSong &b)
+{
+    return mayBeWithin(limit, a.wholeLength, b.wholeLength, finePairsOf(a), finePairsOf(b));
+}
+
 /// A quick test before areFullTextsSimilarFurther(), with or without track numbers and tails.
 bool mayFullTextsBeSimilar(const FurtherSong &a, const FurtherSong &b)
 {
@@ -268,8 +274,7 @@ bool mayFullTextsBeSimilar(const FurtherSong &a, const FurtherSong &b)
     const bool isWithout = b.isNumbered() <= a.isNumbered() && b.hasTail() <= a.hasTail();
     if (isWithin && isWithout)
         return mayBeWithin(limit, a.wholeLength, b.wholeLength, a.pairs, b.pairs) &&
-               (!hasFinePairs(a) || !hasFinePairs(b) ||
-                mayBeWithin(limit, a.wholeLength, b.wholeLength, finePairsOf(a), finePairsOf(b)));
+               (!hasFinePairs(a) || !hasFinePairs(b) || mayLongTextsBeWithin(limit, a, b));
     // The counts of longer texts may have reached their limits.
     const bool isLong = std::max(a.wholeLength, b.wholeLength) > UINT8_MAX;
     if (isLong || (!isWithin && !isWithout))
