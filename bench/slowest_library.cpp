@@ -3,6 +3,7 @@
 #include "bench/goal.h"
 #include "generators/library_generator.h"
 #include "generators/random_source.h"
+#include "import/song_reading.h"
 
 #include <QUuid>
 
@@ -110,6 +111,20 @@ constexpr std::array BEGINNINGS{
     // The same with digits
     Shape{
         .artist = {6, 0, 7, 1, 6}, .title = {0, 2, 0, 1, 0}, .seconds = 1, .name = 0, .copies = 0, .seed = 2},
+    // Both are long and nearly alike
+    Shape{.artist = {6, 3, 11, 1, 4},
+          .title = {6, 4, 7, 3, 5},
+          .seconds = 7,
+          .name = 0,
+          .copies = 0,
+          .seed = 8},
+    // Both are as long as they get
+    Shape{.artist = {6, 3, 14, 1, 4},
+          .title = {6, 4, 15, 3, 7},
+          .seconds = 7,
+          .name = 0,
+          .copies = 0,
+          .seed = 9},
 };
 
 struct Choice
@@ -182,8 +197,11 @@ public:
         const std::size_t number = m_made++ % distinct;
         if (number < m_texts.size())
             return m_texts[number];
-        m_texts.push_back((m_common + ending(number)).trimmed());
-        return m_texts.back();
+        const QString text = (m_common + ending(number)).trimmed();
+        // More than a library has songs are not needed again.
+        if (distinct < std::size_t{DISTINCT.back()})
+            m_texts.push_back(text);
+        return text;
     }
 
 private:
@@ -232,9 +250,18 @@ QString fileNameOf(int style, const Song &song, std::size_t number)
     }
 }
 
+/// The same song as a scan makes it, if it can be read from a file name: texts share the memory of the path.
+Song asScanned(SongBuilder &builder, const Song &song)
+{
+    Song scanned = builder.build(song.path, {.duration = song.duration, .size = song.size});
+    scanned.id = song.id;
+    return scanned.artist == song.artist && scanned.title == song.title ? scanned : song;
+}
+
 QList<Song> libraryOf(const Shape &shape, std::size_t count)
 {
     RandomSource random(shape.seed);
+    SongBuilder builder;
     TextMaker artists(shape.artist, random);
     TextMaker titles(shape.title, random);
     const auto copies = static_cast<std::size_t>(valueOf(COPIES, shape.copies));
@@ -253,7 +280,7 @@ QList<Song> libraryOf(const Shape &shape, std::size_t count)
         song.id = QUuid(static_cast<uint>(i), 0, 0, 0, 0, 0, 0, 0, 0, 0, 0);
         song.path = QStringLiteral("/music/%1/").arg(i) + song.name;
         song.size = static_cast<qint64>(random.below(10'000'000));
-        songs.append(song);
+        songs.append(asScanned(builder, song));
     }
     return songs;
 }

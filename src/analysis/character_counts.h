@@ -8,11 +8,12 @@
 
 namespace sonavo {
 
-/// Puts pairs of characters into 64 groups. Multiplicative hashing (D. E. Knuth, "The Art of Computer
+/// Puts pairs of characters into 2^BITS groups. Multiplicative hashing (D. E. Knuth, "The Art of Computer
 /// Programming", volume 3, section 6.4).
+template <int BITS = 6>
 [[nodiscard]] constexpr std::uint32_t groupOfPair(char32_t first, char32_t second)
 {
-    return (first << 16 ^ second) * 2654435769U >> 26;
+    return (first << 16 ^ second) * 2654435769U >> (32 - BITS);
 }
 
 /// One bit for each group of which a text has pairs of neighbouring characters. An edit changes at most four
@@ -67,18 +68,22 @@ public:
 
 /// Pairs of neighbouring characters. An insertion or deletion changes the difference by at most three, a
 /// substitution by at most four.
-class PairCounts : public GroupCounts<64>
+template <int BITS>
+class BasicPairCounts : public GroupCounts<std::size_t{1} << BITS>
 {
 public:
     static constexpr std::size_t MOST_PER_EDIT = 4;
 
-    PairCounts() = default;
-    explicit PairCounts(std::u32string_view text)
+    BasicPairCounts() = default;
+    explicit BasicPairCounts(std::u32string_view text)
     {
         for (std::size_t i = 1; i < text.size(); ++i)
-            add(groupOfPair(text[i - 1], text[i]));
+            this->add(groupOfPair<BITS>(text[i - 1], text[i]));
     }
 };
+using PairCounts = BasicPairCounts<6>;
+/// For long texts, which have some of nearly all groups of the others.
+using FinePairCounts = BasicPairCounts<8>;
 
 /// A quick test before levenshteinDistance(): false only for texts whose distance is above `limit`.
 /// @tparam Counts CharacterCounts or PairCounts

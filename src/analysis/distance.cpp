@@ -4,6 +4,8 @@
 
 #include <algorithm>
 #include <array>
+#include <bit>
+#include <type_traits>
 #include <vector>
 
 namespace sonavo {
@@ -20,6 +22,10 @@ class RowsOfCharacters<char, MOST>
 {
 public:
     void add(char character, std::size_t row) { m_rows[symbolOf(character)] |= std::uint64_t{1} << row; }
+    void remove(char character, std::size_t row)
+    {
+        m_rows[symbolOf(character)] &= ~(std::uint64_t{1} << row);
+    }
     [[nodiscard]] std::uint64_t operator[](char character) const { return m_rows[symbolOf(character)]; }
 
 private:
@@ -124,6 +130,45 @@ std::size_t distanceInOneBlock(TextView<Character> rows, TextView<Character> col
     return distance;
 }
 
+/// For limits below WORD_BITS: the cells that so few edits can reach are a band of limit + 1 diagonals at
+/// most, so a column of it fits into one word, which moves down by a row from column to column.
+/// @param rows the shorter text
+/// @param limit at least the difference of the lengths
+std::size_t distanceInBand(TextView<char> rows, TextView<char> columns, std::size_t limit)
+{
+    const std::size_t surplus = columns.size() - rows.size();
+    // Diagonals that matter on either side of those from the first cell to the last.
+    const std::size_t margin = (limit - surplus) / 2;
+    const std::size_t above = surplus + margin;
+    // For each character the rows of the band in which it stands, by their number modulo WORD_BITS.
+    RowsOfCharacters<char> positions;
+    for (std::size_t row = 0; row < std::min(margin, rows.size()); ++row)
+        positions.add(rows[row], row);
+
+    // The first row is that many bits from the top of the first column's band; what is above does not count.
+    Column column{~std::uint64_t{0} << above, 0};
+    std::size_t distance = 0;
+    for (std::size_t i = 0; i < columns.size(); ++i) {
+        if (i > above)
+            positions.remove(rows[i - above - 1], (i - above - 1) % WORD_BITS);
+        if (i + margin < rows.size())
+            positions.add(rows[i + margin], (i + margin) % WORD_BITS);
+        const std::uint64_t equal =
+            std::rotr(positions[columns[i]], static_cast<int>((i - above) % WORD_BITS));
+        const std::uint64_t diagonal =
+            (((equal & column.increases) + column.increases) ^ column.increases) | equal | column.decreases;
+        const std::uint64_t more = column.decreases | ~(diagonal | column.increases);
+        const std::uint64_t less = column.increases & diagonal;
+        column.increases = less | ~(diagonal >> 1 | more);
+        column.decreases = more & diagonal >> 1;
+        // On the diagonal of the last cell, no cell is less than the one before.
+        distance += 1 - (diagonal >> margin & 1);
+        if (distance > limit)
+            return limit + 1;
+    }
+    return distance;
+}
+
 template <typename Character>
 std::size_t distanceInBlocks(TextView<Character> rows, TextView<Character> columns, std::size_t limit)
 {
@@ -164,6 +209,10 @@ std::size_t distanceWithin(TextView<Character> a, TextView<Character> b, std::si
     constexpr std::size_t FEW = 8;
     if (a.size() <= FEW)
         return distanceInOneBlock<FEW>(a, b, limit);
+    if constexpr (std::is_same_v<Character, char>) {
+        if (limit < WORD_BITS)
+            return distanceInBand(a, b, limit);
+    }
     return a.size() <= WORD_BITS ? distanceInOneBlock<WORD_BITS>(a, b, limit) : distanceInBlocks(a, b, limit);
 }
 

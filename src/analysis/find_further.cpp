@@ -11,6 +11,7 @@
 #include <atomic>
 #include <limits>
 #include <memory>
+#include <numeric>
 #include <span>
 #include <thread>
 #include <utility>
@@ -23,9 +24,7 @@ using Position = FurtherSongs::Position;
 /// A centre and the songs that match it, in the order of the list.
 using Star = std::vector<Position>;
 
-/// Songs that a thread takes at a time where they are cheap, and songs or centres from one report to the
-/// next.
-constexpr std::size_t SONGS_PER_PART = 512;
+/// Songs or centres from one report to the next.
 constexpr std::size_t SONGS_PER_REPORT = 64;
 constexpr std::size_t CENTRES_PER_REPORT = 128;
 
@@ -195,13 +194,39 @@ private:
 
     bool countCheapSongs()
     {
-        // Songs of one artist in a row, so that what is read of them stays in the processor's caches.
-        const std::vector<Position> &songs = m_index.artists().songs();
-        return findInParallel(songs.size(), SONGS_PER_PART, [&](FurtherMatches &matches, std::size_t i) {
-            const Position song = songs[i];
-            if (const auto found = matches.matchesIfCheap(song, MOST_MATCHES_COUNTED))
-                setCount(song, *found);
+        // Songs of one artist, or of one window, in a row, so that what is read of them stays in the
+        // processor's caches.
+        std::vector<Position> songs = m_index.artists().songs();
+        if (areTextsWorthwhile()) {
+            m_index.placeTexts(m_stop);
+            std::iota(songs.begin(), songs.end(), Position{0});
+        }
+        const std::size_t partCount = (songs.size() + MOST_TOGETHER - 1) / MOST_TOGETHER;
+        return findInParallel(partCount, 1, [&](FurtherMatches &matches, std::size_t part) {
+            const std::size_t begin = part * MOST_TOGETHER;
+            const auto some = std::span(songs).subspan(begin, std::min(MOST_TOGETHER, songs.size() - begin));
+            matches.forEachCheapMatches(
+                some, MOST_MATCHES_COUNTED,
+                [&](std::size_t i, std::span<const Position> found) { setCount(some[i], found); });
         });
+    }
+
+    /// Whether so many songs of unlike texts would be compared that indexing the texts takes less time.
+    bool areTextsWorthwhile()
+    {
+        constexpr std::size_t SAMPLES = 256;
+        constexpr std::size_t MANY_COMPARED = 64;
+        const std::size_t count = m_index.songs().size();
+        if (count < SAMPLES)
+            return false;
+        FurtherMatches matches(m_index);
+        std::size_t cost = 0;
+        for (std::size_t i = 0; i < SAMPLES; ++i) {
+            const auto song = static_cast<Position>(i * count / SAMPLES);
+            if (m_index.songs()[song].wholeLength <= LONGEST_PLACED)
+                cost += matches.comparedInWindow(song);
+        }
+        return cost > MANY_COMPARED * SAMPLES;
     }
 
     bool takeCentresOfMost()
@@ -209,7 +234,7 @@ private:
         const std::vector<Position> songs = songsOfMost();
         const auto expensive = std::count_if(songs.begin(), songs.end(),
                                              [this](Position song) { return !m_counts.isCounted(song); });
-        if (static_cast<std::size_t>(expensive) >= MANY_EXPENSIVE)
+        if (static_cast<std::size_t>(expensive) >= MANY_EXPENSIVE && m_index.byTextLength().empty())
             m_index.placeTexts(m_stop);
         BatchSize batchSize(LEAST_COUNTED);
         for (auto begin = songs.begin(); begin != songs.end();) {

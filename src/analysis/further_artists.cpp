@@ -9,6 +9,7 @@
 #include <algorithm>
 #include <atomic>
 #include <numeric>
+#include <string>
 #include <string_view>
 
 namespace sonavo {
@@ -42,16 +43,18 @@ public:
     {
         // Count, lay out, fill: one array holds all lists.
         const auto count = static_cast<Artist>(artists.size());
+        std::u32string memory;
         for (Artist artist = 0; artist < count; ++artist)
-            forEachArtistGram(textOf(artist), [this](std::uint32_t gram) { ++m_starts[gram]; });
+            forEachArtistGram(textOf(artist).widened(memory),
+                              [this](std::uint32_t gram) { ++m_starts[gram]; });
         std::partial_sum(m_starts.begin(), m_starts.end(), m_starts.begin());
         m_lists.resize(m_starts.back());
         for (Artist artist = count; artist-- > 0;)
-            forEachArtistGram(textOf(artist),
+            forEachArtistGram(textOf(artist).widened(memory),
                               [&](std::uint32_t gram) { m_lists[--m_starts[gram]] = artist; });
     }
 
-    [[nodiscard]] std::u32string_view textOf(Artist artist) const
+    [[nodiscard]] PackedText textOf(Artist artist) const
     {
         return artistOf(m_songs[m_artists.songsOf(artist).front()]);
     }
@@ -75,16 +78,27 @@ private:
 class FurtherArtists::Search
 {
 public:
-    /// @param listed how many similar artists all searches have found
-    Search(FurtherArtists &artists, const Grams &grams, std::atomic<std::size_t> &listed)
+    /// Of all searches together.
+    struct Totals
+    {
+        std::atomic<std::size_t> searched = 0;
+        /// Those whose similar artists were too many.
+        std::atomic<std::size_t> unknown = 0;
+        /// Similar artists that were found.
+        std::atomic<std::size_t> listed = 0;
+    };
+
+    Search(FurtherArtists &artists, const Grams &grams, Totals &totals)
         : m_artists(artists)
         , m_grams(grams)
-        , m_listed(listed)
+        , m_totals(totals)
         , m_lastSearches(artists.size(), UINT32_MAX)
     {}
 
     void run(Artist artist)
     {
+        if (areMostUnknown())
+            return;
         m_artist = artist;
         m_readCharacters = 0;
         const auto &entries = m_artists.m_entries;
@@ -105,7 +119,9 @@ public:
         // Limits the memory: where all artists are alike, the lists would grow with the square.
         const std::size_t mostListed = 32 * m_artists.size();
         entry.isKnown = (compareWithThoseOfGrams() || compareWithAll()) &&
-                        m_listed.fetch_add(entry.similar.size()) + entry.similar.size() <= mostListed;
+                        m_totals.listed.fetch_add(entry.similar.size()) + entry.similar.size() <= mostListed;
+        ++m_totals.searched;
+        m_totals.unknown += entry.isKnown ? 0U : 1U;
         if (!entry.isKnown)
             entry.similar = {};
         std::sort(entry.similar.begin(), entry.similar.end());
@@ -116,6 +132,13 @@ private:
     /// Artists that are compared at most, and more for each song of the artist.
     static constexpr std::size_t MOST_COMPARED = 16'384;
     static constexpr std::size_t MOST_COMPARED_PER_SONG = 64;
+
+    /// Where nearly all artists are alike, it is not worthwhile to find that out for each.
+    [[nodiscard]] bool areMostUnknown() const
+    {
+        constexpr std::size_t MANY = 1024;
+        return m_totals.unknown > MANY && m_totals.unknown * 2 > m_totals.searched;
+    }
 
     [[nodiscard]] bool isAffordable(std::size_t compared) const
     {
@@ -156,7 +179,7 @@ private:
         if (m_last - m_first < FEW)
             return false;
         m_lists.clear();
-        forEachArtistGram(m_grams.textOf(m_artist), [this](std::uint32_t gram) {
+        forEachArtistGram(m_grams.textOf(m_artist).widened(m_text), [this](std::uint32_t gram) {
             m_lists.push_back(m_grams.with(gram, m_first, m_last));
         });
         m_sizes.resize(m_lists.size());
@@ -191,21 +214,26 @@ private:
         if (m_readCharacters > MANY_CHARACTERS + MANY_CHARACTERS * songs / 32)
             return false;
         std::vector<Artist> &similar = m_artists.m_entries[m_artist].similar;
-        if (calculateSimilarity(m_grams.textOf(m_artist), m_grams.textOf(other), MATCH_ARTIST_SIMILARITY) >=
-            MATCH_ARTIST_SIMILARITY)
+        const double similarity =
+            visitBoth(m_grams.textOf(m_artist), m_grams.textOf(other), [](auto text, auto otherText) {
+                return calculateSimilarity(text, otherText, MATCH_ARTIST_SIMILARITY);
+            });
+        if (similarity >= MATCH_ARTIST_SIMILARITY)
             similar.push_back(other);
         return similar.size() <= MANY_SIMILAR + songs;
     }
 
     FurtherArtists &m_artists;
     const Grams &m_grams;
-    std::atomic<std::size_t> &m_listed;
+    Totals &m_totals;
     Artist m_artist = 0;
     /// Of others whose texts were read.
     std::size_t m_readCharacters = 0;
     /// Those whose length allows it.
     Artist m_first = 0;
     Artist m_last = 0;
+    /// Kept for its memory.
+    std::u32string m_text;
     DisjointGrams m_choice;
     std::vector<std::span<const Artist>> m_lists;
     std::vector<std::size_t> m_sizes;
@@ -219,9 +247,9 @@ FurtherArtists::FurtherArtists(const FurtherSongs &songs, const std::stop_token 
     constexpr std::size_t ARTISTS_PER_PART = 64;
     numberArtists(songs);
     const Grams grams(*this, songs);
-    std::atomic<std::size_t> listed = 0;
+    Search::Totals totals;
     (void)forEachInParallel(
-        size(), ARTISTS_PER_PART, stop, [&](std::size_t) { return Search(*this, grams, listed); },
+        size(), ARTISTS_PER_PART, stop, [&](std::size_t) { return Search(*this, grams, totals); },
         [](Search &search, std::size_t artist) { search.run(static_cast<Artist>(artist)); });
     m_areAllKnown =
         std::all_of(m_entries.begin(), m_entries.end(), [](const Entry &entry) { return entry.isKnown; });
@@ -249,9 +277,10 @@ void FurtherArtists::numberArtists(const FurtherSongs &songs)
                      [&](std::uint32_t a, std::uint32_t b) { return lengthOfId(a) < lengthOfId(b); });
     std::vector<Artist> artistOfId(order.size());
     m_entries.resize(order.size());
+    std::u32string memory;
     for (Artist artist = 0; artist < order.size(); ++artist) {
         artistOfId[order[artist]] = artist;
-        const std::u32string_view text = artistOf(songs[firstSongs[order[artist]]]);
+        const std::u32string_view text = artistOf(songs[firstSongs[order[artist]]]).widened(memory);
         m_entries[artist].length = static_cast<std::uint32_t>(text.size());
         m_pairBits.push_back(sonavo::pairBitsOf(text));
         m_counts.emplace_back(text);

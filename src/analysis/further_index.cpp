@@ -140,7 +140,8 @@ void FurtherIndex::groupByArtistLength(const std::stop_token &stop)
     std::erase_if(m_byArtistLength, [](const ArtistLength &group) { return group.artists.isEmpty(); });
     (void)forEachInParallel(m_byArtistLength.size(), 1, stop, [this](std::size_t i) {
         m_byArtistLength[i].artists.place(MATCH_ARTIST_SIMILARITY, [this](const FurtherTexts::Text &text) {
-            return artistOf(m_songs[text.song]);
+            std::u32string memory;
+            return std::u32string(artistOf(m_songs[text.song]).widened(memory));
         });
     });
 }
@@ -225,7 +226,7 @@ void FurtherIndex::countKeys()
 
 void FurtherIndex::chooseGrams(std::span<const Position> songs)
 {
-    constexpr std::size_t MANY_KEYS = 64;
+    constexpr std::size_t MANY_KEYS = 48;
     constexpr std::size_t SAMPLES = 1024;
     const std::size_t step = 1 + songs.size() / SAMPLES;
     std::size_t sampled = 0;
@@ -233,8 +234,9 @@ void FurtherIndex::chooseGrams(std::span<const Position> songs)
     FurtherKeys keys;
     for (std::size_t i = 0; i < songs.size(); i += step, ++sampled)
         forEachKeyOf(songs[i], keys, [&keyCount](FurtherKeys::Hash) { ++keyCount; });
-    // With half of them, a text still has enough that do not overlap.
-    m_gramMask = keyCount > MANY_KEYS * sampled ? 1 : 0;
+    // With a quarter of them, most texts still have enough that do not overlap.
+    while (m_gramMask < 3 && keyCount > MANY_KEYS * sampled * (m_gramMask + 1))
+        m_gramMask = 2 * m_gramMask + 1;
 }
 
 void FurtherIndex::fillBlock(FurtherKeys &keys, std::size_t block)

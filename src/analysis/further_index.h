@@ -42,7 +42,8 @@ public:
 
     /// Under the keys of FurtherKeys, in the family of the artist (see FurtherArtists).
     [[nodiscard]] const WindowIndex &byKey() const { return m_byKey; }
-    /// Whether a gram is a key: where songs have many keys, only half of the grams are. All words are.
+    /// Whether a gram is a key: where songs have many keys, only a half or a quarter of the grams are. All
+    /// words are.
     [[nodiscard]] bool isKey(FurtherKeys::Hash gram) const
     {
         constexpr FurtherKeys::Hash MULTIPLIER = 0x9FB21C651E98DF25;
@@ -97,7 +98,7 @@ private:
     std::vector<char> m_hasKeysFor;
     std::vector<char> m_hasKeys;
     WindowIndex m_byKey;
-    /// Which bits of a gram's hash are zero in those that are keys: one, or none where all are.
+    /// Which bits of a gram's hash are zero in those that are keys: two, one, or none where all are.
     FurtherKeys::Hash m_gramMask = 0;
     std::vector<bool> m_hasTitle;
     std::vector<ArtistLength> m_byArtistLength;

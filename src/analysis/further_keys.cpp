@@ -27,11 +27,12 @@ constexpr Hash hashedWith(Hash hash, char32_t character)
     return (hash ^ character) * 1099511628211ULL;
 }
 
-Hash hashOf(KeyKind kind, std::u32string_view text)
+template <typename Character>
+Hash hashOf(KeyKind kind, std::basic_string_view<Character> text)
 {
     auto hash = static_cast<Hash>(kind);
-    for (const char32_t character : text)
-        hash = hashedWith(hash, character);
+    for (const Character character : text)
+        hash = hashedWith(hash, static_cast<char32_t>(character));
     return hash;
 }
 
@@ -40,6 +41,7 @@ Hash hashOf(KeyKind kind, std::u32string_view text)
 void FurtherKeys::read(const FurtherSong &song, TrackNumber number, std::uint32_t family)
 {
     m_song = &song;
+    m_title = titleOf(song, TrackNumber::Kept, Tail::Kept).widened(m_text);
     readGrams(number);
     readWords();
     readScopes(number, family);
@@ -56,13 +58,12 @@ void FurtherKeys::readGrams(TrackNumber number)
     for (std::size_t i = 0; i + GRAM_LENGTH <= m_text.size(); ++i)
         m_grams.push_back(hashOf(KeyKind::Gram, std::u32string_view(m_text).substr(i, GRAM_LENGTH)));
     m_gramsBeforeTail = m_grams.size() - std::min<std::size_t>(m_song->tailLength, m_grams.size());
-    const std::size_t titleLength = titleOf(*m_song, TrackNumber::Dropped, Tail::Kept).size();
-    m_gramsOfTitle = std::max(titleLength + 2, GRAM_LENGTH) - GRAM_LENGTH;
+    m_gramsOfTitle = std::max(m_title.size() - m_song->numberLength + 2, GRAM_LENGTH) - GRAM_LENGTH;
 }
 
 void FurtherKeys::readWords()
 {
-    const std::u32string_view title = titleOf(*m_song, TrackNumber::Kept, Tail::Kept);
+    const std::u32string_view title = m_title;
     m_words.clear();
     forEachWord(title, [this](std::u32string_view word) { m_words.push_back(hashOf(KeyKind::Word, word)); });
     m_rowOfWords = m_words.size();
@@ -84,7 +85,8 @@ void FurtherKeys::readScopes(TrackNumber number, std::uint32_t family)
     const Hash ownScope = scopeOf(family);
     m_scopes.clear();
     if (m_song->numberBits(number) != 0) {
-        forEachNumber(titleOf(*m_song, number, Tail::Kept), [&](std::u32string_view digits) {
+        const std::size_t begin = number == TrackNumber::Kept ? 0 : m_song->numberLength;
+        forEachNumber(std::u32string_view(m_title).substr(begin), [&](std::u32string_view digits) {
             const Hash scope = ownScope ^ hashOf(KeyKind::Number, digits);
             if (std::find(m_scopes.begin(), m_scopes.end(), scope) == m_scopes.end())
                 m_scopes.push_back(scope);
@@ -111,12 +113,14 @@ Hash FurtherKeys::scopeOf(std::uint32_t family)
 
 Hash FurtherKeys::titleKeyOf(const FurtherSong &song)
 {
-    return hashOf(KeyKind::Title, titleOf(song, TrackNumber::Dropped, Tail::Kept));
+    return titleOf(song, TrackNumber::Dropped, Tail::Kept).visit([](auto title) {
+        return hashOf(KeyKind::Title, title);
+    });
 }
 
 const std::vector<Hash> &FurtherKeys::titlesInTitle()
 {
-    const std::u32string_view title = titleOf(*m_song, TrackNumber::Dropped, Tail::Kept);
+    const std::u32string_view title = std::u32string_view(m_title).substr(m_song->numberLength);
     m_titles.clear();
     for (std::size_t begin = 0; begin < title.size(); ++begin) {
         if (begin > 0 && title[begin - 1] != U' ')

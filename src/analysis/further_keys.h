@@ -70,6 +70,7 @@ private:
     void readScopes(TrackNumber number, std::uint32_t family);
 
     const FurtherSong *m_song = nullptr;
+    std::u32string m_title;
     std::vector<Hash> m_grams;
     std::size_t m_gramsBeforeTail = 0;
     std::size_t m_gramsOfTitle = 0;

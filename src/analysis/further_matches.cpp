@@ -15,40 +15,47 @@ using Position = FurtherSongs::Position;
 
 /// How many texts CharacterPlaces rejects in the time that it takes to compare two songs.
 constexpr std::size_t PLACED_PER_COMPARED = 32;
+/// So many are compared in the time that it takes to choose keys for them.
+constexpr std::size_t FEW_COMPARED = 64;
 
 } // namespace
 
 void FurtherMatches::forEachMatches(std::span<const Position> songs, std::size_t most, Removed removed,
-                                    const std::function<void(std::size_t, std::span<const Position>)> &visit)
+                                    const Visit &visit)
 {
-    m_windowSearches.clear();
     for (std::size_t i = 0; i < songs.size(); ++i) {
         begin(songs[i], most, removed);
         (void)chooseWay();
-        if (m_way == Way::Window || m_way == Way::Texts) {
-            addWindowSearch(i);
-            continue;
-        }
-        find();
-        visit(i, m_matches);
+        find(i, visit);
     }
-    compareWithWindows();
-    for (const WindowSearch &search : m_windowSearches)
-        visit(search.place, search.matches);
+    findTogether(visit);
 }
 
-std::optional<std::span<const Position>> FurtherMatches::matchesIfCheap(Position song, std::size_t most)
+void FurtherMatches::forEachCheapMatches(std::span<const Position> songs, std::size_t most,
+                                         const Visit &visit)
+{
+    for (std::size_t i = 0; i < songs.size(); ++i) {
+        begin(songs[i], most, Removed::Included);
+        if (isCheap(chooseWay()))
+            find(i, visit);
+    }
+    findTogether(visit);
+}
+
+std::size_t FurtherMatches::comparedInWindow(Position song)
+{
+    begin(song, std::numeric_limits<std::size_t>::max(), Removed::Included);
+    const std::size_t cost = chooseWay();
+    return m_way == Way::Window && isCheap(cost) ? cost : 0;
+}
+
+bool FurtherMatches::isCheap(std::size_t cost) const
 {
     // Only songs that are each compared with a share of the library take quadratic time.
     constexpr std::size_t MANY = 4096;
-    begin(song, most, Removed::Included);
-    const std::size_t cost = chooseWay();
     const bool isLarge =
         (m_way == Way::Window || m_way == Way::Texts) && m_window.end - m_window.begin > MANY;
-    if (isLarge || cost > std::min(MANY, m_index.songs().size() / 32))
-        return std::nullopt;
-    find();
-    return m_matches;
+    return !isLarge && cost <= std::min(MANY, m_index.songs().size() / 32);
 }
 
 void FurtherMatches::begin(Position song, std::size_t most, Removed removed)
@@ -87,14 +94,19 @@ std::size_t FurtherMatches::chooseWay()
     const std::size_t count = m_areArtistsKnown ? m_groupedCount : m_window.end - m_window.begin;
     const std::size_t cost = m_areArtistsKnown ? count / 3 : costOfWindow();
     m_way = m_areArtistsKnown ? Way::SimilarArtists : Way::Window;
-    if (!m_index.hasKeysFor(self) || count <= m_index.fewSongs())
+    const std::size_t length = m_index.songs()[m_song].wholeLength;
+    const bool isPlaced = !m_index.byTextLength().empty() && length <= LONGEST_PLACED;
+    // Choosing keys takes time with the square of the length. Songs of unknown artists are compared more
+    // slowly.
+    const std::size_t few = isPlaced && !m_areArtistsKnown ? std::min(FEW_COMPARED, m_index.fewSongs())
+                                                           : m_index.fewSongs() + length * length / 32;
+    if (!m_index.hasKeysFor(self) || count <= few)
         return cost;
     propose();
     const std::size_t containing = countOf(m_containingProposals);
     const std::size_t proposed = containing + countOf(m_similarProposals);
-    const std::size_t placed = m_index.byTextLength().empty()
-                                   ? std::numeric_limits<std::size_t>::max()
-                                   : containing + (m_window.end - m_window.begin) / PLACED_PER_COMPARED;
+    const std::size_t placed = !isPlaced ? std::numeric_limits<std::size_t>::max()
+                                         : containing + (m_window.end - m_window.begin) / PLACED_PER_COMPARED;
     const std::size_t least = std::min({cost, proposed, placed});
     if (least < cost)
         m_way = least == proposed ? Way::Keys : Way::Texts;
@@ -116,7 +128,7 @@ std::size_t FurtherMatches::costOfWindow() const
     return count / PLACED_PER_COMPARED + count * similar / SAMPLES;
 }
 
-void FurtherMatches::find()
+void FurtherMatches::find(std::size_t place, const Visit &visit)
 {
     switch (m_way) {
     case Way::SimilarArtists:
@@ -128,11 +140,18 @@ void FurtherMatches::find()
         break;
     case Way::Window:
     case Way::Texts:
-        m_windowSearches.clear();
-        addWindowSearch(0);
-        compareWithWindows();
-        m_matches.swap(m_windowSearches[0].matches);
+        addWindowSearch(place);
+        return;
     }
+    visit(place, m_matches);
+}
+
+void FurtherMatches::findTogether(const Visit &visit)
+{
+    compareWithWindows();
+    for (const WindowSearch &search : m_windowSearches)
+        visit(search.place, search.matches);
+    m_windowSearches.clear();
 }
 
 void FurtherMatches::addWindowSearch(std::size_t place)
@@ -140,7 +159,8 @@ void FurtherMatches::addWindowSearch(std::size_t place)
     const FurtherSong &song = m_index.songs()[m_song];
     WindowSearch search{place, m_song, m_window, m_way, {}, {}};
     if (m_way == Way::Window) {
-        search.texts.emplace_back(artistOf(song));
+        std::u32string memory;
+        search.texts.emplace_back(artistOf(song).widened(memory));
     } else {
         compareWithProposed(m_containingProposals);
         search.matches = m_matches;

@@ -47,6 +47,9 @@ class FurtherMatches
 public:
     using Position = FurtherSongs::Position;
     using Removed = FurtherTexts::Places::Removed;
+    /// Takes a song, as its place among those that were asked for, in any order, and what matches it, in no
+    /// particular order and valid during the call.
+    using Visit = std::function<void(std::size_t song, std::span<const Position> matches)>;
 
     /// @param index must outlive this
     explicit FurtherMatches(const FurtherIndex &index)
@@ -59,14 +62,14 @@ public:
     /// the other.
     /// @param most no more than that many are looked for, for each song
     /// @param removed whether songs that were removed from the index are looked for as well
-    /// @param visit takes a song, as its place among `songs`, in any order, and what matches it, in no
-    /// particular order and valid during the call
     void forEachMatches(std::span<const Position> songs, std::size_t most, Removed removed,
-                        const std::function<void(std::size_t, std::span<const Position>)> &visit);
-    /// The matches of one song, removed ones included, or nothing if a large share of the library would have
-    /// to be looked at.
-    /// @return valid until the next call
-    [[nodiscard]] std::optional<std::span<const Position>> matchesIfCheap(Position song, std::size_t most);
+                        const Visit &visit);
+    /// The same for those songs, removed ones included, for which only a small share of the library has to be
+    /// looked at.
+    void forEachCheapMatches(std::span<const Position> songs, std::size_t most, const Visit &visit);
+    /// With about how many songs of its window forEachCheapMatches() compares a song, since its similar
+    /// artists are not known.
+    [[nodiscard]] std::size_t comparedInWindow(Position song);
 
 private:
     using Hash = FurtherKeys::Hash;
@@ -86,7 +89,12 @@ private:
     /// @return about how many songs have to be read from memory
     std::size_t chooseWay();
     [[nodiscard]] std::size_t costOfWindow() const;
-    void find();
+    [[nodiscard]] bool isCheap(std::size_t cost) const;
+    /// Finds the matches of the query, or adds them to those that are found together.
+    /// @param place of the song among those that were asked for
+    void find(std::size_t place, const Visit &visit);
+    /// Finds those, and ends.
+    void findTogether(const Visit &visit);
 
     /// A song that is compared with songs of its window by artist or by full text.
     struct WindowSearch

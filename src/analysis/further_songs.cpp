@@ -9,6 +9,7 @@
 
 #include <algorithm>
 #include <cmath>
+#include <cstring>
 #include <functional>
 #include <span>
 #include <utility>
@@ -93,28 +94,53 @@ std::uint64_t titleWordBitsOf(std::u32string_view title, const FurtherSong &song
     return bits;
 }
 
-bool haveTitleWordInCommon(const FurtherSong &a, const FurtherSong &b)
+template <typename Character>
+bool containsWords(std::basic_string_view<Character> text, std::basic_string_view<Character> words)
 {
-    const auto visitWordsOf = [](const FurtherSong &song, auto visit) {
-        forEachTitleWord(titleOf(song, TrackNumber::Kept, Tail::Kept), song.numberLength, song.tailLength,
-                         visit);
-    };
+    constexpr Character BLANK{' '};
+    for (std::size_t at = text.find(words); at != text.npos; at = text.find(words, at + 1)) {
+        const std::size_t end = at + words.size();
+        if ((at == 0 || text[at - 1] == BLANK) && (end == text.size() || text[end] == BLANK))
+            return true;
+    }
+    return false;
+}
+
+template <typename Character>
+bool haveWordInCommon(std::basic_string_view<Character> titleA, std::basic_string_view<Character> titleB)
+{
     bool isFound = false;
-    visitWordsOf(a, [&](std::u32string_view word) {
-        if (!isFound)
-            visitWordsOf(b, [&](std::u32string_view other) { isFound = isFound || word == other; });
+    forEachWord(titleA, [&](std::basic_string_view<Character> word) {
+        isFound = isFound || (isTitleWord(word) && containsWords(titleB, word));
     });
     return isFound;
 }
 
-bool containsWords(std::u32string_view text, std::u32string_view words)
+/// The same of titles written as one word.
+template <typename Character>
+bool haveJoinedTitleInCommon(std::basic_string_view<Character> titleA, const FurtherSong &a,
+                             std::basic_string_view<Character> titleB, const FurtherSong &b)
 {
-    for (std::size_t at = text.find(words); at != text.npos; at = text.find(words, at + 1)) {
-        const std::size_t end = at + words.size();
-        if ((at == 0 || text[at - 1] == U' ') && (end == text.size() || text[end] == U' '))
-            return true;
-    }
-    return false;
+    using View = std::basic_string_view<Character>;
+    bool isFound = false;
+    forEachJoinedTitle(titleA, a.numberLength, a.tailLength, [&](View joinedA) {
+        isFound = isFound || containsWords(titleB, joinedA);
+        forEachJoinedTitle(titleB, b.numberLength, b.tailLength,
+                           [&](View joinedB) { isFound = isFound || joinedA == joinedB; });
+    });
+    forEachJoinedTitle(titleB, b.numberLength, b.tailLength,
+                       [&](View joinedB) { isFound = isFound || containsWords(titleA, joinedB); });
+    return isFound;
+}
+
+bool haveTitleWordInCommon(const FurtherSong &a, const FurtherSong &b)
+{
+    return visitBoth(titleOf(a, TrackNumber::Kept, Tail::Kept), titleOf(b, TrackNumber::Kept, Tail::Kept),
+                     [&](auto titleA, auto titleB) {
+                         // Most have a plain one, which is found sooner.
+                         return haveWordInCommon(titleA, titleB) ||
+                                haveJoinedTitleInCommon(titleA, a, titleB, b);
+                     });
 }
 
 bool haveSameArtist(const FurtherSong &a, const FurtherSong &b)
@@ -122,24 +148,52 @@ bool haveSameArtist(const FurtherSong &a, const FurtherSong &b)
     return a.artistHash == b.artistHash && artistOf(a) == artistOf(b);
 }
 
-bool areSimilarArtists(std::u32string_view a, std::u32string_view b)
+bool areSimilarArtists(const PackedText &a, const PackedText &b)
 {
-    return calculateSimilarity(a, b, MATCH_ARTIST_SIMILARITY) >= MATCH_ARTIST_SIMILARITY;
+    return visitBoth(a, b, [](auto left, auto right) {
+        return calculateSimilarity(left, right, MATCH_ARTIST_SIMILARITY) >= MATCH_ARTIST_SIMILARITY;
+    });
+}
+
+/// Some characters of a song's text.
+PackedText textAt(const FurtherSong &song, std::size_t begin, std::size_t size)
+{
+    if (song.isWide)
+        return std::u32string_view(static_cast<const char32_t *>(song.text) + begin, size);
+    return std::string_view(static_cast<const char *>(song.text) + begin, size);
+}
+
+void append(std::u32string &text, const PackedText &more)
+{
+    more.visit([&text](auto characters) { text.append(characters.begin(), characters.end()); });
 }
 
 /// The artist with the guests.
 std::u32string allArtistsOf(const FurtherSong &song)
 {
-    std::u32string artists(artistOf(song));
+    std::u32string artists;
+    append(artists, artistOf(song));
     artists += U' ';
-    return artists.append(song.text + song.wholeLength, song.guestsLength);
+    append(artists, textAt(song, song.wholeLength, song.guestsLength));
+    return artists;
+}
+
+/// Artist and title joined.
+/// @param memory holds the text where it is not in one piece
+PackedText fullTextOf(const FurtherSong &song, TrackNumber number, Tail tail, std::u32string &memory)
+{
+    const bool isWhole = number == TrackNumber::Kept || !song.isNumbered();
+    if (isWhole || song.artistLength == 0)
+        return textAt(song, isWhole ? 0 : song.numberLength, song.fullLength(number, tail));
+    fullTextInto(memory, song, number, tail);
+    return std::u32string_view(memory);
 }
 
 bool artistsMatchFurther(const FurtherSong &a, const FurtherSong &b)
 {
     return (haveSameArtist(a, b) || areSimilarArtists(artistOf(a), artistOf(b))) &&
            (a.guestsLength == 0 || b.guestsLength == 0 ||
-            areSimilarArtists(allArtistsOf(a), allArtistsOf(b)));
+            areSimilarArtists(std::u32string_view(allArtistsOf(a)), std::u32string_view(allArtistsOf(b))));
 }
 
 TrackNumber comparedNumber(const FurtherSong &a, const FurtherSong &b)
@@ -159,17 +213,19 @@ bool haveCompatibleNumbers(const FurtherSong &a, const FurtherSong &b, TrackNumb
 {
     if (a.numberBits(number) == 0 || b.numberBits(number) == 0)
         return true;
-    const auto numbersOf = [number](const FurtherSong &song) {
-        std::vector<std::u32string_view> numbers;
-        forEachNumber(titleOf(song, number, Tail::Kept),
-                      [&](std::u32string_view found) { numbers.push_back(found); });
+    const auto numbersOf = [](auto title) {
+        std::vector<decltype(title)> numbers;
+        forEachNumber(title, [&numbers](auto found) { numbers.push_back(found); });
         std::sort(numbers.begin(), numbers.end());
         return numbers;
     };
-    const auto numbersA = numbersOf(a);
-    const auto numbersB = numbersOf(b);
-    return std::includes(numbersA.begin(), numbersA.end(), numbersB.begin(), numbersB.end()) ||
-           std::includes(numbersB.begin(), numbersB.end(), numbersA.begin(), numbersA.end());
+    return visitBoth(titleOf(a, number, Tail::Kept), titleOf(b, number, Tail::Kept),
+                     [&numbersOf](auto titleA, auto titleB) {
+                         const auto x = numbersOf(titleA);
+                         const auto y = numbersOf(titleB);
+                         return std::includes(x.begin(), x.end(), y.begin(), y.end()) ||
+                                std::includes(y.begin(), y.end(), x.begin(), x.end());
+                     });
 }
 
 /// A quick test before oneTitleContainsTheOther().
@@ -182,9 +238,32 @@ bool oneTitleContainsTheOther(const FurtherSong &a, const FurtherSong &b, TrackN
 {
     if (!mayOneTitleContainTheOther(a, b))
         return false;
-    const std::u32string_view titleA = titleOf(a, number, Tail::Kept);
-    const std::u32string_view titleB = titleOf(b, number, Tail::Kept);
-    return titleA.size() >= titleB.size() ? containsWords(titleA, titleB) : containsWords(titleB, titleA);
+    return visitBoth(titleOf(a, number, Tail::Kept), titleOf(b, number, Tail::Kept),
+                     [](auto titleA, auto titleB) {
+                         return titleA.size() >= titleB.size() ? containsWords(titleA, titleB)
+                                                               : containsWords(titleB, titleA);
+                     });
+}
+
+bool hasFinePairs(const FurtherSong &song)
+{
+    constexpr std::uint32_t LONG = 256;
+    return song.wholeLength > LONG && !song.isWide;
+}
+
+/// Those of artist and title joined; they are kept behind the text.
+FinePairCounts finePairsOf(const FurtherSong &song)
+{
+    FinePairCounts pairs;
+    std::memcpy(&pairs, static_cast<const char *>(song.text) + song.wholeLength + song.guestsLength,
+                sizeof pairs);
+    return pairs;
+}
+
+/// On its own, so that the test of all other texts stays small.
+[[gnu::noinline]] bool mayLongTextsBeWithin(std::size_t limit, const FurtherSong &a, const FurtherSong &b)
+{
+    return mayBeWithin(limit, a.wholeLength, b.wholeLength, finePairsOf(a), finePairsOf(b));
 }
 
 /// A quick test before areFullTextsSimilarFurther(), with or without track numbers and tails.
@@ -194,7 +273,8 @@ bool mayFullTextsBeSimilar(const FurtherSong &a, const FurtherSong &b)
     const bool isWithin = a.isNumbered() <= b.isNumbered() && a.hasTail() <= b.hasTail();
     const bool isWithout = b.isNumbered() <= a.isNumbered() && b.hasTail() <= a.hasTail();
     if (isWithin && isWithout)
-        return mayBeWithin(limit, a.wholeLength, b.wholeLength, a.pairs, b.pairs);
+        return mayBeWithin(limit, a.wholeLength, b.wholeLength, a.pairs, b.pairs) &&
+               (!hasFinePairs(a) || !hasFinePairs(b) || mayLongTextsBeWithin(limit, a, b));
     // The counts of longer texts may have reached their limits.
     const bool isLong = std::max(a.wholeLength, b.wholeLength) > UINT8_MAX;
     if (isLong || (!isWithin && !isWithout))
@@ -214,74 +294,15 @@ bool areFullTextsSimilarFurther(const FurtherSong &a, const FurtherSong &b, Trac
     const std::size_t limit = largestDistance(longer, MATCH_TITLE_SIMILARITY);
     if (longer - std::min(lengthA, lengthB) > limit)
         return false;
-    if (haveSameArtist(a, b)) {
-        // What two texts begin with alike does not change their distance.
-        const std::size_t distance =
-            levenshteinDistance(titleOf(a, number, tail), titleOf(b, number, tail), limit);
-        return 1.0 - static_cast<double>(distance) / longer >= MATCH_TITLE_SIMILARITY;
-    }
-    std::u32string textA;
-    std::u32string textB;
-    fullTextInto(textA, a, number, tail);
-    fullTextInto(textB, b, number, tail);
-    return calculateSimilarity(textA, textB, MATCH_TITLE_SIMILARITY) >= MATCH_TITLE_SIMILARITY;
-}
-
-/// Prepares one song after the other. All texts are kept in one string.
-class Preparer
-{
-public:
-    /// @return whether the song can match another; its text is not set yet
-    bool prepare(FurtherSong &prepared, const Song &song)
-    {
-        const std::u32string title = normalizeAllScripts(song.title);
-        prepared.numberLength = numberLengthOf(title);
-        prepared.tailLength = tailLengthOf(song.title, title, prepared.numberLength);
-        prepared.titleWordBits = titleWordBitsOf(title, prepared);
-        if (prepared.titleWordBits == 0)
-            return false;
-        std::u32string text = normalizeAllScripts(song.artist);
-        dropThe(text, song.artist);
-        const std::u32string guests = takeGuests(text);
-        prepared.guestsLength = static_cast<std::uint16_t>(std::min<std::size_t>(guests.size(), UINT16_MAX));
-        prepared.artistHash = static_cast<std::uint32_t>(std::hash<std::u32string>{}(text));
-        prepared.artistLength = static_cast<std::uint32_t>(text.size());
-        if (!text.empty())
-            text += U' ';
-        text += title;
-        prepared.pairs = PairCounts(text);
-        prepared.wholeLength = static_cast<std::uint32_t>(text.size());
-        const std::u32string_view bare = std::u32string_view(title).substr(prepared.numberLength);
-        prepared.titlePairBits = pairBitsOf(bare);
-        prepared.otherNumberBits = numberBitsOf(bare);
-        forEachNumber(std::u32string_view(title).substr(0, prepared.numberLength),
-                      [&](std::u32string_view number) { prepared.trackNumberBit = numberBitOf(number); });
-        m_texts += text;
-        m_texts.append(guests, 0, prepared.guestsLength);
-        return true;
-    }
-
-    /// Ends the work.
-    /// @return the texts of the songs that were prepared, in order
-    std::u32string takeTexts()
-    {
-        m_texts.shrink_to_fit();
-        return std::move(m_texts);
-    }
-
-private:
-    std::u32string m_texts;
-};
-
-/// Lets songs point to their texts.
-/// @param texts where they stay: a string that is moved can take its characters to another place
-void setTexts(std::span<FurtherSong> songs, const std::u32string &texts)
-{
-    const char32_t *text = texts.data();
-    for (FurtherSong &song : songs) {
-        song.text = text;
-        text += song.wholeLength + song.guestsLength;
-    }
+    std::u32string memoryA;
+    std::u32string memoryB;
+    // What two texts begin with alike does not change their distance.
+    const bool isTitleEnough = haveSameArtist(a, b);
+    const std::size_t distance =
+        visitBoth(isTitleEnough ? titleOf(a, number, tail) : fullTextOf(a, number, tail, memoryA),
+                  isTitleEnough ? titleOf(b, number, tail) : fullTextOf(b, number, tail, memoryB),
+                  [limit](auto textA, auto textB) { return levenshteinDistance(textA, textB, limit); });
+    return 1.0 - static_cast<double>(distance) / longer >= MATCH_TITLE_SIMILARITY;
 }
 
 /// The songs that are the first of their path, by playing time.
@@ -315,6 +336,79 @@ std::vector<FurtherSong> distinctSongs(const QList<Song> &songs)
 
 } // namespace
 
+/// Prepares one song after the other.
+class FurtherSongs::Preparer
+{
+public:
+    /// @return whether the song can match another; its text is not set yet
+    bool prepare(FurtherSong &prepared, const Song &song)
+    {
+        const std::u32string title = normalizeAllScripts(song.title);
+        prepared.numberLength = numberLengthOf(title);
+        prepared.tailLength = tailLengthOf(song.title, title, prepared.numberLength);
+        prepared.titleWordBits = titleWordBitsOf(title, prepared);
+        if (prepared.titleWordBits == 0)
+            return false;
+        std::u32string text = normalizeAllScripts(song.artist);
+        dropThe(text, song.artist);
+        const std::u32string guests = takeGuests(text);
+        prepared.guestsLength = static_cast<std::uint16_t>(std::min<std::size_t>(guests.size(), UINT16_MAX));
+        prepared.artistHash = static_cast<std::uint32_t>(std::hash<std::u32string>{}(text));
+        prepared.artistLength = static_cast<std::uint32_t>(text.size());
+        if (!text.empty())
+            text += U' ';
+        text += title;
+        prepared.pairs = PairCounts(text);
+        prepared.wholeLength = static_cast<std::uint32_t>(text.size());
+        const std::u32string_view bare = std::u32string_view(title).substr(prepared.numberLength);
+        prepared.titlePairBits = pairBitsOf(bare);
+        prepared.otherNumberBits = numberBitsOf(bare);
+        forEachNumber(
+            std::u32string_view(title).substr(0, prepared.numberLength),
+            [&](std::u32string_view number) { prepared.trackNumberBit = numberBitOf(number) & 0x3F; });
+        text.append(guests, 0, prepared.guestsLength);
+        prepared.isWide =
+            std::any_of(text.begin(), text.end(), [](char32_t character) { return character >= 0x80; });
+        if (prepared.isWide)
+            m_texts.others += text;
+        else
+            m_texts.ascii.append(text.begin(), text.end());
+        if (hasFinePairs(prepared)) {
+            const FinePairCounts pairs(std::u32string_view(text).substr(0, prepared.wholeLength));
+            m_texts.ascii.append(reinterpret_cast<const char *>(&pairs), sizeof pairs);
+        }
+        return true;
+    }
+
+    /// Ends the work.
+    /// @return the texts of the songs that were prepared, in order
+    Texts takeTexts()
+    {
+        m_texts.ascii.shrink_to_fit();
+        m_texts.others.shrink_to_fit();
+        return std::move(m_texts);
+    }
+
+    /// Lets songs point to their texts.
+    /// @param texts where they stay: a string that is moved can take its characters to another place
+    static void setTexts(std::span<FurtherSong> songs, const Texts &texts)
+    {
+        const char *ascii = texts.ascii.data();
+        const char32_t *other = texts.others.data();
+        for (FurtherSong &song : songs) {
+            const std::size_t length =
+                song.wholeLength + song.guestsLength + (hasFinePairs(song) ? sizeof(FinePairCounts) : 0);
+            if (song.isWide)
+                song.text = std::exchange(other, other + length);
+            else
+                song.text = std::exchange(ascii, ascii + length);
+        }
+    }
+
+private:
+    Texts m_texts;
+};
+
 FurtherSongs::FurtherSongs(const QList<Song> &songs, const std::stop_token &stop)
     : m_songs(distinctSongs(songs))
 {
@@ -332,7 +426,7 @@ FurtherSongs::FurtherSongs(const QList<Song> &songs, const std::stop_token &stop
                 part[kept++] = song;
         }
         m_texts[text] = preparer.takeTexts();
-        setTexts(part.first(kept), m_texts[text]);
+        Preparer::setTexts(part.first(kept), m_texts[text]);
         std::fill(part.begin() + static_cast<std::ptrdiff_t>(kept), part.end(), FurtherSong());
     };
     (void)forEachInParallel(textCount, 1, stop, prepareSongsOf);
@@ -340,25 +434,26 @@ FurtherSongs::FurtherSongs(const QList<Song> &songs, const std::stop_token &stop
     m_songs.erase(std::remove_if(m_songs.begin(), m_songs.end(), isLeftOut), m_songs.end());
 }
 
-std::u32string_view artistOf(const FurtherSong &song)
+PackedText artistOf(const FurtherSong &song)
 {
-    return {song.text, song.artistLength};
+    return textAt(song, 0, song.artistLength);
 }
 
-std::u32string_view titleOf(const FurtherSong &song, TrackNumber number, Tail tail)
+PackedText titleOf(const FurtherSong &song, TrackNumber number, Tail tail)
 {
     const std::uint32_t begin = (song.artistLength > 0 ? song.artistLength + 1 : 0) +
                                 (number == TrackNumber::Kept ? 0 : song.numberLength);
     const std::uint32_t end = song.wholeLength - (tail == Tail::Kept ? 0 : song.tailLength);
-    return {song.text + begin, end - begin};
+    return textAt(song, begin, end - begin);
 }
 
 void fullTextInto(std::u32string &result, const FurtherSong &song, TrackNumber number, Tail tail)
 {
-    result = artistOf(song);
+    result.clear();
+    append(result, artistOf(song));
     if (!result.empty())
         result += U' ';
-    result += titleOf(song, number, tail);
+    append(result, titleOf(song, number, tail));
 }
 
 bool isTitleWord(std::u32string_view word)
@@ -370,8 +465,7 @@ bool isTitleWord(std::u32string_view word)
 bool songsMatchFurther(const FurtherSong &a, const FurtherSong &b)
 {
     // The order changes only the speed: the sooner a condition fails, the less there is to do.
-    if (!(std::abs(a.duration - b.duration) <= MATCH_DURATION_DIFF) || !mayMatchFurther(a, b) ||
-        !artistsMatchFurther(a, b))
+    if (!(std::abs(a.duration - b.duration) <= MATCH_DURATION_DIFF) || !mayMatchFurther(a, b))
         return false;
     const TrackNumber number = comparedNumber(a, b);
     const auto areSimilar = [&] {
@@ -379,8 +473,8 @@ bool songsMatchFurther(const FurtherSong &a, const FurtherSong &b)
                (areFullTextsSimilarFurther(a, b, number, Tail::Kept) ||
                 (a.hasTail() != b.hasTail() && areFullTextsSimilarFurther(a, b, number, Tail::Dropped)));
     };
-    return (oneTitleContainsTheOther(a, b, number) || areSimilar()) && haveCompatibleNumbers(a, b, number) &&
-           haveTitleWordInCommon(a, b);
+    return (oneTitleContainsTheOther(a, b, number) || areSimilar()) && artistsMatchFurther(a, b) &&
+           haveCompatibleNumbers(a, b, number) && haveTitleWordInCommon(a, b);
 }
 
 bool mayMatchFurther(const FurtherSong &a, const FurtherSong &b)

@@ -3,10 +3,12 @@
 #include "analysis/character_counts.h"
 #include "analysis/matching.h"
 #include "analysis/normalization.h"
+#include "analysis/packed_text.h"
 #include "model/song.h"
 
 #include <QList>
 
+#include <algorithm>
 #include <cstddef>
 #include <cstdint>
 #include <stop_token>
@@ -57,7 +59,8 @@ struct alignas(64) FurtherSong
     std::uint64_t otherNumberBits = 0;
     /// Of the title without its number; see pairBitsOf(). A title that contains another has all of its bits.
     std::uint64_t titlePairBits = 0;
-    const char32_t *text = nullptr;
+    /// Artist and title joined, and the guests behind them; see artistOf() and so on.
+    const void *text = nullptr;
     /// Characters of artist and title joined, of the artist, and of the tail with the blank before it.
     std::uint32_t wholeLength = 0;
     std::uint32_t artistLength = 0;
@@ -68,7 +71,9 @@ struct alignas(64) FurtherSong
     std::uint32_t index = 0;
     /// Characters of the track number with the blank behind it, and which bit it has in numberBits().
     std::uint8_t numberLength = 0;
-    std::uint8_t trackNumberBit = 0;
+    std::uint8_t trackNumberBit : 6 = 0;
+    /// Whether `text` has code points, not bytes.
+    bool isWide : 1 = false;
     /// Characters of the artist's guests, no more than fit: they stand behind the text.
     std::uint16_t guestsLength = 0;
     /// Of artist and title joined.
@@ -106,13 +111,20 @@ public:
     [[nodiscard]] auto end() const { return m_songs.end(); }
 
 private:
+    /// The texts of some songs, which point into them.
+    struct Texts
+    {
+        std::string ascii;
+        std::u32string others;
+    };
+    class Preparer;
+
     std::vector<FurtherSong> m_songs;
-    /// The songs point into them.
-    std::vector<std::u32string> m_texts;
+    std::vector<Texts> m_texts;
 };
 
-[[nodiscard]] std::u32string_view artistOf(const FurtherSong &song);
-[[nodiscard]] std::u32string_view titleOf(const FurtherSong &song, TrackNumber number, Tail tail);
+[[nodiscard]] PackedText artistOf(const FurtherSong &song);
+[[nodiscard]] PackedText titleOf(const FurtherSong &song, TrackNumber number, Tail tail);
 /// Artist and title joined by a blank. Overwrites `result` and reuses its memory.
 void fullTextInto(std::u32string &result, const FurtherSong &song, TrackNumber number, Tail tail);
 
@@ -129,51 +141,62 @@ void forEachTextOf(const FurtherSong &song, Visit visit)
 }
 
 /// Calls `visit` with each number in a text, in order: its runs of the digits 0 to 9, without leading zeros.
-template <typename Visit>
-void forEachNumber(std::u32string_view text, Visit visit)
+template <typename Character, typename Visit>
+void forEachNumber(std::basic_string_view<Character> text, Visit visit)
 {
-    constexpr std::u32string_view DIGITS = U"0123456789";
-    std::size_t end = 0;
-    for (std::size_t begin = text.find_first_of(DIGITS); begin < text.size();
-         begin = text.find_first_of(DIGITS, end)) {
-        end = text.find_first_not_of(DIGITS, begin);
-        end = end < text.size() ? end : text.size();
-        while (begin + 1 < end && text[begin] == U'0')
-            ++begin;
-        visit(text.substr(begin, end - begin));
+    const auto isDigit = [](Character character) { return character >= '0' && character <= '9'; };
+    auto end = text.begin();
+    for (auto begin = std::find_if(end, text.end(), isDigit); begin != text.end();
+         begin = std::find_if(end, text.end(), isDigit)) {
+        end = std::find_if_not(begin, text.end(), isDigit);
+        begin = std::find_if(begin, end - 1, [](Character digit) { return digit != '0'; });
+        visit(std::basic_string_view<Character>(begin, end));
     }
 }
 
 /// Whether two titles that share this word can be those of one recording: it has at least three characters,
 /// or one of a script in which words are short.
 [[nodiscard]] bool isTitleWord(std::u32string_view word);
-
-/// Calls `visit` with each word that two titles of one recording can share, some of them more than once: the
-/// words of the title for which isTitleWord() is true, and the title without its track number written as one
-/// word, with its tail and without, if that has three characters. So titles that differ in their blanks share
-/// a word.
-/// @param title see titleOf()
-template <typename Visit>
-void forEachTitleWord(std::u32string_view title, std::uint32_t numberLength, std::uint32_t tailLength,
-                      Visit visit)
+[[nodiscard]] inline bool isTitleWord(std::string_view word)
 {
-    forEachWord(title, [&](std::u32string_view word) {
-        if (isTitleWord(word))
-            visit(word);
-    });
-    std::u32string joined;
-    const auto join = [&](std::u32string_view text) {
-        if (text.find(U' ') == text.npos)
-            return; // the only word
+    return word.size() >= MATCH_WORD_LENGTH;
+}
+
+/// Calls `visit` with the title without its track number written as one word, with its tail and without, if
+/// that has three characters and the title more than one word. So titles that differ in their blanks share a
+/// word.
+/// @param title see titleOf()
+template <typename Character, typename Visit>
+void forEachJoinedTitle(std::basic_string_view<Character> title, std::uint32_t numberLength,
+                        std::uint32_t tailLength, Visit visit)
+{
+    constexpr Character BLANK{' '};
+    std::basic_string<Character> joined;
+    const auto join = [&](std::basic_string_view<Character> text) {
+        if (text.find(BLANK) == text.npos)
+            return;
         joined = text;
-        std::erase(joined, U' ');
+        std::erase(joined, BLANK);
         if (joined.size() >= MATCH_WORD_LENGTH)
-            visit(std::u32string_view(joined));
+            visit(std::basic_string_view<Character>(joined));
     };
-    const std::u32string_view bare = title.substr(numberLength);
+    const std::basic_string_view<Character> bare = title.substr(numberLength);
     join(bare);
     if (tailLength > 0)
         join(bare.substr(0, bare.size() - tailLength));
+}
+
+/// Calls `visit` with each word that two titles of one recording can share, some of them more than once: the
+/// words of the title for which isTitleWord() is true, and those of forEachJoinedTitle().
+template <typename Character, typename Visit>
+void forEachTitleWord(std::basic_string_view<Character> title, std::uint32_t numberLength,
+                      std::uint32_t tailLength, Visit visit)
+{
+    forEachWord(title, [&](std::basic_string_view<Character> word) {
+        if (isTitleWord(word))
+            visit(word);
+    });
+    forEachJoinedTitle(title, numberLength, tailLength, visit);
 }
 
 /// Whether two songs are the same recording when looking further: the four conditions of songsMatch() over

@@ -38,6 +38,25 @@ RC_GTEST_PROP(FindFurther, AgreesWithTheDirectWay, ())
     RC_ASSERT(areAlike(further(songs), direct::findFurther(songs)));
 }
 
+/// Titles of very many words that are all of the same few, and copies with about as many typing errors as are
+/// allowed.
+QList<Song> wordyTitles()
+{
+    constexpr int LENGTH = 300;
+    RandomSource random(8);
+    QList<Song> songs;
+    for (int i = 0; i < 24; ++i) {
+        QString title = i % 4 == 0 ? QString() : songs[i / 4 * 4].title;
+        while (title.size() < LENGTH)
+            title += QStringList{u"night "_s, u"song "_s, u"in "_s, u"rome "_s}[qsizetype(random.below(4))];
+        for (std::size_t edits = i % 4 == 0 ? 0 : random.between(24, 40); edits > 0; --edits)
+            title[qsizetype(random.below(LENGTH))] = QChar(u'a' + char16_t(random.below(26)));
+        songs << songOf(u"Queen"_s, title);
+        songs.last().size = i * 7 % 24;
+    }
+    return songs;
+}
+
 TEST(FindFurther, AgreesWithTheDirectWayOnLibrariesAsUsersHaveThem)
 {
     // Many of the last are similar to more others than are counted, in windows of playing times that overlap.
@@ -64,7 +83,7 @@ TEST(FindFurther, AgreesWithTheDirectWayOnLibrariesAsUsersHaveThem)
         artist[7 + i % 5] = QChar(u'a' + i % 11);
         bands << songOf(artist, u"Night %1 Song %2"_s.arg(i % 12).arg(i % 4), 180.0 + 0.1 * (i * 37 % 60));
     }
-    QList<QList<Song>> libraries{dense, covers, bands};
+    QList<QList<Song>> libraries{dense, covers, bands, wordyTitles()};
     for (const LibraryKind kind : {LibraryKind::Realistic, LibraryKind::NumberedTracks,
                                    LibraryKind::OneArtist, LibraryKind::TenSeconds})
         libraries << generateLibrary({.songs = 120, .kind = kind, .seed = 7});
@@ -76,13 +95,13 @@ TEST(FindFurther, AgreesWithTheDirectWayOnLibrariesAsUsersHaveThem)
 }
 
 /// Songs of a few hundred recordings whose titles contain those of others or lack their blanks, by similar
-/// artists.
+/// artists, some of them with a letter of another script.
 QList<Song> medleys()
 {
     QList<Song> songs = generateLibrary({.songs = 600, .kind = LibraryKind::OneArtist, .seed = 3});
     for (qsizetype i = 0; i < songs.size(); ++i) {
         songs[i].duration = 180.0 + double(i % 7);
-        songs[i].artist = i % 9 == 0 ? u"Sonomirego"_s : u"Sonomirage"_s;
+        songs[i].artist = i % 9 == 0 ? u"Sonomirego"_s : i % 9 < 3 ? u"Sonomirаge"_s : u"Sonomirage"_s;
         if (i % 3 == 0)
             songs[i].title += u' ' + songs[(i * 7 + 1) % songs.size()].title;
         if (i % 5 < 2)
@@ -220,6 +239,11 @@ TEST(FurtherMatches, FindsEverySongThatMatches)
         EXPECT_EQ(matchesOfAll(index, Removed::Included), expected);
         index.placeTexts({});
         EXPECT_EQ(matchesOfAll(index, Removed::Included), expected);
+        FurtherMatches(index).forEachCheapMatches(
+            index.artists().songs(), SIZE_MAX,
+            [&](std::size_t i, std::span<const FurtherSongs::Position> found) {
+                EXPECT_THAT(found, testing::UnorderedElementsAreArray(expected[index.artists().songs()[i]]));
+            });
         for (FurtherSongs::Position song = 0; song < songs.size(); song += 4)
             index.remove(song);
         EXPECT_EQ(matchesOfAll(index, Removed::Included), expected);
