@@ -197,7 +197,7 @@ public:
         const std::size_t number = m_made++ % distinct;
         if (number < m_texts.size())
             return m_texts[number];
-        const QString text = (m_common + ending(number)).trimmed();
+        QString text = (m_common + ending(number)).trimmed();
         // More than a library has songs are not needed again.
         if (distinct < std::size_t{DISTINCT.back()})
             m_texts.push_back(text);
